@@ -1,0 +1,119 @@
+-- The catalog database, version 1. It is made once, when the program is built, and delivered with it; the program itself
+-- creates no table. Later versions come about by the numbered scripts beside this file.
+--
+-- VORLINA_TEXT compares without regard to letter case in every script: product codes become file names, and file
+-- systems differ on case. BOOLEAN columns hold 0 and 1. Counters never give a number twice (AUTOINCREMENT).
+PRAGMA application_id = 0x566F726C;
+PRAGMA user_version = 1;
+
+CREATE TABLE Cataloghi (
+  IDCatalogo INTEGER PRIMARY KEY AUTOINCREMENT,
+  NomeCatalogo TEXT,
+  Descrizione TEXT,
+  NomeFiltro1 TEXT,
+  NomeFiltro2 TEXT,
+  NomeFiltro3 TEXT,
+  NomeFiltro4 TEXT,
+  NomeFiltro5 TEXT,
+  NomeValore1 TEXT,
+  NomeValore2 TEXT,
+  NomeValore3 TEXT,
+  Titolo TEXT,
+  Sottotitolo TEXT,
+  Spalla TEXT,
+  Azienda TEXT,
+  Indirizzo TEXT,
+  Citta TEXT,
+  Provincia TEXT,
+  Stato TEXT,
+  CAP TEXT,
+  Tel TEXT,
+  Fax TEXT,
+  Email TEXT,
+  URL TEXT,
+  Extras TEXT,
+  Logo TEXT,
+  Width INTEGER,
+  Height INTEGER
+);
+
+-- IDFiltro1 to IDFiltro5 hold a Filtri.IDValore, or 0 or Null for none: a foreign key cannot say that.
+CREATE TABLE Prodotti (
+  IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,
+  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  Descrizione TEXT,
+  IDFiltro1 INTEGER,
+  IDFiltro2 INTEGER,
+  IDFiltro3 INTEGER,
+  IDFiltro4 INTEGER,
+  IDFiltro5 INTEGER,
+  Valore1 TEXT,
+  Valore2 TEXT,
+  Valore3 TEXT,
+  Pubblica BOOLEAN NOT NULL DEFAULT TRUE,
+  SchedaTecnica BOOLEAN NOT NULL DEFAULT FALSE,
+  Immagine TEXT,
+  Height INTEGER,
+  Width INTEGER,
+  OrdineTemp NUMERIC DEFAULT NULL,
+  PRIMARY KEY (IDCatalogo, CodiceProdotto)
+);
+
+CREATE TABLE Filtri (
+  IDValore INTEGER PRIMARY KEY AUTOINCREMENT,
+  IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,
+  IDNomeFiltro INTEGER NOT NULL,
+  Valore TEXT COLLATE VORLINA_TEXT,
+  Pubblica BOOLEAN NOT NULL DEFAULT TRUE
+);
+CREATE INDEX FiltriPerCatalogo ON Filtri (IDCatalogo, IDNomeFiltro);
+
+CREATE TABLE Immagini (
+  IDImmagine INTEGER PRIMARY KEY AUTOINCREMENT,
+  IDCatalogo INTEGER NOT NULL,
+  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  Immagine TEXT,
+  Height INTEGER,
+  Width INTEGER,
+  Descrizione TEXT,
+  FOREIGN KEY (IDCatalogo, CodiceProdotto) REFERENCES Prodotti (IDCatalogo, CodiceProdotto)
+    ON DELETE CASCADE ON UPDATE CASCADE
+);
+CREATE INDEX ImmaginiPerProdotto ON Immagini (IDCatalogo, CodiceProdotto);
+
+CREATE TABLE SchedeTecniche (
+  IDScheda INTEGER PRIMARY KEY AUTOINCREMENT,
+  IDCatalogo INTEGER NOT NULL,
+  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  Caratteristica TEXT,
+  Valore TEXT,
+  FOREIGN KEY (IDCatalogo, CodiceProdotto) REFERENCES Prodotti (IDCatalogo, CodiceProdotto)
+    ON DELETE CASCADE ON UPDATE CASCADE
+);
+CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo, CodiceProdotto);
+
+CREATE TABLE Extensions (
+  IDExtension INTEGER PRIMARY KEY AUTOINCREMENT,
+  ExtensionName TEXT NOT NULL UNIQUE,
+  C BOOLEAN NOT NULL DEFAULT FALSE,
+  P BOOLEAN NOT NULL DEFAULT FALSE
+);
+
+CREATE TABLE CExtension (
+  IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,
+  IDExtension INTEGER NOT NULL REFERENCES Extensions (IDExtension) ON DELETE CASCADE ON UPDATE CASCADE,
+  Valore TEXT,
+  PRIMARY KEY (IDCatalogo, IDExtension)
+);
+CREATE INDEX CExtensionPerNome ON CExtension (IDExtension);
+
+CREATE TABLE PExtension (
+  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  IDCatalogo INTEGER NOT NULL,
+  IDExtension INTEGER NOT NULL REFERENCES Extensions (IDExtension) ON DELETE CASCADE ON UPDATE CASCADE,
+  Valore TEXT,
+  PRIMARY KEY (IDCatalogo, CodiceProdotto, IDExtension),
+  FOREIGN KEY (IDCatalogo, CodiceProdotto) REFERENCES Prodotti (IDCatalogo, CodiceProdotto)
+    ON DELETE CASCADE ON UPDATE CASCADE
+);
+CREATE INDEX PExtensionPerNome ON PExtension (IDExtension);

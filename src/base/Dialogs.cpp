@@ -1,0 +1,39 @@
+#include "base/Dialogs.h"
+
+#include <stdexcept>
+
+#include "base/Language.h"
+
+namespace vorlina {
+namespace {
+Dialogs* installed = nullptr;
+}
+
+void Dialogs::Message(QWidget* owner, const QString& text, BoxStyle style, const QString& title) {
+  if (!text.isEmpty()) ShowMessage(owner, text, style, title);
+}
+
+bool Dialogs::Ask(QWidget* owner, const QString& text, BoxStyle style, const QString& title) {
+  return !text.isEmpty() && ShowQuestion(owner, text, style, title);
+}
+
+Dialogs& TheDialogs() {
+  if (installed == nullptr) throw std::logic_error("no dialogs installed");
+  return *installed;
+}
+
+void InstallDialogs(Dialogs* dialogs) { installed = dialogs; }
+
+QString BrowseForFolder(const QString& title, QWidget* owner) {
+  return TheDialogs().Folder(owner, title, {});
+}
+
+void ShowError(QWidget* owner, const QString& description) {
+  TheDialogs().Message(owner,
+                       ByLanguage(u"Errore: "_qs, u"Error: "_qs).isEmpty()
+                           ? QString()
+                           : ByLanguage(u"Errore: "_qs, u"Error: "_qs) + description,
+                       BoxStyle::Stop);
+}
+
+}  // namespace vorlina

@@ -1,0 +1,61 @@
+// The seam through which every message box, question, input box and file or folder chooser goes. The program
+// installs the real one; tests install one that checks what is asked and gives scripted answers.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace vorlina {
+
+enum class BoxStyle {
+  Plain = 0,
+  Stop = 16,
+  Question = 36,          // Yes and No, Yes is the default
+  QuestionNoFirst = 292,  // Yes and No, No is the default
+  Information = 64,
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  // Shows the text, as plain text, with OK. An empty text shows nothing, and an empty title is the program's
+  // name.
+  void Message(QWidget* owner, const QString& text, BoxStyle style = BoxStyle::Plain,
+               const QString& title = {});
+  // Asks with Yes and No; true for Yes. An empty text asks nothing and gives false.
+  bool Ask(QWidget* owner, const QString& text, BoxStyle style = BoxStyle::Question,
+           const QString& title = {});
+  // Yes, No or Cancel.
+  enum class Answer { Yes, No, Cancel };
+  virtual Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title = {}) = 0;
+  // A line of text, "" when cancelled.
+  virtual QString Input(QWidget* owner, const QString& text, const QString& title,
+                        const QString& initial) = 0;
+  // A filter is "Description|*.jpg;*.jpeg|Other|*.*". The path chosen in native separators, "" when
+  // cancelled.
+  virtual QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
+                           const QString& folder) = 0;
+  virtual QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
+                           const QString& initial) = 0;
+  virtual QString Folder(QWidget* owner, const QString& title, const QString& initial) = 0;
+
+ protected:
+  virtual void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) = 0;
+  virtual bool ShowQuestion(QWidget* owner, const QString& text, BoxStyle style, const QString& title) = 0;
+};
+
+// The dialogs in force. Throws std::logic_error when none were installed.
+Dialogs& TheDialogs();
+// Installs dialogs, which outlive their use; null takes them away.
+void InstallDialogs(Dialogs* dialogs);
+
+// Shows the shell's folder chooser. The path chosen, in native separators, or "" when it was cancelled.
+QString BrowseForFolder(const QString& title, QWidget* owner);
+
+// "Errore: " or "Error: " and the description with a stop icon; nothing when no language is set.
+void ShowError(QWidget* owner, const QString& description);
+
+}  // namespace vorlina

@@ -1,0 +1,63 @@
+#include "base/Helpers.h"
+
+#include <QDir>
+
+#include "base/Error.h"
+#include "base/Language.h"
+
+namespace vorlina {
+namespace {
+
+bool IsSeparator(QChar c) { return c == u'\\' || c == u'/'; }
+
+QString WithSingleSeparators(const QString& path) {
+  QString single = path;
+  return single.replace(u"\\\\"_qs, u"\\"_qs).replace(u"//"_qs, u"/"_qs);
+}
+
+qsizetype LastSeparator(const QString& path) {
+  qsizetype i = path.size() - 1;
+  while (i >= 0 && !IsSeparator(path[i])) --i;
+  return i;
+}
+
+}  // namespace
+
+bool IsValidFileName(const QString& text) {
+  bool valid = true;
+  for (const QChar forbidden : QStringView(u"/\\:*?\"<>|"))
+    if (text.contains(forbidden)) valid = false;
+  return valid;
+}
+
+double NullToZero(const QVariant& value) {
+  if (value.isNull()) return 0;
+  bool ok = false;
+  const double number = value.toDouble(&ok);
+  if (!ok)
+    throw Error(ByLanguage(u"\"%1\" non è un numero"_qs, u"\"%1\" is not a number"_qs).arg(value.toString()));
+  return number;
+}
+
+QString NullToEmpty(const QVariant& value) { return value.isNull() ? QString() : value.toString(); }
+
+QString FileNameOf(const QString& path, bool keepExtension) {
+  const QString single = WithSingleSeparators(path);
+  const QString segment = single.mid(LastSeparator(single) + 1);
+  if (keepExtension) return segment;
+  if (segment.size() < 4)
+    throw Error(
+        ByLanguage(u"Il nome di file \"%1\" è troppo corto"_qs, u"The file name \"%1\" is too short"_qs)
+            .arg(segment));
+  return segment.chopped(4);
+}
+
+QString FolderOf(const QString& path) {
+  const QString single = WithSingleSeparators(path);
+  const qsizetype last = LastSeparator(single);
+  QString folder = last < 0 ? single + QDir::separator() : single.left(last + 1);
+  if (single.startsWith(u'\\')) folder.prepend(u'\\');
+  return folder;
+}
+
+}  // namespace vorlina

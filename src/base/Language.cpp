@@ -1,0 +1,45 @@
+#include "base/Language.h"
+
+#include <QLocale>
+
+#include "base/Settings.h"
+
+namespace vorlina {
+
+QString Language;
+int BaseErrore = 0;
+int BaseConferma = 0;
+QString Messaggio;
+
+void SetLanguage(const QString& language) {
+  Language = language;
+  BaseErrore = 0;
+  BaseConferma = 0;
+  if (Language == u"Italian") {
+    BaseErrore = 200;
+    BaseConferma = 300;
+  } else if (Language == u"English") {
+    BaseErrore = 500;
+    BaseConferma = 600;
+  }
+}
+
+void ChooseLanguage() {
+  QString language = GetSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, QString());
+  if (language.isEmpty())
+    language = LocaleText(LocaleEnglishLanguageName) == u"Italian" ? u"Italian"_qs : u"English"_qs;
+  SetLanguage(language);
+}
+
+QString ByLanguage(const QString& italian, const QString& english) {
+  if (Language == u"Italian") return italian;
+  if (Language == u"English") return english;
+  return {};
+}
+
+QString LocaleText(int type) {
+  return type == LocaleEnglishLanguageName ? QLocale::languageToString(QLocale::system().language())
+                                           : QString();
+}
+
+}  // namespace vorlina

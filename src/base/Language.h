@@ -1,0 +1,33 @@
+// The program-wide language: chosen once, when the splash window loads, and read by every message and
+// caption.
+#pragma once
+
+#include <QString>
+
+namespace vorlina {
+
+// "Italian" or "English". Any other text silences the messages and leaves the designer's Italian captions.
+extern QString Language;
+// Base of the numbered error messages: 200 (Italian) or 500 (English); 0 for any other language.
+extern int BaseErrore;
+// Base of the numbered confirmations: 300 (Italian) or 600 (English); 0 for any other language.
+extern int BaseConferma;
+// Scratch text in which a long question is put together before it is shown.
+extern QString Messaggio;
+
+// Settles the language: the setting Generali/Language; where that is empty, Italian on an Italian system,
+// else English, which is not saved. Sets the two bases.
+void ChooseLanguage();
+
+// As ChooseLanguage, with the language given. The comparison is exact.
+void SetLanguage(const QString& language);
+
+// The Italian or the English text by Language; empty for any other language, which means that nothing is
+// shown.
+QString ByLanguage(const QString& italian, const QString& english);
+
+// English name of the language of the user's locale, such as "Italian" (type 4097). "" for any other type.
+QString LocaleText(int type);
+inline constexpr int LocaleEnglishLanguageName = 4097;
+
+}  // namespace vorlina

@@ -1,0 +1,26 @@
+// Writing files so that a full disk or a kill leaves the former file whole. Nothing writes a file otherwise.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+class QIODevice;
+
+namespace vorlina {
+
+// Replaces the file by these bytes: written beside it, checked, renamed, folder synced. Throws Error; the
+// former file then stands as it was.
+void WriteFileSafely(const QString& path, const QByteArray& bytes);
+
+// As WriteFileSafely for content that is produced in pieces. The writer gives false when it could not write;
+// what it throws passes through, with the former file as it was.
+void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer);
+
+// Copies a file in the same manner, replacing the target, and checks the number of bytes. Throws Error.
+void CopyFileSafely(const QString& source, const QString& target);
+
+// Asks the system to bring a folder's entries to the disk. A no-op where the system has no such call.
+void SyncFolder(const QString& folder);
+
+}  // namespace vorlina

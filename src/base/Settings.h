@@ -1,0 +1,23 @@
+// The per-user settings store: (application, section, key) to a text. A missing key gives the caller's
+// default, unstored.
+#pragma once
+
+#include <QString>
+
+namespace vorlina {
+
+// The application's title, "Vorlina": the application name of every key but Generali/DownloadPath.
+QString ApplicationTitle();
+
+// The value of a key as text, or fallback when the key is missing or holds something that is no text.
+QString GetSetting(const QString& application, const QString& section, const QString& key,
+                   const QString& fallback);
+
+// Stores the text at once. Throws Error when it cannot be written; the former file then stands.
+void SaveSetting(const QString& application, const QString& section, const QString& key,
+                 const QString& value);
+
+// Keeps the settings below this folder instead of the user's own; for tests and tools, before the first use.
+void SetSettingsFolder(const QString& folder);
+
+}  // namespace vorlina

@@ -1,0 +1,101 @@
+#include "base/WidgetDialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "base/Language.h"
+#include "base/Settings.h"
+
+namespace vorlina {
+namespace {
+
+QMessageBox::Icon IconOf(BoxStyle style) {
+  switch (style) {
+    case BoxStyle::Stop:
+      return QMessageBox::Critical;
+    case BoxStyle::Question:
+    case BoxStyle::QuestionNoFirst:
+      return QMessageBox::Question;
+    case BoxStyle::Information:
+      return QMessageBox::Information;
+    case BoxStyle::Plain:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// The buttons' words follow the program's language, which need not be the desktop's.
+QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle style, const QString& title,
+                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial) {
+  QMessageBox box(IconOf(style), title.isEmpty() ? ApplicationTitle() : title, text, buttons, owner);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(initial);
+  const std::pair<QMessageBox::StandardButton, QString> words[] = {
+      {QMessageBox::Yes, ByLanguage(u"&Sì"_qs, u"&Yes"_qs)},
+      {QMessageBox::No, ByLanguage(u"&No"_qs, u"&No"_qs)},
+      {QMessageBox::Cancel, ByLanguage(u"Annulla"_qs, u"Cancel"_qs)},
+  };
+  for (const auto& [button, word] : words)
+    if (QAbstractButton* found = box.button(button); found != nullptr && !word.isEmpty())
+      found->setText(word);
+  box.exec();
+  return box.standardButton(box.clickedButton());
+}
+
+// "Pictures|*.jpg;*.jpeg|All|*.*" in Qt's form "Pictures (*.jpg *.jpeg);;All (*)".
+QString QtFilter(const QString& filter) {
+  const QStringList parts = filter.split(u'|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString masks = parts[i + 1];
+    masks.replace(u';', u' ').replace(u"*.*"_qs, u"*"_qs);
+    filters += parts[i] + u" ("_qs + masks + u')';
+  }
+  return filters.join(u";;"_qs);
+}
+
+}  // namespace
+
+void WidgetDialogs::ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) {
+  Show(owner, text, style, title, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool WidgetDialogs::ShowQuestion(QWidget* owner, const QString& text, BoxStyle style, const QString& title) {
+  const auto initial = style == BoxStyle::QuestionNoFirst ? QMessageBox::No : QMessageBox::Yes;
+  return Show(owner, text, style, title, QMessageBox::Yes | QMessageBox::No, initial) == QMessageBox::Yes;
+}
+
+Dialogs::Answer WidgetDialogs::AskWithCancel(QWidget* owner, const QString& text, const QString& title) {
+  switch (Show(owner, text, BoxStyle::Question, title,
+               QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes)) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    default:
+      return Answer::Cancel;
+  }
+}
+
+QString WidgetDialogs::Input(QWidget* owner, const QString& text, const QString& title,
+                             const QString& initial) {
+  return QInputDialog::getText(owner, title, text, QLineEdit::Normal, initial);
+}
+
+QString WidgetDialogs::OpenFile(QWidget* owner, const QString& title, const QString& filter,
+                                const QString& folder) {
+  return QDir::toNativeSeparators(QFileDialog::getOpenFileName(owner, title, folder, QtFilter(filter)));
+}
+
+QString WidgetDialogs::SaveFile(QWidget* owner, const QString& title, const QString& filter,
+                                const QString& initial) {
+  return QDir::toNativeSeparators(QFileDialog::getSaveFileName(owner, title, initial, QtFilter(filter)));
+}
+
+QString WidgetDialogs::Folder(QWidget* owner, const QString& title, const QString& initial) {
+  return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(owner, title, initial));
+}
+
+}  // namespace vorlina

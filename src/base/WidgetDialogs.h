@@ -1,0 +1,24 @@
+// The real dialogs: Qt's message boxes, input box and the desktop's own choosers. All texts are shown as
+// plain text.
+#pragma once
+
+#include "base/Dialogs.h"
+
+namespace vorlina {
+
+class WidgetDialogs : public Dialogs {
+ public:
+  Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title) override;
+  QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
+  QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
+                   const QString& folder) override;
+  QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
+                   const QString& initial) override;
+  QString Folder(QWidget* owner, const QString& title, const QString& initial) override;
+
+ protected:
+  void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override;
+  bool ShowQuestion(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override;
+};
+
+}  // namespace vorlina

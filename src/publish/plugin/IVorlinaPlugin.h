@@ -1,0 +1,109 @@
+// The plug-in interface of Vorlina, version 1. This one header is all that a publishing plug-in needs; it
+// uses Qt Core and Qt Gui. docs/plugins.md tells how a plug-in is built and installed.
+//
+// A plug-in is a Qt plug-in library whose root object implements IVorlinaPluginFactory:
+//
+//   class Factory : public QObject, public IVorlinaPluginFactory {
+//     Q_OBJECT
+//     Q_PLUGIN_METADATA(IID VORLINA_PLUGIN_IID)
+//     Q_INTERFACES(IVorlinaPluginFactory)
+//    public:
+//     std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) override {
+//       return std::make_unique<MyPlugin>(language);
+//     }
+//   };
+//
+// All calls arrive on the thread of the user interface. A failure is told by throwing an exception derived
+// from std::exception whose what() is UTF-8 text fit to be shown; the host catches whatever is thrown.
+#pragma once
+
+#include <QIcon>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <memory>
+
+// The version stands in the identifier, so that a library of another version is refused before any of its
+// code runs.
+#define VORLINA_PLUGIN_IID "vorlina.IVorlinaPluginFactory/1"
+
+// The rows of a query, walked forward. Column names are found in any letter case. A column that is Null gives
+// a QVariant for which isNull() is true.
+class IVorlinaRows {
+ public:
+  virtual ~IVorlinaRows() = default;
+  // Steps to the next row, at first to row one. False at the end.
+  virtual bool Next() = 0;
+  virtual int ColumnCount() const = 0;
+  virtual QString ColumnName(int column) const = 0;
+  // The value of the current row. Throws for a column that does not exist.
+  virtual QVariant Value(int column) const = 0;
+  virtual QVariant Value(const QString& column) const = 0;
+};
+
+// The catalog database as a plug-in sees it: SQL in SQLite's dialect, with "?" for each bound value.
+class IVorlinaConnection {
+ public:
+  virtual ~IVorlinaConnection() = default;
+  // Full path of the database file. The folder that holds it is the application folder, with "Images" and
+  // "PubWiz".
+  virtual QString DataSource() const = 0;
+  virtual void Execute(const QString& sql, const QVariantList& values = {}) = 0;
+  // The rows must be released before the plug-in returns.
+  virtual std::unique_ptr<IVorlinaRows> Open(const QString& sql, const QVariantList& values = {}) = 0;
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+};
+
+// A publishing plug-in: five operations. The host makes a new object for each use and releases it afterwards.
+class IVorlinaPlugin {
+ public:
+  virtual ~IVorlinaPlugin() = default;
+  // The name in the list of plug-ins, in the user's language.
+  virtual QString GetPluginName() = 0;
+  // The picture beside the name.
+  virtual QIcon GetPluginIcon() = 0;
+  // Publishes the catalog with this Cataloghi.IDCatalogo, asking for whatever is to be asked. The result is
+  // not read.
+  virtual QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) = 0;
+  // What the plug-in makes, in a sentence or two, shown when its list entry is clicked.
+  virtual QString GetPluginDescription() = 0;
+  // Installs a skin; an empty text means that the plug-in asks for the file. The result is not read.
+  virtual QVariant InstallSkin(QString& skin) = 0;
+};
+
+// What a plug-in reports to while it publishes without a window.
+class IVorlinaProgress {
+ public:
+  virtual ~IVorlinaProgress() = default;
+  // done of total steps are finished, and the step that is named begins. False asks the plug-in to stop: it
+  // then leaves the target as it was and returns false.
+  virtual bool Report(int done, int total, const QString& step) = 0;
+};
+
+// Optional: publishing into a given folder without a question or a window. It may be used without a display,
+// so the plug-in makes no widget here.
+class IVorlinaFolderPublisher {
+ public:
+  virtual ~IVorlinaFolderPublisher() = default;
+  // Publishes the catalog into the folder, which is made when it is missing. True when it is complete, false
+  // when the progress asked to stop; throws on a failure, with the folder as it was.
+  virtual bool PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
+                         IVorlinaProgress& progress) = 0;
+};
+
+// The root object of a plug-in library.
+class IVorlinaPluginFactory {
+ public:
+  virtual ~IVorlinaPluginFactory() = default;
+  // language is "Italian" or "English", that of the program's windows.
+  virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) = 0;
+  // Null where the plug-in has no such interface.
+  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const QString& language) {
+    Q_UNUSED(language);
+    return nullptr;
+  }
+};
+Q_DECLARE_INTERFACE(IVorlinaPluginFactory, VORLINA_PLUGIN_IID)

@@ -1,0 +1,17 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include "base/Settings.h"
+#include "support/ScriptedDialogs.h"
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Vorlina"));
+  QTemporaryDir settings;
+  vorlina::SetSettingsFolder(settings.path());
+  vorlina::UnexpectedModalGuard guard;
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
