@@ -1,0 +1,37 @@
+#include "catalogs/CatalogNames.h"
+
+#include "base/Helpers.h"
+#include "base/SafeFile.h"
+
+namespace vorlina {
+namespace {
+
+// A value is one line, whatever line breaks it holds.
+QString Line(const QVariant& value) {
+  QString text = NullToEmpty(value);
+  return text.replace(u"\r\n"_qs, u" "_qs).replace(u'\n', u' ').replace(u'\r', u' ') + u'\n';
+}
+
+}  // namespace
+
+void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString& name) {
+  Connection connection;
+  connection.Open(connectionText);
+  Recordset catalogs;
+  catalogs.Open(u"SELECT * FROM CATALOGHI"_qs, connection, CursorType::Keyset, LockType::Optimistic);
+  catalogs.SetFilter(u"IDCatalogo=%1"_qs.arg(IDCatalogo));
+  catalogs.SetValue(u"NomeCatalogo"_qs, name);
+  catalogs.Update();
+}
+
+void WriteCatalogList(Recordset& catalogs, const QString& path) {
+  QString text;
+  for (catalogs.MoveFirst(); !catalogs.IsEOF(); catalogs.MoveNext()) {
+    const int id = catalogs.Value(u"IDCatalogo"_qs).toInt();
+    text += (id >= 0 ? u" "_qs : QString()) + QString::number(id) + u'\n';
+    text += Line(catalogs.Value(u"NomeCatalogo"_qs)) + Line(catalogs.Value(u"Descrizione"_qs));
+  }
+  WriteFileSafely(path, text.toUtf8());
+}
+
+}  // namespace vorlina

@@ -1,0 +1,13 @@
+#include "shell/WidgetRenameDelegate.h"
+
+#include <QMetaProperty>
+#include <QWidget>
+
+namespace vorlina {
+
+void WidgetRenameDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
+                                        const QModelIndex& index) const {
+  Q_EMIT Renamed(index, editor->property(editor->metaObject()->userProperty().name()).toString());
+}
+
+}  // namespace vorlina

@@ -1,0 +1,45 @@
+#include <QIcon>
+
+#include "base/AppPath.h"
+#include "base/WidgetDialogs.h"
+#include "shell/WidgetApplication.h"
+#include "shell/frmCatalogs.h"
+#include "support/frmSplash.h"
+
+using namespace vorlina;
+
+namespace {
+
+void ShowMainWindow(frmCatalogs& catalogs) {
+  // What fails here is shown; the window comes all the same, so that the user sees where it stands.
+  try {
+    PrepareAppPath();
+  } catch (...) {
+    ShowUnhandled();
+  }
+  catalogs.LoadForm();
+  catalogs.show();
+}
+
+}  // namespace
+
+int main(int, char** argv) {
+  // The program reads no command line.
+  int argc = 1;
+  WidgetApplication application(argc, argv);
+  QApplication::setApplicationName(u"Vorlina"_qs);
+  QApplication::setOrganizationName(u"Norsel"_qs);
+  QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  QApplication::setWindowIcon(QIcon(u":/shell/vorlina.svg"_qs));
+  QApplication::setQuitOnLastWindowClosed(false);
+  WidgetDialogs dialogs;
+  InstallDialogs(&dialogs);
+
+  frmCatalogs catalogs;
+  frmSplash splash;
+  QObject::connect(&splash, &frmSplash::Ended, &catalogs, [&] { ShowMainWindow(catalogs); });
+  QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] { QApplication::exit(0); });
+  splash.LoadSplash();
+  splash.show();
+  return QApplication::exec();
+}
