@@ -26,7 +26,7 @@ void CopyMissing(const QString& name) {
   const QString target = AppFile(name);
   if (QFileInfo::exists(target)) return;
   if (!QDir().mkpath(QFileInfo(target).path()))
-    throw Error(ByLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
+    throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
                     .arg(QDir::toNativeSeparators(QFileInfo(target).path())));
   CopyFileSafely(DeliveredPath() + u'/' + name, target);
 }

@@ -35,7 +35,8 @@ double NullToZero(const QVariant& value) {
   bool ok = false;
   const double number = value.toDouble(&ok);
   if (!ok)
-    throw Error(ByLanguage(u"\"%1\" non è un numero"_qs, u"\"%1\" is not a number"_qs).arg(value.toString()));
+    throw Error(
+        EitherLanguage(u"\"%1\" non è un numero"_qs, u"\"%1\" is not a number"_qs).arg(value.toString()));
   return number;
 }
 
@@ -47,7 +48,7 @@ QString FileNameOf(const QString& path, bool keepExtension) {
   if (keepExtension) return segment;
   if (segment.size() < 4)
     throw Error(
-        ByLanguage(u"Il nome di file \"%1\" è troppo corto"_qs, u"The file name \"%1\" is too short"_qs)
+        EitherLanguage(u"Il nome di file \"%1\" è troppo corto"_qs, u"The file name \"%1\" is too short"_qs)
             .arg(segment));
   return segment.chopped(4);
 }

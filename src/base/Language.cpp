@@ -37,6 +37,10 @@ QString ByLanguage(const QString& italian, const QString& english) {
   return {};
 }
 
+QString EitherLanguage(const QString& italian, const QString& english) {
+  return Language == u"Italian" ? italian : english;
+}
+
 QString LocaleText(int type) {
   return type == LocaleEnglishLanguageName ? QLocale::languageToString(QLocale::system().language())
                                            : QString();

@@ -26,6 +26,10 @@ void SetLanguage(const QString& language);
 // shown.
 QString ByLanguage(const QString& italian, const QString& english);
 
+// The Italian text when Language is "Italian", the English one for any other: for descriptions of errors,
+// which are never empty.
+QString EitherLanguage(const QString& italian, const QString& english);
+
 // English name of the language of the user's locale, such as "Italian" (type 4097). "" for any other type.
 QString LocaleText(int type);
 inline constexpr int LocaleEnglishLanguageName = 4097;

@@ -17,8 +17,9 @@ namespace vorlina {
 namespace {
 
 [[noreturn]] void FailWriting(const QString& path, const QString& reason) {
-  throw Error(ByLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
-                  .arg(QDir::toNativeSeparators(path), reason));
+  throw Error(
+      EitherLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
+          .arg(QDir::toNativeSeparators(path), reason));
 }
 
 bool Commit(QSaveFile& file) {
@@ -65,7 +66,7 @@ void WriteFileSafely(const QString& path, const QByteArray& bytes) {
 void CopyFileSafely(const QString& source, const QString& target) {
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly))
-    throw Error(ByLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
+    throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
                     .arg(QDir::toNativeSeparators(source), from.errorString()));
   WriteFileSafely(target, [&](QIODevice& device) {
     constexpr qint64 Piece = 1 << 18;

@@ -95,9 +95,9 @@ void SaveSetting(const QString& application, const QString& section, const QStri
     store.setValue(section + u'/' + key, before);
   else
     store.remove(section + u'/' + key);
-  throw Error(
-      ByLanguage(u"Impossibile salvare le impostazioni in %1"_qs, u"The settings cannot be saved in %1"_qs)
-          .arg(QDir::toNativeSeparators(store.fileName())));
+  throw Error(EitherLanguage(u"Impossibile salvare le impostazioni in %1"_qs,
+                             u"The settings cannot be saved in %1"_qs)
+                  .arg(QDir::toNativeSeparators(store.fileName())));
 }
 
 void SetSettingsFolder(const QString& folder) { QSettings::setPath(Format(), QSettings::UserScope, folder); }

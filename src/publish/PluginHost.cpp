@@ -27,14 +27,14 @@ const QString LibrarySuffix = QStringLiteral(".so");
 QString LibraryOf(const QString& identifier) {
   if (identifier.isEmpty() || !IsValidFileName(identifier))
     throw Error(
-        ByLanguage(u"\"%1\" non è il nome di un plug-in"_qs, u"\"%1\" is not the name of a plug-in"_qs)
+        EitherLanguage(u"\"%1\" non è il nome di un plug-in"_qs, u"\"%1\" is not the name of a plug-in"_qs)
             .arg(identifier));
   for (const QString& folder : {AppPath(), DeliveredPath()}) {
     const QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
     if (QFileInfo::exists(path)) return path;
   }
-  throw Error(ByLanguage(u"Il plug-in %1 non è installato: manca il file %2"_qs,
-                         u"The plug-in %1 is not installed: the file %2 is missing"_qs)
+  throw Error(EitherLanguage(u"Il plug-in %1 non è installato: manca il file %2"_qs,
+                             u"The plug-in %1 is not installed: the file %2 is missing"_qs)
                   .arg(identifier, AppFile(u"PubWiz/"_qs + identifier + LibrarySuffix)));
 }
 
@@ -44,12 +44,12 @@ void CheckVersion(const QPluginLoader& loader) {
   if (version == QStringLiteral(VORLINA_PLUGIN_IID)) return;
   const QString path = QDir::toNativeSeparators(loader.fileName());
   if (version.startsWith(u"vorlina."))
-    throw Error(
-        ByLanguage(u"%1 è fatto per un'altra versione di Vorlina (%2). Installarne una versione adatta."_qs,
-                   u"%1 is made for another version of Vorlina (%2). Install a version that fits."_qs)
-            .arg(path, version));
+    throw Error(EitherLanguage(
+                    u"%1 è fatto per un'altra versione di Vorlina (%2). Installarne una versione adatta."_qs,
+                    u"%1 is made for another version of Vorlina (%2). Install a version that fits."_qs)
+                    .arg(path, version));
   throw Error(
-      ByLanguage(u"%1 non è un plug-in di Vorlina"_qs, u"%1 is not a plug-in of Vorlina"_qs).arg(path));
+      EitherLanguage(u"%1 non è un plug-in di Vorlina"_qs, u"%1 is not a plug-in of Vorlina"_qs).arg(path));
 }
 
 // Statements that fail one by one, each with its own report.
@@ -73,12 +73,12 @@ class Steps {
 template <class T>
 T& Needed(const std::unique_ptr<T>& object) {
   if (object == nullptr)
-    throw Error(ByLanguage(u"Il plug-in non è disponibile"_qs, u"The plug-in is not available"_qs));
+    throw Error(EitherLanguage(u"Il plug-in non è disponibile"_qs, u"The plug-in is not available"_qs));
   return *object;
 }
 
 void Require(bool condition) {
-  if (!condition) throw Error(ByLanguage(u"Voce non valida"_qs, u"The entry is not valid"_qs));
+  if (!condition) throw Error(EitherLanguage(u"Voce non valida"_qs, u"The entry is not valid"_qs));
 }
 
 }  // namespace
@@ -103,15 +103,15 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
     if (!loader->load()) {
       const QString reason = loader->errorString();
       loader.reset();
-      throw Error(
-          ByLanguage(u"Impossibile caricare il plug-in %1: %2"_qs, u"The plug-in %1 cannot be loaded: %2"_qs)
-              .arg(identifier, reason));
+      throw Error(EitherLanguage(u"Impossibile caricare il plug-in %1: %2"_qs,
+                                 u"The plug-in %1 cannot be loaded: %2"_qs)
+                      .arg(identifier, reason));
     }
   }
   auto* factory = qobject_cast<IVorlinaPluginFactory*>(loader->instance());
   if (factory == nullptr)
-    throw Error(ByLanguage(u"%1 non offre l'interfaccia dei plug-in di Vorlina"_qs,
-                           u"%1 does not offer the plug-in interface of Vorlina"_qs)
+    throw Error(EitherLanguage(u"%1 non offre l'interfaccia dei plug-in di Vorlina"_qs,
+                               u"%1 does not offer the plug-in interface of Vorlina"_qs)
                     .arg(identifier));
   return *factory;
 }
@@ -131,8 +131,8 @@ void CallPlugin(const std::function<void()>& call) {
   } catch (const std::exception& error) {
     throw Error(DescriptionOf(error));
   } catch (...) {
-    throw Error(ByLanguage(u"Il plug-in ha segnalato un errore sconosciuto"_qs,
-                           u"The plug-in reported an unknown error"_qs));
+    throw Error(EitherLanguage(u"Il plug-in ha segnalato un errore sconosciuto"_qs,
+                               u"The plug-in reported an unknown error"_qs));
   }
 }
 

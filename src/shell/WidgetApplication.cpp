@@ -21,7 +21,7 @@ bool WidgetApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 void ShowUnhandled() {
-  QString description = ByLanguage(u"Errore sconosciuto"_qs, u"Unknown error"_qs);
+  QString description = EitherLanguage(u"Errore sconosciuto"_qs, u"Unknown error"_qs);
   try {
     throw;
   } catch (const std::exception& error) {

@@ -135,8 +135,8 @@ void frmCatalogs::LoadForm() {
   Attempt([this] {
     QTreeWidgetItem* first = ui_->lstPlugIns->topLevelItem(0);
     if (first == nullptr)
-      throw Error(ByLanguage(u"Nessun filtro di pubblicazione è installato"_qs,
-                             u"No publishing filter is installed"_qs));
+      throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è installato"_qs,
+                                 u"No publishing filter is installed"_qs));
     ui_->lstPlugIns->setCurrentItem(first);
   });
   Localize_Form();
@@ -260,14 +260,14 @@ void frmCatalogs::Run(const QString& key) {
 void frmCatalogs::PressPublish() {
   if (ui_->LstWCatalogs->count() == 0)
     throw Error(
-        ByLanguage(u"Non c'è nessun catalogo da pubblicare"_qs, u"There is no catalog to publish"_qs));
+        EitherLanguage(u"Non c'è nessun catalogo da pubblicare"_qs, u"There is no catalog to publish"_qs));
   if (SelectedCatalog() != nullptr) ShowPublishPane(true);
   try {
     if (blnPannelloPubblica) {
       const QTreeWidgetItem* plugin = ui_->lstPlugIns->currentItem();
       if (plugin == nullptr || !plugin->isSelected())
-        throw Error(ByLanguage(u"Nessun filtro di pubblicazione è selezionato"_qs,
-                               u"No publishing filter is selected"_qs));
+        throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è selezionato"_qs,
+                                   u"No publishing filter is selected"_qs));
       if (!plugin->text(0).isEmpty()) {
         PublishSelected();
         ShowPublishPane(false);
@@ -289,7 +289,7 @@ void frmCatalogs::PressPublish() {
 
 void frmCatalogs::PublishSelected() {
   const int id = SelectedCatalogId();
-  if (id == 0) throw Error(ByLanguage(u"Nessun catalogo è selezionato"_qs, u"No catalog is selected"_qs));
+  if (id == 0) throw Error(EitherLanguage(u"Nessun catalogo è selezionato"_qs, u"No catalog is selected"_qs));
   const QString identifier = ui_->lstPlugIns->currentItem()->data(0, KeyRole).toString();
   objPlugin = CreatePlugin(identifier);
   PublishCatalog(*objPlugin, cnnCatalog, id);

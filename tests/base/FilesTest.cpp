@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+#include "base/Settings.h"
+#include "support/FullDisk.h"
+
+using namespace vorlina;
+
+namespace {
+
+QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+QStringList Below(const QString& folder) {
+  return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+QString Setting(const QString& key, const QString& fallback = u"default"_qs) {
+  return GetSetting(u"Test"_qs, u"Section"_qs, key, fallback);
+}
+void Save(const QString& key, const QString& value) { SaveSetting(u"Test"_qs, u"Section"_qs, key, value); }
+
+}  // namespace
+
+TEST(SafeFile, AFullDiskLeavesTheFormerFile) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(u"a.txt"_qs);
+  WriteFileSafely(path, "former");
+  // Sizes below and above the buffer of QSaveFile fail in different places.
+  for (const int size : {9000, 17000, 400000}) {
+    const FullDisk full(8192);
+    EXPECT_THROW(WriteFileSafely(path, QByteArray(size, 'x')), Error) << size;
+    EXPECT_EQ(ContentOf(path), "former") << size;
+    EXPECT_EQ(Below(folder.path()), QStringList{u"a.txt"_qs}) << "a temporary file was left";
+  }
+  WriteFileSafely(path, QByteArray(400000, 'x'));
+  EXPECT_EQ(QFileInfo(path).size(), 400000);
+}
+
+TEST(SafeFile, AWriterThatThrowsOrRefusesLeavesTheFormerFile) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(u"a.txt"_qs);
+  WriteFileSafely(path, "former");
+  EXPECT_THROW(WriteFileSafely(path, [](QIODevice&) { return false; }), Error);
+  EXPECT_THROW(WriteFileSafely(path, [](QIODevice&) -> bool { throw std::runtime_error("no"); }),
+               std::runtime_error);
+  EXPECT_EQ(ContentOf(path), "former");
+  EXPECT_EQ(Below(folder.path()).size(), 1);
+}
+
+TEST(SafeFile, CopiesWholeAndTellsAMissingSource) {
+  const QTemporaryDir folder;
+  const QString source = folder.filePath(u"source"_qs);
+  WriteFileSafely(source, QByteArray(700001, 'y'));
+  CopyFileSafely(source, folder.filePath(u"target"_qs));
+  EXPECT_EQ(ContentOf(folder.filePath(u"target"_qs)), ContentOf(source));
+  EXPECT_THROW(CopyFileSafely(folder.filePath(u"gone"_qs), folder.filePath(u"target"_qs)), Error);
+  EXPECT_EQ(QFileInfo(folder.filePath(u"target"_qs)).size(), 700001);
+}
+
+TEST(Settings, KeepAnyTextAndGiveTheDefaultUnstored) {
+  EXPECT_EQ(Setting(u"Missing"_qs), u"default"_qs);
+  EXPECT_EQ(Setting(u"Missing"_qs, u"other"_qs), u"other"_qs);
+  for (const QString& text :
+       {u""_qs, u" leading and trailing "_qs, u"C:\\new\\readme"_qs, u"a=b;c\n[x]\r\nd"_qs, u"È €"_qs}) {
+    Save(u"Key"_qs, text);
+    EXPECT_EQ(Setting(u"Key"_qs), text);
+  }
+}
+
+TEST(Settings, ReadWhatAPersonWroteByHand) {
+  const QTemporaryDir folder;
+  SetSettingsFolder(folder.path());
+  ASSERT_TRUE(QDir(folder.path()).mkpath(u"Norsel"_qs));
+  WriteFileSafely(folder.filePath(u"Norsel/ByHand.settings"_qs),
+                  "nonsense\r\n[Riservati]\r\nResizeTo=640\r\n=x\r\n\xff\xfe broken\r\nAlso=yes\r\n");
+  const auto value = [](const QString& key) {
+    return GetSetting(u"ByHand"_qs, u"Riservati"_qs, key, u"-"_qs);
+  };
+  EXPECT_EQ(value(u"ResizeTo"_qs), u"640"_qs);
+  EXPECT_EQ(value(u"Also"_qs), u"yes"_qs);
+  EXPECT_EQ(value(u"nonsense"_qs), u"-"_qs);
+}
+
+TEST(Settings, AFullDiskLeavesTheFormerSettings) {
+  SetLanguage(u"English"_qs);
+  Save(u"Kept"_qs, u"former"_qs);
+  {
+    const FullDisk full(4096);
+    EXPECT_THROW(Save(u"Big"_qs, QString(20000, u'x')), Error);
+  }
+  EXPECT_EQ(Setting(u"Kept"_qs), u"former"_qs);
+  EXPECT_EQ(Setting(u"Big"_qs), u"default"_qs);
+  Save(u"After"_qs, u"works"_qs);
+  EXPECT_EQ(Setting(u"Kept"_qs) + Setting(u"After"_qs), u"formerworks"_qs);
+}
+
+TEST(Language, ComesFromTheSettingOrTheSystemAndIsNotSaved) {
+  struct Case {
+    const char16_t* setting;
+    const char16_t* language;
+    int baseErrore;
+  };
+  for (const Case& c : {Case{u"Italian", u"Italian", 200}, Case{u"English", u"English", 500},
+                        Case{u"italian", u"italian", 0}, Case{u"", u"English", 500}}) {
+    SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, QString::fromUtf16(c.setting));
+    ChooseLanguage();
+    EXPECT_EQ(Language, QString::fromUtf16(c.language));
+    EXPECT_EQ(BaseErrore, c.baseErrore);
+    EXPECT_EQ(GetSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, u"-"_qs),
+              QString::fromUtf16(c.setting));
+  }
+}
+
+TEST(AppPath, FilesBelowItAreNativeAndAbsolute) {
+  const QTemporaryDir folder;
+  SetAppPath(folder.path() + u"/x/../"_qs);
+  EXPECT_EQ(AppPath(), QDir::toNativeSeparators(folder.path()));
+  EXPECT_EQ(AppFile(u"Images/1.jpg"_qs), QDir::toNativeSeparators(folder.path() + u"/Images/1.jpg"_qs));
+}
+
+// What a user's own folder gets from a delivered folder that cannot be written, and what a second start
+// leaves alone.
+TEST(AppPath, TheUsersFolderIsFilledOnceAndThenKept) {
+  const QDir delivered(DeliveredPath());
+  ASSERT_TRUE(delivered.mkpath(u"Images"_qs) && delivered.mkpath(u"PubWiz/Own"_qs));
+  WriteFileSafely(delivered.filePath(u"Images/1.jpg"_qs), "delivered");
+  WriteFileSafely(delivered.filePath(u"PubWiz/Own/skin.txt"_qs), "delivered");
+  WriteFileSafely(delivered.filePath(u"PubWiz/Own.so"_qs), "library");
+  WriteFileSafely(delivered.filePath(u"Catalog.db"_qs), "delivered");
+  const QTemporaryDir user;
+  SetAppPath(user.path());
+  PrepareAppPath();
+  EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "delivered");
+  EXPECT_EQ(ContentOf(AppFile(u"Images/1.jpg"_qs)), "delivered");
+  EXPECT_EQ(ContentOf(AppFile(u"PubWiz/Own/skin.txt"_qs)), "delivered");
+  EXPECT_FALSE(QFileInfo::exists(AppFile(u"PubWiz/Own.so"_qs)));
+
+  WriteFileSafely(AppFile(u"Catalog.db"_qs), "the user's");
+  WriteFileSafely(delivered.filePath(u"Catalog.db"_qs), "newer");
+  PrepareAppPath();
+  EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "the user's");
+  for (const QString& name :
+       {u"Images/1.jpg"_qs, u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs, u"Catalog.db"_qs})
+    QFile::remove(delivered.filePath(name));
+}

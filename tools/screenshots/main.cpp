@@ -1,0 +1,129 @@
+// Renders every window to PNG files: both languages, light and dark, at 100 and 200 per cent. It works on a
+// copy of the delivered database and on settings of its own, and shows nothing on the screen.
+//
+// usage: vorlina-screenshots FOLDER
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+#include <QListWidget>
+#include <QMenu>
+#include <QPalette>
+#include <QProcess>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+#include <cstdio>
+
+#include "base/AppPath.h"
+#include "base/Dialogs.h"
+#include "base/Language.h"
+#include "base/Settings.h"
+#include "base/WidgetDialogs.h"
+#include "shell/frmCatalogs.h"
+#include "support/frmSplash.h"
+
+using namespace vorlina;
+
+namespace {
+
+QPalette Palette(bool dark) {
+  if (!dark) return QStyleFactory::create(u"Fusion"_qs)->standardPalette();
+  QPalette palette(QColor(0x35, 0x35, 0x38), QColor(0x2a, 0x2a, 0x2d));
+  palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
+  palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x29));
+  palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb0));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x80, 0x80, 0x84));
+  palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x84));
+  return palette;
+}
+
+class Photographer {
+ public:
+  Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
+
+  void Take(QWidget& window, const QString& name) const {
+    window.show();
+    QApplication::processEvents();
+    const QString path = folder_ + u'/' + name + suffix_ + u".png"_qs;
+    if (!window.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+  }
+
+ private:
+  QString folder_;
+  QString suffix_;
+};
+
+void TakeAll(const Photographer& photographer) {
+  frmSplash splash;
+  splash.LoadSplash();
+  photographer.Take(splash, u"frmSplash"_qs);
+
+  frmCatalogs catalogs;
+  catalogs.LoadForm();
+  catalogs.ListCatalog();
+  photographer.Take(catalogs, u"frmCatalogs"_qs);
+  photographer.Take(*catalogs.findChild<QMenu*>(u"mnuHelp"_qs), u"frmCatalogs-help"_qs);
+  catalogs.findChild<QMenu*>(u"mnuHelp"_qs)->hide();
+  photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
+  catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
+  catalogs.findChild<QPushButton*>(u"cmdPublish"_qs)->click();
+  auto* plugins = catalogs.findChild<QTreeWidget*>(u"lstPlugIns"_qs);
+  Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);
+  photographer.Take(catalogs, u"frmCatalogs-publish"_qs);
+}
+
+// The scale is the process's own, so this program starts itself once for each.
+int StartForEachScale(const QString& program, const QString& folder) {
+  int failed = 0;
+  for (const auto& [scale, name] : {std::pair{u"1"_qs, u"100"_qs}, std::pair{u"2"_qs, u"200"_qs}}) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"QT_SCALE_FACTOR"_qs, scale);
+    environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(program, {folder, name});
+    if (!process.waitForFinished(-1) || process.exitCode() != 0) ++failed;
+  }
+  return failed == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+  if (folder.isEmpty() || !QDir().mkpath(folder)) {
+    std::fprintf(stderr, "usage: vorlina-screenshots FOLDER\n");
+    return 2;
+  }
+  if (argc == 2) {
+    QCoreApplication application(argc, argv);
+    return StartForEachScale(QCoreApplication::applicationFilePath(), folder);
+  }
+
+  QApplication application(argc, argv);
+  QApplication::setStyle(u"Fusion"_qs);
+  QApplication::setApplicationName(u"Vorlina"_qs);
+  QApplication::setOrganizationName(u"Norsel"_qs);
+  QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  WidgetDialogs dialogs;
+  InstallDialogs(&dialogs);
+  QTemporaryDir place;
+  SetSettingsFolder(place.filePath(u"settings"_qs));
+  QFile::copy(QStringLiteral(VORLINA_APP_DIR "/Catalog.db"), place.filePath(u"Catalog.db"_qs));
+  QFile::link(QStringLiteral(VORLINA_APP_DIR "/PubWiz"), place.filePath(u"PubWiz"_qs));
+  SetAppPath(place.path());
+  for (const QString& language : {u"Italian"_qs, u"English"_qs}) {
+    SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, language);
+    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"VLHTML.HTML"_qs);
+    for (const bool dark : {false, true}) {
+      QApplication::setPalette(Palette(dark));
+      const QString suffix = u"-"_qs + language.left(2).toLower() + (dark ? u"-dark-"_qs : u"-light-"_qs);
+      TakeAll(Photographer(folder, suffix + QString::fromLocal8Bit(argv[2])));
+    }
+  }
+  return 0;
+}
