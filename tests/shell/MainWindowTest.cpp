@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "base/AppPath.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+#include "base/Settings.h"
+#include "shell/frmCatalogs.h"
+#include "store/GetValue.h"
+#include "support/AppFolder.h"
+#include "support/ScriptedDialogs.h"
+
+using namespace vorlina;
+
+namespace {
+
+class MainWindow : public testing::Test {
+ protected:
+  MainWindow() {
+    SetLanguage(u"English"_qs);
+    SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs);
+    UsePlugins(u"Test.Good"_qs);
+    QFile::link(QStringLiteral(TEST_PLUGINS), folder_.Path() + u"/PubWiz"_qs);
+    SetAppPath(folder_.Path());
+  }
+
+  static void UsePlugins(const QString& identifiers) {
+    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, identifiers);
+  }
+
+  void Open() {
+    window_ = std::make_unique<frmCatalogs>();
+    window_->LoadForm();
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Catalogs()->count() > 0; }));
+  }
+
+  template <class T>
+  T* Find(const QString& name) const {
+    T* found = window_->findChild<T*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  QListWidget* Catalogs() const { return Find<QListWidget>(u"LstWCatalogs"_qs); }
+  QTreeWidget* Plugins() const { return Find<QTreeWidget>(u"lstPlugIns"_qs); }
+  bool PublishPane() const { return Find<QWidget>(u"fmPublish"_qs)->isVisible(); }
+  void Press(const QString& key) const { Find<QAction>(key)->trigger(); }
+  QString Extras(int id) const {
+    return NullToEmpty(
+        GetValue(u"Extras"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=?"_qs, {id}));
+  }
+  // Types a new name over the label of the first catalog.
+  void Rename(const QString& name) {
+    Catalogs()->setCurrentRow(0);
+    Catalogs()->setFocus();
+    QTest::keyClick(Catalogs(), Qt::Key_F2);
+    auto* editor = Catalogs()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    if (name.isEmpty())
+      QTest::keyClick(editor, Qt::Key_Delete);
+    else
+      QTest::keyClicks(editor, name);
+    QTest::keyClick(editor, Qt::Key_Return);
+  }
+
+  AppFolder folder_;
+  ScriptedDialogs dialogs_;
+  std::unique_ptr<frmCatalogs> window_;
+};
+
+}  // namespace
+
+TEST_F(MainWindow, AFirstStartRebasesTheSamplesAndIsRemembered) {
+  Open();
+  EXPECT_EQ(Catalogs()->count(), 2);
+  const QString logo =
+      GetValue(u"Logo"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toString();
+  EXPECT_EQ(logo, AppFile(u"Images/109-Logo.jpg"_qs));
+  EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"FirstRun"_qs, u"-"_qs), u"False"_qs);
+  EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, u"-"_qs), AppPath());
+}
+
+TEST_F(MainWindow, SpeaksTheChosenLanguage) {
+  struct Case {
+    const char16_t* language;
+    QString title, list, publish, support;
+  };
+  for (const Case& c :
+       {Case{u"Italian", u"Vorlina - Cataloghi"_qs, u"Cataloghi disponibili"_qs, u"Pubblica"_qs,
+             u"Supporto"_qs},
+        Case{u"English", u"Vorlina - Catalogs"_qs, u"Available catalogs"_qs, u"Publish"_qs, u"Support"_qs}}) {
+    SetLanguage(QString::fromUtf16(c.language));
+    Open();
+    EXPECT_EQ(window_->windowTitle(), c.title);
+    EXPECT_EQ(Find<QLabel>(u"Label1"_qs)->text(), c.list);
+    EXPECT_EQ(Find<QAction>(u"cmdPublish"_qs)->text(), c.publish);
+    EXPECT_EQ(Find<QAction>(u"subSupport"_qs)->text(), c.support);
+  }
+}
+
+TEST_F(MainWindow, RenamesInPlace) {
+  Open();
+  Rename(u"L'anno \"nuovo\" 100%"_qs);
+  const QVariant stored =
+      GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs);
+  EXPECT_EQ(stored.toString(), u"L'anno \"nuovo\" 100%"_qs);
+  EXPECT_EQ(Catalogs()->item(0)->text(), stored.toString());
+
+  dialogs_.ExpectMessage(u"Insert a valid name for the catalog"_qs, BoxStyle::Information);
+  Rename({});
+  EXPECT_EQ(Catalogs()->item(0)->text(), stored.toString());
+}
+
+TEST_F(MainWindow, PublishingTakesTwoPressesAndClosesThePane) {
+  Open();
+  Catalogs()->setCurrentRow(1);
+  Press(u"cmdPublish"_qs);
+  EXPECT_TRUE(PublishPane());
+  EXPECT_FALSE(Find<QAction>(u"cmdHelp"_qs)->isEnabled());
+  EXPECT_TRUE(Find<QAction>(u"cmdPublish"_qs)->isEnabled());
+  Press(u"cmdPublish"_qs);
+  EXPECT_FALSE(PublishPane());
+  EXPECT_TRUE(Find<QAction>(u"cmdHelp"_qs)->isEnabled());
+  EXPECT_EQ(Extras(110), u"published by Test.Good"_qs);
+  EXPECT_NE(Extras(109), Extras(110));
+  EXPECT_EQ(window_->objPlugin, nullptr);
+  // The transaction that the plug-in left open is gone with what it did.
+  EXPECT_EQ(GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, window_->cnnCatalog, {}).toInt(), 2);
+}
+
+TEST_F(MainWindow, APluginThatThrowsLeavesThePaneAsItWas) {
+  UsePlugins(u"Test.Throws;Test.Good"_qs);
+  Open();
+  Press(u"cmdPublish"_qs);
+  dialogs_.ExpectMessage(u"Error: The plug-in reported an unknown error"_qs, BoxStyle::Stop);
+  QTest::keyClick(Plugins(), Qt::Key_Return);
+  EXPECT_TRUE(PublishPane());
+  Plugins()->setCurrentItem(Plugins()->topLevelItem(1));
+  QTest::keyClick(Plugins(), Qt::Key_Return);
+  EXPECT_FALSE(PublishPane());
+  EXPECT_EQ(Extras(109), u"published by Test.Good"_qs);
+}
+
+TEST_F(MainWindow, BackLeavesThePaneAndTheNextPressShowsItAgain) {
+  Open();
+  Press(u"cmdPublish"_qs);
+  QTest::mouseClick(Find<QPushButton>(u"cmdIndietro"_qs), Qt::LeftButton);
+  EXPECT_FALSE(PublishPane());
+  Press(u"cmdPublish"_qs);
+  EXPECT_TRUE(PublishPane());
+  EXPECT_EQ(Extras(109).contains(u"published by"), false);
+}
+
+TEST_F(MainWindow, WithoutACatalogSelectedTheFirstPressOnlyCounts) {
+  Open();
+  Catalogs()->clearSelection();
+  Press(u"cmdPublish"_qs);
+  EXPECT_FALSE(PublishPane());
+  dialogs_.ExpectMessage(u"Error: No catalog is selected"_qs, BoxStyle::Stop);
+  Press(u"cmdPublish"_qs);
+}
+
+TEST_F(MainWindow, APluginWithoutANameIsAskedForAndTheFlagTurns) {
+  Open();
+  Plugins()->topLevelItem(0)->setText(0, {});
+  Press(u"cmdPublish"_qs);
+  dialogs_.ExpectMessage(u"Select a publishing filter"_qs, BoxStyle::Information);
+  Press(u"cmdPublish"_qs);
+  EXPECT_TRUE(PublishPane());
+  Plugins()->topLevelItem(0)->setText(0, u"Named"_qs);
+  Press(u"cmdPublish"_qs);  // only turns the flag again
+  EXPECT_TRUE(PublishPane());
+  Press(u"cmdPublish"_qs);
+  EXPECT_FALSE(PublishPane());
+}
+
+TEST_F(MainWindow, APluginThatIsMissingIsToldStepByStepAndTheOthersWork) {
+  UsePlugins(u"Test.Missing;Test.Good"_qs);
+  for (int step = 0; step < 6; ++step) dialogs_.ExpectMessage(u"Error instancing dll: Test.Missing"_qs);
+  Open();
+  ASSERT_EQ(Plugins()->topLevelItemCount(), 1);
+  EXPECT_TRUE(Plugins()->topLevelItem(0)->isSelected());
+  EXPECT_EQ(Find<QLabel>(u"lblDescription"_qs)->text(), QString());
+  Press(u"cmdPublish"_qs);
+  const QRect first = Plugins()->visualItemRect(Plugins()->topLevelItem(0));
+  QTest::mouseClick(Plugins()->viewport(), Qt::LeftButton, {}, first.center());
+  EXPECT_EQ(Find<QLabel>(u"lblDescription"_qs)->text(), u"describes Test.Good"_qs);
+  const QList<QAction*> skins = Find<QMenu>(u"mnuInstallaSkin"_qs)->actions();
+  ASSERT_EQ(skins.size(), 2);
+  EXPECT_EQ(skins[0]->text() + u'|' + skins[1]->text(), u"|Test.Good"_qs);
+}
+
+TEST_F(MainWindow, TheSelectionSurvivesComingBackToTheWindow) {
+  Open();
+  Catalogs()->setCurrentRow(1);
+  window_->ListCatalog();
+  EXPECT_EQ(Catalogs()->currentRow(), 1);
+  EXPECT_TRUE(Catalogs()->currentItem()->isSelected());
+}
+
+TEST_F(MainWindow, WritesTheListOfCatalogs) {
+  Open();
+  Rename(u"Nome"_qs);
+  window_->cnnCatalog.Execute(u"UPDATE Cataloghi SET Descrizione='a'||char(10)||'b' WHERE IDCatalogo=109"_qs);
+  window_->ListCatalog();
+  window_->CreaListaCataloghi();
+  QFile file(AppFile(u"Cataloghi.txt"_qs));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(file.readAll().startsWith(" 109\nNome\na b\n 110\n"));
+}
+
+TEST_F(MainWindow, CommandsWithoutAWindowAreDisabled) {
+  Open();
+  for (const QString& key : {u"subHelp"_qs, u"cmdAggiornamenti"_qs, u"cmdTour"_qs, u"cmdOpzioni"_qs,
+                             u"subAbout"_qs, u"mnuInstallPlugin"_qs})
+    EXPECT_FALSE(Find<QAction>(key)->isEnabled()) << key;
+  EXPECT_TRUE(Find<QAction>(u"subSupport"_qs)->isEnabled());
+  QTest::keyClick(Catalogs(), Qt::Key_Return);
+  QTest::keyClick(Catalogs(), Qt::Key_Delete);
+  EXPECT_EQ(Catalogs()->count(), 2);
+}
+
+TEST_F(MainWindow, ClosingReleasesTheDatabaseAndTellsTheProgram) {
+  Open();
+  QSignalSpy closed(window_.get(), &frmCatalogs::Closed);
+  window_->close();
+  EXPECT_EQ(closed.count(), 1);
+  EXPECT_FALSE(window_->cnnCatalog.IsOpen());
+}

@@ -1,0 +1,115 @@
+// The splash, and starts on what a user can meet: a missing, foreign or broken database.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QSysInfo>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+#include "base/Settings.h"
+#include "shell/WidgetApplication.h"
+#include "shell/frmCatalogs.h"
+#include "support/ScriptedDialogs.h"
+#include "support/frmSplash.h"
+
+using namespace vorlina;
+
+namespace {
+
+// Collects what is shown instead of expecting a text to the letter.
+class RecordingDialogs : public ScriptedDialogs {
+ public:
+  QStringList shown;
+
+ protected:
+  void ShowMessage(QWidget*, const QString& text, BoxStyle, const QString&) override { shown += text; }
+};
+
+void ChooseLanguageBySetting(const QString& language) {
+  SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, language);
+}
+
+}  // namespace
+
+TEST(Splash, ShowsVersionPlatformAndCompanyInTheChosenLanguage) {
+  QApplication::setApplicationVersion(u"2.3.4"_qs);
+  for (const auto& [language, version] :
+       {std::pair{u"Italian"_qs, u"Versione 2.3.4"_qs}, {u"English"_qs, u"Version 2.3.4"_qs}}) {
+    ChooseLanguageBySetting(language);
+    frmSplash splash;
+    splash.LoadSplash();
+    EXPECT_EQ(Language, language);
+    EXPECT_EQ(splash.findChild<QLabel*>(u"lblVersion"_qs)->text(), version);
+    EXPECT_TRUE(splash.findChild<QLabel*>(u"lblPlatform"_qs)->text().contains(QSysInfo::prettyProductName()));
+  }
+}
+
+TEST(Splash, EndsOnceByTimerClickOrKey) {
+  for (const int way : {0, 1, 2}) {
+    frmSplash splash;
+    splash.LoadSplash();
+    splash.show();
+    bool visibleAtTheEnd = false;
+    QSignalSpy ended(&splash, &frmSplash::Ended);
+    QObject::connect(&splash, &frmSplash::Ended, &splash, [&] { visibleAtTheEnd = splash.isVisible(); });
+    auto* timer = splash.findChild<QTimer*>(u"Timer1"_qs);
+    EXPECT_EQ(timer->interval(), 1500);
+    if (way == 0) timer->start(0);
+    if (way == 1) QTest::mouseClick(&splash, Qt::LeftButton);
+    if (way == 2) QTest::keyClick(&splash, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !splash.isVisible(); }));
+    EXPECT_EQ(ended.count(), 1);
+    // The timer shows the main window first, so that there is always one on the screen; a click does it the
+    // other way.
+    EXPECT_EQ(visibleAtTheEnd, way == 0);
+    EXPECT_FALSE(timer->isActive());
+  }
+}
+
+TEST(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
+  SetLanguage(u"English"_qs);
+  SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, QString());
+  struct Case {
+    const char* what;
+    QByteArray content;
+    QString tells;
+  };
+  for (const Case& c : {Case{"missing", {}, u"Catalog.db"_qs},
+                        Case{"text", QByteArray("not a database ", 15).repeated(100), u"Catalog.db"_qs}}) {
+    const QTemporaryDir folder;
+    SetAppPath(folder.path());
+    const QString path = AppFile(u"Catalog.db"_qs);
+    if (!c.content.isEmpty()) WriteFileSafely(path, c.content);
+    RecordingDialogs dialogs;
+    frmCatalogs window;
+    window.LoadForm();
+    EXPECT_GE(dialogs.shown.size(), 2) << c.what;
+    ASSERT_FALSE(dialogs.shown.isEmpty());
+    EXPECT_TRUE(dialogs.shown.first().startsWith(u"Error: ")) << dialogs.shown.first();
+    EXPECT_TRUE(dialogs.shown.first().contains(c.tells)) << dialogs.shown.first();
+    EXPECT_THROW(window.ListCatalog(), Error);
+    QFile file(path);
+    EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), c.content) << c.what;
+  }
+}
+
+// The box that tells of a failed reload gives the activation back to the window, which must not bring the box
+// again.
+TEST(Start, WithoutADatabaseAnActivationTellsItOnce) {
+  SetLanguage(u"English"_qs);
+  const QTemporaryDir folder;
+  SetAppPath(folder.path());
+  RecordingDialogs dialogs;
+  frmCatalogs window;
+  QEvent activate(QEvent::WindowActivate);
+  EXPECT_THROW(static_cast<QObject&>(window).event(&activate), Error);
+  EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
+  EXPECT_THROW(static_cast<QObject&>(window).event(&activate), Error);
+}
