@@ -4,6 +4,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QThread>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -80,6 +83,20 @@ void CopyFileSafely(const QString& source, const QString& target) {
       copied += got;
     }
   });
+}
+
+void MoveFileSafely(const QString& source, const QString& target) {
+  std::error_code failure;
+#ifdef Q_OS_UNIX
+  const int descriptor = ::open(QFile::encodeName(source).constData(), O_RDONLY | O_CLOEXEC);
+  if (descriptor >= 0) {
+    if (::fsync(descriptor) != 0) failure = std::error_code(errno, std::generic_category());
+    ::close(descriptor);
+  }
+#endif
+  if (!failure) std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(), failure);
+  if (failure) FailWriting(target, QString::fromLocal8Bit(failure.message().c_str()));
+  SyncFolder(QFileInfo(target).absolutePath());
 }
 
 void SyncFolder(const QString& folder) {

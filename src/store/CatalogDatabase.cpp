@@ -1,0 +1,180 @@
+#include "store/CatalogDatabase.h"
+
+#include <SQLiteCpp/Backup.h>
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <algorithm>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+#include "store/Connection.h"
+#include "store/Sqlite.h"
+
+namespace vorlina {
+namespace {
+
+// The most time that the check at start may take; a database too large for it is checked by "check" and before backups.
+constexpr qint64 QuickCheckMilliseconds = 300;
+
+[[noreturn]] void Refuse(const QString& path, const QString& italian, const QString& english) {
+  const QString name = QDir::toNativeSeparators(path);
+  throw Error(EitherLanguage(u"Il file %1 non può essere usato: "_qs, u"The file %1 cannot be used: "_qs).arg(name) +
+              EitherLanguage(italian, english));
+}
+
+int Number(Connection& connection, const QString& pragma) {
+  Rows rows(connection, u"PRAGMA "_qs + pragma);
+  return rows.Next() ? rows.Value(0).toInt() : 0;
+}
+
+QStringList Texts(Connection& connection, const QString& sql) {
+  QStringList texts;
+  Rows rows(connection, sql);
+  while (rows.Next()) texts += rows.Value(0).toString();
+  return texts;
+}
+
+int StopAfterAWhile(void* timer) {
+  return static_cast<QElapsedTimer*>(timer)->elapsed() > QuickCheckMilliseconds ? 1 : 0;
+}
+
+// Damage found within the time; none when the time is over.
+QString QuickDamage(Connection& connection) {
+  QElapsedTimer timer;
+  timer.start();
+  sqlite3* handle = connection.Database().getHandle();
+  sqlite3_progress_handler(handle, 10000, StopAfterAWhile, &timer);
+  QString damage;
+  try {
+    SQLite::Statement check = Prepare(connection.Database(), u"PRAGMA quick_check(1)"_qs);
+    if (check.executeStep()) damage = QString::fromUtf8(check.getColumn(0).getText());
+  } catch (const SQLite::Exception& failure) {
+    if (failure.getErrorCode() != SQLITE_INTERRUPT) damage = QString::fromUtf8(failure.what());
+  }
+  sqlite3_progress_handler(handle, 0, nullptr, nullptr);
+  return damage == u"ok" ? QString() : damage;
+}
+
+// Everything that is asked before the first write.
+void Examine(Connection& connection, const QString& path, int schemaVersion) {
+  if (Number(connection, u"application_id"_qs) != ApplicationId)
+    Refuse(path, u"non è un database di Vorlina. Ripristinare una copia di sicurezza."_qs,
+           u"it is no database of Vorlina. Restore a backup."_qs);
+  if (Number(connection, u"user_version"_qs) > schemaVersion)
+    Refuse(path, u"è stato creato da una versione più recente di Vorlina. Aggiornare il programma."_qs,
+           u"it was made by a newer version of Vorlina. Update the program."_qs);
+  if (const QString damage = QuickDamage(connection); !damage.isEmpty())
+    Refuse(path, u"è danneggiato. Ripristinare una copia di sicurezza. ("_qs + damage + u')',
+           u"it is damaged. Restore a backup. ("_qs + damage + u')');
+}
+
+// A name beside the database that is not taken.
+QString CopyName(const QString& path, int version) {
+  const QFileInfo file(path);
+  const QString base = file.path() + u'/' + file.completeBaseName() + u"-v%1-backup"_qs.arg(version);
+  QString name = base + u".db"_qs;
+  for (int i = 2; QFileInfo::exists(name); ++i) name = base + u"-%1.db"_qs.arg(i);
+  return name;
+}
+
+void RunMigrations(Connection& connection, const std::vector<Migration>& migrations, int from, int schemaVersion) {
+  // Tables that are made anew would take rows of other tables with them.
+  connection.Execute(u"PRAGMA foreign_keys=OFF"_qs);
+  try {
+    Transaction transaction(connection);
+    for (const Migration& migration : migrations)
+      if (migration.version > from && migration.version <= schemaVersion)
+        WithStoreErrors([&] { connection.Database().exec(migration.sql.toUtf8().toStdString()); });
+    if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty()) throw Error(broken.first());
+    connection.Execute(u"PRAGMA user_version=%1"_qs.arg(schemaVersion));
+    transaction.Commit();
+  } catch (...) {
+    connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
+    throw;
+  }
+  connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
+}
+
+void Migrate(Connection& connection, const QString& path, const std::vector<Migration>& migrations, int schemaVersion) {
+  const int version = Number(connection, u"user_version"_qs);
+  if (version == schemaVersion) return;
+  try {
+    BackupDatabase(connection, CopyName(path, version));
+    RunMigrations(connection, migrations, version, schemaVersion);
+  } catch (const Error& error) {
+    Refuse(path, u"non è stato possibile aggiornarlo, ed è rimasto com'era. "_qs + error.Description(),
+           u"it could not be updated, and is as it was. "_qs + error.Description());
+  }
+}
+
+void OpenExamined(Connection& connection, const QString& path, int schemaVersion) {
+  const QFileInfo file(path);
+  if (file.isFile() && file.size() == 0)
+    Refuse(path, u"è vuoto. Ripristinare una copia di sicurezza."_qs, u"it is empty. Restore a backup."_qs);
+  connection.Open(ConnectionTextFor(path));
+  Examine(connection, path, schemaVersion);
+}
+
+}  // namespace
+
+std::vector<Migration> KnownMigrations() { return {}; }
+
+void OpenCatalogDatabase(Connection& connection, const QString& path) {
+  OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);
+}
+
+void OpenCatalogDatabase(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
+                         int schemaVersion) {
+  try {
+    OpenExamined(connection, path, schemaVersion);
+    Migrate(connection, path, migrations, schemaVersion);
+    // A file that somebody set to another mode; a no-op otherwise.
+    if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete") Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
+  } catch (const Error& error) {
+    connection.Close();
+    const QString name = QDir::toNativeSeparators(path);
+    if (error.Description().contains(name)) throw;
+    throw Error(name + u": "_qs + error.Description());
+  }
+}
+
+void BackupDatabase(Connection& connection, const QString& path) {
+  const QString temporary = path + u".partial"_qs;
+  QFile::remove(temporary);
+  try {
+    WithStoreErrors([&] {
+      SQLite::Database copy(temporary.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+      copy.exec("PRAGMA synchronous=FULL");
+      SQLite::Backup backup(copy, connection.Database());
+      if (const int result = backup.executeStep(-1); result != SQLITE_DONE)
+        throw SQLite::Exception(connection.Database().getHandle(), result);
+    });
+    Connection copied;
+    copied.Open(ConnectionTextFor(temporary));
+    if (const QStringList broken = CheckDatabase(copied); !broken.isEmpty())
+      throw Error(EitherLanguage(u"La copia del database non è integra: %1"_qs, u"The copy of the database is not whole: %1"_qs)
+                      .arg(broken.first()));
+    copied.Close();
+    MoveFileSafely(temporary, path);
+  } catch (...) {
+    QFile::remove(temporary);
+    throw;
+  }
+}
+
+QStringList CheckDatabase(Connection& connection) {
+  QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
+  findings.removeAll(u"ok"_qs);
+  Rows orphans(connection, u"PRAGMA foreign_key_check"_qs);
+  while (orphans.Next())
+    findings += EitherLanguage(u"%1, riga %2: fa riferimento a una riga di %3 che non esiste"_qs,
+                               u"%1, row %2: refers to a row of %3 that does not exist"_qs)
+                    .arg(orphans.Value(0).toString(), orphans.Value(1).toString(), orphans.Value(2).toString());
+  return findings;
+}
+
+}  // namespace vorlina

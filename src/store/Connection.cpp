@@ -1,0 +1,139 @@
+#include "store/Connection.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "store/Sqlite.h"
+
+namespace vorlina {
+namespace {
+
+const char16_t DataSourceKey[] = u"Data Source=";
+
+constexpr int BusyMilliseconds = 5000;
+
+QString SourceOf(const QString& text) {
+  const QString key = QString::fromUtf16(DataSourceKey);
+  if (!text.startsWith(key, Qt::CaseInsensitive))
+    throw Error(EitherLanguage(u"Testo di connessione non valido: %1"_qs, u"Not a connection text: %1"_qs).arg(text));
+  return text.mid(key.size());
+}
+
+// What docs/decisions.md says of the database's settings. DQS off: a text in double quotes that names no column is an
+// error instead of a text.
+void Configure(SQLite::Database& database) {
+  sqlite3* handle = database.getHandle();
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  RegisterSqlExtensions(database);
+  database.exec(
+      "PRAGMA foreign_keys=ON; PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA synchronous=EXTRA;"
+      "PRAGMA temp_store=MEMORY");
+}
+
+}  // namespace
+
+QString ConnectionTextFor(const QString& path) { return QString::fromUtf16(DataSourceKey) + path; }
+
+Connection::Connection() = default;
+Connection::~Connection() { Close(); }
+
+void Connection::Open(const QString& connectionText) {
+  Close();
+  const QString path = SourceOf(connectionText);
+  if (!QFileInfo(path).isFile())
+    throw Error(EitherLanguage(u"Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma."_qs,
+                               u"The database %1 does not exist. Restore a backup or install the program again."_qs)
+                    .arg(QDir::toNativeSeparators(path)));
+  database_ = WithStoreErrors([&] {
+    auto database =
+        std::make_unique<SQLite::Database>(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE, BusyMilliseconds);
+    Configure(*database);
+    return database;
+  });
+  text_ = connectionText;
+}
+
+void Connection::Close() {
+  RollbackIfOpen();
+  database_.reset();
+}
+
+QString Connection::DataSource() const { return SourceOf(text_); }
+
+SQLite::Database& Connection::Database() const {
+  if (database_ == nullptr)
+    throw Error(EitherLanguage(u"Il database non è aperto"_qs, u"The database is not open"_qs));
+  return *database_;
+}
+
+void Connection::Execute(const QString& sql, const QVariantList& values) {
+  WithStoreErrors([&] {
+    SQLite::Statement statement = Prepare(Database(), sql);
+    BindValues(statement, values);
+    while (statement.executeStep()) {
+    }
+  });
+}
+
+int Connection::Changes() const { return Database().getChanges(); }
+
+qint64 Connection::LastInsertId() const { return Database().getLastInsertRowid(); }
+
+void Connection::BeginTrans() { Execute(u"BEGIN IMMEDIATE"_qs); }
+void Connection::CommitTrans() { Execute(u"COMMIT"_qs); }
+void Connection::RollbackTrans() { Execute(u"ROLLBACK"_qs); }
+
+bool Connection::InTransaction() const { return IsOpen() && sqlite3_get_autocommit(database_->getHandle()) == 0; }
+
+void Connection::RollbackIfOpen() noexcept {
+  if (InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+Transaction::Transaction(Connection& connection) : connection_(connection), owns_(!connection.InTransaction()) {
+  if (owns_) connection_.BeginTrans();
+}
+
+Transaction::~Transaction() {
+  if (owns_) connection_.RollbackIfOpen();
+}
+
+void Transaction::Commit() {
+  if (!owns_) return;
+  connection_.CommitTrans();
+  owns_ = false;
+}
+
+Rows::Rows(Connection& connection, const QString& sql, const QVariantList& values) {
+  WithStoreErrors([&] {
+    statement_ = std::make_shared<SQLite::Statement>(Prepare(connection.Database(), sql));
+    BindValues(*statement_, values);
+    for (int i = 0; i < statement_->getColumnCount(); ++i) boolean_.push_back(IsBooleanColumn(*statement_, i));
+  });
+}
+
+bool Rows::Next() {
+  return WithStoreErrors([&] { return statement_->executeStep(); });
+}
+
+int Rows::ColumnCount() const { return statement_->getColumnCount(); }
+
+QString Rows::ColumnName(int column) const { return QString::fromUtf8(statement_->getColumnName(column)); }
+
+QVariant Rows::Value(int column) const {
+  return WithStoreErrors([&] { return ColumnValue(*statement_, column, boolean_.at(std::size_t(column))); });
+}
+
+QVariant Rows::Value(const QString& column) const {
+  for (int i = 0; i < ColumnCount(); ++i)
+    if (ColumnName(i).compare(column, Qt::CaseInsensitive) == 0) return Value(i);
+  throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(column));
+}
+
+}  // namespace vorlina

@@ -1,0 +1,98 @@
+// The connection to a catalog database: SQL without a result, queries walked forward, transactions. Every connection has
+// the safe settings (docs/decisions.md) and the collations and functions that the program's SQL uses:
+//
+//   VORLINA_TEXT    compares texts without regard to letter case, in every script
+//   VORLINA_LOCALE  sorts as the user's locale does; for ORDER BY alone
+//   LIKE            without regard to letter case, in every script
+//   MID, LEN        a part of a text counted from 1, and a text's length, in characters
+#pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+#include <memory>
+#include <vector>
+
+namespace vorlina {
+
+// "Data Source=" and the path: the connection text of a database file.
+QString ConnectionTextFor(const QString& path);
+
+class Connection {
+ public:
+  Connection();
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  // Opens the database file that the text names, which must exist; it is never created. Throws Error.
+  void Open(const QString& connectionText);
+  // Rolls back what is open and closes. Nothing happens when it is closed already.
+  void Close();
+  bool IsOpen() const { return database_ != nullptr; }
+
+  const QString& ConnectionText() const { return text_; }
+  // Full path of the database file.
+  QString DataSource() const;
+
+  // Runs one statement without a result; "?" stands for each value. Throws Error.
+  void Execute(const QString& sql, const QVariantList& values = {});
+  // How many rows the last statement changed.
+  int Changes() const;
+  // The counter value of the last row inserted.
+  qint64 LastInsertId() const;
+
+  // A transaction that writes, taken at once. Throws Error, also when one is open.
+  void BeginTrans();
+  void CommitTrans();
+  void RollbackTrans();
+  bool InTransaction() const;
+  // Rolls back a transaction that somebody left open. Never throws.
+  void RollbackIfOpen() noexcept;
+
+  // The database of SQLiteCpp. Throws Error when the connection is closed.
+  SQLite::Database& Database() const;
+
+ private:
+  std::unique_ptr<SQLite::Database> database_;
+  QString text_;
+};
+
+// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, and leaves the end to it.
+class Transaction {
+ public:
+  explicit Transaction(Connection& connection);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void Commit();
+
+ private:
+  Connection& connection_;
+  bool owns_;
+};
+
+// The rows of a query, walked forward. They are read while they are walked, so they must not outlive the procedure.
+class Rows {
+ public:
+  // Throws Error.
+  Rows(Connection& connection, const QString& sql, const QVariantList& values = {});
+
+  // Steps to the next row, at first to row one. False at the end. Throws Error.
+  bool Next();
+  int ColumnCount() const;
+  QString ColumnName(int column) const;
+  // The value of the current row: NullValue() for Null, bool for a column declared BOOLEAN. By name in any letter case;
+  // throws Error for a column that does not exist.
+  QVariant Value(int column) const;
+  QVariant Value(const QString& column) const;
+
+ private:
+  std::shared_ptr<SQLite::Statement> statement_;
+  std::vector<bool> boolean_;  // columns declared BOOLEAN
+};
+
+}  // namespace vorlina

@@ -1,0 +1,41 @@
+// Inserts, updates and deletes single rows of one table. Updates are optimistic: a row that somebody else has changed or
+// deleted meanwhile is not overwritten.
+#pragma once
+
+#include <QString>
+#include <QVariant>
+#include <vector>
+
+namespace vorlina {
+
+class Connection;
+
+// A column that is being written: its new value, and for a row that exists the value that was read.
+struct ColumnChange {
+  QString column;
+  QVariant value;
+  QVariant before;
+};
+
+class RowWriter {
+ public:
+  RowWriter() = default;
+  RowWriter(Connection& connection, QString table);
+
+  // The name of the table's counter column; empty where it has none.
+  const QString& Counter() const { return counter_; }
+  // The next number of the counter. A number is never given twice, whatever becomes of the row. Throws Error.
+  qint64 ReserveNumber();
+
+  // Each throws Error, with nothing written. Update tells a row that was changed apart from one that was deleted.
+  qint64 Insert(const std::vector<ColumnChange>& changes);
+  void Update(qint64 key, const std::vector<ColumnChange>& changes);
+  void Delete(qint64 key);
+
+ private:
+  Connection* connection_ = nullptr;
+  QString table_;
+  QString counter_;
+};
+
+}  // namespace vorlina
