@@ -94,7 +94,9 @@ void MoveFileSafely(const QString& source, const QString& target) {
     ::close(descriptor);
   }
 #endif
-  if (!failure) std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(), failure);
+  if (!failure)
+    std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(),
+                            failure);
   if (failure) FailWriting(target, QString::fromLocal8Bit(failure.message().c_str()));
   SyncFolder(QFileInfo(target).absolutePath());
 }

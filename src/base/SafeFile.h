@@ -20,8 +20,8 @@ void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>&
 // Copies a file in the same manner, replacing the target, and checks the number of bytes. Throws Error.
 void CopyFileSafely(const QString& source, const QString& target);
 
-// Gives a finished file its name, replacing what had it, once its content is on the disk. Throws Error; what had the name
-// then stays.
+// Gives a finished file its name, replacing what had it, once its content is on the disk. Throws Error; what
+// had the name then stays.
 void MoveFileSafely(const QString& source, const QString& target);
 
 // Asks the system to bring a folder's entries to the disk. A no-op where the system has no such call.

@@ -14,7 +14,8 @@ struct Code {
   QChar character;
 };
 
-// The codes of the nine characters and one that older files may hold: number 128 of the code page Windows-1252.
+// The codes of the nine characters and one that older files may hold: number 128 of the code page
+// Windows-1252.
 const std::array<Code, 10>& Codes() {
   static const std::array<Code, 10> codes = [] {
     std::array<Code, 10> table;

@@ -36,7 +36,8 @@ void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
   Transaction transaction(connection);
   if (NullToZero(OfExtension(u"IDExtension"_qs, name, connection)) == 0) {
     const bool product = !CodiceProdotto.isEmpty();
-    connection.Execute(u"INSERT INTO EXTENSIONS (ExtensionName,C,P) VALUES (?,?,?)"_qs, {name, !product, product});
+    connection.Execute(u"INSERT INTO EXTENSIONS (ExtensionName,C,P) VALUES (?,?,?)"_qs,
+                       {name, !product, product});
   }
   const bool catalogLevel = OfExtension(u"C"_qs, name, connection).toBool();
   const bool productLevel = OfExtension(u"P"_qs, name, connection).toBool();
@@ -54,13 +55,16 @@ void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
   transaction.Commit();
 }
 
-void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString&, Connection& connection) {
-  Store(u"SELECT * FROM CEXTENSION WHERE IDCATALOGO=? AND IDEXTENSION=?"_qs,
-        {{u"idcatalogo"_qs, IDCatalogo}, {u"IDExtension"_qs, OfExtension(u"IDExtension"_qs, name, connection)}}, value, connection);
+void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString&,
+                         Connection& connection) {
+  Store(
+      u"SELECT * FROM CEXTENSION WHERE IDCATALOGO=? AND IDEXTENSION=?"_qs,
+      {{u"idcatalogo"_qs, IDCatalogo}, {u"IDExtension"_qs, OfExtension(u"IDExtension"_qs, name, connection)}},
+      value, connection);
 }
 
-void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
-                         Connection& connection) {
+void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo,
+                         const QString& CodiceProdotto, Connection& connection) {
   Store(u"SELECT * FROM PEXTENSION WHERE IDCATALOGO=? AND CODICEPRODOTTO=? AND IDEXTENSION=?"_qs,
         {{u"idcatalogo"_qs, IDCatalogo},
          {u"codiceprodotto"_qs, CodiceProdotto},

@@ -1,5 +1,5 @@
-// Named values beside the fixed columns of the database, one per catalog or one per product. The program leaves its change
-// marks there, and plug-ins keep their own values.
+// Named values beside the fixed columns of the database, one per catalog or one per product. The program
+// leaves its change marks there, and plug-ins keep their own values.
 #pragma once
 
 #include <QString>
@@ -13,19 +13,20 @@ class Connection;
 inline const QString ImmagineModificata = QStringLiteral("ImmagineModificata");
 inline const QString SchedaModificata = QStringLiteral("SchedaModificata");
 
-// Keeps a value under a name. A new name gets its level from this call for good: a product's with a product code, a
-// catalog's with "". A name whose entry has no level is told to the user, and nothing is stored. All in one transaction.
-// Throws Error.
+// Keeps a value under a name. A new name gets its level from this call for good: a product's with a product
+// code, a catalog's with "". A name whose entry has no level is told to the user, and nothing is stored. All
+// in one transaction. Throws Error.
 void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
                   Connection& connection);
 
 // The two steps that serve SetExtension: one row per catalog, or product, and name, the value overwritten.
-void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
-                         Connection& connection);
-void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
-                         Connection& connection);
+void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo,
+                         const QString& CodiceProdotto, Connection& connection);
+void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo,
+                         const QString& CodiceProdotto, Connection& connection);
 
-// Both marks of a product whose row was changed or added, in one transaction: first the picture's, then the data's.
+// Both marks of a product whose row was changed or added, in one transaction: first the picture's, then the
+// data's.
 void MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection);
 
 }  // namespace vorlina

@@ -23,7 +23,9 @@ class PluginRows : public IVorlinaRows {
 
 QString PluginConnection::DataSource() const { return connection_.DataSource(); }
 
-void PluginConnection::Execute(const QString& sql, const QVariantList& values) { connection_.Execute(sql, values); }
+void PluginConnection::Execute(const QString& sql, const QVariantList& values) {
+  connection_.Execute(sql, values);
+}
 
 std::unique_ptr<IVorlinaRows> PluginConnection::Open(const QString& sql, const QVariantList& values) {
   return std::make_unique<PluginRows>(Rows(connection_, sql, values));

@@ -17,13 +17,15 @@
 namespace vorlina {
 namespace {
 
-// The most time that the check at start may take; a database too large for it is checked by "check" and before backups.
+// The most time that the check at start may take; a database too large for it is checked by "check" and
+// before backups.
 constexpr qint64 QuickCheckMilliseconds = 300;
 
 [[noreturn]] void Refuse(const QString& path, const QString& italian, const QString& english) {
   const QString name = QDir::toNativeSeparators(path);
-  throw Error(EitherLanguage(u"Il file %1 non può essere usato: "_qs, u"The file %1 cannot be used: "_qs).arg(name) +
-              EitherLanguage(italian, english));
+  throw Error(
+      EitherLanguage(u"Il file %1 non può essere usato: "_qs, u"The file %1 cannot be used: "_qs).arg(name) +
+      EitherLanguage(italian, english));
 }
 
 int Number(Connection& connection, const QString& pragma) {
@@ -81,7 +83,8 @@ QString CopyName(const QString& path, int version) {
   return name;
 }
 
-void RunMigrations(Connection& connection, const std::vector<Migration>& migrations, int from, int schemaVersion) {
+void RunMigrations(Connection& connection, const std::vector<Migration>& migrations, int from,
+                   int schemaVersion) {
   // Tables that are made anew would take rows of other tables with them.
   connection.Execute(u"PRAGMA foreign_keys=OFF"_qs);
   try {
@@ -99,7 +102,8 @@ void RunMigrations(Connection& connection, const std::vector<Migration>& migrati
   connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
 }
 
-void Migrate(Connection& connection, const QString& path, const std::vector<Migration>& migrations, int schemaVersion) {
+void Migrate(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
+             int schemaVersion) {
   const int version = Number(connection, u"user_version"_qs);
   if (version == schemaVersion) return;
   try {
@@ -127,13 +131,14 @@ void OpenCatalogDatabase(Connection& connection, const QString& path) {
   OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);
 }
 
-void OpenCatalogDatabase(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
-                         int schemaVersion) {
+void OpenCatalogDatabase(Connection& connection, const QString& path,
+                         const std::vector<Migration>& migrations, int schemaVersion) {
   try {
     OpenExamined(connection, path, schemaVersion);
     Migrate(connection, path, migrations, schemaVersion);
     // A file that somebody set to another mode; a no-op otherwise.
-    if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete") Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
+    if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete")
+      Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
   } catch (const Error& error) {
     connection.Close();
     const QString name = QDir::toNativeSeparators(path);
@@ -156,7 +161,8 @@ void BackupDatabase(Connection& connection, const QString& path) {
     Connection copied;
     copied.Open(ConnectionTextFor(temporary));
     if (const QStringList broken = CheckDatabase(copied); !broken.isEmpty())
-      throw Error(EitherLanguage(u"La copia del database non è integra: %1"_qs, u"The copy of the database is not whole: %1"_qs)
+      throw Error(EitherLanguage(u"La copia del database non è integra: %1"_qs,
+                                 u"The copy of the database is not whole: %1"_qs)
                       .arg(broken.first()));
     copied.Close();
     MoveFileSafely(temporary, path);
@@ -171,9 +177,10 @@ QStringList CheckDatabase(Connection& connection) {
   findings.removeAll(u"ok"_qs);
   Rows orphans(connection, u"PRAGMA foreign_key_check"_qs);
   while (orphans.Next())
-    findings += EitherLanguage(u"%1, riga %2: fa riferimento a una riga di %3 che non esiste"_qs,
-                               u"%1, row %2: refers to a row of %3 that does not exist"_qs)
-                    .arg(orphans.Value(0).toString(), orphans.Value(1).toString(), orphans.Value(2).toString());
+    findings +=
+        EitherLanguage(u"%1, riga %2: fa riferimento a una riga di %3 che non esiste"_qs,
+                       u"%1, row %2: refers to a row of %3 that does not exist"_qs)
+            .arg(orphans.Value(0).toString(), orphans.Value(1).toString(), orphans.Value(2).toString());
   return findings;
 }
 

@@ -22,15 +22,16 @@ struct Migration {
 // The migrations that the program knows, in order.
 std::vector<Migration> KnownMigrations();
 
-// Opens the database after a look at it: a file that is missing, empty, foreign, newer, damaged or locked is refused with
-// an Error that says what to do, before anything is written. An older one is migrated: first a verified copy beside it
+// Opens the database after a look at it: a file that is missing, empty, foreign, newer, damaged or locked is
+// refused with an Error that says what to do, before anything is written. An older one is migrated: first a
+// verified copy beside it
 // ("Catalog-v1-backup.db"), then all scripts in one transaction.
 void OpenCatalogDatabase(Connection& connection, const QString& path);
-void OpenCatalogDatabase(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
-                         int schemaVersion);
+void OpenCatalogDatabase(Connection& connection, const QString& path,
+                         const std::vector<Migration>& migrations, int schemaVersion);
 
-// Copies the database, as it stands at one moment, to a file that is checked before it gets its name. Throws Error; a file
-// that had the name then stays.
+// Copies the database, as it stands at one moment, to a file that is checked before it gets its name. Throws
+// Error; a file that had the name then stays.
 void BackupDatabase(Connection& connection, const QString& path);
 
 // What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole.

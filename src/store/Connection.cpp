@@ -19,12 +19,13 @@ constexpr int BusyMilliseconds = 5000;
 QString SourceOf(const QString& text) {
   const QString key = QString::fromUtf16(DataSourceKey);
   if (!text.startsWith(key, Qt::CaseInsensitive))
-    throw Error(EitherLanguage(u"Testo di connessione non valido: %1"_qs, u"Not a connection text: %1"_qs).arg(text));
+    throw Error(
+        EitherLanguage(u"Testo di connessione non valido: %1"_qs, u"Not a connection text: %1"_qs).arg(text));
   return text.mid(key.size());
 }
 
-// What docs/decisions.md says of the database's settings. DQS off: a text in double quotes that names no column is an
-// error instead of a text.
+// What docs/decisions.md says of the database's settings. DQS off: a text in double quotes that names no
+// column is an error instead of a text.
 void Configure(SQLite::Database& database) {
   sqlite3* handle = database.getHandle();
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -48,12 +49,14 @@ void Connection::Open(const QString& connectionText) {
   Close();
   const QString path = SourceOf(connectionText);
   if (!QFileInfo(path).isFile())
-    throw Error(EitherLanguage(u"Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma."_qs,
-                               u"The database %1 does not exist. Restore a backup or install the program again."_qs)
-                    .arg(QDir::toNativeSeparators(path)));
+    throw Error(
+        EitherLanguage(
+            u"Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma."_qs,
+            u"The database %1 does not exist. Restore a backup or install the program again."_qs)
+            .arg(QDir::toNativeSeparators(path)));
   database_ = WithStoreErrors([&] {
-    auto database =
-        std::make_unique<SQLite::Database>(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE, BusyMilliseconds);
+    auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE,
+                                                       BusyMilliseconds);
     Configure(*database);
     return database;
   });
@@ -90,13 +93,16 @@ void Connection::BeginTrans() { Execute(u"BEGIN IMMEDIATE"_qs); }
 void Connection::CommitTrans() { Execute(u"COMMIT"_qs); }
 void Connection::RollbackTrans() { Execute(u"ROLLBACK"_qs); }
 
-bool Connection::InTransaction() const { return IsOpen() && sqlite3_get_autocommit(database_->getHandle()) == 0; }
+bool Connection::InTransaction() const {
+  return IsOpen() && sqlite3_get_autocommit(database_->getHandle()) == 0;
+}
 
 void Connection::RollbackIfOpen() noexcept {
   if (InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-Transaction::Transaction(Connection& connection) : connection_(connection), owns_(!connection.InTransaction()) {
+Transaction::Transaction(Connection& connection)
+    : connection_(connection), owns_(!connection.InTransaction()) {
   if (owns_) connection_.BeginTrans();
 }
 
@@ -114,7 +120,8 @@ Rows::Rows(Connection& connection, const QString& sql, const QVariantList& value
   WithStoreErrors([&] {
     statement_ = std::make_shared<SQLite::Statement>(Prepare(connection.Database(), sql));
     BindValues(*statement_, values);
-    for (int i = 0; i < statement_->getColumnCount(); ++i) boolean_.push_back(IsBooleanColumn(*statement_, i));
+    for (int i = 0; i < statement_->getColumnCount(); ++i)
+      boolean_.push_back(IsBooleanColumn(*statement_, i));
   });
 }
 

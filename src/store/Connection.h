@@ -1,5 +1,6 @@
-// The connection to a catalog database: SQL without a result, queries walked forward, transactions. Every connection has
-// the safe settings (docs/decisions.md) and the collations and functions that the program's SQL uses:
+// The connection to a catalog database: SQL without a result, queries walked forward, transactions. Every
+// connection has the safe settings (docs/decisions.md) and the collations and functions that the program's
+// SQL uses:
 //
 //   VORLINA_TEXT    compares texts without regard to letter case, in every script
 //   VORLINA_LOCALE  sorts as the user's locale does; for ORDER BY alone
@@ -60,7 +61,8 @@ class Connection {
   QString text_;
 };
 
-// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, and leaves the end to it.
+// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, and leaves the
+// end to it.
 class Transaction {
  public:
   explicit Transaction(Connection& connection);
@@ -75,7 +77,8 @@ class Transaction {
   bool owns_;
 };
 
-// The rows of a query, walked forward. They are read while they are walked, so they must not outlive the procedure.
+// The rows of a query, walked forward. They are read while they are walked, so they must not outlive the
+// procedure.
 class Rows {
  public:
   // Throws Error.
@@ -85,8 +88,8 @@ class Rows {
   bool Next();
   int ColumnCount() const;
   QString ColumnName(int column) const;
-  // The value of the current row: NullValue() for Null, bool for a column declared BOOLEAN. By name in any letter case;
-  // throws Error for a column that does not exist.
+  // The value of the current row: NullValue() for Null, bool for a column declared BOOLEAN. By name in any
+  // letter case; throws Error for a column that does not exist.
   QVariant Value(int column) const;
   QVariant Value(const QString& column) const;
 

@@ -11,11 +11,12 @@ namespace {
 Q_LOGGING_CATEGORY(store, "vorlina.store")
 }
 
-QVariant GetValue(const QString& expression, const QString& table, Connection& connection, const QString& where,
-                  const QVariantList& values) {
+QVariant GetValue(const QString& expression, const QString& table, Connection& connection,
+                  const QString& where, const QVariantList& values) {
   const QString clause = where.isEmpty() ? QString() : u" WHERE "_qs + where;
   try {
-    Rows rows(connection, u"SELECT "_qs + expression + u" As Result FROM "_qs + table + u' ' + clause, values);
+    Rows rows(connection, u"SELECT "_qs + expression + u" As Result FROM "_qs + table + u' ' + clause,
+              values);
     return rows.Next() ? rows.Value(0) : NullValue();
   } catch (const std::exception& error) {
     qCDebug(store) << "GetValue" << expression << table << where << DescriptionOf(error);

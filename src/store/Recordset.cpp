@@ -69,13 +69,16 @@ void Recordset::Analyse() {
     }
   }
   if (cursor_ == CursorType::Keyset && !select_)
-    throw Error(EitherLanguage(u"L'interrogazione non è modificabile: %1"_qs, u"The query has no live rows: %1"_qs).arg(source_));
+    throw Error(
+        EitherLanguage(u"L'interrogazione non è modificabile: %1"_qs, u"The query has no live rows: %1"_qs)
+            .arg(source_));
 }
 
 QString Recordset::KeyStatement() const {
   const QString filter = filterColumn_.isEmpty() ? QString() : QuoteName(filterColumn_) + u" IS ?"_qs;
   const QString where = select_->WhereAnd(filter);
-  return u" FROM "_qs + select_->from + (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u' ' + select_->tail;
+  return u" FROM "_qs + select_->from + (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u' ' +
+         select_->tail;
 }
 
 QVariantList Recordset::KeyValues() const {
@@ -111,7 +114,8 @@ void Recordset::Load() {
       rows_->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows_->Count() + 1);
       if (!snapshot) continue;
       Row row;
-      for (int i = 0; i < fields_.Count(); ++i) row.push_back(ColumnValue(statement, first + i, fields_.At(i).boolean));
+      for (int i = 0; i < fields_.Count(); ++i)
+        row.push_back(ColumnValue(statement, first + i, fields_.At(i).boolean));
       rows_->rows.push_back(std::move(row));
     }
   });
@@ -121,7 +125,8 @@ void Recordset::Load() {
 
 void Recordset::Requery() {
   if (connection_ == nullptr)
-    throw Error(EitherLanguage(u"L'elenco non è aperto: manca il database"_qs, u"The list is not open: there is no database"_qs));
+    throw Error(EitherLanguage(u"L'elenco non è aperto: manca il database"_qs,
+                               u"The list is not open: there is no database"_qs));
   CancelUpdate();
   Load();
 }
@@ -262,13 +267,15 @@ qint64 Recordset::CurrentKey() const {
   return rows_->keys[std::size_t(index_)];
 }
 
-// The keys of the rows whose column has the value, in ascending order: one statement, whatever the number of rows.
+// The keys of the rows whose column has the value, in ascending order: one statement, whatever the number of
+// rows.
 std::vector<qint64> Recordset::MatchingKeys(const QString& column, const QVariant& value) const {
   const Field& field = fields_.At(fields_.IndexOf(column));
   const QString condition = QuoteName(field.column) + u" IS ?"_qs;
   return WithStoreErrors([&] {
     SQLite::Statement statement =
-        Prepare(connection_->Database(), u"SELECT rowid FROM "_qs + select_->from + u" WHERE "_qs + select_->WhereAnd(condition));
+        Prepare(connection_->Database(),
+                u"SELECT rowid FROM "_qs + select_->from + u" WHERE "_qs + select_->WhereAnd(condition));
     BindValues(statement, values_ + QVariantList{value});
     std::vector<qint64> keys;
     while (statement.executeStep()) keys.push_back(statement.getColumn(0).getInt64());
@@ -308,14 +315,17 @@ void Recordset::ClearFilter() {
 void Recordset::RequireSearchable(const QString& column) const {
   RequireScrolling();
   if (!select_ || fields_.At(fields_.IndexOf(column)).column.isEmpty())
-    throw Error(EitherLanguage(u"Non si può cercare nella colonna %1"_qs, u"The column %1 cannot be searched"_qs).arg(column));
+    throw Error(
+        EitherLanguage(u"Non si può cercare nella colonna %1"_qs, u"The column %1 cannot be searched"_qs)
+            .arg(column));
 }
 
 std::optional<Recordset::Row> Recordset::FetchRow(qint64 key) const {
   return WithStoreErrors([&]() -> std::optional<Row> {
     if (rowStatement_ == nullptr)
       rowStatement_ = std::make_shared<SQLite::Statement>(
-          Prepare(connection_->Database(), u"SELECT "_qs + select_->list + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
+          Prepare(connection_->Database(),
+                  u"SELECT "_qs + select_->list + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
     SQLite::Statement& statement = *rowStatement_;
     struct Reset {
       SQLite::Statement& statement;
@@ -335,8 +345,9 @@ const Recordset::Row& Recordset::CurrentRow() const {
   if (cursor_ == CursorType::Static) return rows_->rows[std::size_t(index_)];
   if (!current_) current_ = FetchRow(CurrentKey());
   if (!current_)
-    throw Error(EitherLanguage(u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
-                               u"The row was deleted meanwhile by another window or program."_qs));
+    throw Error(EitherLanguage(
+        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was deleted meanwhile by another window or program."_qs));
   return *current_;
 }
 
@@ -359,14 +370,17 @@ QVariant Recordset::Value(int column) const {
   return editMode_ == EditMode::Add ? NullValue() : CurrentRow()[std::size_t(column)];
 }
 
-void Recordset::SetValue(const QString& column, const QVariant& value) { SetValue(fields_.IndexOf(column), value); }
+void Recordset::SetValue(const QString& column, const QVariant& value) {
+  SetValue(fields_.IndexOf(column), value);
+}
 
 void Recordset::SetValue(int column, const QVariant& value) {
   RequireUpdatable();
   const Field& field = fields_.At(column);
   const bool counter = field.column == writer_.Counter() && !field.column.isEmpty();
   if (field.column.isEmpty() || (counter && editMode_ != EditMode::Add))
-    throw Error(EitherLanguage(u"La colonna %1 non è modificabile"_qs, u"The column %1 cannot be changed"_qs).arg(field.name));
+    throw Error(EitherLanguage(u"La colonna %1 non è modificabile"_qs, u"The column %1 cannot be changed"_qs)
+                    .arg(field.name));
   if (editMode_ == EditMode::None) {
     CurrentRow();
     edits_.assign(std::size_t(fields_.Count()), {});

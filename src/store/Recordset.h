@@ -1,8 +1,10 @@
-// A result set that one row at a time is looked at, and changed. Everything that lists or edits rows goes through it.
+// A result set that one row at a time is looked at, and changed. Everything that lists or edits rows goes
+// through it.
 //
-// A keyset recordset is live: opening it reads the row keys alone (8 bytes a row), and a row is fetched by its key when it
-// is looked at, so that it shows what others have written. A static one is a snapshot. A forward one is read while it is
-// walked, once, and must be closed in the procedure that opened it; the others leave no statement open.
+// A keyset recordset is live: opening it reads the row keys alone (8 bytes a row), and a row is fetched by
+// its key when it is looked at, so that it shows what others have written. A static one is a snapshot. A
+// forward one is read while it is walked, once, and must be closed in the procedure that opened it; the
+// others leave no statement open.
 //
 // Columns are named in any letter case, and Null is distinct. All members throw Error.
 #pragma once
@@ -34,7 +36,8 @@ class Recordset {
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
 
-  // Opens a SELECT; "?" stands for each value. A keyset needs a plain SELECT on one table. It stands on the first row.
+  // Opens a SELECT; "?" stands for each value. A keyset needs a plain SELECT on one table. It stands on the
+  // first row.
   void Open(const QString& source, Connection& connection, CursorType cursor, LockType lock,
             const QVariantList& values = {});
   // Nothing happens when it is closed already; what is being edited is given up.
@@ -69,8 +72,9 @@ class Recordset {
   // Throws Error when the row is not there any more.
   void SetBookmark(qint64 bookmark);
 
-  // Goes to the next row, skip rows on from the current one, whose column has the value, or to the end: past the last row,
-  // or before the first one when walking back. Texts compare as the column does. True when one was found.
+  // Goes to the next row, skip rows on from the current one, whose column has the value, or to the end: past
+  // the last row, or before the first one when walking back. Texts compare as the column does. True when one
+  // was found.
   bool Find(const QString& column, const QVariant& value, int skip = 0, bool forward = true);
   // Shows only the rows whose column has the value, from the first on. Without arguments, all rows again.
   void SetFilter(const QString& column, const QVariant& value);
@@ -83,12 +87,14 @@ class Recordset {
   // Whether the current row is still in the database.
   bool RowExists() const;
 
-  // Begins to change the current row, or goes on with it. An expression cannot be set, nor a counter of a row that exists.
+  // Begins to change the current row, or goes on with it. An expression cannot be set, nor a counter of a row
+  // that exists.
   void SetValue(const QString& column, const QVariant& value);
   void SetValue(int column, const QVariant& value);
   // Begins a new row; its counter is known at once. A column that is not set gets the table's default.
   void AddNew();
-  // Writes what was set. After a failure the row stays in edit. A row that was added is current, and the last one.
+  // Writes what was set. After a failure the row stays in edit. A row that was added is current, and the last
+  // one.
   void Update();
   void CancelUpdate();
   // Deletes the current row; MoveNext then goes to the one behind it.

@@ -12,7 +12,8 @@ void RecordsetFields::Read(SQLite::Database& database, const QString& sql) {
   fields_.clear();
   positions_.clear();
   sqlite3_stmt* prepared = nullptr;
-  const int result = sqlite3_prepare_v2(database.getHandle(), sql.toUtf8().constData(), -1, &prepared, nullptr);
+  const int result =
+      sqlite3_prepare_v2(database.getHandle(), sql.toUtf8().constData(), -1, &prepared, nullptr);
   if (result != SQLITE_OK) throw SQLite::Exception(database.getHandle(), result);
   for (int i = 0; i < sqlite3_column_count(prepared); ++i) {
     Field field;

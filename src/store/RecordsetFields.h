@@ -1,5 +1,5 @@
-// The columns of a recordset: their names as the statement gives them, and the table columns behind them, as the prepared
-// statement tells.
+// The columns of a recordset: their names as the statement gives them, and the table columns behind them, as
+// the prepared statement tells.
 #pragma once
 
 #include <QHash>

@@ -14,8 +14,10 @@ namespace {
 
 // A table's counter is its INTEGER PRIMARY KEY declared AUTOINCREMENT.
 QString CounterOf(Connection& connection, const QString& table) {
-  Rows declared(connection, u"SELECT sql FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE"_qs, {table});
-  if (!declared.Next() || !declared.Value(0).toString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive)) return {};
+  Rows declared(connection, u"SELECT sql FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE"_qs,
+                {table});
+  if (!declared.Next() || !declared.Value(0).toString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
+    return {};
   Rows key(connection, u"SELECT name FROM pragma_table_info(?) WHERE pk=1"_qs, {table});
   return key.Next() ? key.Value(0).toString() : QString();
 }
@@ -27,13 +29,14 @@ qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& 
 
 }  // namespace
 
-RowWriter::RowWriter(Connection& connection, QString table) : connection_(&connection), table_(std::move(table)) {
+RowWriter::RowWriter(Connection& connection, QString table)
+    : connection_(&connection), table_(std::move(table)) {
   counter_ = CounterOf(connection, table_);
 }
 
 qint64 RowWriter::ReserveNumber() {
-  // A rollback takes back what sqlite_sequence was told, so the numbers given by this process are remembered besides: a
-  // file may already bear one.
+  // A rollback takes back what sqlite_sequence was told, so the numbers given by this process are remembered
+  // besides: a file may already bear one.
   static std::map<QString, qint64> given;
   qint64& last = given[connection_->DataSource() + u'|' + table_.toCaseFolded()];
   Transaction transaction(*connection_);
@@ -57,9 +60,9 @@ qint64 RowWriter::Insert(const std::vector<ColumnChange>& changes) {
     marks += u"?"_qs;
     values += change.value;
   }
-  const QString content = columns.isEmpty()
-                              ? u" DEFAULT VALUES"_qs
-                              : QString(u" ("_qs + columns.join(u',') + u") VALUES ("_qs + marks.join(u',') + u')');
+  const QString content =
+      columns.isEmpty() ? u" DEFAULT VALUES"_qs
+                        : QString(u" ("_qs + columns.join(u',') + u") VALUES ("_qs + marks.join(u',') + u')');
   connection_->Execute(u"INSERT INTO "_qs + QuoteName(table_) + content, values);
   return connection_->LastInsertId();
 }
@@ -83,10 +86,12 @@ void RowWriter::Update(qint64 key, const std::vector<ColumnChange>& changes) {
                        values);
   if (connection_->Changes() > 0) return;
   if (NumberOf(*connection_, u"SELECT COUNT(*) FROM %1 WHERE rowid=?"_qs.arg(QuoteName(table_)), {key}) == 0)
-    throw Error(EitherLanguage(u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
-                               u"The row was deleted meanwhile by another window or program."_qs));
-  throw Error(EitherLanguage(u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
-                             u"The row was changed meanwhile by another window or program."_qs));
+    throw Error(EitherLanguage(
+        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was deleted meanwhile by another window or program."_qs));
+  throw Error(EitherLanguage(
+      u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
+      u"The row was changed meanwhile by another window or program."_qs));
 }
 
 void RowWriter::Delete(qint64 key) {

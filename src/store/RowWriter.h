@@ -1,5 +1,5 @@
-// Inserts, updates and deletes single rows of one table. Updates are optimistic: a row that somebody else has changed or
-// deleted meanwhile is not overwritten.
+// Inserts, updates and deletes single rows of one table. Updates are optimistic: a row that somebody else has
+// changed or deleted meanwhile is not overwritten.
 #pragma once
 
 #include <QString>
@@ -27,7 +27,8 @@ class RowWriter {
   // The next number of the counter. A number is never given twice, whatever becomes of the row. Throws Error.
   qint64 ReserveNumber();
 
-  // Each throws Error, with nothing written. Update tells a row that was changed apart from one that was deleted.
+  // Each throws Error, with nothing written. Update tells a row that was changed apart from one that was
+  // deleted.
   qint64 Insert(const std::vector<ColumnChange>& changes);
   void Update(qint64 key, const std::vector<ColumnChange>& changes);
   void Delete(qint64 key);

@@ -49,10 +49,12 @@ std::vector<Word> TopLevelWords(const QString& sql) {
 
 // The words that end one clause and begin the next.
 constexpr const char16_t* TailWords[] = {u"ORDER", u"LIMIT"};
-constexpr const char16_t* OtherShapes[] = {u"DISTINCT", u"GROUP", u"HAVING", u"UNION", u"EXCEPT", u"INTERSECT", u"WINDOW"};
+constexpr const char16_t* OtherShapes[] = {u"DISTINCT", u"GROUP",     u"HAVING", u"UNION",
+                                           u"EXCEPT",   u"INTERSECT", u"WINDOW"};
 
 bool IsOneOf(const QString& word, const auto& list) {
-  return std::any_of(std::begin(list), std::end(list), [&](const char16_t* other) { return word == QStringView(other); });
+  return std::any_of(std::begin(list), std::end(list),
+                     [&](const char16_t* other) { return word == QStringView(other); });
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// A SELECT text cut into its clauses, so that a live recordset can ask for its keys and its rows apart; and the one place
-// that quotes names for SQL.
+// A SELECT text cut into its clauses, so that a live recordset can ask for its keys and its rows apart; and
+// the one place that quotes names for SQL.
 #pragma once
 
 #include <QString>
@@ -19,8 +19,8 @@ struct SelectStatement {
   // The condition and one more.
   QString WhereAnd(const QString& condition) const;
 
-  // Cuts a plain SELECT. Nothing for any other statement, and for one whose rows are no rows of a table: DISTINCT,
-  // GROUP BY, UNION and the like.
+  // Cuts a plain SELECT. Nothing for any other statement, and for one whose rows are no rows of a table:
+  // DISTINCT, GROUP BY, UNION and the like.
   static std::optional<SelectStatement> Parse(const QString& sql);
 };
 

@@ -10,12 +10,14 @@
 namespace vorlina {
 namespace {
 
-unsigned char FoldAscii(unsigned char c) { return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c + 32) : c; }
+unsigned char FoldAscii(unsigned char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c + 32) : c;
+}
 
 QString Text(const void* bytes, int size) { return QString::fromUtf8(static_cast<const char*>(bytes), size); }
 
-// Compares by case folding. Texts that are ASCII up to their first difference, which is nearly all of them, are never
-// converted; the rest is folded from that place on, so that both ways give one order.
+// Compares by case folding. Texts that are ASCII up to their first difference, which is nearly all of them,
+// are never converted; the rest is folded from that place on, so that both ways give one order.
 int CompareText(void*, int sizeA, const void* a, int sizeB, const void* b) {
   const auto* bytesA = static_cast<const unsigned char*>(a);
   const auto* bytesB = static_cast<const unsigned char*>(b);
@@ -46,7 +48,8 @@ void ResultText(sqlite3_context* context, const QString& text) {
 }
 
 bool AnyNull(int count, sqlite3_value** arguments) {
-  return std::any_of(arguments, arguments + count, [](sqlite3_value* v) { return sqlite3_value_type(v) == SQLITE_NULL; });
+  return std::any_of(arguments, arguments + count,
+                     [](sqlite3_value* v) { return sqlite3_value_type(v) == SQLITE_NULL; });
 }
 
 // MID(text, start) and MID(text, start, length), counted from 1.
@@ -62,7 +65,8 @@ void Len(sqlite3_context* context, int count, sqlite3_value** arguments) {
   sqlite3_result_int64(context, ArgumentText(arguments[0]).size());
 }
 
-// "%" stands for any run of characters, "_" for one; the escape character, where one is given, makes them plain.
+// "%" stands for any run of characters, "_" for one; the escape character, where one is given, makes them
+// plain.
 bool Matches(QStringView pattern, QStringView text, QChar escape) {
   qsizetype p = 0;
   qsizetype t = 0;
@@ -93,8 +97,9 @@ bool Matches(QStringView pattern, QStringView text, QChar escape) {
 void Like(sqlite3_context* context, int count, sqlite3_value** arguments) {
   if (AnyNull(count, arguments)) return sqlite3_result_null(context);
   const QString escape = count > 2 ? ArgumentText(arguments[2]) : QString();
-  const bool matches = Matches(ArgumentText(arguments[0]).toCaseFolded(), ArgumentText(arguments[1]).toCaseFolded(),
-                               escape.isEmpty() ? QChar() : escape[0]);
+  const bool matches =
+      Matches(ArgumentText(arguments[0]).toCaseFolded(), ArgumentText(arguments[1]).toCaseFolded(),
+              escape.isEmpty() ? QChar() : escape[0]);
   sqlite3_result_int(context, matches ? 1 : 0);
 }
 
@@ -106,14 +111,18 @@ void Check(SQLite::Database& database, int result) {
 
 void RegisterSqlExtensions(SQLite::Database& database) {
   sqlite3* handle = database.getHandle();
-  Check(database, sqlite3_create_collation_v2(handle, "VORLINA_TEXT", SQLITE_UTF8, nullptr, CompareText, nullptr));
+  Check(database,
+        sqlite3_create_collation_v2(handle, "VORLINA_TEXT", SQLITE_UTF8, nullptr, CompareText, nullptr));
   auto collator = std::make_unique<QCollator>();
   collator->setCaseSensitivity(Qt::CaseInsensitive);
-  Check(database, sqlite3_create_collation_v2(handle, "VORLINA_LOCALE", SQLITE_UTF8, collator.release(), CompareByLocale,
+  Check(database, sqlite3_create_collation_v2(handle, "VORLINA_LOCALE", SQLITE_UTF8, collator.release(),
+                                              CompareByLocale,
                                               [](void* object) { delete static_cast<QCollator*>(object); }));
   constexpr int Flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  const auto add = [&](const char* name, int arguments, void (*function)(sqlite3_context*, int, sqlite3_value**)) {
-    Check(database, sqlite3_create_function_v2(handle, name, arguments, Flags, nullptr, function, nullptr, nullptr, nullptr));
+  const auto add = [&](const char* name, int arguments,
+                       void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+    Check(database, sqlite3_create_function_v2(handle, name, arguments, Flags, nullptr, function, nullptr,
+                                               nullptr, nullptr));
   };
   add("MID", 2, Mid);
   add("MID", 3, Mid);

@@ -26,8 +26,10 @@ QString ConstraintText(const SQLite::Exception& failure) {
       return EitherLanguage(u"La riga fa riferimento a un catalogo o a un prodotto che non esiste più."_qs,
                             u"The row refers to a catalog or a product that no longer exists."_qs);
     case SQLITE_CONSTRAINT_NOTNULL:
-      return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs).arg(columns);
-    default: return message;
+      return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs)
+          .arg(columns);
+    default:
+      return message;
   }
 }
 
@@ -39,8 +41,9 @@ QString FailureText(const SQLite::Exception& failure) {
                             u"The database is in use by another program. Close it and try again."_qs);
     case SQLITE_READONLY:
     case SQLITE_PERM:
-      return EitherLanguage(u"Il database è di sola lettura. Controllare i permessi del file e della sua cartella."_qs,
-                            u"The database is read-only. Check the permissions of the file and of its folder."_qs);
+      return EitherLanguage(
+          u"Il database è di sola lettura. Controllare i permessi del file e della sua cartella."_qs,
+          u"The database is read-only. Check the permissions of the file and of its folder."_qs);
     case SQLITE_FULL:
       return EitherLanguage(u"Il disco è pieno. Liberare spazio e riprovare."_qs,
                             u"The disk is full. Free some space and try again."_qs);
@@ -53,8 +56,10 @@ QString FailureText(const SQLite::Exception& failure) {
       return EitherLanguage(u"Il file del database non può essere letto o scritto (%1)."_qs,
                             u"The database file cannot be read or written (%1)."_qs)
           .arg(QString::fromUtf8(failure.what()));
-    case SQLITE_CONSTRAINT: return ConstraintText(failure);
-    default: return QString::fromUtf8(failure.what());
+    case SQLITE_CONSTRAINT:
+      return ConstraintText(failure);
+    default:
+      return QString::fromUtf8(failure.what());
   }
 }
 
@@ -74,19 +79,27 @@ void BindValues(SQLite::Statement& statement, const QVariantList& values, int fi
       continue;
     }
     switch (value.typeId()) {
-      case QMetaType::Bool: statement.bind(index, value.toBool() ? 1 : 0); break;
+      case QMetaType::Bool:
+        statement.bind(index, value.toBool() ? 1 : 0);
+        break;
       case QMetaType::Int:
       case QMetaType::UInt:
       case QMetaType::LongLong:
-      case QMetaType::ULongLong: statement.bind(index, static_cast<int64_t>(value.toLongLong())); break;
+      case QMetaType::ULongLong:
+        statement.bind(index, static_cast<int64_t>(value.toLongLong()));
+        break;
       case QMetaType::Double:
-      case QMetaType::Float: statement.bind(index, value.toDouble()); break;
+      case QMetaType::Float:
+        statement.bind(index, value.toDouble());
+        break;
       case QMetaType::QByteArray: {
         const QByteArray bytes = value.toByteArray();
         statement.bind(index, bytes.constData(), int(bytes.size()));
         break;
       }
-      default: statement.bind(index, value.toString().toStdString()); break;
+      default:
+        statement.bind(index, value.toString().toStdString());
+        break;
     }
   }
 }
@@ -102,12 +115,15 @@ bool IsBooleanColumn(const SQLite::Statement& statement, int column) {
 QVariant ColumnValue(const SQLite::Statement& statement, int index, bool boolean) {
   const SQLite::Column column = statement.getColumn(index);
   switch (column.getType()) {
-    case SQLITE_NULL: return NullValue();
+    case SQLITE_NULL:
+      return NullValue();
     case SQLITE_INTEGER:
       if (boolean) return column.getInt() != 0;
       return qlonglong(column.getInt64());
-    case SQLITE_FLOAT: return column.getDouble();
-    case SQLITE_BLOB: return QByteArray(static_cast<const char*>(column.getBlob()), column.getBytes());
+    case SQLITE_FLOAT:
+      return column.getDouble();
+    case SQLITE_BLOB:
+      return QByteArray(static_cast<const char*>(column.getBlob()), column.getBytes());
     default: {
       const char* text = column.getText();
       return QString::fromUtf8(text, column.getBytes());

@@ -1,4 +1,5 @@
-// What the store's own files share of SQLite: values in and out, and its failures as Errors. Not for use outside.
+// What the store's own files share of SQLite: values in and out, and its failures as Errors. Not for use
+// outside.
 #pragma once
 
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -1,0 +1,57 @@
+// An empty catalog database, made from the delivered schema, in a temporary application folder.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "base/AppPath.h"
+#include "base/Language.h"
+#include "store/Connection.h"
+#include "store/GetValue.h"
+#include "store/Sqlite.h"
+
+namespace vorlina {
+
+// Runs the schema on a new file.
+inline void MakeDatabase(const QString& path) {
+  QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
+  ASSERT_TRUE(schema.open(QIODevice::ReadOnly));
+  SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  RegisterSqlExtensions(database);
+  database.exec(schema.readAll().toStdString());
+}
+
+class StoreFixture : public testing::Test {
+ protected:
+  StoreFixture() {
+    SetLanguage(u"English"_qs);
+    SetAppPath(folder_.path());
+    QDir(folder_.path()).mkdir(u"Images"_qs);
+    MakeDatabase(Path());
+    connection_.Open(ConnectionTextFor(Path()));
+  }
+
+  QString Path() const { return AppFile(u"Catalog.db"_qs); }
+
+  int AddCatalog(const QString& name) {
+    connection_.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES (?)"_qs, {name});
+    return int(connection_.LastInsertId());
+  }
+  void AddProduct(int catalog, const QString& code, const QVariant& order = {}) {
+    connection_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,OrdineTemp) VALUES (?,?,?)"_qs,
+                        {catalog, code, order});
+  }
+  QVariant One(const QString& expression, const QString& table, const QString& where = {},
+               const QVariantList& values = {}) {
+    return GetValue(expression, table, connection_, where, values);
+  }
+  int Count(const QString& table) { return One(u"COUNT(*)"_qs, table).toInt(); }
+
+  const QTemporaryDir folder_;
+  Connection connection_;
+};
+
+}  // namespace vorlina
