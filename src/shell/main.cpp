@@ -30,7 +30,7 @@ int main(int, char** argv) {
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
-  QApplication::setWindowIcon(QIcon(u":/shell/vorlina.svg"_qs));
+  QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);
