@@ -100,8 +100,10 @@ class Meter {
   }
   void CountBytes(qint64 bytes) {
     bytes_ += bytes;
-    if (bytes_ > limits_.bytes || (limits_.ratio > 0 && bytes_ / limits_.ratio > archiveSize_))
-      Refuse(u"Il contenuto dell'archivio è troppo grande"_qs, u"The content of the archive is too large"_qs);
+    if (bytes_ > limits_.bytes || (limits_.ratio > 0 && bytes_ / limits_.ratio >= archiveSize_))
+      throw Error(EitherLanguage(u"Il contenuto dell'archivio è troppo grande (al massimo %1 MB)"_qs,
+                                 u"The content of the archive is too large (at most %1 MB)"_qs)
+                      .arg(limits_.bytes / 1'000'000));
   }
 
  private:
