@@ -124,9 +124,11 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   return *factory;
 }
 
+VorlinaHost HostOfPlugins() { return {Language, AppPath(), DeliveredPath()}; }
+
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
   std::unique_ptr<IVorlinaPlugin> plugin;
-  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(Language); });
+  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins()); });
   Needed(plugin);
   return plugin;
 }

@@ -30,6 +30,9 @@ QStringList InstalledPlugins(const QString& folder);
 // cannot be loaded.
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier);
 
+// What plug-ins are told of this program.
+VorlinaHost HostOfPlugins();
+
 // A new plug-in object in the program's language. Throws Error, also for what the plug-in itself throws.
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier);
 

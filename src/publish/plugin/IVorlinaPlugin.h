@@ -8,8 +8,8 @@
 //     Q_PLUGIN_METADATA(IID VORLINA_PLUGIN_IID)
 //     Q_INTERFACES(IVorlinaPluginFactory)
 //    public:
-//     std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) override {
-//       return std::make_unique<MyPlugin>(language);
+//     std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) override {
+//       return std::make_unique<MyPlugin>(host);
 //     }
 //   };
 //
@@ -94,15 +94,21 @@ class IVorlinaFolderPublisher {
                          IVorlinaProgress& progress) = 0;
 };
 
+// What a plug-in is told of the program that it works in.
+struct VorlinaHost {
+  QString language;           // "Italian" or "English", that of the program's windows
+  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in "PubWiz"
+  QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
+};
+
 // The root object of a plug-in library.
 class IVorlinaPluginFactory {
  public:
   virtual ~IVorlinaPluginFactory() = default;
-  // language is "Italian" or "English", that of the program's windows.
-  virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) = 0;
+  virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) = 0;
   // Null where the plug-in has no such interface.
-  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const QString& language) {
-    Q_UNUSED(language);
+  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost& host) {
+    Q_UNUSED(host);
     return nullptr;
   }
 };
