@@ -22,6 +22,9 @@ QString DefaultPlugins();
 // The setting split at ";", empty pieces included. No identifier at all when no language is set.
 QStringList PluginIdentifiers();
 
+// The identifiers of the libraries in "PubWiz" below a folder, by name.
+QStringList InstalledPlugins(const QString& folder);
+
 // The factory of the library named after the identifier in "PubWiz": the user's own first, then the delivered
 // one. Throws Error when there is none, when it was built for another version of the interface, or when it
 // cannot be loaded.

@@ -2,6 +2,7 @@
 
 #include "base/AppPath.h"
 #include "base/WidgetDialogs.h"
+#include "catalogs/RestoreSwap.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "support/frmSplash.h"
@@ -13,6 +14,8 @@ namespace {
 void ShowMainWindow(frmCatalogs& catalogs) {
   // What fails here is shown; the window comes all the same, so that the user sees where it stands.
   try {
+    // First of all: what is delivered must not be copied to where a restore is half done.
+    if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) qInfo().noquote() << told;
     PrepareAppPath();
   } catch (...) {
     ShowUnhandled();

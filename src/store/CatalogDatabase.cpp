@@ -172,6 +172,16 @@ void BackupDatabase(Connection& connection, const QString& path) {
   }
 }
 
+bool IsDatabaseLocked(const QString& path) {
+  try {
+    SQLite::Database database(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("BEGIN EXCLUSIVE; ROLLBACK");
+    return false;
+  } catch (const SQLite::Exception& failure) {
+    return failure.getErrorCode() == SQLITE_BUSY;
+  }
+}
+
 QStringList CheckDatabase(Connection& connection) {
   QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
   findings.removeAll(u"ok"_qs);

@@ -34,6 +34,9 @@ void OpenCatalogDatabase(Connection& connection, const QString& path,
 // Error; a file that had the name then stays.
 void BackupDatabase(Connection& connection, const QString& path);
 
+// Whether somebody is changing the database at this moment. A file that is no database is not locked.
+bool IsDatabaseLocked(const QString& path);
+
 // What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole.
 QStringList CheckDatabase(Connection& connection);
 

@@ -47,7 +47,20 @@ Connection::~Connection() { Close(); }
 
 void Connection::Open(const QString& connectionText) {
   Close();
-  const QString path = SourceOf(connectionText);
+  try {
+    OpenFile(SourceOf(connectionText));
+    text_ = connectionText;
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+void Connection::OpenFile(const QString& path) {
+  if (!hold_.Share(QFileInfo(path).absolutePath(), BusyMilliseconds))
+    throw Error(
+        EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
+                       u"The catalogs are being restored. Wait until that has finished and try again."_qs));
   if (!QFileInfo(path).isFile())
     throw Error(
         EitherLanguage(
@@ -60,12 +73,12 @@ void Connection::Open(const QString& connectionText) {
     Configure(*database);
     return database;
   });
-  text_ = connectionText;
 }
 
 void Connection::Close() {
   RollbackIfOpen();
   database_.reset();
+  hold_.Release();
 }
 
 QString Connection::DataSource() const { return SourceOf(text_); }

@@ -16,6 +16,8 @@
 #include <memory>
 #include <vector>
 
+#include "base/FolderHold.h"
+
 namespace vorlina {
 
 // "Data Source=" and the path: the connection text of a database file.
@@ -28,7 +30,8 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  // Opens the database file that the text names, which must exist; it is never created. Throws Error.
+  // Opens the database file that the text names, which must exist; it is never created. Until it is closed,
+  // no restore takes the file's folder. Throws Error.
   void Open(const QString& connectionText);
   // Rolls back what is open and closes. Nothing happens when it is closed already.
   void Close();
@@ -57,6 +60,9 @@ class Connection {
   SQLite::Database& Database() const;
 
  private:
+  void OpenFile(const QString& path);
+
+  FolderHold hold_;
   std::unique_ptr<SQLite::Database> database_;
   QString text_;
 };
