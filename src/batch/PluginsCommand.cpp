@@ -38,7 +38,8 @@ Listed Look(const QString& identifier) {
     CallPlugin([&] {
       listed.name = plugin->GetPluginName();
       listed.description = plugin->GetPluginDescription();
-      listed.publishesToFolder = PluginFactoryOf(identifier).CreateFolderPublisher(Language) != nullptr;
+      listed.publishesToFolder =
+          PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()) != nullptr;
     });
   } catch (const Error& error) {
     listed.error = error.Description();

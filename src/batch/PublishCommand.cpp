@@ -29,7 +29,7 @@ void RequireCatalog(Connection& connection, int catalog) {
 
 std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier) {
   std::unique_ptr<IVorlinaFolderPublisher> publisher;
-  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(Language); });
+  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()); });
   if (publisher == nullptr)
     throw Error(
         EitherLanguage(
