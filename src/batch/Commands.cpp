@@ -23,7 +23,7 @@ void SettleApplicationFolder(const Arguments& arguments) {
   // First of all: what is delivered must not be copied to where a restore is half done.
   if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) PrintError(told);
   // A folder that the user names is never filled with samples.
-  if (!restores && arguments.application.isEmpty()) PrepareAppPath();
+  if (arguments.application.isEmpty()) PrepareAppPath();
 }
 
 void OpenCatalogs(Connection& connection) {

@@ -1,6 +1,7 @@
 // vorlina-batch: publishes, checks, saves and restores the catalogs without a display.
 #include <QCoreApplication>
 #include <QJsonDocument>
+#include <QLoggingCategory>
 #include <csignal>
 
 #include "batch/Arguments.h"
@@ -61,6 +62,8 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(u"Vorlina"_qs);
   QCoreApplication::setOrganizationName(u"Norsel"_qs);
   QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  // A broken picture is told by whoever reads it; the decoder's own lines would bury that.
+  QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_qs);
   std::signal(SIGINT, AskToStop);
   std::signal(SIGTERM, AskToStop);
   ChooseLanguage();

@@ -52,22 +52,27 @@ std::vector<Source> SourcesIn(const QString& root, const QString& databaseCopy) 
   return sources;
 }
 
+// What no restore would take must not go into a backup under a number either.
+void RequireGoodName(const QString& name) {
+  if (const QString problem = ProblemOfZipName(name); !problem.isEmpty()) throw Error(problem);
+}
+
 // Adds a file and gives its size and hash. Pictures are packed already.
-ManifestFile AddSource(ZipWriter& writer, const Source& source, const std::function<void(qint64)>& advance) {
+ManifestFile AddSource(ZipWriter& writer, const Source& source, const QString& stored,
+                       const std::function<void(qint64)>& advance) {
   QFile file(source.path);
   if (!file.open(QIODevice::ReadOnly))
     throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
                     .arg(QDir::toNativeSeparators(source.path), file.errorString()));
   QCryptographicHash hash(QCryptographicHash::Sha256);
   const bool isPicture = source.name.endsWith(u".jpg", Qt::CaseInsensitive);
-  writer.Add(source.name, source.size, isPicture ? ZipWriter::Packing::Store : ZipWriter::Packing::Deflate,
-             [&] {
-               const QByteArray piece = file.read(PieceSize);
-               hash.addData(piece);
-               advance(piece.size());
-               return piece;
-             });
-  return {source.size, hash.result().toHex()};
+  writer.Add(stored, source.size, isPicture ? ZipWriter::Packing::Store : ZipWriter::Packing::Deflate, [&] {
+    const QByteArray piece = file.read(PieceSize);
+    hash.addData(piece);
+    advance(piece.size());
+    return piece;
+  });
+  return {stored, source.size, hash.result().toHex()};
 }
 
 // Only a former backup is replaced: a slip of the fingers must not cost a file of another kind.
@@ -103,7 +108,11 @@ void WriteArchive(const QString& path, const std::vector<Source>& sources, Backu
                   const std::function<void(qint64)>& advance) {
   WriteStagedFile(path, [&](QIODevice& device) {
     ZipWriter writer(device);
-    for (const Source& source : sources) manifest.files[source.name] = AddSource(writer, source, advance);
+    for (const Source& source : sources) {
+      RequireGoodName(source.name);
+      const QString stored = StoredName(source.name, manifest.files.size());
+      manifest.files[source.name] = AddSource(writer, source, stored, advance);
+    }
     writer.Add(ManifestName, ToJson(manifest), ZipWriter::Packing::Deflate);
     writer.Close();
     return true;
@@ -145,7 +154,7 @@ BackupManifest WriteBackup(Connection& connection, const QString& file, const Pr
 BackupManifest ReadBackup(const QString& file, qint64 mostBytes, const BackupVisitor& visitor) {
   constexpr qint64 AnyNumber = std::numeric_limits<qint64>::max();
   QByteArray json;
-  std::map<QString, ManifestFile> found;
+  std::map<QString, ManifestFile> found;  // by stored name
   ReadZip(file, {AnyNumber, mostBytes, 0}, [&](ZipEntry& entry) {
     if (entry.name == ManifestName) {
       for (QByteArray piece = entry.nextPiece(); !piece.isEmpty(); piece = entry.nextPiece())
@@ -158,6 +167,7 @@ BackupManifest ReadBackup(const QString& file, qint64 mostBytes, const BackupVis
                       .arg(entry.name));
     QCryptographicHash hash(QCryptographicHash::Sha256);
     ManifestFile& read = found[entry.name];
+    read.stored = entry.name;
     const auto nextPiece = [&] {
       QByteArray piece = entry.nextPiece();
       hash.addData(piece);
@@ -170,7 +180,9 @@ BackupManifest ReadBackup(const QString& file, qint64 mostBytes, const BackupVis
     read.sha256 = hash.result().toHex();
   });
   BackupManifest manifest = ManifestFromJson(json);
-  if (manifest.files != found || found.count(DatabaseName) == 0)
+  std::map<QString, ManifestFile> meant;
+  for (const auto& [name, entry] : manifest.files) meant[entry.stored] = entry;
+  if (meant != found || meant.size() != manifest.files.size() || found.count(DatabaseName) == 0)
     throw Error(
         EitherLanguage(u"La copia di sicurezza %1 non è integra: il contenuto non è quello del suo elenco"_qs,
                        u"The backup %1 is not whole: its content is not what its list says"_qs)

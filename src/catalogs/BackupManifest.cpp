@@ -7,6 +7,7 @@
 
 #include "base/Error.h"
 #include "base/Language.h"
+#include "store/ZipArchive.h"
 
 namespace vorlina {
 namespace {
@@ -27,16 +28,19 @@ qint64 BackupManifest::TotalSize() const {
 
 QByteArray ToJson(const BackupManifest& manifest) {
   QJsonArray files;
-  for (const auto& [name, file] : manifest.files)
-    files.append(QJsonObject{
-        {u"name"_qs, name}, {u"size"_qs, file.size}, {u"sha256"_qs, QString::fromLatin1(file.sha256)}});
+  for (const auto& [name, file] : manifest.files) {
+    QJsonObject entry{
+        {u"name"_qs, name}, {u"size"_qs, file.size}, {u"sha256"_qs, QString::fromLatin1(file.sha256)}};
+    if (file.stored != name) entry[u"stored"_qs] = file.stored;
+    files.append(entry);
+  }
   return QJsonDocument(QJsonObject{{u"format"_qs, Format},
                                    {u"version"_qs, FormatVersion},
                                    {u"schemaVersion"_qs, manifest.schemaVersion},
                                    {u"applicationPath"_qs, manifest.applicationPath},
                                    {u"created"_qs, manifest.created.toString(Qt::ISODate)},
                                    {u"files"_qs, files}})
-      .toJson();
+      .toJson(QJsonDocument::Compact);
 }
 
 BackupManifest ManifestFromJson(const QByteArray& json) {
@@ -54,10 +58,20 @@ BackupManifest ManifestFromJson(const QByteArray& json) {
   const QJsonArray files = object.value(u"files").toArray();
   for (const QJsonValue& value : files) {
     const QJsonObject file = value.toObject();
-    manifest.files[file.value(u"name").toString()] = {file.value(u"size").toInteger(),
-                                                      file.value(u"sha256").toString().toLatin1()};
+    const QString name = file.value(u"name").toString();
+    if (!IsBackupName(name) || !ProblemOfZipName(name).isEmpty())
+      throw Error(EitherLanguage(u"\"%1\" non appartiene a una copia di sicurezza di Vorlina"_qs,
+                                 u"\"%1\" does not belong into a backup of Vorlina"_qs)
+                      .arg(name));
+    manifest.files[name] = {file.value(u"stored").toString(name), file.value(u"size").toInteger(),
+                            file.value(u"sha256").toString().toLatin1()};
   }
   return manifest;
+}
+
+QString StoredName(const QString& name, std::size_t number) {
+  if (name.normalized(QString::NormalizationForm_C) == name) return name;
+  return name.left(name.lastIndexOf(u'/') + 1) + u"=%1"_qs.arg(number);
 }
 
 bool IsBackupName(const QString& name) {

@@ -12,6 +12,7 @@ inline const QString ManifestName = QStringLiteral("manifest.json");
 inline const QString DatabaseName = QStringLiteral("Catalog.db");
 
 struct ManifestFile {
+  QString stored;  // its name inside the archive
   qint64 size = 0;
   QByteArray sha256;  // in hexadecimal digits
 
@@ -30,6 +31,11 @@ struct BackupManifest {
 QByteArray ToJson(const BackupManifest& manifest);
 // Throws Error for a text that is no manifest, or one of a later form.
 BackupManifest ManifestFromJson(const QByteArray& json);
+
+// The name under which the archive holds a file. Readers of archives put accents and letters together, so a
+// name that has them apart, as other systems write them, would come back as another one: it is held under a
+// number.
+QString StoredName(const QString& name, std::size_t number);
 
 // Whether a name is one that a backup holds: the database, what lies in "Images" and "Layouts", and
 // "CardLayout.lyt".

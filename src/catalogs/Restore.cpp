@@ -34,16 +34,22 @@ BackupManifest Unpack(const QString& file, const QString& staging, const Progres
   const qint64 room = QStorageInfo(staging).bytesAvailable();
   const qint64 total = QFileInfo(file).size();
   qint64 done = 0;
-  return ReadBackup(file, room, [&](const QString& name, const auto& nextPiece) {
-    MakeFolder(QFileInfo(target.filePath(name)).path());
-    WriteStagedFile(target.filePath(name), [&](QIODevice& device) {
+  BackupManifest manifest = ReadBackup(file, room, [&](const QString& stored, const auto& nextPiece) {
+    MakeFolder(QFileInfo(target.filePath(stored)).path());
+    WriteStagedFile(target.filePath(stored), [&](QIODevice& device) {
       for (QByteArray piece = nextPiece(); !piece.isEmpty(); piece = nextPiece()) {
-        Report(progress, std::min(done += piece.size(), total), total, name);
+        Report(progress, std::min(done += piece.size(), total), total, stored);
         if (device.write(piece) != piece.size()) return false;
       }
       return true;
     });
   });
+  // Files that the archive holds under a number get their names.
+  for (const auto& [name, entry] : manifest.files)
+    if (entry.stored != name && !QFile::rename(target.filePath(entry.stored), target.filePath(name)))
+      throw Error(EitherLanguage(u"Impossibile scrivere il file %1"_qs, u"The file %1 cannot be written"_qs)
+                      .arg(name));
+  return manifest;
 }
 
 // Puts one folder in the place of another at the beginning of the stored paths; separators become those of

@@ -105,7 +105,13 @@ class Swap {
   }
 
   bool HasStaging() const { return Exists(staging_); }
-  void RemoveStaging() { QDir(staging_).removeRecursively(); }
+  // With it goes a journal that was being written.
+  void RemoveStaging() {
+    const QStringList unfinished =
+        QDir(folder_).entryList({u".restore-journal.*"_qs}, QDir::Files | QDir::Hidden);
+    for (const QString& name : unfinished) QFile::remove(In(folder_, name));
+    QDir(staging_).removeRecursively();
+  }
 
  private:
   static QString In(const QString& folder, const QString& entry) { return QDir(folder).filePath(entry); }
