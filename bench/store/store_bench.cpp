@@ -52,7 +52,7 @@ Data& TheData() {
 
 void BareKeys(benchmark::State& state) {
   sqlite3* handle = TheData().connection.Database().getHandle();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::vector<sqlite3_int64> keys;
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(handle, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?", -1, &statement, nullptr);
@@ -69,7 +69,7 @@ void OpenProducts(Recordset& products, qint64 catalog) {
 }
 
 void Keyset(benchmark::State& state) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Recordset products;
     OpenProducts(products, state.range(0));
     benchmark::DoNotOptimize(products.RecordCount());
@@ -83,7 +83,7 @@ void Page(benchmark::State& state) {
   products.SetPageSize(PageRows);
   const qint64 pages = products.PageCount();
   qint64 page = 1;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     products.SetAbsolutePage(page);
     for (int i = 0; i < PageRows && !products.IsEOF(); ++i, products.MoveNext())
       benchmark::DoNotOptimize(products.Value(1));

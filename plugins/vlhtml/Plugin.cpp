@@ -132,9 +132,10 @@ QVariant Plugin::InstallSkin(QString& skin) {
 
 bool FolderPublisher::PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
                                 IVorlinaProgress& progress) {
-  return PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), host_.language == u"Italian",
-                     progress)
-      .complete;
+  const PublishResult result =
+      PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), host_.language == u"Italian", progress);
+  for (const QString& warning : result.warnings) progress.Warn(warning);
+  return result.complete;
 }
 
 std::unique_ptr<IVorlinaPlugin> Factory::CreatePlugin(const VorlinaHost& host) {

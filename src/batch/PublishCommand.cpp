@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 
 #include "batch/Commands.h"
 #include "publish/PluginConnection.h"
@@ -14,6 +15,9 @@ class PluginProgress : public IVorlinaProgress {
  public:
   explicit PluginProgress(const Progress& progress) : progress_(progress) {}
   bool Report(int done, int total, const QString& step) override { return progress_(done, total, step); }
+  void Warn(const QString& text) override { warnings += text; }
+
+  QStringList warnings;
 
  private:
   const Progress& progress_;
@@ -55,11 +59,14 @@ Outcome RunPublish(Connection& connection, const Arguments& arguments, const Pro
   outcome.ok = complete;
   outcome.json = {{u"catalog"_qs, arguments.catalog},
                   {u"plugin"_qs, arguments.plugin},
-                  {u"target"_qs, QDir::toNativeSeparators(folder)}};
+                  {u"target"_qs, QDir::toNativeSeparators(folder)},
+                  {u"warnings"_qs, QJsonArray::fromStringList(pluginProgress.warnings)}};
   if (complete)
-    outcome.text =
-        EitherLanguage(u"Il catalogo %1 è pubblicato in %2"_qs, u"Catalog %1 is published in %2"_qs)
-            .arg(QString::number(arguments.catalog), QDir::toNativeSeparators(folder));
+    outcome.text = (pluginProgress.warnings
+                    << EitherLanguage(u"Il catalogo %1 è pubblicato in %2"_qs,
+                                      u"Catalog %1 is published in %2"_qs)
+                           .arg(QString::number(arguments.catalog), QDir::toNativeSeparators(folder)))
+                       .join(u'\n');
   else
     outcome.error = EitherLanguage(u"Pubblicazione interrotta. La cartella %1 è com'era."_qs,
                                    u"Publishing was stopped. The folder %1 is as it was."_qs)

@@ -43,7 +43,7 @@ class DatabaseTest : public StoreFixture {
     });
   }
   QString File(const QString& name, const QByteArray& content) {
-    const QString path = AppFile(name);
+    QString path = AppFile(name);
     if (!content.isNull()) WriteFileSafely(path, content);
     return path;
   }

@@ -17,12 +17,17 @@ using kainjow::mustache::list;
 
 std::string Std(const QString& text) { return text.toStdString(); }
 
-// A title is cut at a word, so that it stays readable in tabs and search results.
+// A title is cut at a word, so that it stays readable in tabs and search results. It is measured as it stands
+// in the page.
 std::string ShortTitle(const std::string& title) {
-  const QString text = QString::fromStdString(title).simplified();
-  if (text.size() <= LongestTitle) return Std(text);
-  const qsizetype blank = text.lastIndexOf(u' ', LongestTitle - 1);
-  return Std(text.left(blank > 20 ? blank : LongestTitle - 1) + u'…');
+  QString text = QString::fromStdString(title).simplified();
+  const auto fits = [](const QString& cut) { return cut.toHtmlEscaped().size() <= LongestTitle; };
+  if (fits(text)) return Std(text);
+  while (!fits(text)) {
+    const qsizetype blank = text.lastIndexOf(u' ');
+    text.truncate(blank > 20 ? blank : text.size() - 1);
+  }
+  return Std(text + u'…');
 }
 
 // The lines of a text as paragraphs.

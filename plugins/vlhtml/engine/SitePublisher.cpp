@@ -56,6 +56,7 @@ class Builder {
   // False when the progress asked to stop. Throws what a thread threw.
   bool Build(const std::vector<const Task*>& tasks, std::vector<ManifestEntry>& entries,
              IVorlinaProgress& progress, const QString& step) {
+    if (!progress.Report(0, int(tasks.size()), step)) return false;
     std::vector<std::thread> threads;
     const std::size_t count = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
     for (std::size_t i = 0; i < std::min(count, tasks.size()); ++i)

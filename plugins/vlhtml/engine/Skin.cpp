@@ -77,7 +77,8 @@ std::unique_ptr<Skin::Template> Skin::Load(const QString& name) {
     if (partial != u"header" && partial != u"footer" && partial != u"card")
       Refuse(italian_, file, QStringLiteral("la parte \"%1\" non esiste").arg(partial),
              QStringLiteral("there is no partial \"%1\"").arg(partial));
-    const std::string part = Read(partial + QStringLiteral(".mustache"));
+    std::string part = Read(partial + QStringLiteral(".mustache"));
+    if (part.ends_with('\n')) part.pop_back();
     if (part.find(PartialOpen) != std::string::npos)
       Refuse(italian_, partial, QStringLiteral("una parte non può contenerne un'altra"),
              QStringLiteral("a partial cannot hold another one"));

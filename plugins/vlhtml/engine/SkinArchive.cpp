@@ -26,8 +26,9 @@ struct Closer {
 using Archive = std::unique_ptr<struct archive, Closer>;
 
 [[noreturn]] void Refuse(bool italian, const QString& inItalian, const QString& inEnglish) {
-  const QString text = italian ? QStringLiteral("L'archivio della skin non può essere usato: %1").arg(inItalian)
-                               : QStringLiteral("The skin archive cannot be used: %1").arg(inEnglish);
+  const QString text = italian
+                           ? QStringLiteral("L'archivio della skin non può essere usato: %1").arg(inItalian)
+                           : QStringLiteral("The skin archive cannot be used: %1").arg(inEnglish);
   throw std::runtime_error(text.toStdString());
 }
 

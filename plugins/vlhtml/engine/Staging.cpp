@@ -4,14 +4,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <filesystem>
 #include <stdexcept>
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace vlhtml {
 namespace {
@@ -25,29 +19,18 @@ QString StagingName(const QString& target) {
   return info.path() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".vorlina-new");
 }
 
-// A file and its name reach the disk.
-void Sync(const QString& path) {
-#ifdef Q_OS_UNIX
-  const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
-#else
-  Q_UNUSED(path);
-#endif
-}
-
-// Written beside, checked, renamed.
+// Written beside, checked, renamed. The site is not brought to the disk by force: it can be made again at any
+// time, a file that a power failure cut short is seen by its size at the next run, and waiting for the disk
+// takes longer than the rest.
 bool WriteWhole(const QString& path, const QByteArray& bytes) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-      file.size() != bytes.size()) {
-    file.cancelWriting();
-    return false;
-  }
-  if (!file.commit()) return false;
-  Sync(QFileInfo(path).path());
-  return true;
+  QFile file(path + QStringLiteral(".partial"));
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+                       file.size() == bytes.size();
+  file.close();
+  if (!written) return false;
+  std::error_code failure;
+  fs::rename(Path(file.fileName()), Path(path), failure);
+  return !failure;
 }
 
 }  // namespace
@@ -163,7 +146,6 @@ void Staging::FinishSwap() {
   QDir().rmdir(target_ + QStringLiteral("/assets"));
   fs::rename(Path(staging_ + u'/' + Manifest::FileName()), Path(target_ + u'/' + Manifest::FileName()),
              failure);
-  Sync(target_);
   QDir(staging_).removeRecursively();
 }
 

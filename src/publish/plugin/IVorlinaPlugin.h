@@ -81,6 +81,8 @@ class IVorlinaProgress {
   // done of total steps are finished, and the step that is named begins. False asks the plug-in to stop: it
   // then leaves the target as it was and returns false.
   virtual bool Report(int done, int total, const QString& step) = 0;
+  // Something that was left out, such as a picture whose file is missing; the user is told at the end.
+  virtual void Warn(const QString& text) { Q_UNUSED(text); }
 };
 
 // Optional: publishing into a given folder without a question or a window. It may be used without a display,
@@ -97,7 +99,8 @@ class IVorlinaFolderPublisher {
 // What a plug-in is told of the program that it works in.
 struct VorlinaHost {
   QString language;           // "Italian" or "English", that of the program's windows
-  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in "PubWiz"
+  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in
+                              // "PubWiz"
   QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
 };
 
