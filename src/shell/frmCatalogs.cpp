@@ -36,7 +36,13 @@ const char16_t SupportAddress[] = u"support@vorlina.example";
 
 QString Text(const char16_t* text) { return QString::fromUtf16(text); }
 
-QIcon CommandIcon(const char16_t* name) { return QIcon(u":/shell/"_qs + Text(name) + u".svg"_qs); }
+// The same picture where an entry is selected: it is not tinted.
+QIcon CommandIcon(const char16_t* name) {
+  QIcon icon;
+  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+    icon.addFile(u":/shell/"_qs + Text(name) + u".svg"_qs, {}, mode);
+  return icon;
+}
 
 }  // namespace
 
