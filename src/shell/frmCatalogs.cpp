@@ -114,9 +114,15 @@ void frmCatalogs::ConnectControls() {
   connect(ui_->cmdIndietro, &QPushButton::clicked, this, &frmCatalogs::cmdIndietro_Click);
   connect(ui_->LstWCatalogs, &QListWidget::itemDoubleClicked, this, [this] { Run(u"cmdEdit"_qs); });
   connect(ui_->lstPlugIns, &QTreeWidget::itemDoubleClicked, this, [this] { Run(u"cmdPublish"_qs); });
-  connect(ui_->lstPlugIns, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
-    ui_->lblDescription->setText(item->data(0, TagRole).toString());
-  });
+  const auto describe = [this](const QTreeWidgetItem* item) {
+    if (item != nullptr) ui_->lblDescription->setText(item->data(0, TagRole).toString());
+  };
+  connect(ui_->lstPlugIns, &QTreeWidget::itemClicked, this, describe);
+  // Who walks the list by keyboard reads the description as well. At the start there is none.
+  connect(ui_->lstPlugIns, &QTreeWidget::currentItemChanged, this,
+          [this, describe](const QTreeWidgetItem* item) {
+            if (ui_->lstPlugIns->hasFocus()) describe(item);
+          });
   auto* rename = new WidgetRenameDelegate(ui_->LstWCatalogs);
   connect(rename, &WidgetRenameDelegate::Renamed, this, &frmCatalogs::RenameSelected);
   ui_->LstWCatalogs->setItemDelegate(rename);
