@@ -43,20 +43,17 @@ Header ReadHeader(SQLite::Database& database) {
           database.execAndGet("PRAGMA user_version").getInt()};
 }
 
-// Reads the header without writing. Where that is refused because an unfinished transaction waits for its
-// recovery, which is a write, the file is read as it lies: what the header tells does not depend on it.
-Header ReadHeaderOf(const QString& path, int busyTimeout) {
+// Reads the header as it lies, without a lock, a recovery or a file beside it. Nothing where an unfinished
+// transaction has left it unreadable: it can then be told only after the recovery.
+std::optional<Header> ReadHeaderOf(const QString& path) {
+  QUrl uri = QUrl::fromLocalFile(path);
+  uri.setQuery(u"immutable=1"_qs);
   try {
-    SQLite::Database database(path.toStdString(), SQLite::OPEN_READONLY, busyTimeout);
+    SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI);
     return ReadHeader(database);
-  } catch (const SQLite::Exception& error) {
-    const int code = error.getErrorCode();
-    if (code != SQLITE_READONLY && code != SQLITE_CANTOPEN) throw;
-    QUrl uri = QUrl::fromLocalFile(path);
-    uri.setQuery(u"immutable=1"_qs);
-    SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI,
-                              busyTimeout);
-    return ReadHeader(database);
+  } catch (const SQLite::Exception&) {
+    if (QFileInfo(path + u"-journal"_qs).size() == 0) throw;
+    return {};
   }
 }
 
@@ -105,12 +102,14 @@ void CheckPages(Connection& connection, const QString& path) {
 
 void RequireUsable(Connection& connection, const QString& path, int schemaVersion,
                    const std::vector<Migration>& migrations) {
+  if (const auto header = ReadHeaderOf(QFileInfo(path).absoluteFilePath()))
+    CheckHeader(*header, path, schemaVersion);
   connection.Open(ConnectionTextFor(path));
+  const Header header = ReadHeader(connection.Database());
+  CheckHeader(header, path, schemaVersion);
   CheckPages(connection, path);
-  Query version(connection, u"PRAGMA user_version"_qs);
-  const int found = version.Next() ? int(version.Integer(0)) : 0;
-  while (version.Next()) continue;
-  if (found < schemaVersion) MigrateDatabase(connection, found, schemaVersion, migrations);
+  if (header.userVersion < schemaVersion)
+    MigrateDatabase(connection, header.userVersion, schemaVersion, migrations);
 }
 
 }  // namespace
@@ -124,8 +123,6 @@ void OpenCatalogDatabase(Connection& connection, const QString& path, int schema
   connection.Close();
   CheckFile(path);
   try {
-    CheckHeader(ReadHeaderOf(QFileInfo(path).absoluteFilePath(), connection.BusyTimeout()), path,
-                schemaVersion);
     RequireUsable(connection, path, schemaVersion, migrations);
   } catch (const SQLite::Exception& error) {
     connection.Close();

@@ -44,7 +44,9 @@ class Unfinished {
  public:
   explicit Unfinished(QString path) : path_(std::move(path)) {}
   ~Unfinished() {
-    if (!kept_) QFile::remove(path_);
+    if (kept_) return;
+    QFile::remove(path_);
+    QFile::remove(path_ + u"-journal"_qs);
   }
   Unfinished(const Unfinished&) = delete;
   Unfinished& operator=(const Unfinished&) = delete;

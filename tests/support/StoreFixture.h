@@ -52,6 +52,7 @@ class StoreFixture : public testing::Test {
     SetLanguage(u"English"_qs);
     MakeDatabase(Path(), SchemaScript());
     connection.Open(ConnectionTextFor(Path()));
+    connection.Execute(u"PRAGMA synchronous=OFF"_qs);
     connection.Execute(u"INSERT INTO Cataloghi (IDCatalogo, NomeCatalogo) VALUES (1, 'Uno')"_qs);
   }
 
