@@ -361,7 +361,8 @@ TEST_F(RecordsetTest, OrdersAndConditionsOfTheStatementHold) {
 TEST_F(RecordsetTest, WhatCannotBeWrittenCanStillBeRead) {
   AddProduct(u"A"_qs);
   connection.Close();
-  // Permissions do not stop root, who may well run this: there the connection itself says no, with the same code.
+  // Permissions do not stop root, who may well run this: there the connection itself says no, with the same
+  // code.
   const QFile::Permissions before = QFile::permissions(folder.path());
   QFile::setPermissions(Path(), QFile::ReadOwner);
   QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
