@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
   if (argc != 3) return 2;
   WidgetApplication application(argc, argv);
   QApplication::setApplicationName(u"Vorlina"_qs);
-  QApplication::setWindowIcon(QIcon(u":/shell/vorlina.svg"_qs));
+  QApplication::setWindowIcon(ProgramIcon());
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);
   SetSettingsFolder(QString::fromLocal8Bit(argv[2]));

@@ -22,8 +22,6 @@ Dialogs& TheDialogs() {
   return *installed;
 }
 
-bool HasDialogs() { return installed != nullptr; }
-
 void InstallDialogs(Dialogs* dialogs) { installed = dialogs; }
 
 QString BrowseForFolder(const QString& title, QWidget* owner) {

@@ -49,8 +49,6 @@ class Dialogs {
 
 // The dialogs in force. Throws std::logic_error when none were installed.
 Dialogs& TheDialogs();
-// False in a program without a display.
-bool HasDialogs();
 // Installs dialogs, which outlive their use; null takes them away.
 void InstallDialogs(Dialogs* dialogs);
 

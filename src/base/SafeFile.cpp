@@ -1,9 +1,13 @@
 #include "base/SafeFile.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QThread>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -11,6 +15,8 @@
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
+#else
+#include <io.h>
 #endif
 
 namespace vorlina {
@@ -21,6 +27,16 @@ namespace {
       EitherLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
           .arg(QDir::toNativeSeparators(path), reason));
 }
+
+#ifndef Q_OS_LINUX
+bool SyncFile(QFile& file) {
+#ifdef Q_OS_WIN
+  return ::_commit(file.handle()) == 0;
+#else
+  return ::fsync(file.handle()) == 0;
+#endif
+}
+#endif
 
 bool Commit(QSaveFile& file) {
 #ifdef Q_OS_WIN
@@ -80,6 +96,49 @@ void CopyFileSafely(const QString& source, const QString& target) {
       copied += got;
     }
   });
+}
+
+void MoveFileSafely(const QString& source, const QString& target) {
+  std::error_code failure;
+#ifdef Q_OS_UNIX
+  const int descriptor = ::open(QFile::encodeName(source).constData(), O_RDONLY | O_CLOEXEC);
+  if (descriptor >= 0) {
+    if (::fsync(descriptor) != 0) failure = std::error_code(errno, std::generic_category());
+    ::close(descriptor);
+  }
+#endif
+  if (!failure)
+    std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(),
+                            failure);
+  if (failure) FailWriting(target, QString::fromLocal8Bit(failure.message().c_str()));
+  SyncFolder(QFileInfo(target).absolutePath());
+}
+
+void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) FailWriting(path, file.errorString());
+  const bool written = writer(file);
+  const qint64 meant = file.pos();
+  if (!written || !file.flush() || file.error() != QFileDevice::NoError || file.size() != meant)
+    FailWriting(path, file.errorString());
+  file.close();
+  if (file.error() != QFileDevice::NoError) FailWriting(path, file.errorString());
+}
+
+void SyncVolume(const QString& folder) {
+#ifdef Q_OS_LINUX
+  const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool synced = descriptor >= 0 && ::syncfs(descriptor) == 0;
+  const QString reason = qt_error_string(errno);
+  if (descriptor >= 0) ::close(descriptor);
+  if (!synced) FailWriting(folder, reason);
+#else
+  QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    QFile file(files.next());
+    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(file.fileName(), file.errorString());
+  }
+#endif
 }
 
 void SyncFolder(const QString& folder) {

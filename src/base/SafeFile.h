@@ -20,6 +20,18 @@ void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>&
 // Copies a file in the same manner, replacing the target, and checks the number of bytes. Throws Error.
 void CopyFileSafely(const QString& source, const QString& target);
 
+// Gives a finished file its name, replacing what had it, once its content is on the disk. Throws Error; what
+// had the name then stays.
+void MoveFileSafely(const QString& source, const QString& target);
+
+// Writes a file that does not count yet: its length is checked as ever, but it is written under its own name
+// and is not brought to the disk, which SyncVolume then does once for many files. Throws Error.
+void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer);
+
+// Brings all that was written to the disk on which the folder lies. Throws Error when it could not be
+// written.
+void SyncVolume(const QString& folder);
+
 // Asks the system to bring a folder's entries to the disk. A no-op where the system has no such call.
 void SyncFolder(const QString& folder);
 

@@ -1,5 +1,6 @@
 #include "base/WidgetDialogs.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>

@@ -19,7 +19,7 @@ void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString&
   connection.Open(connectionText);
   Recordset catalogs;
   catalogs.Open(u"SELECT * FROM CATALOGHI"_qs, connection, CursorType::Keyset, LockType::Optimistic);
-  catalogs.SetFilter(u"IDCatalogo=%1"_qs.arg(IDCatalogo));
+  catalogs.SetFilter(u"IDCatalogo"_qs, IDCatalogo);
   catalogs.SetValue(u"NomeCatalogo"_qs, name);
   catalogs.Update();
 }

@@ -1,76 +1,57 @@
 #include "grid/LoadCombo.h"
 
-#include <QComboBox>
 #include <QHeaderView>
+#include <QLoggingCategory>
 #include <QStandardItemModel>
 #include <QTableView>
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "store/Recordset.h"
-#include "store/StoreError.h"
 
 namespace vorlina {
 namespace {
 
-// The rows as read, with the value of each row as the data of all its cells, so that the combo finds it in
-// the shown one.
-QStandardItemModel* ModelOf(Recordset& rows, const QString& valueColumn, QObject* parent) {
-  auto* model = new QStandardItemModel(0, int(rows.Columns().size()), parent);
-  model->setHorizontalHeaderLabels(rows.FieldNames());
-  for (; !rows.IsEOF(); rows.MoveNext()) {
-    const QVariant value = rows.Value(valueColumn);
-    QList<QStandardItem*> cells;
-    for (int i = 0; i < model->columnCount(); ++i) {
-      auto* cell = new QStandardItem(NullToEmpty(rows.Value(i)));
-      cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-      cell->setData(value, Qt::UserRole);
-      cells += cell;
-    }
-    model->appendRow(cells);
+Q_LOGGING_CATEGORY(grid, "vorlina.grid")
+
+QStandardItemModel* FillModel(Recordset& recordset, const QString& displayColumn, const QString& valueColumn,
+                              QObject* owner) {
+  const RecordsetFields& fields = recordset.Fields();
+  auto* model = new QStandardItemModel(0, fields.Count(), owner);
+  model->setHorizontalHeaderLabels(fields.Names());
+  for (recordset.MoveFirst(); !recordset.IsEOF(); recordset.MoveNext()) {
+    QList<QStandardItem*> row;
+    for (int i = 0; i < fields.Count(); ++i) row += new QStandardItem(NullToEmpty(recordset.Value(i)));
+    row[fields.IndexOf(displayColumn)]->setData(recordset.Value(valueColumn), ComboValueRole);
+    model->appendRow(row);
   }
-  if (!rows.IsEmpty()) rows.MoveFirst();
   return model;
 }
 
-QTableView* Popup() {
-  auto* view = new QTableView;
-  view->setSelectionBehavior(QAbstractItemView::SelectRows);
-  view->setSelectionMode(QAbstractItemView::SingleSelection);
-  view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view->setShowGrid(false);
-  view->setTabKeyNavigation(false);
+// The drop-down as a table without headers, so that it can show several columns.
+void ShowColumns(QComboBox& combo, const QList<int>& hiddenColumns) {
+  auto* view = new QTableView(&combo);
   view->horizontalHeader()->hide();
-  view->horizontalHeader()->setStretchLastSection(true);
   view->verticalHeader()->hide();
-  return view;
-}
-
-int IndexOf(const Recordset& rows, const QString& column) {
-  for (int i = 0; i < int(rows.Columns().size()); ++i)
-    if (rows.Columns()[std::size_t(i)].name.compare(column, Qt::CaseInsensitive) == 0) return i;
-  throw Error(column);
+  view->setShowGrid(false);
+  view->setSelectionBehavior(QAbstractItemView::SelectRows);
+  combo.setView(view);
+  for (const int column : hiddenColumns) view->setColumnHidden(column, true);
+  view->horizontalHeader()->setStretchLastSection(true);
 }
 
 }  // namespace
 
-void LoadCombo(Recordset& rows, QComboBox& combo, const QString& sql, const QString& displayColumn,
-               const QString& valueColumn, Connection& connection, const std::vector<int>& hiddenColumns,
+void LoadCombo(Recordset& recordset, QComboBox& combo, const QString& sql, const QString& displayColumn,
+               const QString& valueColumn, Connection& connection, const QList<int>& hiddenColumns,
                const QVariantList& values) {
   try {
-    rows.Close();
-    rows.Open(sql, connection, CursorType::Static, LockType::ReadOnly, values);
-    const int shown = IndexOf(rows, displayColumn);
-    auto* view = qobject_cast<QTableView*>(combo.view());
-    // The combo deletes the model of an earlier call, since it is its parent.
-    combo.setModel(ModelOf(rows, valueColumn, &combo));
-    if (view == nullptr) combo.setView(view = Popup());
-    combo.setModelColumn(shown);
-    for (int i = 0; i < int(rows.Columns().size()); ++i) view->setColumnHidden(i, false);
-    for (const int column : hiddenColumns) view->setColumnHidden(column, true);
-    combo.setCurrentIndex(-1);
+    recordset.Close();
+    recordset.Open(sql, connection, CursorType::Static, LockType::ReadOnly, values);
+    combo.setModel(FillModel(recordset, displayColumn, valueColumn, &combo));
+    combo.setModelColumn(recordset.Fields().IndexOf(displayColumn));
+    ShowColumns(combo, hiddenColumns);
   } catch (const std::exception& error) {
-    qCDebug(StoreLog) << "LoadCombo:" << error.what();
+    qCDebug(grid) << "LoadCombo" << sql << DescriptionOf(error);
   }
 }
 

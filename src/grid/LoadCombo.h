@@ -1,23 +1,23 @@
-// Fills a combo from the database: a column to show, a value column behind it, and columns that are there but
-// not shown.
+// A combo box over a query: one column is displayed, another is the value, the rest can be seen in the
+// drop-down.
 #pragma once
 
+#include <QComboBox>
+#include <QList>
 #include <QString>
-#include <QVariant>
-#include <vector>
 
-class QComboBox;
+#include "store/Recordset.h"
 
 namespace vorlina {
 
-class Connection;
-class Recordset;
+// The role under which a row's value column is kept: currentData() gives it.
+inline constexpr int ComboValueRole = Qt::UserRole;
 
-// Opens the recordset anew, static and read-only, and makes its rows the list of the combo, whose popup has a
-// column for each but the hidden ones (counted from 0). The combo's current data is then the value of the
-// entry; no entry is chosen. An error leaves the combo as far as it came, without a message.
-void LoadCombo(Recordset& rows, QComboBox& combo, const QString& sql, const QString& displayColumn,
-               const QString& valueColumn, Connection& connection, const std::vector<int>& hiddenColumns,
+// Opens the recordset anew, static and read-only, with the SQL text ("?" for each value) and fills the combo
+// from it: every column in the drop-down but the hidden ones, counted from 0. A failure leaves the combo as
+// far as it came and is not told.
+void LoadCombo(Recordset& recordset, QComboBox& combo, const QString& sql, const QString& displayColumn,
+               const QString& valueColumn, Connection& connection, const QList<int>& hiddenColumns,
                const QVariantList& values = {});
 
 }  // namespace vorlina

@@ -1,5 +1,5 @@
-// The escaped form in which the names of value and filter fields are stored, since they serve as column
-// aliases and as keys of grid columns.
+// The form in which the names of values and filters are stored, so that they can serve as SQL aliases and
+// column keys.
 #pragma once
 
 #include <QString>
@@ -7,14 +7,15 @@
 
 namespace vorlina {
 
-// "Cod. art" gives "Cod\046 art"; a backslash is doubled; Null gives "".
+// The text padded in front up to the length; a longer text as it is.
+QString PadLeft(const QString& text, int length, QChar pad);
+
+// A name as it is stored: backslashes doubled, each of . / * : # & - % $ as a backslash and three digits. ""
+// for Null.
 QString EscapeName(const QVariant& name);
 
-// The plain form, for showing. "\128" gives the euro sign, which is character 128 of the code page that the
-// names were first written in. An escape behind a backslash is text of the user's and stays.
-QString UnescapeName(const QVariant& name);
-
-// The text with pad characters in front, up to the length; a text that is as long or longer stays as it is.
-QString PadLeft(const QString& text, int length, QChar pad);
+// A stored name as it is shown. A code that stands behind a backslash is a literal text and stays. "" for
+// Null.
+QString UnescapeName(const QVariant& stored);
 
 }  // namespace vorlina

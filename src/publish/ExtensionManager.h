@@ -1,5 +1,5 @@
-// Named values of catalogs and products outside the fixed columns, where plug-ins find them, and the marks
-// that the program leaves on a product whose picture or data changed.
+// Named values beside the fixed columns of the database, one per catalog or one per product. The program
+// leaves its change marks there, and plug-ins keep their own values.
 #pragma once
 
 #include <QString>
@@ -9,21 +9,24 @@ namespace vorlina {
 
 class Connection;
 
-// Stores the value under the name, for the product, or for the catalog where CodiceProdotto is empty. The
-// first call for a name settles its level for good. A faulty row of Extensions is told by a message (or
-// thrown where no dialogs are installed), and nothing is stored. Name and value are one transaction, or part
-// of the open one. Throws StoreError.
+// The marks that a product gets when its picture or its data change; their value is "1".
+inline const QString ImmagineModificata = QStringLiteral("ImmagineModificata");
+inline const QString SchedaModificata = QStringLiteral("SchedaModificata");
+
+// Keeps a value under a name. A new name gets its level from this call for good: a product's with a product
+// code, a catalog's with "". A name whose entry has no level is told to the user, and nothing is stored. All
+// in one transaction. Throws Error.
 void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
                   Connection& connection);
 
-// The two levels; the name exists.
+// The two steps that serve SetExtension: one row per catalog, or product, and name, the value overwritten.
 void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo,
                          const QString& CodiceProdotto, Connection& connection);
 void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo,
                          const QString& CodiceProdotto, Connection& connection);
 
-// Leaves "ImmagineModificata" and "SchedaModificata" on a product row that was changed or added, both or
-// neither.
+// Both marks of a product whose row was changed or added, in one transaction: first the picture's, then the
+// data's.
 void MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection);
 
 }  // namespace vorlina

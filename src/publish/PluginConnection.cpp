@@ -1,25 +1,22 @@
 #include "publish/PluginConnection.h"
 
-#include "store/Query.h"
+#include "store/Connection.h"
 
 namespace vorlina {
 namespace {
 
 class PluginRows : public IVorlinaRows {
  public:
-  PluginRows(Connection& connection, const QString& sql, const QVariantList& values)
-      : query_(connection, sql, values) {}
+  explicit PluginRows(Rows rows) : rows_(std::move(rows)) {}
 
-  bool Next() override { return !ended_ && (ended_ = !query_.Next(), !ended_); }
-  int ColumnCount() const override { return query_.ColumnCount(); }
-  QString ColumnName(int column) const override { return query_.ColumnName(column); }
-  QVariant Value(int column) const override { return query_.Value(column); }
-  QVariant Value(const QString& column) const override { return query_.Value(column); }
+  bool Next() override { return rows_.Next(); }
+  int ColumnCount() const override { return rows_.ColumnCount(); }
+  QString ColumnName(int column) const override { return rows_.ColumnName(column); }
+  QVariant Value(int column) const override { return rows_.Value(column); }
+  QVariant Value(const QString& column) const override { return rows_.Value(column); }
 
  private:
-  Query query_;
-  // Stepping past the end would run the statement again.
-  bool ended_ = false;
+  Rows rows_;
 };
 
 }  // namespace
@@ -31,7 +28,7 @@ void PluginConnection::Execute(const QString& sql, const QVariantList& values) {
 }
 
 std::unique_ptr<IVorlinaRows> PluginConnection::Open(const QString& sql, const QVariantList& values) {
-  return std::make_unique<PluginRows>(connection_, sql, values);
+  return std::make_unique<PluginRows>(Rows(connection_, sql, values));
 }
 
 void PluginConnection::BeginTrans() { connection_.BeginTrans(); }

@@ -1,4 +1,4 @@
-// The catalog database as plug-ins see it, over a connection of the program.
+// A connection as a plug-in sees it.
 #pragma once
 
 #include "publish/plugin/IVorlinaPlugin.h"
@@ -9,7 +9,6 @@ class Connection;
 
 class PluginConnection : public IVorlinaConnection {
  public:
-  // The connection outlives this object.
   explicit PluginConnection(Connection& connection) : connection_(connection) {}
 
   QString DataSource() const override;

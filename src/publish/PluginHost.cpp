@@ -93,6 +93,14 @@ QStringList PluginIdentifiers() {
   return GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, DefaultPlugins()).split(u';');
 }
 
+QStringList InstalledPlugins(const QString& folder) {
+  const QStringList libraries =
+      QDir(folder + u"/PubWiz"_qs).entryList({u'*' + LibrarySuffix}, QDir::Files, QDir::Name);
+  QStringList identifiers;
+  for (const QString& library : libraries) identifiers += library.chopped(LibrarySuffix.size());
+  return identifiers;
+}
+
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   static std::map<QString, std::unique_ptr<QPluginLoader>> loaders;
   const QString path = LibraryOf(identifier);
@@ -116,9 +124,11 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   return *factory;
 }
 
+VorlinaHost HostOfPlugins() { return {Language, AppPath(), DeliveredPath()}; }
+
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
   std::unique_ptr<IVorlinaPlugin> plugin;
-  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(Language); });
+  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins()); });
   Needed(plugin);
   return plugin;
 }

@@ -22,10 +22,16 @@ QString DefaultPlugins();
 // The setting split at ";", empty pieces included. No identifier at all when no language is set.
 QStringList PluginIdentifiers();
 
+// The identifiers of the libraries in "PubWiz" below a folder, by name.
+QStringList InstalledPlugins(const QString& folder);
+
 // The factory of the library named after the identifier in "PubWiz": the user's own first, then the delivered
 // one. Throws Error when there is none, when it was built for another version of the interface, or when it
 // cannot be loaded.
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier);
+
+// What plug-ins are told of this program.
+VorlinaHost HostOfPlugins();
 
 // A new plug-in object in the program's language. Throws Error, also for what the plug-in itself throws.
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier);

@@ -7,7 +7,8 @@ namespace vorlina {
 
 void WidgetRenameDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
                                         const QModelIndex& index) const {
-  Q_EMIT Renamed(index, editor->property(editor->metaObject()->userProperty().name()).toString());
+  if (index.isValid())
+    Q_EMIT Renamed(index, editor->property(editor->metaObject()->userProperty().name()).toString());
 }
 
 }  // namespace vorlina

@@ -22,6 +22,9 @@
 #include "store/SampleData.h"
 #include "ui_frmCatalogs.h"
 
+// The pictures lie in a static library, from which they come when they are asked for.
+static void InitPictures() { Q_INIT_RESOURCE(shell); }
+
 namespace vorlina {
 namespace {
 
@@ -38,6 +41,7 @@ QIcon CommandIcon(const char16_t* name) { return QIcon(u":/shell/"_qs + Text(nam
 }  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
+  InitPictures();
   ui_->setupUi(this);
   handlers_ = {
       {u"cmdPublish"_qs, [this] { PressPublish(); }},

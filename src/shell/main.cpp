@@ -2,6 +2,7 @@
 
 #include "base/AppPath.h"
 #include "base/WidgetDialogs.h"
+#include "catalogs/RestoreSwap.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "support/frmSplash.h"
@@ -13,6 +14,8 @@ namespace {
 void ShowMainWindow(frmCatalogs& catalogs) {
   // What fails here is shown; the window comes all the same, so that the user sees where it stands.
   try {
+    // First of all: what is delivered must not be copied to where a restore is half done.
+    if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) qInfo().noquote() << told;
     PrepareAppPath();
   } catch (...) {
     ShowUnhandled();
@@ -30,7 +33,7 @@ int main(int, char** argv) {
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
-  QApplication::setWindowIcon(QIcon(u":/shell/vorlina.svg"_qs));
+  QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);

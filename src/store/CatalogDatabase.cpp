@@ -1,141 +1,197 @@
 #include "store/CatalogDatabase.h"
 
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Backup.h>
 #include <sqlite3.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QUrl>
+#include <algorithm>
 
+#include "base/Error.h"
 #include "base/Language.h"
-#include "store/Migration.h"
-#include "store/Query.h"
-#include "store/StoreError.h"
+#include "base/SafeFile.h"
+#include "store/Connection.h"
+#include "store/Sqlite.h"
 
 namespace vorlina {
 namespace {
 
-// The start of the program does not wait for longer than reading this much takes; a larger file is read
-// through by the full check before each backup.
-constexpr qint64 FullyCheckedSize = 32 << 20;
+// The most time that the check at start may take; a database too large for it is checked by "check" and
+// before backups.
+constexpr qint64 QuickCheckMilliseconds = 300;
 
-[[noreturn]] void Refuse(StoreFault fault, const QString& path, const QString& italian,
-                         const QString& english) {
-  throw StoreError(fault, EitherLanguage(italian, english).arg(QDir::toNativeSeparators(path)));
+[[noreturn]] void Refuse(const QString& path, const QString& italian, const QString& english) {
+  const QString name = QDir::toNativeSeparators(path);
+  throw Error(
+      EitherLanguage(u"Il file %1 non può essere usato: "_qs, u"The file %1 cannot be used: "_qs).arg(name) +
+      EitherLanguage(italian, english));
 }
 
-[[noreturn]] void RefuseDamaged(const QString& path) {
-  Refuse(StoreFault::Corrupt, path,
-         u"Il database %1 è danneggiato, o non è un database. Il file non è stato toccato: ripristinare una "
-         u"copia di"
-         u" riserva."_qs,
-         u"The database %1 is damaged, or is no database. The file was not touched: restore a backup."_qs);
+int Number(Connection& connection, const QString& pragma) {
+  Rows rows(connection, u"PRAGMA "_qs + pragma);
+  return rows.Next() ? rows.Value(0).toInt() : 0;
 }
 
-struct Header {
-  int applicationId = 0;
-  int userVersion = 0;
-};
-
-Header ReadHeader(SQLite::Database& database) {
-  return {database.execAndGet("PRAGMA application_id").getInt(),
-          database.execAndGet("PRAGMA user_version").getInt()};
+QStringList Texts(Connection& connection, const QString& sql) {
+  QStringList texts;
+  Rows rows(connection, sql);
+  while (rows.Next()) texts += rows.Value(0).toString();
+  return texts;
 }
 
-// Reads the header as it lies, without a lock, a recovery or a file beside it. Nothing where an unfinished
-// transaction has left it unreadable: it can then be told only after the recovery.
-std::optional<Header> ReadHeaderOf(const QString& path) {
-  QUrl uri = QUrl::fromLocalFile(path);
-  uri.setQuery(u"immutable=1"_qs);
+int StopAfterAWhile(void* timer) {
+  return static_cast<QElapsedTimer*>(timer)->elapsed() > QuickCheckMilliseconds ? 1 : 0;
+}
+
+// Damage found within the time; none when the time is over.
+QString QuickDamage(Connection& connection) {
+  QElapsedTimer timer;
+  timer.start();
+  sqlite3* handle = connection.Database().getHandle();
+  sqlite3_progress_handler(handle, 10000, StopAfterAWhile, &timer);
+  QString damage;
   try {
-    SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI);
-    return ReadHeader(database);
-  } catch (const SQLite::Exception&) {
-    if (QFileInfo(path + u"-journal"_qs).size() == 0) throw;
-    return {};
+    SQLite::Statement check = Prepare(connection.Database(), u"PRAGMA quick_check(1)"_qs);
+    if (check.executeStep()) damage = QString::fromUtf8(check.getColumn(0).getText());
+  } catch (const SQLite::Exception& failure) {
+    if (failure.getErrorCode() != SQLITE_INTERRUPT) damage = QString::fromUtf8(failure.what());
+  }
+  sqlite3_progress_handler(handle, 0, nullptr, nullptr);
+  return damage == u"ok" ? QString() : damage;
+}
+
+// Everything that is asked before the first write.
+void Examine(Connection& connection, const QString& path, int schemaVersion) {
+  if (Number(connection, u"application_id"_qs) != ApplicationId)
+    Refuse(path, u"non è un database di Vorlina. Ripristinare una copia di sicurezza."_qs,
+           u"it is no database of Vorlina. Restore a backup."_qs);
+  if (Number(connection, u"user_version"_qs) > schemaVersion)
+    Refuse(path, u"è stato creato da una versione più recente di Vorlina. Aggiornare il programma."_qs,
+           u"it was made by a newer version of Vorlina. Update the program."_qs);
+  if (const QString damage = QuickDamage(connection); !damage.isEmpty())
+    Refuse(path, u"è danneggiato. Ripristinare una copia di sicurezza. ("_qs + damage + u')',
+           u"it is damaged. Restore a backup. ("_qs + damage + u')');
+}
+
+// A name beside the database that is not taken.
+QString CopyName(const QString& path, int version) {
+  const QFileInfo file(path);
+  const QString base = file.path() + u'/' + file.completeBaseName() + u"-v%1-backup"_qs.arg(version);
+  QString name = base + u".db"_qs;
+  for (int i = 2; QFileInfo::exists(name); ++i) name = base + u"-%1.db"_qs.arg(i);
+  return name;
+}
+
+void RunMigrations(Connection& connection, const std::vector<Migration>& migrations, int from,
+                   int schemaVersion) {
+  // Tables that are made anew would take rows of other tables with them.
+  connection.Execute(u"PRAGMA foreign_keys=OFF"_qs);
+  try {
+    Transaction transaction(connection);
+    for (const Migration& migration : migrations)
+      if (migration.version > from && migration.version <= schemaVersion)
+        WithStoreErrors([&] { connection.Database().exec(migration.sql.toUtf8().toStdString()); });
+    if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty()) throw Error(broken.first());
+    connection.Execute(u"PRAGMA user_version=%1"_qs.arg(schemaVersion));
+    transaction.Commit();
+  } catch (...) {
+    connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
+    throw;
+  }
+  connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
+}
+
+void Migrate(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
+             int schemaVersion) {
+  const int version = Number(connection, u"user_version"_qs);
+  if (version == schemaVersion) return;
+  try {
+    BackupDatabase(connection, CopyName(path, version));
+    RunMigrations(connection, migrations, version, schemaVersion);
+  } catch (const Error& error) {
+    Refuse(path, u"non è stato possibile aggiornarlo, ed è rimasto com'era. "_qs + error.Description(),
+           u"it could not be updated, and is as it was. "_qs + error.Description());
   }
 }
 
-void CheckFile(const QString& path) {
+void OpenExamined(Connection& connection, const QString& path, int schemaVersion) {
   const QFileInfo file(path);
-  if (!file.isFile())
-    Refuse(
-        StoreFault::Missing, path,
-        u"Il database %1 non esiste. Rimetterlo al suo posto, oppure ripristinare una copia di riserva."_qs,
-        u"The database %1 does not exist. Put it back in its place, or restore a backup."_qs);
-  if (file.size() == 0)
-    Refuse(
-        StoreFault::Empty, path,
-        u"Il database %1 è vuoto (0 byte). Il file non è stato toccato: ripristinare una copia di riserva."_qs,
-        u"The database %1 is empty (0 bytes). The file was not touched: restore a backup."_qs);
-}
-
-void CheckHeader(const Header& header, const QString& path, int schemaVersion) {
-  if (header.applicationId != CatalogApplicationId || header.userVersion < 1)
-    Refuse(
-        StoreFault::Foreign, path,
-        u"Il file %1 è il database di un altro programma, non quello dei cataloghi. Il file non è stato "
-        u"toccato:"
-        u" rimettere al suo posto quello di Vorlina."_qs,
-        u"The file %1 is the database of another program, not that of the catalogs. It was not touched: put"
-        u" Vorlina's own back in its place."_qs);
-  if (header.userVersion > schemaVersion)
-    Refuse(
-        StoreFault::Newer, path,
-        u"Il database %1 è stato creato da una versione più recente di Vorlina. Il file non è stato toccato:"
-        u" aggiornare il programma."_qs,
-        u"The database %1 was made by a later version of Vorlina. The file was not touched: update the program."_qs);
-}
-
-// quick_check without its index comparison is linear in the file; of a large file only the small tables are
-// read.
-void CheckPages(Connection& connection, const QString& path) {
-  const bool large = QFileInfo(path).size() > FullyCheckedSize;
-  Query check(connection, large ? u"PRAGMA quick_check(Cataloghi)"_qs : u"PRAGMA quick_check(1)"_qs);
-  if (!check.Next() || check.Text(0) != u"ok") RefuseDamaged(path);
-  Query tables(connection,
-               u"SELECT count(*) FROM sqlite_schema WHERE type='table' AND name IN ('Cataloghi',"
-               u"'Prodotti','Filtri','Immagini','SchedeTecniche','Extensions','CExtension','PExtension')"_qs);
-  if (!tables.Next() || tables.Integer(0) != 8) RefuseDamaged(path);
-}
-
-void RequireUsable(Connection& connection, const QString& path, int schemaVersion,
-                   const std::vector<Migration>& migrations) {
-  if (const auto header = ReadHeaderOf(QFileInfo(path).absoluteFilePath()))
-    CheckHeader(*header, path, schemaVersion);
+  if (file.isFile() && file.size() == 0)
+    Refuse(path, u"è vuoto. Ripristinare una copia di sicurezza."_qs, u"it is empty. Restore a backup."_qs);
   connection.Open(ConnectionTextFor(path));
-  const Header header = ReadHeader(connection.Database());
-  CheckHeader(header, path, schemaVersion);
-  CheckPages(connection, path);
-  if (header.userVersion < schemaVersion)
-    MigrateDatabase(connection, header.userVersion, schemaVersion, migrations);
+  Examine(connection, path, schemaVersion);
 }
 
 }  // namespace
 
+std::vector<Migration> KnownMigrations() { return {}; }
+
 void OpenCatalogDatabase(Connection& connection, const QString& path) {
-  OpenCatalogDatabase(connection, path, CatalogSchemaVersion, DeliveredMigrations());
+  OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);
 }
 
-void OpenCatalogDatabase(Connection& connection, const QString& path, int schemaVersion,
-                         const std::vector<Migration>& migrations) {
-  connection.Close();
-  CheckFile(path);
+void OpenCatalogDatabase(Connection& connection, const QString& path,
+                         const std::vector<Migration>& migrations, int schemaVersion) {
   try {
-    RequireUsable(connection, path, schemaVersion, migrations);
-  } catch (const SQLite::Exception& error) {
+    OpenExamined(connection, path, schemaVersion);
+    Migrate(connection, path, migrations, schemaVersion);
+    // A file that somebody set to another mode; a no-op otherwise.
+    if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete")
+      Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
+  } catch (const Error& error) {
     connection.Close();
-    if (error.getErrorCode() == SQLITE_NOTADB || error.getErrorCode() == SQLITE_CORRUPT) RefuseDamaged(path);
-    ThrowStoreError(error.getExtendedErrorCode(), QString::fromUtf8(error.what()));
-  } catch (const StoreError& error) {
-    connection.Close();
-    if (error.Fault() == StoreFault::Corrupt) RefuseDamaged(path);
-    throw;
+    const QString name = QDir::toNativeSeparators(path);
+    if (error.Description().contains(name)) throw;
+    throw Error(name + u": "_qs + error.Description());
+  }
+}
+
+void BackupDatabase(Connection& connection, const QString& path) {
+  const QString temporary = path + u".partial"_qs;
+  QFile::remove(temporary);
+  try {
+    WithStoreErrors([&] {
+      SQLite::Database copy(temporary.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+      copy.exec("PRAGMA synchronous=FULL");
+      SQLite::Backup backup(copy, connection.Database());
+      if (const int result = backup.executeStep(-1); result != SQLITE_DONE)
+        throw SQLite::Exception(connection.Database().getHandle(), result);
+    });
+    Connection copied;
+    copied.Open(ConnectionTextFor(temporary));
+    if (const QStringList broken = CheckDatabase(copied); !broken.isEmpty())
+      throw Error(EitherLanguage(u"La copia del database non è integra: %1"_qs,
+                                 u"The copy of the database is not whole: %1"_qs)
+                      .arg(broken.first()));
+    copied.Close();
+    MoveFileSafely(temporary, path);
   } catch (...) {
-    connection.Close();
+    QFile::remove(temporary);
     throw;
   }
+}
+
+bool IsDatabaseLocked(const QString& path) {
+  try {
+    SQLite::Database database(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("BEGIN EXCLUSIVE; ROLLBACK");
+    return false;
+  } catch (const SQLite::Exception& failure) {
+    return failure.getErrorCode() == SQLITE_BUSY;
+  }
+}
+
+QStringList CheckDatabase(Connection& connection) {
+  QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
+  findings.removeAll(u"ok"_qs);
+  Rows orphans(connection, u"PRAGMA foreign_key_check"_qs);
+  while (orphans.Next())
+    findings +=
+        EitherLanguage(u"%1, riga %2: fa riferimento a una riga di %3 che non esiste"_qs,
+                       u"%1, row %2: refers to a row of %3 that does not exist"_qs)
+            .arg(orphans.Value(0).toString(), orphans.Value(1).toString(), orphans.Value(2).toString());
+  return findings;
 }
 
 }  // namespace vorlina

@@ -1,43 +1,43 @@
-// Opening the catalog database safely at the start of the program, its backup and its check.
+// Opening, migrating, checking and copying the catalog database as a file.
 #pragma once
 
 #include <QString>
 #include <QStringList>
-#include <functional>
 #include <vector>
 
 namespace vorlina {
 
 class Connection;
 
-// "Vorl" in the file's header, and the version of the tables that this program works with.
-inline constexpr int CatalogApplicationId = 0x566F726C;
-inline constexpr int CatalogSchemaVersion = 1;
+// What the program's own database files bear, and the version of the schema that it works with.
+inline constexpr int ApplicationId = 0x566F726C;
+inline constexpr int SchemaVersion = 1;
 
-// The script that brings the tables from version - 1 to version.
+// A script that takes the schema from the version before to this one.
 struct Migration {
   int version;
-  QString script;
+  QString sql;
 };
 
-// The scripts delivered with the program, ascending.
-std::vector<Migration> DeliveredMigrations();
+// The migrations that the program knows, in order.
+std::vector<Migration> KnownMigrations();
 
-// Opens the file on the connection. Before anything is written it is checked: a missing, empty, foreign,
-// newer, damaged or locked file is refused with a StoreError that tells what to do, and stays byte for byte
-// as it was. An older one is copied beside itself ("Catalog-v1-backup.db"), the copy verified, and then
-// migrated in one transaction; a failure leaves the tables as they were.
+// Opens the database after a look at it: a file that is missing, empty, foreign, newer, damaged or locked is
+// refused with an Error that says what to do, before anything is written. An older one is migrated: first a
+// verified copy beside it
+// ("Catalog-v1-backup.db"), then all scripts in one transaction.
 void OpenCatalogDatabase(Connection& connection, const QString& path);
-// The same for a program of another version; the tests use it.
-void OpenCatalogDatabase(Connection& connection, const QString& path, int schemaVersion,
-                         const std::vector<Migration>& migrations);
+void OpenCatalogDatabase(Connection& connection, const QString& path,
+                         const std::vector<Migration>& migrations, int schemaVersion);
 
-// Copies the open database into a file, which is replaced only once the copy is complete and verified. Throws
-// StoreError.
-void BackupDatabase(Connection& connection, const QString& target);
+// Copies the database, as it stands at one moment, to a file that is checked before it gets its name. Throws
+// Error; a file that had the name then stays.
+void BackupDatabase(Connection& connection, const QString& path);
 
-// What the full integrity check and the check of the foreign keys find, a line each; empty for a sound
-// database.
+// Whether somebody is changing the database at this moment. A file that is no database is not locked.
+bool IsDatabaseLocked(const QString& path);
+
+// What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole.
 QStringList CheckDatabase(Connection& connection);
 
 }  // namespace vorlina

@@ -1,221 +1,159 @@
 #include "store/Connection.h"
 
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Exception.h>
 #include <sqlite3.h>
 
 #include <QDir>
 #include <QFileInfo>
 
+#include "base/Error.h"
 #include "base/Language.h"
-#include "store/Query.h"
-#include "store/Quoting.h"
-#include "store/SqlFunctions.h"
-#include "store/StoreError.h"
+#include "store/Sqlite.h"
 
 namespace vorlina {
 namespace {
 
-const QString DataSourcePrefix = QStringLiteral("Data Source=");
+const char16_t DataSourceKey[] = u"Data Source=";
 
-QString PathIn(const QString& connectionText) {
-  if (!connectionText.startsWith(DataSourcePrefix, Qt::CaseInsensitive) ||
-      connectionText.size() == DataSourcePrefix.size())
-    throw StoreError(StoreFault::Other, EitherLanguage(u"Testo di connessione non valido: %1"_qs,
-                                                       u"The connection text is not valid: %1"_qs)
-                                            .arg(connectionText));
-  return QDir::cleanPath(QFileInfo(connectionText.mid(DataSourcePrefix.size())).absoluteFilePath());
+constexpr int BusyMilliseconds = 5000;
+
+QString SourceOf(const QString& text) {
+  const QString key = QString::fromUtf16(DataSourceKey);
+  if (!text.startsWith(key, Qt::CaseInsensitive))
+    throw Error(
+        EitherLanguage(u"Testo di connessione non valido: %1"_qs, u"Not a connection text: %1"_qs).arg(text));
+  return text.mid(key.size());
 }
 
-// The rows, prices and texts of a user are worth more than speed: each setting keeps data whole on a loss of
-// power, or keeps a file of unknown origin from doing harm.
-const char* const Settings[] = {
-    "PRAGMA cell_size_check=ON", "PRAGMA mmap_size=0",       "PRAGMA foreign_keys=ON",
-    "PRAGMA synchronous=EXTRA",  "PRAGMA temp_store=MEMORY", "PRAGMA journal_mode=DELETE",
-};
-
-struct Switch {
-  int option;
-  int value;
-};
-
-const Switch Switches[] = {
-    {SQLITE_DBCONFIG_DEFENSIVE, 1}, {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},        {SQLITE_DBCONFIG_DQS_DML, 0},
-    {SQLITE_DBCONFIG_DQS_DDL, 0},   {SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
-};
+// What docs/decisions.md says of the database's settings. DQS off: a text in double quotes that names no
+// column is an error instead of a text.
+void Configure(SQLite::Database& database) {
+  sqlite3* handle = database.getHandle();
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  RegisterSqlExtensions(database);
+  database.exec(
+      "PRAGMA foreign_keys=ON; PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA synchronous=EXTRA;"
+      "PRAGMA temp_store=MEMORY");
+}
 
 }  // namespace
 
-QString ConnectionTextFor(const QString& path) { return DataSourcePrefix + QDir::toNativeSeparators(path); }
+QString ConnectionTextFor(const QString& path) { return QString::fromUtf16(DataSourceKey) + path; }
 
 Connection::Connection() = default;
-
 Connection::~Connection() { Close(); }
 
 void Connection::Open(const QString& connectionText) {
   Close();
-  // An absolute path also keeps ":memory:" and "file:" names from being anything else than files.
-  const QString path = PathIn(connectionText);
-  if (!QFileInfo::exists(path))
-    throw StoreError(StoreFault::Missing,
-                     EitherLanguage(u"Il database %1 non esiste"_qs, u"The database %1 does not exist"_qs)
-                         .arg(QDir::toNativeSeparators(path)));
   try {
-    database_ = std::make_shared<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE, busyTimeout_);
-    Configure();
-  } catch (const SQLite::Exception& error) {
-    Close();
-    ThrowStoreError(error.getExtendedErrorCode(), QString::fromUtf8(error.what()));
+    OpenFile(SourceOf(connectionText));
+    text_ = connectionText;
   } catch (...) {
     Close();
     throw;
   }
-  connectionText_ = connectionText;
 }
 
-void Connection::Configure() {
-  for (const Switch& setting : Switches)
-    if (sqlite3_db_config(Handle(), setting.option, setting.value, nullptr) != SQLITE_OK)
-      ThrowStoreError(Handle());
-  RegisterSqlFunctions(Handle());
-  for (const char* setting : Settings) Execute(QString::fromLatin1(setting));
+void Connection::OpenFile(const QString& path) {
+  if (!hold_.Share(QFileInfo(path).absolutePath(), BusyMilliseconds))
+    throw Error(
+        EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
+                       u"The catalogs are being restored. Wait until that has finished and try again."_qs));
+  if (!QFileInfo(path).isFile())
+    throw Error(
+        EitherLanguage(
+            u"Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma."_qs,
+            u"The database %1 does not exist. Restore a backup or install the program again."_qs)
+            .arg(QDir::toNativeSeparators(path)));
+  database_ = WithStoreErrors([&] {
+    auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE,
+                                                       BusyMilliseconds);
+    Configure(*database);
+    return database;
+  });
 }
 
 void Connection::Close() {
-  if (database_ != nullptr) RollbackIfOpen();
+  RollbackIfOpen();
   database_.reset();
+  hold_.Release();
 }
+
+QString Connection::DataSource() const { return SourceOf(text_); }
 
 SQLite::Database& Connection::Database() const {
   if (database_ == nullptr)
-    throw StoreError(StoreFault::Other, EitherLanguage(u"La connessione al database è chiusa"_qs,
-                                                       u"The database connection is closed"_qs));
+    throw Error(EitherLanguage(u"Il database non è aperto"_qs, u"The database is not open"_qs));
   return *database_;
 }
 
-sqlite3* Connection::Handle() const { return Database().getHandle(); }
-
-QString Connection::DataSource() const {
-  return QDir::toNativeSeparators(QString::fromUtf8(sqlite3_db_filename(Handle(), "main")));
-}
-
-bool Connection::IsReadOnly() const { return sqlite3_db_readonly(Handle(), "main") == 1; }
-
-void Connection::SetBusyTimeout(int milliseconds) {
-  busyTimeout_ = milliseconds;
-  if (IsOpen()) sqlite3_busy_timeout(Handle(), milliseconds);
-}
-
 void Connection::Execute(const QString& sql, const QVariantList& values) {
-  RequireTransactionAlive();
-  if (!values.isEmpty()) {
-    Query query(*this, sql, values);
-    while (query.Next()) continue;
-    return;
-  }
-  if (sqlite3_exec(Handle(), sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    ThrowStoreError(Handle());
+  WithStoreErrors([&] {
+    SQLite::Statement statement = Prepare(Database(), sql);
+    BindValues(statement, values);
+    while (statement.executeStep()) {
+    }
+  });
 }
 
-qint64 Connection::Changes() const { return sqlite3_changes64(Handle()); }
+int Connection::Changes() const { return Database().getChanges(); }
 
-bool Connection::InTransaction() const { return IsOpen() && sqlite3_get_autocommit(Handle()) == 0; }
+qint64 Connection::LastInsertId() const { return Database().getLastInsertRowid(); }
 
-void Connection::RequireTransactionAlive() const {
-  if (transactionBegun_ && !InTransaction())
-    throw StoreError(
-        StoreFault::Other,
-        EitherLanguage(u"La transazione è stata annullata dal database: nessuna modifica è stata salvata"_qs,
-                       u"The database gave up the transaction: no change was saved"_qs));
-}
+void Connection::BeginTrans() { Execute(u"BEGIN IMMEDIATE"_qs); }
+void Connection::CommitTrans() { Execute(u"COMMIT"_qs); }
+void Connection::RollbackTrans() { Execute(u"ROLLBACK"_qs); }
 
-void Connection::BeginTrans() {
-  Execute(u"BEGIN IMMEDIATE"_qs);
-  transactionBegun_ = true;
-}
-
-void Connection::CommitTrans() {
-  Execute(u"COMMIT"_qs);
-  transactionBegun_ = false;
-  reserved_.clear();
-}
-
-void Connection::RollbackTrans() {
-  transactionBegun_ = false;
-  if (InTransaction()) Execute(u"ROLLBACK"_qs);
-  // All is rolled back by now; a disk that takes nothing more can at worst give a number twice.
-  try {
-    RestoreCounters();
-  } catch (const StoreError& error) {
-    qCWarning(StoreLog) << "keeping the counters:" << error.Description();
-  }
-  reserved_.clear();
+bool Connection::InTransaction() const {
+  return IsOpen() && sqlite3_get_autocommit(database_->getHandle()) == 0;
 }
 
 void Connection::RollbackIfOpen() noexcept {
-  try {
-    if (transactionBegun_ || InTransaction()) RollbackTrans();
-  } catch (const std::exception& error) {
-    qCWarning(StoreLog) << "rolling back:" << error.what();
-  }
-}
-
-qint64 Connection::ReserveCounter(const QString& table) {
-  Transaction transaction(*this);
-  // The table's own maximum counts too, for rows that came in past the counter.
-  qint64 next = 1;
-  {
-    Query last(*this,
-               u"SELECT max(coalesce((SELECT max(rowid) FROM %1), 0),"
-               u" coalesce((SELECT max(seq) FROM sqlite_sequence WHERE name=? COLLATE NOCASE), 0))"_qs.arg(
-                   QuotedName(table)),
-               {table});
-    if (last.Next()) next = last.Integer(0) + 1;
-  }
-  reserved_[table] = next;
-  RestoreCounters();
-  transaction.Commit();
-  return next;
-}
-
-void Connection::RestoreCounters() {
-  for (const auto& [table, number] : reserved_) {
-    Execute(u"UPDATE sqlite_sequence SET seq=max(seq, ?) WHERE name=? COLLATE NOCASE"_qs, {number, table});
-    if (Changes() == 0)
-      Execute(
-          u"INSERT INTO sqlite_sequence (name, seq) SELECT name, ? FROM sqlite_schema"
-          u" WHERE type='table' AND name=? COLLATE NOCASE"_qs,
-          {number, table});
-  }
+  if (InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 Transaction::Transaction(Connection& connection)
-    : connection_(connection), joined_(connection.InTransaction()) {
-  if (joined_)
-    connection_.Execute(u"SAVEPOINT vorlina"_qs);
-  else
-    connection_.BeginTrans();
+    : connection_(connection), owns_(!connection.InTransaction()) {
+  if (owns_) connection_.BeginTrans();
 }
 
 Transaction::~Transaction() {
-  if (done_) return;
-  if (!joined_) connection_.RollbackIfOpen();
-  if (!joined_ || !connection_.InTransaction()) return;
-  try {
-    connection_.Execute(u"ROLLBACK TO vorlina"_qs);
-    connection_.Execute(u"RELEASE vorlina"_qs);
-    connection_.RestoreCounters();
-  } catch (const std::exception& error) {
-    qCWarning(StoreLog) << "rolling back to the savepoint:" << error.what();
-  }
+  if (owns_) connection_.RollbackIfOpen();
 }
 
 void Transaction::Commit() {
-  if (joined_)
-    connection_.Execute(u"RELEASE vorlina"_qs);
-  else
-    connection_.CommitTrans();
-  done_ = true;
+  if (!owns_) return;
+  connection_.CommitTrans();
+  owns_ = false;
+}
+
+Rows::Rows(Connection& connection, const QString& sql, const QVariantList& values) {
+  WithStoreErrors([&] {
+    statement_ = std::make_shared<SQLite::Statement>(Prepare(connection.Database(), sql));
+    BindValues(*statement_, values);
+    for (int i = 0; i < statement_->getColumnCount(); ++i)
+      boolean_.push_back(IsBooleanColumn(*statement_, i));
+  });
+}
+
+bool Rows::Next() {
+  return WithStoreErrors([&] { return statement_->executeStep(); });
+}
+
+int Rows::ColumnCount() const { return statement_->getColumnCount(); }
+
+QString Rows::ColumnName(int column) const { return QString::fromUtf8(statement_->getColumnName(column)); }
+
+QVariant Rows::Value(int column) const {
+  return WithStoreErrors([&] { return ColumnValue(*statement_, column, boolean_.at(std::size_t(column))); });
+}
+
+QVariant Rows::Value(const QString& column) const {
+  for (int i = 0; i < ColumnCount(); ++i)
+    if (ColumnName(i).compare(column, Qt::CaseInsensitive) == 0) return Value(i);
+  throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(column));
 }
 
 }  // namespace vorlina

@@ -1,20 +1,26 @@
-// A connection to the catalog database. Every window that needs one of its own opens it with the connection
-// text of another. Recordsets and queries on it must be closed before it is destroyed.
+// The connection to a catalog database: SQL without a result, queries walked forward, transactions. Every
+// connection has the safe settings (docs/decisions.md) and the collations and functions that the program's
+// SQL uses:
+//
+//   VORLINA_TEXT    compares texts without regard to letter case, in every script
+//   VORLINA_LOCALE  sorts as the user's locale does; for ORDER BY alone
+//   LIKE            without regard to letter case, in every script
+//   MID, LEN        a part of a text counted from 1, and a text's length, in characters
 #pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QString>
 #include <QVariant>
-#include <map>
+#include <QVariantList>
 #include <memory>
+#include <vector>
 
-namespace SQLite {
-class Database;
-}
-struct sqlite3;
+#include "base/FolderHold.h"
 
 namespace vorlina {
 
-// "Data Source=" and the path.
+// "Data Source=" and the path: the connection text of a database file.
 QString ConnectionTextFor(const QString& path);
 
 class Connection {
@@ -24,72 +30,78 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  // Opens an existing file; one that cannot be written is opened for reading. Throws StoreError: Missing,
-  // Locked, Corrupt and so on. An open connection is closed first.
+  // Opens the database file that the text names, which must exist; it is never created. Until it is closed,
+  // no restore takes the file's folder. Throws Error.
   void Open(const QString& connectionText);
-  bool IsOpen() const { return database_ != nullptr; }
-  // Rolls back a transaction that is still open. Closing twice does nothing.
+  // Rolls back what is open and closes. Nothing happens when it is closed already.
   void Close();
+  bool IsOpen() const { return database_ != nullptr; }
 
-  // "" when it was never opened.
-  const QString& ConnectionText() const { return connectionText_; }
-  // Full path of the file in native separators.
+  const QString& ConnectionText() const { return text_; }
+  // Full path of the database file.
   QString DataSource() const;
-  bool IsReadOnly() const;
-  // How long a lock of another program is waited for, 5000 ms unless told otherwise.
-  void SetBusyTimeout(int milliseconds);
-  int BusyTimeout() const { return busyTimeout_; }
 
-  // Runs one statement with a "?" for each value, or, without values, any number of statements.
+  // Runs one statement without a result; "?" stands for each value. Throws Error.
   void Execute(const QString& sql, const QVariantList& values = {});
-  // Rows that the last statement changed, cascades not counted.
-  qint64 Changes() const;
+  // How many rows the last statement changed.
+  int Changes() const;
+  // The counter value of the last row inserted.
+  qint64 LastInsertId() const;
 
-  // One transaction at a time: Begin throws when one is open, Commit when none is. Rolling back what the
-  // database has already rolled back by itself, on a full disk for instance, is no error.
+  // A transaction that writes, taken at once. Throws Error, also when one is open.
   void BeginTrans();
   void CommitTrans();
   void RollbackTrans();
   bool InTransaction() const;
+  // Rolls back a transaction that somebody left open. Never throws.
   void RollbackIfOpen() noexcept;
 
-  // The next number of the table's counter, given to nobody else and never again, even if the row is not
-  // saved or the transaction is rolled back. Throws StoreError.
-  qint64 ReserveCounter(const QString& table);
-
-  // Throws Error when the connection is closed.
+  // The database of SQLiteCpp. Throws Error when the connection is closed.
   SQLite::Database& Database() const;
-  sqlite3* Handle() const;
 
  private:
-  friend class Transaction;
-  friend class Query;
-  void Configure();
-  // Throws when the database gave up the transaction by itself: what follows must not be saved alone.
-  void RequireTransactionAlive() const;
-  void RestoreCounters();
+  void OpenFile(const QString& path);
 
-  std::shared_ptr<SQLite::Database> database_;
-  QString connectionText_;
-  int busyTimeout_ = 5000;
-  bool transactionBegun_ = false;
-  // The highest numbers reserved inside the open transaction, by table: a rollback must not free them.
-  std::map<QString, qint64> reserved_;
+  FolderHold hold_;
+  std::unique_ptr<SQLite::Database> database_;
+  QString text_;
 };
 
-// Begins a transaction, or joins the open one by a savepoint, and takes back its part unless committed.
+// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, and leaves the
+// end to it.
 class Transaction {
  public:
   explicit Transaction(Connection& connection);
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
+
   void Commit();
 
  private:
   Connection& connection_;
-  bool joined_;
-  bool done_ = false;
+  bool owns_;
+};
+
+// The rows of a query, walked forward. They are read while they are walked, so they must not outlive the
+// procedure.
+class Rows {
+ public:
+  // Throws Error.
+  Rows(Connection& connection, const QString& sql, const QVariantList& values = {});
+
+  // Steps to the next row, at first to row one. False at the end. Throws Error.
+  bool Next();
+  int ColumnCount() const;
+  QString ColumnName(int column) const;
+  // The value of the current row: NullValue() for Null, bool for a column declared BOOLEAN. By name in any
+  // letter case; throws Error for a column that does not exist.
+  QVariant Value(int column) const;
+  QVariant Value(const QString& column) const;
+
+ private:
+  std::shared_ptr<SQLite::Statement> statement_;
+  std::vector<bool> boolean_;  // columns declared BOOLEAN
 };
 
 }  // namespace vorlina

@@ -1,20 +1,25 @@
 #include "store/GetValue.h"
 
+#include <QLoggingCategory>
+
+#include "base/Error.h"
 #include "base/Helpers.h"
-#include "store/Query.h"
-#include "store/StoreError.h"
+#include "store/Connection.h"
 
 namespace vorlina {
+namespace {
+Q_LOGGING_CATEGORY(store, "vorlina.store")
+}
 
 QVariant GetValue(const QString& expression, const QString& table, Connection& connection,
                   const QString& where, const QVariantList& values) {
+  const QString clause = where.isEmpty() ? QString() : u" WHERE "_qs + where;
   try {
-    const QString clause = where.isEmpty() ? QString() : u" WHERE "_qs + where;
-    Query query(connection, u"SELECT "_qs + expression + u" As Result FROM "_qs + table + u" "_qs + clause,
-                values);
-    return query.Next() ? query.Value(u"Result"_qs) : NullValue();
+    Rows rows(connection, u"SELECT "_qs + expression + u" As Result FROM "_qs + table + u' ' + clause,
+              values);
+    return rows.Next() ? rows.Value(0) : NullValue();
   } catch (const std::exception& error) {
-    qCDebug(StoreLog) << "GetValue:" << error.what();
+    qCDebug(store) << "GetValue" << expression << table << where << DescriptionOf(error);
     return {};
   }
 }

@@ -1,47 +1,39 @@
 #include "store/Recordset.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 
+#include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
-#include "store/Query.h"
-#include "store/RowSet.h"
-#include "store/StoreError.h"
+#include "store/Sqlite.h"
 
 namespace vorlina {
-namespace {
 
-[[noreturn]] void Throw(StoreFault fault, const QString& italian, const QString& english) {
-  throw StoreError(fault, EitherLanguage(italian, english));
-}
+// The rows that a recordset and its clones share.
+struct Recordset::Snapshot {
+  std::vector<qint64> keys;
+  std::vector<Row> rows;  // of a static recordset, beside the keys
+  qint64 generation = 0;  // counts the rows added and deleted
 
-[[noreturn]] void ThrowNoCurrentRow() {
-  Throw(StoreFault::NoCurrentRow, u"Nessuna riga corrente"_qs, u"There is no current row"_qs);
-}
-
-[[noreturn]] void ThrowDeleted() {
-  Throw(StoreFault::RowDeleted, u"La riga corrente è stata eliminata"_qs,
-        u"The current row has been deleted"_qs);
-}
-
-}  // namespace
+  qint64 Count() const { return qint64(keys.size()); }
+};
 
 Recordset::Recordset() = default;
 Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset&&) noexcept = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::Open(const QString& source, Connection& connection, CursorType cursor, LockType lock,
                      const QVariantList& values) {
   Close();
-  connection_ = &connection;
-  auto opened = std::make_shared<const RecordsetSource>(connection, source, values);
+  source_ = source;
+  values_ = values;
   cursor_ = cursor;
   lock_ = lock;
-  text_ = source;
-  source_ = std::move(opened);
+  connection_ = &connection;
   try {
-    ReadRows();
+    Analyse();
+    Load();
   } catch (...) {
     Close();
     throw;
@@ -49,145 +41,416 @@ void Recordset::Open(const QString& source, Connection& connection, CursorType c
 }
 
 void Recordset::Close() {
-  CancelUpdate();
+  rowStatement_.reset();
   forward_.reset();
   rows_.reset();
-  source_.reset();
   current_.reset();
-  view_.reset();
-  filter_.clear();
-  filterValues_.clear();
-  sortColumn_ = -1;
-  onDeleted_ = false;
+  connection_ = nullptr;
+  editMode_ = EditMode::None;
+  edits_.clear();
+  filterColumn_.clear();
 }
 
-void Recordset::ReadRows() {
-  current_.reset();
-  onDeleted_ = false;
-  position_ = 0;
+// What the prepared statement tells of its columns, and whether its rows are rows of one table.
+void Recordset::Analyse() {
+  select_.reset();
+  writer_ = RowWriter();
+  WithStoreErrors([&] { fields_.Read(connection_->Database(), source_); });
+  if (cursor_ == CursorType::Forward) return;
+  const QString table = fields_.Table();
+  std::optional<SelectStatement> select = SelectStatement::Parse(source_);
+  if (!table.isEmpty() && select && !select->list.contains(u'?')) {
+    try {
+      Prepare(connection_->Database(), u"SELECT rowid FROM "_qs + select->from);
+      select_ = std::move(select);
+      writer_ = RowWriter(*connection_, table);
+    } catch (const SQLite::Exception&) {
+      // Several tables, or a view: there is no key to a row.
+    }
+  }
+  if (cursor_ == CursorType::Keyset && !select_)
+    throw Error(
+        EitherLanguage(u"L'interrogazione non è modificabile: %1"_qs, u"The query has no live rows: %1"_qs)
+            .arg(source_));
+}
+
+QString Recordset::KeyStatement() const {
+  const QString filter = filterColumn_.isEmpty() ? QString() : QuoteName(filterColumn_) + u" IS ?"_qs;
+  const QString where = select_->WhereAnd(filter);
+  return u" FROM "_qs + select_->from + (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u' ' +
+         select_->tail;
+}
+
+QVariantList Recordset::KeyValues() const {
+  return filterColumn_.isEmpty() ? values_ : values_ + QVariantList{filterValue_};
+}
+
+void Recordset::Load() {
+  forward_.reset();
+  forwardAtEnd_ = false;
+  rows_ = std::make_shared<Snapshot>();
   if (cursor_ == CursorType::Forward) {
-    forward_ = std::make_unique<Query>(*connection_, source_->Text(), source_->Values());
-    forwardEnded_ = !forward_->Next();
+    forward_ = std::make_unique<Rows>(*connection_, source_, values_);
+    forwardAtEnd_ = !forward_->Next();
     return;
   }
-  if (cursor_ == CursorType::Keyset && source_->IsKeyed())
-    rows_ = std::make_shared<KeysetRows>(source_);
-  else
-    rows_ = std::make_shared<StaticRows>(source_);
-  ApplyView();
+  WithStoreErrors([&] {
+    SQLite::Database& database = connection_->Database();
+    const bool snapshot = cursor_ == CursorType::Static;
+    const auto prepare = [&] {
+      if (!select_) return Prepare(database, source_);
+      if (snapshot) return Prepare(database, u"SELECT rowid, "_qs + select_->list + KeyStatement());
+      try {
+        return Prepare(database, u"SELECT rowid"_qs + KeyStatement());
+      } catch (const SQLite::Exception&) {
+        // The order names an alias of the list.
+        return Prepare(database, u"SELECT rowid, "_qs + select_->list + KeyStatement());
+      }
+    };
+    SQLite::Statement statement = prepare();
+    BindValues(statement, select_ ? KeyValues() : values_);
+    const int first = select_ ? 1 : 0;
+    while (statement.executeStep()) {
+      rows_->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows_->Count() + 1);
+      if (!snapshot) continue;
+      Row row;
+      for (int i = 0; i < fields_.Count(); ++i)
+        row.push_back(ColumnValue(statement, first + i, fields_.At(i).boolean));
+      rows_->rows.push_back(std::move(row));
+    }
+  });
+  generation_ = 0;
+  StandOn(0);
 }
 
 void Recordset::Requery() {
-  RequireOpen();
+  if (connection_ == nullptr)
+    throw Error(EitherLanguage(u"L'elenco non è aperto: manca il database"_qs,
+                               u"The list is not open: there is no database"_qs));
   CancelUpdate();
-  ReadRows();
+  Load();
 }
 
-void Recordset::Refresh() {
-  RequireOpen();
-  CancelUpdate();
-  current_.reset();
-  if (rows_ != nullptr) rows_->Refresh();
-}
-
-std::unique_ptr<Recordset> Recordset::Clone() const {
-  RequireOpen();
-  if (IsForward())
-    Throw(StoreFault::Other, u"Un recordset in sola avanzata non si può clonare"_qs,
-          u"A forward recordset cannot be cloned"_qs);
-  auto clone = std::make_unique<Recordset>();
-  clone->connection_ = connection_;
-  clone->text_ = text_;
-  clone->cursor_ = cursor_;
-  clone->lock_ = lock_;
-  clone->source_ = source_;
-  clone->rows_ = rows_;
-  clone->pageSize_ = pageSize_;
-  clone->ApplyView();
+Recordset Recordset::Clone() const {
+  RequireScrolling();
+  Recordset clone;
+  clone.connection_ = connection_;
+  clone.source_ = source_;
+  clone.values_ = values_;
+  clone.cursor_ = cursor_;
+  clone.lock_ = lock_;
+  clone.select_ = select_;
+  clone.fields_ = fields_;
+  clone.writer_ = writer_;
+  clone.pageSize_ = pageSize_;
+  clone.filterColumn_ = filterColumn_;
+  clone.filterValue_ = filterValue_;
+  clone.rows_ = rows_;
+  clone.generation_ = rows_->generation;
+  clone.StandOn(0);
   return clone;
 }
 
-void Recordset::RequireOpen() const {
-  if (source_ == nullptr)
-    Throw(StoreFault::Other, u"Il recordset è chiuso"_qs, u"The recordset is closed"_qs);
+void Recordset::RequireScrolling() const {
+  if (connection_ == nullptr || cursor_ == CursorType::Forward)
+    throw Error(EitherLanguage(u"L'elenco non è aperto"_qs, u"The list is not open"_qs));
 }
 
-const std::vector<RecordsetColumn>& Recordset::Columns() const {
-  RequireOpen();
-  return source_->Columns();
+void Recordset::RequireUpdatable() const {
+  RequireScrolling();
+  if (lock_ == LockType::ReadOnly || !select_)
+    throw Error(EitherLanguage(u"L'elenco è di sola lettura"_qs, u"The list is read-only"_qs));
 }
 
-QStringList Recordset::FieldNames() const {
-  QStringList names;
-  for (const RecordsetColumn& column : Columns()) names += column.name;
-  return names;
+void Recordset::RequireRow() const {
+  if (IsBOF() || IsEOF() || deleted_)
+    throw Error(EitherLanguage(u"Nessuna riga è selezionata"_qs, u"There is no current row"_qs));
 }
 
-int Recordset::FieldIndex(const QString& field) const {
-  RequireOpen();
-  const int index = source_->IndexOf(field);
-  if (index < 0)
-    throw StoreError(StoreFault::Other,
-                     EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(field));
-  return index;
+bool Recordset::IsBOF() const {
+  if (cursor_ == CursorType::Forward) return forward_ == nullptr;
+  if (rows_ == nullptr) return true;
+  Relocate();
+  return editMode_ != EditMode::Add && !deleted_ && (rows_->keys.empty() || index_ < 0);
 }
 
-QString Recordset::BaseTable(const QString& field) const {
-  return Columns()[std::size_t(FieldIndex(field))].baseTable;
+bool Recordset::IsEOF() const {
+  if (cursor_ == CursorType::Forward) return forward_ == nullptr || forwardAtEnd_;
+  if (rows_ == nullptr) return true;
+  Relocate();
+  return editMode_ != EditMode::Add && !deleted_ && index_ >= rows_->Count();
 }
 
-QString Recordset::BaseColumn(const QString& field) const {
-  return Columns()[std::size_t(FieldIndex(field))].baseColumn;
+// Where the current row stands after a clone added or deleted rows.
+void Recordset::Relocate() const {
+  if (generation_ == rows_->generation) return;
+  generation_ = rows_->generation;
+  const auto found = std::find(rows_->keys.begin(), rows_->keys.end(), key_);
+  index_ = found != rows_->keys.end() ? found - rows_->keys.begin() : std::min(index_, rows_->Count());
+  current_.reset();
 }
 
-const Row& Recordset::CurrentRow() {
-  RequireOpen();
-  if (IsBOF() || IsEOF()) ThrowNoCurrentRow();
-  if (onDeleted_) ThrowDeleted();
-  const qint64 changes = sqlite3_total_changes64(connection_->Handle());
-  if (mode_ == EditMode::None && changes != currentChanges_) current_.reset();
-  if (!current_) {
-    const Row* row = rows_->At(CurrentIndex(), [this] { return Around(position_); });
-    if (row == nullptr) ThrowDeleted();
-    current_ = *row;
-    currentChanges_ = changes;
+// Leaves the current row, which writes what was being edited, and stands on another.
+void Recordset::StandOn(qint64 index) {
+  if (editMode_ != EditMode::None) Update();
+  deleted_ = false;
+  current_.reset();
+  index_ = std::clamp<qint64>(index, -1, rows_->Count());
+  key_ = index_ >= 0 && index_ < rows_->Count() ? rows_->keys[std::size_t(index_)] : 0;
+}
+
+void Recordset::MoveFirst() {
+  RequireScrolling();
+  StandOn(0);
+}
+
+void Recordset::MoveLast() {
+  RequireScrolling();
+  StandOn(std::max<qint64>(rows_->Count() - 1, 0));
+}
+
+void Recordset::MoveNext() {
+  if (cursor_ == CursorType::Forward && forward_ != nullptr) {
+    forwardAtEnd_ = !forward_->Next();
+    return;
   }
+  RequireScrolling();
+  Relocate();
+  StandOn(deleted_ ? index_ : index_ + 1);
+}
+
+void Recordset::MovePrevious() {
+  RequireScrolling();
+  Relocate();
+  StandOn(index_ - 1);
+}
+
+qint64 Recordset::RecordCount() const {
+  RequireScrolling();
+  return rows_->Count();
+}
+
+qint64 Recordset::AbsolutePosition() const {
+  RequireScrolling();
+  Relocate();
+  return index_ + 1;
+}
+
+void Recordset::SetAbsolutePosition(qint64 position) {
+  RequireScrolling();
+  StandOn(position - 1);
+}
+
+void Recordset::SetPageSize(int rows) { pageSize_ = std::max(rows, 1); }
+
+qint64 Recordset::PageCount() const { return (RecordCount() + pageSize_ - 1) / pageSize_; }
+
+qint64 Recordset::AbsolutePage() const { return (AbsolutePosition() - 1) / pageSize_ + 1; }
+
+void Recordset::SetAbsolutePage(qint64 page) { SetAbsolutePosition((page - 1) * pageSize_ + 1); }
+
+qint64 Recordset::Bookmark() const {
+  RequireRow();
+  return CurrentKey();
+}
+
+void Recordset::SetBookmark(qint64 bookmark) {
+  RequireScrolling();
+  const auto found = std::find(rows_->keys.begin(), rows_->keys.end(), bookmark);
+  if (found == rows_->keys.end())
+    throw Error(EitherLanguage(u"La riga non è più nell'elenco"_qs, u"The row is no longer in the list"_qs));
+  StandOn(found - rows_->keys.begin());
+}
+
+qint64 Recordset::CurrentKey() const {
+  Relocate();
+  return rows_->keys[std::size_t(index_)];
+}
+
+// The keys of the rows whose column has the value, in ascending order: one statement, whatever the number of
+// rows.
+std::vector<qint64> Recordset::MatchingKeys(const QString& column, const QVariant& value) const {
+  const Field& field = fields_.At(fields_.IndexOf(column));
+  const QString condition = QuoteName(field.column) + u" IS ?"_qs;
+  return WithStoreErrors([&] {
+    SQLite::Statement statement =
+        Prepare(connection_->Database(),
+                u"SELECT rowid FROM "_qs + select_->from + u" WHERE "_qs + select_->WhereAnd(condition));
+    BindValues(statement, values_ + QVariantList{value});
+    std::vector<qint64> keys;
+    while (statement.executeStep()) keys.push_back(statement.getColumn(0).getInt64());
+    std::sort(keys.begin(), keys.end());
+    return keys;
+  });
+}
+
+bool Recordset::Find(const QString& column, const QVariant& value, int skip, bool forward) {
+  RequireSearchable(column);
+  const std::vector<qint64> keys = MatchingKeys(column, value);
+  Relocate();
+  const qint64 step = forward ? 1 : -1;
+  qint64 index = index_ + skip * step;
+  while (index >= 0 && index < rows_->Count() &&
+         !std::binary_search(keys.begin(), keys.end(), rows_->keys[std::size_t(index)]))
+    index += step;
+  StandOn(index);
+  return index >= 0 && index < rows_->Count();
+}
+
+void Recordset::SetFilter(const QString& column, const QVariant& value) {
+  RequireSearchable(column);
+  CancelUpdate();
+  filterColumn_ = fields_.At(fields_.IndexOf(column)).column;
+  filterValue_ = value;
+  Load();
+}
+
+void Recordset::ClearFilter() {
+  RequireScrolling();
+  CancelUpdate();
+  filterColumn_.clear();
+  Load();
+}
+
+void Recordset::RequireSearchable(const QString& column) const {
+  RequireScrolling();
+  if (!select_ || fields_.At(fields_.IndexOf(column)).column.isEmpty())
+    throw Error(
+        EitherLanguage(u"Non si può cercare nella colonna %1"_qs, u"The column %1 cannot be searched"_qs)
+            .arg(column));
+}
+
+std::optional<Recordset::Row> Recordset::FetchRow(qint64 key) const {
+  return WithStoreErrors([&]() -> std::optional<Row> {
+    if (rowStatement_ == nullptr)
+      rowStatement_ = std::make_shared<SQLite::Statement>(
+          Prepare(connection_->Database(),
+                  u"SELECT "_qs + select_->list + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
+    SQLite::Statement& statement = *rowStatement_;
+    struct Reset {
+      SQLite::Statement& statement;
+      ~Reset() { statement.tryReset(); }
+    } const reset{statement};
+    statement.bind(1, static_cast<int64_t>(key));
+    if (!statement.executeStep()) return {};
+    Row row;
+    for (int i = 0; i < fields_.Count(); ++i) row.push_back(ColumnValue(statement, i, fields_.At(i).boolean));
+    return row;
+  });
+}
+
+const Recordset::Row& Recordset::CurrentRow() const {
+  RequireRow();
+  Relocate();
+  if (cursor_ == CursorType::Static) return rows_->rows[std::size_t(index_)];
+  if (!current_) current_ = FetchRow(CurrentKey());
+  if (!current_)
+    throw Error(EitherLanguage(
+        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was deleted meanwhile by another window or program."_qs));
   return *current_;
 }
 
-QVariant Recordset::Presented(int field, const QVariant& stored) const {
-  const bool asBool = source_->Columns()[std::size_t(field)].isBoolean && !stored.isNull();
-  return asBool ? QVariant(stored.toDouble() != 0) : stored;
+bool Recordset::RowExists() const {
+  RequireRow();
+  if (!select_) return true;
+  current_ = FetchRow(CurrentKey());
+  return current_.has_value();
 }
 
-QVariant Recordset::Value(const QString& field) { return Value(FieldIndex(field)); }
+QVariant Recordset::Value(const QString& column) const { return Value(fields_.IndexOf(column)); }
 
-QVariant Recordset::Value(int field) {
-  RequireOpen();
-  if (IsForward()) return forward_->Value(field);
-  if (field < 0 || std::size_t(field) >= Columns().size())
-    Throw(StoreFault::Other, u"La colonna richiesta non esiste"_qs, u"There is no such column"_qs);
-  const Row& row = mode_ == EditMode::None ? CurrentRow() : edited_;
-  return Presented(field, row[std::size_t(field)]);
-}
-
-QVariant Recordset::OriginalValue(const QString& field) {
-  const int index = FieldIndex(field);
-  if (IsForward()) return forward_->Value(index);
-  return mode_ == EditMode::Add ? NullValue() : Presented(index, CurrentRow()[std::size_t(index)]);
-}
-
-RowStatus Recordset::Status() {
-  RequireOpen();
-  if (IsBOF() || IsEOF()) return RowStatus::None;
-  if (IsForward() || mode_ == EditMode::Add) return RowStatus::Present;
-  try {
-    CurrentRow();
-    return RowStatus::Present;
-  } catch (const StoreError& error) {
-    if (error.Fault() != StoreFault::RowDeleted) throw;
-    return RowStatus::Deleted;
+QVariant Recordset::Value(int column) const {
+  if (cursor_ == CursorType::Forward) {
+    RequireRow();
+    return forward_->Value(column);
   }
+  const bool edited = editMode_ != EditMode::None && edits_[std::size_t(column)].has_value();
+  if (edited) return *edits_[std::size_t(column)];
+  return editMode_ == EditMode::Add ? NullValue() : CurrentRow()[std::size_t(column)];
+}
+
+void Recordset::SetValue(const QString& column, const QVariant& value) {
+  SetValue(fields_.IndexOf(column), value);
+}
+
+void Recordset::SetValue(int column, const QVariant& value) {
+  RequireUpdatable();
+  const Field& field = fields_.At(column);
+  const bool counter = field.column == writer_.Counter() && !field.column.isEmpty();
+  if (field.column.isEmpty() || (counter && editMode_ != EditMode::Add))
+    throw Error(EitherLanguage(u"La colonna %1 non è modificabile"_qs, u"The column %1 cannot be changed"_qs)
+                    .arg(field.name));
+  if (editMode_ == EditMode::None) {
+    CurrentRow();
+    edits_.assign(std::size_t(fields_.Count()), {});
+    editMode_ = EditMode::InProgress;
+  }
+  edits_[std::size_t(column)] = value;
+}
+
+void Recordset::AddNew() {
+  RequireUpdatable();
+  if (editMode_ != EditMode::None) Update();
+  edits_.assign(std::size_t(fields_.Count()), {});
+  editMode_ = EditMode::Add;
+  deleted_ = false;
+  if (writer_.Counter().isEmpty()) return;
+  try {
+    const qint64 number = writer_.ReserveNumber();
+    for (int i = 0; i < fields_.Count(); ++i)
+      if (fields_.At(i).column == writer_.Counter()) edits_[std::size_t(i)] = number;
+  } catch (...) {
+    CancelUpdate();
+    throw;
+  }
+}
+
+std::vector<ColumnChange> Recordset::Changes() const {
+  std::vector<ColumnChange> changes;
+  for (int i = 0; i < fields_.Count(); ++i) {
+    const std::optional<QVariant>& edit = edits_[std::size_t(i)];
+    if (!edit) continue;
+    changes.push_back({fields_.At(i).column, *edit,
+                       editMode_ == EditMode::Add ? NullValue() : CurrentRow()[std::size_t(i)]});
+  }
+  return changes;
+}
+
+void Recordset::Update() {
+  if (editMode_ == EditMode::None) return;
+  const std::vector<ColumnChange> changes = Changes();
+  if (editMode_ == EditMode::Add) {
+    const qint64 key = writer_.Insert(changes);
+    editMode_ = EditMode::None;
+    rows_->keys.push_back(key);
+    if (cursor_ == CursorType::Static) rows_->rows.push_back(FetchRow(key).value_or(Row()));
+    generation_ = ++rows_->generation;
+    StandOn(rows_->Count() - 1);
+    return;
+  }
+  const qint64 key = CurrentKey();
+  writer_.Update(key, changes);
+  editMode_ = EditMode::None;
+  current_.reset();
+  if (cursor_ == CursorType::Static) rows_->rows[std::size_t(index_)] = FetchRow(key).value_or(Row());
+}
+
+void Recordset::CancelUpdate() {
+  editMode_ = EditMode::None;
+  edits_.clear();
+  current_.reset();
+}
+
+void Recordset::Delete() {
+  RequireUpdatable();
+  RequireRow();
+  CancelUpdate();
+  writer_.Delete(CurrentKey());
+  rows_->keys.erase(rows_->keys.begin() + index_);
+  if (cursor_ == CursorType::Static) rows_->rows.erase(rows_->rows.begin() + index_);
+  generation_ = ++rows_->generation;
+  deleted_ = true;
 }
 
 }  // namespace vorlina

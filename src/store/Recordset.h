@@ -1,174 +1,151 @@
-// Rows of a statement, looked at one at a time, with their values by name in any letter case, and written
-// back. A recordset on one table is live: its rows are found again by their keys. It must not outlive its
-// connection.
+// A result set that one row at a time is looked at, and changed. Everything that lists or edits rows goes
+// through it.
+//
+// A keyset recordset is live: opening it reads the row keys alone (8 bytes a row), and a row is fetched by
+// its key when it is looked at, so that it shows what others have written. A static one is a snapshot. A
+// forward one is read while it is walked, once, and must be closed in the procedure that opened it; the
+// others leave no statement open.
+//
+// Columns are named in any letter case, and Null is distinct. All members throw Error.
 #pragma once
 
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVariantList>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "store/Connection.h"
-#include "store/RecordsetSource.h"
+#include "store/RecordsetFields.h"
+#include "store/RowWriter.h"
+#include "store/SelectStatement.h"
 
 namespace vorlina {
 
-class Query;
-class RowSet;
-
-enum class CursorType {
-  Forward,  // walked once, forward; keeps a read lock, so it is closed or at its end when its procedure ends
-  Keyset,   // the keys are read when it is opened, a row's values when it is looked at
-  Static,   // all values are read when it is opened
-};
+enum class CursorType { Forward, Keyset, Static };
 enum class LockType { ReadOnly, Optimistic };
 enum class EditMode { None, InProgress, Add };
-enum class RowStatus { Present, Deleted, None };
-enum class FindDirection { Forward, Backward };
 
 class Recordset {
  public:
   Recordset();
   ~Recordset();
-  Recordset(const Recordset&) = delete;
-  Recordset& operator=(const Recordset&) = delete;
+  Recordset(Recordset&&) noexcept;
+  Recordset& operator=(Recordset&&) noexcept;
 
-  // The source is a SELECT, with a "?" for each value, or the name of a table. The first row becomes current.
-  // A keyset on a statement whose rows are not those of one table becomes a static, read-only one. An open
-  // recordset is closed first. Throws StoreError.
-  void Open(const QString& source, Connection& connection, CursorType cursor = CursorType::Forward,
-            LockType lock = LockType::ReadOnly, const QVariantList& values = {});
-  bool IsOpen() const { return source_ != nullptr; }
-  // An edit that was not saved is dropped.
+  // Opens a SELECT; "?" stands for each value. A keyset needs a plain SELECT on one table. It stands on the
+  // first row.
+  void Open(const QString& source, Connection& connection, CursorType cursor, LockType lock,
+            const QVariantList& values = {});
+  // Nothing happens when it is closed already; what is being edited is given up.
   void Close();
-  // Reads the keys (or values) again; the first row becomes current. The filter stays, an edit is dropped.
+  bool IsOpen() const { return connection_ != nullptr; }
+  // Reads the keys, or the snapshot, anew with its own source and stands on the first row. The filter stays.
   void Requery();
-  // Forgets what was read ahead, so that the current row too is read anew. An edit is dropped.
-  void Refresh();
-  // The same rows with a position of its own; only for keyset and static. Bookmarks are shared until a
-  // Requery.
-  std::unique_ptr<Recordset> Clone() const;
-  // "" when it was never opened.
-  const QString& Source() const { return text_; }
+  const QString& Source() const { return source_; }
 
-  // Both are true where there are no rows.
+  // A second recordset over the same rows, with its own position and its own edits. Its first row is current.
+  Recordset Clone() const;
+
   bool IsBOF() const;
   bool IsEOF() const;
-  bool IsEmpty() const { return IsBOF() && IsEOF(); }
-  // A pending edit is saved first. Moving on from BOF or EOF outwards throws NoCurrentRow.
   void MoveFirst();
+  void MoveLast();
   void MoveNext();
   void MovePrevious();
-  void MoveLast();
-  void Move(qint64 rows);
-  // Rows that the filter lets through. A forward recordset does not know: -1.
+  // Not for a forward recordset, as all that follows until the fields.
   qint64 RecordCount() const;
-  // A mark of the current row, above 0, by which it is found again. Setting one that does not exist throws.
-  qint64 Bookmark() const;
-  void SetBookmark(qint64 bookmark);
-
-  // Looks for the next row, from the current one on (from the first, or the last, when there is none), after
-  // passing over skip rows. Not found leaves the recordset at EOF (forward) or BOF. The criterion is a
-  // column, one of = <> < > <= >= LIKE, and a number, Null or a 'text' with its quotes doubled. True when
-  // found.
-  bool Find(const QString& criterion, qint64 skip = 0, FindDirection direction = FindDirection::Forward);
-  bool Find(const QString& column, const QVariant& value, qint64 skip = 0,
-            FindDirection direction = FindDirection::Forward);
-  // Leaves the rows for which the condition on the recordset's columns holds; the first becomes current. An
-  // empty text clears the filter. Text in it goes through QuotedText, or is bound.
-  void SetFilter(const QString& condition, const QVariantList& values = {});
-  void SetFilterTo(const QString& column, const QVariant& value);
-  void ClearFilter() { SetFilter({}); }
-  // Orders the rows by a column in the user's alphabet; a row added later stands at the end. "" gives back
-  // the statement's order.
-  void SetSort(const QString& column, bool descending = false);
-
-  // Pages of PageSize rows, 10 at first; pages and positions count from 1, and 0 stands for no current row.
-  qint64 PageSize() const { return pageSize_; }
-  void SetPageSize(qint64 rows);
+  // Position of the current row, counted from 1. Setting one that does not exist stands at the end.
+  qint64 AbsolutePosition() const;
+  void SetAbsolutePosition(qint64 position);
+  // Pages of PageSize rows, counted from 1. Setting a page stands on its first row.
+  int PageSize() const { return pageSize_; }
+  void SetPageSize(int rows);
   qint64 PageCount() const;
   qint64 AbsolutePage() const;
   void SetAbsolutePage(qint64 page);
-  qint64 AbsolutePosition() const;
-  void SetAbsolutePosition(qint64 position);
+  // What finds the current row again in this recordset, in its clones and after a requery.
+  qint64 Bookmark() const;
+  // Throws Error when the row is not there any more.
+  void SetBookmark(qint64 bookmark);
 
-  QStringList FieldNames() const;
-  const std::vector<RecordsetColumn>& Columns() const;
-  // The table and column that a field shows, "" for an expression.
-  QString BaseTable(const QString& field) const;
-  QString BaseColumn(const QString& field) const;
-  // The value as edited, or as read. NullValue() for Null; bool for columns declared BOOLEAN. Throws
-  // StoreError: NoCurrentRow, RowDeleted, or Other for an unknown field.
-  QVariant Value(const QString& field);
-  QVariant Value(int field);
-  // The value as it was read, before the edit.
-  QVariant OriginalValue(const QString& field);
-  // Begins an edit where none is under way. Nothing is written before Update. Throws for a field that shows
-  // no base column, and for a text where the column holds numbers.
-  void SetValue(const QString& field, const QVariant& value);
+  // Goes to the next row, skip rows on from the current one, whose column has the value, or to the end: past
+  // the last row, or before the first one when walking back. Texts compare as the column does. True when one
+  // was found.
+  bool Find(const QString& column, const QVariant& value, int skip = 0, bool forward = true);
+  // Shows only the rows whose column has the value, from the first on. Without arguments, all rows again.
+  void SetFilter(const QString& column, const QVariant& value);
+  void ClearFilter();
 
-  RowStatus Status();
-  EditMode Mode() const { return mode_; }
-  // Begins a new row, whose counter has its value at once. A pending edit is saved first.
+  const RecordsetFields& Fields() const { return fields_; }
+  // A column of the current row, or what was set in it since.
+  QVariant Value(const QString& column) const;
+  QVariant Value(int column) const;
+  // Whether the current row is still in the database.
+  bool RowExists() const;
+
+  // Begins to change the current row, or goes on with it. An expression cannot be set, nor a counter of a row
+  // that exists.
+  void SetValue(const QString& column, const QVariant& value);
+  void SetValue(int column, const QVariant& value);
+  // Begins a new row; its counter is known at once. A column that is not set gets the table's default.
   void AddNew();
-  // Writes the changed fields. Throws Conflict when someone else has changed one of them, or the row is gone,
-  // and Duplicate for a key that exists; the edit then stays. Without an edit nothing happens.
+  // Writes what was set. After a failure the row stays in edit. A row that was added is current, and the last
+  // one.
   void Update();
   void CancelUpdate();
-  // Deletes the current row, which stays current, as deleted, until the next move. A new row that was not
-  // saved is dropped.
+  // Deletes the current row; MoveNext then goes to the one behind it.
   void Delete();
+  EditMode Editing() const { return editMode_; }
 
  private:
-  bool IsForward() const { return forward_ != nullptr; }
-  qint64 RowCount() const;
-  qint64 IndexAt(qint64 position) const;
-  qint64 PositionOf(qint64 index) const;
-  qint64 CurrentIndex() const;
-  std::vector<qint64> Around(qint64 position) const;
-  void ReadRows();
-  void ApplyView();
-  void StepForward();
-  void RequireOpen() const;
-  void RequireWritable() const;
-  void LeaveRow();
-  void GoTo(qint64 position);
-  int FieldIndex(const QString& field) const;
-  const Row& CurrentRow();
-  QVariant Presented(int field, const QVariant& stored) const;
-  bool FindMatch(const QString& condition, const QVariantList& values, qint64 skip, FindDirection direction);
-  void Insert();
-  void WriteChanges();
+  struct Snapshot;
+  using Row = std::vector<QVariant>;
+
+  void Analyse();
+  void Load();
+  QString KeyStatement() const;
+  QVariantList KeyValues() const;
+  std::vector<qint64> MatchingKeys(const QString& column, const QVariant& value) const;
+  const Row& CurrentRow() const;
+  std::optional<Row> FetchRow(qint64 key) const;
+  qint64 CurrentKey() const;
+  void RequireRow() const;
+  void RequireUpdatable() const;
+  void RequireScrolling() const;
+  void RequireSearchable(const QString& column) const;
+  void StandOn(qint64 index);
+  void Relocate() const;
+  std::vector<ColumnChange> Changes() const;
 
   Connection* connection_ = nullptr;
-  QString text_;
+  QString source_;
+  QVariantList values_;
   CursorType cursor_ = CursorType::Forward;
   LockType lock_ = LockType::ReadOnly;
-  std::shared_ptr<const RecordsetSource> source_;
-  std::shared_ptr<RowSet> rows_;    // keyset and static
-  std::unique_ptr<Query> forward_;  // forward
-  bool forwardEnded_ = false;
+  std::optional<SelectStatement> select_;
+  RecordsetFields fields_;
+  RowWriter writer_;
+  int pageSize_ = 10;
+  QString filterColumn_;  // base column
+  QVariant filterValue_;
 
-  // The rows let through by filter, sort and own deletions, in order; without it all rows in theirs.
-  std::optional<std::vector<qint64>> view_;
-  QString filter_;
-  QVariantList filterValues_;
-  int sortColumn_ = -1;
-  bool sortDescending_ = false;
-  qint64 pageSize_ = 10;
+  std::shared_ptr<Snapshot> rows_;
+  std::unique_ptr<Rows> forward_;
+  bool forwardAtEnd_ = false;
+  // Index of the current row; -1 before the first, the number of rows past the last.
+  mutable qint64 index_ = -1;
+  mutable qint64 generation_ = 0;
+  mutable qint64 key_ = 0;  // of the current row, to find it again when a clone added or deleted rows
+  bool deleted_ = false;    // the current row was deleted here; index_ is that of the row behind it
+  mutable std::optional<Row> current_;
 
-  qint64 position_ = 0;  // -1 at BOF, the number of rows at EOF
-  // The current row was deleted: position_ is that of the row behind it.
-  bool onDeleted_ = false;
-  // The current row as it was read, kept so that an edit is compared with what the user saw.
-  std::optional<Row> current_;
-  qint64 currentChanges_ = 0;
-
-  EditMode mode_ = EditMode::None;
-  Row edited_;
-  std::vector<bool> changed_;
+  EditMode editMode_ = EditMode::None;
+  std::vector<std::optional<QVariant>> edits_;
+  mutable std::shared_ptr<SQLite::Statement> rowStatement_;
 };
 
 }  // namespace vorlina

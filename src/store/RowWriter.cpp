@@ -1,142 +1,101 @@
 #include "store/RowWriter.h"
 
-#include <sqlite3.h>
+#include <QStringList>
+#include <algorithm>
+#include <map>
 
+#include "base/Error.h"
 #include "base/Language.h"
 #include "store/Connection.h"
-#include "store/Quoting.h"
-#include "store/StoreError.h"
+#include "store/SelectStatement.h"
 
 namespace vorlina {
 namespace {
 
-[[noreturn]] void ThrowConflict() {
-  throw StoreError(
-      StoreFault::Conflict,
-      EitherLanguage(u"La riga è stata modificata o eliminata da qualcun altro: la modifica non è stata"
-                     u" salvata"_qs,
-                     u"The row was changed or deleted by someone else: the change was not saved"_qs));
+// A table's counter is its INTEGER PRIMARY KEY declared AUTOINCREMENT.
+QString CounterOf(Connection& connection, const QString& table) {
+  Rows declared(connection, u"SELECT sql FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE"_qs,
+                {table});
+  if (!declared.Next() || !declared.Value(0).toString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
+    return {};
+  Rows key(connection, u"SELECT name FROM pragma_table_info(?) WHERE pk=1"_qs, {table});
+  return key.Next() ? key.Value(0).toString() : QString();
 }
 
-// Compared byte by byte: a change of case alone is a change.
-QString IsAsBefore(const QString& column) {
-  return u" AND "_qs + QuotedName(column) + u" COLLATE BINARY IS ?"_qs;
-}
-
-// " WHERE rowid=? AND ..." on the identity, with its values.
-QString KeyCondition(const RecordsetSource& source, qint64 key, const Row& before, QVariantList& values) {
-  QString text = u" WHERE rowid=?"_qs;
-  values += qlonglong(key);
-  for (std::size_t i = 0; i < source.IdentityColumns().size(); ++i) {
-    text += IsAsBefore(source.IdentityColumns()[i]);
-    values += before[source.Columns().size() + i];
-  }
-  return text;
-}
-
-// A duplicate key, told with the values that are not to be had twice.
-template <class Write>
-void TellingDuplicates(const RecordsetSource& source, const Row& row, const std::vector<bool>& marked,
-                       Write&& write) {
-  try {
-    write();
-  } catch (const StoreError& error) {
-    if (error.Fault() != StoreFault::Duplicate) throw;
-    QStringList texts;
-    for (std::size_t i = 0; i < marked.size(); ++i)
-      if (marked[i] && row[i].typeId() == QMetaType::QString &&
-          source.Columns()[i].collation.compare(u"BINARY"_qs, Qt::CaseInsensitive) != 0)
-        texts += u'"' + row[i].toString() + u'"';
-    if (texts.isEmpty()) throw;
-    throw StoreError(error.Fault(), error.Description() + u": "_qs + texts.join(u", "_qs));
-  }
-}
-
-void ExecuteOnOneRow(Connection& connection, const QString& sql, const QVariantList& values) {
-  connection.Execute(sql, values);
-  if (connection.Changes() == 0) ThrowConflict();
+qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& values) {
+  Rows rows(connection, sql, values);
+  return rows.Next() ? rows.Value(0).toLongLong() : 0;
 }
 
 }  // namespace
 
-QVariant FittedValue(const RecordsetColumn& column, const QVariant& value) {
-  if (column.baseColumn.isEmpty())
-    throw StoreError(StoreFault::Other, EitherLanguage(u"La colonna %1 è calcolata: non si può modificare"_qs,
-                                                       u"The column %1 is computed: it cannot be changed"_qs)
-                                            .arg(column.name));
-  if (value.isNull()) return QVariant::fromValue(nullptr);
-  const bool isText = value.typeId() == QMetaType::QString;
-  if (!column.isNumeric) return value.typeId() == QMetaType::QByteArray ? value : QVariant(value.toString());
-  bool isNumber = !isText;
-  if (isText) value.toString().trimmed().toDouble(&isNumber);
-  if (!isNumber || !value.canConvert<double>())
-    throw StoreError(StoreFault::Constraint, EitherLanguage(u"\"%1\" non è un numero adatto a %2"_qs,
-                                                            u"\"%1\" is no number fit for %2"_qs)
-                                                 .arg(value.toString(), column.name));
-  const double number = isText ? value.toString().trimmed().toDouble() : value.toDouble();
-  if (column.isBoolean) return qlonglong(number != 0);
-  bool isInteger = false;
-  const qlonglong integer = (isText ? QVariant(value.toString().trimmed()) : value).toLongLong(&isInteger);
-  return isInteger && double(integer) == number ? QVariant(integer) : QVariant(number);
+RowWriter::RowWriter(Connection& connection, QString table)
+    : connection_(&connection), table_(std::move(table)) {
+  counter_ = CounterOf(connection, table_);
 }
 
-bool IsSameValue(const QVariant& a, const QVariant& b) {
-  if (a.isNull() || b.isNull()) return a.isNull() && b.isNull();
-  return a.typeId() == b.typeId() && a == b;
+qint64 RowWriter::ReserveNumber() {
+  // A rollback takes back what sqlite_sequence was told, so the numbers given by this process are remembered
+  // besides: a file may already bear one.
+  static std::map<QString, qint64> given;
+  qint64& last = given[connection_->DataSource() + u'|' + table_.toCaseFolded()];
+  Transaction transaction(*connection_);
+  const qint64 stored = NumberOf(*connection_, u"SELECT seq FROM sqlite_sequence WHERE name=?"_qs, {table_});
+  const qint64 largest =
+      NumberOf(*connection_, u"SELECT MAX(%1) FROM %2"_qs.arg(QuoteName(counter_), QuoteName(table_)), {});
+  const qint64 number = std::max({stored, largest, last}) + 1;
+  connection_->Execute(u"UPDATE sqlite_sequence SET seq=? WHERE name=?"_qs, {number, table_});
+  if (connection_->Changes() == 0)
+    connection_->Execute(u"INSERT INTO sqlite_sequence (name,seq) VALUES (?,?)"_qs, {table_, number});
+  transaction.Commit();
+  return last = number;
 }
 
-qint64 InsertRow(const RecordsetSource& source, const Row& row, const std::vector<bool>& marked) {
-  QStringList names;
-  QStringList parameters;
+qint64 RowWriter::Insert(const std::vector<ColumnChange>& changes) {
+  QStringList columns;
+  QStringList marks;
   QVariantList values;
-  for (std::size_t i = 0; i < marked.size(); ++i) {
-    const QString name = QuotedName(source.Columns()[i].baseColumn);
-    if (!marked[i] || names.contains(name, Qt::CaseInsensitive)) continue;
-    names += name;
-    parameters += u"?"_qs;
-    values += row[i];
+  for (const ColumnChange& change : changes) {
+    columns += QuoteName(change.column);
+    marks += u"?"_qs;
+    values += change.value;
   }
-  const QString content = names.isEmpty()
-                              ? u" DEFAULT VALUES"_qs
-                              : u" ("_qs + names.join(u',') + u") VALUES ("_qs + parameters.join(u',') + u')';
-  Connection& connection = source.Owner();
-  TellingDuplicates(source, row, marked, [&] {
-    connection.Execute(u"INSERT INTO "_qs + QuotedName(source.Table()) + content, values);
-  });
-  return sqlite3_last_insert_rowid(connection.Handle());
+  const QString content =
+      columns.isEmpty() ? u" DEFAULT VALUES"_qs
+                        : QString(u" ("_qs + columns.join(u',') + u") VALUES ("_qs + marks.join(u',') + u')');
+  connection_->Execute(u"INSERT INTO "_qs + QuoteName(table_) + content, values);
+  return connection_->LastInsertId();
 }
 
-qint64 UpdateRow(const RecordsetSource& source, qint64 key, const Row& before, const Row& after,
-                 const std::vector<bool>& marked) {
-  QStringList assignments;
+void RowWriter::Update(qint64 key, const std::vector<ColumnChange>& changes) {
+  if (changes.empty()) return;
+  QStringList settings;
+  QStringList unchanged;
   QVariantList values;
-  QVariantList oldValues;
-  QString unchanged;
-  qint64 newKey = key;
-  for (std::size_t i = 0; i < marked.size(); ++i) {
-    if (!marked[i]) continue;
-    const QString& column = source.Columns()[i].baseColumn;
-    assignments += QuotedName(column) + u"=?"_qs;
-    values += after[i];
-    unchanged += IsAsBefore(column);
-    oldValues += before[i];
-    if (column.compare(source.KeyColumn(), Qt::CaseInsensitive) == 0) newKey = after[i].toLongLong();
+  for (const ColumnChange& change : changes) {
+    settings += QuoteName(change.column) + u"=?"_qs;
+    values += change.value;
   }
-  if (assignments.isEmpty()) return key;
-  const QString condition = KeyCondition(source, key, before, values);
-  TellingDuplicates(source, after, marked, [&] {
-    ExecuteOnOneRow(source.Owner(),
-                    u"UPDATE "_qs + QuotedName(source.Table()) + u" SET "_qs + assignments.join(u", "_qs) +
-                        condition + unchanged,
-                    values + oldValues);
-  });
-  return newKey;
+  values += key;
+  for (const ColumnChange& change : changes) {
+    unchanged += QuoteName(change.column) + u" IS ? COLLATE BINARY"_qs;
+    values += change.before;
+  }
+  connection_->Execute(u"UPDATE %1 SET %2 WHERE rowid=? AND %3"_qs.arg(QuoteName(table_), settings.join(u','),
+                                                                       unchanged.join(u" AND "_qs)),
+                       values);
+  if (connection_->Changes() > 0) return;
+  if (NumberOf(*connection_, u"SELECT COUNT(*) FROM %1 WHERE rowid=?"_qs.arg(QuoteName(table_)), {key}) == 0)
+    throw Error(EitherLanguage(
+        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was deleted meanwhile by another window or program."_qs));
+  throw Error(EitherLanguage(
+      u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
+      u"The row was changed meanwhile by another window or program."_qs));
 }
 
-void DeleteRow(const RecordsetSource& source, qint64 key, const Row& before) {
-  QVariantList values;
-  const QString condition = KeyCondition(source, key, before, values);
-  ExecuteOnOneRow(source.Owner(), u"DELETE FROM "_qs + QuotedName(source.Table()) + condition, values);
+void RowWriter::Delete(qint64 key) {
+  connection_->Execute(u"DELETE FROM %1 WHERE rowid=?"_qs.arg(QuoteName(table_)), {key});
 }
 
 }  // namespace vorlina

@@ -1,26 +1,42 @@
-// Writing one row of a keyed source: optimistic, so that nobody's change is overwritten unseen.
+// Inserts, updates and deletes single rows of one table. Updates are optimistic: a row that somebody else has
+// changed or deleted meanwhile is not overwritten.
 #pragma once
 
-#include "store/RecordsetSource.h"
+#include <QString>
+#include <QVariant>
+#include <vector>
 
 namespace vorlina {
 
-// Fits a value to a field: numbers as 64-bit integers, a bool or BOOLEAN as 0 or 1. Throws StoreError for a
-// field that shows no base column, and for a text that is no number where the column holds numbers.
-QVariant FittedValue(const RecordsetColumn& column, const QVariant& value);
+class Connection;
 
-// Same kind and same content; Null equals Null.
-bool IsSameValue(const QVariant& a, const QVariant& b);
+// A column that is being written: its new value, and for a row that exists the value that was read.
+struct ColumnChange {
+  QString column;
+  QVariant value;
+  QVariant before;
+};
 
-// Adds a row with the fields that are marked; gives its key.
-qint64 InsertRow(const RecordsetSource& source, const Row& row, const std::vector<bool>& marked);
+class RowWriter {
+ public:
+  RowWriter() = default;
+  RowWriter(Connection& connection, QString table);
 
-// Writes the marked fields of the row with this key, if they and its identity are still as in before. Gives
-// the row's key, a new one where the key itself was changed. Throws StoreError Conflict.
-qint64 UpdateRow(const RecordsetSource& source, qint64 key, const Row& before, const Row& after,
-                 const std::vector<bool>& marked);
+  // The name of the table's counter column; empty where it has none.
+  const QString& Counter() const { return counter_; }
+  // The next number of the counter. A number is never given twice, whatever becomes of the row. Throws Error.
+  qint64 ReserveNumber();
 
-// Deletes the row if its identity is still as in before. Throws StoreError Conflict.
-void DeleteRow(const RecordsetSource& source, qint64 key, const Row& before);
+  // Each throws Error, with nothing written. Update tells a row that was changed apart from one that was
+  // deleted.
+  qint64 Insert(const std::vector<ColumnChange>& changes);
+  void Update(qint64 key, const std::vector<ColumnChange>& changes);
+  void Delete(qint64 key);
+
+ private:
+  Connection* connection_ = nullptr;
+  QString table_;
+  QString counter_;
+};
 
 }  // namespace vorlina

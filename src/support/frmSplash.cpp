@@ -1,13 +1,15 @@
 #include "support/frmSplash.h"
 
 #include <QCoreApplication>
-#include <QIcon>
 #include <QScreen>
 #include <QSysInfo>
 #include <QVersionNumber>
 
 #include "base/Language.h"
 #include "ui_frmSplash.h"
+
+// The pictures lie in a static library, from which they come when they are asked for.
+static void InitPictures() { Q_INIT_RESOURCE(support); }
 
 namespace vorlina {
 namespace {
@@ -29,6 +31,11 @@ const char16_t LegalLine[] = u"Copyright © 2026 Norsel";
 QString ItalianVersionText() { return u"Versione "_qs + VersionNumbers(); }
 QString EnglishVersionText() { return u"Version "_qs + VersionNumbers(); }
 
+QIcon ProgramIcon() {
+  InitPictures();
+  return QIcon(u":/support/vorlina.svg"_qs);
+}
+
 frmSplash::frmSplash(QWidget* parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint),
       ui_(new Ui::frmSplash),
@@ -43,7 +50,7 @@ frmSplash::frmSplash(QWidget* parent)
 frmSplash::~frmSplash() = default;
 
 void frmSplash::LoadSplash() {
-  ui_->picIcon->setPixmap(QIcon(u":/shell/vorlina.svg"_qs).pixmap(QSize(96, 96), devicePixelRatioF()));
+  ui_->picIcon->setPixmap(ProgramIcon().pixmap(QSize(96, 96), devicePixelRatioF()));
   ui_->lblVersion->setText(ItalianVersionText());
   ui_->lblPlatform->setText(PlatformText());
   ui_->lblCopyright->setText(QString::fromUtf16(LegalLine));

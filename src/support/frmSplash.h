@@ -2,6 +2,7 @@
 // the main window by its signal.
 #pragma once
 
+#include <QIcon>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -15,6 +16,9 @@ class frmSplash;
 // "Versione 1.0.0" or "Version 1.0.0": major, minor and revision of the running program.
 QString ItalianVersionText();
 QString EnglishVersionText();
+
+// The program's own picture.
+QIcon ProgramIcon();
 
 class frmSplash : public QWidget {
   Q_OBJECT

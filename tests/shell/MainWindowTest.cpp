@@ -73,6 +73,8 @@ class MainWindow : public testing::Test {
     else
       QTest::keyClicks(editor, name);
     QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();  // the list takes the text over when it is idle
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
   AppFolder folder_;

@@ -85,6 +85,8 @@ TEST_F(PluginHost, WhateverAPluginThrowsBecomesAnError) {
 }
 
 TEST_F(PluginHost, IdentifiersComeFromTheSettingOrTheDefaultOfTheLanguage) {
+  const QString title = ApplicationTitle();
+  QCoreApplication::setApplicationName(u"Fresh"_qs);  // settings in which nobody has written
   EXPECT_EQ(PluginIdentifiers().join(u'|'), u"VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat"_qs);
   SetLanguage(u"Italian"_qs);
   EXPECT_EQ(PluginIdentifiers().join(u'|'),
@@ -93,6 +95,7 @@ TEST_F(PluginHost, IdentifiersComeFromTheSettingOrTheDefaultOfTheLanguage) {
   EXPECT_EQ(PluginIdentifiers().join(u'|'), u"A.B|"_qs);
   SetLanguage(u"French"_qs);
   EXPECT_TRUE(PluginIdentifiers().isEmpty());
+  QCoreApplication::setApplicationName(title);
 }
 
 // Every step that fails is told by itself, and the plug-ins that follow are listed all the same.

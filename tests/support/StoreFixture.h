@@ -1,75 +1,57 @@
-// A catalog database in a temporary folder, made from the delivered tables: catalog 1, and what a test adds.
+// An empty catalog database, made from the delivered schema, in a temporary application folder.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "base/AppPath.h"
 #include "base/Language.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
-#include "store/SqlFunctions.h"
-#include "store/StoreError.h"
-#include "support/Print.h"
+#include "store/Sqlite.h"
 
 namespace vorlina {
 
-inline QByteArray BytesOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Makes a database by a script, with any application id and version that it sets.
-inline void MakeDatabase(const QString& path, const QByteArray& script) {
-  sqlite3* handle = nullptr;
-  ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &handle), SQLITE_OK);
-  RegisterSqlFunctions(handle);
-  const QByteArray quick = "PRAGMA synchronous=OFF;" + script;
-  EXPECT_EQ(sqlite3_exec(handle, quick.constData(), nullptr, nullptr, nullptr), SQLITE_OK)
-      << sqlite3_errmsg(handle);
-  sqlite3_close(handle);
-}
-
-inline QByteArray SchemaScript() { return BytesOf(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql")); }
-
-// The fault that a step ends with; nothing when it passes.
-template <class Step>
-std::optional<StoreFault> FaultOf(Step&& step) {
-  try {
-    step();
-    return {};
-  } catch (const StoreError& error) {
-    EXPECT_FALSE(error.Description().isEmpty());
-    return error.Fault();
-  }
+// Runs the schema on a new file.
+inline void MakeDatabase(const QString& path) {
+  QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
+  ASSERT_TRUE(schema.open(QIODevice::ReadOnly));
+  SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  RegisterSqlExtensions(database);
+  database.exec(schema.readAll().toStdString());
 }
 
 class StoreFixture : public testing::Test {
  protected:
   StoreFixture() {
     SetLanguage(u"English"_qs);
-    MakeDatabase(Path(), SchemaScript());
-    connection.Open(ConnectionTextFor(Path()));
-    connection.Execute(u"PRAGMA synchronous=OFF"_qs);
-    connection.Execute(u"INSERT INTO Cataloghi (IDCatalogo, NomeCatalogo) VALUES (1, 'Uno')"_qs);
+    SetAppPath(folder_.path());
+    QDir(folder_.path()).mkdir(u"Images"_qs);
+    MakeDatabase(Path());
+    connection_.Open(ConnectionTextFor(Path()));
   }
 
-  QString Path(const QString& name = u"Catalog.db"_qs) const { return folder.filePath(name); }
+  QString Path() const { return AppFile(u"Catalog.db"_qs); }
 
-  void AddProduct(const QString& code, const QVariant& description = u"x"_qs, int catalog = 1) {
-    connection.Execute(u"INSERT INTO Prodotti (IDCatalogo, CodiceProdotto, Descrizione) VALUES (?,?,?)"_qs,
-                       {catalog, code, description});
+  int AddCatalog(const QString& name) {
+    connection_.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES (?)"_qs, {name});
+    return int(connection_.LastInsertId());
   }
-
-  QVariant Get(const QString& expression, const QString& table, const QString& where = {},
+  void AddProduct(int catalog, const QString& code, const QVariant& order = {}) {
+    connection_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,OrdineTemp) VALUES (?,?,?)"_qs,
+                        {catalog, code, order});
+  }
+  QVariant One(const QString& expression, const QString& table, const QString& where = {},
                const QVariantList& values = {}) {
-    return GetValue(expression, table, connection, where, values);
+    return GetValue(expression, table, connection_, where, values);
   }
+  int Count(const QString& table) { return One(u"COUNT(*)"_qs, table).toInt(); }
 
-  QTemporaryDir folder;
-  Connection connection;
+  const QTemporaryDir folder_;
+  Connection connection_;
 };
 
 }  // namespace vorlina

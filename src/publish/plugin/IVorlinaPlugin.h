@@ -8,8 +8,8 @@
 //     Q_PLUGIN_METADATA(IID VORLINA_PLUGIN_IID)
 //     Q_INTERFACES(IVorlinaPluginFactory)
 //    public:
-//     std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) override {
-//       return std::make_unique<MyPlugin>(language);
+//     std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) override {
+//       return std::make_unique<MyPlugin>(host);
 //     }
 //   };
 //
@@ -81,6 +81,8 @@ class IVorlinaProgress {
   // done of total steps are finished, and the step that is named begins. False asks the plug-in to stop: it
   // then leaves the target as it was and returns false.
   virtual bool Report(int done, int total, const QString& step) = 0;
+  // Something that was left out, such as a picture whose file is missing; the user is told at the end.
+  virtual void Warn(const QString& text) { Q_UNUSED(text); }
 };
 
 // Optional: publishing into a given folder without a question or a window. It may be used without a display,
@@ -94,15 +96,22 @@ class IVorlinaFolderPublisher {
                          IVorlinaProgress& progress) = 0;
 };
 
+// What a plug-in is told of the program that it works in.
+struct VorlinaHost {
+  QString language;           // "Italian" or "English", that of the program's windows
+  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in
+                              // "PubWiz"
+  QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
+};
+
 // The root object of a plug-in library.
 class IVorlinaPluginFactory {
  public:
   virtual ~IVorlinaPluginFactory() = default;
-  // language is "Italian" or "English", that of the program's windows.
-  virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& language) = 0;
+  virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) = 0;
   // Null where the plug-in has no such interface.
-  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const QString& language) {
-    Q_UNUSED(language);
+  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost& host) {
+    Q_UNUSED(host);
     return nullptr;
   }
 };

@@ -46,7 +46,7 @@ class TestFactory : public QObject, public IVorlinaPluginFactory {
   Q_INTERFACES(IVorlinaPluginFactory)
 
  public:
-  std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString&) override {
+  std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost&) override {
     return std::make_unique<TestPlugin>();
   }
 };

@@ -1,0 +1,29 @@
+// Publishes a catalog as vorlina-batch does, for whole-process measurements.
+// usage: publish_site CATALOG_DB SKIN_FOLDER TARGET_FOLDER
+#include <QCoreApplication>
+#include <cstdio>
+
+#include "SitePublisher.h"
+#include "publish/PluginConnection.h"
+#include "store/CatalogDatabase.h"
+#include "store/Connection.h"
+
+namespace {
+class NoProgress : public IVorlinaProgress {
+ public:
+  bool Report(int, int, const QString&) override { return true; }
+};
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  if (argc != 4) return 2;
+  vorlina::Connection connection;
+  vorlina::OpenCatalogDatabase(connection, QString::fromLocal8Bit(argv[1]));
+  vorlina::PluginConnection adapter(connection);
+  NoProgress progress;
+  const vlhtml::PublishResult result = vlhtml::PublishSite(adapter, 1, QString::fromLocal8Bit(argv[3]),
+                                                           QString::fromLocal8Bit(argv[2]), false, progress);
+  std::printf("%d pages, %d files written\n", result.pages, result.written);
+  return result.complete ? 0 : 1;
+}

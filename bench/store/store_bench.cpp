@@ -1,0 +1,105 @@
+// A keyset over one catalog of 100,000 products in a table of 1,000,000, against the bare read of the same
+// keys; and the fetching of one page of keysets of different sizes.
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/Sqlite.h"
+
+using namespace vorlina;
+
+namespace {
+
+constexpr int PageRows = 50;
+
+// Catalogs of 1,000 (1), 100,000 (2) and 899,000 (3) products.
+class Data {
+ public:
+  Data() {
+    QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
+    if (!schema.open(QIODevice::ReadOnly)) std::abort();
+    const QString path = folder_.filePath(u"Catalog.db"_qs);
+    {
+      SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+      RegisterSqlExtensions(database);
+      database.exec("PRAGMA synchronous=OFF");
+      database.exec(schema.readAll().toStdString());
+      database.exec(
+          "INSERT INTO Cataloghi (NomeCatalogo) VALUES ('a'),('b'),('c');"
+          "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<999999) "
+          "INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,Descrizione,Valore1,OrdineTemp) "
+          "SELECT CASE WHEN i%10=0 THEN 2 WHEN i%1000=1 THEN 1 ELSE 3 END, printf('P%07d',i), "
+          "'Description of product '||i, i%977, i FROM n");
+    }
+    connection.Open(ConnectionTextFor(path));
+  }
+
+  Connection connection;
+
+ private:
+  QTemporaryDir folder_;
+};
+
+Data& TheData() {
+  static Data data;
+  return data;
+}
+
+void BareKeys(benchmark::State& state) {
+  sqlite3* handle = TheData().connection.Database().getHandle();
+  for ([[maybe_unused]] auto _ : state) {
+    std::vector<sqlite3_int64> keys;
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(handle, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?", -1, &statement, nullptr);
+    sqlite3_bind_int64(statement, 1, state.range(0));
+    while (sqlite3_step(statement) == SQLITE_ROW) keys.push_back(sqlite3_column_int64(statement, 0));
+    sqlite3_finalize(statement);
+    benchmark::DoNotOptimize(keys.data());
+  }
+}
+
+void OpenProducts(Recordset& products, qint64 catalog) {
+  products.Open(u"SELECT * FROM Prodotti WHERE IDCatalogo=?"_qs, TheData().connection, CursorType::Keyset,
+                LockType::Optimistic, {catalog});
+}
+
+void Keyset(benchmark::State& state) {
+  for ([[maybe_unused]] auto _ : state) {
+    Recordset products;
+    OpenProducts(products, state.range(0));
+    benchmark::DoNotOptimize(products.RecordCount());
+  }
+}
+
+// A page at the first, the middle and the last place of a keyset of the catalog's size.
+void Page(benchmark::State& state) {
+  Recordset products;
+  OpenProducts(products, state.range(0));
+  products.SetPageSize(PageRows);
+  const qint64 pages = products.PageCount();
+  qint64 page = 1;
+  for ([[maybe_unused]] auto _ : state) {
+    products.SetAbsolutePage(page);
+    for (int i = 0; i < PageRows && !products.IsEOF(); ++i, products.MoveNext())
+      benchmark::DoNotOptimize(products.Value(1));
+    page = page == 1 ? (pages + 1) / 2 : page == pages ? 1 : pages;
+  }
+}
+
+BENCHMARK(BareKeys)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(Keyset)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(Page)->Arg(1)->Arg(2)->Arg(3)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

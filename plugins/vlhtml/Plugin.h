@@ -1,0 +1,45 @@
+// The plug-in "VLHTML.HTML": publishes a catalog as a plain web site.
+#pragma once
+
+#include <IVorlinaPlugin.h>
+
+namespace vlhtml {
+
+class Plugin : public IVorlinaPlugin {
+ public:
+  explicit Plugin(const VorlinaHost& host) : host_(host), italian_(host.language == u"Italian") {}
+
+  QString GetPluginName() override;
+  QIcon GetPluginIcon() override;
+  // Asks for the folder, which is remembered for the catalog, and publishes with a progress window.
+  QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) override;
+  QString GetPluginDescription() override;
+  // Installs a skin archive; asks for the file when the text is empty.
+  QVariant InstallSkin(QString& skin) override;
+
+ private:
+  VorlinaHost host_;
+  bool italian_;
+};
+
+class FolderPublisher : public IVorlinaFolderPublisher {
+ public:
+  explicit FolderPublisher(const VorlinaHost& host) : host_(host) {}
+  bool PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
+                 IVorlinaProgress& progress) override;
+
+ private:
+  VorlinaHost host_;
+};
+
+class Factory : public QObject, public IVorlinaPluginFactory {
+  Q_OBJECT
+  Q_PLUGIN_METADATA(IID VORLINA_PLUGIN_IID)
+  Q_INTERFACES(IVorlinaPluginFactory)
+
+ public:
+  std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) override;
+  std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost& host) override;
+};
+
+}  // namespace vlhtml

@@ -1,0 +1,136 @@
+#include "CatalogSnapshot.h"
+
+#include <IVorlinaPlugin.h>
+
+#include <QHash>
+#include <stdexcept>
+
+namespace vlhtml {
+namespace {
+
+std::string Utf8(const QVariant& value) {
+  return value.isNull() ? std::string() : value.toString().trimmed().toStdString();
+}
+
+// Products by code: codes compare without regard to case.
+using ProductIndex = QHash<QString, std::size_t>;
+
+void ReadCatalog(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+  const auto row = connection.Open(QStringLiteral("SELECT * FROM Cataloghi WHERE IDCatalogo=?"), {id});
+  if (!row->Next()) throw std::runtime_error("there is no catalog with this number");
+  const auto text = [&](const char* column) { return Utf8(row->Value(QString::fromLatin1(column))); };
+  catalog.name = text("NomeCatalogo");
+  catalog.title = text("Titolo");
+  catalog.subtitle = text("Sottotitolo");
+  catalog.information = text("Spalla");
+  catalog.company = text("Azienda");
+  catalog.address = text("Indirizzo");
+  catalog.city = text("Citta");
+  catalog.province = text("Provincia");
+  catalog.country = text("Stato");
+  catalog.postalCode = text("CAP");
+  catalog.telephone = text("Tel");
+  catalog.fax = text("Fax");
+  catalog.email = text("Email");
+  catalog.url = text("URL");
+  catalog.extras = text("Extras");
+  catalog.logo = {row->Value(QStringLiteral("Logo")).toString(), catalog.company};
+  const auto name = [&](const QString& column) {
+    return ShownName(row->Value(column).toString()).toStdString();
+  };
+  for (std::size_t i = 0; i < 3; ++i) catalog.valueNames[i] = name(QStringLiteral("NomeValore%1").arg(i + 1));
+  for (std::size_t i = 0; i < 5; ++i)
+    catalog.filterNames[i] = name(QStringLiteral("NomeFiltro%1").arg(i + 1));
+}
+
+void ReadFilterValues(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+  const auto rows = connection.Open(
+      QStringLiteral("SELECT IDValore,IDNomeFiltro,Valore FROM Filtri WHERE IDCatalogo=? AND Pubblica "
+                     "ORDER BY IDNomeFiltro,Valore COLLATE VORLINA_LOCALE"),
+      {id});
+  while (rows->Next()) {
+    const int filter = rows->Value(1).toInt();
+    if (filter < 1 || filter > 5 || catalog.filterNames[std::size_t(filter) - 1].empty()) continue;
+    catalog.filterValues.push_back({rows->Value(0).toInt(), filter, rows->Value(2).toString()});
+  }
+}
+
+ProductIndex ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+  ProductIndex index;
+  const auto rows = connection.Open(
+      QStringLiteral(
+          "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"
+          "IDFiltro5,Immagine FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
+          "ORDER BY OrdineTemp IS NULL,OrdineTemp,CodiceProdotto"),
+      {id});
+  while (rows->Next()) {
+    Product product;
+    product.code = rows->Value(0).toString();
+    product.description = Utf8(rows->Value(1));
+    for (int i = 0; i < 3; ++i) product.values[std::size_t(i)] = Utf8(rows->Value(2 + i));
+    for (int i = 0; i < 5; ++i) product.filters[std::size_t(i)] = rows->Value(5 + i).toInt();
+    if (const QString picture = rows->Value(10).toString(); !picture.isEmpty())
+      product.pictures.push_back({picture, product.description});
+    index.insert(product.code.toCaseFolded(), catalog.products.size());
+    catalog.products.push_back(std::move(product));
+  }
+  return index;
+}
+
+Product* Find(CatalogSnapshot& catalog, const ProductIndex& index, const QVariant& code) {
+  const auto found = index.constFind(code.toString().toCaseFolded());
+  return found == index.constEnd() ? nullptr : &catalog.products[*found];
+}
+
+void ReadPictures(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog,
+                  const ProductIndex& index) {
+  const auto rows = connection.Open(
+      QStringLiteral(
+          "SELECT CodiceProdotto,Immagine,Descrizione FROM Immagini WHERE IDCatalogo=? ORDER BY IDImmagine"),
+      {id});
+  while (rows->Next()) {
+    Product* product = Find(catalog, index, rows->Value(0));
+    const QString source = rows->Value(1).toString();
+    if (product != nullptr && !source.isEmpty()) product->pictures.push_back({source, Utf8(rows->Value(2))});
+  }
+}
+
+void ReadFeatures(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog,
+                  const ProductIndex& index) {
+  const auto rows = connection.Open(QStringLiteral("SELECT CodiceProdotto,Caratteristica,Valore FROM "
+                                                   "SchedeTecniche WHERE IDCatalogo=? ORDER BY IDScheda"),
+                                    {id});
+  while (rows->Next())
+    if (Product* product = Find(catalog, index, rows->Value(0)); product != nullptr)
+      product->features.push_back({Utf8(rows->Value(1)), Utf8(rows->Value(2))});
+}
+
+}  // namespace
+
+QString ShownName(const QString& stored) {
+  static const std::pair<QString, QChar> codes[] = {
+      {QStringLiteral("\\046"), u'.'}, {QStringLiteral("\\047"), u'/'}, {QStringLiteral("\\042"), u'*'},
+      {QStringLiteral("\\058"), u':'}, {QStringLiteral("\\035"), u'#'}, {QStringLiteral("\\038"), u'&'},
+      {QStringLiteral("\\045"), u'-'}, {QStringLiteral("\\037"), u'%'}, {QStringLiteral("\\036"), u'$'},
+      {QStringLiteral("\\128"), u'€'}};
+  QString shown = stored;
+  for (const auto& [code, character] : codes) {
+    // A code behind a backslash is a literal text; what follows it stays as well.
+    for (qsizetype at = shown.indexOf(code); at == 0 || (at > 0 && shown[at - 1] != u'\\');
+         at = shown.indexOf(code))
+      shown.replace(at, code.size(), character);
+  }
+  return shown.replace(QStringLiteral("\\\\"), QStringLiteral("\\"));
+}
+
+CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo) {
+  CatalogSnapshot catalog;
+  ReadCatalog(connection, IDCatalogo, catalog);
+  ReadFilterValues(connection, IDCatalogo, catalog);
+  const ProductIndex index = ReadProducts(connection, IDCatalogo, catalog);
+  ReadPictures(connection, IDCatalogo, catalog, index);
+  ReadFeatures(connection, IDCatalogo, catalog, index);
+  return catalog;
+}
+
+}  // namespace vlhtml

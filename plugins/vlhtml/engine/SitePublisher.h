@@ -1,0 +1,22 @@
+// Publishes a catalog as a web site into a folder: no window, no question.
+#pragma once
+
+#include <IVorlinaPlugin.h>
+
+#include <QString>
+#include <QStringList>
+
+namespace vlhtml {
+
+struct PublishResult {
+  bool complete = false;  // false: the progress asked to stop, and the target is as it was
+  int pages = 0;          // of the site
+  int written = 0;        // files that were made or copied anew
+  QStringList warnings;   // what was left out
+};
+
+// skin is a skin folder. Throws an exception derived from std::exception, with the target as it was.
+PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
+                          const QString& skin, bool italian, IVorlinaProgress& progress);
+
+}  // namespace vlhtml

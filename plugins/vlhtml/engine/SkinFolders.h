@@ -1,0 +1,19 @@
+// Where skins lie: "PubWiz/VLHTML.HTML/Skins" in the application folder, one folder a skin. The file
+// "current.txt" beside them names the one in use; without it, "Standard" is.
+#pragma once
+
+#include <IVorlinaPlugin.h>
+
+#include <QString>
+
+namespace vlhtml {
+
+// The folder of the skin in use.
+QString CurrentSkin(const VorlinaHost& host);
+
+// Unpacks a zip archive, checks that it is a skin, gives it its place under the archive's name and puts it
+// into use. The name is returned. A skin that had the name is replaced. Throws std::runtime_error; nothing
+// has changed then.
+QString InstallSkinArchive(const QString& archive, const VorlinaHost& host);
+
+}  // namespace vlhtml

@@ -1,0 +1,35 @@
+#include <QJsonArray>
+
+#include "base/AppPath.h"
+#include "batch/Commands.h"
+#include "batch/Output.h"
+
+namespace vorlina {
+
+Outcome RunCatalogs(Connection& connection) {
+  Rows rows(
+      connection,
+      u"SELECT C.IDCatalogo, C.NomeCatalogo, C.Descrizione, COUNT(P.CodiceProdotto) Products, "
+      "COUNT(CASE WHEN P.Pubblica THEN 1 END) Published FROM Cataloghi C "
+      "LEFT JOIN Prodotti P ON P.IDCatalogo=C.IDCatalogo GROUP BY C.IDCatalogo ORDER BY C.IDCatalogo"_qs);
+  QJsonArray catalogs;
+  std::vector<QStringList> lines;
+  while (rows.Next()) {
+    catalogs.append(QJsonObject{{u"id"_qs, rows.Value(0).toInt()},
+                                {u"name"_qs, rows.Value(1).toString()},
+                                {u"description"_qs, rows.Value(2).toString()},
+                                {u"products"_qs, rows.Value(3).toInt()},
+                                {u"published"_qs, rows.Value(4).toInt()}});
+    lines.push_back({rows.Value(0).toString(), rows.Value(1).toString().simplified(),
+                     rows.Value(3).toString(), rows.Value(4).toString()});
+  }
+  Outcome outcome;
+  outcome.json = {{u"folder"_qs, AppPath()}, {u"catalogs"_qs, catalogs}};
+  outcome.text = Table(
+      {EitherLanguage(u"Numero"_qs, u"Number"_qs), EitherLanguage(u"Nome"_qs, u"Name"_qs),
+       EitherLanguage(u"Prodotti"_qs, u"Products"_qs), EitherLanguage(u"Pubblicati"_qs, u"Published"_qs)},
+      lines);
+  return outcome;
+}
+
+}  // namespace vorlina

@@ -1,0 +1,57 @@
+#include <QJsonArray>
+#include <algorithm>
+
+#include "base/AppPath.h"
+#include "batch/Commands.h"
+#include "catalogs/CatalogCheck.h"
+
+namespace vorlina {
+namespace {
+
+// How many findings of a kind are listed as text; the JSON has them all.
+constexpr std::ptrdiff_t MostLines = 20;
+
+// The findings are ordered by kind.
+QString TextOf(const std::vector<Finding>& findings) {
+  QStringList lines;
+  for (auto first = findings.begin(); first != findings.end();) {
+    const auto last = std::find_if(first, findings.end(),
+                                   [&](const Finding& finding) { return finding.kind != first->kind; });
+    const QString kind = IsDamage(first->kind) ? EitherLanguage(u"DANNO"_qs, u"DAMAGE"_qs)
+                                               : EitherLanguage(u"Nota"_qs, u"Note"_qs);
+    lines += u"%1: %2 (%3)"_qs.arg(kind, TitleOf(first->kind)).arg(last - first);
+    const auto shown = first + std::min(last - first, MostLines);
+    for (auto finding = first; finding != shown; ++finding)
+      lines +=
+          u"  "_qs + finding->subject + (finding->detail.isEmpty() ? QString() : u": "_qs + finding->detail);
+    if (shown != last)
+      lines += EitherLanguage(u"  e altri %1; --json li elenca tutti"_qs,
+                              u"  and %1 more; --json lists them all"_qs)
+                   .arg(last - shown);
+    first = last;
+  }
+  return lines.join(u'\n');
+}
+
+}  // namespace
+
+Outcome RunCheck(Connection& connection) {
+  const std::vector<Finding> findings = CheckCatalogs(connection);
+  const auto damage = std::count_if(findings.begin(), findings.end(),
+                                    [](const Finding& finding) { return IsDamage(finding.kind); });
+  QJsonArray list;
+  for (const Finding& finding : findings)
+    list.append(QJsonObject{{u"kind"_qs, NameOf(finding.kind)},
+                            {u"damage"_qs, IsDamage(finding.kind)},
+                            {u"subject"_qs, finding.subject},
+                            {u"detail"_qs, finding.detail}});
+  Outcome outcome;
+  outcome.ok = damage == 0;
+  outcome.json = {{u"folder"_qs, AppPath()}, {u"damage"_qs, qint64(damage)}, {u"findings"_qs, list}};
+  outcome.text = findings.empty() ? EitherLanguage(u"Tutto in ordine"_qs, u"Everything is in order"_qs)
+                                  : TextOf(findings);
+  if (damage > 0) outcome.error = EitherLanguage(u"Danni trovati: %1"_qs, u"Damage found: %1"_qs).arg(damage);
+  return outcome;
+}
+
+}  // namespace vorlina

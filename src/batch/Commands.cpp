@@ -1,0 +1,48 @@
+#include "batch/Commands.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "base/AppPath.h"
+#include "batch/Output.h"
+#include "catalogs/RestoreSwap.h"
+#include "store/CatalogDatabase.h"
+#include "store/SampleData.h"
+
+namespace vorlina {
+namespace {
+
+void SettleApplicationFolder(const Arguments& arguments) {
+  const bool restores = arguments.command == u"restore";
+  if (!arguments.application.isEmpty()) {
+    if (!restores && !QFileInfo(arguments.application).isDir())
+      throw Error(EitherLanguage(u"La cartella %1 non esiste"_qs, u"The folder %1 does not exist"_qs)
+                      .arg(QDir::toNativeSeparators(arguments.application)));
+    SetAppPath(arguments.application);
+  }
+  // First of all: what is delivered must not be copied to where a restore is half done.
+  if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) PrintError(told);
+  // A folder that the user names is never filled with samples.
+  if (arguments.application.isEmpty()) PrepareAppPath();
+}
+
+void OpenCatalogs(Connection& connection) {
+  OpenCatalogDatabase(connection, AppFile(u"Catalog.db"_qs));
+  if (HasSampleRoot(connection)) RebaseAllSampleData(connection, AppPath());
+}
+
+}  // namespace
+
+Outcome RunCommand(const Arguments& arguments, const Progress& progress) {
+  SettleApplicationFolder(arguments);
+  if (arguments.command == u"plugins") return RunPlugins();
+  if (arguments.command == u"restore") return RunRestore(arguments, progress);
+  Connection connection;
+  OpenCatalogs(connection);
+  if (arguments.command == u"publish") return RunPublish(connection, arguments, progress);
+  if (arguments.command == u"check") return RunCheck(connection);
+  if (arguments.command == u"backup") return RunBackup(connection, arguments, progress);
+  return RunCatalogs(connection);
+}
+
+}  // namespace vorlina

@@ -1,0 +1,32 @@
+// The commands of vorlina-batch. Each gives its outcome; what it throws is an outcome that did not succeed.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+#include "base/Progress.h"
+#include "batch/Arguments.h"
+#include "store/Connection.h"
+
+namespace vorlina {
+
+// What a command has to say. The JSON gets the members "command", "ok" and, after a failure, "error" besides.
+struct Outcome {
+  bool ok = true;
+  QString text;
+  QJsonObject json;
+  QString error;  // why it is not ok
+};
+
+Outcome RunCatalogs(Connection& connection);
+Outcome RunPlugins();
+Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress);
+Outcome RunCheck(Connection& connection);
+Outcome RunBackup(Connection& connection, const Arguments& arguments, const Progress& progress);
+Outcome RunRestore(const Arguments& arguments, const Progress& progress);
+
+// Settles the application folder, opens the database where the command needs it, and runs the command. Throws
+// Error.
+Outcome RunCommand(const Arguments& arguments, const Progress& progress);
+
+}  // namespace vorlina

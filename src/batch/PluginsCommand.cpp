@@ -1,0 +1,75 @@
+#include <QDir>
+#include <QJsonArray>
+
+#include "base/AppPath.h"
+#include "batch/Commands.h"
+#include "batch/Output.h"
+#include "publish/PluginHost.h"
+
+namespace vorlina {
+namespace {
+
+// Those of the settings in their order, then what lies in "PubWiz" besides.
+QStringList AllIdentifiers() {
+  QStringList identifiers = PluginIdentifiers();
+  identifiers.removeAll(QString());
+  for (const QString& folder : {AppPath(), DeliveredPath()}) {
+    const QStringList found = InstalledPlugins(folder);
+    for (const QString& identifier : found)
+      if (!identifiers.contains(identifier, Qt::CaseInsensitive)) identifiers += identifier;
+  }
+  identifiers.removeDuplicates();
+  return identifiers;
+}
+
+struct Listed {
+  QString identifier;
+  QString name;
+  QString description;
+  bool publishesToFolder = false;
+  QString error;
+};
+
+// The picture is not asked for: it takes a display.
+Listed Look(const QString& identifier) {
+  Listed listed{identifier, {}, {}, false, {}};
+  try {
+    const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
+    CallPlugin([&] {
+      listed.name = plugin->GetPluginName();
+      listed.description = plugin->GetPluginDescription();
+      listed.publishesToFolder =
+          PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()) != nullptr;
+    });
+  } catch (const Error& error) {
+    listed.error = error.Description();
+  }
+  return listed;
+}
+
+}  // namespace
+
+Outcome RunPlugins() {
+  QJsonArray plugins;
+  std::vector<QStringList> lines;
+  for (const QString& identifier : AllIdentifiers()) {
+    const Listed listed = Look(identifier);
+    plugins.append(QJsonObject{{u"identifier"_qs, listed.identifier},
+                               {u"installed"_qs, listed.error.isEmpty()},
+                               {u"name"_qs, listed.name},
+                               {u"description"_qs, listed.description},
+                               {u"publishesToFolder"_qs, listed.publishesToFolder},
+                               {u"error"_qs, listed.error}});
+    const QString usable = listed.publishesToFolder ? EitherLanguage(u"sì"_qs, u"yes"_qs) : u"no"_qs;
+    lines.push_back({identifier, usable, (listed.error.isEmpty() ? listed.name : listed.error).simplified()});
+  }
+  Outcome outcome;
+  outcome.json = {{u"plugins"_qs, plugins}};
+  outcome.text =
+      Table({EitherLanguage(u"Identificatore"_qs, u"Identifier"_qs),
+             EitherLanguage(u"Con publish"_qs, u"With publish"_qs), EitherLanguage(u"Nome"_qs, u"Name"_qs)},
+            lines);
+  return outcome;
+}
+
+}  // namespace vorlina

@@ -1,0 +1,77 @@
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include "batch/Commands.h"
+#include "publish/PluginConnection.h"
+#include "publish/PluginHost.h"
+#include "store/GetValue.h"
+
+namespace vorlina {
+namespace {
+
+// The progress of a plug-in, passed on.
+class PluginProgress : public IVorlinaProgress {
+ public:
+  explicit PluginProgress(const Progress& progress) : progress_(progress) {}
+  bool Report(int done, int total, const QString& step) override { return progress_(done, total, step); }
+  void Warn(const QString& text) override { warnings += text; }
+
+  QStringList warnings;
+
+ private:
+  const Progress& progress_;
+};
+
+void RequireCatalog(Connection& connection, int catalog) {
+  if (GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, connection, u"IDCatalogo=?"_qs, {catalog}).toInt() == 0)
+    throw Error(
+        EitherLanguage(u"Il catalogo %1 non esiste. Il comando \"catalogs\" elenca quelli che ci sono."_qs,
+                       u"There is no catalog %1. The command \"catalogs\" lists those that there are."_qs)
+            .arg(catalog));
+}
+
+std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier) {
+  std::unique_ptr<IVorlinaFolderPublisher> publisher;
+  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()); });
+  if (publisher == nullptr)
+    throw Error(
+        EitherLanguage(
+            u"Il plug-in %1 non pubblica senza finestre. Pubblicare il catalogo dal programma Vorlina."_qs,
+            u"The plug-in %1 does not publish without windows. Publish the catalog from the program Vorlina."_qs)
+            .arg(identifier));
+  return publisher;
+}
+
+}  // namespace
+
+Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress) {
+  RequireCatalog(connection, arguments.catalog);
+  const std::unique_ptr<IVorlinaFolderPublisher> publisher = PublisherOf(arguments.plugin);
+  const QString folder = QFileInfo(arguments.target).absoluteFilePath();
+  PluginConnection adapter(connection);
+  PluginProgress pluginProgress(progress);
+  bool complete = false;
+  CallPlugin([&] { complete = publisher->PublishTo(adapter, arguments.catalog, folder, pluginProgress); });
+  connection.RollbackIfOpen();
+
+  Outcome outcome;
+  outcome.ok = complete;
+  outcome.json = {{u"catalog"_qs, arguments.catalog},
+                  {u"plugin"_qs, arguments.plugin},
+                  {u"target"_qs, QDir::toNativeSeparators(folder)},
+                  {u"warnings"_qs, QJsonArray::fromStringList(pluginProgress.warnings)}};
+  if (complete)
+    outcome.text = (pluginProgress.warnings
+                    << EitherLanguage(u"Il catalogo %1 è pubblicato in %2"_qs,
+                                      u"Catalog %1 is published in %2"_qs)
+                           .arg(QString::number(arguments.catalog), QDir::toNativeSeparators(folder)))
+                       .join(u'\n');
+  else
+    outcome.error = EitherLanguage(u"Pubblicazione interrotta. La cartella %1 è com'era."_qs,
+                                   u"Publishing was stopped. The folder %1 is as it was."_qs)
+                        .arg(QDir::toNativeSeparators(folder));
+  return outcome;
+}
+
+}  // namespace vorlina

@@ -1,0 +1,156 @@
+#include "catalogs/CatalogCheck.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
+
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "store/CatalogDatabase.h"
+#include "store/Connection.h"
+
+namespace vorlina {
+namespace {
+
+struct KindText {
+  FindingKind kind;
+  const char16_t* name;
+  const char16_t* italian;
+  const char16_t* english;
+};
+
+const KindText KindTexts[] = {
+    {FindingKind::Database, u"database", u"Database danneggiato", u"Damage in the database"},
+    {FindingKind::MissingPicture, u"missing-picture", u"Immagini che mancano", u"Pictures that are missing"},
+    {FindingKind::DanglingFilter, u"dangling-filter", u"Prodotti con un valore di filtro che non esiste",
+     u"Products with a filter value that does not exist"},
+    {FindingKind::MissingThumbnail, u"missing-thumbnail", u"Miniature che mancano",
+     u"Thumbnails that are missing"},
+    {FindingKind::OutsidePicture, u"outside-picture", u"Immagini fuori dalla cartella \"Images\"",
+     u"Pictures outside of the folder \"Images\""},
+    {FindingKind::UnusedFile, u"unused-file", u"File in \"Images\" che nessuna riga usa",
+     u"Files in \"Images\" that no row uses"},
+    {FindingKind::TemporaryFile, u"temporary-file", u"File temporanei rimasti in \"Images\"",
+     u"Temporary files left in \"Images\""},
+};
+
+const KindText& TextOf(FindingKind kind) {
+  return *std::find_if(std::begin(KindTexts), std::end(KindTexts),
+                       [=](const KindText& text) { return text.kind == kind; });
+}
+
+// The columns that name pictures, with what tells the row. Main images have thumbnails.
+struct PictureQuery {
+  const char16_t* table;
+  const char16_t* sql;
+  bool thumbnails;
+};
+
+const PictureQuery PictureQueries[] = {
+    {u"Cataloghi", u"SELECT IDCatalogo, Logo FROM Cataloghi WHERE Logo<>''", false},
+    {u"Prodotti", u"SELECT IDCatalogo || ' ' || CodiceProdotto, Immagine FROM Prodotti WHERE Immagine<>''",
+     true},
+    {u"Immagini",
+     u"SELECT IDCatalogo || ' ' || CodiceProdotto || ' ' || IDImmagine, Immagine FROM Immagini "
+     "WHERE Immagine<>''",
+     false},
+};
+
+class Check {
+ public:
+  explicit Check(Connection& connection)
+      : connection_(connection),
+        images_(QFileInfo(connection.DataSource()).absolutePath() + u"/Images/"_qs) {}
+
+  std::vector<Finding> Run() {
+    for (const QString& text : CheckDatabase(connection_)) Add(FindingKind::Database, text);
+    ReadFolder();
+    for (const PictureQuery& query : PictureQueries) CheckPictures(query);
+    for (int filter = 1; filter <= 5; ++filter) CheckFilter(filter);
+    CheckFiles();
+    std::stable_sort(findings_.begin(), findings_.end(),
+                     [](const Finding& a, const Finding& b) { return a.kind < b.kind; });
+    return std::move(findings_);
+  }
+
+ private:
+  void Add(FindingKind kind, const QString& subject, const QString& detail = {}) {
+    findings_.push_back({kind, subject, detail});
+  }
+
+  // The names are read once: asking for each file by itself would take a call a row.
+  void ReadFolder() {
+    QDirIterator files(images_, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) present_.insert(files.next().mid(images_.size()));
+  }
+
+  void CheckPictures(const PictureQuery& query) {
+    Rows rows(connection_, QString::fromUtf16(query.sql));
+    while (rows.Next()) {
+      const QString subject = QString::fromUtf16(query.table) + u' ' + rows.Value(0).toString();
+      CheckPicture(subject, rows.Value(1).toString(), query.thumbnails);
+    }
+  }
+
+  void CheckPicture(const QString& subject, const QString& path, bool thumbnail) {
+    const QString clean = QDir::fromNativeSeparators(path);
+    if (!clean.startsWith(images_)) {
+      const bool exists = QFileInfo(path).isFile();
+      Add(exists ? FindingKind::OutsidePicture : FindingKind::MissingPicture, subject, path);
+      return;
+    }
+    const QString name = clean.mid(images_.size());
+    used_.insert(name);
+    if (!present_.contains(name)) Add(FindingKind::MissingPicture, subject, path);
+    if (!thumbnail) return;
+    const QString thumbnailName = u't' + name;
+    used_.insert(thumbnailName);
+    if (present_.contains(name) && !present_.contains(thumbnailName))
+      Add(FindingKind::MissingThumbnail, subject, FolderOf(path) + u't' + FileNameOf(path, true));
+  }
+
+  void CheckFilter(int filter) {
+    Rows rows(
+        connection_,
+        u"SELECT P.IDCatalogo || ' ' || P.CodiceProdotto, P.IDFiltro%1 FROM Prodotti P LEFT JOIN Filtri F "
+        "ON F.IDValore=P.IDFiltro%1 AND F.IDCatalogo=P.IDCatalogo AND F.IDNomeFiltro=%1 "
+        "WHERE P.IDFiltro%1<>0 AND F.IDValore IS NULL"_qs.arg(filter));
+    while (rows.Next())
+      Add(FindingKind::DanglingFilter, u"Prodotti "_qs + rows.Value(0).toString(),
+          u"IDFiltro%1=%2"_qs.arg(QString::number(filter), rows.Value(1).toString()));
+  }
+
+  void CheckFiles() {
+    // Files are written beside their target, under its name and six more characters.
+    static const QRegularExpression temporary(u"\\.[A-Za-z0-9]+\\.[A-Za-z]{6}$"_qs);
+    QStringList names;
+    for (const QString& name : present_)
+      if (!used_.contains(name) && name.compare(u"temp.bmp"_qs, Qt::CaseInsensitive) != 0) names += name;
+    names.sort();
+    for (const QString& name : names)
+      Add(temporary.match(name).hasMatch() ? FindingKind::TemporaryFile : FindingKind::UnusedFile, name);
+  }
+
+  Connection& connection_;
+  QString images_;         // with "/" everywhere and at its end
+  QSet<QString> present_;  // names below "Images"
+  QSet<QString> used_;
+  std::vector<Finding> findings_;
+};
+
+}  // namespace
+
+bool IsDamage(FindingKind kind) { return kind <= FindingKind::DanglingFilter; }
+
+QString NameOf(FindingKind kind) { return QString::fromUtf16(TextOf(kind).name); }
+
+QString TitleOf(FindingKind kind) {
+  return EitherLanguage(QString::fromUtf16(TextOf(kind).italian), QString::fromUtf16(TextOf(kind).english));
+}
+
+std::vector<Finding> CheckCatalogs(Connection& connection) { return Check(connection).Run(); }
+
+}  // namespace vorlina

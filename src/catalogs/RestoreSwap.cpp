@@ -1,0 +1,202 @@
+#include "catalogs/RestoreSwap.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+#include <filesystem>
+
+#include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/FolderHold.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+
+namespace vorlina {
+namespace {
+
+// All that a restore replaces. The companions of the database must go with it: a journal of the old one would
+// be played into the new one.
+const QStringList Entries{
+    u"Catalog.db"_qs, u"Catalog.db-journal"_qs, u"Catalog.db-wal"_qs, u"Catalog.db-shm"_qs, u"Images"_qs,
+    u"Layouts"_qs,    u"CardLayout.lyt"_qs};
+
+constexpr int WaitForOthers = 5000;  // milliseconds
+
+bool Exists(const QString& path) { return QFileInfo::exists(path) || QFileInfo(path).isSymLink(); }
+
+void Rename(const QString& from, const QString& to) {
+  std::error_code failure;
+  std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), failure);
+  if (failure)
+    throw Error(EitherLanguage(u"Impossibile spostare %1: %2"_qs, u"%1 cannot be moved: %2"_qs)
+                    .arg(QDir::toNativeSeparators(from), QString::fromLocal8Bit(failure.message().c_str())));
+}
+
+class Swap {
+ public:
+  explicit Swap(const QString& folder) : folder_(folder), staging_(StagingFolder(folder)) {}
+
+  QString JournalPath() const { return QDir(folder_).filePath(u".restore-journal"_qs); }
+
+  void Begin() {
+    kept_ = u"Before restore "_qs + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_qs);
+    for (const QString& entry : Entries) {
+      if (Exists(In(folder_, entry))) former_ += entry;
+      if (Exists(In(staging_, entry))) coming_ += entry;
+    }
+    WriteJournal(false);
+  }
+
+  // False when no restore was cut short.
+  bool ReadJournal() {
+    QFile file(JournalPath());
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    const QJsonObject journal = QJsonDocument::fromJson(file.readAll()).object();
+    kept_ = journal.value(u"kept").toString();
+    former_ = Names(journal.value(u"former"));
+    coming_ = Names(journal.value(u"coming"));
+    completed_ = journal.value(u"completed").toBool();
+    if (kept_.isEmpty() || kept_.contains(u'/') || coming_.isEmpty())
+      throw Error(
+          EitherLanguage(u"Il file %1 non è leggibile, quindi un ripristino interrotto non può essere "
+                         u"concluso. I dati sono nelle cartelle accanto."_qs,
+                         u"The file %1 cannot be read, so that an interrupted restore cannot be finished. "
+                         u"The data is in the folders beside it."_qs)
+              .arg(QDir::toNativeSeparators(JournalPath())));
+    return true;
+  }
+
+  bool IsCompleted() const { return completed_; }
+
+  // Each step is passed over when it was taken already, so that it may begin anew at any of them.
+  void Forward() {
+    if (completed_) return Clear();
+    QDir(folder_).mkdir(kept_);
+    for (const QString& entry : former_)
+      if (!Exists(In(Kept(), entry))) Rename(In(folder_, entry), In(Kept(), entry));
+    for (const QString& entry : coming_)
+      if (Exists(In(staging_, entry))) Rename(In(staging_, entry), In(folder_, entry));
+    Sync();
+    WriteJournal(true);
+    Clear();
+  }
+
+  void Back() {
+    for (const QString& entry : coming_)
+      if (!Exists(In(staging_, entry))) Rename(In(folder_, entry), In(staging_, entry));
+    for (const QString& entry : former_)
+      if (Exists(In(Kept(), entry))) Rename(In(Kept(), entry), In(folder_, entry));
+    Sync();
+    QDir(folder_).rmdir(kept_);
+    RemoveStaging();
+    RemoveJournal();
+  }
+
+  // The former state goes only here, once the journal says that the new one is complete. What cannot be
+  // removed stays, and does no harm.
+  void Clear() {
+    QDir(Kept()).removeRecursively();
+    RemoveStaging();
+    RemoveJournal();
+  }
+
+  bool HasStaging() const { return Exists(staging_); }
+  // With it goes a journal that was being written.
+  void RemoveStaging() {
+    const QStringList unfinished =
+        QDir(folder_).entryList({u".restore-journal.*"_qs}, QDir::Files | QDir::Hidden);
+    for (const QString& name : unfinished) QFile::remove(In(folder_, name));
+    QDir(staging_).removeRecursively();
+  }
+
+ private:
+  static QString In(const QString& folder, const QString& entry) { return QDir(folder).filePath(entry); }
+  static QStringList Names(const QJsonValue& value) {
+    QStringList names;
+    for (const QJsonValue& name : value.toArray())
+      if (Entries.contains(name.toString())) names += name.toString();
+    return names;
+  }
+  QString Kept() const { return In(folder_, kept_); }
+
+  void WriteJournal(bool completed) {
+    WriteFileSafely(JournalPath(),
+                    QJsonDocument(QJsonObject{{u"kept"_qs, kept_},
+                                              {u"former"_qs, QJsonArray::fromStringList(former_)},
+                                              {u"coming"_qs, QJsonArray::fromStringList(coming_)},
+                                              {u"completed"_qs, completed}})
+                        .toJson());
+    completed_ = completed;
+  }
+  void RemoveJournal() {
+    QFile::remove(JournalPath());
+    SyncFolder(folder_);
+  }
+  void Sync() {
+    for (const QString& folder : {Kept(), staging_, folder_}) SyncFolder(folder);
+  }
+
+  QString folder_;
+  QString staging_;
+  QString kept_;
+  QStringList former_;
+  QStringList coming_;
+  bool completed_ = false;
+};
+
+// Forward, and back when that is not possible.
+void BringToAnEnd(Swap& swap) {
+  try {
+    swap.Forward();
+  } catch (const Error&) {
+    if (!swap.IsCompleted()) swap.Back();
+    throw;
+  }
+}
+
+QString Completed() {
+  return EitherLanguage(u"Un ripristino interrotto è stato portato a termine"_qs,
+                        u"An interrupted restore was brought to its end"_qs);
+}
+
+}  // namespace
+
+QString StagingFolder(const QString& folder) { return QDir(folder).filePath(u".restore"_qs); }
+
+void SwapIn(const QString& folder) {
+  Swap swap(folder);
+  swap.Begin();
+  BringToAnEnd(swap);
+}
+
+bool IsSwapPending(const QString& folder) { return Exists(Swap(folder).JournalPath()); }
+
+QString FinishInterruptedRestore() {
+  const QString folder = AppPath();
+  if (!IsSwapPending(folder) && !Swap(folder).HasStaging()) return {};
+  FolderHold hold;
+  if (!hold.TakeAlone(folder, WaitForOthers)) {
+    // Without a journal everything is in its place, and whoever is at work there sees to the rest.
+    if (!IsSwapPending(folder)) return {};
+    throw Error(
+        EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
+                       u"The catalogs are being restored. Wait until that has finished and try again."_qs));
+  }
+  return FinishInterruptedRestore(folder);
+}
+
+QString FinishInterruptedRestore(const QString& folder) {
+  Swap swap(folder);
+  if (!swap.ReadJournal()) {
+    swap.RemoveStaging();
+    return {};
+  }
+  BringToAnEnd(swap);
+  return Completed();
+}
+
+}  // namespace vorlina

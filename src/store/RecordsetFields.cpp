@@ -1,0 +1,54 @@
+#include "store/RecordsetFields.h"
+
+#include <sqlite3.h>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "store/Sqlite.h"
+
+namespace vorlina {
+
+void RecordsetFields::Read(SQLite::Database& database, const QString& sql) {
+  fields_.clear();
+  positions_.clear();
+  sqlite3_stmt* prepared = nullptr;
+  const int result =
+      sqlite3_prepare_v2(database.getHandle(), sql.toUtf8().constData(), -1, &prepared, nullptr);
+  if (result != SQLITE_OK) throw SQLite::Exception(database.getHandle(), result);
+  for (int i = 0; i < sqlite3_column_count(prepared); ++i) {
+    Field field;
+    field.name = QString::fromUtf8(sqlite3_column_name(prepared, i));
+    field.table = QString::fromUtf8(sqlite3_column_table_name(prepared, i));
+    field.column = QString::fromUtf8(sqlite3_column_origin_name(prepared, i));
+    field.boolean = sqlite3_stricmp(sqlite3_column_decltype(prepared, i), "BOOLEAN") == 0;
+    const QString folded = field.name.toCaseFolded();
+    if (!positions_.contains(folded)) positions_.insert(folded, i);
+    fields_.push_back(std::move(field));
+  }
+  sqlite3_finalize(prepared);
+}
+
+int RecordsetFields::IndexOf(const QString& name) const {
+  const auto found = positions_.constFind(name.toCaseFolded());
+  if (found == positions_.constEnd())
+    throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(name));
+  return *found;
+}
+
+QStringList RecordsetFields::Names() const {
+  QStringList names;
+  for (const Field& field : fields_) names += field.name;
+  return names;
+}
+
+QString RecordsetFields::Table() const {
+  QString table;
+  for (const Field& field : fields_) {
+    if (field.table.isEmpty()) continue;
+    if (!table.isEmpty() && table != field.table) return {};
+    table = field.table;
+  }
+  return table;
+}
+
+}  // namespace vorlina

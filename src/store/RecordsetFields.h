@@ -1,0 +1,41 @@
+// The columns of a recordset: their names as the statement gives them, and the table columns behind them, as
+// the prepared statement tells.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace SQLite {
+class Database;
+}
+
+namespace vorlina {
+
+struct Field {
+  QString name;
+  QString table;   // empty for an expression
+  QString column;  // the base column's name; empty for an expression
+  bool boolean = false;
+};
+
+class RecordsetFields {
+ public:
+  // Asks a statement of its columns. Throws SQLite::Exception.
+  void Read(SQLite::Database& database, const QString& sql);
+
+  int Count() const { return int(fields_.size()); }
+  const Field& At(int index) const { return fields_[std::size_t(index)]; }
+  // Position of a column by its name in any letter case. Throws Error.
+  int IndexOf(const QString& name) const;
+  QStringList Names() const;
+  // The one table that all base columns belong to; empty where there are several or none.
+  QString Table() const;
+
+ private:
+  std::vector<Field> fields_;
+  QHash<QString, int> positions_;
+};
+
+}  // namespace vorlina

@@ -1,0 +1,134 @@
+#include "store/Sqlite.h"
+
+#include <sqlite3.h>
+
+#include <cstring>
+
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+
+namespace vorlina {
+namespace {
+
+QString ConstraintText(const SQLite::Exception& failure) {
+  // "UNIQUE constraint failed: Prodotti.IDCatalogo, Prodotti.CodiceProdotto"
+  const QString message = QString::fromUtf8(failure.what());
+  const QString columns = message.mid(message.indexOf(u": ") + 2);
+  switch (failure.getExtendedErrorCode()) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      return EitherLanguage(u"Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore."_qs,
+                            u"There is already a row with the same value (%1). Choose another value."_qs)
+          .arg(columns);
+    case SQLITE_CONSTRAINT_FOREIGNKEY:
+      return EitherLanguage(u"La riga fa riferimento a un catalogo o a un prodotto che non esiste più."_qs,
+                            u"The row refers to a catalog or a product that no longer exists."_qs);
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs)
+          .arg(columns);
+    default:
+      return message;
+  }
+}
+
+QString FailureText(const SQLite::Exception& failure) {
+  switch (failure.getErrorCode()) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return EitherLanguage(u"Il database è in uso da un altro programma. Chiuderlo e riprovare."_qs,
+                            u"The database is in use by another program. Close it and try again."_qs);
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return EitherLanguage(
+          u"Il database è di sola lettura. Controllare i permessi del file e della sua cartella."_qs,
+          u"The database is read-only. Check the permissions of the file and of its folder."_qs);
+    case SQLITE_FULL:
+      return EitherLanguage(u"Il disco è pieno. Liberare spazio e riprovare."_qs,
+                            u"The disk is full. Free some space and try again."_qs);
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return EitherLanguage(u"Il database è danneggiato. Ripristinare una copia di sicurezza."_qs,
+                            u"The database is damaged. Restore a backup."_qs);
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+      return EitherLanguage(u"Il file del database non può essere letto o scritto (%1)."_qs,
+                            u"The database file cannot be read or written (%1)."_qs)
+          .arg(QString::fromUtf8(failure.what()));
+    case SQLITE_CONSTRAINT:
+      return ConstraintText(failure);
+    default:
+      return QString::fromUtf8(failure.what());
+  }
+}
+
+}  // namespace
+
+void ThrowStoreError(const SQLite::Exception& failure) { throw Error(FailureText(failure)); }
+
+SQLite::Statement Prepare(SQLite::Database& database, const QString& sql) {
+  return SQLite::Statement(database, sql.toUtf8().toStdString());
+}
+
+void BindValues(SQLite::Statement& statement, const QVariantList& values, int first) {
+  for (const QVariant& value : values) {
+    const int index = first++;
+    if (value.isNull()) {
+      statement.bind(index);
+      continue;
+    }
+    switch (value.typeId()) {
+      case QMetaType::Bool:
+        statement.bind(index, value.toBool() ? 1 : 0);
+        break;
+      case QMetaType::Int:
+      case QMetaType::UInt:
+      case QMetaType::LongLong:
+      case QMetaType::ULongLong:
+        statement.bind(index, static_cast<int64_t>(value.toLongLong()));
+        break;
+      case QMetaType::Double:
+      case QMetaType::Float:
+        statement.bind(index, value.toDouble());
+        break;
+      case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        statement.bind(index, bytes.constData(), int(bytes.size()));
+        break;
+      }
+      default:
+        statement.bind(index, value.toString().toStdString());
+        break;
+    }
+  }
+}
+
+bool IsBooleanColumn(const SQLite::Statement& statement, int column) {
+  try {
+    return sqlite3_stricmp(statement.getColumnDeclaredType(column), "BOOLEAN") == 0;
+  } catch (const SQLite::Exception&) {
+    return false;  // an expression has no declared type
+  }
+}
+
+QVariant ColumnValue(const SQLite::Statement& statement, int index, bool boolean) {
+  const SQLite::Column column = statement.getColumn(index);
+  switch (column.getType()) {
+    case SQLITE_NULL:
+      return NullValue();
+    case SQLITE_INTEGER:
+      if (boolean) return column.getInt() != 0;
+      return qlonglong(column.getInt64());
+    case SQLITE_FLOAT:
+      return column.getDouble();
+    case SQLITE_BLOB:
+      return QByteArray(static_cast<const char*>(column.getBlob()), column.getBytes());
+    default: {
+      const char* text = column.getText();
+      return QString::fromUtf8(text, column.getBytes());
+    }
+  }
+}
+
+}  // namespace vorlina

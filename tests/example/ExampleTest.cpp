@@ -1,0 +1,42 @@
+#include "publish/PluginConnection.h"
+#include "publish/PluginHost.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+class Progress : public IVorlinaProgress {
+ public:
+  explicit Progress(bool goOn) : goOn_(goOn) {}
+  bool Report(int, int, const QString&) override { return goOn_; }
+
+ private:
+  bool goOn_;
+};
+
+class ExampleTest : public StoreFixture {};
+
+}  // namespace
+
+TEST_F(ExampleTest, PublishesThroughTheHeaderAlone) {
+  QDir(folder_.path()).mkdir(u"PubWiz"_qs);
+  ASSERT_TRUE(QFile::link(QStringLiteral(EXAMPLE_LIBRARY), AppFile(u"PubWiz/Example.PriceList.so"_qs)));
+  const int catalog = AddCatalog(u"c"_qs);
+  AddProduct(catalog, u"B"_qs, 1);
+  AddProduct(catalog, u"A\t2"_qs, 2);
+  connection_.Execute(u"UPDATE Prodotti SET Valore1='5,00', Descrizione='L''uno'||char(10)||'due'"_qs);
+  PluginConnection connection(connection_);
+  IVorlinaPluginFactory& factory = PluginFactoryOf(u"Example.PriceList"_qs);
+  Progress stopping(false);
+  EXPECT_FALSE(
+      factory.CreateFolderPublisher(HostOfPlugins())->PublishTo(connection, catalog, AppPath(), stopping));
+  EXPECT_FALSE(QFile::exists(AppFile(u"prices.txt"_qs)));
+  Progress going(true);
+  EXPECT_TRUE(
+      factory.CreateFolderPublisher(HostOfPlugins())->PublishTo(connection, catalog, AppPath(), going));
+  QFile list(AppFile(u"prices.txt"_qs));
+  ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+  EXPECT_EQ(QString::fromUtf8(list.readAll()), u"B\tL'uno due\t5,00\nA 2\tL'uno due\t5,00\n"_qs);
+}

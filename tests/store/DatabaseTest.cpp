@@ -1,0 +1,225 @@
+// The database as a file: what is refused, what is migrated, what a full disk or another program does to it;
+// and what its schema promises.
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFileInfo>
+
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/SafeFile.h"
+#include "store/CatalogDatabase.h"
+#include "store/SampleData.h"
+#include "support/FullDisk.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString FailureOf(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const Error& error) {
+    return error.Description();
+  }
+  return {};
+}
+
+class DatabaseTest : public StoreFixture {
+ protected:
+  // What opening the file tells; empty when it opens.
+  QString Refusal(const QString& path) {
+    return FailureOf([&] {
+      Connection connection;
+      OpenCatalogDatabase(connection, path);
+    });
+  }
+  QString File(const QString& name, const QByteArray& content) {
+    QString path = AppFile(name);
+    if (!content.isNull()) WriteFileSafely(path, content);
+    return path;
+  }
+};
+
+}  // namespace
+
+TEST_F(DatabaseTest, WhatCannotBeUsedIsToldAndStaysUntouched) {
+  for (int i = 0; i < 500; ++i) AddCatalog(u"name %1"_qs.arg(i).repeated(20));
+  connection_.Close();
+  const QByteArray good = ContentOf(Path());
+  QByteArray newer = good;
+  newer[63] = 9;
+  QByteArray foreign = good;
+  foreign[68] = 'X';
+  QByteArray broken = good;
+  for (int at = 4096 * 3; at < broken.size(); at += 4096) broken.replace(at, 64, QByteArray(64, '\x5a'));
+  struct Case {
+    QString name;
+    QByteArray content;
+    QString tells;
+  };
+  for (const Case& c :
+       {Case{u"missing.db"_qs, {}, u"does not exist"_qs}, Case{u"empty.db"_qs, "", u"it is empty"_qs},
+        Case{u"text.db"_qs, QByteArray("a text that is long enough\n").repeated(200), u"damaged"_qs},
+        Case{u"foreign.db"_qs, foreign, u"no database of Vorlina"_qs},
+        Case{u"newer.db"_qs, newer, u"newer version"_qs}, Case{u"broken.db"_qs, broken, u"damaged"_qs},
+        Case{u"short.db"_qs, good.left(good.size() / 2), u"damaged"_qs}}) {
+    const QString path = File(c.name, c.content);
+    const QString told = Refusal(path);
+    EXPECT_TRUE(told.contains(c.tells)) << c.name << ": " << told;
+    EXPECT_TRUE(told.contains(QDir::toNativeSeparators(path))) << told;
+    EXPECT_EQ(ContentOf(path), c.content) << c.name;
+  }
+  EXPECT_EQ(QDir(folder_.path()).entryList({u"*-journal"_qs, u"*backup*"_qs}).size(), 0);
+  EXPECT_EQ(Refusal(Path()), QString());
+}
+
+TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
+  connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
+  EXPECT_TRUE(Refusal(Path()).contains(u"in use by another program"));
+  connection_.RollbackTrans();
+  EXPECT_EQ(Refusal(Path()), QString());
+}
+
+TEST_F(DatabaseTest, AWriteThatCannotBeDoneIsToldAndChangesNothing) {
+  AddCatalog(u"before"_qs);
+  {
+    const FullDisk full(static_cast<unsigned long>(QFileInfo(Path()).size()));
+    EXPECT_FALSE(FailureOf([&] { AddCatalog(QString(200000, u'x')); }).isEmpty());
+    EXPECT_FALSE(connection_.InTransaction());
+  }
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  EXPECT_TRUE(CheckDatabase(connection_).isEmpty());
+  AddCatalog(u"after"_qs);
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 2);
+}
+
+TEST_F(DatabaseTest, AnOlderDatabaseIsMigratedWholeOrNotAtAll) {
+  AddCatalog(u"kept"_qs);
+  const std::vector<Migration> good = {{2, u"ALTER TABLE Cataloghi ADD COLUMN Nuova TEXT DEFAULT 'x'"_qs},
+                                       {3, u"UPDATE Cataloghi SET Nuova='y'"_qs}};
+  std::vector<Migration> failing = good;
+  failing[1].sql += u"; UPDATE nowhere SET x=1"_qs;
+  connection_.Close();
+  EXPECT_TRUE(
+      FailureOf([&] { OpenCatalogDatabase(connection_, Path(), failing, 3); }).contains(u"is as it was"));
+  EXPECT_FALSE(connection_.IsOpen());
+  EXPECT_EQ(Refusal(Path()), QString()) << "still of its former version";
+
+  OpenCatalogDatabase(connection_, Path(), good, 3);
+  EXPECT_EQ(One(u"Nuova"_qs, u"Cataloghi"_qs), u"y"_qs);
+  EXPECT_TRUE(Refusal(Path()).contains(u"newer version"));
+  // Each attempt made its copy first, under a name of its own.
+  for (const QString& name : {u"Catalog-v1-backup.db"_qs, u"Catalog-v1-backup-2.db"_qs}) {
+    Connection copy;
+    OpenCatalogDatabase(copy, AppFile(name));
+    EXPECT_EQ(GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, copy, {}), u"kept"_qs);
+  }
+}
+
+TEST_F(DatabaseTest, ABackupIsWholeOrNotThere) {
+  AddCatalog(u"kept"_qs);
+  const QString target = AppFile(u"copy.db"_qs);
+  BackupDatabase(connection_, target);
+  const QByteArray copy = ContentOf(target);
+  EXPECT_EQ(Refusal(target), QString());
+  AddCatalog(u"later"_qs);
+  const FullDisk full(8192);
+  EXPECT_THROW(BackupDatabase(connection_, target), Error);
+  EXPECT_EQ(ContentOf(target), copy);
+  EXPECT_FALSE(QFileInfo::exists(target + u".partial"_qs));
+}
+
+TEST_F(DatabaseTest, EveryFailureOfTheFileSystemLeavesAWholeDatabase) {
+  // The limit on the file's growth fails the n-th page that a transaction writes.
+  const int catalog = AddCatalog(u"c"_qs);
+  for (int i = 0; i < 50; ++i) AddProduct(catalog, u"p%1"_qs.arg(i));
+  const qint64 size = QFileInfo(Path()).size();
+  int failures = 0;
+  for (qint64 limit = 0; limit < size * 2; limit += 4096) {
+    const QString told = FailureOf([&] {
+      const FullDisk full(static_cast<unsigned long>(limit));
+      Transaction transaction(connection_);
+      for (int i = 0; i < 20; ++i)
+        AddProduct(catalog, u"n%1-%2"_qs.arg(limit).arg(i).leftJustified(900, u'x'));
+      connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto LIKE 'n%'"_qs);
+      transaction.Commit();
+    });
+    failures += told.isEmpty() ? 0 : 1;
+    EXPECT_EQ(Count(u"Prodotti"_qs), 50) << limit;
+    EXPECT_TRUE(CheckDatabase(connection_).isEmpty()) << limit;
+  }
+  EXPECT_GT(failures, 3);
+}
+
+TEST_F(DatabaseTest, WhatBelongsToARowGoesAndChangesWithIt) {
+  const int catalog = AddCatalog(u"c"_qs);
+  AddProduct(catalog, u"D'1"_qs);
+  connection_.Execute(u"INSERT INTO Extensions (ExtensionName,P) VALUES ('x',TRUE)"_qs);
+  for (const QString& table :
+       {u"Immagini (IDCatalogo,CodiceProdotto)"_qs, u"SchedeTecniche (IDCatalogo,CodiceProdotto)"_qs})
+    connection_.Execute(u"INSERT INTO "_qs + table + u" VALUES (?,'d''1')"_qs, {catalog});
+  connection_.Execute(u"INSERT INTO PExtension (IDCatalogo,CodiceProdotto,IDExtension) VALUES (?,?,1)"_qs,
+                      {catalog, u"D'1"_qs});
+  connection_.Execute(u"INSERT INTO CExtension (IDCatalogo,IDExtension) VALUES (?,1)"_qs, {catalog});
+  connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro) VALUES (?,1)"_qs, {catalog});
+  connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto='È \"2\" 50%'"_qs);
+  for (const QString& table : {u"Immagini"_qs, u"SchedeTecniche"_qs, u"PExtension"_qs})
+    EXPECT_EQ(One(u"CodiceProdotto"_qs, table), u"È \"2\" 50%"_qs) << table;
+  connection_.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=?"_qs, {catalog});
+  for (const QString& table : {u"Prodotti"_qs, u"Immagini"_qs, u"SchedeTecniche"_qs, u"PExtension"_qs,
+                               u"CExtension"_qs, u"Filtri"_qs})
+    EXPECT_EQ(Count(table), 0) << table;
+}
+
+TEST_F(DatabaseTest, CodesCompareWithoutRegardToCaseInEveryScript) {
+  const int catalog = AddCatalog(u"c"_qs);
+  for (const QString& code : {u"CAFFÈ-2"_qs, u"ΣΑΣ"_qs, u"z"_qs, u"É"_qs, u"a"_qs}) AddProduct(catalog, code);
+  for (const QString& other : {u"caffè-2"_qs, u"σας"_qs, u"Z"_qs, u"é"_qs, u"A"_qs}) {
+    EXPECT_THROW(AddProduct(catalog, other), Error) << other;
+    EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto LIKE ?"_qs, {other}), 1) << other;
+  }
+  AddProduct(catalog, u"caffe-2"_qs);
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto LIKE 'CAFF_-%'"_qs), 2);
+  EXPECT_EQ(One(u"CodiceProdotto"_qs, u"Prodotti"_qs,
+                u"1 ORDER BY CodiceProdotto COLLATE VORLINA_LOCALE LIMIT 1"_qs),
+            u"a"_qs);
+}
+
+TEST_F(DatabaseTest, LookupsTellNullFromFailure) {
+  EXPECT_EQ(One(u"Valore"_qs, u"Filtri"_qs).typeId(), NullValue().typeId());
+  EXPECT_FALSE(One(u"Valore"_qs, u"nowhere"_qs).isValid());
+  EXPECT_FALSE(One(u"COUNT("_qs, u"Filtri"_qs).isValid());
+  AddCatalog(u"it's \"quoted\""_qs);
+  EXPECT_EQ(One(u"NomeCatalogo"_qs, u"cataloghi"_qs), u"it's \"quoted\""_qs);
+  connection_.Close();
+  EXPECT_FALSE(One(u"COUNT(*)"_qs, u"Filtri"_qs).isValid());
+}
+
+TEST_F(DatabaseTest, SamplePathsAreRebasedInTheirOrderAndOthersStay) {
+  const int catalog = AddCatalog(u"c"_qs);
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=?"_qs,
+                      {QString(SampleDataRoot + u"/Images/1-Logo.jpg"_qs)});
+  AddProduct(catalog, u"own"_qs);
+  AddProduct(catalog, u"sample"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET Immagine='/elsewhere'||? WHERE CodiceProdotto='own'"_qs,
+                      {SampleDataRoot});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='sample'"_qs,
+                      {QString(SampleDataRoot + u"/Images/1-s.jpg"_qs)});
+  EXPECT_TRUE(HasSampleRoot(connection_));
+  RebaseAllSampleData(connection_, u"/home/l'utente 100%"_qs);
+  EXPECT_FALSE(HasSampleRoot(connection_));
+  EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs), u"/home/l'utente 100%/Images/1-Logo.jpg"_qs);
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='sample'"_qs),
+            u"/home/l'utente 100%/Images/1-s.jpg"_qs);
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='own'"_qs),
+            QString(u"/elsewhere"_qs + SampleDataRoot));
+}

@@ -1,0 +1,75 @@
+// An application folder with a catalog whose rows and pictures agree, and ways to compare folders.
+#pragma once
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <map>
+
+#include "base/Error.h"
+#include "base/SafeFile.h"
+#include "support/StoreFixture.h"
+
+namespace vorlina {
+
+inline QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+// What a step tells when it fails; empty when it succeeds.
+inline QString FailureOf(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const Error& error) {
+    return error.Description();
+  }
+  return {};
+}
+
+// Every file below a folder by its relative name, hidden ones too.
+inline std::map<QString, QByteArray> FilesIn(const QString& folder) {
+  std::map<QString, QByteArray> files;
+  QDirIterator found(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (found.hasNext()) {
+    const QString path = found.next();
+    files[QDir(folder).relativeFilePath(path)] = ContentOf(path);
+  }
+  return files;
+}
+
+// Writes one catalog of products, with pictures and thumbnails that begin with the mark. Pictures that are
+// there are replaced.
+inline void FillCatalog(Connection& connection, const QString& folder, const QByteArray& mark, int products) {
+  const auto write = [&](const QString& name) {
+    const QString path = QDir::toNativeSeparators(folder + u"/Images/"_qs + name);
+    WriteStagedFile(path, [&](QIODevice& device) {
+      const QByteArray bytes = QByteArray(mark + name.toUtf8()).repeated(40);
+      return device.write(bytes) == bytes.size();
+    });
+    return path;
+  };
+  Transaction transaction(connection);
+  connection.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo,Logo) VALUES (109,?,?)"_qs,
+                     {QString::fromUtf8(mark), write(u"109-Logo.jpg"_qs)});
+  for (int i = 0; i < products; ++i) {
+    const QString code = u"È %1"_qs.arg(i);
+    const QString name = u"109-%1.jpg"_qs.arg(code);
+    write(u't' + name);
+    connection.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,Immagine) VALUES (109,?,?)"_qs,
+                       {code, write(name)});
+  }
+  connection.Execute(
+      u"INSERT INTO Immagini (IDImmagine,IDCatalogo,CodiceProdotto,Immagine) VALUES (7,109,'È 0',?)"_qs,
+      {write(u"7.jpg"_qs)});
+  transaction.Commit();
+}
+
+class CatalogFixture : public StoreFixture {
+ protected:
+  void Fill(const QByteArray& mark, int products) { FillCatalog(connection_, AppPath(), mark, products); }
+  QString Outside(const QString& name) const { return outside_.filePath(name); }
+
+  const QTemporaryDir outside_;
+};
+
+}  // namespace vorlina

@@ -1,0 +1,309 @@
+// Publishing a small catalog: what the site holds, what it never holds, and what happens to the folder when
+// something goes wrong. The pages are compared with tests/vlhtml/reference, which VORLINA_UPDATE_REFERENCE=1
+// writes anew.
+#include "SitePublisher.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDateTime>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QImage>
+#include <QRegularExpression>
+#include <QThread>
+#include <csignal>
+
+#include "PublishedNames.h"
+#include "TargetMemory.h"
+#include "publish/PluginConnection.h"
+#include "support/FullDisk.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+using vlhtml::PublishResult;
+
+namespace {
+
+class Progress : public IVorlinaProgress {
+ public:
+  // Stops at the report with this number; -1 never.
+  explicit Progress(int stopAt = -1) : stopAt_(stopAt) {}
+  bool Report(int, int, const QString&) override { return stopAt_ < 0 || count_++ < stopAt_; }
+
+ private:
+  int stopAt_;
+  int count_ = 0;
+};
+
+QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Every file of a folder with its content.
+QMap<QString, QByteArray> Files(const QString& folder) {
+  QMap<QString, QByteArray> files;
+  QDirIterator entries(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (entries.hasNext()) {
+    const QString path = entries.next();
+    files.insert(QDir(folder).relativeFilePath(path), ContentOf(path));
+  }
+  return files;
+}
+
+class SiteTest : public StoreFixture {
+ protected:
+  SiteTest() : target_(folder_.filePath(u"site"_qs)) {
+    connection_.Execute(
+        u"INSERT INTO Cataloghi "
+        u"(NomeCatalogo,Titolo,Sottotitolo,Spalla,Azienda,Citta,Tel,Email,URL,NomeFiltro1,NomeFiltro2,"
+        "NomeValore1,NomeValore2) VALUES ('c','Tavola & <casa>','L''arte','Riga uno'||char(10)||'Riga "
+        "due','Bottega \"Verdi\"',"
+        "'Faenza','+39 0546 55-01','info@example.com','javascript:alert(1)','Colore','Linea','Prezzo \\036','Dim\\046 \\047 cm')"_qs);
+    for (const auto& [filter, value, published] : {std::tuple{1, u"Rosso"_qs, true},
+                                                   {1, u"Blu"_qs, true},
+                                                   {1, u"Segreto"_qs, false},
+                                                   {2, u"<i>Classica</i>"_qs, true},
+                                                   {2, u"Vuota"_qs, true}})
+      connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) VALUES (1,?,?,?)"_qs,
+                          {filter, value, published});
+    Add(u"B-1"_qs, u"Secondo"_qs, 2, 1, 4, true);
+    Add(u"A-1"_qs, u"Primo: <script>alert('x')</script> & \"altro\""_qs, 1, 2, 0, true);
+    Add(u"C-1"_qs, u"Nascosto"_qs, 3, 1, 4, false);
+    Add(u"D/..\\x"_qs, {}, 4, 3, 0, true);
+    Picture(u"A-1"_qs, 40, 30);
+    connection_.Execute(
+        u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) VALUES (1,'a-1','Peso','1 < 2 kg')"_qs);
+  }
+
+  void Add(const QString& code, const QVariant& description, int order, int colour, int line,
+           bool published) {
+    connection_.Execute(
+        u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,Descrizione,Valore1,Valore2,OrdineTemp,IDFiltro1,"
+        "IDFiltro2,Pubblica) VALUES (1,?,?,'12,50','10 x 20',?,?,?,?)"_qs,
+        {code, description, order, colour, line, published});
+  }
+  void Picture(const QString& code, int width, int height) {
+    const QString path = AppFile(u"Images/1-%1.jpg"_qs.arg(code));
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(path, "jpeg"));
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  }
+  PublishResult Publish(Progress progress = Progress()) {
+    PluginConnection connection(connection_);
+    return vlhtml::PublishSite(connection, 1, target_,
+                               QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin"), true, progress);
+  }
+  QByteArray Page(const QString& name) { return ContentOf(target_ + u'/' + name); }
+  QString Failure() {
+    try {
+      Publish();
+    } catch (const std::exception& error) {
+      return QString::fromUtf8(error.what());
+    }
+    return {};
+  }
+  // What lies beside the target: nothing is left there.
+  QStringList Beside() {
+    return QDir(folder_.path())
+        .entryList({u".*vorlina*"_qs}, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
+
+  const QString target_;
+};
+
+}  // namespace
+
+TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
+  vlhtml::PublishedNames names;
+  QSet<QString> given;
+  const QStringList codes = {
+      u"A-1"_qs, u"a-1"_qs,          u"A 1"_qs,          u"A/1"_qs,    u"À-1"_qs,  u"../../etc/passwd"_qs,
+      u"CON"_qs, u"nul.txt"_qs,      u"🙂"_qs,         u"🙃"_qs,   u""_qs,     u"ABC"_qs,
+      u"x"_qs,   QString(255, u'è'), QString(255, u'x'), u"<b>'\""_qs, u"漢字"_qs, u"%2e%2e"_qs};
+  for (const QString& code : codes) {
+    const QString name = names.NameOf(u"p-"_qs, code);
+    EXPECT_EQ(names.NameOf(u"p-"_qs, code), name);
+    EXPECT_LE(name.size() + QStringLiteral("-100.html").size(), 60) << code;
+    EXPECT_TRUE(QRegularExpression(u"^p-[a-z0-9-]*$"_qs).match(name).hasMatch()) << name;
+    EXPECT_FALSE(given.contains(name)) << name;
+    given.insert(name);
+  }
+  EXPECT_TRUE(given.contains(u"p-a-1"_qs)) << "a plain code keeps its name";
+}
+
+TEST_F(SiteTest, IsWhatTheReferenceShows) {
+  const PublishResult result = Publish();
+  EXPECT_TRUE(result.complete);
+  QMap<QString, QByteArray> files = Files(target_);
+  for (const QString& name : {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"images/p-a-1.jpg"_qs})
+    EXPECT_EQ(files.remove(name), 1) << name;
+  const QString reference = QStringLiteral(VORLINA_SOURCE_DIR "/tests/vlhtml/reference");
+  if (qEnvironmentVariableIsSet("VORLINA_UPDATE_REFERENCE")) {
+    QDir(reference).removeRecursively();
+    QDir().mkpath(reference);
+    for (auto file = files.cbegin(); file != files.cend(); ++file) {
+      QFile out(reference + u'/' + file.key());
+      ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+      out.write(file.value());
+    }
+  }
+  const QMap<QString, QByteArray> expected = Files(reference);
+  EXPECT_EQ(files.keys().join(u' '), expected.keys().join(u' '));
+  for (auto file = expected.cbegin(); file != expected.cend(); ++file)
+    EXPECT_EQ(QString::fromUtf8(files[file.key()]), QString::fromUtf8(file.value())) << file.key();
+}
+
+TEST_F(SiteTest, HoldsOnlyWhatIsPublishedAndNoMarkupFromTexts) {
+  Publish();
+  const QMap<QString, QByteArray> files = Files(target_);
+  for (auto file = files.cbegin(); file != files.cend(); ++file) {
+    if (!file.key().endsWith(u".html")) continue;
+    for (const char* forbidden :
+         {"Nascosto", "Segreto", "Vuota", "<script", "<i>", "=\"javascript:", "\\046"})
+      EXPECT_FALSE(file.value().contains(forbidden)) << file.key() << " holds " << forbidden;
+  }
+  const QByteArray first = Page(u"p-a-1.html"_qs);
+  EXPECT_TRUE(first.contains("Prezzo $") && first.contains("Dim. / cm") && first.contains("1 &lt; 2 kg"));
+  EXPECT_TRUE(first.contains("width=\"40\" height=\"30\"")) << "the size of the file itself";
+  EXPECT_TRUE(first.indexOf("rel=\"next\"") > 0 && first.indexOf("rel=\"prev\"") < 0)
+      << "the publication order, not that of the codes";
+}
+
+TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
+  EXPECT_GT(Publish().written, 5);
+  EXPECT_EQ(Publish().written, 0);
+  const QMap<QString, QByteArray> before = Files(target_);
+
+  connection_.Execute(u"UPDATE Prodotti SET Valore2='9 x 9' WHERE CodiceProdotto='B-1'"_qs);
+  EXPECT_EQ(Publish().written, 1) << "a value that stands on the product's own page";
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("9 x 9"));
+  // What somebody broke or lost is made again.
+  QFile::remove(target_ + u"/p-b-1.html"_qs);
+  QFile style(target_ + u"/style.css"_qs);
+  ASSERT_TRUE(style.open(QIODevice::Append));
+  style.write("x");
+  style.close();
+  EXPECT_EQ(Publish().written, 2);
+  connection_.Execute(u"UPDATE Prodotti SET Valore2='10 x 20' WHERE CodiceProdotto='B-1'"_qs);
+  Publish();
+  QMap<QString, QByteArray> after = Files(target_);
+  after.remove(u"vorlina-manifest.txt"_qs);
+  for (auto file = after.cbegin(); file != after.cend(); ++file)
+    EXPECT_EQ(file.value(), before[file.key()]) << file.key();
+
+  // A product that goes takes its page and its picture with it.
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='A-1'"_qs);
+  Publish();
+  EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-a-1.html"_qs));
+  EXPECT_FALSE(QFileInfo::exists(target_ + u"/images/p-a-1.jpg"_qs));
+  EXPECT_FALSE(Page(u"p-b-1.html"_qs).contains("p-a-1"));
+}
+
+TEST_F(SiteTest, FilesOfTheUserStayAndAreNotOverwritten) {
+  QDir().mkpath(target_ + u"/images/own"_qs);
+  for (const QString& name : {u"CNAME"_qs, u"images/own/photo.jpg"_qs, u"images/mine.jpg"_qs}) {
+    QFile file(target_ + u'/' + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("mine");
+  }
+  Publish();
+  connection_.Execute(u"DELETE FROM Prodotti"_qs);
+  Publish();
+  for (const QString& name : {u"CNAME"_qs, u"images/own/photo.jpg"_qs, u"images/mine.jpg"_qs})
+    EXPECT_EQ(Page(name), "mine") << name;
+
+  QDir(target_).removeRecursively();
+  QDir().mkpath(target_);
+  QFile index(target_ + u"/index.html"_qs);
+  ASSERT_TRUE(index.open(QIODevice::WriteOnly));
+  index.write("mine");
+  index.close();
+  EXPECT_TRUE(Failure().contains(u"index.html"));
+  EXPECT_EQ(Files(target_).size(), 1);
+  // A manifest that lists files outside the folder, or that somebody wrote by hand, gives no power over them.
+  QFile manifest(target_ + u"/vorlina-manifest.txt"_qs);
+  ASSERT_TRUE(manifest.open(QIODevice::WriteOnly));
+  manifest.write(
+      "Vorlina site manifest "
+      "1\n00\t1\t1\t../Catalog.db\n00\t1\t1\t/etc/passwd\nnonsense\n00\t4\t1\tindex.html\n");
+  manifest.close();
+  EXPECT_EQ(Failure(), QString());
+  EXPECT_TRUE(QFileInfo::exists(Path()));
+  EXPECT_TRUE(Beside().isEmpty());
+}
+
+TEST_F(SiteTest, StoppingOrFailingLeavesTheFolderAsItWas) {
+  for (const bool published : {false, true}) {
+    if (published) Publish();
+    const QMap<QString, QByteArray> before = Files(target_);
+    connection_.Execute(u"UPDATE Cataloghi SET Titolo=?"_qs, {published ? u"Altro"_qs : u"Uno"_qs});
+    for (const int stop : {0, 1}) EXPECT_FALSE(Publish(Progress(stop)).complete);
+    {
+      const FullDisk full(600);
+      EXPECT_FALSE(Failure().isEmpty());
+    }
+    EXPECT_TRUE(Files(target_) == before);
+    EXPECT_TRUE(Beside().isEmpty());
+  }
+  EXPECT_EQ(Failure(), QString());
+  EXPECT_TRUE(Page(u"index.html"_qs).contains("Altro"));
+}
+
+TEST_F(SiteTest, AMissingPictureIsToldAndThePageComesWithoutIt) {
+  connection_.Execute(u"UPDATE Prodotti SET Immagine='/nowhere/x.jpg' WHERE CodiceProdotto='B-1'"_qs);
+  connection_.Execute(u"UPDATE Cataloghi SET Logo='/nowhere/logo.jpg'"_qs);
+  const PublishResult result = Publish();
+  EXPECT_TRUE(result.complete);
+  EXPECT_EQ(result.warnings.size(), 2);
+  EXPECT_TRUE(result.warnings.join(u'|').contains(u"B-1") &&
+              result.warnings.join(u'|').contains(u"logo.jpg"));
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Nessuna immagine"));
+}
+
+TEST_F(SiteTest, TheFolderIsRememberedForTheCatalog) {
+  PluginConnection connection(connection_);
+  EXPECT_EQ(vlhtml::RememberedTarget(connection, 1), QString());
+  for (const QString& folder : {u"/srv/one"_qs, u"/srv/l'altro"_qs}) {
+    vlhtml::RememberTarget(connection, 1, folder);
+    EXPECT_EQ(vlhtml::RememberedTarget(connection, 1), folder);
+  }
+  EXPECT_EQ(Count(u"CExtension"_qs), 1);
+}
+
+// The process is killed at moments spread over the whole of its work. Afterwards the folder has a site whose
+// pages are all there, the former or the new one, or the next run makes it so.
+TEST_F(SiteTest, AKillAtAnyMomentIsMendedByTheNextRun) {
+  for (int i = 0; i < 400; ++i) Add(u"K%1"_qs.arg(i), u"Prodotto %1"_qs.arg(i), 10 + i, 1, 4, true);
+  Publish();
+  int hit = 0;
+  for (int round = 0; round < 12; ++round) {
+    connection_.Execute(u"UPDATE Cataloghi SET Sottotitolo=?"_qs, {u"round %1"_qs.arg(round)});
+    connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto=?"_qs, {u"K%1"_qs.arg(round)});
+    connection_.Close();
+    const pid_t child = fork();
+    if (child == 0) {
+      connection_.Open(ConnectionTextFor(Path()));
+      for (;;) {
+        Publish();
+        connection_.Execute(u"UPDATE Cataloghi SET Spalla=datetime('now')||random()"_qs);
+      }
+    }
+    QThread::usleep(15000 + static_cast<unsigned long>(round) * 7000);
+    kill(child, SIGKILL);
+    int status = 0;
+    waitpid(child, &status, 0);
+    hit += WIFSIGNALED(status) ? 1 : 0;
+    connection_.Open(ConnectionTextFor(Path()));
+    EXPECT_EQ(Failure(), QString()) << round;
+    EXPECT_EQ(Publish().written, 0) << round;
+    EXPECT_TRUE(Beside().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-k%1.html"_qs.arg(round)));
+    for (int i = round + 1; i < 400; i += 37)
+      EXPECT_TRUE(Page(u"p-k%1.html"_qs.arg(i)).endsWith("</html>\n")) << i;
+  }
+  EXPECT_EQ(hit, 12);
+}

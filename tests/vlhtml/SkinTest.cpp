@@ -1,0 +1,162 @@
+// Skins from unknown hands: templates that would write raw text, and archives that would write elsewhere.
+#include "Skin.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "SkinFolders.h"
+#include "support/Print.h"
+
+namespace {
+
+const QString Standard = QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin");
+
+QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Write(const QString& path, const QByteArray& content) {
+  QDir().mkpath(QFileInfo(path).path());
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(content);
+}
+
+struct Entry {
+  QString name;
+  QByteArray content;
+  unsigned type = AE_IFREG;
+};
+
+std::vector<Entry> StandardEntries(const QString& folder = {}) {
+  std::vector<Entry> entries;
+  for (const QString& name : QDir(Standard).entryList(QDir::Files))
+    entries.push_back({folder + name, ContentOf(Standard + u'/' + name)});
+  return entries;
+}
+
+void WriteArchive(const QString& path, const std::vector<Entry>& entries) {
+  struct archive* archive = archive_write_new();
+  archive_write_set_format_zip(archive);
+  archive_write_open_filename(archive, QFile::encodeName(path).constData());
+  for (const Entry& e : entries) {
+    struct archive_entry* entry = archive_entry_new();
+    archive_entry_set_pathname_utf8(entry, e.name.toUtf8().constData());
+    archive_entry_set_filetype(entry, e.type);
+    archive_entry_set_perm(entry, 0644);
+    if (e.type == AE_IFLNK) archive_entry_set_symlink(entry, e.content.constData());
+    archive_entry_set_size(entry, e.type == AE_IFREG ? e.content.size() : 0);
+    archive_write_header(archive, entry);
+    if (e.type == AE_IFREG) archive_write_data(archive, e.content.constData(), std::size_t(e.content.size()));
+    archive_entry_free(entry);
+  }
+  archive_write_free(archive);
+}
+
+class SkinTest : public testing::Test {
+ protected:
+  SkinTest()
+      : host_{QStringLiteral("English"), folder_.path(), folder_.path() + QStringLiteral("/delivered")} {}
+
+  QString Installing(const std::vector<Entry>& entries) {
+    const QString path = folder_.filePath(QStringLiteral("My skin.zip"));
+    WriteArchive(path, entries);
+    return Installing(path);
+  }
+  QString Installing(const QString& path) {
+    try {
+      vlhtml::InstallSkinArchive(path, host_);
+    } catch (const std::exception& error) {
+      return QString::fromUtf8(error.what());
+    }
+    return {};
+  }
+  QStringList Skins() const {
+    return QDir(folder_.filePath(QStringLiteral("PubWiz/VLHTML.HTML/Skins")))
+        .entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
+
+  QTemporaryDir folder_;
+  VorlinaHost host_;
+};
+
+}  // namespace
+
+TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
+  struct Case {
+    const char* file;
+    const char* text;
+  };
+  for (const Case& c :
+       {Case{"product.mustache", "{{{heading}}}"}, Case{"home.mustache", "{{&siteTitle}}"},
+        Case{"card.mustache", "{{=<% %>=}}"}, Case{"index.mustache", "{{#cards}}"},
+        Case{"filter.mustache", "{{> ../../etc/passwd}}"}, Case{"footer.mustache", nullptr}}) {
+    const QTemporaryDir skin;
+    for (const Entry& entry : StandardEntries()) Write(skin.filePath(entry.name), entry.content);
+    EXPECT_NO_THROW(vlhtml::Skin(skin.path(), false));
+    const QString file = skin.filePath(QString::fromLatin1(c.file));
+    if (c.text == nullptr)
+      QFile::remove(file);
+    else
+      Write(file, c.text);
+    EXPECT_THROW(vlhtml::Skin(skin.path(), false), std::runtime_error) << c.file;
+  }
+}
+
+TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
+  EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
+  EXPECT_EQ(Installing(StandardEntries()), QString());
+  EXPECT_TRUE(vlhtml::CurrentSkin(host_).endsWith(u"/Skins/My_skin"));
+  std::vector<Entry> changed = StandardEntries(QStringLiteral("folder/"));
+  changed.push_back({QStringLiteral("folder/assets/logo.png"), "x"});
+  EXPECT_EQ(Installing(changed), QString());
+  EXPECT_EQ(vlhtml::Skin(vlhtml::CurrentSkin(host_), false).StaticFiles().join(u' '),
+            QStringLiteral("style.css assets/logo.png"));
+  EXPECT_EQ(Skins().join(u' '), QStringLiteral("My_skin")) << "nothing is left beside it";
+}
+
+TEST_F(SkinTest, ArchivesThatAreNoSkinChangeNothing) {
+  EXPECT_EQ(Installing(StandardEntries()), QString());
+  struct Case {
+    const char* what;
+    Entry entry;
+  };
+  for (const Case& c :
+       {Case{"leads out", {QStringLiteral("../evil.mustache"), "x"}},
+        Case{"absolute", {QStringLiteral("/tmp/evil"), "x"}}, Case{"drive", {QStringLiteral("C:/evil"), "x"}},
+        Case{"stream", {QStringLiteral("a:b"), "x"}},
+        Case{"link", {QStringLiteral("link.css"), "/etc/passwd", AE_IFLNK}},
+        Case{"device", {QStringLiteral("CON.txt"), "x"}},
+        Case{"numbered device", {QStringLiteral("assets/com1"), "x"}},
+        Case{"case twin", {QStringLiteral("STYLE.css"), "x"}},
+        Case{"hidden", {QStringLiteral(".htaccess"), "x"}},
+        Case{"blank at the end", {QStringLiteral("a /b"), "x"}},
+        Case{"bomb", {QStringLiteral("assets/big"), QByteArray(20 << 20, '\0')}},
+        Case{"raw text", {QStringLiteral("product.mustache"), "{{{x}}}"}}}) {
+    std::vector<Entry> entries;
+    for (const Entry& entry : StandardEntries())
+      if (entry.name != c.entry.name) entries.push_back(entry);
+    entries.push_back(c.entry);
+    EXPECT_FALSE(Installing(entries).isEmpty()) << c.what;
+    EXPECT_EQ(Skins().join(u' '), QStringLiteral("My_skin")) << c.what;
+    EXPECT_FALSE(QFileInfo::exists(folder_.filePath(QStringLiteral("PubWiz/VLHTML.HTML/evil.mustache"))))
+        << c.what;
+  }
+  std::vector<Entry> many = StandardEntries();
+  for (int i = 0; i < 501; ++i) many.push_back({QStringLiteral("assets/%1").arg(i), "x"});
+  EXPECT_FALSE(Installing(many).isEmpty());
+  const QString path = folder_.filePath(QStringLiteral("My skin.zip"));
+  WriteArchive(path, StandardEntries());
+  const QByteArray whole = ContentOf(path);
+  for (const QByteArray& content : {whole.left(whole.size() / 2), QByteArray("no archive"), QByteArray()}) {
+    Write(path, content);
+    EXPECT_FALSE(Installing(path).isEmpty()) << content.size();
+  }
+  EXPECT_EQ(ContentOf(vlhtml::CurrentSkin(host_) + QStringLiteral("/style.css")),
+            ContentOf(Standard + QStringLiteral("/style.css")));
+}
