@@ -63,7 +63,8 @@ int TerminalWidth(const QString& text) {
   int width = 0;
   for (const uint character : text.toUcs4()) {
 #ifdef Q_OS_UNIX
-    width += std::max(::wcwidth(wchar_t(character)), 0);
+    const int columns = ::wcwidth(wchar_t(character));
+    width += columns < 0 ? 1 : columns;
 #else
     width += QChar::category(character) == QChar::Mark_NonSpacing ? 0 : 1;
 #endif

@@ -20,7 +20,8 @@ void PrintError(const QString& text);
 // stand between columns, none at the end of a line.
 QString Table(const QStringList& headings, const std::vector<QStringList>& rows);
 
-// The width of a text on a terminal: two for wide letters and emoji, none for combining marks.
+// The width of a text on a terminal: two for wide letters and emoji, none for combining marks,
+// one for the blank that stands for a control character.
 int TerminalWidth(const QString& text);
 
 // One line on the standard error output that is written over and over; nothing where that is no terminal, or

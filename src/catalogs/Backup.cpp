@@ -127,6 +127,8 @@ BackupManifest WriteBackup(Connection& connection, const QString& file, const Pr
   const QString partial = file + u".partial"_qs;
   const QString databaseCopy = file + u".database.partial"_qs;
   const Leftovers leftovers({partial, databaseCopy});
+  // A folder that cannot be written is told before anything is read.
+  WriteStagedFile(partial, [](QIODevice&) { return true; });
   Report(progress, 0, 1, DatabaseName);
   BackupDatabase(connection, databaseCopy);
   const std::vector<Source> sources = SourcesIn(root, databaseCopy);

@@ -77,7 +77,7 @@ class MainWindow : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  AppFolder folder_;
+  AppFolder folder_{0, false};
   ScriptedDialogs dialogs_;
   std::unique_ptr<frmCatalogs> window_;
 };

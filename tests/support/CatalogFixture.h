@@ -37,6 +37,17 @@ inline std::map<QString, QByteArray> FilesIn(const QString& folder) {
   return files;
 }
 
+// The names that are in one of two folders alone, or with another content.
+inline QStringList Differences(const std::map<QString, QByteArray>& a,
+                               const std::map<QString, QByteArray>& b) {
+  QStringList names;
+  for (const auto& [name, content] : a)
+    if (b.count(name) == 0 || b.at(name) != content) names += name;
+  for (const auto& [name, content] : b)
+    if (a.count(name) == 0) names += name;
+  return names;
+}
+
 // Writes one catalog of products, with pictures and thumbnails that begin with the mark. Pictures that are
 // there are replaced.
 inline void FillCatalog(Connection& connection, const QString& folder, const QByteArray& mark, int products) {

@@ -1,0 +1,186 @@
+// The program as a user or a script meets it: exit codes, texts and JSON.
+#include <QJsonArray>
+#include <csignal>
+
+#include "batch/BatchFixture.h"
+#include "store/SampleData.h"
+
+using namespace vorlina;
+
+namespace {
+
+class CommandsTest : public BatchFixture {};
+
+QStringList Keys(const QJsonObject& object) { return object.keys(); }
+
+}  // namespace
+
+TEST_F(CommandsTest, HelpVersionAndUsage) {
+  EXPECT_TRUE(Batch({u"--help"_qs}).out.contains(u"publish --catalog ID --plugin IDENT --to DIR"));
+  EXPECT_TRUE(Batch({u"--version"_qs}).out.startsWith(u"vorlina-batch 1."));
+  for (const QStringList& line : {QStringList{}, {u"foo"_qs}, {u"check"_qs, u"--json"_qs, u"--now"_qs}}) {
+    const Ran run = Batch(line);
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_EQ(run.out, QString());
+    EXPECT_TRUE(run.err.contains(u"Usage: vorlina-batch COMMAND")) << run.err;
+  }
+}
+
+TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
+  Fill("Catalogo", 3);
+  connection_.Execute(u"UPDATE Prodotti SET Pubblica=0 WHERE CodiceProdotto='È 1'"_qs);
+  connection_.Execute(u"UPDATE Cataloghi SET NomeCatalogo=?"_qs, {u"Luci\n\x1b[31m\"è\""_qs});
+
+  const Ran catalogs = Batch(Here({u"catalogs"_qs, u"--json"_qs}));
+  EXPECT_EQ(catalogs.exitCode, 0) << catalogs.err;
+  EXPECT_EQ(Keys(catalogs.Json()), (QStringList{u"catalogs"_qs, u"command"_qs, u"folder"_qs, u"ok"_qs}));
+  const QJsonObject expected{{u"id"_qs, 109},
+                             {u"name"_qs, u"Luci\n\x1b[31m\"è\""_qs},
+                             {u"description"_qs, QString()},
+                             {u"products"_qs, 3},
+                             {u"published"_qs, 2}};
+  EXPECT_EQ(catalogs.Json()[u"catalogs"].toArray(), QJsonArray{expected});
+  EXPECT_EQ(Batch(Here({u"catalogs"_qs})).out,
+            u"Number  Name           Products  Published\n"
+            "   109  Luci  [31m\"è\"         3          2\n"_qs);
+
+  const Ran check = Batch(Here({u"check"_qs, u"--json"_qs}));
+  EXPECT_EQ(check.exitCode, 0);
+  EXPECT_EQ(Keys(check.Json()),
+            (QStringList{u"command"_qs, u"damage"_qs, u"findings"_qs, u"folder"_qs, u"ok"_qs}));
+
+  const Ran plugins = Batch(Here({u"plugins"_qs, u"--json"_qs}));
+  EXPECT_EQ(plugins.exitCode, 0);
+  QStringList found;
+  for (const QJsonValue& plugin : plugins.Json()[u"plugins"].toArray())
+    if (plugin[u"installed"].toBool())
+      found +=
+          plugin[u"identifier"].toString() + u' ' + (plugin[u"publishesToFolder"].toBool() ? u'y' : u'n');
+  EXPECT_EQ(found, (QStringList{u"Test.Endless y"_qs, u"Test.Failing y"_qs, u"Test.Windows n"_qs,
+                                u"VLHTML.HTML y"_qs}));
+
+  const Ran publish = Batch(Here({u"publish"_qs, u"--catalog"_qs, u"109"_qs, u"--plugin"_qs,
+                                  u"VLHTML.HTML"_qs, u"--to"_qs, u"site"_qs, u"--json"_qs}));
+  EXPECT_EQ(publish.exitCode, 0) << publish.out << publish.err;
+  EXPECT_EQ(publish.Json()[u"target"].toString(), Outside(u"site"_qs));
+  EXPECT_TRUE(QFileInfo::exists(Outside(u"site/index.html"_qs)));
+  EXPECT_EQ(publish.err, QString()) << "no progress where there is no terminal";
+
+  for (const QString& command : {u"backup"_qs, u"restore"_qs}) {
+    connection_.Close();
+    const Ran run = Batch(Here({command, u"b.zip"_qs, u"--json"_qs}));
+    EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
+    EXPECT_EQ(Keys(run.Json()),
+              (QStringList{u"bytes"_qs, u"command"_qs, u"file"_qs, u"files"_qs, u"folder"_qs, u"ok"_qs}));
+    EXPECT_EQ(run.Json()[u"files"].toInt(), 9);
+  }
+}
+
+TEST_F(CommandsTest, FindingsDecideTheExitCode) {
+  Fill("x", 30);
+  WriteFileSafely(AppFile(u"Images/spare.jpg"_qs), "x");
+  const Ran notes = Batch(Here({u"check"_qs}));
+  EXPECT_EQ(notes.exitCode, 0);
+  EXPECT_EQ(notes.out, u"Note: Files in \"Images\" that no row uses (1)\n  spare.jpg\n"_qs);
+  for (int i = 0; i < 25; ++i) QFile::remove(AppFile(u"Images/109-È %1.jpg"_qs.arg(i)));
+  const Ran damage = Batch(Here({u"check"_qs}));
+  EXPECT_EQ(damage.exitCode, 1);
+  EXPECT_TRUE(damage.out.startsWith(u"DAMAGE: Pictures that are missing (25)\n")) << damage.out;
+  EXPECT_TRUE(damage.out.contains(u"and 5 more")) << damage.out;
+  const QJsonObject json = Batch(Here({u"check"_qs, u"--json"_qs})).Json();
+  EXPECT_EQ(json[u"damage"].toInt(), 25);
+  EXPECT_FALSE(json[u"ok"].toBool());
+}
+
+TEST_F(CommandsTest, WhatCannotBeDoneIsToldAndIsOne) {
+  Fill("x", 1);
+  WriteFileSafely(Outside(u"file"_qs), "a file");
+  WriteFileSafely(Outside(u"broken.zip"_qs), "PK\3\4 and no more");
+  const auto publish = [&](const char16_t* catalog, const char16_t* plugin, const char16_t* to) {
+    return Here({u"publish"_qs, u"--catalog"_qs, QString::fromUtf16(catalog), u"--plugin"_qs,
+                 QString::fromUtf16(plugin), u"--to"_qs, QString::fromUtf16(to)});
+  };
+  const std::vector<std::pair<QStringList, QString>> cases{
+      {publish(u"7", u"VLHTML.HTML", u"out"), u"There is no catalog 7"_qs},
+      {publish(u"109", u"No.Such", u"out"), u"No.Such is not installed"_qs},
+      {publish(u"109", u"../x", u"out"), u"not the name of a plug-in"_qs},
+      {publish(u"109", u"Test.Windows", u"out"), u"does not publish without windows"_qs},
+      {publish(u"109", u"Test.Failing", u"out"), u"the paper is used up"_qs},
+      {publish(u"109", u"VLHTML.HTML", u"file/sub"), u"file"_qs},
+      {publish(u"109", u"VLHTML.HTML", u"/proc/vorlina"), u"/proc"_qs},
+      {{u"catalogs"_qs, u"--app"_qs, u"nowhere"_qs}, u"does not exist"_qs},
+      {{u"catalogs"_qs, u"--app"_qs, u"."_qs}, u"does not exist"_qs},
+      {Here({u"backup"_qs, u"file"_qs}), u"is no backup"_qs},
+      {Here({u"backup"_qs, u"nowhere/b.zip"_qs}), u"nowhere"_qs},
+      {Here({u"restore"_qs, u"nothing.zip"_qs}), u"cannot be read"_qs},
+      {Here({u"restore"_qs, u"broken.zip"_qs}), u"in another program"_qs},
+  };
+  const auto before = FilesIn(folder_.path());
+  for (const auto& [line, tells] : cases) {
+    const Ran run = Batch(line);
+    EXPECT_EQ(run.exitCode, 1) << line.join(u' ');
+    EXPECT_TRUE(run.err.contains(tells) || line[0] == u"restore") << line.join(u' ') << ": " << run.err;
+    EXPECT_EQ(run.out, QString());
+    const Ran json = Batch(line + QStringList{u"--json"_qs});
+    EXPECT_EQ(json.exitCode, 1);
+    EXPECT_FALSE(json.Json()[u"ok"].toBool(true)) << json.out;
+    EXPECT_TRUE(run.err.contains(json.Json()[u"error"].toString()));
+  }
+  EXPECT_EQ(Differences(FilesIn(folder_.path()), before), QStringList());
+  EXPECT_EQ(FilesIn(outside_.path()).size(), 2U);
+  connection_.Close();
+  EXPECT_TRUE(Batch(Here({u"restore"_qs, u"broken.zip"_qs})).err.contains(u"damaged"));
+}
+
+TEST_F(CommandsTest, ADatabaseThatCannotBeUsedIsToldByEveryCommand) {
+  Fill("x", 1);
+  connection_.Close();
+  QByteArray foreign = ContentOf(Path());
+  foreign[68] = 'X';
+  QByteArray newer = ContentOf(Path());
+  newer[63] = 9;
+  const std::vector<std::pair<QByteArray, QString>> cases{
+      {QByteArray(), u"does not exist"_qs},
+      {"", u"is empty"_qs},
+      {QByteArray("a text\n").repeated(900), u"damaged"_qs},
+      {foreign, u"no database of Vorlina"_qs},
+      {newer, u"newer version"_qs}};
+  for (const auto& [content, tells] : cases) {
+    QFile::remove(Path());
+    if (!content.isNull()) WriteFileSafely(Path(), content);
+    for (const QStringList& command :
+         {QStringList{u"catalogs"_qs}, {u"check"_qs}, {u"backup"_qs, u"b.zip"_qs}}) {
+      const Ran run = Batch(Here(command));
+      EXPECT_EQ(run.exitCode, 1);
+      EXPECT_TRUE(run.err.contains(tells)) << tells << ": " << run.err;
+    }
+    EXPECT_EQ(QFile::exists(Path()), !content.isNull());
+  }
+  EXPECT_TRUE(FilesIn(outside_.path()).empty());
+}
+
+TEST_F(CommandsTest, SamplePathsAreMadeToPointIntoTheFolder) {
+  Fill("x", 1);
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=REPLACE(Logo,?,?)"_qs, {AppPath(), SampleDataRoot});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=REPLACE(Immagine,?,?)"_qs, {AppPath(), SampleDataRoot});
+  EXPECT_EQ(Batch(Here({u"check"_qs})).exitCode, 0);
+  EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), AppFile(u"Images/109-Logo.jpg"_qs));
+}
+
+TEST_F(CommandsTest, ASignalStopsPublishing) {
+  Fill("x", 1);
+  for (const int signal : {SIGINT, SIGTERM}) {
+    QFile::remove(Outside(u"out.begun"_qs));
+    QProcess process;
+    Start(process, Here({u"publish"_qs, u"--catalog"_qs, u"109"_qs, u"--plugin"_qs, u"Test.Endless"_qs,
+                         u"--to"_qs, u"out"_qs}));
+    while (!QFileInfo::exists(Outside(u"out.begun"_qs)) && !process.waitForFinished(5)) {
+    }
+    ::kill(pid_t(process.processId()), signal);
+    const Ran run = Ended(process);
+    EXPECT_FALSE(run.killed);
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.err.contains(u"stopped")) << run.err;
+    EXPECT_TRUE(run.err.contains(u"as it was")) << run.err;
+  }
+}

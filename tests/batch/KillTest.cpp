@@ -1,0 +1,132 @@
+// Real kills at random moments: afterwards there is the old state or the new one, and never neither.
+#include <QElapsedTimer>
+#include <QImage>
+#include <QRandomGenerator>
+#include <limits>
+
+#include "batch/BatchFixture.h"
+#include "catalogs/Backup.h"
+
+using namespace vorlina;
+
+namespace {
+
+constexpr int Kills = 40;
+
+// The list of a site holds times, so its content is never twice the same.
+std::map<QString, QByteArray> Site(const QString& folder) {
+  auto files = FilesIn(folder);
+  if (const auto list = files.find(u"vorlina-manifest.txt"_qs); list != files.end()) list->second = "list";
+  return files;
+}
+
+void CopyTree(const QString& from, const QString& to) {
+  QDir(to).removeRecursively();
+  for (const auto& [name, content] : FilesIn(from)) {
+    QDir().mkpath(QFileInfo(to + u'/' + name).path());
+    WriteStagedFile(to + u'/' + name,
+                    [&](QIODevice& device) { return device.write(content) == content.size(); });
+  }
+}
+
+class KillTest : public BatchFixture {
+ protected:
+  // The shortest of three runs to the end, each begun from the same state.
+  int Duration(const QStringList& arguments, const std::function<void()>& prepare) {
+    int shortest = std::numeric_limits<int>::max();
+    for (int i = 0; i < 3; ++i) {
+      prepare();
+      QElapsedTimer timer;
+      timer.start();
+      const Ran run = Batch(arguments);
+      EXPECT_EQ(run.exitCode, 0) << run.err;
+      shortest = std::min(shortest, int(timer.elapsed()));
+    }
+    return shortest;
+  }
+  // The machine may become faster meanwhile, so the moments end before the program would.
+  int Moment(int duration) { return random_.bounded(1, std::max(duration * 3 / 4, 2)); }
+
+ private:
+  QRandomGenerator random_{20260711};
+};
+
+}  // namespace
+
+TEST_F(KillTest, ARestoreLeavesTheOldStateOrTheNewOne) {
+  constexpr int Products = 800;
+  Fill("new", Products);
+  WriteBackup(connection_, Outside(u"new.zip"_qs));
+  connection_.Execute(u"DELETE FROM Cataloghi"_qs);
+  Fill("old", Products);
+  WriteBackup(connection_, Outside(u"old.zip"_qs));
+  connection_.Close();
+  const QStringList restoreNew = Here({u"restore"_qs, u"new.zip"_qs});
+  const QStringList restoreOld = Here({u"restore"_qs, u"old.zip"_qs});
+  const auto prepare = [&] { ASSERT_EQ(Batch(restoreOld).exitCode, 0); };
+  const int duration = Duration(restoreNew, prepare);
+  int hits = 0;
+  int old = 0;
+  for (int i = 0; i < Kills; ++i) {
+    prepare();
+    hits += KilledWithin(restoreNew, Moment(duration)) ? 1 : 0;
+    const Ran check = Batch(Here({u"check"_qs, u"--json"_qs}));
+    ASSERT_EQ(check.exitCode, 0) << check.out;
+    EXPECT_TRUE(check.Json()[u"findings"].toArray().isEmpty()) << check.out;
+    Connection connection;
+    OpenCatalogDatabase(connection, Path());
+    const QByteArray state =
+        GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, connection, {}).toString().toUtf8();
+    old += state == "old" ? 1 : 0;
+    const auto files = FilesIn(folder_.path());
+    for (const auto& [name, content] : files)
+      ASSERT_TRUE(name == u"Catalog.db" || content.startsWith(state))
+          << name << " is not of the state " << state.constData();
+    ASSERT_EQ(files.size(), std::size_t(2 * Products + 3)) << "something was left behind";
+  }
+  EXPECT_GE(hits, Kills * 9 / 10);
+  EXPECT_GT(old, 0);
+  std::printf(
+      "%d of %d kills hit the restore running (%d ms); %d times the old state, %d times the new one\n", hits,
+      Kills, duration, old, Kills - old);
+}
+
+TEST_F(KillTest, PublishingLeavesWholeFilesAndCanAlwaysBeDoneAgain) {
+  Fill("x", 300);
+  QImage picture(320, 240, QImage::Format_RGB32);
+  picture.fill(Qt::blue);
+  for (const auto& [name, content] : FilesIn(AppFile(u"Images"_qs)))
+    ASSERT_TRUE(picture.save(AppFile(u"Images/"_qs + name), "jpeg"));
+  const auto publish = [&](const QString& to) {
+    return Here(
+        {u"publish"_qs, u"--catalog"_qs, u"109"_qs, u"--plugin"_qs, u"VLHTML.HTML"_qs, u"--to"_qs, to});
+  };
+  ASSERT_EQ(Batch(publish(u"before"_qs)).exitCode, 0);
+  const auto before = Site(Outside(u"before"_qs));
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione='changed'"_qs);
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='È 3'"_qs);
+  const auto prepare = [&] { CopyTree(Outside(u"before"_qs), Outside(u"site"_qs)); };
+  const int duration = Duration(publish(u"site"_qs), prepare);
+  const auto after = Site(Outside(u"site"_qs));
+  ASSERT_GT(Differences(before, after).size(), 300);
+  const auto contentIn = [](const auto& files, const QString& name) {
+    const auto found = files.find(name);
+    return found == files.end() ? QByteArray("(missing)") : found->second;
+  };
+  int hits = 0;
+  for (int i = 0; i < Kills; ++i) {
+    prepare();
+    hits += KilledWithin(publish(u"site"_qs), Moment(duration)) ? 1 : 0;
+    const auto files = Site(Outside(u"site"_qs));
+    for (const auto& [name, content] : files)
+      ASSERT_TRUE(content == contentIn(before, name) || content == contentIn(after, name)) << name;
+    ASSERT_TRUE(files.count(u"index.html"_qs) == 1);
+    EXPECT_EQ(Batch(Here({u"check"_qs})).exitCode, 0);
+    ASSERT_EQ(Batch(publish(u"site"_qs)).exitCode, 0);
+    ASSERT_EQ(Differences(Site(Outside(u"site"_qs)), after), QStringList()) << i;
+    ASSERT_EQ(QDir(outside_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              (QStringList{u"before"_qs, u"site"_qs}));
+  }
+  EXPECT_GE(hits, Kills * 9 / 10);
+  std::printf("%d of %d kills hit publishing (%d ms)\n", hits, Kills, duration);
+}

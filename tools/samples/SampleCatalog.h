@@ -1,0 +1,51 @@
+// The sample catalogs as they are written down in data/samples: what the shop would print, and how each
+// picture is composed.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace vorlina {
+
+struct SamplePicture {
+  int id = 0;  // Immagini.IDImmagine
+  QString caption;
+  QJsonObject composition;
+  QString FileName() const { return QString::number(id) + u".jpg"; }
+};
+
+struct SampleProduct {
+  int catalog = 0;
+  int position = 0;  // in the publication order, from 1
+  QString code;
+  QString text;         // a null QString, here and below, is stored as Null
+  QStringList filters;  // five; null for Null, empty for 0
+  QStringList values;   // three
+  bool publish = true;
+  std::vector<std::pair<QString, QString>> tech;
+  QJsonObject composition;
+  std::vector<SamplePicture> pictures;
+  QString FileName() const { return QString::number(catalog) + u'-' + code + u".jpg"; }
+};
+
+struct SampleCatalog {
+  int id = 0;
+  QJsonObject columns;      // of Cataloghi, by column name
+  QStringList filterNames;  // as shown to the user
+  QStringList valueNames;
+  std::vector<std::pair<int, QString>> unpublished;  // filter number and value
+  QJsonObject logo;
+  std::vector<SampleProduct> products;  // in publication order
+  QString LogoName() const { return QString::number(id) + u"-Logo.jpg"; }
+};
+
+// Reads every catalog of the folder, by file name; additional pictures are numbered through from 1. Throws
+// Error naming the file and the place.
+std::vector<SampleCatalog> ReadSampleCatalogs(const QString& folder);
+
+// A JSON file's object. Throws Error with the file's name and the place of the fault.
+QJsonObject ReadJsonFile(const QString& path);
+
+}  // namespace vorlina
