@@ -6,7 +6,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QUrl>
 #include <algorithm>
+#include <optional>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -61,14 +63,43 @@ QString QuickDamage(Connection& connection) {
   return damage == u"ok" ? QString() : damage;
 }
 
-// Everything that is asked before the first write.
-void Examine(Connection& connection, const QString& path, int schemaVersion) {
-  if (Number(connection, u"application_id"_qs) != ApplicationId)
+struct Header {
+  int applicationId;
+  int version;
+};
+
+Header HeaderOf(SQLite::Database& database) {
+  return {database.execAndGet("PRAGMA application_id").getInt(),
+          database.execAndGet("PRAGMA user_version").getInt()};
+}
+
+// Reads the header as it lies: without a lock, a recovery or a file beside it, all of which would be writes.
+// Nothing where an unfinished transaction has left it unreadable; it can then be read only after the
+// recovery.
+std::optional<Header> HeaderAsItLies(const QString& path) {
+  QUrl uri = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+  uri.setQuery(u"immutable=1"_qs);
+  try {
+    SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI);
+    return HeaderOf(database);
+  } catch (const SQLite::Exception& failure) {
+    if (QFileInfo(path + u"-journal"_qs).size() > 0) return {};
+    ThrowStoreError(failure);
+  }
+}
+
+void ExamineHeader(const Header& header, const QString& path, int schemaVersion) {
+  if (header.applicationId != ApplicationId)
     Refuse(path, u"non è un database di Vorlina. Ripristinare una copia di sicurezza."_qs,
            u"it is no database of Vorlina. Restore a backup."_qs);
-  if (Number(connection, u"user_version"_qs) > schemaVersion)
+  if (header.version > schemaVersion)
     Refuse(path, u"è stato creato da una versione più recente di Vorlina. Aggiornare il programma."_qs,
            u"it was made by a newer version of Vorlina. Update the program."_qs);
+}
+
+// Everything else that is asked before the first write.
+void Examine(Connection& connection, const QString& path, int schemaVersion) {
+  ExamineHeader(HeaderOf(connection.Database()), path, schemaVersion);
   if (const QString damage = QuickDamage(connection); !damage.isEmpty())
     Refuse(path, u"è danneggiato. Ripristinare una copia di sicurezza. ("_qs + damage + u')',
            u"it is damaged. Restore a backup. ("_qs + damage + u')');
@@ -119,6 +150,8 @@ void OpenExamined(Connection& connection, const QString& path, int schemaVersion
   const QFileInfo file(path);
   if (file.isFile() && file.size() == 0)
     Refuse(path, u"è vuoto. Ripristinare una copia di sicurezza."_qs, u"it is empty. Restore a backup."_qs);
+  if (file.isFile())
+    if (const auto header = HeaderAsItLies(path)) ExamineHeader(*header, path, schemaVersion);
   connection.Open(ConnectionTextFor(path));
   Examine(connection, path, schemaVersion);
 }

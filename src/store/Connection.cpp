@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -90,6 +91,7 @@ SQLite::Database& Connection::Database() const {
 }
 
 void Connection::Execute(const QString& sql, const QVariantList& values) {
+  RequireTransaction();
   WithStoreErrors([&] {
     SQLite::Statement statement = Prepare(Database(), sql);
     BindValues(statement, values);
@@ -102,34 +104,89 @@ int Connection::Changes() const { return Database().getChanges(); }
 
 qint64 Connection::LastInsertId() const { return Database().getLastInsertRowid(); }
 
-void Connection::BeginTrans() { Execute(u"BEGIN IMMEDIATE"_qs); }
-void Connection::CommitTrans() { Execute(u"COMMIT"_qs); }
-void Connection::RollbackTrans() { Execute(u"ROLLBACK"_qs); }
+void Connection::RequireTransaction() const {
+  if (begun_ && !InTransaction())
+    throw Error(EitherLanguage(
+        u"Il database ha annullato l'operazione in corso: nessuna sua modifica è stata salvata."_qs,
+        u"The database gave up the operation under way: none of its changes was saved."_qs));
+}
+
+void Connection::BeginTrans() {
+  Execute(u"BEGIN IMMEDIATE"_qs);
+  begun_ = true;
+}
+
+void Connection::CommitTrans() {
+  Execute(u"COMMIT"_qs);
+  begun_ = false;
+  counters_.clear();
+}
+
+void Connection::RollbackTrans() {
+  const bool givenUp = std::exchange(begun_, false) && !InTransaction();
+  if (!givenUp) Execute(u"ROLLBACK"_qs);
+  RestoreCounters();
+  counters_.clear();
+}
 
 bool Connection::InTransaction() const {
   return IsOpen() && sqlite3_get_autocommit(database_->getHandle()) == 0;
 }
 
 void Connection::RollbackIfOpen() noexcept {
+  begun_ = false;
   if (InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  RestoreCounters();
+  counters_.clear();
+}
+
+void Connection::KeepCounter(const QString& table, qint64 number) {
+  counters_[table] = number;
+  Execute(u"UPDATE sqlite_sequence SET seq=max(seq,?) WHERE name=? COLLATE NOCASE"_qs, {number, table});
+  if (Changes() == 0)
+    Execute(
+        u"INSERT INTO sqlite_sequence (name,seq) SELECT name,? FROM sqlite_schema WHERE type='table' AND"
+        u" name=? COLLATE NOCASE"_qs,
+        {number, table});
+}
+
+// The rollback is done by now; a disk that takes nothing more can at worst let a number be given twice.
+void Connection::RestoreCounters() noexcept {
+  try {
+    const std::map<QString, qint64> given = counters_;
+    for (const auto& [table, number] : given) KeepCounter(table, number);
+  } catch (const std::exception& error) {
+    qCWarning(StoreLog) << "keeping the counters:" << error.what();
+  }
 }
 
 Transaction::Transaction(Connection& connection)
-    : connection_(connection), owns_(!connection.InTransaction()) {
-  if (owns_) connection_.BeginTrans();
+    : connection_(connection), joined_(connection.InTransaction()) {
+  if (joined_)
+    connection_.Execute(u"SAVEPOINT part"_qs);
+  else
+    connection_.BeginTrans();
 }
 
 Transaction::~Transaction() {
-  if (owns_) connection_.RollbackIfOpen();
+  if (done_) return;
+  if (!joined_) connection_.RollbackIfOpen();
+  if (!joined_ || !connection_.InTransaction()) return;
+  sqlite3_exec(connection_.Database().getHandle(), "ROLLBACK TO part; RELEASE part", nullptr, nullptr,
+               nullptr);
+  connection_.RestoreCounters();
 }
 
 void Transaction::Commit() {
-  if (!owns_) return;
-  connection_.CommitTrans();
-  owns_ = false;
+  if (joined_)
+    connection_.Execute(u"RELEASE part"_qs);
+  else
+    connection_.CommitTrans();
+  done_ = true;
 }
 
 Rows::Rows(Connection& connection, const QString& sql, const QVariantList& values) {
+  connection.RequireTransaction();
   WithStoreErrors([&] {
     statement_ = std::make_shared<SQLite::Statement>(Prepare(connection.Database(), sql));
     BindValues(*statement_, values);

@@ -13,6 +13,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -48,27 +49,37 @@ class Connection {
   // The counter value of the last row inserted.
   qint64 LastInsertId() const;
 
-  // A transaction that writes, taken at once. Throws Error, also when one is open.
+  // A transaction that writes, taken at once. Throws Error, also when one is open. Where the database gave it
+  // up by itself, on a full disk for instance, every statement throws until it is rolled back: nothing that
+  // belongs to it is saved alone.
   void BeginTrans();
   void CommitTrans();
   void RollbackTrans();
   bool InTransaction() const;
   // Rolls back a transaction that somebody left open. Never throws.
   void RollbackIfOpen() noexcept;
+  // The table's counter has given this number: a rollback must not free it again.
+  void KeepCounter(const QString& table, qint64 number);
 
   // The database of SQLiteCpp. Throws Error when the connection is closed.
   SQLite::Database& Database() const;
 
  private:
+  friend class Transaction;
+  friend class Rows;
   void OpenFile(const QString& path);
+  void RequireTransaction() const;
+  void RestoreCounters() noexcept;
 
   FolderHold hold_;
   std::unique_ptr<SQLite::Database> database_;
   QString text_;
+  bool begun_ = false;                  // a transaction, which the database may have given up since
+  std::map<QString, qint64> counters_;  // given in the open transaction, by table
 };
 
-// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, and leaves the
-// end to it.
+// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, as a part that
+// is taken back alone, and leaves the end to it.
 class Transaction {
  public:
   explicit Transaction(Connection& connection);
@@ -80,7 +91,8 @@ class Transaction {
 
  private:
   Connection& connection_;
-  bool owns_;
+  bool joined_;
+  bool done_ = false;
 };
 
 // The rows of a query, walked forward. They are read while they are walked, so they must not outlive the

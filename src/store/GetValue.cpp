@@ -1,15 +1,11 @@
 #include "store/GetValue.h"
 
-#include <QLoggingCategory>
-
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "store/Connection.h"
+#include "store/Sqlite.h"
 
 namespace vorlina {
-namespace {
-Q_LOGGING_CATEGORY(store, "vorlina.store")
-}
 
 QVariant GetValue(const QString& expression, const QString& table, Connection& connection,
                   const QString& where, const QVariantList& values) {
@@ -19,7 +15,7 @@ QVariant GetValue(const QString& expression, const QString& table, Connection& c
               values);
     return rows.Next() ? rows.Value(0) : NullValue();
   } catch (const std::exception& error) {
-    qCDebug(store) << "GetValue" << expression << table << where << DescriptionOf(error);
+    qCDebug(StoreLog) << "GetValue" << expression << table << where << DescriptionOf(error);
     return {};
   }
 }

@@ -74,6 +74,26 @@ void Recordset::Analyse() {
             .arg(source_));
 }
 
+// The statement's columns, and behind them those that tell the row from another with the same key.
+QString Recordset::RowColumns() const {
+  QString columns = select_->list;
+  for (const QString& column : writer_.Identity()) columns += u", "_qs + QuoteName(column);
+  return columns;
+}
+
+Recordset::Row Recordset::RowOf(const SQLite::Statement& statement, int first) const {
+  Row row;
+  for (int i = first; i < statement.getColumnCount(); ++i) {
+    const bool isField = i - first < fields_.Count();
+    row.push_back(ColumnValue(statement, i, isField && fields_.At(i - first).boolean));
+  }
+  return row;
+}
+
+Recordset::Row Recordset::IdentityOf(const Row& row) const {
+  return {row.begin() + fields_.Count(), row.end()};
+}
+
 QString Recordset::KeyStatement() const {
   const QString filter = filterColumn_.isEmpty() ? QString() : QuoteName(filterColumn_) + u" IS ?"_qs;
   const QString where = select_->WhereAnd(filter);
@@ -99,7 +119,7 @@ void Recordset::Load() {
     const bool snapshot = cursor_ == CursorType::Static;
     const auto prepare = [&] {
       if (!select_) return Prepare(database, source_);
-      if (snapshot) return Prepare(database, u"SELECT rowid, "_qs + select_->list + KeyStatement());
+      if (snapshot) return Prepare(database, u"SELECT rowid, "_qs + RowColumns() + KeyStatement());
       try {
         return Prepare(database, u"SELECT rowid"_qs + KeyStatement());
       } catch (const SQLite::Exception&) {
@@ -112,11 +132,7 @@ void Recordset::Load() {
     const int first = select_ ? 1 : 0;
     while (statement.executeStep()) {
       rows_->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows_->Count() + 1);
-      if (!snapshot) continue;
-      Row row;
-      for (int i = 0; i < fields_.Count(); ++i)
-        row.push_back(ColumnValue(statement, first + i, fields_.At(i).boolean));
-      rows_->rows.push_back(std::move(row));
+      if (snapshot) rows_->rows.push_back(RowOf(statement, first));
     }
   });
   generation_ = 0;
@@ -325,7 +341,7 @@ std::optional<Recordset::Row> Recordset::FetchRow(qint64 key) const {
     if (rowStatement_ == nullptr)
       rowStatement_ = std::make_shared<SQLite::Statement>(
           Prepare(connection_->Database(),
-                  u"SELECT "_qs + select_->list + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
+                  u"SELECT "_qs + RowColumns() + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
     SQLite::Statement& statement = *rowStatement_;
     struct Reset {
       SQLite::Statement& statement;
@@ -333,9 +349,7 @@ std::optional<Recordset::Row> Recordset::FetchRow(qint64 key) const {
     } const reset{statement};
     statement.bind(1, static_cast<int64_t>(key));
     if (!statement.executeStep()) return {};
-    Row row;
-    for (int i = 0; i < fields_.Count(); ++i) row.push_back(ColumnValue(statement, i, fields_.At(i).boolean));
-    return row;
+    return RowOf(statement, 0);
   });
 }
 
@@ -381,12 +395,13 @@ void Recordset::SetValue(int column, const QVariant& value) {
   if (field.column.isEmpty() || (counter && editMode_ != EditMode::Add))
     throw Error(EitherLanguage(u"La colonna %1 non è modificabile"_qs, u"The column %1 cannot be changed"_qs)
                     .arg(field.name));
+  const QVariant fitted = fields_.Fitted(column, value);
   if (editMode_ == EditMode::None) {
     CurrentRow();
     edits_.assign(std::size_t(fields_.Count()), {});
     editMode_ = EditMode::InProgress;
   }
-  edits_[std::size_t(column)] = value;
+  edits_[std::size_t(column)] = fitted;
 }
 
 void Recordset::AddNew() {
@@ -430,7 +445,7 @@ void Recordset::Update() {
     return;
   }
   const qint64 key = CurrentKey();
-  writer_.Update(key, changes);
+  if (!changes.empty()) writer_.Update(key, IdentityOf(CurrentRow()), changes);
   editMode_ = EditMode::None;
   current_.reset();
   if (cursor_ == CursorType::Static) rows_->rows[std::size_t(index_)] = FetchRow(key).value_or(Row());
@@ -445,8 +460,11 @@ void Recordset::CancelUpdate() {
 void Recordset::Delete() {
   RequireUpdatable();
   RequireRow();
+  if (editMode_ == EditMode::Add) return CancelUpdate();
+  // The row as it was looked at, which a cancelled edit would forget.
+  const Row identity = IdentityOf(CurrentRow());
   CancelUpdate();
-  writer_.Delete(CurrentKey());
+  writer_.Delete(CurrentKey(), identity);
   rows_->keys.erase(rows_->keys.begin() + index_);
   if (cursor_ == CursorType::Static) rows_->rows.erase(rows_->rows.begin() + index_);
   generation_ = ++rows_->generation;

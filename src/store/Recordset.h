@@ -88,7 +88,7 @@ class Recordset {
   bool RowExists() const;
 
   // Begins to change the current row, or goes on with it. An expression cannot be set, nor a counter of a row
-  // that exists.
+  // that exists, nor a column of numbers to a text that is none.
   void SetValue(const QString& column, const QVariant& value);
   void SetValue(int column, const QVariant& value);
   // Begins a new row; its counter is known at once. A column that is not set gets the table's default.
@@ -97,7 +97,8 @@ class Recordset {
   // one.
   void Update();
   void CancelUpdate();
-  // Deletes the current row; MoveNext then goes to the one behind it.
+  // Deletes the current row; MoveNext then goes to the one behind it. A new row that was not written is given
+  // up.
   void Delete();
   EditMode Editing() const { return editMode_; }
 
@@ -107,6 +108,9 @@ class Recordset {
 
   void Analyse();
   void Load();
+  QString RowColumns() const;
+  Row RowOf(const SQLite::Statement& statement, int first) const;
+  Row IdentityOf(const Row& row) const;
   QString KeyStatement() const;
   QVariantList KeyValues() const;
   std::vector<qint64> MatchingKeys(const QString& column, const QVariant& value) const;

@@ -7,6 +7,15 @@
 #include "store/Sqlite.h"
 
 namespace vorlina {
+namespace {
+
+bool IsNumeric(const char* declared) {
+  for (const char* type : {"BOOLEAN", "INTEGER", "NUMERIC", "REAL"})
+    if (sqlite3_stricmp(declared, type) == 0) return true;
+  return false;
+}
+
+}  // namespace
 
 void RecordsetFields::Read(SQLite::Database& database, const QString& sql) {
   fields_.clear();
@@ -21,6 +30,7 @@ void RecordsetFields::Read(SQLite::Database& database, const QString& sql) {
     field.table = QString::fromUtf8(sqlite3_column_table_name(prepared, i));
     field.column = QString::fromUtf8(sqlite3_column_origin_name(prepared, i));
     field.boolean = sqlite3_stricmp(sqlite3_column_decltype(prepared, i), "BOOLEAN") == 0;
+    field.numeric = IsNumeric(sqlite3_column_decltype(prepared, i));
     const QString folded = field.name.toCaseFolded();
     if (!positions_.contains(folded)) positions_.insert(folded, i);
     fields_.push_back(std::move(field));
@@ -39,6 +49,19 @@ QStringList RecordsetFields::Names() const {
   QStringList names;
   for (const Field& field : fields_) names += field.name;
   return names;
+}
+
+QVariant RecordsetFields::Fitted(int index, const QVariant& value) const {
+  const Field& field = At(index);
+  if (!field.numeric || value.isNull() || value.typeId() != QMetaType::QString) return value;
+  const QString text = value.toString().trimmed();
+  bool isNumber = false;
+  const qlonglong integer = text.toLongLong(&isNumber);
+  if (isNumber) return integer;
+  const double number = text.toDouble(&isNumber);
+  if (isNumber) return number;
+  throw Error(EitherLanguage(u"\"%1\" non è un numero adatto a %2"_qs, u"\"%1\" is no number fit for %2"_qs)
+                  .arg(value.toString(), field.name));
 }
 
 QString RecordsetFields::Table() const {

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 #include <vector>
 
 namespace SQLite {
@@ -18,6 +19,7 @@ struct Field {
   QString table;   // empty for an expression
   QString column;  // the base column's name; empty for an expression
   bool boolean = false;
+  bool numeric = false;  // declared for numbers, BOOLEAN among them
 };
 
 class RecordsetFields {
@@ -30,6 +32,9 @@ class RecordsetFields {
   // Position of a column by its name in any letter case. Throws Error.
   int IndexOf(const QString& name) const;
   QStringList Names() const;
+  // The value as the column takes it: a text of digits as a number where the column holds numbers. Throws
+  // Error for another text there, which the database would store as it is.
+  QVariant Fitted(int index, const QVariant& value) const;
   // The one table that all base columns belong to; empty where there are several or none.
   QString Table() const;
 

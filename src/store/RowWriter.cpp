@@ -2,7 +2,6 @@
 
 #include <QStringList>
 #include <algorithm>
-#include <map>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -22,6 +21,19 @@ QString CounterOf(Connection& connection, const QString& table) {
   return key.Next() ? key.Value(0).toString() : QString();
 }
 
+// The columns of the primary key, where that is not the row's key itself.
+QStringList IdentityOf(Connection& connection, const QString& table) {
+  QStringList names;
+  QString type;
+  Rows key(connection, u"SELECT name, type FROM pragma_table_info(?) WHERE pk>0 ORDER BY pk"_qs, {table});
+  while (key.Next()) {
+    names += key.Value(0).toString();
+    type = key.Value(1).toString();
+  }
+  const bool isRowKey = names.size() == 1 && type.compare(u"INTEGER", Qt::CaseInsensitive) == 0;
+  return isRowKey ? QStringList() : names;
+}
+
 qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& values) {
   Rows rows(connection, sql, values);
   return rows.Next() ? rows.Value(0).toLongLong() : 0;
@@ -32,23 +44,19 @@ qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& 
 RowWriter::RowWriter(Connection& connection, QString table)
     : connection_(&connection), table_(std::move(table)) {
   counter_ = CounterOf(connection, table_);
+  identity_ = IdentityOf(connection, table_);
 }
 
 qint64 RowWriter::ReserveNumber() {
-  // A rollback takes back what sqlite_sequence was told, so the numbers given by this process are remembered
-  // besides: a file may already bear one.
-  static std::map<QString, qint64> given;
-  qint64& last = given[connection_->DataSource() + u'|' + table_.toCaseFolded()];
   Transaction transaction(*connection_);
-  const qint64 stored = NumberOf(*connection_, u"SELECT seq FROM sqlite_sequence WHERE name=?"_qs, {table_});
+  const qint64 stored =
+      NumberOf(*connection_, u"SELECT seq FROM sqlite_sequence WHERE name=? COLLATE NOCASE"_qs, {table_});
   const qint64 largest =
       NumberOf(*connection_, u"SELECT MAX(%1) FROM %2"_qs.arg(QuoteName(counter_), QuoteName(table_)), {});
-  const qint64 number = std::max({stored, largest, last}) + 1;
-  connection_->Execute(u"UPDATE sqlite_sequence SET seq=? WHERE name=?"_qs, {number, table_});
-  if (connection_->Changes() == 0)
-    connection_->Execute(u"INSERT INTO sqlite_sequence (name,seq) VALUES (?,?)"_qs, {table_, number});
+  const qint64 number = std::max(stored, largest) + 1;
+  connection_->KeepCounter(table_, number);
   transaction.Commit();
-  return last = number;
+  return number;
 }
 
 qint64 RowWriter::Insert(const std::vector<ColumnChange>& changes) {
@@ -67,25 +75,41 @@ qint64 RowWriter::Insert(const std::vector<ColumnChange>& changes) {
   return connection_->LastInsertId();
 }
 
-void RowWriter::Update(qint64 key, const std::vector<ColumnChange>& changes) {
+QString RowWriter::KeyCondition(qint64 key, const std::vector<QVariant>& identity,
+                                QVariantList& values) const {
+  QString condition = u" WHERE rowid=?"_qs;
+  values += key;
+  for (std::size_t i = 0; i < identity.size(); ++i) {
+    condition += u" AND "_qs + QuoteName(identity_[qsizetype(i)]) + u" IS ? COLLATE BINARY"_qs;
+    values += identity[i];
+  }
+  return condition;
+}
+
+void RowWriter::Update(qint64 key, const std::vector<QVariant>& identity,
+                       const std::vector<ColumnChange>& changes) {
   if (changes.empty()) return;
   QStringList settings;
-  QStringList unchanged;
   QVariantList values;
   for (const ColumnChange& change : changes) {
     settings += QuoteName(change.column) + u"=?"_qs;
     values += change.value;
   }
-  values += key;
+  QString condition = KeyCondition(key, identity, values);
   for (const ColumnChange& change : changes) {
-    unchanged += QuoteName(change.column) + u" IS ? COLLATE BINARY"_qs;
+    condition += u" AND "_qs + QuoteName(change.column) + u" IS ? COLLATE BINARY"_qs;
     values += change.before;
   }
-  connection_->Execute(u"UPDATE %1 SET %2 WHERE rowid=? AND %3"_qs.arg(QuoteName(table_), settings.join(u','),
-                                                                       unchanged.join(u" AND "_qs)),
+  connection_->Execute(u"UPDATE "_qs + QuoteName(table_) + u" SET "_qs + settings.join(u',') + condition,
                        values);
+  RequireOneRow(key, identity);
+}
+
+void RowWriter::RequireOneRow(qint64 key, const std::vector<QVariant>& identity) const {
   if (connection_->Changes() > 0) return;
-  if (NumberOf(*connection_, u"SELECT COUNT(*) FROM %1 WHERE rowid=?"_qs.arg(QuoteName(table_)), {key}) == 0)
+  QVariantList values;
+  const QString condition = KeyCondition(key, identity, values);
+  if (NumberOf(*connection_, u"SELECT COUNT(*) FROM "_qs + QuoteName(table_) + condition, values) == 0)
     throw Error(EitherLanguage(
         u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
         u"The row was deleted meanwhile by another window or program."_qs));
@@ -94,8 +118,11 @@ void RowWriter::Update(qint64 key, const std::vector<ColumnChange>& changes) {
       u"The row was changed meanwhile by another window or program."_qs));
 }
 
-void RowWriter::Delete(qint64 key) {
-  connection_->Execute(u"DELETE FROM %1 WHERE rowid=?"_qs.arg(QuoteName(table_)), {key});
+void RowWriter::Delete(qint64 key, const std::vector<QVariant>& identity) {
+  QVariantList values;
+  const QString condition = KeyCondition(key, identity, values);
+  connection_->Execute(u"DELETE FROM "_qs + QuoteName(table_) + condition, values);
+  RequireOneRow(key, identity);
 }
 
 }  // namespace vorlina

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
+#include <QVariantList>
 #include <vector>
 
 namespace vorlina {
@@ -24,19 +26,26 @@ class RowWriter {
 
   // The name of the table's counter column; empty where it has none.
   const QString& Counter() const { return counter_; }
+  // The columns of the primary key where that is not the row's key. The database gives the key of a deleted
+  // row to a later one, so a row is written to only if these are still as they were read.
+  const QStringList& Identity() const { return identity_; }
   // The next number of the counter. A number is never given twice, whatever becomes of the row. Throws Error.
   qint64 ReserveNumber();
 
-  // Each throws Error, with nothing written. Update tells a row that was changed apart from one that was
-  // deleted.
+  // Each throws Error, with nothing written; a row that was changed is told apart from one that was deleted.
+  // identity holds the values of the identity columns as they were read.
   qint64 Insert(const std::vector<ColumnChange>& changes);
-  void Update(qint64 key, const std::vector<ColumnChange>& changes);
-  void Delete(qint64 key);
+  void Update(qint64 key, const std::vector<QVariant>& identity, const std::vector<ColumnChange>& changes);
+  void Delete(qint64 key, const std::vector<QVariant>& identity);
 
  private:
+  QString KeyCondition(qint64 key, const std::vector<QVariant>& identity, QVariantList& values) const;
+  void RequireOneRow(qint64 key, const std::vector<QVariant>& identity) const;
+
   Connection* connection_ = nullptr;
   QString table_;
   QString counter_;
+  QStringList identity_;
 };
 
 }  // namespace vorlina

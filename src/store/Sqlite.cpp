@@ -9,6 +9,9 @@
 #include "base/Language.h"
 
 namespace vorlina {
+
+Q_LOGGING_CATEGORY(StoreLog, "vorlina.store")
+
 namespace {
 
 QString ConstraintText(const SQLite::Exception& failure) {

@@ -4,11 +4,14 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <QLoggingCategory>
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
 
 namespace vorlina {
+
+Q_DECLARE_LOGGING_CATEGORY(StoreLog)
 
 // Turns a failure of SQLite into an Error that says what to do, in the user's language.
 [[noreturn]] void ThrowStoreError(const SQLite::Exception& failure);

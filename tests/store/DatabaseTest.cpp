@@ -82,6 +82,78 @@ TEST_F(DatabaseTest, WhatCannotBeUsedIsToldAndStaysUntouched) {
   EXPECT_EQ(Refusal(Path()), QString());
 }
 
+// Other programs keep their databases in other modes, and may have been killed at work: nothing is settled
+// for them.
+TEST_F(DatabaseTest, AForeignDatabaseIsNotEvenTidiedUp) {
+  connection_.Close();
+  const auto make = [&](const QString& name, const char* script) {
+    SQLite::Database database(AppFile(name).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database.exec(script);
+  };
+  make(u"wal.db"_qs, "PRAGMA journal_mode=WAL; CREATE TABLE t (a)");
+  make(u"killed.db"_qs,
+       "CREATE TABLE t (a); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<99)"
+       " INSERT INTO t SELECT zeroblob(4000) FROM n");
+  {
+    SQLite::Database database(AppFile(u"killed.db"_qs).toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA cache_size=1; BEGIN; UPDATE t SET a=randomblob(4000)");
+    const QByteArray half = ContentOf(AppFile(u"killed.db"_qs));
+    const QByteArray journal = ContentOf(AppFile(u"killed.db-journal"_qs));
+    ASSERT_FALSE(journal.isEmpty());
+    File(u"half.db"_qs, half);
+    File(u"half.db-journal"_qs, journal);
+  }
+  const QStringList files = QDir(folder_.path()).entryList(QDir::Files);
+  for (const QString& name : {u"wal.db"_qs, u"half.db"_qs}) {
+    const QByteArray before = ContentOf(AppFile(name));
+    EXPECT_TRUE(Refusal(AppFile(name)).contains(u"no database of Vorlina")) << name;
+    EXPECT_EQ(ContentOf(AppFile(name)), before) << name;
+  }
+  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), files);
+}
+
+TEST_F(DatabaseTest, WhatAKilledRunLeftIsTakenBack) {
+  AddCatalog(u"kept"_qs);
+  connection_.Execute(u"PRAGMA cache_size=1"_qs);
+  connection_.BeginTrans();
+  for (int i = 0; i < 300; ++i) AddCatalog(u"lost"_qs + QString(300, u'x'));
+  const QByteArray half = ContentOf(Path());
+  const QByteArray journal = ContentOf(Path() + u"-journal"_qs);
+  connection_.RollbackTrans();
+  ASSERT_FALSE(journal.isEmpty());
+  Connection other;
+  const QString path = File(u"half.db"_qs, half);
+  File(u"half.db-journal"_qs, journal);
+  OpenCatalogDatabase(other, path);
+  EXPECT_EQ(GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, other, {}), 1);
+}
+
+TEST_F(DatabaseTest, PartsOfATransactionAreTakenBackAlone) {
+  Transaction outer(connection_);
+  AddCatalog(u"first"_qs);
+  EXPECT_THROW(
+      {
+        Transaction inner(connection_);
+        AddCatalog(u"half"_qs);
+        AddProduct(77, u"of no catalog"_qs);
+      },
+      Error);
+  outer.Commit();
+  EXPECT_EQ(One(u"group_concat(NomeCatalogo)"_qs, u"Cataloghi"_qs), u"first"_qs);
+}
+
+// As on a full disk: what a step that goes on writes next must not be saved alone.
+TEST_F(DatabaseTest, AfterATransactionWasGivenUpNothingIsSavedAlone) {
+  AddCatalog(u"kept"_qs);
+  connection_.BeginTrans();
+  EXPECT_THROW(connection_.Execute(u"INSERT OR ROLLBACK INTO Cataloghi (IDCatalogo) VALUES (1)"_qs), Error);
+  EXPECT_THROW(AddCatalog(u"half"_qs), Error);
+  EXPECT_THROW(connection_.CommitTrans(), Error);
+  connection_.RollbackTrans();
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  AddCatalog(u"whole"_qs);
+}
+
 TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
   connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
   EXPECT_TRUE(Refusal(Path()).contains(u"in use by another program"));
@@ -192,6 +264,23 @@ TEST_F(DatabaseTest, CodesCompareWithoutRegardToCaseInEveryScript) {
   EXPECT_EQ(One(u"CodiceProdotto"_qs, u"Prodotti"_qs,
                 u"1 ORDER BY CodiceProdotto COLLATE VORLINA_LOCALE LIMIT 1"_qs),
             u"a"_qs);
+}
+
+TEST_F(DatabaseTest, EveryConnectionHasTheSafeSettings) {
+  connection_.Open(connection_.ConnectionText());
+  const std::pair<QString, int> settings[] = {{u"synchronous"_qs, 3},     {u"foreign_keys"_qs, 1},
+                                              {u"busy_timeout"_qs, 5000}, {u"trusted_schema"_qs, 0},
+                                              {u"mmap_size"_qs, 0},       {u"cell_size_check"_qs, 1}};
+  for (const auto& [name, value] : settings) {
+    Rows rows(connection_, u"PRAGMA "_qs + name);
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Value(0), value) << name;
+  }
+  EXPECT_THROW(connection_.Execute(u"SELECT \"a text in double quotes\""_qs), Error);
+  connection_.Execute(u"PRAGMA writable_schema=ON"_qs);
+  EXPECT_THROW(connection_.Execute(u"UPDATE sqlite_schema SET sql=''"_qs), Error);
+  EXPECT_THROW(connection_.Open(ConnectionTextFor(AppFile(u"missing.db"_qs))), Error);
+  EXPECT_FALSE(QFileInfo::exists(AppFile(u"missing.db"_qs)));
 }
 
 TEST_F(DatabaseTest, LookupsTellNullFromFailure) {

@@ -165,6 +165,23 @@ TEST_F(RecordsetTest, NobodysChangeIsOverwrittenUnseen) {
   EXPECT_EQ(products.Value(u"Codice"_qs), u"B"_qs);
 }
 
+// The database gives the key of a deleted row to the next one that is added.
+TEST_F(RecordsetTest, ARowInThePlaceOfADeletedOneIsNeitherChangedNorDeleted) {
+  for (const bool deletes : {false, true}) {
+    Recordset products = OpenProducts(CursorType::Keyset, u"ORDER BY rowid"_qs);
+    connection_.Execute(u"DELETE FROM Prodotti WHERE IDCatalogo<>?"_qs, {catalog_});
+    products.MoveLast();
+    EXPECT_TRUE(products.Value(u"Descrizione"_qs).isNull());
+    connection_.Execute(u"DELETE FROM Prodotti WHERE rowid=(SELECT MAX(rowid) FROM Prodotti)"_qs);
+    AddProduct(catalog_, deletes ? u"New2"_qs : u"New1"_qs);
+    if (!deletes) products.SetValue(u"Descrizione"_qs, u"meant for another"_qs);
+    EXPECT_THROW(deletes ? products.Delete() : products.Update(), Error);
+    products.CancelUpdate();
+    EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto LIKE 'New_' AND Descrizione IS NULL"_qs),
+              1);
+  }
+}
+
 TEST_F(RecordsetTest, ACodeInUseIsToldAndTheRowStaysInEdit) {
   Recordset products = OpenProducts();
   products.SetValue(u"Codice"_qs, u"b"_qs);
@@ -235,6 +252,39 @@ TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
   given += connection_.LastInsertId();
   EXPECT_EQ(QSet<qint64>(given.begin(), given.end()).size(), given.size());
   EXPECT_TRUE(std::is_sorted(given.begin(), given.end()));
+}
+
+TEST_F(RecordsetTest, ANumberOfARolledBackRowIsNotGivenToAnotherProgram) {
+  const auto next = [&] {
+    Connection other;
+    other.Open(connection_.ConnectionText());
+    return GetValue(u"seq"_qs, u"sqlite_sequence"_qs, other, u"name='Immagini'"_qs).toInt() + 1;
+  };
+  Recordset pictures;
+  pictures.Open(u"SELECT * FROM IMMAGINI WHERE 1=2"_qs, connection_, CursorType::Keyset,
+                LockType::Optimistic);
+  connection_.BeginTrans();
+  pictures.AddNew();
+  const int given = pictures.Value(u"IDImmagine"_qs).toInt();
+  connection_.RollbackTrans();
+  EXPECT_GT(next(), given);
+}
+
+TEST_F(RecordsetTest, AColumnOfNumbersTakesNumbersAlone) {
+  Recordset products = OpenProducts();
+  for (const auto& [field, value] :
+       {std::pair(u"Ordine"_qs, u"first"_qs), std::pair(u"Pubblica"_qs, u""_qs)}) {
+    EXPECT_THROW(
+        {
+          products.SetValue(field, value);
+          products.Update();
+        },
+        Error);
+    products.CancelUpdate();
+  }
+  products.SetValue(u"Ordine"_qs, u" 12 "_qs);
+  products.Update();
+  EXPECT_EQ(One(u"SUM(typeof(OrdineTemp)='integer' AND typeof(Pubblica)='integer')"_qs, u"Prodotti"_qs), 4);
 }
 
 TEST_F(RecordsetTest, ANewRowTakesTheTablesDefaults) {

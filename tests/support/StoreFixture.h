@@ -21,6 +21,7 @@ inline void MakeDatabase(const QString& path) {
   ASSERT_TRUE(schema.open(QIODevice::ReadOnly));
   SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   RegisterSqlExtensions(database);
+  database.exec("PRAGMA synchronous=OFF");
   database.exec(schema.readAll().toStdString());
 }
 
@@ -32,6 +33,8 @@ class StoreFixture : public testing::Test {
     QDir(folder_.path()).mkdir(u"Images"_qs);
     MakeDatabase(Path());
     connection_.Open(ConnectionTextFor(Path()));
+    // No test pulls the plug, so the disk is not waited for.
+    connection_.Execute(u"PRAGMA synchronous=OFF"_qs);
   }
 
   QString Path() const { return AppFile(u"Catalog.db"_qs); }

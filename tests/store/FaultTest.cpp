@@ -1,0 +1,117 @@
+// Every write of a representative change, and of a migration, fails once: afterwards the database holds all
+// of it or nothing.
+#include <QLoggingCategory>
+
+#include "base/Error.h"
+#include "store/CatalogDatabase.h"
+#include "store/Recordset.h"
+#include "support/FaultVfs.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+constexpr int MostCalls = 2000;
+
+class FaultTest : public StoreFixture {
+ protected:
+  FaultTest() {
+    // A rollback on a failing disk is told to the log, here many times over.
+    QLoggingCategory::setFilterRules(u"vorlina.store.warning=false"_qs);
+    const int catalog = AddCatalog(u"Uno"_qs);
+    for (int i = 0; i < 200; ++i) AddProduct(catalog, u"P%1"_qs.arg(i));
+    connection_.Execute(u"UPDATE Prodotti SET Descrizione=?"_qs, {QString(200, u'x')});
+    connection_.Execute(u"INSERT INTO Immagini (IDCatalogo, CodiceProdotto) VALUES (1, 'P7')"_qs);
+    connection_.Close();
+  }
+  ~FaultTest() override { QLoggingCategory::setFilterRules({}); }
+
+  // A sum over all tables that tells any change.
+  QString Content() {
+    Connection reader;
+    reader.Open(ConnectionTextFor(Path()));
+    EXPECT_EQ(CheckDatabase(reader), QStringList());
+    const QVariant content = GetValue(
+        u"(SELECT group_concat(CodiceProdotto || coalesce(Descrizione,'')) FROM Prodotti) ||"
+        u" (SELECT group_concat(IDImmagine || CodiceProdotto) FROM Immagini) ||"
+        u" (SELECT group_concat(sql) FROM sqlite_schema)"_qs,
+        u"Cataloghi"_qs, reader, {});
+    EXPECT_FALSE(content.isNull());
+    return content.toString();
+  }
+
+  // Runs the step on a fresh copy with each call failing in turn.
+  void FailEachCall(const std::function<void()>& step) {
+    const QByteArray original = Bytes();
+    const QString before = Content();
+    step();
+    const QString after = Content();
+    ASSERT_NE(before, after);
+    const FaultVfs vfs;
+    for (const bool lasting : {false, true}) {
+      int n = 1;
+      for (; n < MostCalls; ++n) {
+        Restore(original);
+        FaultVfs::Arm(n, lasting);
+        bool succeeded = true;
+        try {
+          step();
+        } catch (const Error& error) {
+          succeeded = false;
+          EXPECT_FALSE(error.Description().isEmpty());
+        }
+        FaultVfs::Disarm();
+        const QString content = Content();
+        EXPECT_TRUE(content == after || (!succeeded && content == before))
+            << "call " << n << " lasting " << lasting;
+        if (!FaultVfs::HasFailed()) break;
+      }
+      EXPECT_GT(n, 5);
+      EXPECT_LT(n, MostCalls);
+    }
+  }
+
+  QByteArray Bytes() {
+    QFile file(Path());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  void Restore(const QByteArray& original) {
+    QDir files(folder_.path());
+    for (const QString& name : files.entryList(QDir::Files)) files.remove(name);
+    QFile file(Path());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(original);
+  }
+};
+
+}  // namespace
+
+TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
+  FailEachCall([this] {
+    Connection writer;
+    writer.Open(ConnectionTextFor(Path()));
+    Transaction transaction(writer);
+    Recordset images;
+    images.Open(u"SELECT * FROM IMMAGINI WHERE 1=2"_qs, writer, CursorType::Keyset, LockType::Optimistic);
+    images.AddNew();
+    images.SetValue(u"IDCatalogo"_qs, 1);
+    images.SetValue(u"CodiceProdotto"_qs, u"P9"_qs);
+    images.Update();
+    writer.Execute(u"UPDATE Prodotti SET CodiceProdotto='Q' || CodiceProdotto, Descrizione='y'"_qs);
+    transaction.Commit();
+  });
+}
+
+TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
+  FailEachCall([this] {
+    Connection writer;
+    OpenCatalogDatabase(
+        writer, Path(),
+        {{2, u"ALTER TABLE Prodotti ADD COLUMN Peso REAL"_qs},
+         {3, u"UPDATE Prodotti SET Descrizione='z'; CREATE INDEX i ON Prodotti (Descrizione)"_qs}},
+        3);
+  });
+}
