@@ -5,7 +5,7 @@ namespace {
 
 double RadialOf(const Body& body, Vec p) {
   const double z = p.z / body.aspect;
-  double r;
+  double r = 0;
   if (body.squareness == 0) {
     r = std::sqrt(p.x * p.x + z * z);
   } else {
@@ -90,11 +90,13 @@ double Body::Distance(Vec inStudio) const {
 Scene::Nearest Scene::At(Vec p) const {
   Nearest best{1e9, nullptr};
   double closest = 1e9;  // by a body alone, before blending
+  const Body* last = last_ < bodies_.size() ? &bodies_[last_] : nullptr;
+  const double atLast = last != nullptr ? last->Distance(p) : 1e9;
   for (const Body& body : bodies_) {
     const Vec off = p - body.middle;
-    const double near = best.distance + body.blend + body.reach;
-    if (near < 0 || Dot(off, off) > near * near) continue;
-    const double d = body.Distance(p);
+    const double near = std::min(best.distance, atLast) + body.blend + body.reach;
+    if (&body != last && (near < 0 || Dot(off, off) > near * near)) continue;
+    const double d = &body == last ? atLast : body.Distance(p);
     const bool joined = body.blend > 0 && best.body != nullptr && best.body->piece == body.piece;
     const double total = joined ? SoftMin(best.distance, d, body.blend) : std::min(best.distance, d);
     if (d < closest) {
@@ -103,6 +105,7 @@ Scene::Nearest Scene::At(Vec p) const {
     }
     best.distance = total;
   }
+  last_ = size_t(best.body - bodies_.data());
   return best;
 }
 

@@ -59,7 +59,8 @@ class Scene {
     double distance;
     const Body* body;
   };
-  // The nearest surface and its body.
+  // The nearest surface and its body. A scene serves one thread: it remembers the body found last, which is
+  // nearly always the nearest again and spares looking at those farther away.
   Nearest At(Vec p) const;
   double Distance(Vec p) const { return At(p).distance; }
   Vec NormalAt(Vec p, double step) const;
@@ -69,6 +70,7 @@ class Scene {
   Box bounds_;
   std::vector<Vec> outline_;
   int pieces_ = 0;
+  mutable size_t last_ = size_t(-1);
 };
 
 }  // namespace vorlina::studio

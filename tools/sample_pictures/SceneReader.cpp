@@ -49,6 +49,8 @@ void ReadShape(Body& body, const QJsonObject& o) {
       auto [line, along] = DistanceGrid::Line(body.rod, 1.3 * std::max(body.rodStart, body.rodEnd));
       body.grid = std::make_shared<DistanceGrid>(std::move(line));
       body.along = std::make_shared<DistanceGrid>(std::move(along));
+    } else {
+      body.rod = CurveThrough(o[u"rod"].toString(), 4);  // looked up piece by piece
     }
   } else if (o.contains(u"board")) {
     body.kind = Body::Kind::Board;

@@ -106,7 +106,7 @@ Vec Studio::CoverColour(double x, double z, double distance) const {
   }
   if (cover_ == Cover::Slate) {
     const double cloud = Fractal({x * 0.9, 3, z * 1.3}, 4);
-    const Vec stone = Mix(ColourOf(u"#52575c"_qs), ColourOf(u"#666b70"_qs), Smooth(0.3, 0.7, cloud));
+    const Vec stone = Mix(ColourOf(u"#575c61"_qs), ColourOf(u"#62676c"_qs), Smooth(0.3, 0.7, cloud));
     return Mix(ColourOf(u"#5c6166"_qs), stone, fine);
   }
   return paper_;
@@ -120,7 +120,7 @@ Vec Studio::Backdrop(Vec from, Vec d) const {
   if (d.y > -1e-4) return wall;
   const double t = -from.y / d.y;
   const double x = from.x + t * d.x, z = from.z + t * d.z;
-  double lit, open;
+  double lit = 1, open = 1;
   ShadowAt(x, z, lit, open);
   const double aside = std::hypot(x - middle_.x, (z - middle_.z) * 0.8) / (extent_ * 3.2);
   const double pool = 0.72 + 0.28 * std::exp(-aside * aside);

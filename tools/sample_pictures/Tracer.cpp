@@ -110,7 +110,7 @@ Vec Tracer::Through(const Body& body, Vec p, Vec n, Vec d, double pixel, int dep
   const double part = Fresnel(0.045, -Dot(d, n));
   const Vec mirrored = Reflect(d, n);
   const Vec shine = studio_.Environment(mirrored, 0.95) * (part * 1.1);
-  if (depth > 7) return shine + studio_.Backdrop(p, d);
+  if (depth > 6) return shine + studio_.Backdrop(p, d);
   Vec way = Refract(d, n, 1 / GlassIndex).value_or(d);
   Vec at = p - n * skin;
   double path = 0;
@@ -118,7 +118,7 @@ Vec Tracer::Through(const Body& body, Vec p, Vec n, Vec d, double pixel, int dep
     for (int i = 0; i < 90; ++i) {
       const double inside = -scene_.Distance(at);
       if (inside < 0.15 * skin && i > 0) break;
-      const double stride = std::max(inside, 0.2 * skin);
+      const double stride = std::max(inside, 0.4 * skin);
       at += way * stride;
       path += stride;
     }
@@ -134,7 +134,7 @@ Vec Tracer::Through(const Body& body, Vec p, Vec n, Vec d, double pixel, int dep
   const Vec c = body.material.colour;
   const double thick = path * 0.8;
   const Vec tint{std::pow(c.x, thick), std::pow(c.y, thick), std::pow(c.z, thick)};
-  return shine + tint * Radiance(at, way, pixel, depth + 1) * (1 - part);
+  return shine + tint * Radiance(at, way, 3 * pixel, depth + 1) * (1 - part);
 }
 
 Vec Tracer::Radiance(Vec o, Vec d, double pixel, int depth) const {
