@@ -6,7 +6,9 @@ install_packages() {
     while read -r name; do wanted+=("$name"); done < <(awk -v kind="$kind" '$1 == kind { print $2 }' packages.txt)
   done
   for name in "${wanted[@]}"; do
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+    # A command of that name may have come with another package: npm, for one, is part of some builds of Node.
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || command -v "$name" >/dev/null ||
+      missing+=("$name")
   done
   [ ${#missing[@]} -eq 0 ] && return
   echo "Installing: ${missing[*]}"
