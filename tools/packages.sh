@@ -7,7 +7,7 @@ install_packages() {
   done
   for name in "${wanted[@]}"; do
     # A command of that name may have come with another package: npm, for one, is part of some builds of Node.
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || command -v "$name" >/dev/null ||
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || type -P "$name" >/dev/null ||
       missing+=("$name")
   done
   [ ${#missing[@]} -eq 0 ] && return

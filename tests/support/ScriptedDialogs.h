@@ -54,8 +54,8 @@ class ScriptedDialogs : public Dialogs {
 class UnexpectedModalGuard : public QObject {
  public:
   UnexpectedModalGuard();
-  // Object name of a modal window that the current test shows on purpose; empty for none.
-  static QString allowed;
+  // Object names of the modal windows that the current test shows on purpose.
+  static QStringList allowed;
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 

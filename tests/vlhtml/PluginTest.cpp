@@ -1,0 +1,80 @@
+// The plug-in as the program uses it: loaded from "PubWiz", with its own windows worked by hand.
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include "publish/PluginHost.h"
+#include "support/Print.h"
+#include "support/ScriptedDialogs.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+class PluginTest : public StoreFixture {
+ protected:
+  PluginTest() : catalog_(AddCatalog(u"c"_qs)), site_(folder_.filePath(u"site l'uno"_qs)) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QDir(folder_.path()).mkpath(site_);
+    EXPECT_TRUE(QFile::link(QStringLiteral(PUBWIZ), AppFile(u"PubWiz"_qs)));
+    AddProduct(catalog_, u"A"_qs, 1);
+  }
+  ~PluginTest() override { UnexpectedModalGuard::allowed.clear(); }
+
+  // Publishes, choosing this folder in the chooser ("" cancels it) and closing what follows. Gives the folder
+  // that the chooser offered and the text that was shown at the end.
+  std::pair<QString, QString> Publish(const QString& folder) {
+    QString offered;
+    QString told;
+    UnexpectedModalGuard::allowed = QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs};
+    QTimer worker;
+    QObject::connect(&worker, &QTimer::timeout, &worker, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
+        offered = chooser->directory().absolutePath();
+        if (folder.isEmpty()) return chooser->reject();
+        chooser->findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(folder);
+        chooser->findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open)->click();
+      } else if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+        told = box->text();
+        box->escapeButton()->click();
+      }
+    });
+    worker.start(20);
+    const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(u"VLHTML.HTML"_qs);
+    PublishCatalog(*plugin, connection_, catalog_);
+    return {offered, told};
+  }
+
+  int catalog_;
+  QString site_;
+};
+
+}  // namespace
+
+TEST_F(PluginTest, AsksForAFolderPublishesAndRemembersIt) {
+  EXPECT_EQ(Publish({}).second, QString()) << "cancelled";
+  EXPECT_EQ(Count(u"CExtension"_qs), 0);
+  EXPECT_EQ(Publish(site_).second, u"The site is ready: 3 pages."_qs);
+  EXPECT_TRUE(QFile::exists(site_ + u"/p-a.html"_qs));
+  SetLanguage(u"Italian"_qs);
+  const auto [offered, told] = Publish(site_);
+  EXPECT_EQ(offered, site_);
+  EXPECT_EQ(told, u"Il sito è pronto: 3 pagine."_qs);
+  EXPECT_FALSE(connection_.InTransaction());
+}
+
+TEST_F(PluginTest, NamesItselfInBothLanguages) {
+  for (const auto& [language, name] :
+       {std::pair{u"Italian"_qs, u"Sito HTML"_qs}, {u"English"_qs, u"HTML site"_qs}}) {
+    SetLanguage(language);
+    const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(u"VLHTML.HTML"_qs);
+    EXPECT_EQ(plugin->GetPluginName(), name);
+    EXPECT_FALSE(plugin->GetPluginIcon().pixmap(32, 32).isNull());
+    EXPECT_FALSE(plugin->GetPluginDescription().isEmpty());
+  }
+}
