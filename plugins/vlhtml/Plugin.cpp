@@ -78,7 +78,11 @@ QString Plugin::GetPluginName() {
 
 QIcon Plugin::GetPluginIcon() {
   InitPicture();
-  return QIcon(QStringLiteral(":/vlhtml/site.svg"));
+  // The same picture where the entry is selected: it is not tinted.
+  QIcon icon;
+  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+    icon.addFile(QStringLiteral(":/vlhtml/site.svg"), {}, mode);
+  return icon;
 }
 
 QString Plugin::GetPluginDescription() {

@@ -37,7 +37,7 @@ struct Pieces {
 
 Pieces Split(const QStringList& texts) {
   static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs};
-  static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs};
+  static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs, u"--language"_qs};
   Pieces pieces;
   for (qsizetype i = 0; i < texts.size(); ++i) {
     const QString& text = texts[i];
@@ -88,7 +88,7 @@ void RequireForm(const QString& command, const Pieces& pieces) {
       Refuse(u"Il comando %1 vuole l'opzione %2"_qs.arg(command, option),
              u"The command %1 needs the option %2"_qs.arg(command, option));
   for (const auto& [option, value] : pieces.options)
-    if (!needed.contains(option) && option != u"--app" && option != u"--json")
+    if (!needed.contains(option) && option != u"--app" && option != u"--json" && option != u"--language")
       Refuse(u"Il comando %1 non ha l'opzione %2"_qs.arg(command, option),
              u"The command %1 has no option %2"_qs.arg(command, option));
   const qsizetype files = pieces.words.size() - 1;
@@ -116,6 +116,9 @@ Arguments ParseArguments(const QStringList& texts) {
   arguments.command = pieces.words[0];
   RequireForm(arguments.command, pieces);
   arguments.application = value(u"--app"_qs);
+  arguments.language = value(u"--language"_qs);
+  if (!arguments.language.isEmpty() && arguments.language != u"Italian" && arguments.language != u"English")
+    Refuse(u"La lingua è Italian o English"_qs, u"The language is Italian or English"_qs);
   arguments.plugin = value(u"--plugin"_qs);
   arguments.target = value(u"--to"_qs);
   arguments.file = pieces.words.value(1);
@@ -139,6 +142,7 @@ Comandi:
 
 Opzioni:
   --app CARTELLA           usa un'altra cartella dell'applicazione
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
   --json                   un oggetto JSON al posto del testo
   --help                   mostra questo aiuto
   --version                mostra la versione
@@ -159,6 +163,7 @@ Commands:
 
 Options:
   --app DIR                works on another application folder
+  --language LANGUAGE      Italian or English, for the messages and for what is published
   --json                   one JSON object instead of text
   --help                   shows this help
   --version                shows the version

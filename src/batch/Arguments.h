@@ -21,6 +21,7 @@ struct Arguments {
   bool version = false;
   bool json = false;
   QString application;  // --app, or empty
+  QString language;     // --language: "Italian", "English" or empty
   int catalog = 0;      // --catalog
   QString plugin;       // --plugin
   QString target;       // --to

@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
   ChooseLanguage();
   try {
     const Arguments arguments = ParseArguments(QCoreApplication::arguments().mid(1));
+    if (!arguments.language.isEmpty()) SetLanguage(arguments.language);
     if (arguments.help) {
       Print(HelpText().trimmed());
     } else if (arguments.version) {

@@ -36,7 +36,13 @@ const char16_t SupportAddress[] = u"support@vorlina.example";
 
 QString Text(const char16_t* text) { return QString::fromUtf16(text); }
 
-QIcon CommandIcon(const char16_t* name) { return QIcon(u":/shell/"_qs + Text(name) + u".svg"_qs); }
+// The same picture where an entry is selected: it is not tinted.
+QIcon CommandIcon(const char16_t* name) {
+  QIcon icon;
+  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+    icon.addFile(u":/shell/"_qs + Text(name) + u".svg"_qs, {}, mode);
+  return icon;
+}
 
 }  // namespace
 
@@ -108,9 +114,15 @@ void frmCatalogs::ConnectControls() {
   connect(ui_->cmdIndietro, &QPushButton::clicked, this, &frmCatalogs::cmdIndietro_Click);
   connect(ui_->LstWCatalogs, &QListWidget::itemDoubleClicked, this, [this] { Run(u"cmdEdit"_qs); });
   connect(ui_->lstPlugIns, &QTreeWidget::itemDoubleClicked, this, [this] { Run(u"cmdPublish"_qs); });
-  connect(ui_->lstPlugIns, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
-    ui_->lblDescription->setText(item->data(0, TagRole).toString());
-  });
+  const auto describe = [this](const QTreeWidgetItem* item) {
+    if (item != nullptr) ui_->lblDescription->setText(item->data(0, TagRole).toString());
+  };
+  connect(ui_->lstPlugIns, &QTreeWidget::itemClicked, this, describe);
+  // Who walks the list by keyboard reads the description as well. At the start there is none.
+  connect(ui_->lstPlugIns, &QTreeWidget::currentItemChanged, this,
+          [this, describe](const QTreeWidgetItem* item) {
+            if (ui_->lstPlugIns->hasFocus()) describe(item);
+          });
   auto* rename = new WidgetRenameDelegate(ui_->LstWCatalogs);
   connect(rename, &WidgetRenameDelegate::Renamed, this, &frmCatalogs::RenameSelected);
   ui_->LstWCatalogs->setItemDelegate(rename);

@@ -36,7 +36,8 @@ async function checkFiles(site, pages) {
     for (const result of report.results)
       for (const message of result.messages) invalid.push(`${page}:${message.line} ${message.ruleId} ${message.message}`);
     if (/<script|\son[a-z]+\s*=|javascript:/i.test(html.replace(/&lt;script/gi, ''))) broken.push(`${page} has a script`);
-    for (const [, target] of html.matchAll(/(?:href|src)="([^"]*)"/g)) {
+    const inSets = [...html.matchAll(/srcset="([^"]*)"/g)].flatMap(([, set]) => set.split(',').map((one) => ['', one.trim().split(' ')[0]]));
+    for (const [, target] of [...html.matchAll(/(?:href|src)="([^"]*)"/g), ...inSets]) {
       if (/^(mailto:|tel:|https?:|#)/.test(target)) continue;
       used.add(target);
       if (!/^[A-Za-z0-9._/-]+$/.test(target) || target.includes('..') || !existsSync(join(site, target))) broken.push(`${page} refers to ${target}`);
@@ -71,7 +72,9 @@ async function checkInBrowser(browser, site, page, view) {
     wide: document.documentElement.scrollWidth - document.documentElement.clientWidth,
     pictures: [...document.images].filter((image) => image.loading !== 'lazy' && image.naturalWidth === 0).map((image) => image.src),
     sizes: [...document.images].filter((image) => image.complete && image.naturalWidth > 0 &&
-      (image.naturalWidth !== Number(image.getAttribute('width')) || image.naturalHeight !== Number(image.getAttribute('height')))).map((image) => image.src),
+      (image.srcset
+        ? Math.abs(image.naturalWidth / image.naturalHeight / (image.getAttribute('width') / image.getAttribute('height')) - 1) > 0.03
+        : image.naturalWidth !== Number(image.getAttribute('width')) || image.naturalHeight !== Number(image.getAttribute('height')))).map((image) => image.src),
     styled: getComputedStyle(document.body).display === 'flex',
   }));
   if (layout.wide > 0) problems.push(`${layout.wide} px wider than the window`);

@@ -21,7 +21,9 @@ std::string Std(const QString& text) { return text.toStdString(); }
 // in the page.
 std::string ShortTitle(const std::string& title) {
   QString text = QString::fromStdString(title).simplified();
-  const auto fits = [](const QString& cut) { return cut.toHtmlEscaped().size() <= LongestTitle; };
+  const auto fits = [](const QString& cut) {
+    return cut.toHtmlEscaped().size() + cut.count(u'\'') * 5 <= LongestTitle;
+  };
   if (fits(text)) return Std(text);
   while (!fits(text)) {
     const qsizetype blank = text.lastIndexOf(u' ');
@@ -176,6 +178,7 @@ Data PageData::PictureData(const PlannedPicture& picture, bool small) const {
   data.set("width", std::to_string(std::max(1, size.width())));
   data.set("height", std::to_string(std::max(1, size.height())));
   SetIf(data, "caption", picture.picture->caption);
+  if (small) data.set("fullWidth", std::to_string(std::max(1, JpegSize(picture.source).width())));
   return data;
 }
 
