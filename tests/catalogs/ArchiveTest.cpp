@@ -138,7 +138,7 @@ TEST_F(ArchiveTest, GoodNamesInAnyScriptComeOutAsTheyWere) {
 TEST_F(ArchiveTest, LimitsHold) {
   const QByteArray zeros(300'000, '\0');
   QByteArray noise(300'000, Qt::Uninitialized);
-  for (int i = 0; i < noise.size(); ++i) noise[i] = char((i * 7919) >> (i % 11));
+  for (int i = 0; i < noise.size(); ++i) noise[i] = char((unsigned(i) * 7919U) >> (i % 11));
   Write([&](ZipWriter& writer) { writer.Add(u"bomb"_qs, zeros, ZipWriter::Packing::Deflate); });
   EXPECT_TRUE(Unpack({10, 1'000'000, 100}).contains(u"too large")) << "a ratio of 300";
   EXPECT_EQ(Unpack({10, 1'000'000, 0}), QString());
