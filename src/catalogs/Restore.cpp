@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QStorageInfo>
 
 #include "base/AppPath.h"
@@ -33,6 +34,12 @@ BackupManifest Unpack(const QString& file, const QString& staging, const Progres
   const QDir target(staging);
   const qint64 room = QStorageInfo(staging).bytesAvailable();
   const qint64 total = QFileInfo(file).size();
+  // The pictures are stored as they are, so that an archive is hardly smaller than what it holds.
+  if (total > room)
+    throw Error(
+        EitherLanguage(u"Sul disco non c'è spazio per il ripristino: servono almeno altri %1"_qs,
+                       u"There is no room on the disk for the restore: at least %1 more are needed"_qs)
+            .arg(QLocale().formattedDataSize(total - room)));
   qint64 done = 0;
   BackupManifest manifest = ReadBackup(file, room, [&](const QString& stored, const auto& nextPiece) {
     MakeFolder(QFileInfo(target.filePath(stored)).path());

@@ -1,6 +1,7 @@
 // Runs vorlina-batch as a program of its own, with settings and a home of its own.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -59,6 +60,20 @@ class BatchFixture : public CatalogFixture {
     QProcess process;
     Start(process, arguments);
     if (!process.waitForFinished(milliseconds)) process.kill();
+    return Ended(process).killed;
+  }
+
+  // The same, this time after a file has come to be there.
+  bool KilledAfter(const QStringList& arguments, const QString& file, int microseconds) const {
+    QProcess process;
+    Start(process, arguments);
+    while (!QFileInfo::exists(file) && !process.waitForFinished(0)) {
+    }
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.nsecsElapsed() < 1000LL * microseconds) {
+    }
+    process.kill();
     return Ended(process).killed;
   }
 
