@@ -13,8 +13,8 @@ export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 
 microseconds() { local start end; start=$(date +%s%N); "$@"; end=$(date +%s%N); echo $(((end - start) / 1000)); }
 for i in $(seq -2 "$runs"); do
-  bare=$(microseconds build/release/bench/start/bench_bare_window)
-  ours=$(microseconds build/release/bench/start/bench_main_window "$place/application" "$place/settings")
+  bare=$(microseconds build/release/bench/start/bench_bare_window 2>/dev/null)
+  ours=$(microseconds build/release/bench/start/bench_main_window "$place/application" "$place/settings" 2>/dev/null)
   [ "$i" -lt 1 ] || echo "$bare $ours $((ours * 1000 / bare))" >>"$place/runs"
 done
 median() { cut -d ' ' -f "$1" "$place/runs" | sort -n | sed -n "$(((runs + 1) / 2))p"; }

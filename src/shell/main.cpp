@@ -22,7 +22,8 @@ void ShowMainWindow(frmCatalogs& catalogs) {
   }
   catalogs.LoadForm();
   catalogs.show();
-  // The list fills when the window becomes the active one, which not every desktop makes a new window by itself.
+  // The list fills when the window becomes the active one, which not every desktop makes a new window by
+  // itself.
   catalogs.activateWindow();
 }
 
