@@ -67,7 +67,7 @@ ManifestFile AddSource(ZipWriter& writer, const Source& source, const QString& s
   QCryptographicHash hash(QCryptographicHash::Sha256);
   const bool isPicture = source.name.endsWith(u".jpg", Qt::CaseInsensitive);
   writer.Add(stored, source.size, isPicture ? ZipWriter::Packing::Store : ZipWriter::Packing::Deflate, [&] {
-    const QByteArray piece = file.read(PieceSize);
+    QByteArray piece = file.read(PieceSize);
     hash.addData(piece);
     advance(piece.size());
     return piece;

@@ -56,7 +56,7 @@ BackupManifest ManifestFromJson(const QByteArray& json) {
   manifest.applicationPath = object.value(u"applicationPath").toString();
   manifest.created = QDateTime::fromString(object.value(u"created").toString(), Qt::ISODate);
   const QJsonArray files = object.value(u"files").toArray();
-  for (const QJsonValue& value : files) {
+  for (const QJsonValue value : files) {
     const QJsonObject file = value.toObject();
     const QString name = file.value(u"name").toString();
     if (!IsBackupName(name) || !ProblemOfZipName(name).isEmpty())

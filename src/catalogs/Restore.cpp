@@ -99,7 +99,7 @@ BackupManifest RestoreBackup(const QString& file, const Progress& progress) {
   const QString staging = StagingFolder(folder);
   try {
     MakeFolder(staging + u"/Images"_qs);
-    const BackupManifest manifest = Unpack(file, staging, progress);
+    BackupManifest manifest = Unpack(file, staging, progress);
     PrepareDatabase(QDir(staging).filePath(DatabaseName), manifest.applicationPath, folder);
     SyncVolume(staging);
     SwapIn(folder);

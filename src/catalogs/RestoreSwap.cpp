@@ -117,7 +117,7 @@ class Swap {
   static QString In(const QString& folder, const QString& entry) { return QDir(folder).filePath(entry); }
   static QStringList Names(const QJsonValue& value) {
     QStringList names;
-    for (const QJsonValue& name : value.toArray())
+    for (const QJsonValue name : value.toArray())
       if (Entries.contains(name.toString())) names += name.toString();
     return names;
   }

@@ -71,7 +71,7 @@ ReadHandle OpenForReading(const QString& path, Source& source) {
 QString NameOf(archive_entry* entry) {
   const char* bytes = archive_entry_pathname_utf8(entry);
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  const QString name = bytes == nullptr ? QString() : QString(decoder(QByteArrayView(bytes)));
+  QString name = bytes == nullptr ? QString() : QString(decoder(QByteArrayView(bytes)));
   if (bytes == nullptr || decoder.hasError())
     Refuse(u"L'archivio contiene un nome di file che non è in UTF-8"_qs,
            u"The archive holds a file name that is not in UTF-8"_qs);

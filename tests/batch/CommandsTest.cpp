@@ -52,7 +52,7 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   const Ran plugins = Batch(Here({u"plugins"_qs, u"--json"_qs}));
   EXPECT_EQ(plugins.exitCode, 0);
   QStringList found;
-  for (const QJsonValue& plugin : plugins.Json()[u"plugins"].toArray())
+  for (const QJsonValue plugin : plugins.Json()[u"plugins"].toArray())
     if (plugin[u"installed"].toBool())
       found +=
           plugin[u"identifier"].toString() + u' ' + (plugin[u"publishesToFolder"].toBool() ? u'y' : u'n');

@@ -148,7 +148,7 @@ TEST_F(ArchiveTest, LimitsHold) {
   });
   EXPECT_TRUE(Unpack({10, 10'000'000, 100}).contains(u"too many"));
   EXPECT_EQ(Unpack({11, 10'000'000, 100}), QString());
-  EXPECT_TRUE(Unpack({11, 10 * 300'000, 100}).contains(u"too large")) << "over all files together";
+  EXPECT_TRUE(Unpack({11, 3'000'000, 100}).contains(u"too large")) << "over all files together";
 }
 
 TEST_F(ArchiveTest, DamageIsFoundWhereverItIs) {

@@ -74,8 +74,7 @@ class RestoreTest : public CatalogFixture {
     QString name;
     {
       Connection connection;
-      if (const QString refused = FailureOf([&] { OpenCatalogDatabase(connection, Path()); });
-          !refused.isEmpty())
+      if (QString refused = FailureOf([&] { OpenCatalogDatabase(connection, Path()); }); !refused.isEmpty())
         return refused;
       if (const auto findings = CheckCatalogs(connection); !findings.empty())
         return NameOf(findings[0].kind) + u' ' + findings[0].subject;

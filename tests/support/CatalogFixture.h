@@ -52,7 +52,7 @@ inline QStringList Differences(const std::map<QString, QByteArray>& a,
 // there are replaced.
 inline void FillCatalog(Connection& connection, const QString& folder, const QByteArray& mark, int products) {
   const auto write = [&](const QString& name) {
-    const QString path = QDir::toNativeSeparators(folder + u"/Images/"_qs + name);
+    QString path = QDir::toNativeSeparators(folder + u"/Images/"_qs + name);
     WriteStagedFile(path, [&](QIODevice& device) {
       const QByteArray bytes = QByteArray(mark + name.toUtf8()).repeated(40);
       return device.write(bytes) == bytes.size();
