@@ -39,7 +39,7 @@ for (const entry of JSON.parse(readFileSync(`${tree}/compile_commands.json`))) {
   const kept = flags.filter((word, i) => !['-include', '-c', '-o', '-MD', '-MT', '-MF', '-fpch-preprocess', '-Winvalid-pch'].includes(word) &&
     !['-include', '-c', '-o', '-MT', '-MF'].includes(flags[i - 1]) && word !== '-MD');
   // Definitions of one target alone are left out of the header that several share.
-  const shared = kept.filter((word) => !/^-D(?!QT_|SQLITE)/.test(word) && !/^-I.*_autogen/.test(word));
+  const shared = kept.filter((word) => !/^-D(?!QT_|SQLITE|GTEST)/.test(word) && !/^-I.*_autogen/.test(word));
   const pch = flags.includes('-include') ? ['-include-pch', precompile(header, shared)] : [];
   commands.push({ directory: entry.directory, file: entry.file, arguments: ['clang++-14', ...kept, ...pch, '-c', entry.file] });
 }

@@ -44,7 +44,7 @@ QString NullToEmpty(const QVariant& value) { return value.isNull() ? QString() :
 
 QString FileNameOf(const QString& path, bool keepExtension) {
   const QString single = WithSingleSeparators(path);
-  const QString segment = single.mid(LastSeparator(single) + 1);
+  QString segment = single.mid(LastSeparator(single) + 1);
   if (keepExtension) return segment;
   if (segment.size() < 4)
     throw Error(

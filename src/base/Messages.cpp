@@ -28,8 +28,8 @@ const char16_t* const ItalianConfirmations[] = {
     u"Procedere all'eliminazione del filtro:",
     u"e di tutti i valori ad esso relativi",
     u"Impossibile eliminare il filtro. Utilizzare la maschera proprietà del catalogo.",
-    u"Impossibile creare il catalogo. Non è possibile inserire campi valori con gli stessi nomi di campi "
-    u"filtro.",
+    (u"Impossibile creare il catalogo. Non è possibile inserire campi valori con gli stessi nomi di campi "
+     u"filtro."),
     u"Eliminando l'immagine principale saranno eliminate anche tutte le altre. Procedere?",
     u"Eliminare l'immagine selezionata?",
     u"Procedendo verranno eliminate tutte le immagini supplementari. Procedere?",

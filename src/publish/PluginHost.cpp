@@ -30,7 +30,7 @@ QString LibraryOf(const QString& identifier) {
         EitherLanguage(u"\"%1\" non è il nome di un plug-in"_qs, u"\"%1\" is not the name of a plug-in"_qs)
             .arg(identifier));
   for (const QString& folder : {AppPath(), DeliveredPath()}) {
-    const QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
+    QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
     if (QFileInfo::exists(path)) return path;
   }
   throw Error(EitherLanguage(u"Il plug-in %1 non è installato: manca il file %2"_qs,

@@ -16,7 +16,7 @@ namespace {
 
 QString ConstraintText(const SQLite::Exception& failure) {
   // "UNIQUE constraint failed: Prodotti.IDCatalogo, Prodotti.CodiceProdotto"
-  const QString message = QString::fromUtf8(failure.what());
+  QString message = QString::fromUtf8(failure.what());
   const QString columns = message.mid(message.indexOf(u": ") + 2);
   switch (failure.getExtendedErrorCode()) {
     case SQLITE_CONSTRAINT_UNIQUE:

@@ -45,7 +45,7 @@ QString NameOf(const QString& archive) {
 
 QString CurrentSkin(const VorlinaHost& host) {
   const QString own = host.applicationFolder + SkinsFolder;
-  const QString chosen = own + u'/' + ChosenName(own);
+  QString chosen = own + u'/' + ChosenName(own);
   if (QFileInfo(chosen).isDir()) return chosen;
   const QString standard = own + u'/' + StandardSkin;
   return QFileInfo(standard).isDir() ? standard : host.deliveredFolder + SkinsFolder + u'/' + StandardSkin;
@@ -64,7 +64,7 @@ QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
   UnpackSkinArchive(archive, unpacked, italian);
   const Skin check(unpacked, italian);
-  const QString name = NameOf(archive);
+  QString name = NameOf(archive);
   const QString target = skins + u'/' + name;
   const QString former = temporary.path() + QStringLiteral("/former");
   const bool replaces = QFileInfo::exists(target);
