@@ -55,7 +55,7 @@ std::string Skin::Read(const QString& name) {
     Refuse(italian_, name, QStringLiteral("manca"), QStringLiteral("it is missing"));
   if (file.size() > LargestTemplate)
     Refuse(italian_, name, QStringLiteral("è troppo grande"), QStringLiteral("it is too large"));
-  const std::string text = file.readAll().toStdString();
+  std::string text = file.readAll().toStdString();
   for (const char* raw : {"{{{", "{{&", "{{ &", "{{="})
     if (text.find(raw) != std::string::npos)
       Refuse(italian_, name,
