@@ -19,5 +19,6 @@ function(vorlina_tests NAME)
     target_precompile_headers(${NAME} REUSE_FROM vorlina_test_core)
   endif()
   add_test(NAME ${NAME} COMMAND ${NAME})
-  set_tests_properties(${NAME} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" TIMEOUT 600)
+  set_tests_properties(${NAME} PROPERTIES ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp" TIMEOUT 600)
 endfunction()
