@@ -16,7 +16,7 @@ content() {  # FOLDER [PICTURE]
   cp -r bench/publish/hugo/. "$1/hugo"
   cp plugins/vlhtml/skin/style.css "$1/hugo/static/style.css"
 }
-ours() { /usr/bin/time -f '%e %M' -a -o "$place/ours" "$programs/publish_site" "$1/Catalog.db" "$skin" "$1/ours" >/dev/null; }
+ours() { /usr/bin/time -f '%e %M' -a -o "$place/ours" "$programs/publish_site" "$1/Catalog.db" "$skin" "$1/ours" >/dev/null 2>&1; }
 hugo_() { /usr/bin/time -f '%e %M' -a -o "$place/hugo" hugo --quiet -s "$1/hugo" -d "$1/theirs"; }
 median() { cut -d ' ' -f "$2" "$place/$1" | sort -n | sed -n "$(((rounds + 1) / 2))p"; }
 report() {  # TITLE
