@@ -1,0 +1,23 @@
+// Colours on the way in: whatever a JPEG file holds becomes YCbCr (or grey) in sRGB.
+#pragma once
+
+#include <QByteArray>
+
+#include "images/JpegCodec.h"
+
+namespace vorlina {
+
+// Turns a line of CMYK samples into RGB, in place. Files written by the usual programs hold them inverted.
+void CmykToRgb(std::uint8_t* line, int width, bool inverted);
+
+// Writes a line of RGB samples into row y of three planes of full size.
+void RgbToPlanes(const std::uint8_t* rgb, PlanarImage& image, int y);
+
+// Whether an ICC profile describes colours that have to be converted. One that cannot be read does not.
+bool IsOtherThanSrgb(const QByteArray& iccProfile);
+
+// Converts a picture from the colours of its profile, where these are others, to sRGB; the chroma planes then
+// have the full size. A grey picture stays as it is.
+void ConvertToSrgb(PlanarImage& image, const QByteArray& iccProfile);
+
+}  // namespace vorlina

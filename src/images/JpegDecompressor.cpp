@@ -1,0 +1,139 @@
+#include "images/JpegDecompressor.h"
+
+#include <cstdlib>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "images/ExifOrientation.h"
+
+namespace vorlina {
+namespace {
+
+[[noreturn]] void Refuse(const QString& reason) {
+  throw Error(EitherLanguage(u"L'immagine JPEG non può essere letta: %1"_qs,
+                             u"The JPEG picture cannot be read: %1"_qs)
+                  .arg(reason));
+}
+
+void RefuseSize(QSize size) {
+  if (size.width() > LargestSide || size.height() > LargestSide ||
+      qint64(size.width()) * size.height() > LargestPixels)
+    Refuse(EitherLanguage(u"è troppo grande (%1 x %2 punti)"_qs, u"it is too large (%1 x %2 pixels)"_qs)
+               .arg(size.width())
+               .arg(size.height()));
+}
+
+unsigned CoveringScale(QSize size, QSize atLeast) {
+  if (atLeast.isEmpty()) return 8;
+  for (unsigned eighths = 1; eighths < 8; ++eighths) {
+    const QSize scaled(int((unsigned(size.width()) * eighths + 7) / 8),
+                       int((unsigned(size.height()) * eighths + 7) / 8));
+    if (scaled.width() >= atLeast.width() && scaled.height() >= atLeast.height()) return eighths;
+  }
+  return 8;
+}
+
+}  // namespace
+
+JpegDecompressor::JpegDecompressor(const QByteArray& jpeg) {
+  info_.err = errors_.Install();
+  if (!IsJpeg(jpeg))
+    Refuse(EitherLanguage(u"il file non è un'immagine JPEG"_qs, u"the file is no JPEG picture"_qs));
+  const bool done = TryHead(jpeg);
+  try {
+    Check(done);
+    head_.size = QSize(int(info_.image_width), int(info_.image_height));
+    RefuseSize(head_.size);
+    ReadMarkers();
+  } catch (...) {
+    jpeg_destroy_decompress(&info_);
+    throw;
+  }
+}
+
+JpegDecompressor::~JpegDecompressor() { jpeg_destroy_decompress(&info_); }
+
+void JpegDecompressor::ScaleToCover(QSize atLeast) { Check(TryScale(CoveringScale(head_.size, atLeast))); }
+
+void JpegDecompressor::StartPlanes() {
+  info_.raw_data_out = TRUE;
+  info_.out_color_space = info_.jpeg_color_space;
+  Check(TryStart());
+}
+
+void JpegDecompressor::StartLines(J_COLOR_SPACE colours) {
+  info_.out_color_space = colours;
+  Check(TryStart());
+}
+
+void JpegDecompressor::ReadPlanes(JSAMPIMAGE rows, unsigned lines) { Check(TryReadPlanes(rows, lines)); }
+void JpegDecompressor::ReadLine(std::uint8_t* line) { Check(TryReadLine(line)); }
+void JpegDecompressor::Finish() { Check(TryFinish()); }
+
+bool JpegDecompressor::TryHead(const QByteArray& jpeg) {
+  if (setjmp(errors_.back) != 0) return false;
+  jpeg_create_decompress(&info_);
+  info_.mem->max_memory_to_use = JpegMemory;
+  jpeg_mem_src(&info_, reinterpret_cast<const unsigned char*>(jpeg.constData()),
+               static_cast<unsigned long>(jpeg.size()));
+  jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
+  jpeg_save_markers(&info_, JPEG_APP0 + 2, 0xFFFF);
+  jpeg_read_header(&info_, TRUE);
+  return true;
+}
+
+bool JpegDecompressor::TryScale(unsigned eighths) {
+  if (setjmp(errors_.back) != 0) return false;
+  info_.scale_num = eighths;
+  info_.scale_denom = 8;
+  jpeg_calc_output_dimensions(&info_);
+  return true;
+}
+
+bool JpegDecompressor::TryStart() {
+  if (setjmp(errors_.back) != 0) return false;
+  jpeg_start_decompress(&info_);
+  return true;
+}
+
+bool JpegDecompressor::TryReadPlanes(JSAMPIMAGE rows, unsigned lines) {
+  if (setjmp(errors_.back) != 0) return false;
+  jpeg_read_raw_data(&info_, rows, lines);
+  return true;
+}
+
+bool JpegDecompressor::TryReadLine(JSAMPROW line) {
+  if (setjmp(errors_.back) != 0) return false;
+  jpeg_read_scanlines(&info_, &line, 1);
+  return true;
+}
+
+bool JpegDecompressor::TryFinish() {
+  if (setjmp(errors_.back) != 0) return false;
+  jpeg_finish_decompress(&info_);
+  return true;
+}
+
+bool JpegDecompressor::TryProfile(JOCTET** data, unsigned* size) {
+  if (setjmp(errors_.back) != 0) return false;
+  return jpeg_read_icc_profile(&info_, data, size) == TRUE;
+}
+
+void JpegDecompressor::Check(bool done) const {
+  if (!done) Refuse(QString::fromLatin1(errors_.text));
+}
+
+void JpegDecompressor::ReadMarkers() {
+  for (const jpeg_marker_struct* marker = info_.marker_list; marker != nullptr; marker = marker->next)
+    if (marker->marker == JPEG_APP0 + 1 && head_.orientation == 1)
+      head_.orientation = ExifOrientation(marker->data, marker->data_length);
+  // A profile in pieces that do not fit together is a warning of the library; the picture is then taken as
+  // sRGB.
+  JOCTET* profile = nullptr;
+  unsigned size = 0;
+  if (TryProfile(&profile, &size))
+    head_.iccProfile = QByteArray(reinterpret_cast<const char*>(profile), int(size));
+  std::free(profile);
+}
+
+}  // namespace vorlina

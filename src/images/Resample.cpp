@@ -1,0 +1,151 @@
+#include "images/Resample.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace vorlina {
+namespace {
+
+constexpr double Lobes = 3;
+
+double Sinc(double x) {
+  if (std::abs(x) < 1e-9) return 1;
+  const double angle = std::numbers::pi * x;
+  return std::sin(angle) / angle;
+}
+
+double Lanczos(double x) { return std::abs(x) < Lobes ? Sinc(x) * Sinc(x / Lobes) : 0; }
+
+// For every target position the first source position and the weights from there on, which add up to one.
+struct Weights {
+  int taps = 0;
+  std::vector<int> first;
+  std::vector<float> weights;
+
+  Weights(int from, int to) : first(std::size_t(to)) {
+    const double scale = double(from) / to;
+    const double widening = std::max(scale, 1.0);
+    taps = std::min(from, int(std::ceil(Lobes * widening)) * 2 + 1);
+    weights.resize(std::size_t(to) * std::size_t(taps));
+    for (int i = 0; i < to; ++i) FillRow(i, from, scale, widening);
+  }
+
+  const float* Of(int i) const { return weights.data() + std::size_t(i) * std::size_t(taps); }
+
+ private:
+  // Weights that fall outside are given to the border's sample, so that edges keep their brightness.
+  void FillRow(int i, int from, double scale, double widening) {
+    const double centre = (i + 0.5) * scale - 0.5;
+    const int ideal = int(std::floor(centre)) - (taps - 1) / 2;
+    const int start = std::clamp(ideal, 0, from - taps);
+    first[std::size_t(i)] = start;
+    float* row = weights.data() + std::size_t(i) * std::size_t(taps);
+    const int reach = int(std::ceil(Lobes * widening));
+    double sum = 0;
+    for (int position = int(std::floor(centre)) - reach; position <= int(std::floor(centre)) + reach + 1;
+         ++position) {
+      const double weight = Lanczos((position - centre) / widening);
+      const int tap = std::clamp(std::clamp(position, 0, from - 1) - start, 0, taps - 1);
+      row[tap] += float(weight);
+      sum += weight;
+    }
+    for (int tap = 0; tap < taps; ++tap) row[tap] = float(row[tap] / sum);
+  }
+};
+
+std::uint8_t ToSample(float value) { return std::uint8_t(std::clamp(value + 0.5F, 0.0F, 255.0F)); }
+
+// One target row out of the source rows around it, before the horizontal pass.
+void MixRows(const Plane& plane, const Weights& vertical, int y, std::vector<float>& mixed) {
+  std::fill(mixed.begin(), mixed.end(), 0.0F);
+  const float* weights = vertical.Of(y);
+  for (int tap = 0; tap < vertical.taps; ++tap) {
+    const float weight = weights[tap];
+    if (weight == 0) continue;
+    const std::uint8_t* row = plane.Row(vertical.first[std::size_t(y)] + tap);
+    for (std::size_t x = 0; x < mixed.size(); ++x) mixed[x] += weight * float(row[x]);
+  }
+}
+
+void MixColumns(const std::vector<float>& mixed, const Weights& horizontal, std::uint8_t* target, int width) {
+  for (int x = 0; x < width; ++x) {
+    const float* weights = horizontal.Of(x);
+    const float* source = mixed.data() + horizontal.first[std::size_t(x)];
+    float sum = 0;
+    for (int tap = 0; tap < horizontal.taps; ++tap) sum += weights[tap] * source[tap];
+    target[x] = ToSample(sum);
+  }
+}
+
+Plane Turn(const Plane& plane, int orientation) {
+  Plane turned =
+      SwapsSides(orientation) ? Plane(plane.height, plane.width) : Plane(plane.width, plane.height);
+  const int right = plane.width - 1;
+  const int bottom = plane.height - 1;
+  for (int y = 0; y < turned.height; ++y) {
+    std::uint8_t* row = turned.Row(y);
+    for (int x = 0; x < turned.width; ++x) {
+      switch (orientation) {
+        case 2:
+          row[x] = plane.Row(y)[right - x];
+          break;
+        case 3:
+          row[x] = plane.Row(bottom - y)[right - x];
+          break;
+        case 4:
+          row[x] = plane.Row(bottom - y)[x];
+          break;
+        case 5:
+          row[x] = plane.Row(x)[y];
+          break;
+        case 6:
+          row[x] = plane.Row(bottom - x)[y];
+          break;
+        case 7:
+          row[x] = plane.Row(bottom - x)[right - y];
+          break;
+        default:
+          row[x] = plane.Row(x)[right - y];
+          break;
+      }
+    }
+  }
+  return turned;
+}
+
+}  // namespace
+
+Plane Resample(const Plane& plane, int width, int height) {
+  if (plane.width == width && plane.height == height) return plane;
+  const Weights horizontal(plane.width, width);
+  const Weights vertical(plane.height, height);
+  Plane target(width, height);
+  std::vector<float> mixed(std::size_t(plane.width));
+  for (int y = 0; y < height; ++y) {
+    MixRows(plane, vertical, y, mixed);
+    MixColumns(mixed, horizontal, target.Row(y), width);
+  }
+  return target;
+}
+
+PlanarImage Resample(PlanarImage image, QSize size) {
+  const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
+  const bool stays = image.Size() == size;
+  image.planes[0] = Resample(image.planes[0], size.width(), size.height());
+  for (std::size_t i = 1; i < image.planes.size(); ++i) {
+    Plane& chroma = image.planes[i];
+    const bool storable = (chroma.width == size.width() || chroma.width == half.width()) &&
+                          (chroma.height == size.height() || chroma.height == half.height());
+    if (!stays || !storable) chroma = Resample(chroma, half.width(), half.height());
+  }
+  return image;
+}
+
+PlanarImage Upright(PlanarImage image, int orientation) {
+  if (orientation <= 1 || orientation > 8) return image;
+  for (Plane& plane : image.planes) plane = Turn(plane, orientation);
+  return image;
+}
+
+}  // namespace vorlina
