@@ -19,6 +19,7 @@ const std::map<QString, CommandForm>& CommandForms() {
       {u"catalogs"_qs, {{}, false}},
       {u"plugins"_qs, {{}, false}},
       {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, false}},
+      {u"import"_qs, {{u"--catalog"_qs}, true}},
       {u"check"_qs, {{}, false}},
       {u"backup"_qs, {{}, true}},
       {u"restore"_qs, {{}, true}}};
@@ -122,7 +123,7 @@ Arguments ParseArguments(const QStringList& texts) {
   arguments.plugin = value(u"--plugin"_qs);
   arguments.target = value(u"--to"_qs);
   arguments.file = pieces.words.value(1);
-  if (arguments.command == u"publish") arguments.catalog = CatalogNumber(value(u"--catalog"_qs));
+  if (pieces.options.count(u"--catalog"_qs) > 0) arguments.catalog = CatalogNumber(value(u"--catalog"_qs));
   return arguments;
 }
 
@@ -135,6 +136,8 @@ Comandi:
   plugins                  elenca i plug-in di pubblicazione
   publish --catalog ID --plugin IDENT --to CARTELLA
                            pubblica un catalogo in una cartella
+  import CARTELLA --catalog ID
+                           fa un prodotto di ogni immagine ".jpg" della cartella
   check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
                            solo di note, come un file che nessuna riga usa
   backup FILE              salva database, immagini e layout in un archivio
@@ -156,6 +159,8 @@ Commands:
   plugins                  lists the publishing plug-ins
   publish --catalog ID --plugin IDENT --to DIR
                            publishes a catalog into a folder
+  import FOLDER --catalog ID
+                           makes a product of each picture ".jpg" in the folder
   check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
                            notes, such as a file that no row uses
   backup FILE              saves database, pictures and layouts in one archive

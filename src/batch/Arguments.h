@@ -25,7 +25,7 @@ struct Arguments {
   int catalog = 0;      // --catalog
   QString plugin;       // --plugin
   QString target;       // --to
-  QString file;         // what follows "backup" and "restore"
+  QString file;         // what follows "import", "backup" and "restore"
 };
 
 // Reads the command line without the program's name. Options may stand anywhere, as "--to DIR" or "--to=DIR",

@@ -7,6 +7,7 @@
 #include "batch/Output.h"
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
+#include "store/GetValue.h"
 #include "store/SampleData.h"
 
 namespace vorlina {
@@ -33,6 +34,14 @@ void OpenCatalogs(Connection& connection) {
 
 }  // namespace
 
+void RequireCatalog(Connection& connection, int catalog) {
+  if (GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, connection, u"IDCatalogo=?"_qs, {catalog}).toInt() == 0)
+    throw Error(
+        EitherLanguage(u"Il catalogo %1 non esiste. Il comando \"catalogs\" elenca quelli che ci sono."_qs,
+                       u"There is no catalog %1. The command \"catalogs\" lists those that there are."_qs)
+            .arg(catalog));
+}
+
 Outcome RunCommand(const Arguments& arguments, const Progress& progress) {
   SettleApplicationFolder(arguments);
   if (arguments.command == u"plugins") return RunPlugins();
@@ -40,6 +49,7 @@ Outcome RunCommand(const Arguments& arguments, const Progress& progress) {
   Connection connection;
   OpenCatalogs(connection);
   if (arguments.command == u"publish") return RunPublish(connection, arguments, progress);
+  if (arguments.command == u"import") return RunImport(connection, arguments, progress);
   if (arguments.command == u"check") return RunCheck(connection);
   if (arguments.command == u"backup") return RunBackup(connection, arguments, progress);
   return RunCatalogs(connection);

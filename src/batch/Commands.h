@@ -21,9 +21,13 @@ struct Outcome {
 Outcome RunCatalogs(Connection& connection);
 Outcome RunPlugins();
 Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress);
+Outcome RunImport(Connection& connection, const Arguments& arguments, const Progress& progress);
 Outcome RunCheck(Connection& connection);
 Outcome RunBackup(Connection& connection, const Arguments& arguments, const Progress& progress);
 Outcome RunRestore(const Arguments& arguments, const Progress& progress);
+
+// Throws Error when there is no such catalog.
+void RequireCatalog(Connection& connection, int catalog);
 
 // Settles the application folder, opens the database where the command needs it, and runs the command. Throws
 // Error.

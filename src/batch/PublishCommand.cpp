@@ -5,7 +5,6 @@
 #include "batch/Commands.h"
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
-#include "store/GetValue.h"
 
 namespace vorlina {
 namespace {
@@ -22,14 +21,6 @@ class PluginProgress : public IVorlinaProgress {
  private:
   const Progress& progress_;
 };
-
-void RequireCatalog(Connection& connection, int catalog) {
-  if (GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, connection, u"IDCatalogo=?"_qs, {catalog}).toInt() == 0)
-    throw Error(
-        EitherLanguage(u"Il catalogo %1 non esiste. Il comando \"catalogs\" elenca quelli che ci sono."_qs,
-                       u"There is no catalog %1. The command \"catalogs\" lists those that there are."_qs)
-            .arg(catalog));
-}
 
 std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier) {
   std::unique_ptr<IVorlinaFolderPublisher> publisher;

@@ -1,4 +1,4 @@
-// vorlina-batch: publishes, checks, saves and restores the catalogs without a display.
+// vorlina-batch: publishes, imports, checks, saves and restores the catalogs without a display.
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QLoggingCategory>
@@ -6,6 +6,7 @@
 
 #include "batch/Arguments.h"
 #include "batch/Commands.h"
+#include "batch/ConsoleDialogs.h"
 #include "batch/Output.h"
 
 using namespace vorlina;
@@ -66,6 +67,8 @@ int main(int argc, char** argv) {
   QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_qs);
   std::signal(SIGINT, AskToStop);
   std::signal(SIGTERM, AskToStop);
+  ConsoleDialogs dialogs;
+  InstallDialogs(&dialogs);
   ChooseLanguage();
   try {
     const Arguments arguments = ParseArguments(QCoreApplication::arguments().mid(1));

@@ -4,48 +4,25 @@
 
 #include <QByteArray>
 #include <QSize>
-#include <QSizeF>
 #include <QString>
+
+#include "images/PictureRendering.h"
 
 namespace vorlina {
 
 class Connection;
-struct JpegHead;
 
-// The limit of a thumbnail's longer side, and its JPEG quality.
+// The limit of a thumbnail's longer side, in pixels.
 inline constexpr int ThumbnailLimit = 200;
-inline constexpr int ThumbnailQuality = 70;
 
-// The settings that say what becomes of a new picture, each read when this is made.
-struct PictureSettings {
-  bool shrink;    // ResizeJPG: a picture over the limit is shrunk
-  bool reRender;  // ReRenderJPG: one that was not shrunk is encoded again
-  int quality;    // ReRenderQuality, 1 to 100
-
-  static PictureSettings Read();
-};
-
-// The size before, and the size that was asked for, which is not rounded: pictures are scaled by whole per
-// cents, so that the true size may differ by half a per cent.
-struct ResizeResult {
-  QSizeF source;
-  QSizeF target;
-};
-
-// What becomes of a new picture, in memory.
-struct FittedJpeg {
-  ResizeResult sizes;
-  QByteArray jpeg;  // empty where the file stays as it is
-};
+// The settings that say what becomes of a new picture, as they are now.
+PictureSettings ReadPictureSettings();
 
 // The limit of a stored picture's longer side, in pixels: the setting ResizeTo.
 double PictureLimit();
 
 // A picture file's bytes. Throws Error for one that cannot be read, is no JPEG or is larger than 512 MB.
 QByteArray ReadPictureFile(const QString& path);
-
-// The size of the upright picture.
-QSize UprightSize(const JpegHead& head);
 
 // Throws Error for a file that is missing or no JPEG.
 QSize MeasureImage(const QString& path);
@@ -55,15 +32,6 @@ QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);
 
 // The thumbnail's file of a main image: "t" before its name, in the folder "Images".
 QString ThumbnailPath(const QString& mainImage);
-
-// Fits a picture to the limit of its longer side, or encodes it again in its own size, as the settings say.
-// Throws Error for a picture that cannot be decoded whole; a failure to encode leaves it as it is. Any thread
-// may call it.
-FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSettings& settings);
-
-// The picture with its longer side at the limit; a smaller one is enlarged. Throws Error. Any thread may call
-// it.
-QByteArray RenderThumbnail(const QByteArray& jpeg, double limit);
 
 // FitToLimit on a file that was just copied into "Images". It is replaced whole or stays as it was.
 ResizeResult ResizeImage(const QString& path, double limit);

@@ -16,7 +16,8 @@ bool HasUsablePlanes(const jpeg_decompress_struct& info) {
          info.comp_info[0].v_samp_factor == info.max_v_samp_factor;
 }
 
-// The library writes whole blocks: each plane is first as large as its blocks, and cut afterwards.
+// The library writes whole blocks: each plane is as large as its blocks, and what is beyond the picture
+// becomes padding.
 struct BlockPlane {
   Plane plane;
   std::vector<JSAMPROW> rows;  // of one band
@@ -32,12 +33,6 @@ struct BlockPlane {
   }
 };
 
-Plane Cut(const Plane& plane, const jpeg_component_info& component) {
-  Plane cut(int(component.downsampled_width), int(component.downsampled_height));
-  for (int y = 0; y < cut.height; ++y) std::copy_n(plane.Row(y), cut.width, cut.Row(y));
-  return cut;
-}
-
 PlanarImage DecodePlanes(JpegDecompressor& decompressor) {
   decompressor.StartPlanes();
   const jpeg_decompress_struct& info = decompressor.Info();
@@ -52,8 +47,9 @@ PlanarImage DecodePlanes(JpegDecompressor& decompressor) {
   }
   PlanarImage image;
   for (std::size_t i = 0; i < all.size(); ++i) {
-    image.planes.push_back(Cut(all[i].plane, info.comp_info[i]));
-    all[i].plane = {};
+    image.planes.push_back(std::move(all[i].plane));
+    image.planes.back().width = int(info.comp_info[i].downsampled_width);
+    image.planes.back().height = int(info.comp_info[i].downsampled_height);
   }
   decompressor.Finish();
   return image;

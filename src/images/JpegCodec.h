@@ -10,16 +10,17 @@
 
 namespace vorlina {
 
-// One plane of samples, row by row without padding.
+// One plane of samples, row by row; a row may be followed by padding.
 struct Plane {
   int width = 0;
   int height = 0;
+  int stride = 0;  // samples from one row to the next
   std::vector<std::uint8_t> samples;
 
   Plane() = default;
-  Plane(int w, int h) : width(w), height(h), samples(std::size_t(w) * std::size_t(h)) {}
-  std::uint8_t* Row(int y) { return samples.data() + std::size_t(y) * std::size_t(width); }
-  const std::uint8_t* Row(int y) const { return samples.data() + std::size_t(y) * std::size_t(width); }
+  Plane(int w, int h) : width(w), height(h), stride(w), samples(std::size_t(w) * std::size_t(h)) {}
+  std::uint8_t* Row(int y) { return samples.data() + std::size_t(y) * std::size_t(stride); }
+  const std::uint8_t* Row(int y) const { return samples.data() + std::size_t(y) * std::size_t(stride); }
 };
 
 // A decoded picture: one plane (grey) or three (YCbCr). The first plane has the picture's size; the chroma
@@ -32,9 +33,10 @@ struct PlanarImage {
 
 // What the head of a JPEG file says.
 struct JpegHead {
-  QSize size;             // in pixels, as stored, before any turning
-  int orientation = 1;    // EXIF orientation, 1 to 8
-  QByteArray iccProfile;  // empty where there is none
+  QSize size;                   // in pixels, as stored, before any turning
+  int orientation = 1;          // EXIF orientation, 1 to 8
+  qint64 coefficientBytes = 0;  // what decoding a picture that is stored in several scans holds besides
+  QByteArray iccProfile;        // empty where there is none
 };
 
 // Whether these are the first bytes of a JPEG file.

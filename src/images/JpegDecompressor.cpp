@@ -33,6 +33,15 @@ unsigned CoveringScale(QSize size, QSize atLeast) {
   return 8;
 }
 
+// A picture in several scans is held whole, as two bytes a coefficient.
+qint64 CoefficientBytes(jpeg_decompress_struct& info) {
+  if (jpeg_has_multiple_scans(&info) == FALSE) return 0;
+  qint64 bytes = 0;
+  for (int i = 0; i < info.num_components; ++i)
+    bytes += qint64(info.comp_info[i].width_in_blocks) * info.comp_info[i].height_in_blocks * DCTSIZE2 * 2;
+  return bytes;
+}
+
 }  // namespace
 
 JpegDecompressor::JpegDecompressor(const QByteArray& jpeg) {
@@ -44,6 +53,7 @@ JpegDecompressor::JpegDecompressor(const QByteArray& jpeg) {
     Check(done);
     head_.size = QSize(int(info_.image_width), int(info_.image_height));
     RefuseSize(head_.size);
+    head_.coefficientBytes = CoefficientBytes(info_);
     ReadMarkers();
   } catch (...) {
     jpeg_destroy_decompress(&info_);

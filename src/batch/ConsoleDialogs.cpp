@@ -1,0 +1,43 @@
+#include "batch/ConsoleDialogs.h"
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "batch/Output.h"
+
+namespace vorlina {
+namespace {
+
+[[noreturn]] void RefuseToAsk(const QString& text) {
+  throw Error(
+      EitherLanguage(u"Qui non si può rispondere: %1"_qs, u"This cannot be answered here: %1"_qs).arg(text));
+}
+
+}  // namespace
+
+Dialogs::Answer ConsoleDialogs::AskWithCancel(QWidget*, const QString& text, const QString&) {
+  RefuseToAsk(text);
+}
+
+QString ConsoleDialogs::Input(QWidget*, const QString& text, const QString&, const QString&) {
+  RefuseToAsk(text);
+}
+
+QString ConsoleDialogs::OpenFile(QWidget*, const QString& title, const QString&, const QString&) {
+  RefuseToAsk(title);
+}
+
+QString ConsoleDialogs::SaveFile(QWidget*, const QString& title, const QString&, const QString&) {
+  RefuseToAsk(title);
+}
+
+QString ConsoleDialogs::Folder(QWidget*, const QString& title, const QString&) { RefuseToAsk(title); }
+
+void ConsoleDialogs::ShowMessage(QWidget*, const QString& text, BoxStyle, const QString&) {
+  PrintError(text);
+}
+
+bool ConsoleDialogs::ShowQuestion(QWidget*, const QString& text, BoxStyle, const QString&) {
+  RefuseToAsk(text);
+}
+
+}  // namespace vorlina

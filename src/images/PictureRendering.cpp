@@ -1,0 +1,88 @@
+#include "images/PictureRendering.h"
+
+#include <QLoggingCategory>
+#include <algorithm>
+#include <cmath>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "images/ColourConversion.h"
+#include "images/Resample.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(images, "vorlina.images")
+
+constexpr int ThumbnailQuality = 70;
+
+// Whole per cents, halves to the even number. A picture of more than two hundred times the limit is left at
+// one per cent.
+int WholePerCents(double scale) { return int(std::nearbyint(std::clamp(scale, 1.0, 32767.0))); }
+
+QSize Scaled(QSize size, int perCents) {
+  const auto side = [=](int length) { return std::max(1, int(std::lround(length * perCents / 100.0))); };
+  return {side(size.width()), side(size.height())};
+}
+
+double LongerSide(QSizeF size) { return std::max(size.width(), size.height()); }
+
+bool IsShrunk(const JpegHead& head, double limit, const PictureSettings& settings) {
+  return settings.shrink && LongerSide(head.size) > std::nearbyint(limit);
+}
+
+// Scales a decoded picture to a size (both as stored), turns it upright and encodes it.
+QByteArray Render(PlanarImage image, const JpegHead& head, QSize size, int quality) {
+  if (LongerSide(size) > LargestSide)
+    throw Error(EitherLanguage(u"L'immagine diventerebbe troppo grande"_qs,
+                               u"The picture would become too large"_qs));
+  image = Resample(std::move(image), size);
+  ConvertToSrgb(image, head.iccProfile);
+  return EncodeJpeg(Upright(std::move(image), head.orientation), quality);
+}
+
+}  // namespace
+
+QSize UprightSize(const JpegHead& head) {
+  return SwapsSides(head.orientation) ? head.size.transposed() : head.size;
+}
+
+FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSettings& settings) {
+  const JpegHead head = ReadJpegHead(jpeg);
+  const QSizeF size = UprightSize(head);
+  const bool shrinks = IsShrunk(head, limit, settings);
+  const double scale = shrinks ? 100 * limit / LongerSide(size) : 100;
+  FittedJpeg fitted{{size, shrinks ? size * scale / 100 : size}, {}};
+  const bool renders = shrinks || settings.reRender;
+  const QSize target = Scaled(head.size, WholePerCents(scale));
+  // Also a picture that stays is decoded, at the least cost: a damaged one is not to enter a catalog.
+  PlanarImage image = DecodeJpeg(jpeg, renders ? target : QSize(1, 1));
+  if (!renders) return fitted;
+  try {
+    fitted.jpeg = Render(std::move(image), head, target, settings.quality);
+  } catch (const std::exception& error) {
+    qCDebug(images) << "not encoded:" << DescriptionOf(error);
+  }
+  return fitted;
+}
+
+QByteArray RenderThumbnail(const QByteArray& jpeg, double limit) {
+  const JpegHead head = ReadJpegHead(jpeg);
+  const QSize size = Scaled(head.size, WholePerCents(100 * limit / LongerSide(head.size)));
+  return Render(DecodeJpeg(jpeg, size), head, size, ThumbnailQuality);
+}
+
+QByteArray RenderAgain(const QByteArray& jpeg, int quality) {
+  const JpegHead head = ReadJpegHead(jpeg);
+  return Render(DecodeJpeg(jpeg, {}), head, head.size, quality);
+}
+
+qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings) {
+  const qint64 pixels = qint64(head.size.width()) * head.size.height();
+  const qint64 limitPixels = qint64(limit * limit);
+  // The decoder's scale gives up to twice the sides of the target, in up to three planes that are held twice.
+  const qint64 decoded = IsShrunk(head, limit, settings) ? std::min(pixels, limitPixels * 4) : pixels;
+  return head.coefficientBytes + decoded * 6;
+}
+
+}  // namespace vorlina

@@ -1,0 +1,49 @@
+// What becomes of a picture on its way into a catalog, in memory. Sizes are pixels of the upright picture.
+// Any thread may call these procedures.
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+#include <QSizeF>
+
+#include "images/JpegCodec.h"
+
+namespace vorlina {
+
+// What is asked for: the settings ResizeJPG, ReRenderJPG and ReRenderQuality.
+struct PictureSettings {
+  bool shrink = true;    // a picture over the limit is shrunk
+  bool reRender = true;  // one that was not shrunk is encoded again
+  int quality = 100;     // 1 to 100
+};
+
+// The size before, and the size that was asked for, which is not rounded: pictures are scaled by whole per
+// cents, so that the true size may differ by half a per cent of the side.
+struct ResizeResult {
+  QSizeF source;
+  QSizeF target;
+};
+
+struct FittedJpeg {
+  ResizeResult sizes;
+  QByteArray jpeg;  // empty where the picture stays as it is
+};
+
+// The size of the upright picture.
+QSize UprightSize(const JpegHead& head);
+
+// Fits a picture to the limit of its longer side, or encodes it again in its own size, as the settings say.
+// Throws Error for a picture that cannot be decoded whole; a failure to encode leaves it as it is.
+FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSettings& settings);
+
+// The picture with its longer side at the limit, at the quality of thumbnails; a smaller one is enlarged.
+// Throws Error.
+QByteArray RenderThumbnail(const QByteArray& jpeg, double limit);
+
+// The picture in its own size, decoded and encoded. Throws Error.
+QByteArray RenderAgain(const QByteArray& jpeg, int quality);
+
+// An estimate of the bytes that FitToLimit takes besides the picture's own.
+qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings);
+
+}  // namespace vorlina

@@ -1,0 +1,104 @@
+#include "images/PreparedPictures.h"
+
+#include <algorithm>
+
+#include "images/ImagePipeline.h"
+
+namespace vorlina {
+namespace {
+
+// For all decoding at a time, in bytes: a progressive picture of 24 megapixels takes 72 MB.
+constexpr qint64 MemoryBudget = 96LL * 1024 * 1024;
+
+}  // namespace
+
+PreparedPictures::PreparedPictures(QStringList files, double limit, const PictureSettings& settings,
+                                   int threads)
+    : files_(std::move(files)),
+      limit_(limit),
+      settings_(settings),
+      ahead_(std::size_t(std::max(threads, 1)) * 2) {
+  const int useful = std::clamp(threads, 1, std::max(1, int(files_.size())));
+  for (int i = 0; i < useful; ++i) workers_.emplace_back([this] { Work(); });
+}
+
+PreparedPictures::~PreparedPictures() {
+  {
+    const std::lock_guard lock(mutex_);
+    stopping_ = true;
+  }
+  changed_.notify_all();
+  for (std::thread& worker : workers_) worker.join();
+}
+
+PreparedPicture PreparedPictures::Next() {
+  std::unique_lock lock(mutex_);
+  const auto isReady = [this] { return ready_.count(taken_) > 0; };
+  changed_.wait(lock, isReady);
+  Outcome outcome = std::move(ready_.extract(taken_).mapped());
+  ++taken_;
+  lock.unlock();
+  changed_.notify_all();
+  if (outcome.failure) std::rethrow_exception(outcome.failure);
+  return std::move(outcome.picture);
+}
+
+void PreparedPictures::Work() {
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    changed_.wait(lock, [this] { return stopping_ || begun_ < taken_ + ahead_; });
+    if (stopping_ || begun_ == std::size_t(files_.size())) return;
+    const std::size_t number = begun_++;
+    lock.unlock();
+    Outcome outcome = Prepare(files_[qsizetype(number)]);
+    lock.lock();
+    ready_.emplace(number, std::move(outcome));
+    changed_.notify_all();
+  }
+}
+
+PreparedPictures::Outcome PreparedPictures::Prepare(const QString& file) {
+  Outcome outcome;
+  try {
+    const QByteArray jpeg = ReadPictureFile(file);
+    const qint64 bytes = RenderingMemory(ReadJpegHead(jpeg), limit_, settings_);
+    Reserve(bytes);
+    try {
+      outcome.picture = Render(jpeg);
+    } catch (...) {
+      outcome.failure = std::current_exception();
+    }
+    Release(bytes);
+  } catch (...) {
+    outcome.failure = std::current_exception();
+  }
+  return outcome;
+}
+
+PreparedPicture PreparedPictures::Render(const QByteArray& jpeg) {
+  PreparedPicture picture;
+  picture.jpeg = FitToLimit(jpeg, limit_, settings_).jpeg;
+  const QByteArray& stored = picture.jpeg.isEmpty() ? jpeg : picture.jpeg;
+  picture.size = UprightSize(ReadJpegHead(stored));
+  try {
+    picture.thumbnail = RenderThumbnail(stored, ThumbnailLimit);
+  } catch (const std::exception&) {
+    // A missing thumbnail is not reported: the picture itself is shown in its place.
+    picture.thumbnail.clear();
+  }
+  return picture;
+}
+
+void PreparedPictures::Reserve(qint64 bytes) {
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, [&] { return reserved_ == 0 || reserved_ + bytes <= MemoryBudget; });
+  reserved_ += bytes;
+}
+
+void PreparedPictures::Release(qint64 bytes) {
+  const std::lock_guard lock(mutex_);
+  reserved_ -= bytes;
+  changed_.notify_all();
+}
+
+}  // namespace vorlina

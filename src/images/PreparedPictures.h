@@ -1,0 +1,69 @@
+// Pictures for a catalog, decoded and encoded ahead on worker threads and given in order.
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+#include <QStringList>
+#include <condition_variable>
+#include <exception>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "images/PictureRendering.h"
+
+namespace vorlina {
+
+struct PreparedPicture {
+  QByteArray jpeg;       // empty where the file is to be copied as it is
+  QByteArray thumbnail;  // empty where it could not be made
+  QSize size;            // of the upright picture that is to be stored
+};
+
+// What Next gives is as if each file were prepared at that moment, one after the other. Memory is bounded: a
+// few pictures wait to be taken, and the workers share a budget for decoding.
+class PreparedPictures {
+ public:
+  // Begins at once. threads is at least 1.
+  PreparedPictures(QStringList files, double limit, const PictureSettings& settings,
+                   int threads = int(std::thread::hardware_concurrency()));
+  // Gives up what was not taken.
+  ~PreparedPictures();
+  PreparedPictures(const PreparedPictures&) = delete;
+  PreparedPictures& operator=(const PreparedPictures&) = delete;
+
+  // The next file's picture; waits for it. Throws what preparing it threw: Error for a file that cannot be
+  // read or is no whole JPEG picture. To be called once per file.
+  PreparedPicture Next();
+
+ private:
+  struct Outcome {
+    PreparedPicture picture;
+    std::exception_ptr failure;
+  };
+
+  void Work();
+  Outcome Prepare(const QString& file);
+  PreparedPicture Render(const QByteArray& jpeg);
+
+  // Decoding of so many bytes may begin. One picture that needs more than the budget is decoded alone.
+  void Reserve(qint64 bytes);
+  void Release(qint64 bytes);
+
+  const QStringList files_;
+  const double limit_;
+  const PictureSettings settings_;
+  std::size_t ahead_;
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::size_t begun_ = 0;  // files that a worker has taken up
+  std::size_t taken_ = 0;  // files that Next has given
+  std::map<std::size_t, Outcome> ready_;
+  qint64 reserved_ = 0;
+  bool stopping_ = false;
+  std::vector<std::thread> workers_;
+};
+
+}  // namespace vorlina

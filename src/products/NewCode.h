@@ -1,0 +1,14 @@
+// The code that a new product is offered.
+#pragma once
+
+#include <QString>
+
+namespace vorlina {
+
+class Connection;
+
+// The smallest free number above the catalog's number of products, as text: codes stay numeric and dense, and
+// no existing code's value is looked at. Throws Error.
+QString NuovoCodice(int IDCatalogo, Connection& connection);
+
+}  // namespace vorlina

@@ -1,0 +1,44 @@
+// The import of a folder: every JPEG picture in it becomes a product with a generated code.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "base/Progress.h"
+#include "images/PreparedPictures.h"
+
+namespace vorlina {
+
+class Connection;
+
+class PictureImport {
+ public:
+  // Lists the folder's files that end in ".jpg", in any letter case, by name. Nothing is written yet.
+  PictureImport(QString folder, int IDCatalogo, Connection& connection);
+
+  // How many pictures there are to import.
+  int Count() const { return int(files_.size()); }
+  // How many products were made so far.
+  int Imported() const { return imported_; }
+
+  // Imports them. progress is told before each file how many are done, and after the last; false from it
+  // stops at the top of a pass, and the products made so far stay. False when stopped. Throws Error for the
+  // first picture that cannot be read, is damaged or cannot be written: its copy in "Images" stays without a
+  // row, what came before stays, and nothing more is imported. No more than one picture is ever in "Images"
+  // without its row. To be called once.
+  bool Run(const Progress& progress);
+
+ private:
+  void ImportNext(const QString& file, PreparedPictures& pictures);
+  PreparedPicture StorePicture(const QString& source, const QString& target,
+                               PreparedPictures& pictures) const;
+  void InsertProduct(const QString& code, const QString& source, const QString& target, QSize size);
+
+  QString folder_;
+  int IDCatalogo_;
+  Connection& connection_;
+  QStringList files_;  // names
+  int imported_ = 0;
+};
+
+}  // namespace vorlina

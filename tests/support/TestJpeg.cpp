@@ -1,0 +1,188 @@
+#include "support/TestJpeg.h"
+
+#include <QPainter>
+#include <cmath>
+#include <cstdlib>
+#include <numbers>
+#include <random>
+#include <vector>
+
+#include <cstdio>
+
+#include <jpeglib.h>
+
+namespace vorlina {
+namespace {
+
+void SetForm(jpeg_compress_struct& info, const JpegForm& form) {
+  using Colours = JpegForm::Colours;
+  info.input_components = form.colours == Colours::Cmyk ? 4 : 3;
+  info.in_color_space = form.colours == Colours::Cmyk ? JCS_CMYK : JCS_RGB;
+  jpeg_set_defaults(&info);
+  if (form.colours == Colours::Grey) jpeg_set_colorspace(&info, JCS_GRAYSCALE);
+  if (form.colours == Colours::Rgb) jpeg_set_colorspace(&info, JCS_RGB);
+  jpeg_set_quality(&info, form.quality, TRUE);
+  if (form.progressive) jpeg_simple_progression(&info);
+  if (form.colours == Colours::YCbCr) {
+    info.comp_info[0].h_samp_factor = form.across;
+    info.comp_info[0].v_samp_factor = form.down;
+  }
+}
+
+// A line as RGB, or as inverted CMYK whose black is the darkest of the three.
+std::vector<std::uint8_t> LineOf(const QImage& image, int y, bool cmyk) {
+  std::vector<std::uint8_t> line;
+  for (int x = 0; x < image.width(); ++x) {
+    const QRgb pixel = image.pixel(x, y);
+    const int rgb[] = {qRed(pixel), qGreen(pixel), qBlue(pixel)};
+    const int white = std::max({rgb[0], rgb[1], rgb[2]});
+    for (const int value : rgb)
+      line.push_back(std::uint8_t(!cmyk ? value : white == 0 ? 255 : value * 255 / white));
+    if (cmyk) line.push_back(std::uint8_t(white));
+  }
+  return line;
+}
+
+// Noise with smooth transitions between the points of a grid.
+class SmoothNoise {
+ public:
+  explicit SmoothNoise(unsigned seed) {
+    std::mt19937 random(seed);
+    for (float& value : values_) value = float(random() % 2001) / 1000.0F - 1.0F;
+  }
+  float At(float x, float y) const {
+    const int column = int(std::floor(x));
+    const int row = int(std::floor(y));
+    const float u = Ease(x - float(column));
+    const float v = Ease(y - float(row));
+    const float above = Value(column, row) * (1 - u) + Value(column + 1, row) * u;
+    const float below = Value(column, row + 1) * (1 - u) + Value(column + 1, row + 1) * u;
+    return above * (1 - v) + below * v;
+  }
+
+ private:
+  static float Ease(float t) { return t * t * (3 - 2 * t); }
+  float Value(int x, int y) const { return values_[unsigned(x * 73 + y * 8191) % 4096]; }
+  float values_[4096];
+};
+
+}  // namespace
+
+QByteArray MakeJpeg(const QImage& image, const JpegForm& form) {
+  jpeg_compress_struct info{};
+  jpeg_error_mgr errors{};
+  info.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&info);
+  unsigned char* bytes = nullptr;
+  unsigned long size = 0;
+  jpeg_mem_dest(&info, &bytes, &size);
+  info.image_width = JDIMENSION(image.width());
+  info.image_height = JDIMENSION(image.height());
+  SetForm(info, form);
+  jpeg_start_compress(&info, TRUE);
+  if (!form.exif.isEmpty())
+    jpeg_write_marker(&info, JPEG_APP0 + 1, reinterpret_cast<const JOCTET*>(form.exif.constData()),
+                      unsigned(form.exif.size()));
+  if (!form.icc.isEmpty())
+    jpeg_write_icc_profile(&info, reinterpret_cast<const JOCTET*>(form.icc.constData()),
+                           unsigned(form.icc.size()));
+  for (int y = 0; y < image.height(); ++y) {
+    std::vector<std::uint8_t> line = LineOf(image, y, form.colours == JpegForm::Colours::Cmyk);
+    JSAMPROW row = line.data();
+    jpeg_write_scanlines(&info, &row, 1);
+  }
+  jpeg_finish_compress(&info);
+  const QByteArray jpeg(reinterpret_cast<const char*>(bytes), qsizetype(size));
+  jpeg_destroy_compress(&info);
+  std::free(bytes);
+  return jpeg;
+}
+
+QByteArray MakeExif(int orientation, bool bigEndian) {
+  QByteArray exif("Exif\0\0", 6);
+  const auto add = [&](int bytes, unsigned value) {
+    for (int i = 0; i < bytes; ++i) exif += char(value >> 8 * (bigEndian ? bytes - 1 - i : i));
+  };
+  const QByteArray camera("VorlinaCam 9\0", 13);
+  const QByteArray place("45.0703N 7.6869E\0", 17);
+  exif += bigEndian ? "MM" : "II";
+  add(2, 42);
+  add(4, 8);
+  add(2, 3);  // entries: maker, orientation, a text that holds the place
+  const unsigned texts = 8 + 2 + 3 * 12 + 4;
+  add(2, 0x010F), add(2, 2), add(4, unsigned(camera.size())), add(4, texts);
+  add(2, 0x0112), add(2, 3), add(4, 1), add(2, unsigned(orientation)), add(2, 0);
+  add(2, 0x010E), add(2, 2), add(4, unsigned(place.size())), add(4, texts + unsigned(camera.size()));
+  add(4, 0);
+  return exif + camera + place;
+}
+
+QImage MakePhoto(QSize size, unsigned seed) {
+  const SmoothNoise noise(seed);
+  std::minstd_rand sensor(seed + 1);
+  QImage image(size, QImage::Format_RGB32);
+  const float unit = 1000.0F / float(std::max(size.width(), size.height()));
+  for (int y = 0; y < size.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    for (int x = 0; x < size.width(); ++x) {
+      const float u = float(x) * unit;
+      const float v = float(y) * unit;
+      const float shapes = noise.At(u / 180, v / 180);
+      const float leaves = noise.At(u / 9, v / 9) * (shapes > 0 ? 0.5F : 0.1F);
+      const float edge = shapes > 0.2F ? 0.45F : -0.2F;
+      const float grain = float(sensor() % 17) - 8;
+      const auto level = [&](float tint) {
+        return int(std::clamp(128 + 70 * (edge + shapes * tint + leaves) + grain, 0.0F, 255.0F));
+      };
+      line[x] = qRgb(level(1.0F), level(0.6F), level(-0.4F));
+    }
+  }
+  return image;
+}
+
+QImage MakeRings(QSize size, double finest) {
+  QImage image(size, QImage::Format_RGB32);
+  const double reach = std::hypot(size.width(), size.height()) / 2;
+  const double speed = std::numbers::pi / (finest * reach);
+  for (int y = 0; y < size.height(); ++y)
+    for (int x = 0; x < size.width(); ++x) {
+      const double dx = x - size.width() / 2.0;
+      const double dy = y - size.height() / 2.0;
+      const int grey = int(128 + 110 * std::cos(speed * (dx * dx + dy * dy)));
+      image.setPixel(x, y, qRgb(grey, grey, grey));
+    }
+  return image;
+}
+
+QImage MakeTextPage(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  painter.setPen(Qt::black);
+  int y = 0;
+  for (int line = 0; y < size.height(); ++line) {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(size.height() / (24 + line % 5 * 10));
+    painter.setFont(font);
+    y += font.pixelSize() * 5 / 4;
+    painter.drawText(
+        font.pixelSize(), y,
+        QStringLiteral("Articolo %1: viti a testa svasata 4×40, acciaio inox A2, conf. 250 pz. — € 12,50")
+            .arg(line));
+  }
+  return image;
+}
+
+QImage MakeQuarters(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  QPainter painter(&image);
+  const int right = size.width() / 2;
+  const int below = size.height() / 2;
+  painter.fillRect(0, 0, right, below, Qt::red);
+  painter.fillRect(right, 0, size.width(), below, Qt::green);
+  painter.fillRect(right, below, size.width(), size.height(), Qt::blue);
+  painter.fillRect(0, below, right, size.height(), Qt::white);
+  return image;
+}
+
+}  // namespace vorlina

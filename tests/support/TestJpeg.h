@@ -1,0 +1,40 @@
+// JPEG files for tests and benchmarks: photographs that are made up, in every form that a camera or a program
+// may write.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace vorlina {
+
+struct JpegForm {
+  int quality = 92;
+  bool progressive = false;
+  // How many samples of the first plane stand across and down for one of the others.
+  int across = 2;
+  int down = 2;
+  enum class Colours { YCbCr, Grey, Cmyk, Rgb } colours = Colours::YCbCr;
+  QByteArray exif;  // the body of an APP1 marker
+  QByteArray icc;
+};
+
+// CMYK is written inverted, as the usual programs do.
+QByteArray MakeJpeg(const QImage& image, const JpegForm& form = {});
+
+// EXIF data with an orientation, a camera's name and a place, in either byte order.
+QByteArray MakeExif(int orientation, bool bigEndian = false);
+
+// What looks like a photograph to a codec: soft shapes, edges, a fine texture and a sensor's noise. Equal for
+// an equal seed.
+QImage MakePhoto(QSize size, unsigned seed);
+
+// Rings that become finer outwards, up to a period of finest pixels.
+QImage MakeRings(QSize size, double finest);
+
+// A page of text of several sizes; needs a QGuiApplication.
+QImage MakeTextPage(QSize size);
+
+// One colour in each quarter: red, green, blue and white, from the upper left clockwise to the lower left.
+QImage MakeQuarters(QSize size);
+
+}  // namespace vorlina
