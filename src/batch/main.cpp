@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName(u"Norsel"_qs);
   QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
   // A broken picture is told by whoever reads it; the decoder's own lines would bury that.
-  QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_qs);
+  QLoggingCategory::setFilterRules(u"qt.gui.i*=false"_qs);
   std::signal(SIGINT, AskToStop);
   std::signal(SIGTERM, AskToStop);
   ConsoleDialogs dialogs;

@@ -49,7 +49,7 @@ inline constexpr qint64 LargestPixels = 300'000'000;
 // Reads the head. Throws Error for what is no JPEG, has no size or is larger than allowed.
 JpegHead ReadJpegHead(const QByteArray& jpeg);
 
-// Decodes at the smallest of the reduced scales that still covers the wanted size, unturned. Greyscale,
+// Decodes at a reduced scale that still covers the wanted size, unturned. Greyscale,
 // YCbCr, RGB and CMYK files come out as grey or YCbCr, in the colours of the file's profile. Throws Error; a
 // damaged or truncated file is refused, as is one that takes more than 256 MB to decode.
 PlanarImage DecodeJpeg(const QByteArray& jpeg, QSize atLeast);

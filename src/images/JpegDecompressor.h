@@ -23,8 +23,8 @@ class JpegDecompressor {
   const jpeg_decompress_struct& Info() const { return info_; }
   bool IsCmyk() const { return info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK; }
 
-  // Chooses the smallest of the scales 1/8 to 8/8 at which the stored picture still covers the size; an empty
-  // size is covered by the full scale alone.
+  // Chooses the smallest of the scales 1/8, 1/4, 1/2 and 1 at which the stored picture covers the size with
+  // something to spare; an empty size takes the full scale.
   void ScaleToCover(QSize atLeast);
 
   // Starts decoding into the planes as they are stored, or into lines of these colours.

@@ -14,8 +14,8 @@ struct JpegForm {
   int across = 2;
   int down = 2;
   enum class Colours { YCbCr, Grey, Cmyk, Rgb } colours = Colours::YCbCr;
-  QByteArray exif;  // the body of an APP1 marker
-  QByteArray icc;
+  QByteArray exif = {};  // the body of an APP1 marker
+  QByteArray icc = {};
 };
 
 // CMYK is written inverted, as the usual programs do.

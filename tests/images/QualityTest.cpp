@@ -1,0 +1,124 @@
+// How near the reduced decoding comes to a full one: the structural similarity to a full decode with a
+// Lanczos filter.
+#include <QImage>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "images/PictureRendering.h"
+#include "support/Print.h"
+#include "support/TestJpeg.h"
+
+using namespace vorlina;
+
+namespace {
+
+struct Grey {
+  int width = 0;
+  int height = 0;
+  std::vector<double> values;
+  double At(int x, int y) const { return values[std::size_t(y) * std::size_t(width) + std::size_t(x)]; }
+};
+
+Grey GreyOf(const QImage& image) {
+  Grey grey{image.width(), image.height(), {}};
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const QRgb pixel = image.pixel(x, y);
+      grey.values.push_back(0.299 * qRed(pixel) + 0.587 * qGreen(pixel) + 0.114 * qBlue(pixel));
+    }
+  return grey;
+}
+
+double Lanczos(double x) {
+  if (std::abs(x) < 1e-9) return 1;
+  if (std::abs(x) >= 3) return 0;
+  const double angle = std::numbers::pi * x;
+  return 3 * std::sin(angle) * std::sin(angle / 3) / (angle * angle);
+}
+
+// The plain definition, one axis at a time: every source sample within reach, at full precision.
+Grey ScaledAcross(const Grey& source, int width) {
+  Grey target{width, source.height, std::vector<double>(std::size_t(width) * std::size_t(source.height))};
+  const double scale = double(source.width) / width;
+  for (int x = 0; x < width; ++x) {
+    const double centre = (x + 0.5) * scale - 0.5;
+    const int first = std::max(0, int(std::ceil(centre - 3 * scale)));
+    const int last = std::min(source.width - 1, int(std::floor(centre + 3 * scale)));
+    double total = 0;
+    for (int i = first; i <= last; ++i) total += Lanczos((i - centre) / scale);
+    for (int y = 0; y < source.height; ++y) {
+      double sum = 0;
+      for (int i = first; i <= last; ++i) sum += source.At(i, y) * Lanczos((i - centre) / scale);
+      target.values[std::size_t(y) * std::size_t(width) + std::size_t(x)] =
+          std::clamp(sum / total, 0.0, 255.0);
+    }
+  }
+  return target;
+}
+
+Grey Turned(const Grey& source) {
+  Grey target{source.height, source.width, {}};
+  for (int y = 0; y < target.height; ++y)
+    for (int x = 0; x < target.width; ++x) target.values.push_back(source.At(y, x));
+  return target;
+}
+
+Grey Scaled(const Grey& source, QSize size) {
+  return Turned(ScaledAcross(Turned(ScaledAcross(source, size.width())), size.height()));
+}
+
+// The mean structural similarity over windows of eight by eight samples, as Wang and others define it (2004).
+double Ssim(const Grey& a, const Grey& b) {
+  constexpr int Window = 8;
+  constexpr double C1 = 0.01 * 255 * 0.01 * 255;
+  constexpr double C2 = 0.03 * 255 * 0.03 * 255;
+  double sum = 0;
+  int windows = 0;
+  for (int top = 0; top + Window <= a.height; top += 4)
+    for (int left = 0; left + Window <= a.width; left += 4, ++windows) {
+      double meanA = 0, meanB = 0, squareA = 0, squareB = 0, product = 0;
+      for (int y = top; y < top + Window; ++y)
+        for (int x = left; x < left + Window; ++x) {
+          const double p = a.At(x, y);
+          const double q = b.At(x, y);
+          meanA += p, meanB += q, squareA += p * p, squareB += q * q, product += p * q;
+        }
+      constexpr double n = Window * Window;
+      meanA /= n, meanB /= n;
+      const double varianceA = squareA / n - meanA * meanA;
+      const double varianceB = squareB / n - meanB * meanB;
+      const double covariance = product / n - meanA * meanB;
+      sum += (2 * meanA * meanB + C1) * (2 * covariance + C2) /
+             ((meanA * meanA + meanB * meanB + C1) * (varianceA + varianceB + C2));
+    }
+  return sum / windows;
+}
+
+}  // namespace
+
+TEST(Quality, AReducedDecodeLooksLikeAFullOne) {
+  struct Case {
+    const char* name;
+    QImage image;
+  };
+  std::vector<Case> cases = {{"text", MakeTextPage({3000, 2000})},
+                             {"text, a little too large", MakeTextPage({1100, 900})},
+                             {"rings", MakeRings({2400, 1800}, 8)},
+                             {"fine rings", MakeRings({4000, 3000}, 12)}};
+  for (const QSize size :
+       {QSize(4000, 3000), QSize(3000, 2000), QSize(2048, 1536), QSize(1280, 960), QSize(1700, 2300)})
+    cases.push_back({"photo", MakePhoto(size, unsigned(size.width()))});
+  std::vector<double> all;
+  for (const Case& one : cases) {
+    const QByteArray jpeg = MakeJpeg(one.image);
+    const QImage ours = QImage::fromData(FitToLimit(jpeg, 800, {}).jpeg, "jpeg");
+    const Grey reference = Scaled(GreyOf(QImage::fromData(jpeg, "jpeg")), ours.size());
+    all.push_back(Ssim(GreyOf(ours), reference));
+    EXPECT_GE(all.back(), 0.985) << one.name << ' ' << one.image.width() << " x " << one.image.height();
+    std::printf("%-26s %4d x %4d  %.4f\n", one.name, one.image.width(), one.image.height(), all.back());
+  }
+  std::sort(all.begin(), all.end());
+  EXPECT_GE(all[all.size() / 2], 0.993) << "the median";
+}

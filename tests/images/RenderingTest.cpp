@@ -1,0 +1,221 @@
+// What becomes of foreign pictures in memory.
+#include <QColorSpace>
+#include <QImage>
+
+#include "base/Error.h"
+#include "images/PictureRendering.h"
+#include "support/Print.h"
+#include "support/TestJpeg.h"
+
+using namespace vorlina;
+using Colours = JpegForm::Colours;
+
+namespace {
+
+QImage Decoded(const QByteArray& jpeg) { return QImage::fromData(jpeg, "jpeg"); }
+
+// The colours in the middle of the four quarters, from the upper left clockwise, as letters.
+QString QuartersOf(const QImage& image) {
+  const int w = image.width();
+  const int h = image.height();
+  QString letters;
+  for (const QPoint& at : {QPoint(w / 4, h / 4), QPoint(w * 3 / 4, h / 4), QPoint(w * 3 / 4, h * 3 / 4),
+                           QPoint(w / 4, h * 3 / 4)}) {
+    const QRgb pixel = image.pixel(at);
+    const bool red = qRed(pixel) > 200;
+    const bool green = qGreen(pixel) > 200;
+    const bool blue = qBlue(pixel) > 200;
+    letters += red && green && blue     ? u'W'
+               : red && !green && !blue ? u'R'
+               : green && !blue         ? u'G'
+               : blue                   ? u'B'
+                                        : u'?';
+  }
+  return letters;
+}
+
+// The mean difference of two pictures' samples, in steps of 1/255.
+double Difference(const QImage& a, const QImage& b) {
+  if (a.size() != b.size()) return 255;
+  double sum = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y);
+      const QRgb q = b.pixel(x, y);
+      sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
+    }
+  return sum / (3.0 * a.width() * a.height());
+}
+
+QString FailureOf(const QByteArray& jpeg) {
+  try {
+    FitToLimit(jpeg, 800, {});
+  } catch (const Error& error) {
+    return error.Description();
+  }
+  return {};
+}
+
+}  // namespace
+
+TEST(Rendering, APictureStandsUprightOnceAndForAll) {
+  // What a camera held in each of the eight ways stores of the same scene R G / W B.
+  const char* stored[] = {"RGBW", "GRWB", "BWRG", "WBGR", "RWBG", "GBWR", "BGRW", "WRGB"};
+  const char colourOf[] = "RGBW";
+  for (int orientation = 1; orientation <= 8; ++orientation) {
+    const QSize size = orientation >= 5 ? QSize(1200, 1600) : QSize(1600, 1200);
+    const QImage quarters = MakeQuarters(size);
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y)
+      for (int x = 0; x < size.width(); ++x) {
+        const int quarter = (y < size.height() / 2 ? 0 : 3) + (x < size.width() / 2    ? 0
+                                                               : y < size.height() / 2 ? 1
+                                                                                       : -1);
+        const char colour = stored[orientation - 1][quarter];
+        image.setPixel(x, y,
+                       colour == colourOf[0]   ? 0xFFFF0000
+                       : colour == colourOf[1] ? 0xFF00FF00
+                       : colour == colourOf[2] ? 0xFF0000FF
+                                               : 0xFFFFFFFF);
+      }
+    for (const bool bigEndian : {false, true}) {
+      const QByteArray jpeg = MakeJpeg(image, {.exif = MakeExif(orientation, bigEndian)});
+      const FittedJpeg fitted = FitToLimit(jpeg, 800, {});
+      EXPECT_EQ(fitted.sizes.source, QSizeF(1600, 1200)) << orientation;
+      const QImage upright = Decoded(fitted.jpeg);
+      EXPECT_EQ(upright.size(), QSize(800, 600)) << orientation;
+      EXPECT_EQ(QuartersOf(upright), u"RGBW") << orientation << (bigEndian ? " big" : " little");
+      EXPECT_EQ(QuartersOf(Decoded(RenderThumbnail(fitted.jpeg, 200))), u"RGBW")
+          << "turned twice: " << orientation;
+    }
+  }
+}
+
+TEST(Rendering, EveryKindOfJpegComesOutRight) {
+  struct Case {
+    const char* name;
+    JpegForm form;
+    bool grey = false;
+  };
+  const Case cases[] = {{"4:4:4", {.across = 1, .down = 1}},
+                        {"4:2:2", {.across = 2, .down = 1}},
+                        {"4:4:0", {.across = 1, .down = 2}},
+                        {"4:2:0", {}},
+                        {"4:1:1", {.across = 4, .down = 1}},
+                        {"progressive", {.progressive = true}},
+                        {"grey", {.colours = Colours::Grey}, true},
+                        {"progressive grey", {.progressive = true, .colours = Colours::Grey}, true},
+                        {"RGB", {.colours = Colours::Rgb}},
+                        {"CMYK", {.colours = Colours::Cmyk}},
+                        {"progressive CMYK", {.progressive = true, .colours = Colours::Cmyk}}};
+  // An odd size, so that no plane ends with a block.
+  const QImage photo = MakePhoto({1203, 905}, 5);
+  for (const Case& one : cases) {
+    const QByteArray jpeg = MakeJpeg(photo, one.form);
+    QImage expected = photo;
+    if (one.grey)
+      expected = photo.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
+    const QImage again = Decoded(RenderAgain(jpeg, 100)).convertToFormat(QImage::Format_RGB32);
+    EXPECT_LT(Difference(again, expected), 6) << one.name << " in its own size";
+    const FittedJpeg fitted = FitToLimit(jpeg, 800, {});
+    EXPECT_EQ(Decoded(fitted.jpeg).size(), QSize(806, 606))
+        << one.name;  // 66.5 per cent are 67, or 66 to even
+    const QImage small =
+        expected.scaled(Decoded(fitted.jpeg).size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_LT(Difference(Decoded(fitted.jpeg).convertToFormat(QImage::Format_RGB32), small), 5) << one.name;
+  }
+}
+
+TEST(Rendering, ColoursOfAnotherProfileBecomeSrgb) {
+  QImage image = MakePhoto({640, 480}, 3);
+  image.setColorSpace(QColorSpace(QColorSpace::SRgb));
+  const QColorSpace wide(QColorSpace::DisplayP3);
+  const QByteArray jpeg =
+      MakeJpeg(image.convertedToColorSpace(wide), {.quality = 98, .icc = wide.iccProfile()});
+  const QImage stored = Decoded(RenderAgain(jpeg, 100)).convertToFormat(QImage::Format_RGB32);
+  EXPECT_LT(Difference(stored, image), 4);
+  EXPECT_TRUE(stored.colorSpace() == QColorSpace() || stored.colorSpace() == QColorSpace(QColorSpace::SRgb));
+  // A profile that is none is passed over.
+  EXPECT_EQ(Decoded(RenderAgain(MakeJpeg(image, {.icc = QByteArray(200, 'x')}), 100)).size(), image.size());
+}
+
+TEST(Rendering, NothingButThePictureSurvives) {
+  const QColorSpace wide(QColorSpace::DisplayP3);
+  const QByteArray jpeg = MakeJpeg(MakePhoto({900, 600}, 1), {.exif = MakeExif(6), .icc = wide.iccProfile()});
+  ASSERT_TRUE(jpeg.contains("45.0703N"));
+  const QByteArray main = FitToLimit(jpeg, 800, {}).jpeg;
+  for (const QByteArray& stored : {main, RenderThumbnail(main, 200), RenderAgain(jpeg, 100)})
+    for (const char* trace : {"Exif", "VorlinaCam", "45.0703N", "ICC_PROFILE"})
+      EXPECT_FALSE(stored.contains(trace)) << trace;
+}
+
+TEST(Rendering, TheLongerSideDecides) {
+  struct Case {
+    QSize size;
+    QSizeF target;
+    QSize stored;
+    QSize thumbnail;
+  };
+  const Case cases[] = {{{800, 600}, {800, 600}, {800, 600}, {200, 150}},
+                        {{1600, 1200}, {800, 600}, {800, 600}, {200, 150}},
+                        {{1000, 3000}, {1000 * 80.0 / 300, 800}, {270, 810}, {68, 203}},
+                        {{801, 801}, {800, 800}, {801, 801}, {200, 200}},
+                        {{100, 50}, {100, 50}, {100, 50}, {200, 100}},
+                        {{1, 1}, {1, 1}, {1, 1}, {200, 200}},
+                        {{9000, 10}, {800, 8.0 / 9}, {810, 1}, {203, 1}}};
+  for (const Case& one : cases) {
+    QImage image(one.size, QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    const FittedJpeg fitted = FitToLimit(MakeJpeg(image), 800, {});
+    EXPECT_EQ(fitted.sizes.source, QSizeF(one.size));
+    EXPECT_NEAR(fitted.sizes.target.width(), one.target.width(), 1e-9);
+    EXPECT_NEAR(fitted.sizes.target.height(), one.target.height(), 1e-9);
+    EXPECT_EQ(Decoded(fitted.jpeg).size(), one.stored);
+    EXPECT_EQ(Decoded(RenderThumbnail(fitted.jpeg, 200)).size(), one.thumbnail);
+  }
+}
+
+TEST(Rendering, TheSettingsTurnTheStepsOnAndOff) {
+  const QByteArray large = MakeJpeg(MakePhoto({1600, 1200}, 1));
+  const QByteArray small = MakeJpeg(MakePhoto({640, 480}, 1));
+  EXPECT_TRUE(FitToLimit(small, 800, {.reRender = false}).jpeg.isEmpty());
+  EXPECT_EQ(Decoded(FitToLimit(large, 800, {.reRender = false}).jpeg).size(), QSize(800, 600));
+  EXPECT_EQ(Decoded(FitToLimit(large, 800, {.shrink = false}).jpeg).size(), QSize(1600, 1200));
+  const FittedJpeg untouched = FitToLimit(large, 800, {.shrink = false, .reRender = false});
+  EXPECT_TRUE(untouched.jpeg.isEmpty());
+  EXPECT_EQ(untouched.sizes.target, QSizeF(1600, 1200));
+  EXPECT_LT(FitToLimit(large, 800, {.quality = 40}).jpeg.size(), FitToLimit(large, 800, {}).jpeg.size() / 3);
+}
+
+TEST(Rendering, ADamagedOrForeignPictureIsRefusedWithItsReason) {
+  const QByteArray jpeg = MakeJpeg(MakePhoto({1600, 1200}, 1));
+  const QByteArray progressive = MakeJpeg(MakePhoto({1600, 1200}, 1), {.progressive = true});
+  // The frame header holds the height and the width at five bytes after its marker.
+  const auto withSides = [](QByteArray bytes, quint16 width, quint16 height) {
+    const qsizetype frame = std::max(bytes.indexOf("\xFF\xC0"), bytes.indexOf("\xFF\xC2"));
+    for (const auto& [at, side] : {std::pair{5, height}, std::pair{7, width}}) {
+      bytes[frame + at] = char(side >> 8);
+      bytes[frame + at + 1] = char(side & 0xFF);
+    }
+    return bytes;
+  };
+  QByteArray damaged = jpeg;
+  for (qsizetype i = jpeg.size() / 2; i < jpeg.size() / 2 + 2000; i += 7) damaged[i] = char(0xFF);
+  const std::pair<const char*, QByteArray> cases[] = {
+      {"empty", {}},
+      {"a PNG", QByteArray("\x89PNG\r\n\x1a\n", 8) + QByteArray(5000, 'x')},
+      {"three bytes", jpeg.left(3)},
+      {"the head alone", jpeg.left(600)},
+      {"truncated by half", jpeg.left(jpeg.size() / 2)},
+      {"without its last hundred bytes", jpeg.left(jpeg.size() - 100)},
+      {"damaged in the middle", damaged},
+      {"progressive, truncated", progressive.left(progressive.size() * 9 / 10)},
+      {"more than 300 megapixels", withSides(jpeg, 30000, 10001)},
+      {"more than 65,500 a side", withSides(jpeg, 65501, 1)},
+      {"progressive, more memory than allowed", withSides(progressive, 16000, 16000)},
+      {"no size", withSides(jpeg, 0, 600)}};
+  for (const auto& [name, bytes] : cases)
+    EXPECT_TRUE(FailureOf(bytes).startsWith(u"The JPEG picture cannot be read: "_qs))
+        << name << ": " << FailureOf(bytes);
+  EXPECT_EQ(FailureOf(jpeg), QString());
+}
