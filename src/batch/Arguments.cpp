@@ -9,20 +9,22 @@
 namespace vorlina {
 namespace {
 
+enum class Word { None, File, Folder };
+
 struct CommandForm {
   QStringList options;  // that it needs
-  bool takesFile;
+  Word word;            // what follows its name
 };
 
 const std::map<QString, CommandForm>& CommandForms() {
   static const std::map<QString, CommandForm> forms{
-      {u"catalogs"_qs, {{}, false}},
-      {u"plugins"_qs, {{}, false}},
-      {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, false}},
-      {u"import"_qs, {{u"--catalog"_qs}, true}},
-      {u"check"_qs, {{}, false}},
-      {u"backup"_qs, {{}, true}},
-      {u"restore"_qs, {{}, true}}};
+      {u"catalogs"_qs, {{}, Word::None}},
+      {u"plugins"_qs, {{}, Word::None}},
+      {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, Word::None}},
+      {u"import"_qs, {{u"--catalog"_qs}, Word::Folder}},
+      {u"check"_qs, {{}, Word::None}},
+      {u"backup"_qs, {{}, Word::File}},
+      {u"restore"_qs, {{}, Word::File}}};
   return forms;
 }
 
@@ -92,11 +94,14 @@ void RequireForm(const QString& command, const Pieces& pieces) {
     if (!needed.contains(option) && option != u"--app" && option != u"--json" && option != u"--language")
       Refuse(u"Il comando %1 non ha l'opzione %2"_qs.arg(command, option),
              u"The command %1 has no option %2"_qs.arg(command, option));
-  const qsizetype files = pieces.words.size() - 1;
-  if (form->second.takesFile && files != 1)
+  const qsizetype words = pieces.words.size() - 1;
+  if (form->second.word == Word::File && words != 1)
     Refuse(u"Il comando %1 vuole un nome di file"_qs.arg(command),
            u"The command %1 takes one file name"_qs.arg(command));
-  if (!form->second.takesFile && files > 0)
+  if (form->second.word == Word::Folder && words != 1)
+    Refuse(u"Il comando %1 vuole una cartella"_qs.arg(command),
+           u"The command %1 takes one folder"_qs.arg(command));
+  if (form->second.word == Word::None && words > 0)
     Refuse(u"Di troppo: %1"_qs.arg(pieces.words[1]), u"Too much: %1"_qs.arg(pieces.words[1]));
 }
 

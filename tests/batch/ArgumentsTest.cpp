@@ -41,6 +41,8 @@ TEST(Arguments, WhatMakesNoSenseIsToldWithWhatIsRight) {
       {u"catalogs --json=1"_qs, u"Unknown option"_qs},
       {u"catalogs more"_qs, u"Too much: more"_qs},
       {u"backup"_qs, u"takes one file name"_qs},
+      {u"import --catalog 1"_qs, u"takes one folder"_qs},
+      {u"import a"_qs, u"needs the option --catalog"_qs},
       {u"restore a b"_qs, u"takes one file name"_qs},
   };
   for (const auto& [line, tells] : cases) {

@@ -4,12 +4,16 @@
 
 #include "batch/BatchFixture.h"
 #include "store/SampleData.h"
+#include "support/TestJpeg.h"
 
 using namespace vorlina;
 
 namespace {
 
-class CommandsTest : public BatchFixture {};
+class CommandsTest : public BatchFixture {
+ protected:
+  CommandsTest() { QDir(outside_.path()).mkdir(u"photos"_qs); }
+};
 
 QStringList Keys(const QJsonObject& object) { return object.keys(); }
 
@@ -66,13 +70,26 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   EXPECT_TRUE(QFileInfo::exists(Outside(u"site/index.html"_qs)));
   EXPECT_EQ(publish.err, QString()) << "no progress where there is no terminal";
 
+  for (const QString& name : {u"a.jpg"_qs, u"b.JPG"_qs})
+    WriteFileSafely(Outside(u"photos/"_qs + name), MakeJpeg(MakePhoto({900, 600}, 1)));
+  const Ran import = Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"109"_qs, u"--json"_qs}));
+  EXPECT_EQ(import.exitCode, 0) << import.out << import.err;
+  EXPECT_EQ(import.Json(), (QJsonObject{{u"catalog"_qs, 109},
+                                        {u"command"_qs, u"import"_qs},
+                                        {u"imported"_qs, 2},
+                                        {u"ok"_qs, true},
+                                        {u"pictures"_qs, 2},
+                                        {u"source"_qs, Outside(u"photos"_qs)}}));
+  EXPECT_EQ(Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"109"_qs})).out,
+            u"Imported 2 products\n");
+
   for (const QString& command : {u"backup"_qs, u"restore"_qs}) {
     connection_.Close();
     const Ran run = Batch(Here({command, u"b.zip"_qs, u"--json"_qs}));
     EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
     EXPECT_EQ(Keys(run.Json()),
               (QStringList{u"bytes"_qs, u"command"_qs, u"file"_qs, u"files"_qs, u"folder"_qs, u"ok"_qs}));
-    EXPECT_EQ(run.Json()[u"files"].toInt(), 9);
+    EXPECT_EQ(run.Json()[u"files"].toInt(), 17);
   }
 }
 
@@ -130,6 +147,27 @@ TEST_F(CommandsTest, WhatCannotBeDoneIsToldAndIsOne) {
   EXPECT_EQ(FilesIn(outside_.path()).size(), 2U);
   connection_.Close();
   EXPECT_TRUE(Batch(Here({u"restore"_qs, u"broken.zip"_qs})).err.contains(u"damaged"));
+}
+
+TEST_F(CommandsTest, AnImportTellsHowFarItCame) {
+  AddCatalog(u"Catalog"_qs);
+  const QStringList line = Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"1"_qs});
+  EXPECT_EQ(Batch(line).err, u"No'jpg' images in the selected folder\n");
+  WriteFileSafely(Outside(u"photos/a.jpg"_qs), MakeJpeg(MakePhoto({900, 600}, 1)));
+  WriteFileSafely(Outside(u"photos/b.jpg"_qs), "no picture");
+  const Ran run = Batch(line);
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.out, u"Imported 1 product\n");
+  EXPECT_TRUE(run.err.contains(u"photos/b.jpg cannot be read: it is no JPEG picture"_qs)) << run.err;
+  EXPECT_TRUE(Batch(Here({u"check"_qs})).out.contains(u"1-2.jpg"_qs));
+  // What the program would show in a box goes to the error output, and the import goes on.
+  connection_.Execute(u"UPDATE Extensions SET C=0, P=0"_qs);
+  QFile::remove(Outside(u"photos/b.jpg"_qs));
+  const Ran faulty = Batch(line);
+  EXPECT_EQ(faulty.exitCode, 0);
+  EXPECT_TRUE(faulty.err.contains(u"Error in Extensions table"_qs)) << faulty.err;
+  EXPECT_EQ(Batch(Here({u"import"_qs, u"nowhere"_qs, u"--catalog"_qs, u"1"_qs})).exitCode, 1);
+  EXPECT_EQ(Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"7"_qs})).exitCode, 1);
 }
 
 TEST_F(CommandsTest, ADatabaseThatCannotBeUsedIsToldByEveryCommand) {

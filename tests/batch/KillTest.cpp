@@ -6,6 +6,7 @@
 
 #include "batch/BatchFixture.h"
 #include "catalogs/Backup.h"
+#include "support/TestJpeg.h"
 
 using namespace vorlina;
 
@@ -138,4 +139,44 @@ TEST_F(KillTest, PublishingLeavesWholeFilesAndCanAlwaysBeDoneAgain) {
   }
   EXPECT_GE(hits, Kills * 9 / 10);
   std::printf("%d of %d kills hit publishing (%d ms)\n", hits, Kills, duration);
+}
+
+TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
+  const int catalog = AddCatalog(u"Catalog"_qs);
+  connection_.Close();
+  QDir(outside_.path()).mkdir(u"photos"_qs);
+  const QByteArray photo = MakeJpeg(MakePhoto({1600, 1200}, 1));
+  for (int i = 0; i < 40; ++i) WriteFileSafely(Outside(u"photos/%1.jpg"_qs.arg(i)), photo);
+  const QByteArray empty = ContentOf(Path());
+  const auto prepare = [&] {
+    QDir(AppFile(u"Images"_qs)).removeRecursively();
+    QDir().mkpath(AppFile(u"Images"_qs));
+    WriteFileSafely(Path(), empty);
+    QFile::remove(Path() + u"-journal"_qs);
+  };
+  const QStringList import = Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, QString::number(catalog)});
+  int duration = Duration(import, prepare);
+  QByteArray whole;
+  int hits = 0;
+  for (int i = 0; i < Kills; ++i) {
+    prepare();
+    hits += Kill(i, import, duration, AppFile(u"Images/%1-%2.jpg"_qs.arg(catalog).arg(i % 30 + 1))) ? 1 : 0;
+    const Ran check = Batch(Here({u"check"_qs, u"--json"_qs}));
+    ASSERT_EQ(check.exitCode, 0) << check.out;
+    int pictures = 0;
+    for (const auto finding : check.Json()[u"findings"].toArray())
+      pictures += finding.toObject()[u"subject"].toString().endsWith(u".jpg"_qs) &&
+                  !finding.toObject()[u"subject"].toString().startsWith(u't');
+    EXPECT_LE(pictures, 1) << check.out;
+    Connection connection;
+    OpenCatalogDatabase(connection, Path());
+    Rows rows(connection, u"SELECT Immagine FROM Prodotti"_qs);
+    while (rows.Next()) {
+      const QByteArray picture = ContentOf(rows.Value(0).toString());
+      if (whole.isEmpty()) whole = picture;
+      ASSERT_TRUE(picture == whole && !picture.isEmpty());
+    }
+  }
+  EXPECT_GE(hits, Kills * 9 / 10);
+  std::printf("%d of %d kills hit the import (%d ms)\n", hits, Kills, duration);
 }
