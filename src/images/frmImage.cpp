@@ -10,6 +10,7 @@
 #include "base/Settings.h"
 #include "base/WindowPlace.h"
 #include "images/ShownPicture.h"
+#include "images/WidgetPicture.h"
 #include "ui_frmImage.h"
 
 namespace vorlina {
