@@ -4,8 +4,10 @@
 // usage: vorlina-screenshots FOLDER
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QPalette>
@@ -13,6 +15,7 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QTreeWidget>
 #include <cstdio>
 
@@ -21,6 +24,8 @@
 #include "base/Language.h"
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
+#include "images/frmImage.h"
+#include "images/frmImageViewer.h"
 #include "shell/frmCatalogs.h"
 #include "support/frmSplash.h"
 
@@ -56,6 +61,44 @@ class Photographer {
   QString suffix_;
 };
 
+void Press(QWidget& window, Qt::Key key) {
+  QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window, &event);
+}
+
+// Pictures are as sharp as they get when their window has been at rest for a moment.
+void TakeAtRest(const Photographer& photographer, QWidget& window, const QString& name) {
+  window.show();
+  QEventLoop loop;
+  QTimer::singleShot(400, &loop, &QEventLoop::quit);
+  loop.exec();
+  photographer.Take(window, name);
+}
+
+void TakePreview(const Photographer& photographer) {
+  frmImage preview;
+  preview.Percorso = AppFile(u"Images/109-TZ-201.jpg"_qs);
+  preview.LoadForm();
+  TakeAtRest(photographer, preview, u"frmImage"_qs);
+}
+
+// The pager at its first page with a tile selected, and at its last one. It waits for its user, so that the
+// pictures are taken from within.
+void TakePager(const Photographer& photographer, Connection& connection) {
+  frmImageViewer pager;
+  pager.IDCatalogo = 109;
+  pager.Connection = &connection;
+  QTimer::singleShot(0, &pager, [&] {
+    Press(pager, Qt::Key_Right);
+    Press(pager, Qt::Key_Right);
+    TakeAtRest(photographer, pager, u"frmImageViewer"_qs);
+    Press(pager, Qt::Key_End);
+    TakeAtRest(photographer, pager, u"frmImageViewer-last"_qs);
+    pager.reject();
+  });
+  pager.ShowCatalog(u"ORDER BY OrdineTemp"_qs);
+}
+
 void TakeAll(const Photographer& photographer) {
   frmSplash splash;
   splash.LoadSplash();
@@ -73,6 +116,9 @@ void TakeAll(const Photographer& photographer) {
   auto* plugins = catalogs.findChild<QTreeWidget*>(u"lstPlugIns"_qs);
   Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);
   photographer.Take(catalogs, u"frmCatalogs-publish"_qs);
+
+  TakePreview(photographer);
+  TakePager(photographer, catalogs.cnnCatalog);
 }
 
 // The scale is the process's own, so this program starts itself once for each.
@@ -115,6 +161,7 @@ int main(int argc, char** argv) {
   SetSettingsFolder(place.filePath(u"settings"_qs));
   QFile::copy(QStringLiteral(VORLINA_APP_DIR "/Catalog.db"), place.filePath(u"Catalog.db"_qs));
   QFile::link(QStringLiteral(VORLINA_APP_DIR "/PubWiz"), place.filePath(u"PubWiz"_qs));
+  QFile::link(QStringLiteral(VORLINA_APP_DIR "/Images"), place.filePath(u"Images"_qs));
   SetAppPath(place.path());
   for (const QString& language : {u"Italian"_qs, u"English"_qs}) {
     SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, language);

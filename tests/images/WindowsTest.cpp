@@ -1,0 +1,409 @@
+// The preview and the pager, worked as their users do.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+#include "base/SafeFile.h"
+#include "base/Settings.h"
+#include "images/ImagePipeline.h"
+#include "images/frmImage.h"
+#include "images/frmImageViewer.h"
+#include "support/ScriptedDialogs.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+void WritePicture(const QString& path, QSize size, const QColor& colour) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(colour);
+  ASSERT_TRUE(image.save(path, "JPG"));
+}
+
+// "red", "green" or "blue" in the middle of a box, or "none" where another colour is seen.
+QString ColourOf(QWidget& box) {
+  const QColor colour = box.grab().toImage().pixelColor(box.rect().center() * box.devicePixelRatioF());
+  for (const QString& name : {u"red"_qs, u"lime"_qs, u"blue"_qs}) {
+    const QColor other(name);
+    if (std::abs(colour.red() - other.red()) + std::abs(colour.green() - other.green()) +
+            std::abs(colour.blue() - other.blue()) <
+        60)
+      return name;
+  }
+  return u"none"_qs;
+}
+
+template <class T>
+T* Find(QWidget& window, const QString& name) {
+  T* found = window.findChild<T*>(name);
+  EXPECT_NE(found, nullptr) << name;
+  return found;
+}
+
+void StorePosition(const QString& left, const QString& top) {
+  SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"ImmagineLeft"_qs, left);
+  SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"ImmagineTop"_qs, top);
+}
+
+class Preview : public StoreFixture {
+ protected:
+  Preview() { StorePosition(u"20"_qs, u"30"_qs); }
+
+  QString Picture(const QString& name, QSize size = {400, 200}) const {
+    WritePicture(AppFile(name), size, Qt::red);
+    return AppFile(name);
+  }
+  QWidget* Box() { return Find<QWidget>(window_, u"Picture1"_qs); }
+
+  ScriptedDialogs dialogs_;
+  frmImage window_;
+};
+
+class Pager : public StoreFixture {
+ protected:
+  Pager() {
+    catalog_ = AddCatalog(u"a"_qs);
+    UnexpectedModalGuard::allowed = QStringList{u"frmImageViewer"_qs};
+  }
+  ~Pager() override { UnexpectedModalGuard::allowed.clear(); }
+
+  // Products P00, P01 and so on; the first one stands last by OrdineTemp.
+  void AddProducts(int count) {
+    for (int i = 0; i < count; ++i) AddProduct(catalog_, u"P%1"_qs.arg(i, 2, 10, QChar(u'0')), count - i);
+  }
+  void SetColumn(const QString& code, const QString& column, const QString& value) {
+    connection_.Execute(u"UPDATE Prodotti SET "_qs + column + u"=? WHERE CodiceProdotto=?"_qs, {value, code});
+  }
+
+  // Shows the pager; the steps are taken when it is open, and it is closed after them.
+  QString Show(const std::function<void()>& steps, const QString& extra = u"ORDER BY CodiceProdotto"_qs,
+               const QVariantList& values = {}) {
+    pager_ = std::make_unique<frmImageViewer>();
+    pager_->IDCatalogo = catalog_;
+    pager_->Connection = &connection_;
+    shown_ = false;
+    QTimer::singleShot(0, pager_.get(), [&] {
+      shown_ = true;
+      steps();
+      pager_->reject();
+    });
+    return pager_->ShowCatalog(extra, values);
+  }
+
+  QWidget* Tile(int i) { return Find<QWidget>(*pager_, u"intPicture_%1"_qs.arg(i)); }
+  QWidget* Frame(int i) { return Find<QWidget>(*pager_, u"extPicture_%1"_qs.arg(i)); }
+  void Click(const QString& button) {
+    QTest::mouseClick(Find<QAbstractButton>(*pager_, button), Qt::LeftButton);
+  }
+  // Goes to the focused control, as a key does.
+  void Key(Qt::Key key) {
+    QWidget* focus = pager_->focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : pager_.get(), key);
+  }
+  void DoubleClick(int tile) { QTest::mouseDClick(Tile(tile), Qt::LeftButton); }
+
+  // The codes on the tiles as their tooltips tell them, and what the pager says of the page.
+  QString Page() {
+    QStringList codes;
+    for (int i = 0; i < 9; ++i) {
+      EXPECT_EQ(Tile(i)->toolTip(), Frame(i)->toolTip());
+      codes += Tile(i)->toolTip().section(u' ', 1, 1);
+    }
+    QString buttons;
+    for (const QString& name : {u"cmdFirst"_qs, u"cmdBack"_qs, u"cmdForward"_qs, u"cmdLast"_qs}) {
+      const auto* button = Find<QAbstractButton>(*pager_, name);
+      buttons += button->isEnabled() ? button->text() : u"-"_qs;
+    }
+    return codes.join(u',') + u' ' + Find<QLabel>(*pager_, u"lblPages"_qs)->text() + u' ' + buttons;
+  }
+
+  int catalog_ = 0;
+  bool shown_ = false;
+  ScriptedDialogs dialogs_;
+  std::unique_ptr<frmImageViewer> pager_;
+};
+
+}  // namespace
+
+TEST_F(Preview, ShowsAPictureWholeInTheMiddleAndNothingForWhatIsNone) {
+  window_.Percorso = Picture(u"wide.jpg"_qs);
+  window_.LoadForm();
+  window_.resize(500, 400);
+  window_.show();
+  EXPECT_EQ(window_.windowTitle(), u"Image"_qs);
+  EXPECT_EQ(Box()->geometry(), QRect(0, 75, 500, 250));
+  EXPECT_EQ(ColourOf(*Box()), u"red"_qs);
+
+  ASSERT_TRUE(QImage(10, 10, QImage::Format_RGB32).save(AppFile(u"png.jpg"_qs), "PNG"));
+  QFile whole(window_.Percorso);
+  ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+  WriteFileSafely(AppFile(u"cut.jpg"_qs), whole.readAll().chopped(300));
+  for (const QString& bad :
+       {u""_qs, AppFile(u"gone.jpg"_qs), AppPath(), AppFile(u"png.jpg"_qs), AppFile(u"cut.jpg"_qs)}) {
+    window_.ImageLoad(bad);
+    EXPECT_FALSE(Box()->isVisible()) << bad;
+    window_.ImageLoad(Picture(u"tall.jpg"_qs, {100, 200}));
+    EXPECT_TRUE(Box()->isVisible()) << bad;
+  }
+  EXPECT_EQ(Box()->geometry(), QRect(150, 0, 200, 400));
+  window_.resize(300, 200);
+  EXPECT_EQ(Box()->geometry(), QRect(100, 0, 100, 200));
+}
+
+// Stripes too fine for the small window come out when it grows.
+TEST_F(Preview, DecodesAgainWhenTheWindowGrows) {
+  QImage stripes(1600, 1200, QImage::Format_RGB32);
+  stripes.fill(Qt::white);
+  for (int x = 0; x < stripes.width(); ++x)
+    for (int y = 0; x % 4 < 2 && y < stripes.height(); ++y) stripes.setPixel(x, y, 0xff000000);
+  ASSERT_TRUE(stripes.save(AppFile(u"stripes.jpg"_qs), "JPG", 95));
+  const auto contrast = [this] {
+    const QImage seen = Box()->grab().toImage();
+    int darkest = 255;
+    int lightest = 0;
+    for (int x = 20; x < seen.width() - 20; ++x) {
+      const int grey = qGray(seen.pixel(x, seen.height() / 2));
+      darkest = std::min(darkest, grey);
+      lightest = std::max(lightest, grey);
+    }
+    return lightest - darkest;
+  };
+  window_.Percorso = AppFile(u"stripes.jpg"_qs);
+  window_.resize(200, 150);
+  window_.LoadForm();
+  window_.show();
+  EXPECT_LT(contrast(), 60);
+  window_.resize(1600, 1200);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return contrast() > 150; })) << contrast();
+}
+
+TEST_F(Preview, ComesBackToItsPlaceButNeverOutOfSight) {
+  const QSize screen = window_.screen()->geometry().size();
+  const QString title = ApplicationTitle();
+  QCoreApplication::setApplicationName(u"Fresh"_qs);  // settings in which nobody has written
+  window_.LoadForm();
+  EXPECT_EQ(window_.pos(), QPoint(screen.width() / 2, screen.height() / 2));
+  QCoreApplication::setApplicationName(title);
+
+  window_.LoadForm();
+  EXPECT_EQ(window_.pos(), QPoint(20, 30));
+  window_.show();
+  window_.move(44, 55);
+  window_.close();
+  frmImage next;
+  next.LoadForm();
+  EXPECT_EQ(next.pos(), QPoint(44, 55));
+  for (const auto& [left, top] : {std::pair{u"90000"_qs, u"-700"_qs}, {u"nan"_qs, u"1e300"_qs}}) {
+    StorePosition(left, top);
+    frmImage lost;
+    lost.LoadForm();
+    EXPECT_TRUE(lost.screen()->geometry().contains(lost.pos())) << left;
+  }
+}
+
+TEST_F(Preview, PullsTheListAlongAndClosesWithIt) {
+  QWidget card;
+  card.show();
+  auto* list = new QWidget(&window_, Qt::Window);
+  window_.ListaImmagini = list;
+  window_.Card = &card;
+  window_.LoadForm();
+  window_.show();
+  list->show();
+  const auto isDocked = [&] { return list->pos() == window_.frameGeometry().topRight() + QPoint(1, 0); };
+  EXPECT_TRUE(QTest::qWaitFor(isDocked));
+  window_.move(70, 80);
+  EXPECT_TRUE(QTest::qWaitFor(isDocked));
+  list->move(5, 5);
+  QTest::qWait(250);  // two ticks: the list stays where its user put it
+  EXPECT_EQ(list->pos(), QPoint(5, 5));
+  window_.restore();
+  EXPECT_TRUE(QTest::qWaitFor(isDocked));
+  window_.resize(window_.width() + 60, window_.height());
+  EXPECT_TRUE(QTest::qWaitFor(isDocked));
+
+  QTest::keyClick(&window_, Qt::Key_Escape);
+  EXPECT_FALSE(window_.isVisible());
+  EXPECT_FALSE(list->isVisible());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return card.isActiveWindow(); }));
+}
+
+TEST_F(Preview, WorksWithoutListAndCardAndWhenTheyAreGone) {
+  auto list = std::make_unique<QWidget>();
+  auto card = std::make_unique<QWidget>();
+  window_.ListaImmagini = list.get();
+  window_.Card = card.get();
+  window_.LoadForm();
+  window_.show();
+  list.reset();
+  card.reset();
+  Find<QScrollBar>(window_, u"HScroll"_qs)->setValue(99);
+  Find<QScrollBar>(window_, u"VScroll"_qs)->setMaximum(0);
+  QTest::qWait(150);
+  window_.close();
+  EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(Pager, PagesThroughTheProducts) {
+  const QString nine = u"P00,P01,P02,P03,P04,P05,P06,P07,P08"_qs;
+  AddProducts(9);
+  Show([&] { EXPECT_EQ(Page(), nine + u" Page 1 of 1 <<-->>"_qs); });
+  AddProduct(catalog_, u"P09"_qs);
+  Show([&] {
+    EXPECT_EQ(Page(), nine + u" Page 1 of 2 <<->>>"_qs);
+    Click(u"cmdForward"_qs);
+    EXPECT_EQ(Page(), u"P09,,,,,,,, Page 2 of 2 <<<->>"_qs);
+    Click(u"cmdBack"_qs);
+    EXPECT_EQ(Page(), nine + u" Page 1 of 2 <<->>>"_qs);
+    Key(Qt::Key_End);
+    EXPECT_EQ(Page(), u"P09,,,,,,,, Page 2 of 2 <<<->>"_qs);
+    Key(Qt::Key_PageDown);  // there is no further page
+    Click(u"cmdLast"_qs);
+    EXPECT_EQ(Page(), u"P09,,,,,,,, Page 2 of 2 <<<->>"_qs);
+    Key(Qt::Key_PageUp);
+    Key(Qt::Key_PageDown);
+    Key(Qt::Key_Home);
+    Click(u"cmdFirst"_qs);
+    EXPECT_EQ(Page(), nine + u" Page 1 of 2 <<->>>"_qs);
+  });
+  SetLanguage(u"Italian"_qs);
+  SetColumn(u"P09"_qs, u"Descrizione"_qs, u"Vaso"_qs);
+  Show([&] {
+    EXPECT_EQ(pager_->windowTitle(), u"Visualizza immagini"_qs);
+    Click(u"cmdLast"_qs);
+    EXPECT_EQ(Page(), u"P09,,,,,,,, Pagina 2 di 2 <<<->>"_qs);
+    EXPECT_EQ(Tile(0)->toolTip(), u"Codice: P09 Descrizione: Vaso"_qs);
+  });
+}
+
+TEST_F(Pager, TheExtraTextChoosesAndOrdersWithItsValuesBound) {
+  AddProducts(4);
+  Show([&] { EXPECT_TRUE(Page().startsWith(u"P02,P01,,")) << Page(); },
+       u"AND CodiceProdotto>? AND CodiceProdotto<? ORDER BY OrdineTemp"_qs, {u"P00' OR 1=1--"_qs, u"P03"_qs});
+  EXPECT_TRUE(shown_);
+  // A statement that fails shows nothing.
+  EXPECT_EQ(Show([] {}, u"AND Nothing=1"_qs), QString());
+  EXPECT_FALSE(shown_);
+}
+
+TEST_F(Pager, AnEmptyCatalogHasNothingToChoose) {
+  const QString code = Show([&] {
+    EXPECT_EQ(Page(), u",,,,,,,, Page 1 of 0 <<-->>"_qs);
+    DoubleClick(0);
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(pager_->isVisible());
+    Click(u"cmdLast"_qs);
+  });
+  EXPECT_TRUE(shown_);
+  EXPECT_EQ(code, QString());
+}
+
+TEST_F(Pager, ShowsTheThumbnailElseTheMainImageElseNothing) {
+  struct Case {
+    QString code;
+    bool thumbnail, broken, main;
+    QString colour;
+  };
+  const Case cases[] = {
+      {u"P00"_qs, true, false, true, u"red"_qs},   {u"P01"_qs, true, false, false, u"red"_qs},
+      {u"P02"_qs, false, false, true, u"blue"_qs}, {u"P03"_qs, false, true, true, u"blue"_qs},
+      {u"P04"_qs, false, true, false, u"none"_qs}, {u"P05"_qs, false, false, false, u"none"_qs}};
+  AddProducts(7);
+  for (const Case& c : cases) {
+    const QString main = MainImagePath(catalog_, c.code);
+    SetColumn(c.code, u"Immagine"_qs, main);
+    if (c.thumbnail) WritePicture(ThumbnailPath(main), {200, 50}, Qt::red);
+    if (c.broken) WriteFileSafely(ThumbnailPath(main), "\xFF\xD8\xFF no picture");
+    if (c.main) WritePicture(main, {800, 600}, Qt::blue);
+  }
+  Show([&] {
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(ColourOf(*Tile(i)), cases[i].colour) << cases[i].code;
+    EXPECT_EQ(ColourOf(*Tile(6)), u"none"_qs);
+    // The box takes the shape of its picture, inside the frame.
+    EXPECT_NEAR(double(Tile(1)->width()) / Tile(1)->height(), 4, 0.1);
+    EXPECT_GT(Frame(1)->height(), 2 * Tile(1)->height());
+    const int before = Tile(2)->height();
+    pager_->resize(pager_->size() * 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Tile(2)->height() > before * 3 / 2; }));
+    // A place larger than the thumbnail gets the main image, once the window is at rest.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ColourOf(*Tile(0)) == u"blue"_qs; }));
+    EXPECT_EQ(ColourOf(*Tile(1)), u"red"_qs);
+  });
+}
+
+TEST_F(Pager, TellsTextsAsTheyAre) {
+  AddProducts(3);
+  SetColumn(u"P00"_qs, u"Descrizione"_qs, u"<img src='x'><b>Bold</b> & more"_qs);
+  SetColumn(u"P01"_qs, u"Descrizione"_qs, u"5 < 6 & 7"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione=NULL WHERE CodiceProdotto='P02'"_qs);
+  Show([&] {
+    EXPECT_TRUE(Tile(0)->toolTip().contains(u"&lt;img src='x'&gt;&lt;b&gt;Bold&lt;/b&gt; &amp; more"))
+        << Tile(0)->toolTip();
+    EXPECT_EQ(Tile(1)->toolTip(), u"Code: P01 Description: 5 < 6 & 7"_qs);
+    EXPECT_EQ(Tile(2)->toolTip(), u"Code: P02 Description: "_qs);
+    EXPECT_EQ(Frame(0)->accessibleName(), u"Code: P00 Description: <img src='x'><b>Bold</b> & more"_qs);
+    EXPECT_TRUE(Tile(3)->toolTip().isEmpty());
+  });
+}
+
+TEST_F(Pager, GivesTheCodeThatWasChosenAndOnlyThen) {
+  AddProducts(13);
+  const auto chosen = [this](const std::function<void()>& steps) { return Show(steps); };
+  const auto keys = [this](const QList<Qt::Key>& list) {
+    return [this, list] {
+      for (const Qt::Key key : list) Key(key);
+    };
+  };
+  EXPECT_EQ(chosen([&] { DoubleClick(4); }), u"P04"_qs);
+  EXPECT_EQ(chosen([&] {
+              Click(u"cmdForward"_qs);
+              DoubleClick(3);
+            }),
+            u"P12"_qs);
+  EXPECT_EQ(chosen([&] { QTest::mouseClick(Tile(4), Qt::LeftButton); }), QString());
+  EXPECT_EQ(chosen([&] {
+              Click(u"cmdLast"_qs);
+              DoubleClick(4);  // an empty tile
+            }),
+            QString());
+  EXPECT_EQ(chosen(keys({Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Return})), u"P04"_qs);
+  EXPECT_EQ(chosen(keys({Qt::Key_Left, Qt::Key_Up, Qt::Key_Enter})), u"P00"_qs);
+  EXPECT_EQ(chosen(keys({Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Return})), QString());  // nothing selected
+  EXPECT_EQ(chosen(keys({Qt::Key_PageDown, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})),
+            u"P12"_qs);
+  EXPECT_EQ(chosen(keys({Qt::Key_Right, Qt::Key_Escape})), QString());
+  // By the Tab key to the buttons and back to the selected tile.
+  EXPECT_EQ(chosen([&] {
+              for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Tab}) Key(key);
+              EXPECT_EQ(pager_->focusWidget()->objectName(), u"cmdFirst"_qs);
+              for (const Qt::Key key : {Qt::Key_Backtab, Qt::Key_Return}) Key(key);
+            }),
+            u"P01"_qs);
+  EXPECT_EQ(chosen([&] {
+              Find<QWidget>(*pager_, u"cmdForward"_qs)->setFocus();
+              Key(Qt::Key_Return);
+              EXPECT_TRUE(Page().startsWith(u"P09,")) << Page();
+              DoubleClick(0);
+            }),
+            u"P09"_qs);
+}
+
+TEST_F(Pager, AProductDeletedMeanwhileLeavesAnEmptyTile) {
+  AddProducts(12);
+  const QString code = Show([&] {
+    connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='P10'"_qs);
+    Click(u"cmdForward"_qs);
+    EXPECT_EQ(Page(), u"P09,,P11,,,,,, Page 2 of 2 <<<->>"_qs);
+    DoubleClick(1);
+    EXPECT_TRUE(pager_->isVisible());
+    DoubleClick(2);
+  });
+  EXPECT_EQ(code, u"P11"_qs);
+}
