@@ -4,8 +4,6 @@ function(vorlina_room)
   cmake_parse_arguments(ROOM "" "" "CORE;WINDOWS" ${ARGN})
   target_sources(vorlina_core PRIVATE ${ROOM_CORE})
   target_sources(vorlina_windows PRIVATE ${ROOM_WINDOWS})
-  # Without this a form that is added to a build tree that exists is not seen.
-  set_property(TARGET vorlina_windows APPEND PROPERTY AUTOGEN_TARGET_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/CMakeLists.txt)
 endfunction()
 
 # vorlina_tests(NAME [WINDOWS] SOURCES a.cpp ...): one test runner. WINDOWS links the windows and runs a QApplication on
