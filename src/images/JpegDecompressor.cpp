@@ -23,12 +23,14 @@ void RefuseSize(QSize size) {
                .arg(size.height()));
 }
 
-// Of the decoder's scales those by halves look best. What they leave out shows where hardly anything is left to the
-// filter that follows, which is why they are to be a fifth larger than what is wanted.
+// Of the decoder's scales those by halves look best. What they leave out shows where hardly anything is left
+// to the filter that follows, which is why they are to be a fifth larger than what is wanted.
 unsigned CoveringScale(QSize size, QSize atLeast) {
   if (atLeast.isEmpty()) return 8;
   for (unsigned eighths = 1; eighths < 8; eighths *= 2) {
-    const auto covers = [=](int side, int wanted) { return qint64(side) * eighths * 5 >= qint64(wanted) * 8 * 6; };
+    const auto covers = [=](int side, int wanted) {
+      return qint64(side) * eighths * 5 >= qint64(wanted) * 8 * 6;
+    };
     if (covers(size.width(), atLeast.width()) && covers(size.height(), atLeast.height())) return eighths;
   }
   return 8;

@@ -31,14 +31,18 @@ bool IsShrunk(const JpegHead& head, double limit, const PictureSettings& setting
   return settings.shrink && LongerSide(head.size) > std::nearbyint(limit);
 }
 
-// Scales a decoded picture to a size (both as stored), turns it upright and encodes it.
-QByteArray Render(PlanarImage image, const JpegHead& head, QSize size, int quality) {
+// Scales a decoded picture to a size (both as stored), brings it to sRGB and turns it upright.
+PlanarImage Prepared(PlanarImage image, const JpegHead& head, QSize size) {
   if (LongerSide(size) > LargestSide)
     throw Error(EitherLanguage(u"L'immagine diventerebbe troppo grande"_qs,
                                u"The picture would become too large"_qs));
   image = Resample(std::move(image), size);
   ConvertToSrgb(image, head.iccProfile);
-  return EncodeJpeg(Upright(std::move(image), head.orientation), quality);
+  return Upright(std::move(image), head.orientation);
+}
+
+QSize ThumbnailSize(QSize size, double limit) {
+  return Scaled(size, WholePerCents(100 * limit / LongerSide(size)));
 }
 
 }  // namespace
@@ -52,14 +56,15 @@ FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSetting
   const QSizeF size = UprightSize(head);
   const bool shrinks = IsShrunk(head, limit, settings);
   const double scale = shrinks ? 100 * limit / LongerSide(size) : 100;
-  FittedJpeg fitted{{size, shrinks ? size * scale / 100 : size}, {}};
+  FittedJpeg fitted{{size, shrinks ? size * scale / 100 : size}, {}, {}};
   const bool renders = shrinks || settings.reRender;
   const QSize target = Scaled(head.size, WholePerCents(scale));
   // Also a picture that stays is decoded, at the least cost: a damaged one is not to enter a catalog.
   PlanarImage image = DecodeJpeg(jpeg, renders ? target : QSize(1, 1));
   if (!renders) return fitted;
   try {
-    fitted.jpeg = Render(std::move(image), head, target, settings.quality);
+    fitted.image = Prepared(std::move(image), head, target);
+    fitted.jpeg = EncodeJpeg(fitted.image, settings.quality);
   } catch (const std::exception& error) {
     qCDebug(images) << "not encoded:" << DescriptionOf(error);
   }
@@ -68,13 +73,18 @@ FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSetting
 
 QByteArray RenderThumbnail(const QByteArray& jpeg, double limit) {
   const JpegHead head = ReadJpegHead(jpeg);
-  const QSize size = Scaled(head.size, WholePerCents(100 * limit / LongerSide(head.size)));
-  return Render(DecodeJpeg(jpeg, size), head, size, ThumbnailQuality);
+  const QSize size = ThumbnailSize(head.size, limit);
+  return EncodeJpeg(Prepared(DecodeJpeg(jpeg, size), head, size), ThumbnailQuality);
+}
+
+QByteArray RenderThumbnail(PlanarImage image, double limit) {
+  const QSize size = ThumbnailSize(image.Size(), limit);
+  return EncodeJpeg(Resample(std::move(image), size), ThumbnailQuality);
 }
 
 QByteArray RenderAgain(const QByteArray& jpeg, int quality) {
   const JpegHead head = ReadJpegHead(jpeg);
-  return Render(DecodeJpeg(jpeg, {}), head, head.size, quality);
+  return EncodeJpeg(Prepared(DecodeJpeg(jpeg, {}), head, head.size), quality);
 }
 
 qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings) {

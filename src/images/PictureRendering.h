@@ -26,7 +26,8 @@ struct ResizeResult {
 
 struct FittedJpeg {
   ResizeResult sizes;
-  QByteArray jpeg;  // empty where the picture stays as it is
+  QByteArray jpeg;    // empty where the picture stays as it is
+  PlanarImage image;  // what was encoded: upright, in sRGB
 };
 
 // The size of the upright picture.
@@ -39,6 +40,8 @@ FittedJpeg FitToLimit(const QByteArray& jpeg, double limit, const PictureSetting
 // The picture with its longer side at the limit, at the quality of thumbnails; a smaller one is enlarged.
 // Throws Error.
 QByteArray RenderThumbnail(const QByteArray& jpeg, double limit);
+// The same of an upright picture in sRGB.
+QByteArray RenderThumbnail(PlanarImage image, double limit);
 
 // The picture in its own size, decoded and encoded. Throws Error.
 QByteArray RenderAgain(const QByteArray& jpeg, int quality);

@@ -76,12 +76,14 @@ PreparedPictures::Outcome PreparedPictures::Prepare(const QString& file) {
 }
 
 PreparedPicture PreparedPictures::Render(const QByteArray& jpeg) {
+  FittedJpeg fitted = FitToLimit(jpeg, limit_, settings_);
   PreparedPicture picture;
-  picture.jpeg = FitToLimit(jpeg, limit_, settings_).jpeg;
-  const QByteArray& stored = picture.jpeg.isEmpty() ? jpeg : picture.jpeg;
-  picture.size = UprightSize(ReadJpegHead(stored));
+  const bool stays = fitted.jpeg.isEmpty();
+  picture.size = stays ? UprightSize(ReadJpegHead(jpeg)) : fitted.image.Size();
+  picture.jpeg = fitted.jpeg;
   try {
-    picture.thumbnail = RenderThumbnail(stored, ThumbnailLimit);
+    picture.thumbnail = stays ? RenderThumbnail(jpeg, ThumbnailLimit)
+                              : RenderThumbnail(std::move(fitted.image), ThumbnailLimit);
   } catch (const std::exception&) {
     // A missing thumbnail is not reported: the picture itself is shown in its place.
     picture.thumbnail.clear();
