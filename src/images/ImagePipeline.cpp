@@ -61,7 +61,7 @@ QByteArray ReadPictureFile(const QString& path) {
     RefuseFile(path, EitherLanguage(u"supera i 512 MB"_qs, u"it is larger than 512 MB"_qs));
   if (!IsJpeg(file.peek(3)))
     RefuseFile(path, EitherLanguage(u"non è un'immagine JPEG"_qs, u"it is no JPEG picture"_qs));
-  const QByteArray jpeg = file.readAll();
+  QByteArray jpeg = file.readAll();
   if (file.error() != QFileDevice::NoError) RefuseFile(path, file.errorString());
   return jpeg;
 }

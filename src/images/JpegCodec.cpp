@@ -39,6 +39,7 @@ PlanarImage DecodePlanes(JpegDecompressor& decompressor) {
   const unsigned lines = unsigned(info.max_v_samp_factor * info.min_DCT_scaled_size);
   const unsigned bands = (info.output_height + lines - 1) / lines;
   std::vector<BlockPlane> all;
+  all.reserve(std::size_t(info.num_components));
   for (int i = 0; i < info.num_components; ++i) all.emplace_back(info.comp_info[i], bands);
   for (unsigned band = 0; band < bands; ++band) {
     JSAMPARRAY rows[MAX_COMPONENTS] = {};

@@ -17,7 +17,7 @@ namespace {
 class PipelineTest : public StoreFixture {
  protected:
   QString Write(const QString& name, const QByteArray& bytes) const {
-    const QString path = AppFile(u"Images/"_qs + name);
+    QString path = AppFile(u"Images/"_qs + name);
     WriteFileSafely(path, bytes);
     return path;
   }

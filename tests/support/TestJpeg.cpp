@@ -92,7 +92,7 @@ QByteArray MakeJpeg(const QImage& image, const JpegForm& form) {
     jpeg_write_scanlines(&info, &row, 1);
   }
   jpeg_finish_compress(&info);
-  const QByteArray jpeg(reinterpret_cast<const char*>(bytes), qsizetype(size));
+  QByteArray jpeg(reinterpret_cast<const char*>(bytes), qsizetype(size));
   jpeg_destroy_compress(&info);
   std::free(bytes);
   return jpeg;
