@@ -127,7 +127,8 @@ TEST_F(PipelineTest, ForTheScreenAPictureIsUprightAndNoLargerThanNeeded) {
   const QImage image = LoadPicture(path, {240, 320}, &size);
   EXPECT_EQ(size, QSize(1200, 1600));
   EXPECT_EQ(image.size(), QSize(300, 400));
-  EXPECT_EQ(image.pixelColor(30, 30), QColor(Qt::white)) << "the lower left quarter is now the upper left one";
+  EXPECT_EQ(image.pixelColor(30, 30), QColor(Qt::white))
+      << "the lower left quarter is now the upper left one";
   EXPECT_GT(image.pixelColor(270, 30).red(), 250);
   EXPECT_EQ(LoadPicture(path, {}).size(), QSize(1200, 1600));
   EXPECT_NE(FailureOf([&] { LoadPicture(Write(u"1-2.jpg"_qs, turned.left(3000)), {}); }), QString());

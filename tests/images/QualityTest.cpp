@@ -107,8 +107,8 @@ TEST(Quality, AReducedDecodeLooksLikeAFullOne) {
                              {"text, a little too large", MakeTextPage({1100, 900})},
                              {"rings", MakeRings({2400, 1800}, 8)},
                              {"fine rings", MakeRings({4000, 3000}, 12)}};
-  for (const QSize size :
-       {QSize(4000, 3000), QSize(3000, 2000), QSize(1600, 1200), QSize(2048, 1536), QSize(1280, 960), QSize(1700, 2300)})
+  for (const QSize size : {QSize(4000, 3000), QSize(3000, 2000), QSize(1600, 1200), QSize(2048, 1536),
+                           QSize(1280, 960), QSize(1700, 2300)})
     cases.push_back({"photo", MakePhoto(size, unsigned(size.width()))});
   std::vector<double> all;
   for (const Case& one : cases) {
