@@ -78,6 +78,7 @@ void Connection::OpenFile(const QString& path) {
 
 void Connection::Close() {
   RollbackIfOpen();
+  versionStatement_.reset();
   database_.reset();
   hold_.Release();
 }
@@ -101,6 +102,18 @@ void Connection::Execute(const QString& sql, const QVariantList& values) {
 }
 
 int Connection::Changes() const { return Database().getChanges(); }
+
+// The database's own number tells what other connections wrote, the other one what this one did.
+qint64 Connection::ChangeMark() const {
+  return WithStoreErrors([&] {
+    if (versionStatement_ == nullptr)
+      versionStatement_ = std::make_unique<SQLite::Statement>(Database(), "PRAGMA data_version");
+    versionStatement_->executeStep();
+    const qint64 others = versionStatement_->getColumn(0).getInt64();
+    versionStatement_->reset();
+    return others * (qint64(1) << 32) + Database().getTotalChanges();
+  });
+}
 
 qint64 Connection::LastInsertId() const { return Database().getLastInsertRowid(); }
 

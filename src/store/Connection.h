@@ -5,6 +5,7 @@
 //   VORLINA_TEXT    compares texts without regard to letter case, in every script
 //   VORLINA_LOCALE  sorts as the user's locale does; for ORDER BY alone
 //   LIKE            without regard to letter case, in every script
+//   VORLINA_RANK    the place of a number in a list that is bound as a whole; for ORDER BY
 //   MID, LEN        a part of a text counted from 1, and a text's length, in characters
 #pragma once
 
@@ -61,6 +62,10 @@ class Connection {
   // The table's counter has given this number: a rollback must not free it again.
   void KeepCounter(const QString& table, qint64 number);
 
+  // Differs from an earlier answer once this connection or another one, of this program or not, has written
+  // to the database. Throws Error.
+  qint64 ChangeMark() const;
+
   // The database of SQLiteCpp. Throws Error when the connection is closed.
   SQLite::Database& Database() const;
 
@@ -73,6 +78,7 @@ class Connection {
 
   FolderHold hold_;
   std::unique_ptr<SQLite::Database> database_;
+  mutable std::unique_ptr<SQLite::Statement> versionStatement_;
   QString text_;
   bool begun_ = false;                  // a transaction, which the database may have given up since
   std::map<QString, qint64> counters_;  // given in the open transaction, by table

@@ -1,6 +1,7 @@
 #include "store/Recordset.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/Helpers.h"
@@ -8,15 +9,6 @@
 #include "store/Sqlite.h"
 
 namespace vorlina {
-
-// The rows that a recordset and its clones share.
-struct Recordset::Snapshot {
-  std::vector<qint64> keys;
-  std::vector<Row> rows;  // of a static recordset, beside the keys
-  qint64 generation = 0;  // counts the rows added and deleted
-
-  qint64 Count() const { return qint64(keys.size()); }
-};
 
 Recordset::Recordset() = default;
 Recordset::~Recordset() = default;
@@ -42,6 +34,7 @@ void Recordset::Open(const QString& source, Connection& connection, CursorType c
 
 void Recordset::Close() {
   rowStatement_.reset();
+  blockStatement_.reset();
   forward_.reset();
   rows_.reset();
   current_.reset();
@@ -49,6 +42,8 @@ void Recordset::Close() {
   editMode_ = EditMode::None;
   edits_.clear();
   filterColumn_.clear();
+  order_.clear();
+  orderValues_.clear();
 }
 
 // What the prepared statement tells of its columns, and whether its rows are rows of one table.
@@ -98,11 +93,20 @@ QString Recordset::KeyStatement() const {
   const QString filter = filterColumn_.isEmpty() ? QString() : QuoteName(filterColumn_) + u" IS ?"_qs;
   const QString where = select_->WhereAnd(filter);
   return u" FROM "_qs + select_->from + (where.isEmpty() ? QString() : u" WHERE "_qs + where) + u' ' +
-         select_->tail;
+         OrderedTail();
+}
+
+// The order that was set, and the source's own for rows that are equal in it.
+QString Recordset::OrderedTail() const {
+  if (order_.isEmpty()) return select_->tail;
+  const QString by = u"ORDER BY"_qs;
+  const bool ordered = select_->tail.startsWith(by, Qt::CaseInsensitive);
+  return by + u' ' + order_ + (ordered ? u',' : u' ') +
+         (ordered ? select_->tail.mid(by.size()) : select_->tail);
 }
 
 QVariantList Recordset::KeyValues() const {
-  return filterColumn_.isEmpty() ? values_ : values_ + QVariantList{filterValue_};
+  return (filterColumn_.isEmpty() ? values_ : values_ + QVariantList{filterValue_}) + orderValues_;
 }
 
 void Recordset::Load() {
@@ -134,6 +138,7 @@ void Recordset::Load() {
       rows_->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows_->Count() + 1);
       if (snapshot) rows_->rows.push_back(RowOf(statement, first));
     }
+    rows_->keys.shrink_to_fit();
   });
   generation_ = 0;
   StandOn(0);
@@ -161,6 +166,8 @@ Recordset Recordset::Clone() const {
   clone.pageSize_ = pageSize_;
   clone.filterColumn_ = filterColumn_;
   clone.filterValue_ = filterValue_;
+  clone.order_ = order_;
+  clone.orderValues_ = orderValues_;
   clone.rows_ = rows_;
   clone.generation_ = rows_->generation;
   clone.StandOn(0);
@@ -328,6 +335,24 @@ void Recordset::ClearFilter() {
   Load();
 }
 
+void Recordset::SetOrder(const QString& expression, const QVariantList& values) {
+  RequireScrolling();
+  if (!select_)
+    throw Error(EitherLanguage(u"L'elenco non si può ordinare"_qs, u"The list cannot be sorted"_qs));
+  CancelUpdate();
+  const std::shared_ptr<Snapshot> former = rows_;
+  const QString formerOrder = std::exchange(order_, expression);
+  const QVariantList formerValues = std::exchange(orderValues_, values);
+  try {
+    Load();
+  } catch (...) {
+    rows_ = former;
+    order_ = formerOrder;
+    orderValues_ = formerValues;
+    throw;
+  }
+}
+
 void Recordset::RequireSearchable(const QString& column) const {
   RequireScrolling();
   if (!select_ || fields_.At(fields_.IndexOf(column)).column.isEmpty())
@@ -432,21 +457,29 @@ std::vector<ColumnChange> Recordset::Changes() const {
   return changes;
 }
 
-void Recordset::Update() {
-  if (editMode_ == EditMode::None) return;
+// Writes the row in edit and runs the step behind it, both or nothing. Gives the row's key.
+qint64 Recordset::WriteRow(const std::function<void(qint64 bookmark)>& within) {
   const std::vector<ColumnChange> changes = Changes();
-  if (editMode_ == EditMode::Add) {
-    const qint64 key = writer_.Insert(changes);
-    editMode_ = EditMode::None;
+  std::optional<Transaction> transaction;
+  if (within) transaction.emplace(*connection_);
+  const qint64 key = editMode_ == EditMode::Add ? writer_.Insert(changes) : CurrentKey();
+  if (editMode_ == EditMode::InProgress) writer_.Update(key, IdentityOf(CurrentRow()), changes);
+  if (!within) return key;
+  within(key);
+  transaction->Commit();
+  return key;
+}
+
+void Recordset::Update(const std::function<void(qint64 bookmark)>& within) {
+  if (editMode_ == EditMode::None) return;
+  const qint64 key = WriteRow(within);
+  if (std::exchange(editMode_, EditMode::None) == EditMode::Add) {
     rows_->keys.push_back(key);
     if (cursor_ == CursorType::Static) rows_->rows.push_back(FetchRow(key).value_or(Row()));
     generation_ = ++rows_->generation;
     StandOn(rows_->Count() - 1);
     return;
   }
-  const qint64 key = CurrentKey();
-  if (!changes.empty()) writer_.Update(key, IdentityOf(CurrentRow()), changes);
-  editMode_ = EditMode::None;
   current_.reset();
   if (cursor_ == CursorType::Static) rows_->rows[std::size_t(index_)] = FetchRow(key).value_or(Row());
 }

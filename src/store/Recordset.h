@@ -29,6 +29,21 @@ enum class CursorType { Forward, Keyset, Static };
 enum class LockType { ReadOnly, Optimistic };
 enum class EditMode { None, InProgress, Add };
 
+// A row as it was fetched, apart from the current one.
+struct FetchedRow {
+  qint64 bookmark = 0;
+  bool exists = false;           // false where it was deleted meanwhile
+  std::vector<QVariant> values;  // of the recordset's columns
+  // The values that tell it from a later row which the database gave the same key.
+  std::vector<QVariant> identity;
+};
+
+// A row to be deleted, with the identity under which it was shown; one that was never shown has none.
+struct RowDeletion {
+  qint64 bookmark = 0;
+  std::optional<std::vector<QVariant>> identity;
+};
+
 class Recordset {
  public:
   Recordset();
@@ -79,6 +94,21 @@ class Recordset {
   // Shows only the rows whose column has the value, from the first on. Without arguments, all rows again.
   void SetFilter(const QString& column, const QVariant& value);
   void ClearFilter();
+  // Reads the keys anew in the order of an SQL expression ("?" for each value), before the order of its own
+  // source, and stands on the first row; a requery keeps it. "" is the source's order again. Where it fails,
+  // all is as before.
+  void SetOrder(const QString& expression, const QVariantList& values = {});
+
+  // Rows of a keyset from a position on, counted from 1, read by one statement; the current row stays what it
+  // is. Fewer where the recordset ends.
+  std::vector<FetchedRow> FetchRows(qint64 position, int count) const;
+  // The current row as it was read, without what was set in it since.
+  FetchedRow CurrentFetched() const;
+  // The bookmark at a position, and the position of a bookmark, without going there; 0 where there is none.
+  qint64 BookmarkAt(qint64 position) const;
+  qint64 PositionOf(qint64 bookmark) const;
+  // Differs from an earlier answer once anybody has written to the database.
+  qint64 ChangeMark() const;
 
   const RecordsetFields& Fields() const { return fields_; }
   // A column of the current row, or what was set in it since.
@@ -95,16 +125,30 @@ class Recordset {
   void AddNew();
   // Writes what was set. After a failure the row stays in edit. A row that was added is current, and the last
   // one.
-  void Update();
+  // A step given along runs with the row's bookmark once the row is written, in one transaction with it.
+  void Update(const std::function<void(qint64 bookmark)>& within = {});
   void CancelUpdate();
   // Deletes the current row; MoveNext then goes to the one behind it. A new row that was not written is given
   // up.
   void Delete();
+  // Deletes rows in one transaction, each after the step with its bookmark; a row that is gone already is
+  // passed over, and one that is another row by now fails. They stay in the list, as rows that somebody else
+  // deleted do, until DropRows takes them out. What was being edited is given up.
+  void DeleteRows(const std::vector<RowDeletion>& rows, const std::function<void(qint64 bookmark)>& before);
+  // Takes rows out of the list, not out of the database. The first row is current.
+  void DropRows(std::vector<qint64> bookmarks);
   EditMode Editing() const { return editMode_; }
 
  private:
-  struct Snapshot;
   using Row = std::vector<QVariant>;
+  // The rows that a recordset and its clones share.
+  struct Snapshot {
+    std::vector<qint64> keys;
+    std::vector<Row> rows;  // of a static recordset, beside the keys
+    qint64 generation = 0;  // counts the rows added and deleted
+
+    qint64 Count() const { return qint64(keys.size()); }
+  };
 
   void Analyse();
   void Load();
@@ -113,6 +157,10 @@ class Recordset {
   Row IdentityOf(const Row& row) const;
   QString KeyStatement() const;
   QVariantList KeyValues() const;
+  QString OrderedTail() const;
+  qint64 WriteRow(const std::function<void(qint64 bookmark)>& within);
+  SQLite::Statement& BlockStatement() const;
+  void FetchBlock(FetchedRow* rows, int count) const;
   std::vector<qint64> MatchingKeys(const QString& column, const QVariant& value) const;
   const Row& CurrentRow() const;
   std::optional<Row> FetchRow(qint64 key) const;
@@ -136,6 +184,8 @@ class Recordset {
   int pageSize_ = 10;
   QString filterColumn_;  // base column
   QVariant filterValue_;
+  QString order_;
+  QVariantList orderValues_;
 
   std::shared_ptr<Snapshot> rows_;
   std::unique_ptr<Rows> forward_;
@@ -150,6 +200,7 @@ class Recordset {
   EditMode editMode_ = EditMode::None;
   std::vector<std::optional<QVariant>> edits_;
   mutable std::shared_ptr<SQLite::Statement> rowStatement_;
+  mutable std::shared_ptr<SQLite::Statement> blockStatement_;
 };
 
 }  // namespace vorlina

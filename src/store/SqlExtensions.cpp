@@ -3,6 +3,7 @@
 #include <QCollator>
 #include <QStringView>
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 #include "store/Sqlite.h"
@@ -103,6 +104,35 @@ void Like(sqlite3_context* context, int count, sqlite3_value** arguments) {
   sqlite3_result_int(context, matches ? 1 : 0);
 }
 
+// VORLINA_RANK(ranks, number), where ranks are pairs of 64-bit integers, a number and its rank, sorted by
+// number. Null for a number that has none.
+void Rank(sqlite3_context* context, int, sqlite3_value** arguments) {
+  struct Pair {
+    qint64 number;
+    qint64 rank;
+  };
+  if (sqlite3_value_type(arguments[0]) != SQLITE_BLOB) return sqlite3_result_null(context);
+  if (sqlite3_value_type(arguments[1]) == SQLITE_NULL) return sqlite3_result_null(context);
+  const auto count = std::size_t(sqlite3_value_bytes(arguments[0])) / sizeof(Pair);
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
+  const qint64 number = sqlite3_value_int64(arguments[1]);
+  const auto at = [&](std::size_t index) {
+    Pair pair;
+    std::memcpy(&pair, bytes + index * sizeof(Pair), sizeof(Pair));
+    return pair;
+  };
+  std::size_t low = 0;
+  for (std::size_t high = count; low < high;) {
+    const std::size_t middle = low + (high - low) / 2;
+    if (at(middle).number < number)
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  if (low == count || at(low).number != number) return sqlite3_result_null(context);
+  sqlite3_result_int64(context, at(low).rank);
+}
+
 void Check(SQLite::Database& database, int result) {
   if (result != SQLITE_OK) throw SQLite::Exception(database.getHandle(), result);
 }
@@ -127,6 +157,7 @@ void RegisterSqlExtensions(SQLite::Database& database) {
   add("MID", 2, Mid);
   add("MID", 3, Mid);
   add("LEN", 1, Len);
+  add("VORLINA_RANK", 2, Rank);
   add("like", 2, Like);
   add("like", 3, Like);
 }

@@ -7,6 +7,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "store/RowErrors.h"
 
 namespace vorlina {
 
@@ -14,10 +15,20 @@ Q_LOGGING_CATEGORY(StoreLog, "vorlina.store", QtInfoMsg)
 
 namespace {
 
+// The columns of "UNIQUE constraint failed: Prodotti.IDCatalogo, Prodotti.CodiceProdotto".
+QString ColumnsIn(const SQLite::Exception& failure) {
+  const QString message = QString::fromUtf8(failure.what());
+  return message.mid(message.indexOf(u": ") + 2);
+}
+
+bool IsDuplicate(const SQLite::Exception& failure) {
+  const int code = failure.getExtendedErrorCode();
+  return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ||
+         code == SQLITE_CONSTRAINT_ROWID;
+}
+
 QString ConstraintText(const SQLite::Exception& failure) {
-  // "UNIQUE constraint failed: Prodotti.IDCatalogo, Prodotti.CodiceProdotto"
-  QString message = QString::fromUtf8(failure.what());
-  const QString columns = message.mid(message.indexOf(u": ") + 2);
+  const QString columns = ColumnsIn(failure);
   switch (failure.getExtendedErrorCode()) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
@@ -32,7 +43,7 @@ QString ConstraintText(const SQLite::Exception& failure) {
       return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs)
           .arg(columns);
     default:
-      return message;
+      return QString::fromUtf8(failure.what());
   }
 }
 
@@ -68,7 +79,10 @@ QString FailureText(const SQLite::Exception& failure) {
 
 }  // namespace
 
-void ThrowStoreError(const SQLite::Exception& failure) { throw Error(FailureText(failure)); }
+void ThrowStoreError(const SQLite::Exception& failure) {
+  if (IsDuplicate(failure)) throw DuplicateError(FailureText(failure), ColumnsIn(failure).split(u", "_qs));
+  throw Error(FailureText(failure));
+}
 
 SQLite::Statement Prepare(SQLite::Database& database, const QString& sql) {
   return SQLite::Statement(database, sql.toUtf8().toStdString());
