@@ -210,7 +210,8 @@ void Recordset::Relocate() const {
   generation_ = rows_->generation;
   const auto found = std::find(rows_->keys.begin(), rows_->keys.end(), key_);
   index_ = found != rows_->keys.end() ? found - rows_->keys.begin() : std::min(index_, rows_->Count());
-  current_.reset();
+  // What is in edit is written against the values it began with.
+  if (found == rows_->keys.end() && editMode_ != EditMode::InProgress) current_.reset();
 }
 
 // Leaves the current row, which writes what was being edited, and stands on another.
@@ -462,7 +463,7 @@ qint64 Recordset::WriteRow(const std::function<void(qint64 bookmark)>& within) {
   const std::vector<ColumnChange> changes = Changes();
   std::optional<Transaction> transaction;
   if (within) transaction.emplace(*connection_);
-  const qint64 key = editMode_ == EditMode::Add ? writer_.Insert(changes) : CurrentKey();
+  const qint64 key = editMode_ == EditMode::Add ? writer_.Insert(changes) : key_;
   if (editMode_ == EditMode::InProgress) writer_.Update(key, IdentityOf(CurrentRow()), changes);
   if (!within) return key;
   within(key);

@@ -1,0 +1,27 @@
+// A column of a grid, described by data.
+#pragma once
+
+#include <QString>
+#include <QVariant>
+#include <Qt>
+
+#include "grid/Lookup.h"
+
+namespace vorlina {
+
+enum class ColumnKind { Text, Number, Boolean, Lookup };
+
+struct GridColumn {
+  QString key = {};  // the recordset's name for it; of an unbound column any other name
+  QString caption = {};
+  ColumnKind kind = ColumnKind::Text;
+  bool bound = true;
+  bool visible = true;  // for the view; a hidden column has its values all the same
+  bool readOnly = false;
+  bool wordWrap = false;
+  Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
+  QVariant defaultValue = {};  // of a new row; QVariant() for the table's own
+  Lookup lookup = {};
+};
+
+}  // namespace vorlina

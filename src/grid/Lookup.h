@@ -1,0 +1,37 @@
+// What a drop-down column offers: numbers that its cells hold, and the texts that the user sees for them.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <optional>
+#include <vector>
+
+namespace vorlina {
+
+struct LookupItem {
+  qint64 value = 0;
+  QString text;
+};
+
+class Lookup {
+ public:
+  Lookup() = default;
+  explicit Lookup(std::vector<LookupItem> items);
+
+  // As they are shown: sorted by the user's locale.
+  const std::vector<LookupItem>& Items() const { return items_; }
+  // "" for a value that is not offered.
+  QString TextOf(qint64 value) const;
+  // The value of a text in any letter case, the first of those that share it.
+  std::optional<qint64> ValueOf(const QString& text) const;
+  // The values with their places among the texts, for VORLINA_RANK; values that share a text share a place.
+  QByteArray Ranks() const;
+
+ private:
+  std::vector<LookupItem> items_;
+  QHash<qint64, qsizetype> byValue_;
+  QHash<QString, qint64> byText_;  // folded
+};
+
+}  // namespace vorlina

@@ -1,0 +1,349 @@
+#include "grid/RecordsetModel.h"
+
+#include <sqlite3.h>
+
+#include <QAbstractItemModelTester>
+
+#include "base/Helpers.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+enum { Code, Text, Filter, Public, Catalog, Order, Picture };
+
+// A grid over products C, A, B in the order of their rows, under the eyes of Qt's own model tester.
+class RecordsetModelTest : public StoreFixture {
+ protected:
+  RecordsetModelTest() : catalog_(AddCatalog(u"Uno"_qs)), other_(AddCatalog(u"Due"_qs)) {
+    for (const QString& code : {u"C"_qs, u"A"_qs, u"B"_qs}) AddProduct(catalog_, code);
+    connection_.Execute(
+        u"UPDATE Prodotti SET IDFiltro1=CASE CodiceProdotto WHEN 'A' THEN 3 WHEN 'B' THEN 1 ELSE "
+        u"0 END, OrdineTemp=rowid"_qs);
+    second_.Open(ConnectionTextFor(Path()));
+    QObject::connect(&model_, &RecordsetModel::Failed, [this](const QString& text) { failures_ += text; });
+    OpenProducts();
+    model_.Bind(products_, Columns());
+  }
+
+  void OpenProducts() {
+    products_.Open(
+        u"SELECT CodiceProdotto As [Codice], Descrizione, IDFiltro1 As [Colore \"d'oro\"], Pubblica, "
+        u"IDCatalogo As _IDCatalogo, OrdineTemp As Ordine FROM Prodotti NOT INDEXED WHERE IDCatalogo=?"_qs,
+        connection_, CursorType::Keyset, LockType::Optimistic, {catalog_});
+  }
+  std::vector<GridColumn> Columns() const {
+    std::vector<GridColumn> columns(7);
+    columns[Code] = {.key = u"Codice"_qs, .caption = u"Code"_qs};
+    columns[Text] = {.key = u"descrizione"_qs, .caption = u"Description"_qs};
+    columns[Filter] = {.key = u"Colore \"d'oro\""_qs,
+                       .caption = u"Colour"_qs,
+                       .kind = ColumnKind::Lookup,
+                       .lookup = Lookup({{1, u"verde"_qs}, {2, u"Blu"_qs}, {3, u"arancio"_qs}})};
+    columns[Public] = {.key = u"Pubblica"_qs, .kind = ColumnKind::Boolean};
+    columns[Catalog] = {
+        .key = u"_IDCatalogo"_qs, .kind = ColumnKind::Number, .visible = false, .defaultValue = catalog_};
+    columns[Order] = {.key = u"Ordine"_qs, .kind = ColumnKind::Number};
+    columns[Picture] = {.key = u"Immagine"_qs, .bound = false};
+    return columns;
+  }
+
+  QModelIndex At(int row, int column) const { return model_.index(row, column); }
+  QString Codes() const {
+    QStringList codes;
+    for (int row = 0; row < model_.RecordCount(); ++row) codes += At(row, Code).data().toString();
+    return codes.join(u' ');
+  }
+  QVariant Stored(const QString& column, const QString& code) {
+    return One(column, u"Prodotti"_qs, u"CodiceProdotto=? AND IDCatalogo=?"_qs, {code, catalog_});
+  }
+  // As another program would.
+  void Elsewhere(const QString& sql) {
+    second_.Execute(sql);
+    model_.Refresh();
+  }
+
+  const int catalog_;
+  const int other_;
+  Connection second_;
+  Recordset products_;
+  RecordsetModel model_;
+  QAbstractItemModelTester tester_{&model_, QAbstractItemModelTester::FailureReportingMode::Fatal};
+  QStringList failures_;
+};
+
+}  // namespace
+
+TEST_F(RecordsetModelTest, ShowsValuesByTheirKind) {
+  EXPECT_EQ(model_.rowCount(), 4);
+  EXPECT_EQ(Codes(), u"C A B"_qs);
+  EXPECT_EQ(At(1, Filter).data(), u"arancio"_qs);
+  EXPECT_EQ(At(1, Filter).data(Qt::EditRole), 3);
+  EXPECT_EQ(At(0, Filter).data(), QString()) << "0 is no value";
+  EXPECT_EQ(At(0, Public).data(Qt::CheckStateRole), Qt::Checked);
+  EXPECT_TRUE(model_.flags(At(0, Public)).testFlag(Qt::ItemIsUserCheckable));
+  EXPECT_FALSE(model_.flags(At(0, Picture)).testFlag(Qt::ItemIsEditable));
+  EXPECT_TRUE(model_.Value(0, Text).isNull());
+  EXPECT_EQ(At(0, Text).data(Qt::EditRole), QString());
+  EXPECT_EQ(model_.Value(3, u"_idcatalogo"_qs), catalog_) << "the default of the add-new row";
+  EXPECT_EQ(model_.headerData(3, Qt::Vertical), u"*"_qs);
+  model_.OnUnboundData = [&](int row, int, int role) {
+    return role == Qt::DecorationRole ? model_.Value(row, u"Codice"_qs) : QVariant();
+  };
+  EXPECT_EQ(At(2, Picture).data(Qt::DecorationRole), u"B"_qs);
+  GridColumn wrapped = model_.Column(Code);
+  wrapped.caption = u"Codice"_qs;
+  wrapped.alignment = Qt::AlignCenter;
+  model_.SetColumn(Code, wrapped);
+  EXPECT_EQ(model_.headerData(Code, Qt::Horizontal), u"Codice"_qs);
+  EXPECT_EQ(At(0, Code).data(Qt::TextAlignmentRole).value<Qt::Alignment>(), Qt::AlignCenter);
+  model_.SetAddNewRow(false);
+  EXPECT_EQ(model_.rowCount(), 3);
+  model_.SetAddNewRow(true);
+  model_.Unbind();
+  EXPECT_EQ(model_.rowCount(), 0);
+}
+
+TEST_F(RecordsetModelTest, SortsByWhatIsShownAndKeepsTheSelection) {
+  connection_.Execute(
+      u"UPDATE Prodotti SET Descrizione=CASE CodiceProdotto WHEN 'A' THEN 'b' WHEN 'B' THEN 'C' "
+      u"ELSE 'a' END"_qs);
+  const QPersistentModelIndex onB = At(2, Code);
+  const QPersistentModelIndex onNew = At(3, Text);
+  struct {
+    int column;
+    SortDirection direction;
+    QString codes;
+  } const cases[] = {{Code, SortDirection::Ascending, u"A B C"_qs},
+                     {Code, SortDirection::Descending, u"C B A"_qs},
+                     {Text, SortDirection::Ascending, u"C A B"_qs},
+                     {Filter, SortDirection::Ascending, u"C A B"_qs},
+                     {Filter, SortDirection::Descending, u"B A C"_qs},
+                     {Order, SortDirection::Descending, u"B A C"_qs},
+                     {-1, SortDirection::None, u"C A B"_qs}};
+  for (const auto& test : cases) {
+    ASSERT_TRUE(model_.SortBy(test.column, test.direction));
+    EXPECT_EQ(Codes(), test.codes) << test.column;
+    EXPECT_EQ(model_.SortColumn(), test.column);
+    EXPECT_EQ(onB.data(), u"B"_qs);
+    EXPECT_EQ(onNew.row(), 3);
+  }
+  EXPECT_FALSE(model_.SortBy(Picture, SortDirection::Ascending));
+
+  // A reload and a new recordset keep the order; a row is found again by its code.
+  model_.SortBy(Code, SortDirection::Ascending);
+  AddProduct(catalog_, u"AA"_qs);
+  ASSERT_TRUE(model_.Reload());
+  EXPECT_EQ(Codes(), u"A AA B C"_qs);
+  products_.Close();
+  OpenProducts();
+  ASSERT_TRUE(model_.Bind(products_, Columns()));
+  EXPECT_EQ(Codes(), u"A AA B C"_qs);
+  EXPECT_EQ(model_.FindRow(u"Codice"_qs, u"b"_qs), 2);
+  EXPECT_EQ(model_.FindRow(u"Codice"_qs, u"d'oro"_qs), -1);
+  EXPECT_EQ(model_.RowOf(model_.BookmarkOf(2)), 2);
+}
+
+TEST_F(RecordsetModelTest, WritesARowWhenItIsLeftAndUndoesItBefore) {
+  EXPECT_TRUE(model_.setData(At(0, Text), u"È nuovo"_qs));
+  EXPECT_EQ(model_.StateOf(0), RowState::Edited);
+  EXPECT_TRUE(Stored(u"Descrizione"_qs, u"C"_qs).isNull());
+  model_.Revert();
+  EXPECT_TRUE(model_.Value(0, Text).isNull());
+
+  EXPECT_TRUE(model_.setData(At(0, Text), QString())) << "an editor that was left empty";
+  EXPECT_EQ(model_.EditRow(), -1);
+  model_.setData(At(0, Text), QString(100'000, u'x'));
+  model_.setData(At(0, Public), Qt::Unchecked, Qt::CheckStateRole);
+  model_.setData(At(0, Order), QString());
+  EXPECT_LT(At(0, Text).data().toString().size(), 10'000);
+  EXPECT_TRUE(model_.setData(At(1, Text), u"b"_qs)) << "another row: this one is left";
+  EXPECT_EQ(Stored(u"length(Descrizione)"_qs, u"C"_qs), 100'000);
+  EXPECT_EQ(Stored(u"Pubblica"_qs, u"C"_qs), 0);
+  EXPECT_TRUE(Stored(u"OrdineTemp"_qs, u"C"_qs).isNull());
+  EXPECT_TRUE(model_.Submit());
+  model_.setData(At(1, Text), QString());
+  EXPECT_TRUE(model_.Submit());
+  EXPECT_EQ(Stored(u"typeof(Descrizione)"_qs, u"A"_qs), u"text"_qs) << "emptied is not Null";
+
+  EXPECT_FALSE(model_.setData(At(0, Order), u"many"_qs));
+  EXPECT_EQ(failures_, QStringList{u"\"many\" is no number fit for Ordine"_qs});
+  EXPECT_EQ(model_.EditRow(), -1);
+}
+
+TEST_F(RecordsetModelTest, ARefusedOrReplacedCellChange) {
+  model_.OnCellChanging = [&](CellChange& change) {
+    if (change.column == Code) change.cancel = change.newValue.toString().isEmpty();
+    if (change.column == Filter && change.newValue.toString().isEmpty()) change.newValue = 0;
+  };
+  EXPECT_FALSE(model_.setData(At(0, Code), QString()));
+  EXPECT_EQ(model_.EditRow(), -1);
+  EXPECT_TRUE(model_.SetText(At(1, Filter), QString()));
+  ASSERT_TRUE(model_.Submit());
+  EXPECT_EQ(Stored(u"IDFiltro1"_qs, u"A"_qs), 0);
+
+  // A text of the drop-down in any case; one it does not offer is asked for.
+  EXPECT_TRUE(model_.SetText(At(0, Filter), u"BLU"_qs));
+  EXPECT_EQ(model_.Value(0, Filter), 2);
+  EXPECT_FALSE(model_.SetText(At(0, Filter), u"rosso"_qs));
+  model_.OnNotInList = [&](int, const QString& text) {
+    model_.SetLookup(u"Colore \"d'oro\""_qs, Lookup({{4, text}}));
+    return true;
+  };
+  EXPECT_TRUE(model_.SetText(At(0, Filter), u"rosso"_qs));
+  EXPECT_EQ(At(0, Filter).data(), u"rosso"_qs);
+}
+
+TEST_F(RecordsetModelTest, AddsRowsAtTheBottom) {
+  QObject::connect(&model_, &RecordsetModel::RowInserting,
+                   [&] { model_.SetDefaultValue(u"Codice"_qs, u"7"_qs); });
+  int inserted = -1;
+  QObject::connect(&model_, &RecordsetModel::RowInserted, [&](int row) { inserted = row; });
+  model_.OnRowWriting = [&](int row, qint64, bool added) {
+    connection_.Execute(u"INSERT INTO Extensions (ExtensionName) VALUES (?)"_qs,
+                        {QString(model_.Value(row, Code).toString() + (added ? u"+"_qs : QString()))});
+  };
+  EXPECT_TRUE(model_.setData(At(3, Text), u"new"_qs));
+  EXPECT_EQ(model_.StateOf(3), RowState::Added);
+  EXPECT_EQ(At(3, Code).data(), u"7"_qs);
+  EXPECT_EQ(model_.rowCount(), 4);
+  model_.Revert();
+  EXPECT_EQ(model_.StateOf(3), RowState::AddNew);
+
+  model_.setData(At(3, Text), u"new"_qs);
+  ASSERT_TRUE(model_.Submit());
+  EXPECT_EQ(inserted, 3);
+  EXPECT_EQ(Codes(), u"C A B 7"_qs);
+  EXPECT_EQ(model_.rowCount(), 5);
+  EXPECT_EQ(Stored(u"Descrizione"_qs, u"7"_qs), u"new"_qs);
+  EXPECT_EQ(One(u"ExtensionName"_qs, u"Extensions"_qs), u"7+"_qs);
+  products_.SetBookmark(model_.BookmarkOf(3));
+  EXPECT_EQ(products_.Value(u"Codice"_qs), u"7"_qs) << "the window's own recordset knows the row";
+
+  // The code is taken, and then what belongs to the row fails: the row stays in edit, nothing is written.
+  model_.setData(At(4, Code), u"7"_qs);
+  EXPECT_FALSE(model_.Submit());
+  EXPECT_EQ(failures_, QStringList{u"There is already a row with Code \"7\". Choose another value."_qs});
+  model_.OnRowWriting = [](int, qint64, bool) { throw std::runtime_error("disk"); };
+  model_.setData(At(4, Code), u"8"_qs);
+  EXPECT_FALSE(model_.Submit());
+  EXPECT_EQ(model_.StateOf(4), RowState::Added);
+  EXPECT_EQ(Count(u"Prodotti"_qs), 4);
+  EXPECT_FALSE(model_.Reload()) << "a reload would lose the row";
+  model_.OnRowWriting = nullptr;
+  EXPECT_TRUE(model_.Reload());
+  EXPECT_EQ(Count(u"Prodotti"_qs), 5);
+}
+
+TEST_F(RecordsetModelTest, WhatOthersDidShowsAndIsNotOverwritten) {
+  Codes();
+  Elsewhere(u"UPDATE Prodotti SET Descrizione='theirs' WHERE CodiceProdotto='A'"_qs);
+  EXPECT_EQ(At(1, Text).data(), u"theirs"_qs);
+
+  // Changed while the editor was open, and while the row was in edit.
+  model_.Pin(1);
+  Elsewhere(u"UPDATE Prodotti SET Descrizione='again' WHERE CodiceProdotto='A'"_qs);
+  EXPECT_FALSE(model_.setData(At(1, Text), u"mine"_qs));
+  EXPECT_EQ(At(1, Text).data(), u"again"_qs);
+  model_.setData(At(1, Text), u"mine"_qs);
+  Elsewhere(u"UPDATE Prodotti SET Descrizione='third' WHERE CodiceProdotto='A'"_qs);
+  EXPECT_EQ(At(1, Text).data(), u"mine"_qs);
+  EXPECT_FALSE(model_.Submit());
+  EXPECT_EQ(failures_.value(1),
+            u"The row was changed meanwhile by another window or program. Press Esc to see it "
+            u"as it is now."_qs);
+  EXPECT_EQ(Stored(u"Descrizione"_qs, u"A"_qs), u"third"_qs);
+  model_.Revert();
+  EXPECT_EQ(At(1, Text).data(), u"third"_qs);
+
+  // Deleted while in edit, and before: the row keeps its place.
+  model_.setData(At(1, Text), u"mine"_qs);
+  Elsewhere(u"DELETE FROM Prodotti WHERE CodiceProdotto='A'"_qs);
+  EXPECT_FALSE(model_.Submit());
+  model_.Revert();
+  EXPECT_EQ(model_.StateOf(1), RowState::Deleted);
+  EXPECT_EQ(Codes(), u"C #Deleted B"_qs);
+  EXPECT_FALSE(model_.setData(At(1, Text), u"mine"_qs));
+  EXPECT_TRUE(model_.DeleteRows({1})) << "it can be taken out of the list";
+  EXPECT_EQ(Codes(), u"C B"_qs);
+}
+
+// The database gives the key of the last row to the next one, which may be of another catalog.
+TEST_F(RecordsetModelTest, ARowThatTookAnothersKeyIsLeftAlone) {
+  Codes();
+  model_.Pin(2);
+  const auto replace = [&] {
+    second_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='B'"_qs);
+    second_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto) VALUES (?,'X')"_qs, {other_});
+  };
+  replace();
+  EXPECT_FALSE(model_.DeleteRows({2}));
+  EXPECT_FALSE(model_.setData(At(2, Text), u"mine"_qs));
+  EXPECT_EQ(failures_.size(), 2);
+  EXPECT_EQ(One(u"Descrizione IS NULL"_qs, u"Prodotti"_qs, u"CodiceProdotto='X'"_qs), 1);
+}
+
+TEST_F(RecordsetModelTest, DeletesASelectionWholeOrNotAtAll) {
+  for (int i = 0; i < 200; ++i) AddProduct(catalog_, u"n%1"_qs.arg(i));
+  model_.Reload();
+  int asked = 0;
+  bool answer = false;
+  QList<qint64> told;
+  model_.OnRowsDeleting = [&](int count) { return asked = count, answer; };
+  model_.OnRowDeleting = [&](qint64 bookmark) {
+    products_.SetBookmark(bookmark);
+    if (products_.Value(0) == u"n5"_qs) throw std::runtime_error("in use");
+    told += bookmark;
+  };
+  EXPECT_FALSE(model_.DeleteRows({0, 2}));
+  EXPECT_EQ(asked, 2);
+  answer = true;
+  EXPECT_FALSE(model_.DeleteRows({2, model_.FindRow(u"Codice"_qs, u"n5"_qs)}));
+  EXPECT_EQ(failures_, QStringList{u"in use"_qs});
+  EXPECT_EQ(Count(u"Prodotti"_qs), 203) << "all or none";
+  told.clear();
+
+  model_.setData(At(0, Text), u"given up"_qs);
+  EXPECT_TRUE(model_.DeleteRows({2, 0, 0, model_.rowCount() - 1}));
+  EXPECT_EQ(told, (QList<qint64>{1, 3}));
+  EXPECT_EQ(Count(u"Prodotti"_qs), 201);
+  EXPECT_EQ(model_.rowCount(), 202);
+  EXPECT_EQ(At(0, Code).data(), u"A"_qs);
+  EXPECT_EQ(At(200, Code).data(), u"n199"_qs);
+
+  QList<int> scattered;
+  for (int row = 20; row < 200; row += 3) scattered += row;
+  EXPECT_TRUE(model_.DeleteRows(scattered));
+  EXPECT_EQ(model_.rowCount(), 202 - int(scattered.size()));
+  EXPECT_EQ(products_.RecordCount(), model_.RecordCount());
+}
+
+TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
+  Codes();
+  sqlite3_busy_timeout(connection_.Database().getHandle(), 50);
+  second_.Execute(u"BEGIN EXCLUSIVE"_qs);
+  EXPECT_FALSE(model_.Reload());
+  model_.SortBy(Code, SortDirection::Ascending);
+  EXPECT_EQ(Codes(), u"C A B"_qs) << "what was read is shown on";
+  EXPECT_EQ(failures_.size(), 2);
+  second_.Execute(u"ROLLBACK"_qs);
+  model_.setData(At(0, Text), u"mine"_qs);
+  second_.Execute(u"BEGIN IMMEDIATE"_qs);
+  EXPECT_FALSE(model_.Submit());
+  EXPECT_EQ(failures_.last(), u"The database is in use by another program. Close it and try again."_qs);
+  second_.Execute(u"ROLLBACK"_qs);
+  EXPECT_TRUE(model_.Submit());
+  EXPECT_EQ(Stored(u"Descrizione"_qs, u"C"_qs), u"mine"_qs);
+
+  // Rows that cannot be read are tried again.
+  for (int i = 0; i < 700; ++i) AddProduct(catalog_, u"n%1"_qs.arg(i));
+  model_.Reload();
+  second_.Execute(u"BEGIN EXCLUSIVE"_qs);
+  EXPECT_EQ(At(303, Code).data(), u"#Unreadable"_qs);
+  EXPECT_FALSE(model_.setData(At(303, Text), u"mine"_qs));
+  second_.Execute(u"ROLLBACK"_qs);
+  model_.Refresh();
+  EXPECT_EQ(At(303, Code).data(), u"n300"_qs);
+}
