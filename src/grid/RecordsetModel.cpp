@@ -65,7 +65,8 @@ void RecordsetModel::Adopt(Recordset rows) {
 
 bool RecordsetModel::Reload() {
   if (recordset_ == nullptr || !Submit()) return false;
-  if (!Attempt([&] { recordset_->Requery(); })) return false;
+  // A drop-down may offer other texts by now, which sort in another way.
+  if (!Attempt([&] { SortColumn() < 0 ? recordset_->Requery() : ApplyOrder(); })) return false;
   beginResetModel();
   Adopt(recordset_->Clone());
   endResetModel();

@@ -56,9 +56,9 @@ class RecordsetModel : public QAbstractTableModel {
 
   explicit RecordsetModel(QObject* parent = nullptr);
 
-  // Shows an open keyset; the column that was sorted by still sorts where it is there. The recordset must
-  // outlive the model or its Unbind. False where the row in edit cannot be written; all stays as it was then.
-  // Throws Error for a bound column that the recordset does not have.
+  // Shows an open keyset; the column that was sorted by still sorts where it is there. The recordset and
+  // its connection must outlive the model or its Unbind. False where the row in edit cannot be written; all
+  // stays as it was then. Throws Error for a bound column that the recordset does not have.
   bool Bind(Recordset& recordset, std::vector<GridColumn> columns);
   void Unbind();
   // Reads the keys anew, in the same order. False as for Bind, and with Failed where it cannot be read.

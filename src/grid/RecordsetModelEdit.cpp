@@ -107,7 +107,7 @@ void RecordsetModel::BeginChange(int row, int column) {
     const FetchedRow* held = cache_.Held(row);
     shown = held != nullptr ? std::optional(*held) : std::nullopt;
   }
-  cache_.Forget(row);
+  cache_.Renew(rows_, row);
   ShowAgain(row, row);
   rows_.SetAbsolutePosition(qint64(row) + 1);
   if (!rows_.RowExists()) ThrowConflict(true);
@@ -179,7 +179,7 @@ void RecordsetModel::Revert() {
 
 void RecordsetModel::EndEdit(int row) {
   editRow_ = -1;
-  cache_.Forget(row);
+  cache_.Renew(rows_, row);
   ShowAgain(row, row);
 }
 

@@ -8,7 +8,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(log, "vorlina.grid.rows", QtInfoMsg)
+Q_LOGGING_CATEGORY(log, "vorlina.grid", QtInfoMsg)
 
 constexpr int BlockRows = 64;
 constexpr std::size_t Blocks = 8;
@@ -50,8 +50,22 @@ bool RowCache::IsLacking() const {
   return std::any_of(blocks_.begin(), blocks_.end(), [](const Block& block) { return block.rows.empty(); });
 }
 
-void RowCache::Forget(qint64 index) {
-  std::erase_if(blocks_, [&](const Block& block) { return block.number == index / BlockRows; });
+void RowCache::Renew(const Recordset& rows, qint64 index) {
+  if (!BringToFront(index / BlockRows)) return;
+  Block& block = blocks_.front();
+  try {
+    const std::vector<FetchedRow> fetched = rows.FetchRows(index + 1, 1);
+    const auto place = std::size_t(index % BlockRows);
+    if (fetched.empty() || place > block.rows.size())
+      blocks_.erase(blocks_.begin());
+    else if (place == block.rows.size())
+      block.rows.push_back(fetched.front());
+    else
+      block.rows[place] = fetched.front();
+  } catch (const std::exception& error) {
+    qCWarning(log) << "reading a row:" << DescriptionOf(error);
+    blocks_.erase(blocks_.begin());
+  }
 }
 
 }  // namespace vorlina

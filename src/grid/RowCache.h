@@ -19,8 +19,8 @@ class RowCache {
   // Whether it holds rows that could not be read.
   bool IsLacking() const;
   void Clear() { blocks_.clear(); }
-  // The row will be fetched anew.
-  void Forget(qint64 index);
+  // Fetches the row anew where it is there, and leaves those around it.
+  void Renew(const Recordset& rows, qint64 index);
 
  private:
   struct Block {

@@ -112,8 +112,9 @@ QVariantList Recordset::KeyValues() const {
 void Recordset::Load() {
   forward_.reset();
   forwardAtEnd_ = false;
-  rows_ = std::make_shared<Snapshot>();
+  const auto rows = std::make_shared<Snapshot>();
   if (cursor_ == CursorType::Forward) {
+    rows_ = rows;
     forward_ = std::make_unique<Rows>(*connection_, source_, values_);
     forwardAtEnd_ = !forward_->Next();
     return;
@@ -135,11 +136,12 @@ void Recordset::Load() {
     BindValues(statement, select_ ? KeyValues() : values_);
     const int first = select_ ? 1 : 0;
     while (statement.executeStep()) {
-      rows_->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows_->Count() + 1);
-      if (snapshot) rows_->rows.push_back(RowOf(statement, first));
+      rows->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows->Count() + 1);
+      if (snapshot) rows->rows.push_back(RowOf(statement, first));
     }
-    rows_->keys.shrink_to_fit();
+    rows->keys.shrink_to_fit();
   });
+  rows_ = rows;  // after a failure the former ones are still there
   generation_ = 0;
   StandOn(0);
 }
@@ -341,13 +343,11 @@ void Recordset::SetOrder(const QString& expression, const QVariantList& values) 
   if (!select_)
     throw Error(EitherLanguage(u"L'elenco non si può ordinare"_qs, u"The list cannot be sorted"_qs));
   CancelUpdate();
-  const std::shared_ptr<Snapshot> former = rows_;
   const QString formerOrder = std::exchange(order_, expression);
   const QVariantList formerValues = std::exchange(orderValues_, values);
   try {
     Load();
   } catch (...) {
-    rows_ = former;
     order_ = formerOrder;
     orderValues_ = formerValues;
     throw;

@@ -328,6 +328,7 @@ TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
   model_.SortBy(Code, SortDirection::Ascending);
   EXPECT_EQ(Codes(), u"C A B"_qs) << "what was read is shown on";
   EXPECT_EQ(failures_.size(), 2);
+  EXPECT_EQ(products_.RecordCount(), 3);
   second_.Execute(u"ROLLBACK"_qs);
   model_.setData(At(0, Text), u"mine"_qs);
   second_.Execute(u"BEGIN IMMEDIATE"_qs);

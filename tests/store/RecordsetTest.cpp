@@ -317,3 +317,55 @@ TEST_F(RecordsetTest, WhatHasNoRowsOfOneTableIsNotLive) {
     EXPECT_THROW(rows.SetValue(0, 1), Error);
   }
 }
+
+TEST_F(RecordsetTest, AnOrderOfItsOwnComesBeforeTheSourcesOne) {
+  connection_.Execute(u"UPDATE Prodotti SET Valore1=CASE CodiceProdotto WHEN 'B' THEN 'x' ELSE 'y' END"_qs);
+  struct {
+    QString tail;
+    QString codes;
+  } const cases[] = {{u"ORDER BY CodiceProdotto DESC"_qs, u"B C A"_qs}, {u"LIMIT 2"_qs, u"B A"_qs}};
+  for (const auto& test : cases) {
+    Recordset products = OpenProducts(CursorType::Keyset, test.tail);
+    products.SetOrder(u"Valore1"_qs);
+    products.Requery();
+    EXPECT_EQ(CodesOf(products), test.codes);
+    EXPECT_THROW(products.SetOrder(u"nothing"_qs), Error);
+    EXPECT_EQ(CodesOf(products), test.codes) << "as before";
+    products.SetOrder({});
+    EXPECT_NE(CodesOf(products), test.codes);
+  }
+  Recordset products = OpenProducts();
+  products.SetOrder(u"VORLINA_RANK(?,IDFiltro1)"_qs, {QByteArray("short")});
+  EXPECT_EQ(CodesOf(products), u"A B C"_qs) << "ranks that are none";
+}
+
+TEST_F(RecordsetTest, FetchesRowsApartFromTheCurrentOne) {
+  for (int i = 0; i < 200; ++i) AddProduct(catalog_, u"n%1"_qs.arg(i, 3, 10, QChar(u'0')));
+  Recordset products = OpenProducts(CursorType::Keyset, u"ORDER BY CodiceProdotto DESC"_qs);
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='n150'"_qs);
+  const std::vector<FetchedRow> rows = products.FetchRows(2, 1000);
+  ASSERT_EQ(rows.size(), 202u);
+  EXPECT_EQ(rows[0].values.at(0), u"n198"_qs);
+  EXPECT_EQ(rows[0].bookmark, products.BookmarkAt(2));
+  EXPECT_FALSE(rows[48].exists);
+  EXPECT_EQ(rows[201].values.at(0), u"A"_qs);
+  EXPECT_EQ(products.PositionOf(rows[201].bookmark), 203);
+  EXPECT_EQ(products.Value(0), u"n199"_qs);
+  EXPECT_TRUE(products.FetchRows(500, 5).empty());
+}
+
+// What is in edit in one clone goes to its row or nowhere, whatever another one adds or deletes meanwhile.
+TEST_F(RecordsetTest, AnEditStaysWithItsRow) {
+  Recordset products = OpenProducts();
+  Recordset clone = products.Clone();
+  products.SetAbsolutePosition(2);
+  products.SetValue(u"Descrizione"_qs, u"of B"_qs);
+  clone.Delete();
+  products.Update();
+  EXPECT_EQ(One(u"Descrizione"_qs, u"Prodotti"_qs, u"CodiceProdotto='B'"_qs), u"of B"_qs);
+  products.SetValue(u"Descrizione"_qs, u"mine"_qs);
+  clone.MoveFirst();
+  clone.Delete();
+  EXPECT_THROW(products.Update(), Error);
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"Descrizione='mine'"_qs), 0);
+}
