@@ -28,6 +28,12 @@ void MoveFileSafely(const QString& source, const QString& target);
 // and is not brought to the disk, which SyncVolume then does once for many files. Throws Error.
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer);
 
+// Copies a file that does not count yet, under its own name and not brought to the disk: by reference where
+// the file system can, so that a later change of either leaves the other alone. False where the source cannot
+// be read, with nothing left behind. Throws Error where the target cannot be written, with nothing left
+// behind either.
+bool CopyStagedFile(const QString& source, const QString& target);
+
 // Brings all that was written to the disk on which the folder lies. Throws Error when it could not be
 // written.
 void SyncVolume(const QString& folder);

@@ -13,8 +13,13 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "base/Messages.h"
 #include "base/Settings.h"
+#include "base/WaitCursor.h"
+#include "base/WidgetProgressBox.h"
 #include "catalogs/CatalogNames.h"
+#include "catalogs/CloneCatalog.h"
+#include "catalogs/DeleteCatalog.h"
 #include "publish/PluginHost.h"
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
@@ -50,8 +55,8 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
   InitPictures();
   ui_->setupUi(this);
   handlers_ = {
-      {u"cmdPublish"_qs, [this] { PressPublish(); }},
-      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
+      {u"cmdDelete"_qs, [this] { Delete_Click(); }},  {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }},
+      {u"cmdPublish"_qs, [this] { PressPublish(); }}, {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
       {u"subSupport"_qs, [this] { MailSupport(); }},
   };
   MakeToolbar();
@@ -265,6 +270,60 @@ void frmCatalogs::RenameSelected(const QModelIndex& index, const QString& name) 
     TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Plain,
                          ByLanguage(u"Attenzione"_qs, u"Warning"_qs));
   }
+}
+
+// A catalog without a name is left alone, as is a list in which none is selected.
+void frmCatalogs::Delete_Click() {
+  try {
+    if (const QListWidgetItem* item = SelectedCatalog(); item != nullptr && !item->text().isEmpty()) {
+      const int id = SelectedCatalogId();
+      if (!TheDialogs().Ask(this, NumberedText(BaseConferma + 0), BoxStyle::QuestionNoFirst)) return;
+      const WaitCursor wait;
+      DeleteCatalog(id, cnnCatalog);
+      blnListaModificata = true;
+    }
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+    return;
+  }
+  ListCatalog();
+}
+
+void frmCatalogs::DuplicaCatalogo() {
+  try {
+    if (const QListWidgetItem* item = SelectedCatalog(); item != nullptr && !item->text().isEmpty()) {
+      const int id = SelectedCatalogId();
+      Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
+                             u"Do you want to clone selected catalog and its images?"_qs);
+      if (!TheDialogs().Ask(this, Messaggio)) return;
+      CloneWithProgress(id, item->text());
+      blnListaModificata = true;
+    }
+  } catch (const Stopped&) {
+    // The user asked for it, and nothing of the copy is there.
+  } catch (const std::exception& error) {
+    TheDialogs().Message(
+        this,
+        ByLanguage(u"Impossibile duplicare il catalogo. "_qs, u"Impossible to clone the catalog. "_qs) +
+            u"\r\n"_qs + DescriptionOf(error),
+        BoxStyle::Stop);
+    return;
+  }
+  ListCatalog();
+}
+
+// Few pictures take no time worth a box.
+void frmCatalogs::CloneWithProgress(int id, const QString& name) {
+  constexpr int Few = 100;
+  const QString prefix = ByLanguage(u"Copia di "_qs, u"Copy of "_qs);
+  CatalogClone clone(id, cnnCatalog);
+  if (CountPictures(id, cnnCatalog) <= Few) {
+    const WaitCursor wait;
+    clone.DuplicaCatalogo(prefix, {});
+    return;
+  }
+  WidgetProgressBox box(this, name);
+  clone.DuplicaCatalogo(prefix, box.Reporter());
 }
 
 void frmCatalogs::Run(const QString& key) {

@@ -73,6 +73,9 @@ class frmCatalogs : public QMainWindow {
   QListWidgetItem* SelectedCatalog() const;
   int SelectedCatalogId() const;
   void RenameSelected(const QModelIndex& index, const QString& name);
+  void Delete_Click();
+  void DuplicaCatalogo();
+  void CloneWithProgress(int id, const QString& name);
   void PressPublish();
   void PublishSelected();
   void ShowPublishPane(bool show);
@@ -91,6 +94,7 @@ class frmCatalogs : public QMainWindow {
   QMenu* mnuInstallaSkin_;
   QAction* mnuInstallPlugin_;
   bool blnPannelloPubblica = false;
+  bool blnListaModificata = false;  // by New, Delete or Clone
   bool activationFailed_ = false;
   std::vector<int> arrIDCataloghi;
 };
