@@ -26,8 +26,8 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
   } else {
     try {
       if (!import.Run(progress)) outcome.error = Stopped().Description();
-    } catch (const Error& error) {
-      outcome.error = error.Description();
+    } catch (const std::exception& error) {
+      outcome.error = DescriptionOf(error);
     }
   }
   outcome.ok = outcome.error.isEmpty();

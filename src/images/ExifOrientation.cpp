@@ -27,22 +27,22 @@ class Tiff {
 };
 
 constexpr std::uint32_t OrientationTag = 0x0112;
-constexpr std::uint32_t ShortType = 3;
+constexpr std::uint32_t LongType = 4;  // some write it so; a short is meant
 constexpr std::size_t EntrySize = 12;
 
 }  // namespace
 
-int ExifOrientation(const std::uint8_t* body, std::size_t size) {
+std::optional<int> ExifOrientation(const std::uint8_t* body, std::size_t size) {
   static const char marker[] = "Exif\0";
-  if (size < 14 || std::memcmp(body, marker, 6) != 0) return 1;
+  if (size < 14 || std::memcmp(body, marker, 6) != 0) return std::nullopt;
   const Tiff tiff(body + 6, size - 6);
   if (tiff.U16(2) != 42) return 1;
   const std::size_t directory = tiff.U32(4);
   const std::uint32_t entries = tiff.U16(directory);
   for (std::uint32_t i = 0; i < entries; ++i) {
     const std::size_t entry = directory + 2 + i * EntrySize;
-    if (tiff.U16(entry) != OrientationTag || tiff.U16(entry + 2) != ShortType) continue;
-    const std::uint32_t value = tiff.U16(entry + 8);
+    if (tiff.U16(entry) != OrientationTag) continue;
+    const std::uint32_t value = tiff.U16(entry + 2) == LongType ? tiff.U32(entry + 8) : tiff.U16(entry + 8);
     return value >= 1 && value <= 8 ? int(value) : 1;
   }
   return 1;

@@ -3,11 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace vorlina {
 
-// The orientation, 1 to 8 as EXIF numbers them, in the body of an APP1 marker. 1 (upright) where there is
-// none or the data is damaged; nothing outside the body is read.
-int ExifOrientation(const std::uint8_t* body, std::size_t size);
+// The orientation, 1 to 8 as EXIF numbers them, in the body of an APP1 marker. Nothing where the body
+// is no EXIF block; 1 (upright) where the block has none or is damaged. Nothing outside the body is read.
+std::optional<int> ExifOrientation(const std::uint8_t* body, std::size_t size);
 
 }  // namespace vorlina

@@ -22,13 +22,19 @@ Q_LOGGING_CATEGORY(images, "vorlina.images")
 // A file of more than this is no photograph, and is not taken into memory.
 constexpr qint64 LargestFile = 512LL * 1024 * 1024;
 
-[[noreturn]] void RefuseFile(const QString& path, const QString& reason) {
-  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-                  .arg(QDir::toNativeSeparators(path), reason));
-}
-
 double Reserved(const QString& key, double fallback) {
   return NullToZero(GetSetting(ApplicationTitle(), u"Riservati"_qs, key, QString::number(fallback)));
+}
+
+// Gives what a step with a picture's content gives; its failure becomes one of the file.
+template <class Step>
+auto OfFile(const QString& path, Step&& step) {
+  const QByteArray jpeg = ReadPictureFile(path);
+  try {
+    return step(jpeg);
+  } catch (const Error& error) {
+    RefuseFile(path, error.Description());
+  }
 }
 
 // A step whose failure is passed over, with a line in the log.
@@ -54,6 +60,11 @@ PictureSettings ReadPictureSettings() {
 
 double PictureLimit() { return Reserved(u"ResizeTo"_qs, 800); }
 
+void RefuseFile(const QString& path, const QString& reason) {
+  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
+                  .arg(QDir::toNativeSeparators(path), reason));
+}
+
 QByteArray ReadPictureFile(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) RefuseFile(path, file.errorString());
@@ -66,7 +77,9 @@ QByteArray ReadPictureFile(const QString& path) {
   return jpeg;
 }
 
-QSize MeasureImage(const QString& path) { return UprightSize(ReadJpegHead(ReadPictureFile(path))); }
+QSize MeasureImage(const QString& path) {
+  return OfFile(path, [](const QByteArray& jpeg) { return UprightSize(ReadJpegHead(jpeg)); });
+}
 
 QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto) {
   return AppFile(u"Images/"_qs + QString::number(IDCatalogo) + u'-' + CodiceProdotto + u".jpg"_qs);
@@ -77,14 +90,28 @@ QString ThumbnailPath(const QString& mainImage) {
 }
 
 ResizeResult ResizeImage(const QString& path, double limit) {
-  const FittedJpeg fitted = FitToLimit(ReadPictureFile(path), limit, ReadPictureSettings());
+  const FittedJpeg fitted =
+      OfFile(path, [=](const QByteArray& jpeg) { return FitToLimit(jpeg, limit, ReadPictureSettings()); });
   if (!fitted.jpeg.isEmpty()) Skipping(path, [&] { WriteFileSafely(path, fitted.jpeg); });
   return fitted.sizes;
 }
 
 void CreateThumbnail(const QString& path, double limit) {
-  Skipping(path,
-           [&] { WriteFileSafely(ThumbnailPath(path), RenderThumbnail(ReadPictureFile(path), limit)); });
+  QByteArray thumbnail;
+  Skipping(path, [&] { thumbnail = RenderThumbnail(ReadPictureFile(path), limit); });
+  StoreThumbnail(path, thumbnail);
+}
+
+void StoreThumbnail(const QString& path, const QByteArray& thumbnail) {
+  Skipping(path, [&] {
+    try {
+      if (thumbnail.isEmpty()) throw Error(u"no thumbnail"_qs);
+      WriteFileSafely(ThumbnailPath(path), thumbnail);
+    } catch (const Error&) {
+      QFile::remove(ThumbnailPath(path));
+      throw;
+    }
+  });
 }
 
 void ReRenderImage(const QString& path) {

@@ -21,6 +21,9 @@ PictureSettings ReadPictureSettings();
 // The limit of a stored picture's longer side, in pixels: the setting ResizeTo.
 double PictureLimit();
 
+// Throws the Error of a picture file that cannot be taken.
+[[noreturn]] void RefuseFile(const QString& path, const QString& reason);
+
 // A picture file's bytes. Throws Error for one that cannot be read, is no JPEG or is larger than 512 MB.
 QByteArray ReadPictureFile(const QString& path);
 
@@ -38,6 +41,10 @@ ResizeResult ResizeImage(const QString& path, double limit);
 
 // Makes the thumbnail of a main image. Never fails: a missing thumbnail is not reported.
 void CreateThumbnail(const QString& path, double limit);
+
+// Writes the thumbnail of a main image; an empty one, or one that cannot be written, leaves none: an older
+// one would show another picture. Never fails.
+void StoreThumbnail(const QString& path, const QByteArray& thumbnail);
 
 // Decodes and encodes the picture in its own size. Never fails; the file then stays as it was.
 void ReRenderImage(const QString& path);

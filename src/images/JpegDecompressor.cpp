@@ -9,18 +9,13 @@
 namespace vorlina {
 namespace {
 
-[[noreturn]] void Refuse(const QString& reason) {
-  throw Error(EitherLanguage(u"L'immagine JPEG non può essere letta: %1"_qs,
-                             u"The JPEG picture cannot be read: %1"_qs)
-                  .arg(reason));
-}
-
 void RefuseSize(QSize size) {
   if (size.width() > LargestSide || size.height() > LargestSide ||
       qint64(size.width()) * size.height() > LargestPixels)
-    Refuse(EitherLanguage(u"è troppo grande (%1 x %2 punti)"_qs, u"it is too large (%1 x %2 pixels)"_qs)
-               .arg(size.width())
-               .arg(size.height()));
+    throw Error(EitherLanguage(u"l'immagine è troppo grande (%1 x %2 punti)"_qs,
+                               u"the picture is too large (%1 x %2 pixels)"_qs)
+                    .arg(size.width())
+                    .arg(size.height()));
 }
 
 // Of the decoder's scales those by halves look best. What they leave out shows where hardly anything is left
@@ -49,8 +44,7 @@ qint64 CoefficientBytes(jpeg_decompress_struct& info) {
 
 JpegDecompressor::JpegDecompressor(const QByteArray& jpeg) {
   info_.err = errors_.Install();
-  if (!IsJpeg(jpeg))
-    Refuse(EitherLanguage(u"il file non è un'immagine JPEG"_qs, u"the file is no JPEG picture"_qs));
+  if (!IsJpeg(jpeg)) throw Error(EitherLanguage(u"non è un'immagine JPEG"_qs, u"it is no JPEG picture"_qs));
   const bool done = TryHead(jpeg);
   try {
     Check(done);
@@ -87,6 +81,7 @@ bool JpegDecompressor::TryHead(const QByteArray& jpeg) {
   if (setjmp(errors_.back) != 0) return false;
   jpeg_create_decompress(&info_);
   info_.mem->max_memory_to_use = JpegMemory;
+  info_.progress = &errors_.progress;
   jpeg_mem_src(&info_, reinterpret_cast<const unsigned char*>(jpeg.constData()),
                static_cast<unsigned long>(jpeg.size()));
   jpeg_save_markers(&info_, JPEG_APP0 + 1, 0xFFFF);
@@ -133,13 +128,19 @@ bool JpegDecompressor::TryProfile(JOCTET** data, unsigned* size) {
 }
 
 void JpegDecompressor::Check(bool done) const {
-  if (!done) Refuse(QString::fromLatin1(errors_.text));
+  if (!done)
+    throw Error(EitherLanguage(u"l'immagine è danneggiata o incompleta (%1)"_qs,
+                               u"the picture is damaged or incomplete (%1)"_qs)
+                    .arg(QString::fromLatin1(errors_.text)));
 }
 
 void JpegDecompressor::ReadMarkers() {
+  // The first EXIF block is the picture's own.
+  std::optional<int> orientation;
   for (const jpeg_marker_struct* marker = info_.marker_list; marker != nullptr; marker = marker->next)
-    if (marker->marker == JPEG_APP0 + 1 && head_.orientation == 1)
-      head_.orientation = ExifOrientation(marker->data, marker->data_length);
+    if (marker->marker == JPEG_APP0 + 1 && !orientation)
+      orientation = ExifOrientation(marker->data, marker->data_length);
+  head_.orientation = orientation.value_or(1);
   // A profile in pieces that do not fit together is a warning of the library; the picture is then taken as
   // sRGB.
   JOCTET* profile = nullptr;

@@ -21,6 +21,8 @@ class Compressor {
  public:
   Compressor() : info_{} { info_.err = errors_.Install(); }
   ~Compressor() {
+    // After a failure the library has not yet told where its buffer has grown to.
+    if (info_.dest != nullptr) info_.dest->term_destination(&info_);
     jpeg_destroy_compress(&info_);
     std::free(output_);
   }
@@ -105,12 +107,23 @@ class Band {
   std::vector<JSAMPROW> rows_;
 };
 
+void RequireStorable(const PlanarImage& image) {
+  const auto& planes = image.planes;
+  bool storable = (planes.size() == 1 || planes.size() == 3) && !image.Size().isEmpty();
+  for (std::size_t i = 1; storable && i < planes.size(); ++i)
+    storable = Subsampling(planes[0].width, planes[i].width) != 0 &&
+               Subsampling(planes[0].height, planes[i].height) != 0 && planes[i].width == planes[1].width &&
+               planes[i].height == planes[1].height;
+  if (!storable)
+    throw Error(EitherLanguage(u"L'immagine non ha una forma che si possa scrivere"_qs,
+                               u"The picture has no form that can be written"_qs));
+}
+
 }  // namespace
 
 QByteArray EncodeJpeg(const PlanarImage& image, int quality) {
   const std::size_t count = image.planes.size();
-  if ((count != 1 && count != 3) || image.planes[0].width < 1 || image.planes[0].height < 1)
-    throw Error(EitherLanguage(u"L'immagine è vuota"_qs, u"The picture is empty"_qs));
+  RequireStorable(image);
   Compressor compressor;
   Check(compressor.Start(image, std::clamp(quality, 1, 100)), compressor);
   const jpeg_compress_struct& info = compressor.Info();

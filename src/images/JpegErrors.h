@@ -14,6 +14,7 @@ struct JpegErrors {
   jpeg_error_mgr base;
   std::jmp_buf back;
   char text[JMSG_LENGTH_MAX];
+  jpeg_progress_mgr progress;  // for cinfo.progress of a decompressor: it bounds the time
 
   // Fills in the handlers and gives what goes into cinfo.err.
   jpeg_error_mgr* Install();

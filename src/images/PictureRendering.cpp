@@ -28,7 +28,8 @@ QSize Scaled(QSize size, int perCents) {
 double LongerSide(QSizeF size) { return std::max(size.width(), size.height()); }
 
 bool IsShrunk(const JpegHead& head, double limit, const PictureSettings& settings) {
-  return settings.shrink && LongerSide(head.size) > std::nearbyint(limit);
+  // A limit below one pixel is none.
+  return settings.shrink && std::nearbyint(limit) >= 1 && LongerSide(head.size) > std::nearbyint(limit);
 }
 
 // Scales a decoded picture to a size (both as stored), brings it to sRGB and turns it upright.

@@ -1,7 +1,9 @@
 #include "images/PreparedPictures.h"
 
 #include <algorithm>
+#include <system_error>
 
+#include "base/Error.h"
 #include "images/ImagePipeline.h"
 
 namespace vorlina {
@@ -10,6 +12,9 @@ namespace {
 // For all decoding at a time, in bytes: a progressive picture of 24 megapixels takes 72 MB.
 constexpr qint64 MemoryBudget = 96LL * 1024 * 1024;
 
+// More would wait for the disk, and each takes memory.
+constexpr int MostThreads = 4;
+
 }  // namespace
 
 PreparedPictures::PreparedPictures(QStringList files, double limit, const PictureSettings& settings,
@@ -17,9 +22,17 @@ PreparedPictures::PreparedPictures(QStringList files, double limit, const Pictur
     : files_(std::move(files)),
       limit_(limit),
       settings_(settings),
-      ahead_(std::size_t(std::max(threads, 1)) * 2) {
-  const int useful = std::clamp(threads, 1, std::max(1, int(files_.size())));
-  for (int i = 0; i < useful; ++i) workers_.emplace_back([this] { Work(); });
+      ahead_(std::size_t(std::clamp(threads, 1, MostThreads)) * 2) {
+  const int useful = std::clamp(std::min(threads, MostThreads), 1, std::max(1, int(files_.size())));
+  workers_.reserve(std::size_t(useful));
+  for (int i = 0; i < useful; ++i) {
+    try {
+      workers_.emplace_back([this] { Work(); });
+    } catch (const std::system_error&) {
+      if (workers_.empty()) throw;
+      return;  // fewer than were wanted
+    }
+  }
 }
 
 PreparedPictures::~PreparedPictures() {
@@ -61,18 +74,29 @@ PreparedPictures::Outcome PreparedPictures::Prepare(const QString& file) {
   Outcome outcome;
   try {
     const QByteArray jpeg = ReadPictureFile(file);
-    const qint64 bytes = RenderingMemory(ReadJpegHead(jpeg), limit_, settings_);
-    Reserve(bytes);
-    try {
-      outcome.picture = Render(jpeg);
-    } catch (...) {
-      outcome.failure = std::current_exception();
-    }
-    Release(bytes);
+    outcome.picture = WithinBudget(file, jpeg);
   } catch (...) {
     outcome.failure = std::current_exception();
   }
   return outcome;
+}
+
+PreparedPicture PreparedPictures::WithinBudget(const QString& file, const QByteArray& jpeg) {
+  qint64 reserved = 0;
+  try {
+    const qint64 bytes = RenderingMemory(ReadJpegHead(jpeg), limit_, settings_) + jpeg.size();
+    Reserve(bytes);
+    reserved = bytes;
+    PreparedPicture picture = Render(jpeg);
+    Release(reserved);
+    return picture;
+  } catch (const Error& error) {
+    Release(reserved);
+    RefuseFile(file, error.Description());
+  } catch (...) {
+    Release(reserved);
+    throw;
+  }
 }
 
 PreparedPicture PreparedPictures::Render(const QByteArray& jpeg) {

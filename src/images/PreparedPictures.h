@@ -25,7 +25,7 @@ struct PreparedPicture {
 // few pictures wait to be taken, and the workers share a budget for decoding.
 class PreparedPictures {
  public:
-  // Begins at once. threads is at least 1.
+  // Begins at once. No more than four threads are used.
   PreparedPictures(QStringList files, double limit, const PictureSettings& settings,
                    int threads = int(std::thread::hardware_concurrency()));
   // Gives up what was not taken.
@@ -45,6 +45,7 @@ class PreparedPictures {
 
   void Work();
   Outcome Prepare(const QString& file);
+  PreparedPicture WithinBudget(const QString& file, const QByteArray& jpeg);
   PreparedPicture Render(const QByteArray& jpeg);
 
   // Decoding of so many bytes may begin. One picture that needs more than the budget is decoded alone.

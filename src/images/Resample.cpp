@@ -179,7 +179,10 @@ Plane Resample(const Plane& plane, int width, int height) {
 
 PlanarImage Resample(PlanarImage image, QSize size) {
   const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
-  const bool stays = image.Size() == size;
+  // The encoder takes chroma of the full or the half size, both planes alike.
+  const bool alike = image.planes.size() < 3 || (image.planes[1].width == image.planes[2].width &&
+                                                 image.planes[1].height == image.planes[2].height);
+  const bool stays = image.Size() == size && alike;
   image.planes[0] = Resample(image.planes[0], size.width(), size.height());
   for (std::size_t i = 1; i < image.planes.size(); ++i) {
     Plane& chroma = image.planes[i];

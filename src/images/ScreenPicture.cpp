@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "images/ColourConversion.h"
+#include "images/FitPicture.h"
 #include "images/ImagePipeline.h"
 #include "images/JpegDecompressor.h"
 #include "images/Resample.h"
@@ -50,12 +51,14 @@ QImage TurnUpright(const QImage& image, int orientation) {
 
 }  // namespace
 
-QImage LoadPicture(const QString& path, QSize covering, QSize* size) {
+QImage LoadPicture(const QString& path, QSize box, QSize* size) {
   const QByteArray jpeg = ReadPictureFile(path);
   JpegDecompressor decompressor(jpeg);
   const JpegHead& head = decompressor.Head();
-  if (size != nullptr) *size = UprightSize(head);
-  decompressor.ScaleToCover(SwapsSides(head.orientation) ? covering.transposed() : covering);
+  const QSize upright = UprightSize(head);
+  if (size != nullptr) *size = upright;
+  const QSize shown = FitPicture(upright, box, false).size().toSize();
+  decompressor.ScaleToCover(SwapsSides(head.orientation) ? shown.transposed() : shown);
   QImage image = DecodeRgb(decompressor).convertToFormat(QImage::Format_RGB32);
   if (!decompressor.IsCmyk() && IsOtherThanSrgb(head.iccProfile)) {
     image.setColorSpace(QColorSpace::fromIccProfile(head.iccProfile));

@@ -56,7 +56,7 @@ void WidgetPicture::paintEvent(QPaintEvent*) {
 }
 
 void WidgetPicture::Settle() {
-  const bool sharper = Sharpen(picture_, Pixels());
+  const bool sharper = Sharpen(picture_, DevicePixels(*this, box_.size()));
   if (sharper) FitInto(box_);
   if (!sharper && painted_.size() == Pixels()) return;
   painted_ = {};

@@ -2,9 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
+#include <exception>
 
-#include "base/Helpers.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "images/ImagePipeline.h"
@@ -15,16 +14,30 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(products, "vorlina.products")
+// What a file became, or why it did not.
+struct Taken {
+  PreparedPicture picture;
+  std::exception_ptr failure;
+};
 
-// A missing thumbnail is not reported.
-void StoreThumbnail(const QString& target, const QByteArray& thumbnail) {
-  if (thumbnail.isEmpty()) return;
+Taken TakeNext(PreparedPictures& pictures) {
+  Taken taken;
   try {
-    WriteFileSafely(ThumbnailPath(target), thumbnail);
-  } catch (const Error& error) {
-    qCDebug(products) << error.Description();
+    taken.picture = pictures.Next();
+  } catch (...) {
+    taken.failure = std::current_exception();
   }
+  return taken;
+}
+
+// The picture itself, or the file as it is. One that cannot be taken is copied all the same before its error
+// is told, so that the user finds it; where the source cannot be read, that is the error.
+void StorePicture(const QString& source, const QString& target, const Taken& taken) {
+  if (taken.picture.jpeg.isEmpty())
+    CopyFileSafely(source, target);
+  else
+    WriteFileSafely(target, taken.picture.jpeg);
+  if (taken.failure) std::rethrow_exception(taken.failure);
 }
 
 }  // namespace
@@ -43,7 +56,7 @@ bool PictureImport::Run(const Progress& progress) {
   for (const QString& file : files_) paths += QDir(folder_).filePath(file);
   PreparedPictures pictures(paths, PictureLimit(), ReadPictureSettings());
   for (const QString& path : paths) {
-    if (progress && !progress(imported_, Count(), FileNameOf(path, true))) return false;
+    if (progress && !progress(imported_, Count(), QFileInfo(path).fileName())) return false;
     ImportNext(QDir::toNativeSeparators(path), pictures);
     ++imported_;
   }
@@ -52,41 +65,40 @@ bool PictureImport::Run(const Progress& progress) {
 }
 
 void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures) {
-  const QString code = NuovoCodice(IDCatalogo_, connection_);
+  // It is waited for before the transaction, which keeps other programs from giving away the code.
+  const Taken taken = TakeNext(pictures);
+  Transaction transaction(connection_);
+  const QString code = FreeCode();
   const QString target = MainImagePath(IDCatalogo_, code);
-  const PreparedPicture picture = StorePicture(source, target, pictures);
+  StorePicture(source, target, taken);
   // After the picture: what the setting names was imported whole, should the program end at the next one.
   SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"LastProcessedJPG"_qs, source);
-  StoreThumbnail(target, picture.thumbnail);
-  InsertProduct(code, source, target, picture.size);
-}
-
-// A picture that cannot be prepared is copied all the same before its error is told, so that the user finds
-// it; where the source cannot be read, that is the error.
-PreparedPicture PictureImport::StorePicture(const QString& source, const QString& target,
-                                            PreparedPictures& pictures) const {
-  PreparedPicture picture;
-  try {
-    picture = pictures.Next();
-  } catch (...) {
-    CopyFileSafely(source, target);
-    throw;
-  }
-  if (picture.jpeg.isEmpty())
-    CopyFileSafely(source, target);
-  else
-    WriteFileSafely(target, picture.jpeg);
-  return picture;
-}
-
-void PictureImport::InsertProduct(const QString& code, const QString& source, const QString& target,
-                                  QSize size) {
-  Transaction transaction(connection_);
-  connection_.Execute(
-      u"INSERT INTO PRODOTTI (IDCATALOGO,CODICEPRODOTTO,DESCRIZIONE,IMMAGINE,HEIGHT,WIDTH) VALUES (?,?,?,?,?,?)"_qs,
-      {IDCatalogo_, code, FileNameOf(source, false), target, size.height(), size.width()});
-  SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo_, code, connection_);
+  StoreThumbnail(target, taken.picture.thumbnail);
+  InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, taken.picture.size);
   transaction.Commit();
+}
+
+// A number whose file no row names: a product may have been given another code since.
+QString PictureImport::FreeCode() const {
+  for (QString code;;) {
+    code = NuovoCodice(IDCatalogo_, connection_, code.toLongLong());
+    const QString target = MainImagePath(IDCatalogo_, code);
+    if (!QFile::exists(target)) return code;
+    Rows named(
+        connection_,
+        u"SELECT 1 FROM Prodotti WHERE Immagine=?1 UNION ALL SELECT 1 FROM Immagini WHERE Immagine=?1"_qs,
+        {target});
+    if (!named.Next()) return code;
+  }
+}
+
+void PictureImport::InsertProduct(const QString& code, const QString& description, const QString& target,
+                                  QSize size) {
+  connection_.Execute(
+      u"INSERT INTO PRODOTTI (IDCATALOGO,CODICEPRODOTTO,DESCRIZIONE,IMMAGINE,HEIGHT,WIDTH) "
+      "VALUES (?,?,?,?,?,?)"_qs,
+      {IDCatalogo_, code, description, target, size.height(), size.width()});
+  SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo_, code, connection_);
 }
 
 }  // namespace vorlina

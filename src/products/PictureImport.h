@@ -30,9 +30,8 @@ class PictureImport {
 
  private:
   void ImportNext(const QString& file, PreparedPictures& pictures);
-  PreparedPicture StorePicture(const QString& source, const QString& target,
-                               PreparedPictures& pictures) const;
-  void InsertProduct(const QString& code, const QString& source, const QString& target, QSize size);
+  QString FreeCode() const;
+  void InsertProduct(const QString& code, const QString& description, const QString& target, QSize size);
 
   QString folder_;
   int IDCatalogo_;

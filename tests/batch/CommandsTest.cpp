@@ -1,4 +1,6 @@
 // The program as a user or a script meets it: exit codes, texts and JSON.
+#include <QColor>
+#include <QImage>
 #include <QJsonArray>
 #include <csignal>
 
@@ -177,6 +179,29 @@ TEST_F(CommandsTest, AnImportTellsHowFarItCame) {
   EXPECT_TRUE(faulty.err.contains(u"Error in Extensions table"_qs)) << faulty.err;
   EXPECT_EQ(Batch(Here({u"import"_qs, u"nowhere"_qs, u"--catalog"_qs, u"1"_qs})).exitCode, 1);
   EXPECT_EQ(Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"7"_qs})).exitCode, 1);
+}
+
+TEST_F(CommandsTest, TwoImportsAtATimeKeepTheirPicturesApart) {
+  AddCatalog(u"Catalog"_qs);
+  for (const QString& colour : {u"red"_qs, u"blue"_qs}) {
+    QDir(outside_.path()).mkdir(colour);
+    QImage image(900, 600, QImage::Format_RGB32);
+    image.fill(QColor(colour));
+    for (int i = 0; i < 20; ++i)
+      WriteFileSafely(Outside(u"%1/%1 %2.jpg"_qs.arg(colour).arg(i)), MakeJpeg(image));
+  }
+  QProcess red;
+  QProcess blue;
+  Start(red, Here({u"import"_qs, u"red"_qs, u"--catalog"_qs, u"1"_qs}));
+  Start(blue, Here({u"import"_qs, u"blue"_qs, u"--catalog"_qs, u"1"_qs}));
+  EXPECT_EQ(Ended(red).exitCode, 0);
+  EXPECT_EQ(Ended(blue).exitCode, 0);
+  EXPECT_EQ(Count(u"Prodotti"_qs), 40);
+  Rows rows(connection_, u"SELECT Descrizione,Immagine FROM Prodotti"_qs);
+  while (rows.Next()) {
+    const QColor colour = QImage(rows.Value(1).toString()).pixelColor(100, 100);
+    EXPECT_EQ(colour.red() > 200 ? u"red"_qs : u"blue"_qs, rows.Value(0).toString().section(u' ', 0, 0));
+  }
 }
 
 TEST_F(CommandsTest, ADatabaseThatCannotBeUsedIsToldByEveryCommand) {

@@ -52,7 +52,7 @@ bool IsRoot() { return ::geteuid() == 0; }
 
 TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
   const QStringList names{u"10 porta.JPG"_qs,           u"2 porta.jpg"_qs, u"L'anta \"blu\".Jpg"_qs,
-                          u"ドア; DROP TABLE--.jpg"_qs, u"🚪 50%_.jpg"_qs,  u"a.b.c.jpg"_qs};
+                          u"ドア; DROP TABLE--.jpg"_qs, u"🚪 50%_.jpg"_qs,  u"a.b\\c.jpg"_qs};
   for (const QString& name : names) Put(name);
   for (const QString& other : {u"d.jpeg"_qs, u"e.jpg.txt"_qs, u".hidden.jpg"_qs, u"f.png"_qs}) Put(other);
   QDir(outside_.path()).mkdir(u"folder.jpg"_qs);
@@ -68,7 +68,7 @@ TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
   EXPECT_EQ(told.first(), u"0/6 10 porta.JPG");
   EXPECT_EQ(told.last(), u"6/6 ");
   EXPECT_EQ(Descriptions(),
-            (QStringList{u"1 10 porta"_qs, u"2 2 porta"_qs, u"3 a.b.c"_qs, u"4 L'anta \"blu\""_qs,
+            (QStringList{u"1 10 porta"_qs, u"2 2 porta"_qs, u"3 a.b\\c"_qs, u"4 L'anta \"blu\""_qs,
                          u"5 ドア; DROP TABLE--"_qs, u"6 🚪 50%_"_qs}));
   EXPECT_EQ(Findings(), QStringList());
   EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='4'"_qs),
@@ -93,6 +93,14 @@ TEST_F(PictureImportTest, CodesAreTheFreeNumbersAboveTheCount) {
   EXPECT_EQ(RunToItsEnd(), QString());
   EXPECT_EQ(Descriptions().mid(4), (QStringList{u"5 a"_qs, u"7 b"_qs}));
   EXPECT_EQ(NuovoCodice(catalog_ + 1, connection_), u"1") << "another catalog's codes do not count";
+  // A product that was given another code since may still have its picture under the number.
+  const QString kept = AppFile(u"Images/"_qs + Named(u"8"_qs));
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='1'"_qs, {kept});
+  WriteFileSafely(kept, "kept");
+  EXPECT_EQ(NuovoCodice(catalog_, connection_), u"8");
+  EXPECT_EQ(RunToItsEnd(), QString());
+  EXPECT_EQ(Descriptions().mid(6), (QStringList{u"9 a"_qs, u"10 b"_qs}));
+  EXPECT_EQ(ContentOf(kept), "kept");
 }
 
 TEST_F(PictureImportTest, AStopTakesEffectBeforeTheNextPicture) {
@@ -148,7 +156,7 @@ TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
     PictureImport import = Import();
     one.spoil(Outside(u"b.jpg"_qs));
     const QString failure = FailureOf([&] { import.Run({}); });
-    EXPECT_TRUE(failure.contains(u"cannot be read"_qs)) << one.name << ": " << failure;
+    EXPECT_TRUE(failure.contains(u"b.jpg cannot be read: "_qs)) << one.name << ": " << failure;
     EXPECT_EQ(import.Imported(), 1) << one.name;
     EXPECT_EQ(Count(u"Prodotti"_qs), ++before) << one.name;
     const QStringList left =

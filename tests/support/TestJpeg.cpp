@@ -23,9 +23,19 @@ void SetForm(jpeg_compress_struct& info, const JpegForm& form) {
   if (form.colours == Colours::Rgb) jpeg_set_colorspace(&info, JCS_RGB);
   jpeg_set_quality(&info, form.quality, TRUE);
   if (form.progressive) jpeg_simple_progression(&info);
+  static const jpeg_scan_info separate[] = {
+      {1, {0}, 0, 63, 0, 0}, {1, {1}, 0, 63, 0, 0}, {1, {2}, 0, 63, 0, 0}};
+  if (form.separateScans) {
+    info.scan_info = separate;
+    info.num_scans = 3;
+  }
   if (form.colours == Colours::YCbCr) {
     info.comp_info[0].h_samp_factor = form.across;
     info.comp_info[0].v_samp_factor = form.down;
+    for (int i = 1; i < 3; ++i) {
+      info.comp_info[i].h_samp_factor = (i == 1 ? form.blue : form.red)[0];
+      info.comp_info[i].v_samp_factor = (i == 1 ? form.blue : form.red)[1];
+    }
   }
 }
 

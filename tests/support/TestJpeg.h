@@ -10,9 +10,13 @@ namespace vorlina {
 struct JpegForm {
   int quality = 92;
   bool progressive = false;
+  bool separateScans = false;  // a plain one, each colour by itself
   // How many samples of the first plane stand across and down for one of the others.
   int across = 2;
   int down = 2;
+  // The other planes' own factors, where they are not 1.
+  int blue[2] = {1, 1};
+  int red[2] = {1, 1};
   enum class Colours { YCbCr, Grey, Cmyk, Rgb } colours = Colours::YCbCr;
   QByteArray exif = {};  // the body of an APP1 marker
   QByteArray icc = {};
