@@ -11,7 +11,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(grid, "vorlina.grid")
+Q_LOGGING_CATEGORY(grid, "vorlina.grid", QtInfoMsg)
 
 QStandardItemModel* FillModel(Recordset& recordset, const QString& displayColumn, const QString& valueColumn,
                               QObject* owner) {

@@ -17,7 +17,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(images, "vorlina.images")
+Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 // A file of more than this is no photograph, and is not taken into memory.
 constexpr qint64 LargestFile = 512LL * 1024 * 1024;

@@ -10,7 +10,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(images, "vorlina.images")
+Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 // Whether what is decoded is enough to show the picture whole in the box.
 bool Covers(const ShownPicture& picture, QSize box) {

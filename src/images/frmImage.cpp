@@ -16,7 +16,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(images, "vorlina.images")
+Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 constexpr int DockingInterval = 100;
 

@@ -15,7 +15,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(images, "vorlina.images")
+Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 constexpr int Columns = 3;
 

@@ -8,7 +8,7 @@
 
 namespace vorlina {
 namespace {
-Q_LOGGING_CATEGORY(shell, "vorlina.shell")
+Q_LOGGING_CATEGORY(shell, "vorlina.shell", QtInfoMsg)
 }
 
 bool WidgetApplication::notify(QObject* receiver, QEvent* event) {

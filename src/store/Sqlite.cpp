@@ -10,7 +10,7 @@
 
 namespace vorlina {
 
-Q_LOGGING_CATEGORY(StoreLog, "vorlina.store")
+Q_LOGGING_CATEGORY(StoreLog, "vorlina.store", QtInfoMsg)
 
 namespace {
 
