@@ -36,6 +36,7 @@ Progress WidgetProgressBox::Reporter() {
 bool WidgetProgressBox::Show(qint64 done, qint64 total) {
   if (painted_.isValid() && painted_.elapsed() < PaintInterval) return !wasCanceled();
   painted_.start();
+  forceShow();
   setMaximum(int(total));
   setValue(int(done));  // paints, and takes what the user does
   return !wasCanceled();

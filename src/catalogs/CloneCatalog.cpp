@@ -13,7 +13,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs")
+Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
 
 // Columns that a copied row takes over as they are.
 const char16_t CatalogColumns[] =

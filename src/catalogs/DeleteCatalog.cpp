@@ -13,7 +13,7 @@
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs")
+Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
 
 QStringList Paths(Connection& connection, const QString& sql, int IDCatalogo) {
   QStringList paths;
