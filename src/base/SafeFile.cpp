@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QSet>
 #include <QThread>
 #include <cerrno>
 #include <filesystem>
@@ -124,13 +125,15 @@ bool CopyStagedFile(const QString& source, const QString& target) {
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly)) return false;
   Copied copied = Copied::Whole;
+  bool begun = false;
   try {
     WriteStagedFile(target, [&](QIODevice& device) {
+      begun = true;
       copied = CopyContent(from, static_cast<QFileDevice&>(device));
       return copied != Copied::NotWritten;
     });
   } catch (const Error&) {
-    QFile::remove(target);
+    if (begun) QFile::remove(target);
     throw;
   }
   if (copied == Copied::NotRead) QFile::remove(target);
@@ -162,6 +165,19 @@ void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>&
     FailWriting(path, file.errorString());
   file.close();
   if (file.error() != QFileDevice::NoError) FailWriting(path, file.errorString());
+}
+
+void SyncFiles(const QStringList& paths) {
+#ifdef Q_OS_LINUX
+  QSet<QString> folders;
+  for (const QString& path : paths) folders.insert(QFileInfo(path).absolutePath());
+  for (const QString& folder : folders) SyncVolume(folder);
+#else
+  for (const QString& path : paths) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(path, file.errorString());
+  }
+#endif
 }
 
 void SyncVolume(const QString& folder) {

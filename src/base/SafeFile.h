@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class QIODevice;
@@ -37,6 +38,10 @@ bool CopyStagedFile(const QString& source, const QString& target);
 // Brings all that was written to the disk on which the folder lies. Throws Error when it could not be
 // written.
 void SyncVolume(const QString& folder);
+
+// Brings these files to the disk, with the folders that hold them. Throws Error when they could not be
+// written.
+void SyncFiles(const QStringList& paths);
 
 // Asks the system to bring a folder's entries to the disk. A no-op where the system has no such call.
 void SyncFolder(const QString& folder);

@@ -52,7 +52,7 @@ int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progres
     CopyRest();
     CopiaImmaginiDuplicate(true, progress);
     // The files are on the disk before a row names them.
-    if (!made_.isEmpty()) SyncVolume(QFileInfo(made_.first()).absolutePath());
+    SyncFiles(made_);
     transaction.Commit();
   } catch (...) {
     RemoveFiles();
@@ -69,6 +69,7 @@ void CatalogClone::CopyCatalogRow(const QString& prefix) {
   if (connection_.Changes() != 1)
     throw Error(EitherLanguage(u"Il catalogo non esiste più"_qs, u"The catalog does not exist any more"_qs));
   NewID_ = int(connection_.LastInsertId());
+  connection_.KeepCounter(u"Cataloghi"_qs, NewID_);
   connection_.Execute(
       u"INSERT INTO CExtension (IDCatalogo,IDExtension,Valore) "
       "SELECT ?,IDExtension,Valore FROM CExtension WHERE IDCatalogo=?"_qs,
@@ -119,6 +120,7 @@ void CatalogClone::CopyRest() {
        "SELECT ?,CodiceProdotto,Immagine,Height,Width,Descrizione FROM Immagini WHERE IDCatalogo=? "
        "ORDER BY IDImmagine"_qs})
     connection_.Execute(copy, {NewID_, OldID_});
+  connection_.KeepCounter(u"Immagini"_qs, connection_.LastInsertId());
 }
 
 std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additional) const {
@@ -136,7 +138,7 @@ void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progr
   const QString update = additional ? u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs
                                     : u"UPDATE Prodotti SET Immagine=? WHERE rowid=?"_qs;
   const std::vector<NamedPicture> pictures = NamedPictures(additional);
-  for (const NamedPicture& picture : pictures) taken_.insert(picture.path);
+  for (const NamedPicture& picture : pictures) taken_.insert(keys_.Of(picture.path));
   for (const NamedPicture& picture : pictures) {
     Report(progress, done_++, total_, FileNameOf(picture.path, true));
     connection_.Execute(update, {CopyPicture(picture, additional), picture.key});
@@ -171,25 +173,46 @@ QStringList CatalogClone::NewNames(const QString& name) const {
 QString CatalogClone::ChoosePath(const QString& folder, const QStringList& names) {
   QString path;
   for (const QString& name : names)
-    if (IsFree(path = folder + name, folder)) break;
-  for (int i = 1; !IsFree(path, folder); ++i)
+    if (IsFree(path = folder + name)) break;
+  for (int i = 1; !IsFree(path); ++i)
     path = folder + QString::number(NewID_) + u'-' + QString::number(i) + u'-' + names.last();
-  taken_.insert(path);
+  taken_.insert(keys_.Of(path));
   return path;
 }
 
-// In "Images", what bears a new number is left from a clone that was cut short. Elsewhere it is the user's.
-bool CatalogClone::IsFree(const QString& path, const QString& folder) const {
-  if (taken_.contains(path)) return false;
-  return QDir(folder) == QDir(AppFile(u"Images"_qs)) || !QFile::exists(path);
+// In "Images", a file that no row names is left from a clone that was cut short. Elsewhere it is the user's,
+// as is what has a thumbnail's name.
+bool CatalogClone::IsFree(const QString& path) {
+  if (taken_.contains(keys_.Of(path))) return false;
+  if (LiesInImages(path)) return !QFile::exists(path) || !IsNamed(path);
+  const qsizetype cut = AfterLastSeparator(path);
+  return !QFile::exists(path) && !QFile::exists(path.left(cut) + u't' + path.mid(cut));
 }
 
-void CatalogClone::CopyFile(const QString& source, const QString& target) {
-  made_ += target;
-  if (!CopyStagedFile(source, target)) {
-    made_.removeLast();
-    qCDebug(catalogs) << "not copied" << source;
+bool CatalogClone::LiesInImages(const QString& path) {
+  const QString file = path.mid(AfterLastSeparator(path));
+  return keys_.Of(path) == keys_.Of(AppFile(u"Images/"_qs + file));
+}
+
+bool CatalogClone::IsNamed(const QString& path) {
+  if (!named_) {
+    named_.emplace();
+    Rows rows(connection_,
+              u"SELECT Immagine FROM Prodotti WHERE Immagine<>'' UNION ALL SELECT Immagine FROM Immagini "
+              "WHERE Immagine<>'' UNION ALL SELECT Logo FROM Cataloghi WHERE Logo<>''"_qs);
+    while (rows.Next()) named_->insert(keys_.Of(rows.Value(0).toString()));
   }
+  return named_->contains(keys_.Of(path));
+}
+
+// Where there is nothing to copy, nothing is to stand there: a leftover would be another picture.
+void CatalogClone::CopyFile(const QString& source, const QString& target) {
+  if (CopyStagedFile(source, target)) {
+    made_ += target;
+    return;
+  }
+  qCDebug(catalogs) << "not copied" << source;
+  if (LiesInImages(target)) QFile::remove(target);
 }
 
 void CatalogClone::RemoveFiles() noexcept {

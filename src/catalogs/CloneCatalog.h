@@ -4,8 +4,10 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
+#include "base/PathKeys.h"
 #include "base/Progress.h"
 
 namespace vorlina {
@@ -41,7 +43,9 @@ class CatalogClone {
   QString CopyPicture(const NamedPicture& picture, bool additional);
   QStringList NewNames(const QString& name) const;
   QString ChoosePath(const QString& folder, const QStringList& names);
-  bool IsFree(const QString& path, const QString& folder) const;
+  bool LiesInImages(const QString& path);
+  bool IsFree(const QString& path);
+  bool IsNamed(const QString& path);
   void CopyFile(const QString& source, const QString& target);
   void RemoveFiles() noexcept;
 
@@ -50,8 +54,10 @@ class CatalogClone {
   Connection& connection_;
   int done_ = 0;
   int total_ = 0;
-  QStringList made_;     // files, in order
-  QSet<QString> taken_;  // paths that rows of the source or of the copy name
+  QStringList made_;  // files, in order
+  PathKeys keys_;
+  QSet<QString> taken_;                 // keys of the paths that rows of the source or of the copy name
+  std::optional<QSet<QString>> named_;  // keys of the paths that any row names, read when first needed
 };
 
 }  // namespace vorlina

@@ -7,7 +7,10 @@
 #include <QSet>
 
 #include "base/AppPath.h"
+#include "base/Error.h"
 #include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/PathKeys.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -22,19 +25,6 @@ QStringList Paths(Connection& connection, const QString& sql, int IDCatalogo) {
   return paths;
 }
 
-// The paths that rows of other catalogs name as well.
-QSet<QString> NamedElsewhere(Connection& connection, int IDCatalogo) {
-  const QStringList shared =
-      Paths(connection,
-            u"WITH Own AS MATERIALIZED (SELECT Immagine FROM Prodotti WHERE IDCatalogo=?1 "
-            "UNION SELECT Immagine FROM Immagini WHERE IDCatalogo=?1) "
-            "SELECT Immagine FROM Prodotti WHERE IDCatalogo<>?1 AND Immagine IN Own "
-            "UNION SELECT Immagine FROM Immagini WHERE IDCatalogo<>?1 AND Immagine IN Own "
-            "UNION SELECT Logo FROM Cataloghi WHERE IDCatalogo<>?1 AND Logo<>''"_qs,
-            IDCatalogo);
-  return {shared.begin(), shared.end()};
-}
-
 // The logo's file by its rule, and the file of the catalog from which this one was cloned. A logo that was
 // never copied is the user's own file.
 QStringList LogoFiles(Connection& connection, int IDCatalogo) {
@@ -45,6 +35,23 @@ QStringList LogoFiles(Connection& connection, int IDCatalogo) {
   return files;
 }
 
+// The keys of those files that rows of other catalogs name as well.
+QSet<QString> NamedElsewhere(Connection& connection, int IDCatalogo, const QStringList& files,
+                             PathKeys& keys) {
+  QSet<QString> own;
+  for (const QString& file : files) own.insert(keys.Of(file));
+  QSet<QString> named;
+  Rows rows(
+      connection,
+      u"SELECT Immagine FROM Prodotti WHERE IDCatalogo<>?1 AND Immagine<>'' UNION ALL SELECT Immagine FROM "
+      u"Immagini "
+      "WHERE IDCatalogo<>?1 AND Immagine<>'' UNION ALL SELECT Logo FROM Cataloghi WHERE IDCatalogo<>?1 AND Logo<>''"_qs,
+      {IDCatalogo});
+  while (rows.Next())
+    if (const QString key = keys.Of(rows.Value(0).toString()); own.contains(key)) named.insert(key);
+  return named;
+}
+
 void RemoveFile(const QString& path) {
   if (!QFile::remove(path)) qCDebug(catalogs) << "not deleted" << path;
 }
@@ -52,20 +59,24 @@ void RemoveFile(const QString& path) {
 }  // namespace
 
 void DeleteCatalog(int IDCatalogo, Connection& connection) {
+  // Files cannot be brought back with the rows.
+  if (connection.InTransaction())
+    throw Error(EitherLanguage(u"Un'altra operazione è in corso"_qs, u"Another operation is going on"_qs));
   Transaction transaction(connection);
   const QStringList additional =
       Paths(connection, u"SELECT Immagine FROM Immagini WHERE IDCatalogo=? AND Immagine<>''"_qs, IDCatalogo);
   const QStringList main =
       Paths(connection, u"SELECT Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine<>''"_qs, IDCatalogo);
-  const QStringList logos = LogoFiles(connection, IDCatalogo);
-  const QSet<QString> kept = NamedElsewhere(connection, IDCatalogo);
+  const QStringList files = additional + main + LogoFiles(connection, IDCatalogo);
+  PathKeys keys;
+  const QSet<QString> kept = NamedElsewhere(connection, IDCatalogo, files, keys);
   connection.Execute(u"DELETE FROM Filtri WHERE IDCatalogo=?"_qs, {IDCatalogo});
   connection.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=?"_qs, {IDCatalogo});
   transaction.Commit();
-  for (const QString& file : additional + main + logos)
-    if (!kept.contains(file)) RemoveFile(file);
+  for (const QString& file : files)
+    if (!kept.contains(keys.Of(file))) RemoveFile(file);
   for (const QString& file : main)
-    if (!kept.contains(file)) RemoveFile(FolderOf(file) + u't' + FileNameOf(file, true));
+    if (!kept.contains(keys.Of(file))) RemoveFile(FolderOf(file) + u't' + FileNameOf(file, true));
 }
 
 }  // namespace vorlina

@@ -293,10 +293,11 @@ void frmCatalogs::DuplicaCatalogo() {
   try {
     if (const QListWidgetItem* item = SelectedCatalog(); item != nullptr && !item->text().isEmpty()) {
       const int id = SelectedCatalogId();
+      const QString name = item->text();  // the list may be made anew while the question stands
       Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
                              u"Do you want to clone selected catalog and its images?"_qs);
       if (!TheDialogs().Ask(this, Messaggio)) return;
-      CloneWithProgress(id, item->text());
+      CloneWithProgress(id, name);
       blnListaModificata = true;
     }
   } catch (const Stopped&) {
@@ -326,7 +327,9 @@ void frmCatalogs::CloneWithProgress(int id, const QString& name) {
   clone.DuplicaCatalogo(prefix, box.Reporter());
 }
 
+// Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.
 void frmCatalogs::Run(const QString& key) {
+  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) return;
   const auto handler = handlers_.find(key);
   if (handler != handlers_.end()) handler->second();
 }
@@ -428,6 +431,10 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
+  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) {
+    event->ignore();
+    return;
+  }
   rsCataloghi.Close();
   cnnCatalog.Close();
   event->accept();

@@ -253,3 +253,63 @@ TEST_F(CloneTest, ACatalogThatCannotBeDeletedKeepsItsFiles) {
   EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0U);
   EXPECT_EQ(ContentOf(Outside(u"logo.jpg"_qs)), "the user's own") << "a logo that was never copied";
 }
+
+// However a path is written, and whichever column names it: what another catalog needs stays.
+TEST_F(CloneTest, AFileThatIsNamedInAnotherWayIsTheSameFile) {
+  QFile::link(AppPath(), Outside(u"link"_qs));
+  const int other = AddCatalog(u"Other"_qs);
+  const QString logo = Put(Named(u"Logo"_qs));
+  const QString picture = Put(Named(u"a"_qs));
+  const QString shown = Put(u"shared.jpg"_qs);
+  AddProduct(catalog_, u"a"_qs);
+  AddProduct(other, u"b"_qs);
+  AddProduct(other, u"c"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='a'"_qs, {picture});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='b'"_qs,
+                      {Outside(QString(u"link/Images/"_qs + Named(u"a"_qs)))});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='c'"_qs, {shown});
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs,
+                      {QString(AppPath() + u"//Images/"_qs + Named(u"Logo"_qs)), other});
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {shown, catalog_});
+  DeleteCatalog(catalog_, connection_);
+  for (const QString& file : {logo, picture, shown}) EXPECT_TRUE(QFile::exists(file)) << file;
+}
+
+TEST_F(CloneTest, LeftoversAndForeignFilesDoNotGetIntoAClone) {
+  AddProduct(catalog_, u"m"_qs);
+  AddProduct(catalog_, u"n"_qs);
+  const int next = catalog_ + 1;
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='m'"_qs,
+                      {AppFile(u"Images/"_qs + Named(u"m"_qs))});  // there is no such file
+  Put(Named(next, u"m"_qs), "of a clone that was cut short");
+  WriteFileSafely(Outside(Named(u"n"_qs)), "n");
+  WriteFileSafely(Outside(u't' + Named(next, u"n"_qs)), "the user's own");
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='n'"_qs,
+                      {Outside(Named(u"n"_qs))});
+  Clone();
+  EXPECT_FALSE(QFile::exists(AppFile(u"Images/"_qs + Named(next, u"m"_qs))));
+  EXPECT_EQ(ContentOf(Outside(u't' + Named(next, u"n"_qs))), "the user's own");
+}
+
+TEST_F(CloneTest, ACommitThatFailsLeavesNoFiles) {
+  AddWholeProduct(OddCode);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  connection_.Execute(
+      u"CREATE TEMP TABLE Late (i INTEGER REFERENCES Missing (i) DEFERRABLE INITIALLY DEFERRED)"_qs);
+  connection_.Execute(u"CREATE TEMP TABLE Missing (i INTEGER PRIMARY KEY)"_qs);
+  connection_.Execute(
+      u"CREATE TEMP TRIGGER LateFault AFTER UPDATE OF Immagine ON main.Immagini "
+      "BEGIN INSERT INTO Late VALUES (1); END"_qs);
+  EXPECT_EQ(FailureOf([&] { Clone(); }), u"The row refers to a catalog or a product that no longer exists.");
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  EXPECT_FALSE(connection_.InTransaction());
+}
+
+TEST_F(CloneTest, ADeletionIsNoPartOfAnotherTransaction) {
+  AddWholeProduct(OddCode);
+  connection_.BeginTrans();
+  EXPECT_NE(FailureOf([&] { DeleteCatalog(catalog_, connection_); }), QString());
+  connection_.RollbackTrans();
+  EXPECT_EQ(Findings(), QStringList());
+}

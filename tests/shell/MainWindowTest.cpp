@@ -279,6 +279,21 @@ TEST_F(MainWindow, ClonesTheSelectedCatalog) {
 }
 
 // More than a hundred pictures are worth a box, from which the user can stop.
+TEST_F(MainWindow, ClonesInItalian) {
+  SetLanguage(u"Italian"_qs);
+  Open();
+  const QString question = u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs;
+  dialogs_.ExpectQuestion(question, true);
+  Press(u"cmdDuplica"_qs);
+  ASSERT_EQ(Catalogs()->count(), 3);
+  EXPECT_TRUE(Catalogs()->item(2)->text().startsWith(u"Copia di "_qs));
+  window_->cnnCatalog.Execute(
+      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'no'); END"_qs);
+  dialogs_.ExpectQuestion(question, true);
+  dialogs_.ExpectMessage(u"Impossibile duplicare il catalogo. \r\nno"_qs, BoxStyle::Stop);
+  Press(u"cmdDuplica"_qs);
+}
+
 TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
   Open();
   UnexpectedModalGuard::allowed = {u"WidgetProgressBox"_qs};
@@ -296,7 +311,12 @@ TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
       auto* box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
       if (box == nullptr) return;
       text = box->findChild<QLabel*>(u"lblProgress"_qs)->text();
-      if (stops) box->findChild<QPushButton*>()->click();
+      if (!stops) return;
+      box->findChild<QPushButton*>()->click();
+      // What else the user does in that moment has no effect; nothing is asked.
+      QTest::keyClick(Catalogs(), Qt::Key_Delete);
+      Press(u"cmdDuplica"_qs);
+      window_->close();
     });
     watch.start();
     dialogs_.ExpectQuestion(u"Do you want to clone selected catalog and its images?"_qs, true);
@@ -304,6 +324,7 @@ TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
     EXPECT_EQ(text, name);
     EXPECT_EQ(Catalogs()->count(), stops ? 2 : 3);
     EXPECT_FALSE(window_->cnnCatalog.InTransaction());
+    EXPECT_TRUE(window_->isVisible());
   }
   UnexpectedModalGuard::allowed.clear();
 }
