@@ -233,6 +233,7 @@ void frmNewCatalog::cmdBrowse_Click() {
       TheDialogs().OpenFile(this, u"Choose an image"_qs, u"Immagini (*.jpg)|*.jpg"_qs, QString());
   if (path.isEmpty()) return;
   try {
+    const WaitCursor wait;
     SetLogo(path, MeasureLogo(path));
   } catch (const std::exception& error) {
     ShowError(this, DescriptionOf(error));

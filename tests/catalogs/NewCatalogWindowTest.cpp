@@ -439,6 +439,14 @@ TEST_F(Wizard, ItsEndIsWhatWasChosen) {
   EXPECT_EQ(Count(u"Cataloghi"_qs), 3);
 }
 
+TEST_F(Wizard, InAnotherLanguageItIsItalianAndRefusesInSilence) {
+  Open(u"italian"_qs);
+  EXPECT_EQ(Nav(Next)->text(), u"Avanti >>"_qs);
+  Click(Next);
+  EXPECT_EQ(Step(), 1);
+  GoTo(2);
+}
+
 TEST_F(Wizard, HelpIsThereOnceSomebodyGivesIt) {
   SetLanguage(u"English"_qs);
   wizard_ = std::make_unique<frmNewCatalog>();
