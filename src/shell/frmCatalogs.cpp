@@ -20,6 +20,7 @@
 #include "catalogs/CatalogNames.h"
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
+#include "catalogs/frmNewCatalog.h"
 #include "publish/PluginHost.h"
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
@@ -55,9 +56,9 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
   InitPictures();
   ui_->setupUi(this);
   handlers_ = {
-      {u"cmdDelete"_qs, [this] { Delete_Click(); }},  {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }},
-      {u"cmdPublish"_qs, [this] { PressPublish(); }}, {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
-      {u"subSupport"_qs, [this] { MailSupport(); }},
+      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }},    {u"cmdDelete"_qs, [this] { Delete_Click(); }},
+      {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }}, {u"cmdPublish"_qs, [this] { PressPublish(); }},
+      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},    {u"subSupport"_qs, [this] { MailSupport(); }},
   };
   MakeToolbar();
   MakeMenus();
@@ -332,6 +333,39 @@ void frmCatalogs::Run(const QString& key) {
   if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) return;
   const auto handler = handlers_.find(key);
   if (handler != handlers_.end()) handler->second();
+}
+
+// There is one wizard at a time: pressing New again comes back to it.
+void frmCatalogs::NewCatalogWizard() {
+  if (wizard_ == nullptr || !wizard_->isVisible()) {
+    wizard_ = new frmNewCatalog(this);
+    wizard_->setAttribute(Qt::WA_DeleteOnClose);
+    wizard_->ConnectionText = cnnCatalog.ConnectionText();
+    connect(wizard_, &frmNewCatalog::EditWanted, this, &frmCatalogs::ShowCatalogs);
+    connect(wizard_, &frmNewCatalog::MainMenuWanted, this, &frmCatalogs::ShowCatalogs);
+    connect(wizard_, &frmNewCatalog::Cancelled, this, &frmCatalogs::ComeToFront);
+    connect(wizard_, &frmNewCatalog::AnotherWanted, this, &frmCatalogs::AnotherCatalog);
+    wizard_->LoadForm();
+    wizard_->show();
+  }
+  wizard_->activateWindow();
+  blnListaModificata = true;
+}
+
+void frmCatalogs::ComeToFront() {
+  show();
+  activateWindow();
+}
+
+void frmCatalogs::ShowCatalogs() {
+  ComeToFront();
+  ListCatalog();
+}
+
+void frmCatalogs::AnotherCatalog() {
+  ListCatalog();
+  ui_->LstWCatalogs->setCurrentRow(ui_->LstWCatalogs->count() - 1);
+  ui_->cmdNew->click();
 }
 
 // The first press shows the plug-ins, the second publishes with the one selected there.

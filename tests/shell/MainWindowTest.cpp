@@ -17,6 +17,7 @@
 #include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
+#include "catalogs/frmNewCatalog.h"
 #include "shell/frmCatalogs.h"
 #include "store/GetValue.h"
 #include "support/AppFolder.h"
@@ -278,7 +279,6 @@ TEST_F(MainWindow, ClonesTheSelectedCatalog) {
   EXPECT_EQ(Catalogs()->count(), 3);
 }
 
-// More than a hundred pictures are worth a box, from which the user can stop.
 TEST_F(MainWindow, ClonesInItalian) {
   SetLanguage(u"Italian"_qs);
   Open();
@@ -294,6 +294,7 @@ TEST_F(MainWindow, ClonesInItalian) {
   Press(u"cmdDuplica"_qs);
 }
 
+// More than a hundred pictures are worth a box, from which the user can stop.
 TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
   Open();
   UnexpectedModalGuard::allowed = {u"WidgetProgressBox"_qs};
@@ -327,6 +328,50 @@ TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
     EXPECT_TRUE(window_->isVisible());
   }
   UnexpectedModalGuard::allowed.clear();
+}
+
+TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
+  Open();
+  const auto wizard = [this] {
+    frmNewCatalog* shown = nullptr;
+    for (frmNewCatalog* one : window_->findChildren<frmNewCatalog*>())
+      if (one->isVisible()) shown = one;
+    return shown;
+  };
+  const auto finish = [&](const QString& name, int choice) {
+    frmNewCatalog* open = wizard();
+    ASSERT_NE(open, nullptr);
+    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtCatalogName"_qs), name);
+    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtFilter_0"_qs), u"f"_qs);
+    for (int step = 1; step < 4; ++step) open->findChild<QPushButton*>(u"cmdNav_0"_qs)->click();
+    open->findChild<QAbstractButton*>(u"optWizEnd_%1"_qs.arg(choice))->click();
+    open->findChild<QPushButton*>(u"cmdNav_2"_qs)->click();
+  };
+  QTest::mouseClick(Find<QPushButton>(u"cmdNew"_qs), Qt::LeftButton);
+  ASSERT_NE(wizard(), nullptr);
+  EXPECT_FALSE(wizard()->isModal());
+  frmNewCatalog* first = wizard();
+  Press(u"cmdNew"_qs);
+  EXPECT_EQ(wizard(), first) << "one wizard at a time";
+
+  finish(u"another"_qs, 1);
+  EXPECT_EQ(Catalogs()->count(), 3);
+  EXPECT_EQ(Catalogs()->currentItem()->text(), u"another"_qs);
+  ASSERT_NE(wizard(), nullptr) << "a fresh one";
+  EXPECT_EQ(wizard()->findChild<QLineEdit*>(u"txtCatalogName"_qs)->text(), QString());
+
+  for (const int choice : {2, 0}) {
+    finish(u"menu"_qs, choice);
+    EXPECT_EQ(wizard(), nullptr);
+    EXPECT_EQ(Catalogs()->item(Catalogs()->count() - 1)->text(), u"menu"_qs);
+    Press(u"cmdNew"_qs);
+  }
+  EXPECT_EQ(Catalogs()->count(), 5);
+  wizard()->findChild<QPushButton*>(u"cmdNav_3"_qs)->click();
+  EXPECT_EQ(wizard(), nullptr);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(Catalogs()->count(), 5);
+  EXPECT_EQ(Catalogs()->currentItem()->text(), u"another"_qs);
 }
 
 TEST_F(MainWindow, ClosingReleasesTheDatabaseAndTellsTheProgram) {
