@@ -50,6 +50,36 @@ const char16_t* const EnglishConfirmations[] = {
     u"All the additional images will be deleted. Continue?",
 };
 
+const char16_t* const ItalianWizard[] = {
+    u"Avanti >>",
+    u"<< Indietro",
+    u"Fine",
+    u"Annulla",
+    u"Aiuto ?",
+    (u"Dati generali del catalogo: vengono qui inseriti i dati che caratterizzano il catalogo come ad "
+     u"esempio "
+     u"la denominazione dei campi di descrizione da mostrare insieme ai prodotti"),
+    (u"Impostazione dei campi di filtraggio: è possibile impostare la denominazione dei campi caratteristici "
+     u"che serviranno per eseguire operazioni di filtraggio sui dati da parte dell'utente del catalogo"),
+    (u"Generazione catalogo completata: sarà ora possibile inserire i valori per i campi di filtraggio e i "
+     u"dati dei prodotti da inserire nel catalogo"),
+    (u"Informazioni Aziendali: inserire le informazioni aziendali in modo da dare agli utenti del catalogo "
+     u"tutti i vostri recapiti"),
+};
+
+const char16_t* const EnglishWizard[] = {
+    u"&Next >>",
+    u"<< &Back",
+    u"&Finish",
+    u"&Cancel",
+    u"Help &?",
+    u"Insert here general data for the catalog like title, description and products fields name",
+    u"Insert here up to five fields name to be used as search filter by the user",
+    u"Insert here the company information to be used by the user to contact you",
+    (u"Catalog generation completed: now you can insert new values for filtering fileds  and products "
+     u"data"),
+};
+
 struct Range {
   int base;
   const char16_t* const* texts;
@@ -57,8 +87,10 @@ struct Range {
 };
 
 const Range Ranges[] = {
+    {101, ItalianWizard, std::size(ItalianWizard)},
     {200, ItalianErrors, std::size(ItalianErrors)},
     {300, ItalianConfirmations, std::size(ItalianConfirmations)},
+    {401, EnglishWizard, std::size(EnglishWizard)},
     {500, EnglishErrors, std::size(EnglishErrors)},
     {600, EnglishConfirmations, std::size(EnglishConfirmations)},
 };

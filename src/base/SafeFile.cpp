@@ -4,6 +4,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QSet>
 #include <QThread>
 #include <cerrno>
 #include <filesystem>
@@ -12,6 +13,10 @@
 #include "base/Error.h"
 #include "base/Language.h"
 
+#ifdef Q_OS_LINUX
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#endif
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
@@ -51,6 +56,33 @@ bool Commit(QSaveFile& file) {
 #endif
 }
 
+enum class Copied { Whole, NotRead, NotWritten };
+
+// Lets the file share the other's content until one of them changes.
+bool CopyByReference(const QFile& from, QFileDevice& to) {
+#ifdef Q_OS_LINUX
+  return ::ioctl(to.handle(), FICLONE, from.handle()) == 0 && to.seek(from.size());
+#else
+  Q_UNUSED(from)
+  Q_UNUSED(to)
+  return false;
+#endif
+}
+
+// Copies an open file into an empty one, and checks the number of bytes.
+Copied CopyContent(QFile& from, QFileDevice& to) {
+  if (CopyByReference(from, to)) return Copied::Whole;
+  constexpr qint64 Piece = 1 << 18;
+  QByteArray buffer(Piece, Qt::Uninitialized);
+  for (qint64 copied = 0;;) {
+    const qint64 got = from.read(buffer.data(), Piece);
+    if (got < 0 || (got == 0 && copied != from.size())) return Copied::NotRead;
+    if (got == 0) return Copied::Whole;
+    if (to.write(buffer.constData(), got) != got) return Copied::NotWritten;
+    copied += got;
+  }
+}
+
 }  // namespace
 
 void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer) {
@@ -85,17 +117,27 @@ void CopyFileSafely(const QString& source, const QString& target) {
     throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
                     .arg(QDir::toNativeSeparators(source), from.errorString()));
   WriteFileSafely(target, [&](QIODevice& device) {
-    constexpr qint64 Piece = 1 << 18;
-    QByteArray buffer(Piece, Qt::Uninitialized);
-    qint64 copied = 0;
-    for (;;) {
-      const qint64 got = from.read(buffer.data(), Piece);
-      if (got < 0) return false;
-      if (got == 0) return copied == from.size();
-      if (device.write(buffer.constData(), got) != got) return false;
-      copied += got;
-    }
+    return CopyContent(from, static_cast<QFileDevice&>(device)) == Copied::Whole;
   });
+}
+
+bool CopyStagedFile(const QString& source, const QString& target) {
+  QFile from(source);
+  if (!from.open(QIODevice::ReadOnly)) return false;
+  Copied copied = Copied::Whole;
+  bool begun = false;
+  try {
+    WriteStagedFile(target, [&](QIODevice& device) {
+      begun = true;
+      copied = CopyContent(from, static_cast<QFileDevice&>(device));
+      return copied != Copied::NotWritten;
+    });
+  } catch (const Error&) {
+    if (begun) QFile::remove(target);
+    throw;
+  }
+  if (copied == Copied::NotRead) QFile::remove(target);
+  return copied == Copied::Whole;
 }
 
 void MoveFileSafely(const QString& source, const QString& target) {
@@ -123,6 +165,19 @@ void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>&
     FailWriting(path, file.errorString());
   file.close();
   if (file.error() != QFileDevice::NoError) FailWriting(path, file.errorString());
+}
+
+void SyncFiles(const QStringList& paths) {
+#ifdef Q_OS_LINUX
+  QSet<QString> folders;
+  for (const QString& path : paths) folders.insert(QFileInfo(path).absolutePath());
+  for (const QString& folder : folders) SyncVolume(folder);
+#else
+  for (const QString& path : paths) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(path, file.errorString());
+  }
+#endif
 }
 
 void SyncVolume(const QString& folder) {

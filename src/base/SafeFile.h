@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class QIODevice;
@@ -28,9 +29,19 @@ void MoveFileSafely(const QString& source, const QString& target);
 // and is not brought to the disk, which SyncVolume then does once for many files. Throws Error.
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer);
 
+// Copies a file that does not count yet, under its own name and not brought to the disk: by reference where
+// the file system can, so that a later change of either leaves the other alone. False where the source cannot
+// be read, with nothing left behind. Throws Error where the target cannot be written, with nothing left
+// behind either.
+bool CopyStagedFile(const QString& source, const QString& target);
+
 // Brings all that was written to the disk on which the folder lies. Throws Error when it could not be
 // written.
 void SyncVolume(const QString& folder);
+
+// Brings these files to the disk, with the folders that hold them. Throws Error when they could not be
+// written.
+void SyncFiles(const QStringList& paths);
 
 // Asks the system to bring a folder's entries to the disk. A no-op where the system has no such call.
 void SyncFolder(const QString& folder);

@@ -52,7 +52,9 @@ QString QtFilter(const QString& filter) {
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     QString masks = parts[i + 1];
     masks.replace(u';', u' ').replace(u"*.*"_qs, u"*"_qs);
-    filters += parts[i] + u" ("_qs + masks + u')';
+    // A description that names its masks itself is not to name them twice.
+    const QString named = u" ("_qs + masks + u')';
+    filters += parts[i].endsWith(named) ? parts[i] : parts[i] + named;
   }
   return filters.join(u";;"_qs);
 }

@@ -22,6 +22,8 @@ const std::map<QString, CommandForm>& CommandForms() {
       {u"plugins"_qs, {{}, Word::None}},
       {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, Word::None}},
       {u"import"_qs, {{u"--catalog"_qs}, Word::Folder}},
+      {u"clone"_qs, {{u"--catalog"_qs}, Word::None}},
+      {u"delete"_qs, {{u"--catalog"_qs, u"--yes"_qs}, Word::None}},
       {u"check"_qs, {{}, Word::None}},
       {u"backup"_qs, {{}, Word::File}},
       {u"restore"_qs, {{}, Word::File}}};
@@ -39,7 +41,7 @@ struct Pieces {
 };
 
 Pieces Split(const QStringList& texts) {
-  static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs};
+  static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs, u"--yes"_qs};
   static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs, u"--language"_qs};
   Pieces pieces;
   for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -143,6 +145,9 @@ Comandi:
                            pubblica un catalogo in una cartella
   import CARTELLA --catalog ID
                            fa un prodotto di ogni immagine ".jpg" della cartella
+  clone --catalog ID       duplica un catalogo con le sue immagini
+  delete --catalog ID --yes
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto
   check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
                            solo di note, come un file che nessuna riga usa
   backup FILE              salva database, immagini e layout in un archivio
@@ -166,6 +171,9 @@ Commands:
                            publishes a catalog into a folder
   import FOLDER --catalog ID
                            makes a product of each picture ".jpg" in the folder
+  clone --catalog ID       clones a catalog with its pictures
+  delete --catalog ID --yes
+                           deletes a catalog with its pictures; --yes says that this is meant
   check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
                            notes, such as a file that no row uses
   backup FILE              saves database, pictures and layouts in one archive

@@ -50,6 +50,8 @@ Outcome RunCommand(const Arguments& arguments, const Progress& progress) {
   OpenCatalogs(connection);
   if (arguments.command == u"publish") return RunPublish(connection, arguments, progress);
   if (arguments.command == u"import") return RunImport(connection, arguments, progress);
+  if (arguments.command == u"clone") return RunClone(connection, arguments, progress);
+  if (arguments.command == u"delete") return RunDelete(connection, arguments);
   if (arguments.command == u"check") return RunCheck(connection);
   if (arguments.command == u"backup") return RunBackup(connection, arguments, progress);
   return RunCatalogs(connection);

@@ -22,6 +22,8 @@ Outcome RunCatalogs(Connection& connection);
 Outcome RunPlugins();
 Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress);
 Outcome RunImport(Connection& connection, const Arguments& arguments, const Progress& progress);
+Outcome RunClone(Connection& connection, const Arguments& arguments, const Progress& progress);
+Outcome RunDelete(Connection& connection, const Arguments& arguments);
 Outcome RunCheck(Connection& connection);
 Outcome RunBackup(Connection& connection, const Arguments& arguments, const Progress& progress);
 Outcome RunRestore(const Arguments& arguments, const Progress& progress);

@@ -22,6 +22,7 @@ struct GridColumn {
   Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
   QVariant defaultValue = {};  // of a new row; QVariant() for the table's own
   Lookup lookup = {};
+  int field = -1;  // its place in the recordset, where two columns there bear one name; -1 finds it by key
 };
 
 }  // namespace vorlina

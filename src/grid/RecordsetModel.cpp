@@ -29,7 +29,9 @@ bool RecordsetModel::Bind(Recordset& recordset, std::vector<GridColumn> columns)
   if (!Submit()) return false;
   std::vector<int> fields;
   for (const GridColumn& column : columns)
-    fields.push_back(column.bound ? recordset.Fields().IndexOf(column.key) : -1);
+    fields.push_back(!column.bound       ? -1
+                     : column.field >= 0 ? column.field
+                                         : recordset.Fields().IndexOf(column.key));
   beginResetModel();
   recordset_ = &recordset;
   columns_ = std::move(columns);

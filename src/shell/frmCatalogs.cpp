@@ -13,8 +13,14 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "base/Messages.h"
 #include "base/Settings.h"
+#include "base/WaitCursor.h"
+#include "base/WidgetProgressBox.h"
 #include "catalogs/CatalogNames.h"
+#include "catalogs/CloneCatalog.h"
+#include "catalogs/DeleteCatalog.h"
+#include "catalogs/frmNewCatalog.h"
 #include "publish/PluginHost.h"
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
@@ -50,9 +56,9 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
   InitPictures();
   ui_->setupUi(this);
   handlers_ = {
-      {u"cmdPublish"_qs, [this] { PressPublish(); }},
-      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
-      {u"subSupport"_qs, [this] { MailSupport(); }},
+      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }},    {u"cmdDelete"_qs, [this] { Delete_Click(); }},
+      {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }}, {u"cmdPublish"_qs, [this] { PressPublish(); }},
+      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},    {u"subSupport"_qs, [this] { MailSupport(); }},
   };
   MakeToolbar();
   MakeMenus();
@@ -267,9 +273,99 @@ void frmCatalogs::RenameSelected(const QModelIndex& index, const QString& name) 
   }
 }
 
+// A catalog without a name is left alone, as is a list in which none is selected.
+void frmCatalogs::Delete_Click() {
+  try {
+    if (const QListWidgetItem* item = SelectedCatalog(); item != nullptr && !item->text().isEmpty()) {
+      const int id = SelectedCatalogId();
+      if (!TheDialogs().Ask(this, NumberedText(BaseConferma + 0), BoxStyle::QuestionNoFirst)) return;
+      const WaitCursor wait;
+      DeleteCatalog(id, cnnCatalog);
+      blnListaModificata = true;
+    }
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+    return;
+  }
+  ListCatalog();
+}
+
+void frmCatalogs::DuplicaCatalogo() {
+  try {
+    if (const QListWidgetItem* item = SelectedCatalog(); item != nullptr && !item->text().isEmpty()) {
+      const int id = SelectedCatalogId();
+      const QString name = item->text();  // the list may be made anew while the question stands
+      Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
+                             u"Do you want to clone selected catalog and its images?"_qs);
+      if (!TheDialogs().Ask(this, Messaggio)) return;
+      CloneWithProgress(id, name);
+      blnListaModificata = true;
+    }
+  } catch (const Stopped&) {
+    // The user asked for it, and nothing of the copy is there.
+  } catch (const std::exception& error) {
+    TheDialogs().Message(
+        this,
+        ByLanguage(u"Impossibile duplicare il catalogo. "_qs, u"Impossible to clone the catalog. "_qs) +
+            u"\r\n"_qs + DescriptionOf(error),
+        BoxStyle::Stop);
+    return;
+  }
+  ListCatalog();
+}
+
+// Few pictures take no time worth a box.
+void frmCatalogs::CloneWithProgress(int id, const QString& name) {
+  constexpr int Few = 100;
+  const QString prefix = ByLanguage(u"Copia di "_qs, u"Copy of "_qs);
+  CatalogClone clone(id, cnnCatalog);
+  if (CountPictures(id, cnnCatalog) <= Few) {
+    const WaitCursor wait;
+    clone.DuplicaCatalogo(prefix, {});
+    return;
+  }
+  WidgetProgressBox box(this, name);
+  clone.DuplicaCatalogo(prefix, box.Reporter());
+}
+
+// Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.
 void frmCatalogs::Run(const QString& key) {
+  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) return;
   const auto handler = handlers_.find(key);
   if (handler != handlers_.end()) handler->second();
+}
+
+// There is one wizard at a time: pressing New again comes back to it.
+void frmCatalogs::NewCatalogWizard() {
+  if (wizard_ == nullptr || !wizard_->isVisible()) {
+    wizard_ = new frmNewCatalog(this);
+    wizard_->setAttribute(Qt::WA_DeleteOnClose);
+    wizard_->ConnectionText = cnnCatalog.ConnectionText();
+    connect(wizard_, &frmNewCatalog::EditWanted, this, &frmCatalogs::ShowCatalogs);
+    connect(wizard_, &frmNewCatalog::MainMenuWanted, this, &frmCatalogs::ShowCatalogs);
+    connect(wizard_, &frmNewCatalog::Cancelled, this, &frmCatalogs::ComeToFront);
+    connect(wizard_, &frmNewCatalog::AnotherWanted, this, &frmCatalogs::AnotherCatalog);
+    wizard_->LoadForm();
+    wizard_->show();
+  }
+  wizard_->activateWindow();
+  blnListaModificata = true;
+}
+
+void frmCatalogs::ComeToFront() {
+  show();
+  activateWindow();
+}
+
+void frmCatalogs::ShowCatalogs() {
+  ComeToFront();
+  ListCatalog();
+}
+
+void frmCatalogs::AnotherCatalog() {
+  ListCatalog();
+  ui_->LstWCatalogs->setCurrentRow(ui_->LstWCatalogs->count() - 1);
+  ui_->cmdNew->click();
 }
 
 // The first press shows the plug-ins, the second publishes with the one selected there.
@@ -369,6 +465,10 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
+  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) {
+    event->ignore();
+    return;
+  }
   rsCataloghi.Close();
   cnnCatalog.Close();
   event->accept();

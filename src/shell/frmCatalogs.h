@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -18,6 +19,8 @@ class QListWidgetItem;
 class QTreeWidgetItem;
 
 namespace vorlina {
+
+class frmNewCatalog;
 
 namespace Ui {
 class frmCatalogs;
@@ -73,6 +76,13 @@ class frmCatalogs : public QMainWindow {
   QListWidgetItem* SelectedCatalog() const;
   int SelectedCatalogId() const;
   void RenameSelected(const QModelIndex& index, const QString& name);
+  void NewCatalogWizard();
+  void ComeToFront();
+  void ShowCatalogs();
+  void AnotherCatalog();
+  void Delete_Click();
+  void DuplicaCatalogo();
+  void CloneWithProgress(int id, const QString& name);
   void PressPublish();
   void PublishSelected();
   void ShowPublishPane(bool show);
@@ -90,7 +100,10 @@ class frmCatalogs : public QMainWindow {
   QMenu* mnuPlugins_;
   QMenu* mnuInstallaSkin_;
   QAction* mnuInstallPlugin_;
+  QPointer<frmNewCatalog> wizard_;
   bool blnPannelloPubblica = false;
+  // True after New, Delete and Clone; nothing reads it.
+  bool blnListaModificata = false;
   bool activationFailed_ = false;
   std::vector<int> arrIDCataloghi;
 };

@@ -85,6 +85,15 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   EXPECT_EQ(Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"109"_qs})).out,
             u"Imported 2 products\n");
 
+  const Ran clone = Batch(Here({u"clone"_qs, u"--catalog"_qs, u"109"_qs, u"--json"_qs}));
+  EXPECT_EQ(clone.Json(),
+            (QJsonObject{
+                {u"catalog"_qs, 109}, {u"clone"_qs, 110}, {u"command"_qs, u"clone"_qs}, {u"ok"_qs, true}}));
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"IDCatalogo=110"_qs), 7);
+  EXPECT_EQ(Batch(Here({u"delete"_qs, u"--catalog"_qs, u"110"_qs, u"--yes"_qs})).out,
+            u"Catalog 110 is deleted\n");
+  EXPECT_EQ(Batch(Here({u"delete"_qs, u"--catalog"_qs, u"110"_qs, u"--yes"_qs})).exitCode, 1);
+
   for (const QString& command : {u"backup"_qs, u"restore"_qs}) {
     connection_.Close();
     const Ran run = Batch(Here({command, u"b.zip"_qs, u"--json"_qs}));

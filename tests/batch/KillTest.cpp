@@ -180,3 +180,45 @@ TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
   EXPECT_GE(hits, Kills * 9 / 10);
   std::printf("%d of %d kills hit the import (%d ms)\n", hits, Kills, duration);
 }
+
+// Cloning leaves the copy whole or not at all, and deletion the catalog whole or not at all: what is left is
+// at most files without a row.
+TEST_F(KillTest, ACloneOrADeletionLeavesAWholeDatabase) {
+  Fill("x", 1500);
+  connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo) VALUES (200,'other')"_qs);
+  connection_.Close();
+  const QByteArray database = ContentOf(Path());
+  CopyTree(AppFile(u"Images"_qs), Outside(u"Images"_qs));
+  const auto prepare = [&] {
+    CopyTree(Outside(u"Images"_qs), AppFile(u"Images"_qs));
+    WriteFileSafely(Path(), database);
+    QFile::remove(Path() + u"-journal"_qs);
+  };
+  const QStringList of109{u"--catalog"_qs, u"109"_qs};
+  for (const QStringList& command :
+       {Here(QStringList{u"clone"_qs} + of109), Here(QStringList{u"delete"_qs, u"--yes"_qs} + of109)}) {
+    const bool clones = command.first() == u"clone";
+    int duration = Duration(command, prepare);
+    int hits = 0;
+    int done = 0;
+    for (int i = 0; i < Kills; ++i) {
+      prepare();
+      const QString sign = clones ? AppFile(u"Images/201-È %1.jpg"_qs.arg(i * 35)) : Path() + u"-journal"_qs;
+      hits += Kill(i, command, duration, sign) ? 1 : 0;
+      const Ran check = Batch(Here({u"check"_qs, u"--json"_qs}));
+      ASSERT_EQ(check.exitCode, 0) << check.out;
+      for (const auto finding : check.Json()[u"findings"].toArray())
+        ASSERT_TRUE(finding.toObject()[u"kind"].toString().endsWith(u"-file"_qs)) << check.out;
+      Connection connection;
+      OpenCatalogDatabase(connection, Path());
+      const int products = GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, connection, {}).toInt();
+      const int after = clones ? 3000 : 0;
+      ASSERT_TRUE(products == 1500 || products == after) << products;
+      done += products == after ? 1 : 0;
+    }
+    EXPECT_GE(hits, Kills * 9 / 10);
+    EXPECT_LT(done, Kills);
+    std::printf("%d of %d kills hit %s (%d ms); %d times it was done\n", hits, Kills,
+                qPrintable(command.first()), duration, done);
+  }
+}

@@ -348,3 +348,18 @@ TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
   model_.Refresh();
   EXPECT_EQ(At(303, Code).data(), u"n300"_qs);
 }
+
+// Nothing keeps a user from giving a value the name of another column.
+TEST_F(RecordsetModelTest, ColumnsThatShareANameStayApart) {
+  products_.Close();
+  products_.Open(
+      u"SELECT CodiceProdotto As [Codice], Valore1 As [Codice] FROM Prodotti WHERE IDCatalogo=?"_qs,
+      connection_, CursorType::Keyset, LockType::Optimistic, {catalog_});
+  model_.Bind(products_, {{.key = u"Codice"_qs, .field = 0}, {.key = u"Codice"_qs, .field = 1}});
+  const int row = model_.FindRow(u"Codice"_qs, u"A"_qs);
+  model_.setData(At(row, 1), u"value"_qs);
+  ASSERT_TRUE(model_.Submit());
+  EXPECT_EQ(Stored(u"Valore1"_qs, u"A"_qs), u"value"_qs);
+  ASSERT_TRUE(model_.SortBy(1, SortDirection::Descending));
+  EXPECT_EQ(At(0, 0).data(), u"A"_qs);
+}

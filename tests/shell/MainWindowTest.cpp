@@ -5,9 +5,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "base/AppPath.h"
@@ -15,6 +17,7 @@
 #include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
+#include "catalogs/frmNewCatalog.h"
 #include "shell/frmCatalogs.h"
 #include "store/GetValue.h"
 #include "support/AppFolder.h"
@@ -230,8 +233,145 @@ TEST_F(MainWindow, CommandsWithoutAWindowAreDisabled) {
     EXPECT_FALSE(Find<QAction>(key)->isEnabled()) << key;
   EXPECT_TRUE(Find<QAction>(u"subSupport"_qs)->isEnabled());
   QTest::keyClick(Catalogs(), Qt::Key_Return);
-  QTest::keyClick(Catalogs(), Qt::Key_Delete);
   EXPECT_EQ(Catalogs()->count(), 2);
+}
+
+TEST_F(MainWindow, DeletesWithItsKeyAfterTheQuestion) {
+  for (const bool english : {false, true}) {
+    SetLanguage(english ? u"English"_qs : u"Italian"_qs);
+    Open();
+    const int before = Catalogs()->count();
+    const QString question =
+        english ? u"Do you want to delete selected catalog and its images?"_qs
+                : u"Procedere all'eliminazione del catalogo e di tutte le immagini ad esso associate ?"_qs;
+    Catalogs()->setCurrentRow(0);
+    for (const bool answer : {false, true}) {
+      dialogs_.ExpectQuestion(question, answer);
+      QTest::keyClick(Catalogs(), Qt::Key_Delete);
+      EXPECT_EQ(Catalogs()->count(), answer ? before - 1 : before);
+      EXPECT_EQ(dialogs_.Left(), 0);
+    }
+  }
+  Press(u"cmdDelete"_qs);
+  EXPECT_EQ(Catalogs()->count(), 0) << "with an empty list nothing is asked";
+}
+
+TEST_F(MainWindow, ClonesTheSelectedCatalog) {
+  Open();
+  Catalogs()->setCurrentRow(1);
+  const QString name = Catalogs()->item(1)->text();
+  const QString question = u"Do you want to clone selected catalog and its images?"_qs;
+  dialogs_.ExpectQuestion(question, false);
+  Press(u"cmdDuplica"_qs);
+  EXPECT_FALSE(window_->cnnCatalog.InTransaction());
+  EXPECT_EQ(Catalogs()->count(), 2);
+  dialogs_.ExpectQuestion(question, true);
+  Press(u"cmdDuplica"_qs);
+  ASSERT_EQ(Catalogs()->count(), 3);
+  EXPECT_EQ(Catalogs()->item(2)->text(), u"Copy of "_qs + name);
+  EXPECT_EQ(Catalogs()->currentRow(), 1);
+
+  window_->cnnCatalog.Execute(
+      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  dialogs_.ExpectQuestion(question, true);
+  dialogs_.ExpectMessage(u"Impossible to clone the catalog. \r\nrefused"_qs, BoxStyle::Stop);
+  Press(u"cmdDuplica"_qs);
+  EXPECT_EQ(Catalogs()->count(), 3);
+}
+
+TEST_F(MainWindow, ClonesInItalian) {
+  SetLanguage(u"Italian"_qs);
+  Open();
+  const QString question = u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs;
+  dialogs_.ExpectQuestion(question, true);
+  Press(u"cmdDuplica"_qs);
+  ASSERT_EQ(Catalogs()->count(), 3);
+  EXPECT_TRUE(Catalogs()->item(2)->text().startsWith(u"Copia di "_qs));
+  window_->cnnCatalog.Execute(
+      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'no'); END"_qs);
+  dialogs_.ExpectQuestion(question, true);
+  dialogs_.ExpectMessage(u"Impossibile duplicare il catalogo. \r\nno"_qs, BoxStyle::Stop);
+  Press(u"cmdDuplica"_qs);
+}
+
+// More than a hundred pictures are worth a box, from which the user can stop.
+TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
+  Open();
+  UnexpectedModalGuard::allowed = {u"WidgetProgressBox"_qs};
+  window_->cnnCatalog.Execute(
+      u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) "
+      "INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) SELECT 110,"
+      "(SELECT CodiceProdotto FROM Prodotti WHERE IDCatalogo=110 LIMIT 1),'missing.jpg' FROM n"_qs);
+  Catalogs()->setCurrentRow(1);
+  const QString name = Catalogs()->item(1)->text();
+  for (const bool stops : {true, false}) {
+    QString text;
+    QTimer watch;
+    watch.setInterval(0);
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+      auto* box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      text = box->findChild<QLabel*>(u"lblProgress"_qs)->text();
+      if (!stops) return;
+      box->findChild<QPushButton*>()->click();
+      // What else the user does in that moment has no effect; nothing is asked.
+      QTest::keyClick(Catalogs(), Qt::Key_Delete);
+      Press(u"cmdDuplica"_qs);
+      window_->close();
+    });
+    watch.start();
+    dialogs_.ExpectQuestion(u"Do you want to clone selected catalog and its images?"_qs, true);
+    Press(u"cmdDuplica"_qs);
+    EXPECT_EQ(text, name);
+    EXPECT_EQ(Catalogs()->count(), stops ? 2 : 3);
+    EXPECT_FALSE(window_->cnnCatalog.InTransaction());
+    EXPECT_TRUE(window_->isVisible());
+  }
+  UnexpectedModalGuard::allowed.clear();
+}
+
+TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
+  Open();
+  const auto wizard = [this] {
+    frmNewCatalog* shown = nullptr;
+    for (frmNewCatalog* one : window_->findChildren<frmNewCatalog*>())
+      if (one->isVisible()) shown = one;
+    return shown;
+  };
+  const auto finish = [&](const QString& name, int choice) {
+    frmNewCatalog* open = wizard();
+    ASSERT_NE(open, nullptr);
+    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtCatalogName"_qs), name);
+    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtFilter_0"_qs), u"f"_qs);
+    for (int step = 1; step < 4; ++step) open->findChild<QPushButton*>(u"cmdNav_0"_qs)->click();
+    open->findChild<QAbstractButton*>(u"optWizEnd_%1"_qs.arg(choice))->click();
+    open->findChild<QPushButton*>(u"cmdNav_2"_qs)->click();
+  };
+  QTest::mouseClick(Find<QPushButton>(u"cmdNew"_qs), Qt::LeftButton);
+  ASSERT_NE(wizard(), nullptr);
+  EXPECT_FALSE(wizard()->isModal());
+  frmNewCatalog* first = wizard();
+  Press(u"cmdNew"_qs);
+  EXPECT_EQ(wizard(), first) << "one wizard at a time";
+
+  finish(u"another"_qs, 1);
+  EXPECT_EQ(Catalogs()->count(), 3);
+  EXPECT_EQ(Catalogs()->currentItem()->text(), u"another"_qs);
+  ASSERT_NE(wizard(), nullptr) << "a fresh one";
+  EXPECT_EQ(wizard()->findChild<QLineEdit*>(u"txtCatalogName"_qs)->text(), QString());
+
+  for (const int choice : {2, 0}) {
+    finish(u"menu"_qs, choice);
+    EXPECT_EQ(wizard(), nullptr);
+    EXPECT_EQ(Catalogs()->item(Catalogs()->count() - 1)->text(), u"menu"_qs);
+    Press(u"cmdNew"_qs);
+  }
+  EXPECT_EQ(Catalogs()->count(), 5);
+  wizard()->findChild<QPushButton*>(u"cmdNav_3"_qs)->click();
+  EXPECT_EQ(wizard(), nullptr);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(Catalogs()->count(), 5);
+  EXPECT_EQ(Catalogs()->currentItem()->text(), u"another"_qs);
 }
 
 TEST_F(MainWindow, ClosingReleasesTheDatabaseAndTellsTheProgram) {

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPalette>
@@ -24,6 +25,7 @@
 #include "base/Language.h"
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
+#include "catalogs/frmNewCatalog.h"
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
 #include "shell/frmCatalogs.h"
@@ -99,6 +101,32 @@ void TakePager(const Photographer& photographer, Connection& connection) {
   pager.ShowCatalog(u"ORDER BY OrdineTemp"_qs);
 }
 
+// The four steps of the wizard, filled in. It is left before it writes anything.
+void TakeWizard(const Photographer& photographer, const Connection& connection) {
+  frmNewCatalog wizard;
+  wizard.ConnectionText = connection.ConnectionText();
+  wizard.LoadForm();
+  const std::pair<QString, QString> texts[] = {{u"txtCatalogName"_qs, u"Ceramiche 2026"_qs},
+                                               {u"txtCatalogDescription"_qs, u"Piatti, tazze e vasi"_qs},
+                                               {u"txtValue_0"_qs, u"Prezzo €"_qs},
+                                               {u"txtValue_1"_qs, u"Peso (kg)"_qs},
+                                               {u"txtFilter_0"_qs, u"Colore"_qs},
+                                               {u"txtFilter_1"_qs, u"Materiale"_qs},
+                                               {u"txtAzienda"_qs, u"Manifatture Lunari"_qs},
+                                               {u"txtIndirizzo"_qs, u"Via dei Tornitori 12"_qs},
+                                               {u"txtCitta"_qs, u"Faenza"_qs},
+                                               {u"txtProvincia"_qs, u"RA"_qs},
+                                               {u"txtCap"_qs, u"48018"_qs},
+                                               {u"txtStato"_qs, u"Italia"_qs},
+                                               {u"txtEmail"_qs, u"info@lunari.example"_qs},
+                                               {u"txtLogo"_qs, u"/home/anna/Immagini/logo.jpg"_qs}};
+  for (int step = 1; step <= 4; ++step) {
+    for (const auto& [box, text] : texts) wizard.findChild<QLineEdit*>(box)->setText(text);
+    photographer.Take(wizard, u"frmNewCatalog-%1"_qs.arg(step));
+    wizard.findChild<QPushButton*>(u"cmdNav_0"_qs)->click();
+  }
+}
+
 void TakeAll(const Photographer& photographer) {
   frmSplash splash;
   splash.LoadSplash();
@@ -117,6 +145,7 @@ void TakeAll(const Photographer& photographer) {
   Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);
   photographer.Take(catalogs, u"frmCatalogs-publish"_qs);
 
+  TakeWizard(photographer, catalogs.cnnCatalog);
   TakePreview(photographer);
   TakePager(photographer, catalogs.cnnCatalog);
 }

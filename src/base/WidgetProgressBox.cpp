@@ -1,0 +1,45 @@
+#include "base/WidgetProgressBox.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+#include "base/Language.h"
+
+namespace vorlina {
+namespace {
+
+// Milliseconds between two paintings.
+constexpr int PaintInterval = 40;
+
+}  // namespace
+
+WidgetProgressBox::WidgetProgressBox(QWidget* owner, const QString& text) : QProgressDialog(owner) {
+  setObjectName(u"WidgetProgressBox"_qs);
+  auto* label = new QLabel;
+  label->setObjectName(u"lblProgress"_qs);
+  label->setTextFormat(Qt::PlainText);
+  label->setText(fontMetrics().elidedText(text, Qt::ElideRight, 600));
+  setLabel(label);
+  setCancelButtonText(EitherLanguage(u"&Annulla"_qs, u"&Cancel"_qs));
+  setWindowTitle(u"Vorlina"_qs);
+  setWindowModality(Qt::ApplicationModal);
+  setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+  setMinimumDuration(0);
+  setAutoClose(false);
+  setAutoReset(false);
+}
+
+Progress WidgetProgressBox::Reporter() {
+  return [this](qint64 done, qint64 total, const QString&) { return Show(done, total); };
+}
+
+bool WidgetProgressBox::Show(qint64 done, qint64 total) {
+  if (painted_.isValid() && painted_.elapsed() < PaintInterval) return !wasCanceled();
+  painted_.start();
+  forceShow();
+  setMaximum(int(total));
+  setValue(int(done));  // paints, and takes what the user does
+  return !wasCanceled();
+}
+
+}  // namespace vorlina

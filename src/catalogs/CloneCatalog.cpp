@@ -1,0 +1,222 @@
+#include "catalogs/CloneCatalog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include "base/AppPath.h"
+#include "base/Helpers.h"
+#include "base/SafeFile.h"
+#include "store/Connection.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
+
+// Columns that a copied row takes over as they are.
+const char16_t CatalogColumns[] =
+    u"Descrizione,NomeFiltro1,NomeFiltro2,NomeFiltro3,NomeFiltro4,NomeFiltro5,NomeValore1,NomeValore2,"
+    u"NomeValore3,"
+    "Titolo,Sottotitolo,Spalla,Azienda,Indirizzo,Citta,Provincia,Stato,CAP,Tel,Fax,Email,URL,Extras,Logo,"
+    "Width,Height";
+const char16_t ProductColumns[] =
+    u"CodiceProdotto,Descrizione,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,IDFiltro5,Valore1,Valore2,Valore3,"
+    "SchedaTecnica,Immagine,Height,Width";
+
+// Where the two separators count alike.
+qsizetype AfterLastSeparator(const QString& path) {
+  return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1;
+}
+
+}  // namespace
+
+int CountPictures(int IDCatalogo, Connection& connection) {
+  Rows rows(connection,
+            u"SELECT (SELECT COUNT(Immagine) FROM Prodotti WHERE IDCatalogo=?1)+"
+            "(SELECT COUNT(Immagine) FROM Immagini WHERE IDCatalogo=?1)"_qs,
+            {IDCatalogo});
+  rows.Next();
+  return rows.Value(0).toInt();
+}
+
+int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progress) {
+  Transaction transaction(connection_);
+  try {
+    total_ = CountPictures(OldID_, connection_);
+    CopyCatalogRow(prefix);
+    CopyProducts();
+    CopiaImmaginiDuplicate(false, progress);
+    CopyFilters();
+    CopyRest();
+    CopiaImmaginiDuplicate(true, progress);
+    // The files are on the disk before a row names them.
+    SyncFiles(made_);
+    transaction.Commit();
+  } catch (...) {
+    RemoveFiles();
+    throw;
+  }
+  return NewID_;
+}
+
+void CatalogClone::CopyCatalogRow(const QString& prefix) {
+  connection_.Execute(
+      u"INSERT INTO Cataloghi (NomeCatalogo,%1) SELECT ?||COALESCE(NomeCatalogo,''),%1 FROM Cataloghi "
+      "WHERE IDCatalogo=?"_qs.arg(QString::fromUtf16(CatalogColumns)),
+      {prefix, OldID_});
+  if (connection_.Changes() != 1)
+    throw Error(EitherLanguage(u"Il catalogo non esiste più"_qs, u"The catalog does not exist any more"_qs));
+  NewID_ = int(connection_.LastInsertId());
+  connection_.KeepCounter(u"Cataloghi"_qs, NewID_);
+  connection_.Execute(
+      u"INSERT INTO CExtension (IDCatalogo,IDExtension,Valore) "
+      "SELECT ?,IDExtension,Valore FROM CExtension WHERE IDCatalogo=?"_qs,
+      {NewID_, OldID_});
+}
+
+void CatalogClone::CopyProducts() {
+  connection_.Execute(
+      u"INSERT INTO Prodotti (IDCatalogo,%1) SELECT ?,%1 FROM Prodotti WHERE IDCatalogo=?"_qs.arg(
+          QString::fromUtf16(ProductColumns)),
+      {NewID_, OldID_});
+}
+
+// A product's value becomes the value of the same text and filter in the copy, the first one where there are
+// several, and 0 where its value does not exist.
+void CatalogClone::CopyFilters() {
+  connection_.Execute(
+      u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) "
+      "SELECT ?,IDNomeFiltro,Valore,Pubblica FROM Filtri WHERE IDCatalogo=? ORDER BY IDValore"_qs,
+      {NewID_, OldID_});
+  connection_.Execute(
+      u"CREATE TEMP TABLE ValoriDuplicati "
+      "(IDValore INTEGER PRIMARY KEY, IDNomeFiltro INTEGER, NuovoValore INTEGER)"_qs);
+  connection_.Execute(
+      u"WITH Copied AS MATERIALIZED (SELECT IDNomeFiltro,Valore,MIN(IDValore) AS NuovoValore FROM Filtri "
+      "WHERE IDCatalogo=?1 GROUP BY IDNomeFiltro,Valore) "
+      "INSERT INTO temp.ValoriDuplicati SELECT F.IDValore,F.IDNomeFiltro,C.NuovoValore FROM Filtri F JOIN "
+      "Copied C "
+      "ON C.IDNomeFiltro=F.IDNomeFiltro AND C.Valore=F.Valore WHERE F.IDCatalogo=?2"_qs,
+      {NewID_, OldID_});
+  QStringList columns;
+  for (int n = 1; n <= 5; ++n)
+    columns +=
+        u"IDFiltro%1=CASE WHEN IDFiltro%1<>0 THEN COALESCE((SELECT NuovoValore FROM temp.ValoriDuplicati "
+        "WHERE IDValore=IDFiltro%1 AND IDNomeFiltro=%1),0) ELSE IDFiltro%1 END"_qs.arg(n);
+  connection_.Execute(u"UPDATE Prodotti SET %1 WHERE IDCatalogo=?"_qs.arg(columns.join(u',')), {NewID_});
+  connection_.Execute(u"DROP TABLE temp.ValoriDuplicati"_qs);
+}
+
+void CatalogClone::CopyRest() {
+  for (
+      const QString& copy :
+      {u"INSERT INTO PExtension (IDCatalogo,CodiceProdotto,IDExtension,Valore) "
+       "SELECT ?,CodiceProdotto,IDExtension,Valore FROM PExtension WHERE IDCatalogo=?"_qs,
+       u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) "
+       "SELECT ?,CodiceProdotto,Caratteristica,Valore FROM SchedeTecniche WHERE IDCatalogo=? ORDER BY IDScheda"_qs,
+       u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine,Height,Width,Descrizione) "
+       "SELECT ?,CodiceProdotto,Immagine,Height,Width,Descrizione FROM Immagini WHERE IDCatalogo=? "
+       "ORDER BY IDImmagine"_qs})
+    connection_.Execute(copy, {NewID_, OldID_});
+  connection_.KeepCounter(u"Immagini"_qs, connection_.LastInsertId());
+}
+
+std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additional) const {
+  std::vector<NamedPicture> pictures;
+  Rows rows(connection_,
+            additional
+                ? u"SELECT IDImmagine,Immagine FROM Immagini WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs
+                : u"SELECT rowid,Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs,
+            {NewID_});
+  while (rows.Next()) pictures.push_back({rows.Value(0).toLongLong(), rows.Value(1).toString()});
+  return pictures;
+}
+
+void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progress) {
+  const QString update = additional ? u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs
+                                    : u"UPDATE Prodotti SET Immagine=? WHERE rowid=?"_qs;
+  const std::vector<NamedPicture> pictures = NamedPictures(additional);
+  for (const NamedPicture& picture : pictures) taken_.insert(keys_.Of(picture.path));
+  for (const NamedPicture& picture : pictures) {
+    Report(progress, done_++, total_, FileNameOf(picture.path, true));
+    connection_.Execute(update, {CopyPicture(picture, additional), picture.key});
+  }
+}
+
+// Copies the file, and gives its path also where there was none to copy.
+QString CatalogClone::CopyPicture(const NamedPicture& picture, bool additional) {
+  const qsizetype cut = AfterLastSeparator(picture.path);
+  const QString folder = picture.path.left(cut);
+  const QString name = picture.path.mid(cut);
+  if (name.isEmpty()) return picture.path;
+  const qsizetype dot = name.lastIndexOf(u'.');
+  const QString number = QString::number(picture.key) + (dot < 0 ? QString() : name.mid(dot));
+  QString target = ChoosePath(folder, additional ? QStringList{number} : NewNames(name));
+  CopyFile(picture.path, target);
+  if (!additional) CopyFile(folder + u't' + name, folder + u't' + target.mid(cut));
+  return target;
+}
+
+// The old catalog's number gives way to the new one wherever it stands before a hyphen, in a product's code
+// too. Where that is another picture's name, it does so at the head alone.
+QStringList CatalogClone::NewNames(const QString& name) const {
+  const QString before = QString::number(OldID_) + u'-';
+  const QString after = QString::number(NewID_) + u'-';
+  QStringList names{QString(name).replace(before, after)};
+  if (name.startsWith(before)) names += after + name.mid(before.size());
+  return names;
+}
+
+// The first name that is no other picture's, or the last one behind the new catalog's number.
+QString CatalogClone::ChoosePath(const QString& folder, const QStringList& names) {
+  QString path;
+  for (const QString& name : names)
+    if (IsFree(path = folder + name)) break;
+  for (int i = 1; !IsFree(path); ++i)
+    path = folder + QString::number(NewID_) + u'-' + QString::number(i) + u'-' + names.last();
+  taken_.insert(keys_.Of(path));
+  return path;
+}
+
+// In "Images", a file that no row names is left from a clone that was cut short. Elsewhere it is the user's,
+// as is what has a thumbnail's name.
+bool CatalogClone::IsFree(const QString& path) {
+  if (taken_.contains(keys_.Of(path))) return false;
+  if (LiesInImages(path)) return !QFile::exists(path) || !IsNamed(path);
+  const qsizetype cut = AfterLastSeparator(path);
+  return !QFile::exists(path) && !QFile::exists(path.left(cut) + u't' + path.mid(cut));
+}
+
+bool CatalogClone::LiesInImages(const QString& path) {
+  const QString file = path.mid(AfterLastSeparator(path));
+  return keys_.Of(path) == keys_.Of(AppFile(u"Images/"_qs + file));
+}
+
+bool CatalogClone::IsNamed(const QString& path) {
+  if (!named_) {
+    named_.emplace();
+    Rows rows(connection_,
+              u"SELECT Immagine FROM Prodotti WHERE Immagine<>'' UNION ALL SELECT Immagine FROM Immagini "
+              "WHERE Immagine<>'' UNION ALL SELECT Logo FROM Cataloghi WHERE Logo<>''"_qs);
+    while (rows.Next()) named_->insert(keys_.Of(rows.Value(0).toString()));
+  }
+  return named_->contains(keys_.Of(path));
+}
+
+// Where there is nothing to copy, nothing is to stand there: a leftover would be another picture.
+void CatalogClone::CopyFile(const QString& source, const QString& target) {
+  if (CopyStagedFile(source, target)) {
+    made_ += target;
+    return;
+  }
+  qCDebug(catalogs) << "not copied" << source;
+  if (LiesInImages(target)) QFile::remove(target);
+}
+
+void CatalogClone::RemoveFiles() noexcept {
+  for (const QString& path : made_) QFile::remove(path);
+}
+
+}  // namespace vorlina

@@ -1,0 +1,63 @@
+// A full copy of a catalog: its rows with new identifiers, and its picture files under new names.
+#pragma once
+
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+#include "base/PathKeys.h"
+#include "base/Progress.h"
+
+namespace vorlina {
+
+class Connection;
+
+// How many pictures a catalog's rows name, the additional ones included.
+int CountPictures(int IDCatalogo, Connection& connection);
+
+// A clone shares nothing with its source but the file of the logo, to which both rows point.
+class CatalogClone {
+ public:
+  CatalogClone(int OldID, Connection& connection) : OldID_(OldID), connection_(connection) {}
+
+  // Makes the copy in one transaction and gives its identifier. Its name is the source's behind the prefix;
+  // publication order and mark take the columns' defaults. A picture file that is missing is passed over, its
+  // row names the new place all the same. progress is told pictures. Throws Error, and Stopped where progress
+  // asks for it; there is then neither a row nor a file of the copy. To be called once.
+  int DuplicaCatalogo(const QString& prefix, const Progress& progress);
+
+ private:
+  struct NamedPicture {
+    qint64 key;  // of the product row, or IDImmagine
+    QString path;
+  };
+
+  void CopyCatalogRow(const QString& prefix);
+  void CopyProducts();
+  void CopyFilters();
+  void CopyRest();
+  void CopiaImmaginiDuplicate(bool additional, const Progress& progress);
+  std::vector<NamedPicture> NamedPictures(bool additional) const;
+  QString CopyPicture(const NamedPicture& picture, bool additional);
+  QStringList NewNames(const QString& name) const;
+  QString ChoosePath(const QString& folder, const QStringList& names);
+  bool LiesInImages(const QString& path);
+  bool IsFree(const QString& path);
+  bool IsNamed(const QString& path);
+  void CopyFile(const QString& source, const QString& target);
+  void RemoveFiles() noexcept;
+
+  int OldID_;
+  int NewID_ = 0;
+  Connection& connection_;
+  int done_ = 0;
+  int total_ = 0;
+  QStringList made_;  // files, in order
+  PathKeys keys_;
+  QSet<QString> taken_;                 // keys of the paths that rows of the source or of the copy name
+  std::optional<QSet<QString>> named_;  // keys of the paths that any row names, read when first needed
+};
+
+}  // namespace vorlina

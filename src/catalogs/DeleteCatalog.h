@@ -1,0 +1,13 @@
+// The deletion of a catalog with all that belongs to it.
+#pragma once
+
+namespace vorlina {
+
+class Connection;
+
+// Deletes the catalog's rows in one transaction, and then its picture files, thumbnails and logo. A file that
+// a row of another catalog names stays, as does one that cannot be deleted. Its grid layout stays too. Throws
+// Error when the rows cannot be deleted; rows and files are then as they were.
+void DeleteCatalog(int IDCatalogo, Connection& connection);
+
+}  // namespace vorlina

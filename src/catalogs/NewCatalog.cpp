@@ -1,0 +1,146 @@
+#include "catalogs/NewCatalog.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+#include "base/AppPath.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/Messages.h"
+#include "base/SafeFile.h"
+#include "images/ImagePipeline.h"
+#include "publish/EscapedNames.h"
+#include "store/GetValue.h"
+#include "store/Recordset.h"
+
+namespace vorlina {
+namespace {
+
+// The product grid has columns of its own by these names.
+bool IsReserved(const QString& name) {
+  const QString lower = name.toLower();
+  if (Language == u"Italian") return lower == u"codice" || lower == u"descrizione";
+  if (Language == u"English") return lower == u"code" || lower == u"description";
+  return false;
+}
+
+bool SameName(const QString& a, const QString& b) {
+  return !a.isEmpty() && a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// Each name is compared with those behind it. A reserved name ends the check, the other faults do not.
+void CheckNames(const QStringList& names, const QString& alike, const QString& reservedBehind,
+                QStringList& messages) {
+  for (qsizetype i = 0; i < names.size(); ++i) {
+    const auto twin = std::find_if(names.begin() + i + 1, names.end(),
+                                   [&](const QString& other) { return SameName(names[i], other); });
+    if (twin != names.end()) messages += alike;
+    if (IsReserved(names[i])) {
+      messages += ByLanguage(u"Il nome '"_qs, u"The name '"_qs) + names[i] + reservedBehind;
+      return;
+    }
+  }
+}
+
+QVariant TextOrNull(const QString& text) { return text.isEmpty() ? NullValue() : QVariant(text); }
+
+void SetNames(Recordset& catalogs, const QString& column, const QStringList& names) {
+  for (qsizetype i = 0; i < names.size(); ++i)
+    catalogs.SetValue(column + QString::number(i + 1), TextOrNull(EscapeName(names[i])));
+}
+
+void StoreRow(Recordset& catalogs, NewCatalog& catalog) {
+  // A row that an earlier attempt stored may have been deleted since.
+  if (catalogs.IsEOF()) catalogs.AddNew();
+  catalogs.SetValue(u"NomeCatalogo"_qs, catalog.NomeCatalogo);
+  catalogs.SetValue(u"Descrizione"_qs, TextOrNull(catalog.Descrizione));
+  SetNames(catalogs, u"NomeValore"_qs, catalog.valueNames);
+  SetNames(catalogs, u"NomeFiltro"_qs, catalog.filterNames);
+  for (auto text = catalog.company.cbegin(); text != catalog.company.cend(); ++text)
+    catalogs.SetValue(text.key(), TextOrNull(text.value()));
+  catalogs.Update();
+  catalog.IDCatalogo = catalogs.Value(u"IDCatalogo"_qs).toInt();
+}
+
+void StoreLogo(Recordset& catalogs, const NewCatalog& catalog) {
+  if (catalog.LogoPath.isEmpty() || !QFileInfo::exists(catalog.LogoPath)) return;
+  const QString target = AppFile(u"Images/"_qs + QString::number(catalog.IDCatalogo) + u"-Logo.jpg"_qs);
+  CopyFileSafely(catalog.LogoPath, target);
+  catalogs.SetValue(u"Logo"_qs, target);
+  catalogs.SetValue(u"Height"_qs, catalog.logoSize.height());
+  catalogs.SetValue(u"Width"_qs, catalog.logoSize.width());
+  catalogs.Update();
+}
+
+}  // namespace
+
+QStringList CheckGeneral(const NewCatalog& catalog) {
+  QStringList messages;
+  if (catalog.NomeCatalogo.isEmpty()) messages += NumberedText(BaseErrore + 0);
+  CheckNames(
+      catalog.valueNames, NumberedText(BaseErrore + 4),
+      ByLanguage(u"' non è consentito per  un campo valore."_qs, u"' is not allowed for a value field."_qs),
+      messages);
+  return messages;
+}
+
+QStringList CheckFilters(const NewCatalog& catalog) {
+  QStringList messages;
+  if (catalog.filterNames.value(0).isEmpty()) messages += NumberedText(BaseErrore + 1);
+  CheckNames(
+      catalog.filterNames, NumberedText(BaseErrore + 3),
+      ByLanguage(u"' non è consentito per un campo filtro."_qs, u"' is not allowed for a filter field."_qs),
+      messages);
+  return messages;
+}
+
+QStringList CheckValueFilterNames(const NewCatalog& catalog) {
+  QStringList messages;
+  for (const QString& filter : catalog.filterNames)
+    for (const QString& value : catalog.valueNames)
+      if (SameName(filter, value)) messages += NumberedText(BaseConferma + 8);
+  return messages;
+}
+
+QString FitEscapedName(QString name) {
+  while (EscapeName(name).size() > LongestEscapedName) name.chop(1);
+  // The box, or the line above, may have cut a character of two units in half.
+  if (!name.isEmpty() && name.back().isHighSurrogate()) name.chop(1);
+  return name;
+}
+
+QMap<QString, QString> OfferedCompany(Connection& connection, const QStringList& columns) {
+  QMap<QString, QString> company;
+  const int recent = int(NullToZero(GetValue(u"Max(IDCatalogo)"_qs, u"Cataloghi"_qs, connection,
+                                             u"IDCatalogo <> 109 And IDCatalogo <> 110"_qs)));
+  if (recent == 0) return company;
+  Rows rows(connection, u"SELECT * FROM CATALOGHI WHERE IDCATALOGO=?"_qs, {recent});
+  if (!rows.Next()) return company;
+  for (const QString& column : columns) company[column] = NullToEmpty(rows.Value(column));
+  return company;
+}
+
+// Decoding at the smallest scale meets what is damaged or cut short, which the head alone does not tell.
+QSize MeasureLogo(const QString& path) {
+  const QByteArray jpeg = ReadPictureFile(path);
+  DecodeJpeg(jpeg, QSize(1, 1));
+  return UprightSize(ReadJpegHead(jpeg));
+}
+
+void StoreCatalog(Connection& connection, NewCatalog& catalog) {
+  Recordset catalogs;
+  catalogs.Open(u"SELECT * FROM CATALOGHI WHERE IDCatalogo=?"_qs, connection, CursorType::Keyset,
+                LockType::Optimistic, {catalog.IDCatalogo});
+  StoreRow(catalogs, catalog);
+  StoreLogo(catalogs, catalog);
+}
+
+QString CatalogCaption(const QString& name, const QVariant& description) {
+  constexpr qsizetype LongDescription = 100;
+  constexpr qsizetype Beginning = 10;
+  if (description.isNull()) return name;
+  const QString text = NullToEmpty(description);
+  return name + u" - "_qs + (text.size() < LongDescription ? text : text.left(Beginning) + u"..."_qs);
+}
+
+}  // namespace vorlina

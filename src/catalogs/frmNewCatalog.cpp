@@ -1,0 +1,318 @@
+#include "catalogs/frmNewCatalog.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QMetaMethod>
+#include <QMetaProperty>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Language.h"
+#include "base/Messages.h"
+#include "base/WaitCursor.h"
+#include "images/frmImage.h"
+#include "store/Connection.h"
+#include "ui_frmNewCatalog.h"
+
+// The pictures lie in a static library, from which they come when they are asked for.
+static void InitPictures() { Q_INIT_RESOURCE(catalogs); }
+
+namespace vorlina {
+namespace {
+
+constexpr int StepCount = 4;
+constexpr int HelpTopic = 1001;
+enum Button { Next, Back, Finish, Cancel, Help };
+
+// The English captions bring their keys along, the Italian ones have none.
+const char16_t* const ItalianKeys[] = {u"Alt+A", u"Alt+I", u"Alt+F", u"Alt+N", u"Alt+U"};
+
+// A box of the company shows the column that its name tells behind "txt".
+QString ColumnOf(const QWidget* box) { return box->objectName().mid(3); }
+QString TextIn(const QWidget* box) { return box->metaObject()->userProperty().read(box).toString(); }
+void SetText(QWidget* box, const QString& text) { box->metaObject()->userProperty().write(box, text); }
+
+QWidgetList CompanyBoxes(const QWidget* panel) {
+  QWidgetList boxes;
+  for (QWidget* child : panel->findChildren<QWidget*>())
+    if (child->property("tag").toString() == u"Company") boxes += child;
+  return boxes;
+}
+
+QStringList TextsIn(const std::vector<QLineEdit*>& boxes) {
+  QStringList texts;
+  for (const QLineEdit* box : boxes) texts += box->text();
+  return texts;
+}
+
+}  // namespace
+
+// Setting the limit anew costs a box its caret and what can be undone, so that is done only where it changes.
+void LimitEscapedLength(QLineEdit& box) {
+  const QString kept = FitEscapedName(box.text());
+  const bool fits = kept == box.text();
+  const int limit = fits ? LongestEscapedName : int(kept.size());
+  if (fits && box.maxLength() == limit) return;
+  const int caret = fits ? box.cursorPosition() : limit;
+  const QSignalBlocker blocker(box);
+  box.setMaxLength(limit);
+  box.setCursorPosition(caret);
+}
+
+frmNewCatalog::frmNewCatalog(QWidget* parent) : QDialog(parent), ui_(new Ui::frmNewCatalog) {
+  InitPictures();
+  ui_->setupUi(this);
+  ui_->fmHeader->setBackgroundRole(QPalette::Base);
+  ui_->lblStep->setForegroundRole(QPalette::Text);
+  cmdNav = {ui_->cmdNav_0, ui_->cmdNav_1, ui_->cmdNav_2, ui_->cmdNav_3, ui_->cmdNav_4};
+  txtValue = {ui_->txtValue_0, ui_->txtValue_1, ui_->txtValue_2};
+  txtFilter = {ui_->txtFilter_0, ui_->txtFilter_1, ui_->txtFilter_2, ui_->txtFilter_3, ui_->txtFilter_4};
+  ConnectControls();
+}
+
+frmNewCatalog::~frmNewCatalog() = default;
+
+void frmNewCatalog::ConnectControls() {
+  for (int i = 0; i < int(cmdNav.size()); ++i)
+    connect(cmdNav[std::size_t(i)], &QPushButton::clicked, this, [this, i] { cmdNav_Click(i); });
+  for (const auto& boxes : {txtValue, txtFilter})
+    for (QLineEdit* box : boxes)
+      connect(box, &QLineEdit::textChanged, this, [box] { LimitEscapedLength(*box); });
+  connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmNewCatalog::cmdBrowse_Click);
+  // The path is not typed, but it can be taken back.
+  QAction* clear = ui_->txtLogo->addAction(style()->standardIcon(QStyle::SP_LineEditClearButton),
+                                           QLineEdit::TrailingPosition);
+  clear->setObjectName(u"cmdClearLogo"_qs);
+  clear->setShortcuts({Qt::Key_Delete, Qt::Key_Backspace});
+  clear->setShortcutContext(Qt::WidgetShortcut);
+  clear->setVisible(false);
+  connect(clear, &QAction::triggered, this, [this] { SetLogo({}, {}); });
+  connect(ui_->txtLogo, &QLineEdit::textChanged, clear,
+          [clear](const QString& path) { clear->setVisible(!path.isEmpty()); });
+}
+
+void frmNewCatalog::LoadForm() {
+  Localize_Form();
+  const bool english = Language == u"English";
+  BaseTesti = english ? 406 : 106;
+  BasePulsanti = english ? 401 : 101;
+  TitoloForm = english ? u"New catalog creation"_qs : u"Creazione nuovo catalogo"_qs;
+  setWindowTitle(TitoloForm);
+  StepCorrente = 1;
+  if (ui_->framesteps->count() != StepCount) throw Error(u"Numero di pannelli insufficiente"_qs);
+  CaptionButtons();
+  ShowStep(StepCorrente);
+}
+
+void frmNewCatalog::CaptionButtons() {
+  for (std::size_t i = 0; i < cmdNav.size(); ++i) {
+    cmdNav[i]->setText(NumberedText(BasePulsanti + int(i)));
+    if (cmdNav[i]->shortcut().isEmpty())
+      cmdNav[i]->setShortcut(QKeySequence(QString::fromUtf16(ItalianKeys[i])));
+    cmdNav[i]->setToolTip(cmdNav[i]->shortcut().toString(QKeySequence::NativeText));
+  }
+  cmdNav[Help]->setEnabled(isSignalConnected(QMetaMethod::fromSignal(&frmNewCatalog::HelpWanted)));
+}
+
+void frmNewCatalog::Localize_Form() {
+  QAction* clear = findChild<QAction*>(u"cmdClearLogo"_qs);
+  clear->setText(u"Togli il logo"_qs);
+  if (Language != u"English") return;
+  clear->setText(u"Remove the logo"_qs);
+  const std::pair<QLabel*, const char16_t*> labels[] = {
+      {ui_->lblCatalogName, u"Name"},     {ui_->lblCatalogDescription, u"Description"},
+      {ui_->lblValue_0, u"1st Value"},    {ui_->lblValue_1, u"2nd Value"},
+      {ui_->lblValue_2, u"3rd Value"},    {ui_->lblFilter_0, u"1st Filter"},
+      {ui_->lblFilter_1, u"2nd Filter"},  {ui_->lblFilter_2, u"3rd Filter"},
+      {ui_->lblFilter_3, u"4th Filter"},  {ui_->lblFilter_4, u"5th Filter"},
+      {ui_->lblAzienda, u"Company name"}, {ui_->lblIndirizzo, u"Address"},
+      {ui_->lblCitta, u"City"},           {ui_->lblProvincia, u"Prov./State"},
+      {ui_->lblCap, u"Zip code"},         {ui_->lblStato, u"Country"},
+      {ui_->lblUrl, u"Web site"},         {ui_->lblExtras, u"Additional information"},
+  };
+  for (const auto& [label, text] : labels) label->setText(QString::fromUtf16(text));
+  ui_->cmdBrowse->setText(u"Browse..."_qs);
+  ui_->optWizEnd_0->setText(u"Add data to the catalog"_qs);
+  ui_->optWizEnd_1->setText(u"Create another catalog"_qs);
+  ui_->optWizEnd_2->setText(u"Back to main menu"_qs);
+}
+
+void frmNewCatalog::cmdNav_Click(int index) {
+  switch (index) {
+    case Next:
+      if (CheckStep(StepCorrente) && StepCorrente < StepCount) ++StepCorrente;
+      break;
+    case Back:
+      if (StepCorrente >= 2) --StepCorrente;
+      break;
+    case Finish:
+      StepCorrente = StepCount;
+      CreateCatalog();
+      break;
+    case Cancel:
+      return reject();
+    default:
+      Q_EMIT HelpWanted(HelpTopic);
+      return;
+  }
+  ShowStep(StepCorrente);
+}
+
+void frmNewCatalog::ShowStep(int step) {
+  ui_->lblStep->setText(NumberedText(BaseTesti + step - 1));
+  setAccessibleDescription(ui_->lblStep->text());
+  const QIcon picture(u":/catalogs/%1.svg"_qs.arg(BaseImmagini + step - 1));
+  ui_->ImageStep->setPixmap(picture.pixmap(ui_->ImageStep->minimumSize(), devicePixelRatioF()));
+  // Controls of the panels behind are hidden, which takes them out of the tab order.
+  const bool moved = ui_->framesteps->currentIndex() != step - 1;
+  ui_->framesteps->setCurrentIndex(step - 1);
+  SetNavButtons(step);
+  if (moved) FirstControl(step)->setFocus();
+  if (step == 3) OfferCompany();
+}
+
+QWidget* frmNewCatalog::FirstControl(int step) const {
+  switch (step) {
+    case 1:
+      return ui_->txtCatalogName;
+    case 2:
+      return ui_->txtFilter_0;
+    case 3:
+      return ui_->txtAzienda;
+    default:
+      for (QRadioButton* choice : {ui_->optWizEnd_1, ui_->optWizEnd_2})
+        if (choice->isChecked()) return choice;
+      return ui_->optWizEnd_0;
+  }
+}
+
+void frmNewCatalog::SetNavButtons(int step) {
+  cmdNav[Next]->setEnabled(step < StepCount);
+  cmdNav[Back]->setEnabled(step > 1);
+  cmdNav[Finish]->setEnabled(step == StepCount);
+  cmdNav[step == StepCount ? Finish : Next]->setDefault(true);
+}
+
+bool frmNewCatalog::CheckStep(int step) {
+  QStringList messages;
+  if (step == 1) messages = CheckGeneral(Collected());
+  if (step == 2) messages = CheckFilters(Collected());
+  for (const QString& message : messages) TheDialogs().Message(this, message, BoxStyle::Stop);
+  return messages.isEmpty();
+}
+
+// What the user typed into a box stays there; a box that is empty, or still has what was offered before,
+// takes the offer.
+void frmNewCatalog::OfferCompany() {
+  if (!ui_->txtAzienda->text().isEmpty()) return;
+  const QWidgetList boxes = CompanyBoxes(ui_->framestep_2);
+  QStringList columns;
+  for (const QWidget* box : boxes) columns += ColumnOf(box);
+  QMap<QString, QString> company;
+  try {
+    Connection connection;
+    connection.Open(ConnectionText);
+    company = OfferedCompany(connection, columns);
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+  }
+  for (QWidget* box : boxes) {
+    const QString column = ColumnOf(box);
+    const QString text = TextIn(box);
+    if (!company.contains(column) || (!text.isEmpty() && text != offered_.value(column))) continue;
+    SetText(box, company[column]);
+    offered_[column] = TextIn(box);
+  }
+  SetLogo({}, {});
+}
+
+void frmNewCatalog::cmdBrowse_Click() {
+  const QString path =
+      TheDialogs().OpenFile(this, u"Choose an image"_qs, u"Immagini (*.jpg)|*.jpg"_qs, QString());
+  if (path.isEmpty()) return;
+  try {
+    const WaitCursor wait;
+    SetLogo(path, MeasureLogo(path));
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+    return;
+  }
+  ShowPreview();
+}
+
+void frmNewCatalog::SetLogo(const QString& path, QSize size) {
+  LogoPath = path;
+  LogoHeight = size.height();
+  LogoWidth = size.width();
+  ui_->txtLogo->setText(path);
+}
+
+// The preview of a logo that was chosen before goes.
+void frmNewCatalog::ShowPreview() {
+  if (preview_ != nullptr) preview_->close();
+  preview_ = new frmImage(this);
+  preview_->setAttribute(Qt::WA_DeleteOnClose);
+  preview_->Percorso = LogoPath;
+  preview_->LoadForm();
+  preview_->show();
+}
+
+NewCatalog frmNewCatalog::Collected() const {
+  NewCatalog catalog;
+  catalog.NomeCatalogo = ui_->txtCatalogName->text();
+  catalog.Descrizione = ui_->txtCatalogDescription->text();
+  catalog.valueNames = TextsIn(txtValue);
+  catalog.filterNames = TextsIn(txtFilter);
+  for (const QWidget* box : CompanyBoxes(ui_->framestep_2)) catalog.company[ColumnOf(box)] = TextIn(box);
+  catalog.LogoPath = LogoPath;
+  catalog.logoSize = {LogoWidth, LogoHeight};
+  catalog.IDCatalogo = IDCatalogo;
+  return catalog;
+}
+
+void frmNewCatalog::CreateCatalog() {
+  NewCatalog catalog = Collected();
+  try {
+    Connection connection;
+    connection.Open(ConnectionText);
+    const QStringList refusals = CheckValueFilterNames(catalog);
+    for (const QString& refusal : refusals) TheDialogs().Message(this, refusal, BoxStyle::Information);
+    if (!refusals.isEmpty()) return;
+    const WaitCursor wait;
+    StoreCatalog(connection, catalog);
+  } catch (const std::exception& error) {
+    IDCatalogo = catalog.IDCatalogo;
+    TheDialogs().Message(this, u"Errore: "_qs + DescriptionOf(error), BoxStyle::Stop);
+    return;
+  }
+  IDCatalogo = catalog.IDCatalogo;
+  EndAsChosen(catalog);
+}
+
+void frmNewCatalog::EndAsChosen(const NewCatalog& catalog) {
+  if (ui_->optWizEnd_0->isChecked()) {
+    accept();
+    const QVariant description = catalog.Descrizione.isEmpty() ? QVariant() : QVariant(catalog.Descrizione);
+    Q_EMIT EditWanted(catalog.IDCatalogo, CatalogCaption(catalog.NomeCatalogo, description));
+  } else if (ui_->optWizEnd_1->isChecked()) {
+    accept();
+    Q_EMIT AnotherWanted();
+  } else if (ui_->optWizEnd_2->isChecked()) {
+    accept();
+    Q_EMIT MainMenuWanted();
+  }
+}
+
+void frmNewCatalog::done(int result) {
+  if (preview_ != nullptr) preview_->close();
+  QDialog::done(result);
+}
+
+void frmNewCatalog::reject() {
+  QDialog::reject();
+  Q_EMIT Cancelled();
+}
+
+}  // namespace vorlina

@@ -1,0 +1,93 @@
+#include "grid/GridLayout.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+#include "base/Error.h"
+#include "base/Language.h"
+#include "base/SafeFile.h"
+
+namespace vorlina {
+namespace {
+
+const char16_t Format[] = u"vorlina-grid-layout";
+constexpr int Version = 1;
+
+// A layout has some twenty columns; what is larger than this is none.
+constexpr qint64 LargestFile = 1'000'000;
+constexpr int WidestColumn = 10'000;
+
+[[noreturn]] void Refuse(const QString& italian, const QString& english) {
+  throw Error(EitherLanguage(u"La disposizione della griglia non può essere letta: "_qs + italian,
+                             u"The grid's layout cannot be read: "_qs + english));
+}
+
+QJsonObject ObjectOf(const GridColumnLayout& column) {
+  return {{u"key"_qs, column.key},           {u"width"_qs, column.width},
+          {u"visible"_qs, column.visible},   {u"caption"_qs, column.caption},
+          {u"wordWrap"_qs, column.wordWrap}, {u"alignment"_qs, int(column.alignment)}};
+}
+
+GridColumnLayout ColumnOf(const QJsonObject& object) {
+  GridColumnLayout column;
+  column.key = object[u"key"].toString();
+  column.width = qBound(0, object[u"width"].toInt(), WidestColumn);
+  column.visible = object[u"visible"].toBool(true);
+  column.caption = object[u"caption"].toString();
+  column.wordWrap = object[u"wordWrap"].toBool();
+  const int alignment = object[u"alignment"].toInt();
+  if (alignment >= 0 && alignment <= 2) column.alignment = GridAlignment(alignment);
+  return column;
+}
+
+}  // namespace
+
+QString LayoutText(const GridLayout& layout) {
+  QJsonArray columns;
+  for (const GridColumnLayout& column : layout.columns) columns += ObjectOf(column);
+  const QJsonObject object{{u"format"_qs, QString::fromUtf16(Format)},
+                           {u"version"_qs, Version},
+                           {u"columns"_qs, columns},
+                           {u"sort"_qs, layout.sortKey},
+                           {u"descending"_qs, layout.descending}};
+  return QString::fromUtf8(QJsonDocument(object).toJson());
+}
+
+GridLayout ParseLayout(const QString& text) {
+  QJsonParseError error;
+  const QJsonObject object = QJsonDocument::fromJson(text.toUtf8(), &error).object();
+  if (error.error != QJsonParseError::NoError)
+    Refuse(u"il testo è incompleto"_qs, u"the text is incomplete"_qs);
+  if (object[u"format"].toString() != QString::fromUtf16(Format))
+    Refuse(u"è di un altro formato"_qs, u"it is of another format"_qs);
+  if (object[u"version"].toInt() != Version)
+    Refuse(u"è di un'altra versione"_qs, u"it is of another version"_qs);
+  GridLayout layout;
+  QSet<QString> keys;
+  for (const QJsonValue value : object[u"columns"].toArray()) {
+    const GridColumnLayout column = ColumnOf(value.toObject());
+    if (column.key.isEmpty() || keys.contains(column.key)) continue;
+    keys.insert(column.key);
+    layout.columns += column;
+  }
+  layout.sortKey = object[u"sort"].toString();
+  layout.descending = object[u"descending"].toBool();
+  return layout;
+}
+
+void SaveLayout(const GridLayout& layout, const QString& path) {
+  WriteFileSafely(path, LayoutText(layout).toUtf8());
+}
+
+GridLayout LoadLayout(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
+    Refuse(QDir::toNativeSeparators(path), QDir::toNativeSeparators(path));
+  return ParseLayout(QString::fromUtf8(file.readAll()));
+}
+
+}  // namespace vorlina

@@ -1,0 +1,36 @@
+// The SELECT behind the product grid, made of the names that the user gave the catalog's values and filters.
+#pragma once
+
+#include <QString>
+#include <array>
+
+namespace vorlina {
+
+class Recordset;
+
+// A column that begins so is not for the user.
+inline constexpr char16_t HiddenMark = u'_';
+
+// One value or filter field of the catalog as a column of the grid.
+struct NamedField {
+  QString column;      // of Prodotti
+  QString key;         // the grid column's key: the stored name, or the hidden mark and the field
+  bool inUse = false;  // the catalog has a name for it
+};
+
+// What a catalog's names make of the grid. A value field is in use when its name is not empty, a filter when
+// its name is not Null.
+struct ProductGridFields {
+  std::array<NamedField, 3> values;
+  std::array<NamedField, 5> filters;
+  int NumeroFiltri = 0;
+
+  // From the row of Cataloghi on which the recordset stands. Throws Error.
+  static ProductGridFields Of(const Recordset& rsCatalogo);
+};
+
+// The statement of the grid's fifteen bound columns, in their order; "?" stands for the catalog's identifier.
+// The condition of a search is appended as it stands.
+QString ProductGridStatement(const ProductGridFields& fields, const QString& CondizioneRicerca);
+
+}  // namespace vorlina

@@ -1,0 +1,315 @@
+// Cloning and deleting a whole catalog, rows and files.
+#include "catalogs/CatalogCheck.h"
+#include "catalogs/CloneCatalog.h"
+#include "catalogs/DeleteCatalog.h"
+#include "publish/ExtensionManager.h"
+#include "support/CatalogFixture.h"
+#include "support/FullDisk.h"
+#include "support/Print.h"
+
+using namespace vorlina;
+
+namespace {
+
+// All that could break a statement or a file name, and what escaping makes of it.
+const QString OddName = QStringLiteral("L'\"anta\" [blu]\\ .,!;:?%_`");
+const QString OddCode = QStringLiteral("O'Neil 50% [x] 🚪");
+
+class CloneTest : public CatalogFixture {
+ protected:
+  CloneTest() {
+    catalog_ = AddCatalog(OddName);
+    connection_.Execute(
+        u"UPDATE Cataloghi SET NomeFiltro1='Colore', NomeValore2=?, Logo=?, Width=30, Extras=?"_qs,
+        {OddName, Put(Named(u"Logo"_qs)), QString(100'000, u'x')});
+  }
+
+  QString Put(const QString& name, const QByteArray& bytes = "picture") const {
+    const QString path = AppFile(u"Images/"_qs + name);
+    WriteFileSafely(path, bytes + name.toUtf8());
+    return path;
+  }
+  QString Named(const QString& code) const { return Named(catalog_, code); }
+  static QString Named(int catalog, const QString& code) { return u"%1-%2.jpg"_qs.arg(catalog).arg(code); }
+  int AddValue(int filter, const QVariant& text) {
+    connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) VALUES (?,?,?,0)"_qs,
+                        {catalog_, filter, text});
+    return int(connection_.LastInsertId());
+  }
+  // A product with main picture, thumbnail and an additional picture, tech data and a mark.
+  void AddWholeProduct(const QString& code) {
+    AddProduct(catalog_, code, 7);
+    Put(u't' + Named(code));
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=?, Width=4, Pubblica=0 WHERE CodiceProdotto=?"_qs,
+                        {Put(Named(code)), code});
+    connection_.Execute(
+        u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Descrizione) VALUES (?,?,'side')"_qs,
+        {catalog_, code});
+    const qint64 id = connection_.LastInsertId();
+    connection_.Execute(u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs,
+                        {Put(u"%1.jpg"_qs.arg(id)), id});
+    connection_.Execute(
+        u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) "
+        "VALUES (?,?,'Peso','2 kg'),(?,?,'Altezza',NULL)"_qs,
+        {catalog_, code, catalog_, code});
+    MarkProductChanged(catalog_, code, connection_);
+  }
+  int Clone() { return CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {}); }
+
+  // Every row of a catalog as text, but for its identifiers.
+  QStringList RowsOf(int catalog) {
+    QStringList rows;
+    for (
+        const QString& sql :
+        {u"SELECT Descrizione,NomeFiltro1,NomeValore2,Extras,Logo,Width FROM Cataloghi WHERE IDCatalogo=?"_qs,
+         u"SELECT CodiceProdotto,Descrizione,Valore1,Width FROM Prodotti WHERE IDCatalogo=? ORDER BY 1"_qs,
+         u"SELECT IDNomeFiltro,Valore,Pubblica FROM Filtri WHERE IDCatalogo=? ORDER BY IDValore"_qs,
+         u"SELECT CodiceProdotto,Caratteristica,Valore FROM SchedeTecniche WHERE IDCatalogo=? ORDER BY IDScheda"_qs,
+         u"SELECT CodiceProdotto,Descrizione FROM Immagini WHERE IDCatalogo=? ORDER BY IDImmagine"_qs,
+         u"SELECT IDExtension,Valore FROM CExtension WHERE IDCatalogo=? ORDER BY 1"_qs,
+         u"SELECT CodiceProdotto,IDExtension,Valore FROM PExtension WHERE IDCatalogo=? ORDER BY 1,2"_qs}) {
+      Rows found(connection_, sql, {catalog});
+      while (found.Next()) {
+        QStringList values;
+        for (int i = 0; i < found.ColumnCount(); ++i)
+          values += found.Value(i).isNull() ? u"Null"_qs : found.Value(i).toString();
+        rows += values.join(u'|');
+      }
+    }
+    return rows;
+  }
+  QString FilterText(int catalog, const QString& code, int n) {
+    const QVariant id = One(u"IDFiltro%1"_qs.arg(n), u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs,
+                            {catalog, code});
+    if (id.isNull()) return u"Null"_qs;
+    if (id == 0) return u"0"_qs;
+    return One(u"Valore"_qs, u"Filtri"_qs, u"IDValore=? AND IDCatalogo=? AND IDNomeFiltro=?"_qs,
+               {id, catalog, n})
+        .toString();
+  }
+  QStringList Findings() {
+    QStringList all;
+    for (const Finding& finding : CheckCatalogs(connection_))
+      all += NameOf(finding.kind) + u' ' + finding.subject;
+    return all;
+  }
+
+  int catalog_ = 0;
+};
+
+}  // namespace
+
+TEST_F(CloneTest, ACloneIsEqualAndStandsAlone) {
+  for (const QString& code : {OddCode, u"2"_qs}) AddWholeProduct(code);
+  SetExtension(u"Tema"_qs, OddName, catalog_, {}, connection_);
+  AddValue(1, OddName);
+  const QStringList before = RowsOf(catalog_);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  const int clone = Clone();
+  EXPECT_EQ(RowsOf(clone), before);
+  EXPECT_EQ(RowsOf(catalog_), before);
+  EXPECT_EQ(One(u"NomeCatalogo"_qs, u"Cataloghi"_qs, u"IDCatalogo=?"_qs, {clone}),
+            QString(u"Copy of "_qs + OddName));
+  EXPECT_EQ(
+      One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND OrdineTemp IS NULL AND Pubblica"_qs, {clone}),
+      2);
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {clone, OddCode}),
+            AppFile(u"Images/"_qs + Named(clone, OddCode)));
+  EXPECT_EQ(ContentOf(AppFile(u"Images/t"_qs + Named(clone, OddCode))), "picturet" + Named(OddCode).toUtf8());
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), files.size() + 6);
+  EXPECT_EQ(Findings(), QStringList());
+
+  DeleteCatalog(clone, connection_);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(RowsOf(catalog_), before);
+  EXPECT_EQ(RowsOf(clone), QStringList());
+}
+
+TEST_F(CloneTest, FilterValuesAreThoseOfTheCopy) {
+  const int red = AddValue(1, u"Rosso"_qs);
+  const int again = AddValue(1, u"ROSSO"_qs);
+  const int other = AddValue(3, u"Rosso"_qs);
+  const int none = AddValue(4, QVariant());
+  for (const QString& code : {u"a"_qs, u"b"_qs}) AddProduct(catalog_, code);
+  connection_.Execute(
+      u"UPDATE Prodotti SET IDFiltro1=?,IDFiltro2=0,IDFiltro3=?,IDFiltro4=? WHERE CodiceProdotto='a'"_qs,
+      {red, other, none});
+  // One that belongs to another filter, one that does not exist, and a twin of the first.
+  connection_.Execute(
+      u"UPDATE Prodotti SET IDFiltro1=?,IDFiltro3=?,IDFiltro5=999999 WHERE CodiceProdotto='b'"_qs,
+      {again, red});
+  const int clone = Clone();
+  const auto texts = [&](const QString& code) {
+    QStringList all;
+    for (int n = 1; n <= 5; ++n) all += FilterText(clone, code, n);
+    return all.join(u' ');
+  };
+  EXPECT_EQ(texts(u"a"_qs), u"Rosso 0 Rosso 0 Null");
+  EXPECT_EQ(texts(u"b"_qs), u"Rosso Null 0 Null 0");
+  EXPECT_EQ(FilterText(catalog_, u"a"_qs, 1), u"Rosso") << "the source is as it was";
+}
+
+TEST_F(CloneTest, NamesOfFilesAreRewrittenAndNeverShared) {
+  const QString id = QString::number(catalog_) + u'-';
+  // The number before a hyphen is rewritten in the code too; of two names that would become one, both stay
+  // apart.
+  for (const QString& code : QStringList{u"A"_qs + id + u"2"_qs, u"plain"_qs}) AddWholeProduct(code);
+  const int next = catalog_ + 1;
+  AddWholeProduct(u"A%1-2"_qs.arg(next));
+  AddProduct(catalog_, u"outside"_qs);
+  AddProduct(catalog_, u"missing"_qs);
+  WriteFileSafely(Outside(u"foto"_qs), "foto");
+  WriteFileSafely(Outside(Named(u"x"_qs)), "x");
+  WriteFileSafely(Outside(Named(next, u"x"_qs)), "the user's own");
+  AddProduct(catalog_, u"taken"_qs);
+  for (const auto& [code, path] : {std::pair{u"outside"_qs, Outside(u"foto"_qs)},
+                                   std::pair{u"missing"_qs, AppFile(u"Images/"_qs + Named(u"m"_qs))},
+                                   std::pair{u"taken"_qs, Outside(Named(u"x"_qs))}})
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  const int clone = Clone();
+  ASSERT_EQ(clone, next);
+  const auto imageOf = [&](const QString& code) {
+    return One(u"Immagine"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {clone, code})
+        .toString();
+  };
+  EXPECT_EQ(imageOf(u"A%1-2"_qs.arg(catalog_)), AppFile(u"Images/%1-A%1-2.jpg"_qs.arg(next)));
+  EXPECT_EQ(ContentOf(imageOf(u"A%1-2"_qs.arg(catalog_))),
+            "picture" + Named(u"A"_qs + id + u"2"_qs).toUtf8());
+  EXPECT_EQ(ContentOf(imageOf(u"A%1-2"_qs.arg(next))), "picture" + Named(u"A%1-2"_qs.arg(next)).toUtf8());
+  EXPECT_EQ(imageOf(u"missing"_qs), AppFile(u"Images/"_qs + Named(next, u"m"_qs)));
+  EXPECT_EQ(ContentOf(imageOf(u"outside"_qs)), "foto");
+  EXPECT_NE(imageOf(u"outside"_qs), Outside(u"foto"_qs));
+  EXPECT_EQ(ContentOf(imageOf(u"taken"_qs)), "x");
+  EXPECT_EQ(ContentOf(Outside(Named(next, u"x"_qs))), "the user's own");
+  DeleteCatalog(clone, connection_);
+  EXPECT_EQ(ContentOf(Outside(u"foto"_qs)), "foto");
+  EXPECT_TRUE(QFile::exists(AppFile(u"Images/"_qs + Named(u"plain"_qs))));
+}
+
+TEST_F(CloneTest, AFailureOrAStopLeavesNeitherRowsNorFiles) {
+  for (int i = 0; i < 5; ++i) AddWholeProduct(u"%1 è"_qs.arg(i));
+  const QStringList rows = RowsOf(catalog_);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  const auto asBefore = [&](const char* when) {
+    EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList()) << when;
+    EXPECT_EQ(RowsOf(catalog_), rows) << when;
+    EXPECT_EQ(Count(u"Cataloghi"_qs), 1) << when;
+    EXPECT_EQ(Count(u"Prodotti"_qs), 5) << when;
+    EXPECT_FALSE(connection_.InTransaction()) << when;
+  };
+  EXPECT_THROW(
+      CatalogClone(catalog_, connection_)
+          .DuplicaCatalogo({}, [](qint64 done, qint64 total, const QString&) { return done < total - 2; }),
+      Stopped);
+  asBefore("stopped");
+  connection_.Execute(
+      u"CREATE TRIGGER Refuse BEFORE INSERT ON Immagini BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  EXPECT_EQ(FailureOf([&] { Clone(); }), u"refused");
+  asBefore("refused");
+  connection_.Execute(u"DROP TRIGGER Refuse"_qs);
+  Put(Named(u"4 è"_qs), QByteArray(300'000, 'x'));
+  const auto larger = FilesIn(AppFile(u"Images"_qs));
+  {
+    const FullDisk full(290'000);
+    EXPECT_NE(FailureOf([&] { Clone(); }), QString());
+  }
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), larger), QStringList()) << "full disk";
+  EXPECT_EQ(Count(u"Prodotti"_qs), 5);
+  EXPECT_EQ(Findings(), QStringList());
+  EXPECT_EQ(RowsOf(Clone()), rows) << "and it can be done again";
+  EXPECT_NE(FailureOf([&] { CatalogClone(999, connection_).DuplicaCatalogo({}, {}); }), QString());
+}
+
+TEST_F(CloneTest, ADeletedCatalogTakesWhatIsItsOwnAndNothingElse) {
+  AddWholeProduct(OddCode);
+  AddProduct(catalog_, u"bare"_qs);
+  AddValue(2, u"x"_qs);
+  const int clone = Clone();
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE IDCatalogo=? AND CodiceProdotto='bare'"_qs,
+                      {AppFile(u"Images/"_qs + Named(OddCode)), clone});
+  // The clone still needs the logo, and by now a picture of the source.
+  DeleteCatalog(catalog_, connection_);
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Filtri"_qs, u"IDCatalogo=?"_qs, {catalog_}), 0);
+  EXPECT_EQ(Findings(), QStringList()) << "the clone misses nothing, and nothing else is left";
+  DeleteCatalog(clone, connection_);
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0U);
+  for (const QString& table : {u"Cataloghi"_qs, u"Prodotti"_qs, u"Filtri"_qs, u"Immagini"_qs,
+                               u"SchedeTecniche"_qs, u"CExtension"_qs, u"PExtension"_qs})
+    EXPECT_EQ(Count(table), 0) << table;
+}
+
+TEST_F(CloneTest, ACatalogThatCannotBeDeletedKeepsItsFiles) {
+  AddWholeProduct(OddCode);
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=?"_qs, {Outside(u"logo.jpg"_qs)});
+  WriteFileSafely(Outside(u"logo.jpg"_qs), "the user's own");
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  connection_.Execute(
+      u"CREATE TRIGGER Refuse BEFORE DELETE ON Cataloghi BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  EXPECT_EQ(FailureOf([&] { DeleteCatalog(catalog_, connection_); }), u"refused");
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(Count(u"Prodotti"_qs), 1);
+  connection_.Execute(u"DROP TRIGGER Refuse"_qs);
+  DeleteCatalog(catalog_, connection_);
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0U);
+  EXPECT_EQ(ContentOf(Outside(u"logo.jpg"_qs)), "the user's own") << "a logo that was never copied";
+}
+
+// However a path is written, and whichever column names it: what another catalog needs stays.
+TEST_F(CloneTest, AFileThatIsNamedInAnotherWayIsTheSameFile) {
+  QFile::link(AppPath(), Outside(u"link"_qs));
+  const int other = AddCatalog(u"Other"_qs);
+  const QString logo = Put(Named(u"Logo"_qs));
+  const QString picture = Put(Named(u"a"_qs));
+  const QString shown = Put(u"shared.jpg"_qs);
+  AddProduct(catalog_, u"a"_qs);
+  AddProduct(other, u"b"_qs);
+  AddProduct(other, u"c"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='a'"_qs, {picture});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='b'"_qs,
+                      {Outside(QString(u"link/Images/"_qs + Named(u"a"_qs)))});
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='c'"_qs, {shown});
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs,
+                      {QString(AppPath() + u"//Images/"_qs + Named(u"Logo"_qs)), other});
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {shown, catalog_});
+  DeleteCatalog(catalog_, connection_);
+  for (const QString& file : {logo, picture, shown}) EXPECT_TRUE(QFile::exists(file)) << file;
+}
+
+TEST_F(CloneTest, LeftoversAndForeignFilesDoNotGetIntoAClone) {
+  AddProduct(catalog_, u"m"_qs);
+  AddProduct(catalog_, u"n"_qs);
+  const int next = catalog_ + 1;
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='m'"_qs,
+                      {AppFile(u"Images/"_qs + Named(u"m"_qs))});  // there is no such file
+  Put(Named(next, u"m"_qs), "of a clone that was cut short");
+  WriteFileSafely(Outside(Named(u"n"_qs)), "n");
+  WriteFileSafely(Outside(u't' + Named(next, u"n"_qs)), "the user's own");
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='n'"_qs,
+                      {Outside(Named(u"n"_qs))});
+  Clone();
+  EXPECT_FALSE(QFile::exists(AppFile(u"Images/"_qs + Named(next, u"m"_qs))));
+  EXPECT_EQ(ContentOf(Outside(u't' + Named(next, u"n"_qs))), "the user's own");
+}
+
+TEST_F(CloneTest, ACommitThatFailsLeavesNoFiles) {
+  AddWholeProduct(OddCode);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  connection_.Execute(
+      u"CREATE TEMP TABLE Late (i INTEGER REFERENCES Missing (i) DEFERRABLE INITIALLY DEFERRED)"_qs);
+  connection_.Execute(u"CREATE TEMP TABLE Missing (i INTEGER PRIMARY KEY)"_qs);
+  connection_.Execute(
+      u"CREATE TEMP TRIGGER LateFault AFTER UPDATE OF Immagine ON main.Immagini "
+      "BEGIN INSERT INTO Late VALUES (1); END"_qs);
+  EXPECT_EQ(FailureOf([&] { Clone(); }), u"The row refers to a catalog or a product that no longer exists.");
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  EXPECT_FALSE(connection_.InTransaction());
+}
+
+TEST_F(CloneTest, ADeletionIsNoPartOfAnotherTransaction) {
+  AddWholeProduct(OddCode);
+  connection_.BeginTrans();
+  EXPECT_NE(FailureOf([&] { DeleteCatalog(catalog_, connection_); }), QString());
+  connection_.RollbackTrans();
+  EXPECT_EQ(Findings(), QStringList());
+}

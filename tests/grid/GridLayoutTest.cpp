@@ -1,0 +1,48 @@
+// A grid's layout as text and as file.
+#include "grid/GridLayout.h"
+
+#include "support/CatalogFixture.h"
+#include "support/Print.h"
+
+using namespace vorlina;
+
+namespace {
+
+const GridLayout Arranged{{{u"Codice"_qs, 120, true, u"Code"_qs, GridAlignment::Right, false},
+                           {u"a\\046b \"[è]\" 🚪"_qs, 80, true, u"a.b"_qs, GridAlignment::Centre, true},
+                           {u"_Immagine"_qs, 0, false, {}, GridAlignment::Left, false}},
+                          u"Codice"_qs,
+                          true};
+
+}  // namespace
+
+TEST(GridLayout, SurvivesTextAndFile) {
+  EXPECT_EQ(ParseLayout(LayoutText(Arranged)), Arranged);
+  EXPECT_EQ(ParseLayout(LayoutText({})), GridLayout());
+  const QTemporaryDir folder;
+  SaveLayout(Arranged, folder.filePath(u"109.lyt"_qs));
+  EXPECT_EQ(LoadLayout(folder.filePath(u"109.lyt"_qs)), Arranged);
+  EXPECT_NE(FailureOf([&] { LoadLayout(folder.filePath(u"none.lyt"_qs)); }), QString());
+}
+
+TEST(GridLayout, WhatIsNoLayoutIsRefusedAndOddValuesAreNot) {
+  SetLanguage(u"English"_qs);
+  const QString text = LayoutText(Arranged);
+  const std::pair<QString, QString> refused[] = {
+      {{}, u"incomplete"_qs},
+      {text.left(text.size() / 2), u"incomplete"_qs},
+      {u"\x1\x2 binary"_qs, u"incomplete"_qs},
+      {u"[]"_qs, u"another format"_qs},
+      {u"{\"format\":\"other\",\"version\":1}"_qs, u"another format"_qs},
+      {QString(text).replace(u"\"version\": 1"_qs, u"\"version\": 2"_qs), u"another version"_qs}};
+  for (const auto& [bad, reason] : refused)
+    EXPECT_TRUE(FailureOf([&] { ParseLayout(bad); }).contains(reason)) << bad.left(40);
+  const GridLayout odd = ParseLayout(
+      u"{\"format\":\"vorlina-grid-layout\",\"version\":1,\"sort\":7,\"columns\":[3,{},{\"key\":\"a\","
+      u"\"width\":-5,"
+      "\"alignment\":9},{\"key\":\"a\",\"width\":50},{\"key\":\"b\",\"width\":1e9}]}"_qs);
+  ASSERT_EQ(odd.columns.size(), 2);
+  EXPECT_EQ(odd.columns[0], (GridColumnLayout{.key = u"a"_qs}));
+  EXPECT_EQ(odd.columns[1].width, 10'000);
+  EXPECT_EQ(odd.sortKey, QString());
+}

@@ -1,0 +1,50 @@
+// The grid's columns for every kind of name.
+#include "products/ProductGridQuery.h"
+
+#include "base/Helpers.h"
+#include "publish/EscapedNames.h"
+#include "store/Recordset.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+using namespace vorlina;
+
+TEST_F(StoreFixture, TheGridHasFifteenColumnsWhateverTheNames) {
+  const QString odd = u"L'\"ora\" [h].a/b*c:d#e&f-g%h$i\\j | `k` 🚪"_qs;
+  const int catalog = AddCatalog(u"Catalog"_qs);
+  AddProduct(catalog, u"O'Neil"_qs, 3);
+  connection_.Execute(u"UPDATE Prodotti SET Valore2='two', IDFiltro3=7, Pubblica=0"_qs);
+  struct Case {
+    QVariant value, filter;
+    QString valueKey, filterKey;
+    int filters;
+  };
+  const Case cases[] = {{NullValue(), NullValue(), u"_Valore2"_qs, u"_NomeFiltro3"_qs, 0},
+                        {QString(), QString(), u"_Valore2"_qs, QString(), 1},
+                        {EscapeName(odd), EscapeName(QString(odd + u"2"_qs)), EscapeName(odd),
+                         EscapeName(QString(odd + u"2"_qs)), 1},
+                        {u"_x"_qs, u"select"_qs, u"_x"_qs, u"select"_qs, 1}};
+  for (const Case& one : cases) {
+    connection_.Execute(u"UPDATE Cataloghi SET NomeValore2=?, NomeFiltro3=?"_qs, {one.value, one.filter});
+    Recordset rsCatalogo;
+    rsCatalogo.Open(u"SELECT * FROM Cataloghi"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+    const ProductGridFields fields = ProductGridFields::Of(rsCatalogo);
+    EXPECT_EQ(fields.values[1].key, one.valueKey);
+    EXPECT_EQ(fields.filters[2].key, one.filterKey);
+    EXPECT_EQ(fields.NumeroFiltri, one.filters);
+    Recordset rsGriglia;
+    rsGriglia.Open(ProductGridStatement(fields, u" AND CodiceProdotto LIKE 'o''n%'"_qs), connection_,
+                   CursorType::Keyset, LockType::Optimistic, {catalog});
+    ASSERT_EQ(rsGriglia.Fields().Count(), 15);
+    ASSERT_EQ(rsGriglia.RecordCount(), 1);
+    EXPECT_EQ(rsGriglia.Value(0), u"O'Neil"_qs);
+    EXPECT_EQ(rsGriglia.Value(3), u"two"_qs);
+    EXPECT_EQ(rsGriglia.Value(7), 7);
+    EXPECT_EQ(rsGriglia.Value(u"Pubblica"_qs), false);
+    EXPECT_EQ(rsGriglia.Value(14), 3);
+    rsGriglia.SetValue(3, u"changed"_qs);
+    rsGriglia.Update();
+    EXPECT_EQ(One(u"Valore2"_qs, u"Prodotti"_qs), u"changed"_qs);
+    connection_.Execute(u"UPDATE Prodotti SET Valore2='two'"_qs);
+  }
+}
