@@ -9,6 +9,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
+#include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Messages.h"
 #include "base/WaitCursor.h"
@@ -31,7 +32,12 @@ const char16_t* const ItalianKeys[] = {u"Alt+A", u"Alt+I", u"Alt+F", u"Alt+N", u
 
 // A box of the company shows the column that its name tells behind "txt".
 QString ColumnOf(const QWidget* box) { return box->objectName().mid(3); }
-QString TextIn(const QWidget* box) { return box->metaObject()->userProperty().read(box).toString(); }
+// A line break that was pasted into a box of one line is not seen there, and is not taken.
+QString TextIn(const QWidget* box) {
+  const QString text = box->metaObject()->userProperty().read(box).toString();
+  const auto* line = qobject_cast<const QLineEdit*>(box);
+  return line != nullptr && !line->isReadOnly() ? OneLine(text) : text;
+}
 void SetText(QWidget* box, const QString& text) { box->metaObject()->userProperty().write(box, text); }
 
 QWidgetList CompanyBoxes(const QWidget* panel) {
@@ -43,7 +49,7 @@ QWidgetList CompanyBoxes(const QWidget* panel) {
 
 QStringList TextsIn(const std::vector<QLineEdit*>& boxes) {
   QStringList texts;
-  for (const QLineEdit* box : boxes) texts += box->text();
+  for (const QLineEdit* box : boxes) texts += TextIn(box);
   return texts;
 }
 
@@ -261,8 +267,8 @@ void frmNewCatalog::ShowPreview() {
 
 NewCatalog frmNewCatalog::Collected() const {
   NewCatalog catalog;
-  catalog.NomeCatalogo = ui_->txtCatalogName->text();
-  catalog.Descrizione = ui_->txtCatalogDescription->text();
+  catalog.NomeCatalogo = TextIn(ui_->txtCatalogName);
+  catalog.Descrizione = TextIn(ui_->txtCatalogDescription);
   catalog.valueNames = TextsIn(txtValue);
   catalog.filterNames = TextsIn(txtFilter);
   for (const QWidget* box : CompanyBoxes(ui_->framestep_2)) catalog.company[ColumnOf(box)] = TextIn(box);

@@ -306,6 +306,32 @@ TEST_F(Wizard, TheStoredFormOfANameIsHeldWithinItsLimitWhileTyping) {
   EXPECT_TRUE(u"a.b"_qs.startsWith(filter->text()));
 }
 
+TEST_F(Wizard, APastedLineBreakIsNeitherSeenNorTaken) {
+  Open();
+  const auto paste = [this](const QString& name, const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    Find(name)->paste();
+  };
+  paste(u"txtCatalogName"_qs, u"\n"_qs);
+  paste(u"txtValue_0"_qs, u"Code\r\n"_qs);
+  dialogs_.ExpectMessage(u"Catalog name required"_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(u"The name 'Code' is not allowed for a value field."_qs, BoxStyle::Stop);
+  Click(Next);
+  Type(u"txtValue_0"_qs, {});
+  paste(u"txtValue_0"_qs, u"Peso\n"_qs);
+  Type(u"txtCatalogName"_qs, {});
+  paste(u"txtCatalogName"_qs, u"Nome\r\nnuovo\n"_qs);
+  Click(Next);
+  paste(u"txtFilter_0"_qs, u"Colore\n"_qs);
+  Click(Next);
+  paste(u"txtCitta"_qs, u"Faenza\n"_qs);
+  Click(Next);
+  Click(Finish);
+  EXPECT_EQ(
+      One(u"NomeCatalogo||'|'||NomeValore1||'|'||NomeFiltro1||'|'||Citta"_qs, u"Cataloghi"_qs).toString(),
+      u"Nome nuovo|Peso|Colore|Faenza"_qs);
+}
+
 TEST_F(Wizard, OffersTheCompanyOfTheMostRecentCatalog) {
   connection_.Execute(
       u"INSERT INTO Cataloghi (Azienda,Citta,CAP,URL,Extras,Logo) VALUES "
