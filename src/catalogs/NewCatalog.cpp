@@ -128,9 +128,11 @@ QSize MeasureLogo(const QString& path) {
 }
 
 void StoreCatalog(Connection& connection, NewCatalog& catalog) {
+  // Nothing equals Null, while a database that was filled by hand may have a catalog 0.
+  const QVariant row = catalog.IDCatalogo == 0 ? NullValue() : QVariant(catalog.IDCatalogo);
   Recordset catalogs;
   catalogs.Open(u"SELECT * FROM CATALOGHI WHERE IDCatalogo=?"_qs, connection, CursorType::Keyset,
-                LockType::Optimistic, {catalog.IDCatalogo});
+                LockType::Optimistic, {row});
   StoreRow(catalogs, catalog);
   StoreLogo(catalogs, catalog);
 }

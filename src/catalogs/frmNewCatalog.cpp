@@ -220,7 +220,8 @@ void frmNewCatalog::OfferCompany() {
   try {
     Connection connection;
     connection.Open(ConnectionText);
-    company = OfferedCompany(connection, columns);
+    // The row of an attempt that failed is the most recent one: it would offer what was taken out since.
+    if (IDCatalogo == 0) company = OfferedCompany(connection, columns);
   } catch (const std::exception& error) {
     ShowError(this, DescriptionOf(error));
   }
@@ -248,16 +249,16 @@ void frmNewCatalog::cmdBrowse_Click() {
   ShowPreview();
 }
 
+// The preview of the logo that was chosen before goes.
 void frmNewCatalog::SetLogo(const QString& path, QSize size) {
   LogoPath = path;
   LogoHeight = size.height();
   LogoWidth = size.width();
   ui_->txtLogo->setText(path);
+  if (preview_ != nullptr) preview_->close();
 }
 
-// The preview of a logo that was chosen before goes.
 void frmNewCatalog::ShowPreview() {
-  if (preview_ != nullptr) preview_->close();
   preview_ = new frmImage(this);
   preview_->setAttribute(Qt::WA_DeleteOnClose);
   preview_->Percorso = LogoPath;

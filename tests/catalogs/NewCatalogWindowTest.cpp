@@ -398,6 +398,7 @@ TEST_F(Wizard, TakesALogoAndShowsIt) {
   Find(u"txtLogo"_qs)->setFocus();
   QTest::keyClick(Find(u"txtLogo"_qs), Qt::Key_Delete);
   EXPECT_EQ(Text(u"txtLogo"_qs), QString());
+  EXPECT_TRUE(Previews().isEmpty()) << "nothing is chosen any more";
   ChooseLogo(good);
 
   Click(Next);
@@ -411,6 +412,7 @@ TEST_F(Wizard, TakesALogoAndShowsIt) {
 TEST_F(Wizard, AfterALogoThatCannotBeCopiedFinishGoesOnWithTheSameCatalog) {
   Open();
   GoTo(3);
+  Type(u"txtFax"_qs, u"99"_qs);
   ChooseLogo(Picture(u"l.jpg"_qs));
   Click(Next);
   QDir(AppPath()).rmdir(u"Images"_qs);
@@ -421,8 +423,16 @@ TEST_F(Wizard, AfterALogoThatCannotBeCopiedFinishGoesOnWithTheSameCatalog) {
   EXPECT_EQ(Step(), 4);
   EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), AppFile(u"l.jpg"_qs));
   QDir(AppPath()).mkdir(u"Images"_qs);
+  Click(Back);
+  Type(u"txtFax"_qs, {});
+  Click(Back);
+  Click(Next);
+  EXPECT_EQ(Text(u"txtFax"_qs), QString()) << "the row stored before is no other catalog";
+  ChooseLogo(AppFile(u"l.jpg"_qs));
+  Click(Next);
   Click(Finish);
   EXPECT_FALSE(wizard_->isVisible());
+  EXPECT_TRUE(One(u"Fax"_qs, u"Cataloghi"_qs).isNull());
   EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
   EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), target);
 }
