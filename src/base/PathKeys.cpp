@@ -14,7 +14,7 @@ QString PathKeys::Of(const QString& path) {
     const QString canonical = QFileInfo(folder).canonicalFilePath();
     known = folders_.insert(folder, canonical.isEmpty() ? QDir::cleanPath(folder) : canonical);
   }
-  const QString key = known.value() + u'/' + clean.mid(cut);
+  QString key = known.value() + u'/' + clean.mid(cut);
 #if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
   return key.toCaseFolded();
 #else

@@ -28,6 +28,7 @@ RecordsetModel::RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
 bool RecordsetModel::Bind(Recordset& recordset, std::vector<GridColumn> columns) {
   if (!Submit()) return false;
   std::vector<int> fields;
+  fields.reserve(columns.size());
   for (const GridColumn& column : columns)
     fields.push_back(!column.bound       ? -1
                      : column.field >= 0 ? column.field

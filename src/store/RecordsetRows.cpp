@@ -63,6 +63,7 @@ std::vector<FetchedRow> Recordset::FetchRows(qint64 position, int count) const {
 // The rows come in the order of their keys, whatever the order asked for.
 void Recordset::FetchBlock(FetchedRow* rows, int count) const {
   std::vector<FetchedRow*> byKey;
+  byKey.reserve(std::size_t(count));
   for (int i = 0; i < count; ++i) byKey.push_back(rows + i);
   std::sort(byKey.begin(), byKey.end(),
             [](const FetchedRow* a, const FetchedRow* b) { return a->bookmark < b->bookmark; });

@@ -25,7 +25,7 @@ class CloneTest : public CatalogFixture {
   }
 
   QString Put(const QString& name, const QByteArray& bytes = "picture") const {
-    const QString path = AppFile(u"Images/"_qs + name);
+    QString path = AppFile(u"Images/"_qs + name);
     WriteFileSafely(path, bytes + name.toUtf8());
     return path;
   }

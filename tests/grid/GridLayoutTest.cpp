@@ -35,8 +35,8 @@ TEST(GridLayout, WhatIsNoLayoutIsRefusedAndOddValuesAreNot) {
       {u"[]"_qs, u"another format"_qs},
       {u"{\"format\":\"other\",\"version\":1}"_qs, u"another format"_qs},
       {QString(text).replace(u"\"version\": 1"_qs, u"\"version\": 2"_qs), u"another version"_qs}};
-  for (const auto& [bad, reason] : refused)
-    EXPECT_TRUE(FailureOf([&] { ParseLayout(bad); }).contains(reason)) << bad.left(40);
+  for (const auto& one : refused)
+    EXPECT_TRUE(FailureOf([&] { ParseLayout(one.first); }).contains(one.second)) << one.first.left(40);
   const GridLayout odd = ParseLayout(
       u"{\"format\":\"vorlina-grid-layout\",\"version\":1,\"sort\":7,\"columns\":[3,{},{\"key\":\"a\","
       u"\"width\":-5,"

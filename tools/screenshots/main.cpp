@@ -188,7 +188,12 @@ int main(int argc, char** argv) {
   InstallDialogs(&dialogs);
   QTemporaryDir place;
   SetSettingsFolder(place.filePath(u"settings"_qs));
-  QFile::copy(QStringLiteral(VORLINA_APP_DIR "/Catalog.db"), place.filePath(u"Catalog.db"_qs));
+  // Without it every window would first show a box, and wait.
+  if (!QFile::copy(QStringLiteral(VORLINA_APP_DIR "/Catalog.db"), place.filePath(u"Catalog.db"_qs))) {
+    std::fprintf(stderr, "there is no %s: build the target \"application\" first\n",
+                 VORLINA_APP_DIR "/Catalog.db");
+    return 1;
+  }
   QFile::link(QStringLiteral(VORLINA_APP_DIR "/PubWiz"), place.filePath(u"PubWiz"_qs));
   QFile::link(QStringLiteral(VORLINA_APP_DIR "/Images"), place.filePath(u"Images"_qs));
   SetAppPath(place.path());

@@ -1,0 +1,66 @@
+#include "products/PictureDrop.h"
+
+#include <QFile>
+
+#include "base/AppPath.h"
+#include "base/SafeFile.h"
+#include "images/ImagePipeline.h"
+#include "store/Connection.h"
+#include "store/GetValue.h"
+#include "store/Recordset.h"
+
+namespace vorlina {
+
+bool PictureDrop::IsPicture(const QString& file) {
+  return file.endsWith(u"jpg"_qs, Qt::CaseInsensitive) || file.endsWith(u"jpeg"_qs, Qt::CaseInsensitive);
+}
+
+void PictureDrop::Add(const QString& file, const AskDescription& ask) {
+  if (HasMainPicture())
+    AddAdditional(file, ask);
+  else
+    AddMain(file);
+}
+
+bool PictureDrop::HasMainPicture() const {
+  return !GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection_, u"IDCatalogo=? AND CodiceProdotto=?"_qs,
+                   {IDCatalogo_, CodiceProdotto_})
+              .isNull();
+}
+
+void PictureDrop::AddMain(const QString& file) {
+  const QString target = MainImagePath(IDCatalogo_, CodiceProdotto_);
+  CopyFileSafely(file, target);
+  ResizeImage(target, PictureLimit());
+  CreateThumbnail(target, ThumbnailLimit);
+  const QSize size = MeasureImage(target);
+  connection_.Execute(
+      u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
+      {target, size.height(), size.width(), IDCatalogo_, CodiceProdotto_});
+}
+
+void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) {
+  Recordset row;
+  row.Open(u"SELECT * FROM Immagini WHERE 1=2"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+  row.AddNew();
+  const QString target = AppFile(u"Images/%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
+  CopyFileSafely(file, target);
+  const ResizeResult sizes = ResizeImage(target, PictureLimit());
+  if (sizes.source == sizes.target && ReadPictureSettings().reRender) ReRenderImage(target);
+  const QSize size = MeasureImage(target);
+  row.SetValue(u"IDCatalogo"_qs, IDCatalogo_);
+  row.SetValue(u"CodiceProdotto"_qs, CodiceProdotto_);
+  row.SetValue(u"Immagine"_qs, target);
+  row.SetValue(u"Height"_qs, size.height());
+  row.SetValue(u"Width"_qs, size.width());
+  const QString description = ask(file);
+  if (description.isEmpty()) {
+    row.CancelUpdate();
+    QFile::remove(target);
+    return;
+  }
+  row.SetValue(u"Descrizione"_qs, description);
+  row.Update();
+}
+
+}  // namespace vorlina

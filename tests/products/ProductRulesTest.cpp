@@ -1,0 +1,106 @@
+// What a cell accepts, and what follows a changed code.
+#include <memory>
+
+#include "base/Helpers.h"
+#include "catalogs/CatalogCheck.h"
+#include "images/ImagePipeline.h"
+#include "products/CellRules.h"
+#include "products/CodeChange.h"
+#include "support/CatalogFixture.h"
+#include "support/Print.h"
+
+using namespace vorlina;
+
+TEST(CellRules, RefuseInTheirOrder) {
+  const QString empty = u"Insert a value for the product code"_qs;
+  const QString fileName = u"\\ / : * \" ? < > | are invalid character in product code"_qs;
+  const QString bar = u"| is an invalid character"_qs;
+  struct Case {
+    QString key;
+    QVariant value;
+    bool isFilter;
+    QStringList refusals;
+    QVariant stored;
+  };
+  const Case cases[] = {{u"Codice"_qs, QString(), false, {empty}, QString()},
+                        {u"Codice"_qs, NullValue(), false, {empty}, NullValue()},
+                        {u"Codice"_qs, u"a/b"_qs, false, {fileName}, u"a/b"_qs},
+                        {u"codice"_qs, u"a|b"_qs, false, {fileName, bar}, u"a|b"_qs},
+                        {u"Codice"_qs, u"O'Neil 50% 🚪"_qs, false, {}, u"O'Neil 50% 🚪"_qs},
+                        {u"Descrizione"_qs, u"a|b"_qs, false, {bar}, u"a|b"_qs},
+                        {u"Descrizione"_qs, QString(), false, {}, QString()},
+                        {u"Colore"_qs, QString(), true, {}, 0},
+                        {u"Colore"_qs, NullValue(), true, {}, 0},
+                        {u"Colore"_qs, 7, true, {}, 7}};
+  SetLanguage(u"English"_qs);
+  for (const Case& one : cases) {
+    const CellVerdict verdict = CheckCell(one.key, one.value, one.isFilter);
+    EXPECT_EQ(verdict.refusals, one.refusals) << one.key << ' ' << one.value.toString();
+    EXPECT_EQ(verdict.value, one.stored) << one.key << ' ' << one.value.toString();
+  }
+  SetLanguage(u"Italian"_qs);
+  EXPECT_EQ(CheckCell(u"Codice"_qs, u"|"_qs, false).refusals,
+            (QStringList{u"I caratteri \\ / : * \" ? < > | non sono consentiti nel codice del prodotto"_qs,
+                         u"Il carattere | non è consentito"_qs}));
+}
+
+namespace {
+
+class CodeChangeTest : public CatalogFixture {
+ protected:
+  CodeChangeTest() {
+    Fill("x", 3);
+    connection_.Execute(
+        u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica) VALUES (109,'È 0','Peso')"_qs);
+  }
+  // Gives "È 0" another code, as the grid does when it writes the row.
+  void Change(const QString& code, bool fails = false) {
+    CodeChange change(109, u"È 0"_qs, code, connection_);
+    Transaction transaction(connection_);
+    connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto=? WHERE CodiceProdotto='È 0'"_qs, {code});
+    change.CopyPictures();
+    if (fails) return;
+    transaction.Commit();
+    change.Finish();
+  }
+  QStringList Findings() {
+    QStringList all;
+    for (const Finding& finding : CheckCatalogs(connection_))
+      all += NameOf(finding.kind) + u' ' + finding.subject;
+    return all;
+  }
+};
+
+}  // namespace
+
+TEST_F(CodeChangeTest, ThePicturesFollow) {
+  const QByteArray picture = ContentOf(MainImagePath(109, u"È 0"_qs));
+  Change(u"O'Neil"_qs);
+  EXPECT_EQ(ContentOf(MainImagePath(109, u"O'Neil"_qs)), picture);
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='O''Neil'"_qs),
+            MainImagePath(109, u"O'Neil"_qs));
+  EXPECT_FALSE(QFile::exists(MainImagePath(109, u"È 0"_qs)));
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"SchedeTecniche"_qs, u"CodiceProdotto='O''Neil'"_qs), 1);
+  EXPECT_EQ(Findings(), QStringList());
+}
+
+TEST_F(CodeChangeTest, AFailureTakesTheCopiesBack) {
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  Change(u"new"_qs, true);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(Findings(), QStringList());
+}
+
+TEST_F(CodeChangeTest, WhatIsNotTheProductsOwnKeepsItsName) {
+  const QString image = u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs;
+  const QString shared = MainImagePath(109, u"È 0"_qs);
+  connection_.Execute(image, {shared, u"È 1"_qs});
+  Change(u"shared"_qs);
+  EXPECT_TRUE(QFile::exists(shared)) << "another product shows it";
+  connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto='È 0' WHERE CodiceProdotto='shared'"_qs);
+  WriteFileSafely(Outside(u"own.jpg"_qs), "the user's own");
+  connection_.Execute(image, {Outside(u"own.jpg"_qs), u"È 0"_qs});
+  Change(u"outside"_qs);
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='outside'"_qs), Outside(u"own.jpg"_qs));
+  EXPECT_TRUE(QFile::exists(Outside(u"own.jpg"_qs)));
+}
