@@ -1,0 +1,162 @@
+// The grid that windows edit recordsets in: a table over a RecordsetModel of its own, with the keys that
+// users of a grid expect. It knows nothing of what the rows are; what a window has to add goes through the
+// model's hooks and the signals below.
+//
+// A row is written when it is left, also towards another control; where that fails, the grid stays on it.
+// Columns are told by key, rows by number from 0, positions are the grid's own.
+#pragma once
+
+#include <QPointer>
+#include <QTableView>
+#include <QTimer>
+#include <functional>
+
+#include "base/Progress.h"
+#include "grid/GridLayout.h"
+#include "grid/RecordsetModel.h"
+
+namespace vorlina {
+
+class WidgetGridDelegate;
+class WidgetRowDrag;
+class WidgetRowHeader;
+
+struct GridColours {
+  QColor ground;  // where no rows are
+  QColor oddRow;  // the first, the third ...
+  QColor evenRow;
+  QColor target;  // the row under the pointer while rows are dragged
+};
+
+// The light set, or one that fits a dark palette.
+GridColours ColoursFor(const QPalette& palette);
+
+class DataGrid : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit DataGrid(QWidget* parent = nullptr);
+  ~DataGrid() override;
+
+  RecordsetModel& Rows() { return rows_; }
+
+  // Shows a recordset as RecordsetModel::Bind; columns whose keys were there before keep their place, width,
+  // alignment and word wrap, and those that are not visible are hidden. False where the row in edit cannot be
+  // left.
+  bool Bind(Recordset& recordset, std::vector<GridColumn> columns);
+  // As RecordsetModel::Reload; the current cell stays on its row.
+  bool Reload();
+
+  // The row of the current cell, -1 without one; its column's key.
+  int CurrentRow() const { return currentIndex().row(); }
+  QString CurrentKey() const;
+  // Moves the current cell and selects its row; an empty key stays in the column. False where the row in edit
+  // cannot be left, or there is no such cell.
+  bool GoTo(int row, const QString& key = {});
+  // The selected rows from above, without the add-new row.
+  QList<int> SelectedRows() const;
+  int SelectedCount() const;
+
+  // Takes over what is being typed and writes the row in edit. False where it must be stayed on: the user was
+  // told why. To be asked before the window closes.
+  bool LeaveRow();
+  // Deletes the selected rows, or else the current one, as the Delete key does.
+  bool DeleteSelected();
+  void SetAllowDelete(bool allowed) { allowDelete_ = allowed; }
+
+  // Sorts by one column, or with SortDirection::None in the recordset's own order. False where it cannot.
+  bool SetSort(const QString& key, SortDirection direction);
+
+  GridLayout Layout() const;
+  // Columns that the layout does not name stay behind those it names; keys that are not there are skipped. A
+  // column that the window hides stays hidden; captions are the window's.
+  void ApplyLayout(const GridLayout& layout);
+  void SetColumnPosition(const QString& key, int position);  // from the left, counted from 0
+  void SetAlignment(const QString& key, GridAlignment alignment);
+  GridAlignment AlignmentOf(const QString& key) const;
+  void SetWordWrap(const QString& key, bool wrap);
+
+  // The selected rows as text: the visible bound columns from left to right, drop-downs as shown. Progress,
+  // where given, hears of it every thousand rows; where it stops, the text is empty.
+  QString CopySelection(const QString& cellSeparator, const QString& rowSeparator,
+                        const Progress& progress = {}) const;
+
+  // Files may be dropped on rows; at first they may not.
+  void SetAcceptsFiles(bool accepts);
+
+  // Enter outside an editor; without it Enter goes to the next cell.
+  std::function<void()> OnEnter;
+  // Ctrl+C; without it the selection is copied with tabs between the cells, as spreadsheets take it.
+  std::function<void()> OnCopy;
+
+ Q_SIGNALS:
+  // A write was refused: text for the user.
+  void RowFailed(const QString& text);
+  // The current cell is another one. Row -1: there is none.
+  void CurrentCellChanged(int row, const QString& key);
+  void SelectedRowsChanged();
+  void HeaderClicked(const QString& key, vorlina::SortDirection present);
+  void HeaderPressed(const QString& key, Qt::MouseButton button, const QPoint& position);
+  // Row -1 and no key: not on a cell.
+  void CellPressed(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
+  void CellHovered(int row, const QString& key, const QPoint& position);
+  void DoubleClicked(int row, const QString& key);
+  // Selected rows are dragged by hand; row -1 where the pointer is on none.
+  void RowDragStarted();
+  void RowDragMoved(int row);
+  void RowDropped(int row);
+  void RowDragCancelled();
+  void FilesOver(int row);
+  void FilesDropped(int row, const QStringList& paths);
+
+ public Q_SLOTS:
+  void reset() override;
+
+ protected Q_SLOTS:
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ protected:
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void SetUpHeaders();
+  void SetUpRowDrag();
+  void TakePalette();
+  void TakeFont();
+  void HideColumns();
+  void Arrange(const GridLayout& layout, bool moves);
+  void ShowSort();
+  void Refresh();
+  bool CloseEditor();
+  void FocusMoved(QWidget* from, QWidget* to);
+  bool MayGoTo(int row);
+  QModelIndex NextCell(int step);
+  QModelIndex NeighbourCell(int step) const;
+  QList<int> CopiedColumns() const;
+  QString KeyOf(int column) const;
+  QPoint Own(const QPoint& viewportPosition) const;
+  void CopyToClipboard();
+
+  RecordsetModel rows_;
+  WidgetGridDelegate* delegate_;
+  WidgetRowHeader* rowHeader_;
+  WidgetRowDrag* rowDrag_;
+  QTimer refresh_;
+  bool leaving_ = false;
+  bool allowDelete_ = true;
+};
+
+}  // namespace vorlina

@@ -1,0 +1,262 @@
+// What the user does in a grid: keys, the mouse, editors, and how a row is left.
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "base/Language.h"
+#include "base/WidgetProgressBox.h"
+#include "grid/DataGrid.h"
+#include "grid/WidgetGridDelegate.h"
+#include "grid/WidgetRowDrag.h"
+#include "grid/WidgetRowHeader.h"
+
+namespace vorlina {
+namespace {
+
+// From here on a copy shows how far it is.
+constexpr int RowsCopiedAtOnce = 5000;
+
+QStringList FilesOf(const QMimeData& data) {
+  QStringList paths;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) paths += QDir::toNativeSeparators(url.toLocalFile());
+  return paths;
+}
+
+}  // namespace
+
+QPoint DataGrid::Own(const QPoint& viewportPosition) const {
+  return viewport()->mapTo(this, viewportPosition);
+}
+
+bool DataGrid::LeaveRow() {
+  if (leaving_) return false;
+  const QScopedValueRollback<bool> leaving(leaving_, true);
+  return CloseEditor() && rows_.Submit();
+}
+
+// False where the cell refuses what was typed: the editor stays.
+bool DataGrid::CloseEditor() {
+  const QPointer<QWidget> editor = delegate_->Editor();
+  if (editor == nullptr) return true;
+  commitData(editor);
+  if (editor == nullptr) return true;
+  closeEditor(editor, QAbstractItemDelegate::NoHint);
+  return delegate_->Editor() == nullptr;
+}
+
+bool DataGrid::MayGoTo(int row) {
+  if (delegate_->Editor() == nullptr && (rows_.EditRow() < 0 || rows_.EditRow() == row)) return true;
+  if (row == CurrentRow()) return CloseEditor();
+  return LeaveRow();
+}
+
+// Enter and Escape in an editor concern the cell; the row is written when it is left.
+void DataGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const bool undone = hint == QAbstractItemDelegate::RevertModelCache;
+  if (delegate_->Editor() == editor && delegate_->IsRefused() && !undone) {
+    QMetaObject::invokeMethod(
+        editor, [editor] { editor->setFocus(); }, Qt::QueuedConnection);
+    return;
+  }
+  if (delegate_->Editor() == editor) delegate_->Forget();
+  const bool moves =
+      hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+  QTableView::closeEditor(editor, moves ? hint : QAbstractItemDelegate::NoHint);
+}
+
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  rowHeader_->SetCurrentRow(current.row());
+  if (current.row() != previous.row() && rows_.EditRow() >= 0 && rows_.EditRow() != current.row()) LeaveRow();
+  Q_EMIT CurrentCellChanged(current.row(), KeyOf(current.column()));
+}
+
+void DataGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  Q_EMIT SelectedRowsChanged();
+}
+
+void DataGrid::reset() {
+  delegate_->Forget();
+  rowDrag_->Cancel();
+  QTableView::reset();
+  rowHeader_->SetCurrentRow(-1);
+}
+
+// What has the focus now decides: another control of the window, or another window. A message or a menu in
+// between leaves the row as it is.
+void DataGrid::FocusMoved(QWidget* from, QWidget* to) {
+  const auto isOwn = [this](QWidget* widget) { return widget == this || isAncestorOf(widget); };
+  if (from == nullptr || to == nullptr || !isOwn(from) || isOwn(to) || leaving_) return;
+  if (QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr) {
+    if (to->window() != window()) return;
+  }
+  if (!LeaveRow() && to->window() == window())
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          QWidget* editor = delegate_->Editor();
+          (editor != nullptr ? editor : this)->setFocus();
+        },
+        Qt::QueuedConnection);
+}
+
+// The next cell with a value, row by row; invalid behind the last one.
+QModelIndex DataGrid::NeighbourCell(int step) const {
+  const QHeaderView& header = *horizontalHeader();
+  const int columns = rows_.columnCount();
+  int row = CurrentRow();
+  int place = currentIndex().isValid() ? header.visualIndex(currentIndex().column()) : 0;
+  for (int tries = 0; tries < 2 * columns && row >= 0; ++tries) {
+    place += step;
+    if (place < 0 || place >= columns) {
+      row += step;
+      place = place < 0 ? columns - 1 : 0;
+    }
+    const int column = header.logicalIndex(place);
+    if (rows_.Column(column).bound && !isColumnHidden(column)) return rows_.index(row, column);
+  }
+  return {};
+}
+
+// A new row that is left at its end is written, and the next new one follows.
+QModelIndex DataGrid::NextCell(int step) {
+  QModelIndex next = NeighbourCell(step);
+  if (!next.isValid() && step > 0 && rows_.StateOf(CurrentRow()) == RowState::Added && LeaveRow())
+    next = NeighbourCell(step);
+  return next.isValid() ? next : currentIndex();
+}
+
+QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex cell = action == MoveNext       ? NextCell(1)
+                           : action == MovePrevious ? NextCell(-1)
+                                                    : QTableView::moveCursor(action, modifiers);
+  return !cell.isValid() || MayGoTo(cell.row()) ? cell : currentIndex();
+}
+
+// Tab leaves the grid behind its last cell, and before its first.
+bool DataGrid::focusNextPrevChild(bool next) {
+  const bool goesOn =
+      NeighbourCell(next ? 1 : -1).isValid() || (next && rows_.StateOf(CurrentRow()) == RowState::Added);
+  return goesOn ? QTableView::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
+}
+
+void DataGrid::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return OnCopy ? OnCopy() : CopyToClipboard();
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      if (rowDrag_->IsDragging()) return rowDrag_->Cancel();
+      if (rows_.EditRow() < 0) return event->ignore();
+      return rows_.Revert();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (OnEnter) return OnEnter();
+      return setCurrentIndex(moveCursor(MoveNext, Qt::NoModifier));
+    case Qt::Key_Delete:
+      DeleteSelected();
+      return;
+    default:
+      QTableView::keyPressEvent(event);
+  }
+}
+
+bool DataGrid::DeleteSelected() {
+  if (!allowDelete_) return false;
+  QList<int> rows = SelectedRows();
+  if (rows.isEmpty() && CurrentRow() >= 0 && !rows_.IsAddNewRow(CurrentRow())) rows = {CurrentRow()};
+  if (rows.isEmpty()) return false;
+  const int first = rows.first();
+  const QString key = CurrentKey();
+  if (!rows_.DeleteRows(std::move(rows))) return false;
+  GoTo(std::min(first, rows_.rowCount() - 1), key);
+  return true;
+}
+
+void DataGrid::CopyToClipboard() {
+  const int count = SelectedCount();
+  if (count == 0) return;
+  QString text;
+  if (count < RowsCopiedAtOnce) {
+    text = CopySelection(u"\t"_qs, u"\n"_qs);
+  } else {
+    WidgetProgressBox box(this, EitherLanguage(u"Copia in corso..."_qs, u"Copying..."_qs));
+    text = CopySelection(u"\t"_qs, u"\n"_qs, box.Reporter());
+  }
+  if (!text.isEmpty()) QApplication::clipboard()->setText(text);
+}
+
+void DataGrid::mousePressEvent(QMouseEvent* event) {
+  const QPoint position = event->pos();
+  const QModelIndex cell = indexAt(position);
+  if (cell.isValid() && !MayGoTo(cell.row())) return;
+  const QPersistentModelIndex kept = cell;
+  QTableView::mousePressEvent(event);
+  Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
+}
+
+void DataGrid::mouseMoveEvent(QMouseEvent* event) {
+  const QModelIndex cell = indexAt(event->pos());
+  Q_EMIT CellHovered(cell.row(), KeyOf(cell.column()), Own(event->pos()));
+  QTableView::mouseMoveEvent(event);
+}
+
+void DataGrid::leaveEvent(QEvent* event) {
+  Q_EMIT CellHovered(-1, {}, mapFromGlobal(QCursor::pos()));
+  QTableView::leaveEvent(event);
+}
+
+void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex cell = indexAt(event->pos());
+  QTableView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) Q_EMIT DoubleClicked(cell.row(), KeyOf(cell.column()));
+}
+
+void DataGrid::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }
+
+void DataGrid::dragMoveEvent(QDragMoveEvent* event) {
+  if (FilesOf(*event->mimeData()).isEmpty()) return event->ignore();
+  const int row = rowAt(event->position().toPoint().y());
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(row >= 0 && !rows_.IsAddNewRow(row));
+  if (event->isAccepted()) Q_EMIT FilesOver(row);
+}
+
+void DataGrid::dropEvent(QDropEvent* event) {
+  const QStringList paths = FilesOf(*event->mimeData());
+  const int row = rowAt(event->position().toPoint().y());
+  if (paths.isEmpty() || row < 0 || rows_.IsAddNewRow(row) || !LeaveRow()) return event->ignore();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  Q_EMIT FilesDropped(row, paths);
+}
+
+bool DataGrid::event(QEvent* event) {
+  const bool handled = QTableView::event(event);
+  if (event->type() == QEvent::WindowActivate) Refresh();
+  if (event->type() == QEvent::PaletteChange) TakePalette();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) TakeFont();
+  return handled;
+}
+
+// The column header's presses; a row is left before the strip selects another.
+bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) {
+    const auto& press = *static_cast<QMouseEvent*>(event);
+    if (watched == horizontalHeader()->viewport()) {
+      const QString key = KeyOf(horizontalHeader()->logicalIndexAt(press.pos()));
+      Q_EMIT HeaderPressed(key, press.button(), horizontalHeader()->mapTo(this, press.pos()));
+    } else if (watched == rowHeader_->viewport()) {
+      const int row = rowAt(press.pos().y());
+      if (row >= 0 && !MayGoTo(row)) return true;
+    }
+  }
+  return QTableView::eventFilter(watched, event);
+}
+
+}  // namespace vorlina

@@ -1,0 +1,112 @@
+#include "grid/WidgetGridDelegate.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStringListModel>
+#include <limits>
+
+#include "base/Helpers.h"
+
+namespace vorlina {
+namespace {
+
+constexpr int DropDownRows = 9;
+
+QLineEdit* LineOf(QWidget* editor) {
+  auto* combo = qobject_cast<QComboBox*>(editor);
+  return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(editor);
+}
+
+QLineEdit* MakeLine(QWidget* parent, const GridColumn& column) {
+  auto* line = new QLineEdit(parent);
+  line->setFrame(false);
+  line->setAlignment(column.alignment);
+  return line;
+}
+
+QComboBox* MakeDropDown(QWidget* parent, const Lookup& lookup) {
+  auto* combo = new QComboBox(parent);
+  combo->setEditable(true);
+  combo->setInsertPolicy(QComboBox::NoInsert);
+  combo->setFrame(false);
+  combo->setMaxVisibleItems(DropDownRows);
+  // Else each opening would measure all the texts.
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  QStringList texts;
+  for (const LookupItem& item : lookup.Items()) texts += item.text;
+  combo->setModel(new QStringListModel(texts, combo));
+  return combo;
+}
+
+}  // namespace
+
+WidgetGridDelegate::WidgetGridDelegate(RecordsetModel& rows, QObject* parent)
+    : QStyledItemDelegate(parent), rows_(rows) {}
+
+void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  const bool odd = index.row() % 2 == 0;  // the first row is number 1
+  option->backgroundBrush = index.row() == targetRow_ ? colours_.target
+                            : odd                     ? colours_.oddRow
+                                                      : colours_.evenRow;
+  option->features.setFlag(QStyleOptionViewItem::WrapText, rows_.Column(index.column()).wordWrap);
+  const int state = index.data(RecordsetModel::RowStateRole).toInt();
+  if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
+}
+
+// A picture stands in the middle of its cell.
+void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+  QStyleOptionViewItem cell = option;
+  if (index.row() == targetRow_) cell.state &= ~QStyle::State_Selected;
+  if (rows_.Column(index.column()).bound) return QStyledItemDelegate::paint(painter, cell, index);
+  initStyleOption(&cell, index);
+  cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
+  cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
+}
+
+QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                          const QModelIndex& index) const {
+  const GridColumn& column = rows_.Column(index.column());
+  rows_.Pin(index.row());
+  QWidget* editor = column.kind == ColumnKind::Lookup
+                        ? static_cast<QWidget*>(MakeDropDown(parent, column.lookup))
+                        : MakeLine(parent, column);
+  LineOf(editor)->setMaxLength(std::numeric_limits<int>::max());
+  editor->setObjectName(u"editor"_qs);
+  editor->setAccessibleName(column.caption);
+  editor->setAutoFillBackground(true);
+  // The area around the cells has colours of its own, which would be inherited.
+  if (option.widget != nullptr) editor->setPalette(option.widget->palette());
+  refused_ = false;
+  editor_ = editor;
+  return editor;
+}
+
+void WidgetGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  QLineEdit* line = LineOf(editor);
+  if (line->isModified()) return;  // what the user types is not taken away
+  const bool lookup = rows_.Column(index.column()).kind == ColumnKind::Lookup;
+  const QString text = lookup ? index.data().toString() : NullToEmpty(index.data(RecordsetModel::ValueRole));
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) combo->setCurrentIndex(combo->findText(text));
+  line->setText(text);
+  line->selectAll();
+}
+
+void WidgetGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
+  QLineEdit* line = LineOf(editor);
+  const auto* combo = qobject_cast<QComboBox*>(editor);
+  const bool changed = line->isModified() || (combo != nullptr && line->text() != index.data().toString());
+  refused_ = changed && !rows_.SetText(index, line->text());
+  // A row that has gone meanwhile cannot take anything: its editor is not held open.
+  if (refused_ && !rows_.flags(index).testFlag(Qt::ItemIsEditable)) refused_ = false;
+  if (!refused_) line->setModified(false);
+}
+
+void WidgetGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                              const QModelIndex&) const {
+  editor->setGeometry(option.rect);
+}
+
+}  // namespace vorlina

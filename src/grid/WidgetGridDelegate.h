@@ -1,0 +1,44 @@
+// Paints a grid's cells and makes their editors: a line for texts and numbers, an editable drop-down for
+// columns with a lookup. What is typed goes to the model by SetText; a cell that refuses it keeps its editor.
+#pragma once
+
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+#include "grid/DataGrid.h"
+
+namespace vorlina {
+
+class WidgetGridDelegate : public QStyledItemDelegate {
+ public:
+  WidgetGridDelegate(RecordsetModel& rows, QObject* parent);
+
+  void SetColours(const GridColours& colours) { colours_ = colours; }
+  void SetTargetRow(int row) { targetRow_ = row; }
+
+  // The open editor, or null.
+  QWidget* Editor() const { return editor_; }
+  void Forget() { editor_ = nullptr; }
+  // Whether the cell has refused what was typed last.
+  bool IsRefused() const { return refused_; }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+  void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const override;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+ private:
+  RecordsetModel& rows_;
+  GridColours colours_;
+  int targetRow_ = -1;
+  mutable QPointer<QWidget> editor_;
+  mutable bool refused_ = false;
+};
+
+}  // namespace vorlina

@@ -1,0 +1,114 @@
+#include "grid/WidgetRowDrag.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+namespace vorlina {
+namespace {
+
+constexpr int ScrollMilliseconds = 40;
+
+}  // namespace
+
+WidgetRowDrag::WidgetRowDrag(QTableView& grid) : QObject(&grid), grid_(grid) {
+  grid.viewport()->installEventFilter(this);
+  grid.verticalHeader()->viewport()->installEventFilter(this);
+  scroll_.setInterval(ScrollMilliseconds);
+  connect(&scroll_, &QTimer::timeout, this, &WidgetRowDrag::Scroll);
+}
+
+bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      return Press(*static_cast<QMouseEvent*>(event), watched != grid_.viewport());
+    case QEvent::MouseMove:
+      return Move(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonRelease:
+      return Release(*static_cast<QMouseEvent*>(event));
+    default:
+      return false;
+  }
+}
+
+// The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
+// press between two rows changes their height.
+bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
+  if (dragging_) return true;
+  const int row = RowAt(event.pos().y());
+  const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
+  const bool drags = row >= 0 && !between && event.button() == Qt::LeftButton &&
+                     event.modifiers() == Qt::NoModifier &&
+                     grid_.selectionModel()->isRowSelected(row, QModelIndex());
+  pressedRow_ = drags ? row : -1;
+  pressed_ = event.pos();
+  onHeader_ = onHeader;
+  return drags && onHeader;
+}
+
+bool WidgetRowDrag::Move(const QMouseEvent& event) {
+  if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
+  if (!dragging_) {
+    if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
+    dragging_ = true;
+    grid_.viewport()->setCursor(Qt::DragMoveCursor);
+    grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
+    scroll_.start();
+    Q_EMIT Started();
+  }
+  if (dragging_) Follow(event.pos().y());
+  return true;
+}
+
+bool WidgetRowDrag::Release(const QMouseEvent& event) {
+  if (event.button() != Qt::LeftButton || pressedRow_ < 0) return false;
+  const int pressedRow = std::exchange(pressedRow_, -1);
+  if (!dragging_) {
+    if (onHeader_) Q_EMIT HeaderClicked(pressedRow);
+    return onHeader_;
+  }
+  Follow(event.pos().y());
+  const int row = row_;
+  End();
+  Q_EMIT Dropped(row);
+  return true;
+}
+
+void WidgetRowDrag::Cancel() {
+  if (!dragging_) return;
+  End();
+  Q_EMIT Cancelled();
+}
+
+void WidgetRowDrag::End() {
+  dragging_ = false;
+  pressedRow_ = -1;
+  row_ = -1;
+  scroll_.stop();
+  grid_.viewport()->unsetCursor();
+  grid_.verticalHeader()->viewport()->unsetCursor();
+}
+
+int WidgetRowDrag::RowAt(int y) const { return grid_.rowAt(y); }
+
+void WidgetRowDrag::Follow(int y) {
+  y_ = y;
+  const int row = RowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  if (row == row_) return;
+  row_ = row;
+  Q_EMIT Moved(row);
+}
+
+// The faster the farther the pointer is beyond the edge.
+void WidgetRowDrag::Scroll() {
+  const int rowHeight = grid_.verticalHeader()->defaultSectionSize();
+  const int height = grid_.viewport()->height();
+  const int beyond = y_ < rowHeight ? y_ - rowHeight : y_ > height - rowHeight ? y_ - height + rowHeight : 0;
+  if (beyond == 0) return;
+  QScrollBar& bar = *grid_.verticalScrollBar();
+  bar.setValue(bar.value() + beyond);
+  Follow(y_);
+}
+
+}  // namespace vorlina

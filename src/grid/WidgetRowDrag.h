@@ -1,0 +1,51 @@
+// Tells a drag of selected rows, by a cell or by the strip at the left, from a click. While rows are dragged
+// the grid scrolls near its edges, and Escape ends it without a drop.
+#pragma once
+
+#include <QObject>
+#include <QTableView>
+#include <QTimer>
+
+namespace vorlina {
+
+class WidgetRowDrag : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit WidgetRowDrag(QTableView& grid);
+
+  bool IsDragging() const { return dragging_; }
+  void Cancel();
+
+ Q_SIGNALS:
+  // Row -1: the pointer is on none.
+  void Started();
+  void Moved(int row);
+  void Dropped(int row);
+  void Cancelled();
+  // A selected row was clicked in the strip, and not dragged.
+  void HeaderClicked(int row);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool Press(const QMouseEvent& event, bool onHeader);
+  bool Move(const QMouseEvent& event);
+  bool Release(const QMouseEvent& event);
+  int RowAt(int y) const;
+  void Follow(int y);
+  void Scroll();
+  void End();
+
+  QTableView& grid_;
+  QTimer scroll_;
+  QPoint pressed_;
+  int pressedRow_ = -1;  // -1 where no drag can come of it
+  bool onHeader_ = false;
+  bool dragging_ = false;
+  int y_ = 0;
+  int row_ = -1;
+};
+
+}  // namespace vorlina

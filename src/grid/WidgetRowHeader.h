@@ -1,0 +1,29 @@
+// The strip at the left of a grid with a mark per row: the current one, the one in edit, the add-new row. All
+// rows have one height, which the user may change for all; so no row is measured.
+#pragma once
+
+#include <QHeaderView>
+
+namespace vorlina {
+
+class WidgetRowHeader : public QHeaderView {
+ public:
+  explicit WidgetRowHeader(QWidget* parent);
+
+  // The row's mark changes with the current row.
+  void SetCurrentRow(int row);
+  // The least height of the rows for the font.
+  void SetLeastHeight(int height);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int row) const override;
+
+ private:
+  void Resized(int row, int former, int height);
+
+  int currentRow_ = -1;
+};
+
+}  // namespace vorlina
