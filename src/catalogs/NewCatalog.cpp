@@ -142,7 +142,10 @@ QString CatalogCaption(const QString& name, const QVariant& description) {
   constexpr qsizetype Beginning = 10;
   if (description.isNull()) return name;
   const QString text = NullToEmpty(description);
-  return name + u" - "_qs + (text.size() < LongDescription ? text : text.left(Beginning) + u"..."_qs);
+  if (text.size() < LongDescription) return name + u" - "_qs + text;
+  // Not through the middle of a character of two units.
+  const qsizetype cut = text[Beginning].isLowSurrogate() ? Beginning - 1 : Beginning;
+  return name + u" - "_qs + text.left(cut) + u"..."_qs;
 }
 
 }  // namespace vorlina

@@ -35,7 +35,8 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 // The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
 // press between two rows changes their height.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
-  if (dragging_) return true;
+  // Where the drag goes on behind a drop, a press selects as ever: its release is the next drop.
+  if (dragging_) return pressedRow_ >= 0;
   const int row = RowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
   const bool drags = row >= 0 && !between && event.button() == Qt::LeftButton &&
@@ -48,21 +49,29 @@ bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
 }
 
 bool WidgetRowDrag::Move(const QMouseEvent& event) {
-  if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
   if (!dragging_) {
+    if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
     if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
-    dragging_ = true;
-    grid_.viewport()->setCursor(Qt::DragMoveCursor);
-    grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
-    scroll_.start();
+    Begin();
     Q_EMIT Started();
   }
   if (dragging_) Follow(event.pos().y());
   return true;
 }
 
+void WidgetRowDrag::Begin() {
+  dragging_ = true;
+  grid_.viewport()->setCursor(Qt::DragMoveCursor);
+  grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
+  scroll_.start();
+}
+
+void WidgetRowDrag::Keep() {
+  if (!dragging_) Begin();
+}
+
 bool WidgetRowDrag::Release(const QMouseEvent& event) {
-  if (event.button() != Qt::LeftButton || pressedRow_ < 0) return false;
+  if (event.button() != Qt::LeftButton || (pressedRow_ < 0 && !dragging_)) return false;
   const int pressedRow = std::exchange(pressedRow_, -1);
   if (!dragging_) {
     if (onHeader_) Q_EMIT HeaderClicked(pressedRow);
@@ -72,7 +81,7 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
   const int row = row_;
   End();
   Q_EMIT Dropped(row);
-  return true;
+  return pressedRow >= 0;
 }
 
 void WidgetRowDrag::Cancel() {

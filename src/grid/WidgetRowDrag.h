@@ -16,6 +16,8 @@ class WidgetRowDrag : public QObject {
 
   bool IsDragging() const { return dragging_; }
   void Cancel();
+  // The drag that has just ended in a drop goes on, without a button held: the next release drops again.
+  void Keep();
 
  Q_SIGNALS:
   // Row -1: the pointer is on none.
@@ -36,6 +38,7 @@ class WidgetRowDrag : public QObject {
   int RowAt(int y) const;
   void Follow(int y);
   void Scroll();
+  void Begin();
   void End();
 
   QTableView& grid_;
