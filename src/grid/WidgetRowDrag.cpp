@@ -5,6 +5,8 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include "grid/RecordsetModel.h"
+
 namespace vorlina {
 namespace {
 
@@ -36,9 +38,9 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 // press between two rows changes their height.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
   if (dragging_) return true;
-  const int row = RowAt(event.pos().y());
+  const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
-  const bool drags = row >= 0 && !between && event.button() == Qt::LeftButton &&
+  const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
                      event.modifiers() == Qt::NoModifier &&
                      grid_.selectionModel()->isRowSelected(row, QModelIndex());
   pressedRow_ = drags ? row : -1;
@@ -51,13 +53,17 @@ bool WidgetRowDrag::Move(const QMouseEvent& event) {
   if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
   if (!dragging_) {
     if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
+    if (MayStart && !MayStart()) {
+      pressedRow_ = -1;
+      return true;
+    }
     dragging_ = true;
     grid_.viewport()->setCursor(Qt::DragMoveCursor);
     grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
     scroll_.start();
     Q_EMIT Started();
   }
-  if (dragging_) Follow(event.pos().y());
+  Follow(event.pos().y());
   return true;
 }
 
@@ -76,6 +82,7 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
 }
 
 void WidgetRowDrag::Cancel() {
+  pressedRow_ = -1;
   if (!dragging_) return;
   End();
   Q_EMIT Cancelled();
@@ -90,11 +97,15 @@ void WidgetRowDrag::End() {
   grid_.verticalHeader()->viewport()->unsetCursor();
 }
 
-int WidgetRowDrag::RowAt(int y) const { return grid_.rowAt(y); }
+bool WidgetRowDrag::IsAddNew(int row) const {
+  const QVariant state = grid_.model()->headerData(row, Qt::Vertical, RecordsetModel::RowStateRole);
+  return state == int(RowState::AddNew) || state == int(RowState::Added);
+}
 
 void WidgetRowDrag::Follow(int y) {
   y_ = y;
-  const int row = RowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  if (row >= 0 && IsAddNew(row)) --row;
   if (row == row_) return;
   row_ = row;
   Q_EMIT Moved(row);
