@@ -39,11 +39,11 @@ GridColours ColoursFor(const QPalette& palette) {
 DataGrid::DataGrid(QWidget* parent)
     : QTableView(parent),
       delegate_(new WidgetGridDelegate(rows_, this)),
-      rowHeader_(new WidgetRowHeader(this)) {
+      rowHeader_(new WidgetRowHeader(*this)) {
   setItemDelegate(delegate_);
   setVerticalHeader(rowHeader_);
-  setModel(&rows_);
   rowDrag_ = new WidgetRowDrag(*this);
+  setModel(&rows_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
   setEditTriggers(AnyKeyPressed | EditKeyPressed | SelectedClicked);
@@ -60,7 +60,11 @@ DataGrid::DataGrid(QWidget* parent)
   refresh_.start(RefreshMilliseconds);
 }
 
-DataGrid::~DataGrid() = default;
+// What is still connected would reach a grid of which only the base is left.
+DataGrid::~DataGrid() {
+  disconnect(qApp, nullptr, this, nullptr);
+  setModel(nullptr);
+}
 
 void DataGrid::SetUpHeaders() {
   QHeaderView& header = *horizontalHeader();
@@ -83,12 +87,11 @@ void DataGrid::SetUpRowDrag() {
     delegate_->SetTargetRow(row);
     viewport()->update();
   };
-  connect(rowDrag_, &WidgetRowDrag::Started, this, [this] {
-    if (LeaveRow())
-      Q_EMIT RowDragStarted();
-    else
-      rowDrag_->Cancel();
-  });
+  rowDrag_->MayStart = [this] {
+    stays_ = !LeaveRow();
+    return !stays_;
+  };
+  connect(rowDrag_, &WidgetRowDrag::Started, this, &DataGrid::RowDragStarted);
   connect(rowDrag_, &WidgetRowDrag::Moved, this, [this, target](int row) {
     target(row);
     Q_EMIT RowDragMoved(row);
@@ -143,11 +146,18 @@ void DataGrid::HideColumns() {
 
 bool DataGrid::Reload() {
   if (!LeaveRow()) return false;
-  const qint64 bookmark = CurrentRow() >= 0 ? rows_.BookmarkOf(CurrentRow()) : 0;
-  const QString key = CurrentKey();
+  const Place current = CurrentPlace();
   if (!rows_.Reload()) return false;
-  if (bookmark != 0) GoTo(rows_.RowOf(bookmark), key);
+  ReturnTo(current);
   return true;
+}
+
+DataGrid::Place DataGrid::CurrentPlace() const {
+  return {CurrentRow() >= 0 ? rows_.BookmarkOf(CurrentRow()) : 0, CurrentKey()};
+}
+
+void DataGrid::ReturnTo(const Place& place) {
+  if (place.bookmark != 0) GoTo(rows_.RowOf(place.bookmark), place.key);
 }
 
 bool DataGrid::GoTo(int row, const QString& key) {
@@ -180,11 +190,14 @@ int DataGrid::SelectedCount() const {
 
 bool DataGrid::SetSort(const QString& key, SortDirection direction) {
   if (!LeaveRow()) return false;
-  const QModelIndex current = currentIndex();
+  const Place current = CurrentPlace();
   if (SelectedCount() > RowsFollowed) selectionModel()->clearSelection();
   if (!rows_.SortBy(direction == SortDirection::None ? -1 : rows_.ColumnOf(key), direction)) return false;
   ShowSort();
-  if (current.isValid()) scrollTo(currentIndex());
+  if (currentIndex().isValid())
+    scrollTo(currentIndex());
+  else
+    ReturnTo(current);
   return true;
 }
 

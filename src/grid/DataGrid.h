@@ -131,9 +131,16 @@ class DataGrid : public QTableView {
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   bool event(QEvent* event) override;
+  // A letter that no editor takes finds nothing: it would read all the rows.
+  void keyboardSearch(const QString&) override {}
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  struct Place {
+    qint64 bookmark;
+    QString key;
+  };
+
   void SetUpHeaders();
   void SetUpRowDrag();
   void TakePalette();
@@ -145,6 +152,9 @@ class DataGrid : public QTableView {
   bool CloseEditor();
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);
+  bool MayDragTo(int row, const QMouseEvent& event);
+  Place CurrentPlace() const;
+  void ReturnTo(const Place& place);
   QModelIndex NextCell(int step);
   QModelIndex NeighbourCell(int step) const;
   QList<int> CopiedColumns() const;
@@ -158,6 +168,8 @@ class DataGrid : public QTableView {
   WidgetRowDrag* rowDrag_;
   QTimer refresh_;
   bool leaving_ = false;
+  bool hadFocus_ = false;
+  bool stays_ = false;  // the press that is held down could not leave the row in edit
   bool allowDelete_ = true;
 };
 

@@ -44,6 +44,8 @@ bool DataGrid::LeaveRow() {
 bool DataGrid::CloseEditor() {
   const QPointer<QWidget> editor = delegate_->Editor();
   if (editor == nullptr) return true;
+  // What it was left with has been refused already.
+  if (delegate_->IsRefused() && !editor->hasFocus()) return false;
   commitData(editor);
   if (editor == nullptr) return true;
   closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -73,7 +75,10 @@ void DataGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   rowHeader_->SetCurrentRow(current.row());
-  if (current.row() != previous.row() && rows_.EditRow() >= 0 && rows_.EditRow() != current.row()) LeaveRow();
+  if (rows_.EditRow() >= 0 && rows_.EditRow() != current.row() && !LeaveRow())
+    QMetaObject::invokeMethod(
+        this, [this, column = previous.column()] { setCurrentIndex(rows_.index(rows_.EditRow(), column)); },
+        Qt::QueuedConnection);
   Q_EMIT CurrentCellChanged(current.row(), KeyOf(current.column()));
 }
 
@@ -91,12 +96,12 @@ void DataGrid::reset() {
 
 // What has the focus now decides: another control of the window, or another window. A message or a menu in
 // between leaves the row as it is.
-void DataGrid::FocusMoved(QWidget* from, QWidget* to) {
-  const auto isOwn = [this](QWidget* widget) { return widget == this || isAncestorOf(widget); };
-  if (from == nullptr || to == nullptr || !isOwn(from) || isOwn(to) || leaving_) return;
-  if (QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr) {
-    if (to->window() != window()) return;
-  }
+void DataGrid::FocusMoved(QWidget*, QWidget* to) {
+  if (to == nullptr || leaving_) return;
+  const bool isOwn = to == this || isAncestorOf(to);
+  const bool inBetween = to->window() != window() && (QApplication::activePopupWidget() != nullptr ||
+                                                      QApplication::activeModalWidget() != nullptr);
+  if (inBetween || !std::exchange(hadFocus_, isOwn) || isOwn) return;
   if (!LeaveRow() && to->window() == window())
     QMetaObject::invokeMethod(
         this,
@@ -156,6 +161,7 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
       return rows_.Revert();
     case Qt::Key_Return:
     case Qt::Key_Enter:
+      if (delegate_->Editor() != nullptr) return;  // it takes over what was typed
       if (OnEnter) return OnEnter();
       return setCurrentIndex(moveCursor(MoveNext, Qt::NoModifier));
     case Qt::Key_Delete:
@@ -194,16 +200,24 @@ void DataGrid::CopyToClipboard() {
 void DataGrid::mousePressEvent(QMouseEvent* event) {
   const QPoint position = event->pos();
   const QModelIndex cell = indexAt(position);
-  if (cell.isValid() && !MayGoTo(cell.row())) return;
+  stays_ = cell.isValid() && !MayGoTo(cell.row());
+  if (stays_) return rowDrag_->Cancel();
   const QPersistentModelIndex kept = cell;
   QTableView::mousePressEvent(event);
   Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
 }
 
+// A selection that is dragged beyond the row in edit leaves it.
+bool DataGrid::MayDragTo(int row, const QMouseEvent& event) {
+  if (row < 0 || !(event.buttons() & Qt::LeftButton)) return true;
+  if (!stays_) stays_ = !MayGoTo(row);
+  return !stays_;
+}
+
 void DataGrid::mouseMoveEvent(QMouseEvent* event) {
   const QModelIndex cell = indexAt(event->pos());
   Q_EMIT CellHovered(cell.row(), KeyOf(cell.column()), Own(event->pos()));
-  QTableView::mouseMoveEvent(event);
+  if (MayDragTo(cell.row(), *event)) QTableView::mouseMoveEvent(event);
 }
 
 void DataGrid::leaveEvent(QEvent* event) {
@@ -212,6 +226,7 @@ void DataGrid::leaveEvent(QEvent* event) {
 }
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (stays_) return;
   const QModelIndex cell = indexAt(event->pos());
   QTableView::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton) Q_EMIT DoubleClicked(cell.row(), KeyOf(cell.column()));
@@ -253,8 +268,13 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
       Q_EMIT HeaderPressed(key, press.button(), horizontalHeader()->mapTo(this, press.pos()));
     } else if (watched == rowHeader_->viewport()) {
       const int row = rowAt(press.pos().y());
-      if (row >= 0 && !MayGoTo(row)) return true;
+      stays_ = row >= 0 && !MayGoTo(row);
+      if (stays_) return true;
     }
+  }
+  if (event->type() == QEvent::MouseMove && watched == rowHeader_->viewport()) {
+    const auto& move = *static_cast<QMouseEvent*>(event);
+    if (!MayDragTo(rowAt(move.pos().y()), move)) return true;
   }
   return QTableView::eventFilter(watched, event);
 }

@@ -5,6 +5,8 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include "grid/RecordsetModel.h"
+
 namespace vorlina {
 namespace {
 
@@ -37,9 +39,9 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
   // Where the drag goes on behind a drop, a press selects as ever: its release is the next drop.
   if (dragging_) return pressedRow_ >= 0;
-  const int row = RowAt(event.pos().y());
+  const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
-  const bool drags = row >= 0 && !between && event.button() == Qt::LeftButton &&
+  const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
                      event.modifiers() == Qt::NoModifier &&
                      grid_.selectionModel()->isRowSelected(row, QModelIndex());
   pressedRow_ = drags ? row : -1;
@@ -52,10 +54,14 @@ bool WidgetRowDrag::Move(const QMouseEvent& event) {
   if (!dragging_) {
     if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
     if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
+    if (MayStart && !MayStart()) {
+      pressedRow_ = -1;
+      return true;
+    }
     Begin();
     Q_EMIT Started();
   }
-  if (dragging_) Follow(event.pos().y());
+  Follow(event.pos().y());
   return true;
 }
 
@@ -85,6 +91,7 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
 }
 
 void WidgetRowDrag::Cancel() {
+  pressedRow_ = -1;
   if (!dragging_) return;
   End();
   Q_EMIT Cancelled();
@@ -99,11 +106,15 @@ void WidgetRowDrag::End() {
   grid_.verticalHeader()->viewport()->unsetCursor();
 }
 
-int WidgetRowDrag::RowAt(int y) const { return grid_.rowAt(y); }
+bool WidgetRowDrag::IsAddNew(int row) const {
+  const QVariant state = grid_.model()->headerData(row, Qt::Vertical, RecordsetModel::RowStateRole);
+  return state == int(RowState::AddNew) || state == int(RowState::Added);
+}
 
 void WidgetRowDrag::Follow(int y) {
   y_ = y;
-  const int row = RowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  if (row >= 0 && IsAddNew(row)) --row;
   if (row == row_) return;
   row_ = row;
   Q_EMIT Moved(row);

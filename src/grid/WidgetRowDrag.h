@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QTableView>
 #include <QTimer>
+#include <functional>
 
 namespace vorlina {
 
@@ -14,13 +15,17 @@ class WidgetRowDrag : public QObject {
  public:
   explicit WidgetRowDrag(QTableView& grid);
 
+  // Asked before a drag begins; without it, it may.
+  std::function<bool()> MayStart;
+
   bool IsDragging() const { return dragging_; }
+  // Also a press that could still become a drag is forgotten.
   void Cancel();
   // The drag that has just ended in a drop goes on, without a button held: the next release drops again.
   void Keep();
 
  Q_SIGNALS:
-  // Row -1: the pointer is on none.
+  // Row -1: the pointer is on none, or only the add-new row is there. On the add-new row it is the last one.
   void Started();
   void Moved(int row);
   void Dropped(int row);
@@ -35,7 +40,7 @@ class WidgetRowDrag : public QObject {
   bool Press(const QMouseEvent& event, bool onHeader);
   bool Move(const QMouseEvent& event);
   bool Release(const QMouseEvent& event);
-  int RowAt(int y) const;
+  bool IsAddNew(int row) const;
   void Follow(int y);
   void Scroll();
   void Begin();

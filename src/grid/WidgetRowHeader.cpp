@@ -1,6 +1,7 @@
 #include "grid/WidgetRowHeader.h"
 
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include "grid/RecordsetModel.h"
@@ -24,15 +25,25 @@ QPolygonF Triangle(const QRectF& box, bool mirrored) {
 
 }  // namespace
 
-WidgetRowHeader::WidgetRowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+WidgetRowHeader::WidgetRowHeader(QTableView& grid) : QHeaderView(Qt::Vertical, &grid), grid_(grid) {
   setSectionsClickable(true);
   setSectionResizeMode(Interactive);
   connect(this, &QHeaderView::sectionResized, this, &WidgetRowHeader::Resized);
 }
 
-// The row that the user drags takes all others with it.
-void WidgetRowHeader::Resized(int, int, int height) {
-  if (height != defaultSectionSize()) setDefaultSectionSize(height);
+// The row that the user drags takes all others with it, and stays where it is.
+void WidgetRowHeader::Resized(int row, int, int height) {
+  if (height == defaultSectionSize()) return;
+  const int above = row * (height - defaultSectionSize());
+  {
+    // Else each row would tell of its new height.
+    const QSignalBlocker quiet(this);
+    setDefaultSectionSize(height);
+  }
+  viewport()->update();
+  Q_EMIT geometriesChanged();
+  QScrollBar& bar = *grid_.verticalScrollBar();
+  bar.setValue(bar.value() + above);
 }
 
 void WidgetRowHeader::SetCurrentRow(int row) {

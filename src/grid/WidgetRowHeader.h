@@ -3,12 +3,13 @@
 #pragma once
 
 #include <QHeaderView>
+#include <QTableView>
 
 namespace vorlina {
 
 class WidgetRowHeader : public QHeaderView {
  public:
-  explicit WidgetRowHeader(QWidget* parent);
+  explicit WidgetRowHeader(QTableView& grid);
 
   // The row's mark changes with the current row.
   void SetCurrentRow(int row);
@@ -23,6 +24,7 @@ class WidgetRowHeader : public QHeaderView {
  private:
   void Resized(int row, int former, int height);
 
+  QTableView& grid_;
   int currentRow_ = -1;
 };
 
