@@ -39,6 +39,17 @@ QComboBox* MakeDropDown(QWidget* parent, const Lookup& lookup) {
   return combo;
 }
 
+void PaintFrame(QPainter& painter, const QStyleOptionViewItem& cell) {
+  const bool selected = cell.state.testFlag(QStyle::State_Selected);
+  painter.save();
+  QPen pen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight), 2);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(cell.rect.adjusted(1, 1, -1, -1));
+  painter.restore();
+}
+
 }  // namespace
 
 WidgetGridDelegate::WidgetGridDelegate(RecordsetModel& rows, QObject* parent)
@@ -55,15 +66,22 @@ void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
   if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
 }
 
-// A picture stands in the middle of its cell.
+// A picture stands in the middle of its cell. The current cell has a frame: styles differ in how they tell it
+// within a row that is selected.
 void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;
+  const bool current = cell.state.testFlag(QStyle::State_HasFocus);
+  cell.state &= ~QStyle::State_HasFocus;
   if (index.row() == targetRow_) cell.state &= ~QStyle::State_Selected;
-  if (rows_.Column(index.column()).bound) return QStyledItemDelegate::paint(painter, cell, index);
-  initStyleOption(&cell, index);
-  cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
-  cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
+  if (rows_.Column(index.column()).bound) {
+    QStyledItemDelegate::paint(painter, cell, index);
+  } else {
+    initStyleOption(&cell, index);
+    cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
+    cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
+  }
+  if (current) PaintFrame(*painter, cell);
 }
 
 QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

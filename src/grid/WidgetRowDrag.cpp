@@ -114,6 +114,7 @@ bool WidgetRowDrag::IsAddNew(int row) const {
 void WidgetRowDrag::Follow(int y) {
   y_ = y;
   int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  if (row < 0) row = grid_.model()->rowCount() - 1;
   if (row >= 0 && IsAddNew(row)) --row;
   if (row == row_) return;
   row_ = row;

@@ -25,7 +25,8 @@ class WidgetRowDrag : public QObject {
   void Keep();
 
  Q_SIGNALS:
-  // Row -1: the pointer is on none, or only the add-new row is there. On the add-new row it is the last one.
+  // Above the rows it is the first one that is seen, below them, or on the add-new row, the last one. Row -1:
+  // there is none.
   void Started();
   void Moved(int row);
   void Dropped(int row);

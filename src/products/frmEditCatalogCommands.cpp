@@ -45,6 +45,7 @@ void frmEditCatalog::ConnectGrid() {
       &rows, &RecordsetModel::RowInserted, this,
       [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeKey()); }, Qt::QueuedConnection);
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
+    preview_->Hide();
     if (key == CodeKey() && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
   });
   connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
@@ -53,6 +54,7 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::CellHovered, this, [this](int row, const QString& key) {
     if (row < 0 || key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
   });
+  connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
   grdProducts->SetAcceptsFiles(true);
   connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) { grdProducts->GoTo(row); });
