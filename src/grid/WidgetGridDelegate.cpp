@@ -96,7 +96,11 @@ QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
   editor->setAccessibleName(column.caption);
   editor->setAutoFillBackground(true);
   // The area around the cells has colours of its own, which would be inherited.
-  if (option.widget != nullptr) editor->setPalette(option.widget->palette());
+  if (option.widget != nullptr) {
+    QPalette palette = option.widget->palette();
+    palette.setBrush(QPalette::Base, palette.base());
+    editor->setPalette(palette);
+  }
   refused_ = false;
   editor_ = editor;
   return editor;
