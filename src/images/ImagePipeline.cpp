@@ -134,6 +134,17 @@ QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Con
   return files;
 }
 
+bool IsPictureNamed(const QString& path, Connection& connection, int exceptIDCatalogo,
+                    const QString& exceptCodiceProdotto) {
+  Rows rows(connection,
+            u"SELECT 1 FROM Prodotti WHERE Immagine=?1 COLLATE VORLINA_TEXT AND NOT (IDCatalogo=?2 AND "
+            "CodiceProdotto=?3) "
+            "UNION ALL SELECT 1 FROM Immagini WHERE Immagine=?1 COLLATE VORLINA_TEXT "
+            "UNION ALL SELECT 1 FROM Cataloghi WHERE Logo=?1 COLLATE VORLINA_TEXT"_qs,
+            {path, exceptIDCatalogo, exceptCodiceProdotto});
+  return rows.Next();
+}
+
 void DeletePictureFiles(const QStringList& files) {
   for (const QString& file : files) RemoveFile(file);
 }

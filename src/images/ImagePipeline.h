@@ -54,6 +54,11 @@ void ReRenderImage(const QString& path);
 // out.
 QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
 
+// Whether a row names the file, in any letter case: a product other than the one given, an additional picture
+// or a catalog's logo, whose name a product's code can lead to. Throws Error.
+bool IsPictureNamed(const QString& path, Connection& connection, int exceptIDCatalogo = 0,
+                    const QString& exceptCodiceProdotto = {});
+
 // Deletes picture files. Never fails.
 void DeletePictureFiles(const QStringList& files);
 

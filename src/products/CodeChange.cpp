@@ -1,7 +1,10 @@
 #include "products/CodeChange.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLoggingCategory>
+#include <filesystem>
+#include <system_error>
 
 #include "base/AppPath.h"
 #include "base/Helpers.h"
@@ -21,6 +24,14 @@ void RemoveAll(const QStringList& files) {
     if (!QFile::remove(file)) qCDebug(products) << "not deleted" << file;
 }
 
+// Also another letter case of the code is the same file on some systems: deleting the former name would
+// delete the copy.
+bool IsSameFile(const QString& a, const QString& b) {
+  std::error_code failure;
+  return std::filesystem::equivalent(QFileInfo(a).filesystemFilePath(), QFileInfo(b).filesystemFilePath(),
+                                     failure);
+}
+
 }  // namespace
 
 CodeChange::CodeChange(int IDCatalogo, QString formerCode, QString newCode, Connection& connection)
@@ -36,12 +47,7 @@ void CodeChange::CopyPictures() {
   const QString former =
       NullToEmpty(GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection_, row, {IDCatalogo_, newCode_}));
   const QString target = MainImagePath(IDCatalogo_, newCode_);
-  PathKeys keys;
-  // Also another letter case of the code is the same file on some systems.
-  if (former.isEmpty() || keys.Of(former) == keys.Of(target) || !QFile::exists(former) ||
-      keys.Of(former) != keys.Of(AppFile(u"Images/"_qs + FileNameOf(former, true))) ||
-      IsNamedElsewhere(target))
-    return;
+  if (former.isEmpty() || !QFile::exists(former) || !MayTake(former, target)) return;
   CopyFileSafely(former, target);
   copies_ += target;
   former_ += former;
@@ -49,17 +55,22 @@ void CodeChange::CopyPictures() {
     CopyFileSafely(ThumbnailPath(former), ThumbnailPath(target));
     copies_ += ThumbnailPath(target);
     former_ += ThumbnailPath(former);
+  } else {
+    QFile::remove(ThumbnailPath(target));  // one that was left there would show another picture
   }
   connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE "_qs + row, {target, IDCatalogo_, newCode_});
   if (IsNamedElsewhere(former)) former_.clear();
 }
 
+bool CodeChange::MayTake(const QString& former, const QString& target) const {
+  PathKeys keys;
+  const QString own = keys.Of(AppFile(u"Images/"_qs + FileNameOf(former, true)));
+  return keys.Of(former) == own && own != keys.Of(target) && !IsSameFile(former, target) &&
+         !(QFile::exists(target) && IsNamedElsewhere(target));
+}
+
 bool CodeChange::IsNamedElsewhere(const QString& path) const {
-  if (!QFile::exists(path)) return false;
-  Rows rows(connection_,
-            u"SELECT 1 FROM Prodotti WHERE Immagine=?1 UNION ALL SELECT 1 FROM Immagini WHERE Immagine=?1"_qs,
-            {path});
-  return rows.Next();
+  return IsPictureNamed(path, connection_, IDCatalogo_, newCode_);
 }
 
 void CodeChange::Finish() noexcept {

@@ -20,14 +20,15 @@ class CodeChange {
   CodeChange& operator=(const CodeChange&) = delete;
 
   // To be called in the transaction that writes the row, after the row has the new code. A picture that does
-  // not lie in "Images", is missing, or whose new name another row uses keeps its name. Throws Error where
-  // the copies cannot be written.
+  // not lie in "Images", is missing, whose new name another row uses, or is the same file on a system that
+  // does not tell letter cases apart, keeps its name. Throws Error where the copies cannot be written.
   void CopyPictures();
 
   // To be called after the transaction: deletes the pictures under the former names. Never fails.
   void Finish() noexcept;
 
  private:
+  bool MayTake(const QString& former, const QString& target) const;
   bool IsNamedElsewhere(const QString& path) const;
 
   int IDCatalogo_;

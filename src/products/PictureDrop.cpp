@@ -3,10 +3,11 @@
 #include <QFile>
 
 #include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/Language.h"
 #include "base/SafeFile.h"
 #include "images/ImagePipeline.h"
 #include "store/Connection.h"
-#include "store/GetValue.h"
 #include "store/Recordset.h"
 
 namespace vorlina {
@@ -22,14 +23,23 @@ void PictureDrop::Add(const QString& file, const AskDescription& ask) {
     AddMain(file);
 }
 
+// A lookup that failed and gave nothing would have the picture that is there written over.
 bool PictureDrop::HasMainPicture() const {
-  return !GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection_, u"IDCatalogo=? AND CodiceProdotto=?"_qs,
-                   {IDCatalogo_, CodiceProdotto_})
-              .isNull();
+  Rows rows(connection_, u"SELECT Immagine FROM Prodotti WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
+            {IDCatalogo_, CodiceProdotto_});
+  if (!rows.Next())
+    throw Error(EitherLanguage(
+        u"Il prodotto è stato eliminato nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The product was deleted meanwhile by another window or program."_qs));
+  return !rows.Value(0).isNull();
 }
 
 void PictureDrop::AddMain(const QString& file) {
   const QString target = MainImagePath(IDCatalogo_, CodiceProdotto_);
+  if (QFile::exists(target) && IsPictureNamed(target, connection_, IDCatalogo_, CodiceProdotto_))
+    throw Error(EitherLanguage(u"Il file %1 è già usato come immagine o logo altrove. Cambiare il codice."_qs,
+                               u"The file %1 is a picture or a logo elsewhere already. Change the code."_qs)
+                    .arg(target));
   CopyFileSafely(file, target);
   ResizeImage(target, PictureLimit());
   CreateThumbnail(target, ThumbnailLimit);

@@ -21,8 +21,8 @@ class PictureDrop {
   static bool IsPicture(const QString& file);
 
   // Adds a picture file. Its row is written once the picture is complete, and no transaction is open while
-  // the description is asked for. Throws Error; the picture that was copied before it then stays without a
-  // row.
+  // the description is asked for. Throws Error, also for a product that is gone and for a
+  // main picture whose file another row names; a picture that was copied before it then stays without a row.
   void Add(const QString& file, const AskDescription& ask);
 
  private:

@@ -83,12 +83,7 @@ QString PictureImport::FreeCode() const {
   for (QString code;;) {
     code = NuovoCodice(IDCatalogo_, connection_, code.toLongLong());
     const QString target = MainImagePath(IDCatalogo_, code);
-    if (!QFile::exists(target)) return code;
-    Rows named(
-        connection_,
-        u"SELECT 1 FROM Prodotti WHERE Immagine=?1 UNION ALL SELECT 1 FROM Immagini WHERE Immagine=?1"_qs,
-        {target});
-    if (!named.Next()) return code;
+    if (!QFile::exists(target) || !IsPictureNamed(target, connection_)) return code;
   }
 }
 

@@ -60,6 +60,20 @@ TEST_F(PictureDropTest, TheFirstIsTheMainPictureAndTheOthersAreAdditional) {
   EXPECT_EQ(Findings(), QStringList());
 }
 
+TEST_F(PictureDropTest, NothingOfOthersIsWrittenOver) {
+  const QString picture = Picture(u"a.jpg"_qs);
+  const auto before = FilesIn(AppFile(u"Images"_qs));
+  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"gone"_qs, connection_).Add(picture, {}); }), QString());
+  const QString taken = MainImagePath(catalog_, u"Logo"_qs);
+  WriteFileSafely(taken, "the logo");
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {taken, catalog_});
+  AddProduct(catalog_, u"Logo"_qs);
+  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"Logo"_qs, connection_).Add(picture, {}); }), QString());
+  EXPECT_EQ(ContentOf(taken), "the logo");
+  QFile::remove(taken);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), before), QStringList());
+}
+
 TEST_F(PictureDropTest, ABadFileIsToldAndHasNoRow) {
   WriteFileSafely(Outside(u"bad.jpg"_qs), "no picture");
   EXPECT_TRUE(FailureOf([&] { Drop(Outside(u"bad.jpg"_qs), u"x"_qs); }).contains(u"cannot be read"_qs));

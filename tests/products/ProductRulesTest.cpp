@@ -1,4 +1,6 @@
 // What a cell accepts, and what follows a changed code.
+#include <unistd.h>
+
 #include <memory>
 
 #include "base/Helpers.h"
@@ -53,11 +55,11 @@ class CodeChangeTest : public CatalogFixture {
     connection_.Execute(
         u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica) VALUES (109,'È 0','Peso')"_qs);
   }
-  // Gives "È 0" another code, as the grid does when it writes the row.
-  void Change(const QString& code, bool fails = false) {
-    CodeChange change(109, u"È 0"_qs, code, connection_);
+  // Gives a product another code, as the grid does when it writes the row.
+  void Change(const QString& code, bool fails = false, const QString& former = u"È 0"_qs) {
+    CodeChange change(109, former, code, connection_);
     Transaction transaction(connection_);
-    connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto=? WHERE CodiceProdotto='È 0'"_qs, {code});
+    connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto=? WHERE CodiceProdotto=?"_qs, {code, former});
     change.CopyPictures();
     if (fails) return;
     transaction.Commit();
@@ -103,4 +105,36 @@ TEST_F(CodeChangeTest, WhatIsNotTheProductsOwnKeepsItsName) {
   Change(u"outside"_qs);
   EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='outside'"_qs), Outside(u"own.jpg"_qs));
   EXPECT_TRUE(QFile::exists(Outside(u"own.jpg"_qs)));
+}
+
+TEST_F(CodeChangeTest, ALogoIsNotWrittenOver) {
+  const QString logo = AppFile(u"Images/109-Logo.jpg"_qs);
+  const QByteArray picture = ContentOf(logo);
+  Change(u"logo"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto='È 0' WHERE CodiceProdotto='logo'"_qs);
+  Change(u"Logo"_qs);
+  EXPECT_EQ(ContentOf(logo), picture);
+  EXPECT_EQ(Findings(), QStringList());
+}
+
+// As a file system that does not tell letter cases apart shows one file under two names.
+TEST_F(CodeChangeTest, OneFileUnderTwoNamesIsNotDeleted) {
+  const QString former = MainImagePath(109, u"È 0"_qs);
+  ASSERT_EQ(::link(QFile::encodeName(former), QFile::encodeName(MainImagePath(109, u"è 0"_qs))), 0);
+  Change(u"è 0"_qs);
+  EXPECT_TRUE(QFile::exists(former));
+  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='è 0'"_qs), former);
+}
+
+TEST_F(CodeChangeTest, TwoProductsChangePlaces) {
+  const QByteArray first = ContentOf(MainImagePath(109, u"È 0"_qs));
+  const QByteArray second = ContentOf(MainImagePath(109, u"È 1"_qs));
+  WriteFileSafely(ThumbnailPath(MainImagePath(109, u"between"_qs)), "left by something else");
+  QFile::remove(ThumbnailPath(MainImagePath(109, u"È 0"_qs)));
+  Change(u"between"_qs);
+  EXPECT_FALSE(QFile::exists(ThumbnailPath(MainImagePath(109, u"between"_qs))));
+  Change(u"È 0"_qs, false, u"È 1"_qs);
+  Change(u"È 1"_qs, false, u"between"_qs);
+  EXPECT_EQ(ContentOf(MainImagePath(109, u"È 1"_qs)), first);
+  EXPECT_EQ(ContentOf(MainImagePath(109, u"È 0"_qs)), second);
 }
