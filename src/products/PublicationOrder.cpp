@@ -16,6 +16,13 @@ bool HasOrders(int IDCatalogo, const QString& condition, qint64 from, qint64 to,
   return rows.Next();
 }
 
+std::vector<qint64> ProductKeys(int IDCatalogo, Connection& connection) {
+  std::vector<qint64> keys;
+  Rows rows(connection, u"SELECT rowid FROM Prodotti WHERE IDCatalogo=? ORDER BY rowid"_qs, {IDCatalogo});
+  while (rows.Next()) keys.push_back(rows.Value(0).toLongLong());
+  return keys;
+}
+
 }  // namespace
 
 QString NuovoOrdine(int IDCatalogo, Connection& connection) {
@@ -35,15 +42,20 @@ void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Conn
     qint64 bookmark;
     qint64 number;
   };
+  Transaction transaction(connection);
+  const std::vector<qint64> present = ProductKeys(IDCatalogo, connection);
   std::vector<Pair> pairs;
   pairs.reserve(bookmarks.size());
-  for (const qint64 bookmark : bookmarks) pairs.push_back({bookmark, qint64(pairs.size()) + 1});
+  for (const qint64 bookmark : bookmarks)
+    if (std::binary_search(present.begin(), present.end(), bookmark))
+      pairs.push_back({bookmark, qint64(pairs.size()) + 1});
   std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) { return a.bookmark < b.bookmark; });
   const QByteArray ranks(reinterpret_cast<const char*>(pairs.data()), qsizetype(pairs.size() * sizeof(Pair)));
   connection.Execute(
       u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?1,rowid) WHERE IDCatalogo=?2 AND "
       "IFNULL(VORLINA_RANK(?1,rowid),OrdineTemp) IS NOT OrdineTemp"_qs,
       {ranks, IDCatalogo});
+  transaction.Commit();
 }
 
 std::optional<RowBlock> BlockOf(const QList<int>& rows) {

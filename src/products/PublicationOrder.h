@@ -18,8 +18,9 @@ QString NuovoOrdine(int IDCatalogo, Connection& connection);
 // Whether a product of the catalog has no number. Throws Error.
 bool HasUnnumbered(int IDCatalogo, Connection& connection);
 
-// Numbers the products of these bookmarks, which are the rows' own keys, from 1 in the order given; the
-// catalog's other products keep their numbers. One statement. Throws Error.
+// Numbers the products of these bookmarks, which are the rows' own keys, from 1 in the order given and
+// without a gap for those that are gone; the catalog's other products keep their numbers. One transaction.
+// Throws Error.
 void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection);
 
 // A block of rows, by the first and the last one.

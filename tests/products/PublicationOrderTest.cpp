@@ -80,3 +80,15 @@ TEST_F(PublicationOrderTest, AFailureLeavesTheOrderAsItWas) {
   EXPECT_EQ(Order(catalog_), u"abcdefghi");
   EXPECT_FALSE(connection_.InTransaction());
 }
+
+TEST_F(PublicationOrderTest, WhatIsGoneLeavesNoGap) {
+  std::vector<qint64> bookmarks;
+  {
+    Rows rows(connection_, u"SELECT rowid FROM Prodotti ORDER BY CodiceProdotto DESC"_qs);
+    while (rows.Next()) bookmarks.push_back(rows.Value(0).toLongLong());
+  }
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='h'"_qs);
+  RenumberProducts(catalog_, bookmarks, connection_);
+  EXPECT_EQ(Order(catalog_), u"igfedcba");
+  EXPECT_EQ(Order(other_), u"abcdefgi 1,2,3,4,5,6,7,9");
+}
