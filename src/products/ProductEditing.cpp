@@ -16,7 +16,7 @@
 #include "products/PublicationOrder.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
-#include "store/GetValue.h"
+#include "store/RowErrors.h"
 
 namespace vorlina {
 namespace {
@@ -29,7 +29,8 @@ QStringList Unnamed(QStringList files, Connection& connection) {
     const QByteArray list = QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact);
     Rows rows(connection,
               u"SELECT Immagine FROM Prodotti WHERE Immagine IN (SELECT value FROM json_each(?1)) UNION ALL "
-              "SELECT Immagine FROM Immagini WHERE Immagine IN (SELECT value FROM json_each(?1))"_qs,
+              "SELECT Immagine FROM Immagini WHERE Immagine IN (SELECT value FROM json_each(?1)) UNION ALL "
+              "SELECT Logo FROM Cataloghi WHERE Logo IN (SELECT value FROM json_each(?1))"_qs,
               {QString::fromUtf8(list)});
     while (rows.Next()) {
       const QString image = rows.Value(0).toString();
@@ -88,11 +89,8 @@ void ProductEditing::CheckCell(CellChange& change) {
 // Inside the row's transaction: its marks and its pictures are written with it, or not at all.
 void ProductEditing::WriteRow(int row, bool added) {
   const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
-  if (added) {
-    const int catalog = rows_.Value(row, ProductColumn::IDCatalogo).toInt();
-    MarkProductChanged(catalog, code, *connection_);
-    return;
-  }
+  RequireOwn(rows_.Value(row, ProductColumn::IDCatalogo));
+  if (added) return MarkProductChanged(IDCatalogo_, code, *connection_);
   const QString former = NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
   if (former == code) return;
   codeChange_ = std::make_unique<CodeChange>(IDCatalogo_, former, code, *connection_);
@@ -117,24 +115,35 @@ bool ProductEditing::AskToDelete() {
 
 // The files go when the rows are gone: a deletion that fails loses nothing.
 void ProductEditing::DeleteProduct(qint64 bookmark) {
-  const QVariant code =
-      GetValue(u"CodiceProdotto"_qs, u"Prodotti"_qs, *connection_, u"rowid=?"_qs, {bookmark});
-  if (!code.isNull()) deletedPictures_ += ProductImageFiles(code.toString(), IDCatalogo_, *connection_);
+  Rows product(*connection_, u"SELECT CodiceProdotto, IDCatalogo FROM Prodotti WHERE rowid=?"_qs, {bookmark});
+  if (!product.Next()) return;
+  RequireOwn(product.Value(1));
+  deletedPictures_ += ProductImageFiles(product.Value(0).toString(), IDCatalogo_, *connection_);
+}
+
+// The key of a product that was deleted elsewhere may have passed to another catalog's.
+void ProductEditing::RequireOwn(const QVariant& catalog) const {
+  if (catalog == IDCatalogo_) return;
+  throw ConflictError(EitherLanguage(
+      u"Una riga è stata sostituita nel frattempo da un'altra finestra o da un altro programma."_qs,
+      u"A row was replaced meanwhile by another window or program."_qs));
 }
 
 bool ProductEditing::AddFilterValue(int column, const QString& text) {
-  if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
-  if (text.contains(u'"')) {
-    TheDialogs().Message(owner_,
-                         ByLanguage(u"Non è possibile inserire il carattere \", sostituirlo con '"_qs,
-                                    u"You can't insert \" character, replace it with '"_qs),
-                         BoxStyle::Information);
-    return false;
-  }
-  const int filter = column - ProductColumn::IDFiltro1 + 1;
   try {
-    vorlina::AddFilterValue(IDCatalogo_, filter, text, *connection_);
-    rows_.SetLookup(rows_.Column(column).key, FilterValues(IDCatalogo_, filter, *connection_));
+    // Another window may have added it meanwhile.
+    OfferFilterValues(column);
+    if (rows_.Column(column).lookup.ValueOf(text)) return true;
+    if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
+    if (text.contains(u'"')) {
+      TheDialogs().Message(owner_,
+                           ByLanguage(u"Non è possibile inserire il carattere \", sostituirlo con '"_qs,
+                                      u"You can't insert \" character, replace it with '"_qs),
+                           BoxStyle::Information);
+      return false;
+    }
+    vorlina::AddFilterValue(IDCatalogo_, column - ProductColumn::IDFiltro1 + 1, text, *connection_);
+    OfferFilterValues(column);
     return true;
   } catch (const std::exception& error) {
     TheDialogs().Message(owner_,
@@ -144,6 +153,11 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
                          BoxStyle::Stop);
     return false;
   }
+}
+
+void ProductEditing::OfferFilterValues(int column) {
+  const int filter = column - ProductColumn::IDFiltro1 + 1;
+  rows_.SetLookup(rows_.Column(column).key, FilterValues(IDCatalogo_, filter, *connection_));
 }
 
 }  // namespace vorlina

@@ -35,7 +35,9 @@ class ProductEditing : public QObject {
   void FinishRow();
   bool AskToDelete();
   void DeleteProduct(qint64 bookmark);
+  void RequireOwn(const QVariant& catalog) const;
   bool AddFilterValue(int column, const QString& text);
+  void OfferFilterValues(int column);
 
   RecordsetModel& rows_;
   QWidget* owner_;

@@ -106,6 +106,7 @@ std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int 
   }
   columns.push_back(
       Described(TrailingKeys[0], ByLanguage(u"Pubblica"_qs, u"Publish"_qs), ColumnKind::Boolean));
+  columns.back().defaultValue = true;  // the table's own, so that a new row shows what it will be
   columns.push_back(Described(TrailingKeys[1], {}, ColumnKind::Boolean));
   columns.push_back(Described(TrailingKeys[2], {}));
   columns.push_back(Described(TrailingKeys[3], {}, ColumnKind::Number));
