@@ -12,11 +12,13 @@
 
 #include "base/AppPath.h"
 #include "base/CommandIcon.h"
+#include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/WaitCursor.h"
 #include "grid/DataGrid.h"
+#include "products/CellRules.h"
 #include "products/GridCommands.h"
 #include "products/ProductEditing.h"
 #include "products/PublicationOrder.h"
@@ -99,10 +101,19 @@ void frmEditCatalog::LoadForm() {
   LoadCatalog();
   Caricamento = false;
   if (grdProducts->Rows().RecordCount() > 0) grdProducts->GoTo(0);
-  if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
+  NumberUnnumbered();
   Localize_Form();
   ShowCounts();
   grdProducts->setFocus();
+}
+
+// Products that cannot be numbered, as in a database that is read-only, can be looked at all the same.
+void frmEditCatalog::NumberUnnumbered() {
+  try {
+    if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
+  } catch (const std::exception& error) {
+    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
+  }
 }
 
 // The button itself does nothing: its entries say with what to publish.
@@ -155,8 +166,10 @@ void frmEditCatalog::LoadGrid(bool keepLayout) {
 void frmEditCatalog::FillGrid(bool keepLayout) {
   const int row = grdProducts->CurrentRow();
   const QString code = NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Codice));
+  // Before the grid may become empty: where it is so already, the layout is the one kept then.
+  if (!Caricamento && keepLayout && grdProducts->Rows().columnCount() > 0)
+    LayoutGriglia = LayoutText(grdProducts->Layout());
   OpenGrid();
-  if (!Caricamento && keepLayout) LayoutGriglia = LayoutText(grdProducts->Layout());
   std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo, *Connessione);
   DecorateColumns(columns);
   grdProducts->Bind(rsGriglia, std::move(columns));
@@ -230,7 +243,7 @@ void frmEditCatalog::SaveLayoutFile() {
 // Without a code, or where the product is not among those shown, the first one.
 void frmEditCatalog::GoToProduct(const QString& code) {
   const RecordsetModel& rows = grdProducts->Rows();
-  const int row = code.isEmpty() ? -1 : rows.FindRow(rows.Column(ProductColumn::Codice).key, code);
+  const int row = code.isEmpty() ? -1 : rows.FindRow(CodeColumn, code);
   if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0));
 }
 
@@ -247,7 +260,11 @@ void frmEditCatalog::ShowCounts() {
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (!grdProducts->LeaveRow()) return event->ignore();
+  if (busy_ || !grdProducts->LeaveRow()) {
+    // Who closes the program from elsewhere sees what is in the way.
+    activateWindow();
+    return event->ignore();
+  }
   SaveLayoutFile();
   ReleaseAll();
   event->accept();

@@ -71,6 +71,7 @@ class frmEditCatalog : public QMainWindow {
   void MakeMenus();
   void ConnectGrid();
   void Localize_Form();
+  void NumberUnnumbered();
   void FillPublishMenu();
   void Run(const QString& key);
 
@@ -86,10 +87,10 @@ class frmEditCatalog : public QMainWindow {
   void ReleaseAll();
 
   QVariant PictureOf(int row, int column, int role) const;
-  QString CodeKey() const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
-  void DropFiles(int row, const QStringList& files);
+  void DropFilesOn(int row, const QStringList& files);
+  void DropFiles(int catalog, const QString& code, const QStringList& files);
 
   void ToggleSort(const QString& key, SortDirection present);
   void DropRows(int row);
@@ -116,6 +117,7 @@ class frmEditCatalog : public QMainWindow {
   ProductGridFields fields_;
   int IDCatalogo = 0;
   bool Caricamento = false;
+  bool busy_ = false;  // with what must not lose its connection, while events come through
 };
 
 }  // namespace vorlina

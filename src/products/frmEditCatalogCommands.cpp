@@ -2,7 +2,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMenu>
-#include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "base/CommandIcon.h"
@@ -13,6 +13,7 @@
 #include "base/WaitCursor.h"
 #include "grid/DataGrid.h"
 #include "images/frmImageViewer.h"
+#include "products/CellRules.h"
 #include "products/PictureDrop.h"
 #include "products/ProductEditing.h"
 #include "products/PublicationOrder.h"
@@ -40,13 +41,14 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::SelectedRowsChanged, this, counts);
   connect(grdProducts, &DataGrid::RowFailed, this,
           [this](const QString& text) { TheDialogs().Message(this, text, BoxStyle::Stop); });
-  // The grid is still leaving the row: where it stands is settled behind it.
+  // The grid is still leaving the row: where it stands is settled behind it. By then the window may be
+  // closed.
   connect(
       &rows, &RecordsetModel::RowInserted, this,
-      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeKey()); }, Qt::QueuedConnection);
+      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeColumn); }, Qt::QueuedConnection);
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
     preview_->Hide();
-    if (key == CodeKey() && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
+    if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
   });
   connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
@@ -57,12 +59,13 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
   grdProducts->SetAcceptsFiles(true);
-  connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) { grdProducts->GoTo(row); });
-  // The program that the files come from waits for the end of the drop.
-  connect(grdProducts, &DataGrid::FilesDropped, this, &frmEditCatalog::DropFiles, Qt::QueuedConnection);
+  // The row is selected only: to go there could bring a message for each move of the drag.
+  connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) {
+    grdProducts->selectionModel()->select(grdProducts->Rows().index(row, 0),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  });
+  connect(grdProducts, &DataGrid::FilesDropped, this, &frmEditCatalog::DropFilesOn);
 }
-
-QString frmEditCatalog::CodeKey() const { return grdProducts->Rows().Column(ProductColumn::Codice).key; }
 
 QVariant frmEditCatalog::PictureOf(int row, int column, int role) const {
   const RecordsetModel& rows = grdProducts->Rows();
@@ -164,15 +167,25 @@ void frmEditCatalog::cmdImmagini_Click() {
 }
 
 void frmEditCatalog::PublishWith(const QString& identifier) {
+  if (busy_ || !grdProducts->LeaveRow()) return;
+  const QScopedValueRollback<bool> busy(busy_, true);
   const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
   PublishCatalog(*plugin, *Connessione, IDCatalogo);
 }
 
-// Files that are no pictures are passed over. The first that fails ends it, and the grid stays as it is then.
-void frmEditCatalog::DropFiles(int row, const QStringList& files) {
+// The program that the files come from waits for the end of the drop; the row may be another one by then.
+void frmEditCatalog::DropFilesOn(int row, const QStringList& files) {
   const RecordsetModel& rows = grdProducts->Rows();
   const QString code = NullToEmpty(rows.Value(row, ProductColumn::Codice));
   const int catalog = rows.Value(row, ProductColumn::IDCatalogo).toInt();
+  QMetaObject::invokeMethod(
+      this, [=, this] { DropFiles(catalog, code, files); }, Qt::QueuedConnection);
+}
+
+// Files that are no pictures are passed over. The first that fails ends it, and the grid stays as it is then.
+void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringList& files) {
+  if (busy_ || Connessione == nullptr) return;
+  const QScopedValueRollback<bool> busy(busy_, true);
   const auto ask = [this](const QString& file) {
     return TheDialogs().Input(
         this, EitherLanguage(u"Descrizione immagine per "_qs, u"Image description for "_qs) + file,
