@@ -318,8 +318,13 @@ void frmCatalogs::CloneWithProgress(int id, const QString& name) {
 }
 
 // Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.
+// Nor while a plug-in publishes, whose box may not be there yet.
+bool frmCatalogs::IsBusy() const {
+  return objPlugin != nullptr || (cnnCatalog.IsOpen() && cnnCatalog.InTransaction());
+}
+
 void frmCatalogs::Run(const QString& key) {
-  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) return;
+  if (IsBusy()) return;
   const auto handler = handlers_.find(key);
   if (handler != handlers_.end()) handler->second();
 }
@@ -464,7 +469,8 @@ void frmCatalogs::PopUpPlugins() {
 
 bool frmCatalogs::event(QEvent* event) {
   const bool result = QMainWindow::event(event);
-  if (event->type() == QEvent::WindowActivate) {
+  // The windows that close with this one give it the activation once more.
+  if (event->type() == QEvent::WindowActivate && !closed_) {
     // The box that tells of a failed reload gives the activation back to this window: that one is let pass,
     // or the box would come again without end.
     if (std::exchange(activationFailed_, false)) return result;
@@ -489,10 +495,11 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
-  if ((cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) || !CloseGridWindows()) {
+  if (IsBusy() || !CloseGridWindows()) {
     event->ignore();
     return;
   }
+  closed_ = true;
   rsCataloghi.Close();
   cnnCatalog.Close();
   event->accept();

@@ -94,6 +94,7 @@ class frmCatalogs : public QMainWindow {
   void InstallSkinFor(const QString& identifier);
   void MailSupport();
   void PopUpPlugins();
+  bool IsBusy() const;
   void Run(const QString& key);
 
   std::unique_ptr<Ui::frmCatalogs> ui_;
@@ -110,6 +111,7 @@ class frmCatalogs : public QMainWindow {
   // True after New, Delete and Clone; nothing reads it.
   bool blnListaModificata = false;
   bool activationFailed_ = false;
+  bool closed_ = false;
   std::vector<int> arrIDCataloghi;
 };
 

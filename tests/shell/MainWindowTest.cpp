@@ -18,6 +18,7 @@
 #include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "catalogs/frmNewCatalog.h"
+#include "products/frmEditCatalog.h"
 #include "shell/frmCatalogs.h"
 #include "store/GetValue.h"
 #include "support/AppFolder.h"
@@ -381,4 +382,16 @@ TEST_F(MainWindow, ClosingReleasesTheDatabaseAndTellsTheProgram) {
   window_->close();
   EXPECT_EQ(closed.count(), 1);
   EXPECT_FALSE(window_->cnnCatalog.IsOpen());
+}
+
+TEST_F(MainWindow, ClosingTakesTheGridWindowsAlong) {
+  Open();
+  Press(u"cmdEdit"_qs);
+  Press(u"cmdEdit"_qs);
+  const QList<frmEditCatalog*> grids = window_->findChildren<frmEditCatalog*>();
+  ASSERT_EQ(grids.size(), 2);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(grids.last()));
+  EXPECT_TRUE(window_->close());
+  EXPECT_NO_THROW(QTest::qWait(50)) << "they give the activation back to a window without a database";
+  EXPECT_EQ(window_->findChildren<frmEditCatalog*>().size(), 0);
 }
