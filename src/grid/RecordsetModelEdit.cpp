@@ -197,12 +197,13 @@ std::vector<RowDeletion> RecordsetModel::DeletionsOf(const QList<int>& rows) {
 bool RecordsetModel::DeleteRows(QList<int> rows) {
   if (!rows_.IsOpen()) return false;
   std::sort(rows.begin(), rows.end());
-  if (std::binary_search(rows.begin(), rows.end(), editRow_)) Revert();
-  if (!Submit()) return false;
+  const bool givesUp = std::binary_search(rows.begin(), rows.end(), editRow_);
+  if (!givesUp && !Submit()) return false;
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   rows.removeIf([&](int row) { return row < 0 || row >= RecordCount(); });
   const std::vector<RowDeletion> deletions = DeletionsOf(rows);
   if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
+  if (givesUp) Revert();
   if (!Attempt([&] { rows_.DeleteRows(deletions, OnRowDeleting); })) {
     cache_.Clear();
     ShowAgain(0, shownRows_ - 1);
