@@ -13,4 +13,20 @@ class WaitCursor {
   WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+// The plain cursor, while a box is up in the middle of it.
+class PlainCursor {
+ public:
+  PlainCursor() : needed_(QGuiApplication::overrideCursor() != nullptr) {
+    if (needed_) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  ~PlainCursor() {
+    if (needed_) QGuiApplication::restoreOverrideCursor();
+  }
+  PlainCursor(const PlainCursor&) = delete;
+  PlainCursor& operator=(const PlainCursor&) = delete;
+
+ private:
+  bool needed_;
+};
+
 }  // namespace vorlina

@@ -8,6 +8,7 @@
 
 #include "base/Language.h"
 #include "base/Settings.h"
+#include "base/WaitCursor.h"
 
 namespace vorlina {
 namespace {
@@ -41,6 +42,7 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
   for (const auto& [button, word] : words)
     if (QAbstractButton* found = box.button(button); found != nullptr && !word.isEmpty())
       found->setText(word);
+  const PlainCursor plain;
   box.exec();
   return box.standardButton(box.clickedButton());
 }
@@ -84,6 +86,7 @@ Dialogs::Answer WidgetDialogs::AskWithCancel(QWidget* owner, const QString& text
 
 QString WidgetDialogs::Input(QWidget* owner, const QString& text, const QString& title,
                              const QString& initial) {
+  const PlainCursor plain;
   return QInputDialog::getText(owner, title, text, QLineEdit::Normal, initial);
 }
 
