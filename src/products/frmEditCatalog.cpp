@@ -38,6 +38,7 @@ constexpr int DescriptionWidth = 280;
 frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmEditCatalog) {
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
+  grdProducts->setEditTriggers(grdProducts->editTriggers() | QAbstractItemView::DoubleClicked);
   handlers_ = {
       {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
       {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
@@ -98,7 +99,6 @@ void frmEditCatalog::LoadForm() {
   Caricamento = true;
   LoadCatalog();
   Caricamento = false;
-  if (grdProducts->Rows().RecordCount() > 0) grdProducts->GoTo(0);
   if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
   Localize_Form();
   ShowCounts();
@@ -231,7 +231,8 @@ void frmEditCatalog::SaveLayoutFile() {
 void frmEditCatalog::GoToProduct(const QString& code) {
   const RecordsetModel& rows = grdProducts->Rows();
   const int row = code.isEmpty() ? -1 : rows.FindRow(rows.Column(ProductColumn::Codice).key, code);
-  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0));
+  const QString column = grdProducts->CurrentKey();
+  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0), column.isEmpty() ? CodeKey() : column);
 }
 
 void frmEditCatalog::ShowCounts() {
