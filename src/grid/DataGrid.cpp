@@ -44,9 +44,11 @@ DataGrid::DataGrid(QWidget* parent)
   setVerticalHeader(rowHeader_);
   rowDrag_ = new WidgetRowDrag(*this);
   setModel(&rows_);
+  // The view would write a row after it has been left, and so once more where that has failed.
+  disconnect(selectionModel(), nullptr, &rows_, nullptr);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
-  setEditTriggers(AnyKeyPressed | EditKeyPressed | SelectedClicked);
+  setEditTriggers(AnyKeyPressed | EditKeyPressed);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
   setMouseTracking(true);
@@ -87,10 +89,7 @@ void DataGrid::SetUpRowDrag() {
     delegate_->SetTargetRow(row);
     viewport()->update();
   };
-  rowDrag_->MayStart = [this] {
-    stays_ = !LeaveRow();
-    return !stays_;
-  };
+  rowDrag_->MayStart = [this] { return LeaveRow(); };
   connect(rowDrag_, &WidgetRowDrag::Started, this, &DataGrid::RowDragStarted);
   connect(rowDrag_, &WidgetRowDrag::Moved, this, [this, target](int row) {
     target(row);

@@ -203,6 +203,9 @@ void DataGrid::mousePressEvent(QMouseEvent* event) {
   stays_ = cell.isValid() && !MayGoTo(cell.row());
   if (stays_) return rowDrag_->Cancel();
   const QPersistentModelIndex kept = cell;
+  // A click on one of several selected rows selects that one alone.
+  const EditTriggers byKey = AnyKeyPressed | EditKeyPressed;
+  setEditTriggers(SelectedCount() > 1 ? byKey : byKey | SelectedClicked);
   QTableView::mousePressEvent(event);
   Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
 }

@@ -37,64 +37,65 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 // The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
 // press between two rows changes their height.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
-  if (dragging_) return true;
+  if (phase_ == Phase::Dragging) return true;
   const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
   const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
                      event.modifiers() == Qt::NoModifier &&
                      grid_.selectionModel()->isRowSelected(row, QModelIndex());
-  pressedRow_ = drags ? row : -1;
+  phase_ = drags ? Phase::Pressed : Phase::None;
+  pressedRow_ = row;
   pressed_ = event.pos();
   onHeader_ = onHeader;
   return drags && onHeader;
 }
 
 bool WidgetRowDrag::Move(const QMouseEvent& event) {
-  if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
-  if (!dragging_) {
-    if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
-    if (MayStart && !MayStart()) {
-      pressedRow_ = -1;
-      return true;
-    }
-    dragging_ = true;
-    grid_.viewport()->setCursor(Qt::DragMoveCursor);
-    grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
-    scroll_.start();
-    Q_EMIT Started();
-  }
-  Follow(event.pos().y());
+  if (!(event.buttons() & Qt::LeftButton) || phase_ == Phase::None) return false;
+  const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
+  if (phase_ == Phase::Pressed && far) Start();
+  if (phase_ == Phase::Dragging) Follow(event.pos().y());
   return true;
 }
 
+void WidgetRowDrag::Start() {
+  phase_ = Phase::Cancelled;
+  if (MayStart && !MayStart()) return;
+  phase_ = Phase::Dragging;
+  grid_.viewport()->setCursor(Qt::DragMoveCursor);
+  grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
+  scroll_.start();
+  Q_EMIT Started();
+}
+
 bool WidgetRowDrag::Release(const QMouseEvent& event) {
-  if (event.button() != Qt::LeftButton || pressedRow_ < 0) return false;
-  const int pressedRow = std::exchange(pressedRow_, -1);
-  if (!dragging_) {
-    if (onHeader_) Q_EMIT HeaderClicked(pressedRow);
+  if (event.button() != Qt::LeftButton || phase_ == Phase::None) return false;
+  const Phase phase = std::exchange(phase_, Phase::None);
+  if (phase == Phase::Pressed) {
+    if (onHeader_) Q_EMIT HeaderClicked(pressedRow_);
     return onHeader_;
   }
+  if (phase == Phase::Cancelled) return true;
   Follow(event.pos().y());
-  const int row = row_;
-  End();
+  const int row = End();
   Q_EMIT Dropped(row);
   return true;
 }
 
 void WidgetRowDrag::Cancel() {
-  pressedRow_ = -1;
-  if (!dragging_) return;
+  if (phase_ == Phase::None) return;
+  const Phase phase = std::exchange(phase_, Phase::Cancelled);
+  if (phase != Phase::Dragging) return;
   End();
   Q_EMIT Cancelled();
 }
 
-void WidgetRowDrag::End() {
-  dragging_ = false;
-  pressedRow_ = -1;
-  row_ = -1;
+// The row that the pointer was on.
+int WidgetRowDrag::End() {
   scroll_.stop();
   grid_.viewport()->unsetCursor();
   grid_.verticalHeader()->viewport()->unsetCursor();
+  return std::exchange(row_, -1);
 }
 
 bool WidgetRowDrag::IsAddNew(int row) const {

@@ -18,8 +18,8 @@ class WidgetRowDrag : public QObject {
   // Asked before a drag begins; without it, it may.
   std::function<bool()> MayStart;
 
-  bool IsDragging() const { return dragging_; }
-  // Also a press that could still become a drag is forgotten.
+  bool IsDragging() const { return phase_ == Phase::Dragging; }
+  // Until the button is released nothing else comes of the press either.
   void Cancel();
 
  Q_SIGNALS:
@@ -35,20 +35,23 @@ class WidgetRowDrag : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  enum class Phase { None, Pressed, Dragging, Cancelled };
+
   bool Press(const QMouseEvent& event, bool onHeader);
   bool Move(const QMouseEvent& event);
   bool Release(const QMouseEvent& event);
   bool IsAddNew(int row) const;
   void Follow(int y);
   void Scroll();
-  void End();
+  void Start();
+  int End();
 
   QTableView& grid_;
   QTimer scroll_;
   QPoint pressed_;
-  int pressedRow_ = -1;  // -1 where no drag can come of it
+  Phase phase_ = Phase::None;
+  int pressedRow_ = -1;
   bool onHeader_ = false;
-  bool dragging_ = false;
   int y_ = 0;
   int row_ = -1;
 };
