@@ -76,6 +76,8 @@ void DataGrid::SetUpHeaders() {
   header.setSectionsClickable(true);
   header.setHighlightSections(false);
   header.setTextElideMode(Qt::ElideRight);
+  // Else each painting would ask of every selected row whether all of the column is selected.
+  header.setSelectionModel(new QItemSelectionModel(&rows_, &header));
   header.viewport()->installEventFilter(this);
   rowHeader_->viewport()->installEventFilter(this);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
@@ -166,6 +168,7 @@ bool DataGrid::GoTo(int row, const QString& key) {
       column = horizontalHeader()->logicalIndex(place);
   const QModelIndex cell = rows_.index(row, column);
   if (!cell.isValid() || !MayGoTo(row)) return false;
+  setCurrentIndex(cell);  // Shift selects from here
   selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   return true;
 }

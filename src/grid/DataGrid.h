@@ -101,7 +101,8 @@ class DataGrid : public QTableView {
   void CellPressed(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void CellHovered(int row, const QString& key, const QPoint& position);
   void DoubleClicked(int row, const QString& key);
-  // Selected rows are dragged by hand; row -1 where the pointer is on none.
+  // Selected rows are dragged by hand, once the row in edit is written; row -1 where the pointer is on none.
+  // The add-new row stands for the last one. While they are dragged no cell is hovered over.
   void RowDragStarted();
   void RowDragMoved(int row);
   void RowDropped(int row);
@@ -118,6 +119,8 @@ class DataGrid : public QTableView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  protected:
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;

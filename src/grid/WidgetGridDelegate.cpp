@@ -39,6 +39,16 @@ QComboBox* MakeDropDown(QWidget* parent, const Lookup& lookup) {
   return combo;
 }
 
+// The current cell among those of its row, which is selected; styles show it faintly or not at all.
+void PaintFrame(QPainter& painter, const QStyleOptionViewItem& cell) {
+  const bool selected = cell.state & QStyle::State_Selected;
+  painter.save();
+  painter.setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(cell.rect).adjusted(1.5, 1.5, -1.5, -1.5));
+  painter.restore();
+}
+
 }  // namespace
 
 WidgetGridDelegate::WidgetGridDelegate(RecordsetModel& rows, QObject* parent)
@@ -51,6 +61,9 @@ void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
                             : odd                     ? colours_.oddRow
                                                       : colours_.evenRow;
   option->features.setFlag(QStyleOptionViewItem::WrapText, rows_.Column(index.column()).wordWrap);
+  // A style takes the outline of a check box from the colour of windows, which is lost on dark rows.
+  if (colours_.evenRow.lightness() < 128)
+    option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
   const int state = index.data(RecordsetModel::RowStateRole).toInt();
   if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
 }
@@ -60,10 +73,14 @@ void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
                                const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;
   if (index.row() == targetRow_) cell.state &= ~QStyle::State_Selected;
-  if (rows_.Column(index.column()).bound) return QStyledItemDelegate::paint(painter, cell, index);
-  initStyleOption(&cell, index);
-  cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
-  cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
+  if (rows_.Column(index.column()).bound) {
+    QStyledItemDelegate::paint(painter, cell, index);
+  } else {
+    initStyleOption(&cell, index);
+    cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
+    cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
+  }
+  if (cell.state & QStyle::State_HasFocus) PaintFrame(*painter, cell);
 }
 
 QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -77,8 +94,10 @@ QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
   editor->setObjectName(u"editor"_qs);
   editor->setAccessibleName(column.caption);
   editor->setAutoFillBackground(true);
-  // The area around the cells has colours of its own, which would be inherited.
-  if (option.widget != nullptr) editor->setPalette(option.widget->palette());
+  // The area around the cells has a colour of its own, which would be inherited.
+  QPalette palette = option.palette;
+  palette.setBrush(QPalette::Base, palette.brush(QPalette::Base));
+  editor->setPalette(palette);
   refused_ = false;
   editor_ = editor;
   return editor;

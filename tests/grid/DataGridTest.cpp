@@ -14,6 +14,17 @@ TEST_F(ShownGrid, TypingEditsACellAndLeavingTheRowWritesIt) {
                     {u"strip"_qs, [&] { Click(StripOf(2)); }},
                     {u"another control"_qs, [&] { other_->setFocus(); }},
                     {u"a click on another control"_qs, [&] { Click(other_->geometry().center()); }},
+                    {u"another window"_qs,
+                     [&] {
+                       QWidget second;
+                       new QLineEdit(&second);
+                       second.show();
+                       second.activateWindow();
+                       EXPECT_TRUE(QTest::qWaitForWindowActive(&second));
+                       second.close();
+                       window_.activateWindow();
+                       EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+                     }},
                     {u"code"_qs, [&] { grid_->LeaveRow(); }},
                     {u"a reload"_qs, [&] { grid_->Reload(); }},
                     {u"a sort"_qs, [&] { grid_->SetSort(u"Note"_qs, SortDirection::Ascending); }}};
