@@ -64,6 +64,7 @@ TEST_F(ShownGrid, SelectsSeveralRowsAndCopiesThem) {
   Click(0, u"Note"_qs);
   EXPECT_EQ(Editor(), nullptr);
   EXPECT_TRUE(QTest::qWaitFor([&] { return Editor() != nullptr; }));
+  Key(Qt::Key_Escape);
 }
 
 TEST_F(ShownGrid, TellsWhereItIsClicked) {
