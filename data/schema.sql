@@ -59,6 +59,10 @@ CREATE TABLE Prodotti (
   PRIMARY KEY (IDCatalogo, CodiceProdotto)
 );
 
+-- Whether any product has no number yet is asked whenever a catalog is opened. The index holds those alone, so
+-- that numbering a catalog does not have to keep it.
+CREATE INDEX ProdottiSenzaOrdine ON Prodotti (IDCatalogo) WHERE OrdineTemp IS NULL;
+
 CREATE TABLE Filtri (
   IDValore INTEGER PRIMARY KEY AUTOINCREMENT,
   IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,

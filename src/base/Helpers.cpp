@@ -42,6 +42,18 @@ double NullToZero(const QVariant& value) {
 
 QString NullToEmpty(const QVariant& value) { return value.isNull() ? QString() : value.toString(); }
 
+QString OneLine(QString text) {
+  const auto isBreak = [](QChar c) {
+    return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+           c == QChar::ParagraphSeparator;
+  };
+  text.replace(u"\r\n"_qs, u"\n"_qs);
+  while (!text.isEmpty() && isBreak(text.back())) text.chop(1);
+  for (QChar& c : text)
+    if (isBreak(c)) c = u' ';
+  return text;
+}
+
 QString FileNameOf(const QString& path, bool keepExtension) {
   const QString single = WithSingleSeparators(path);
   QString segment = single.mid(LastSeparator(single) + 1);

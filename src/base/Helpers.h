@@ -19,6 +19,10 @@ double NullToZero(const QVariant& value);
 // The value as text, "" where it is Null or empty.
 QString NullToEmpty(const QVariant& value);
 
+// The text as a box of one line shows it: each control character and line break is a blank, and none stands
+// at its end.
+QString OneLine(QString text);
+
 // The last segment of a path, where "/" and "\" both separate and a doubled separator counts once. Without
 // the extension, its last four characters are cut, whatever they are; a segment shorter than that throws
 // Error.

@@ -128,9 +128,11 @@ QSize MeasureLogo(const QString& path) {
 }
 
 void StoreCatalog(Connection& connection, NewCatalog& catalog) {
+  // Nothing equals Null, while a database that was filled by hand may have a catalog 0.
+  const QVariant row = catalog.IDCatalogo == 0 ? NullValue() : QVariant(catalog.IDCatalogo);
   Recordset catalogs;
   catalogs.Open(u"SELECT * FROM CATALOGHI WHERE IDCatalogo=?"_qs, connection, CursorType::Keyset,
-                LockType::Optimistic, {catalog.IDCatalogo});
+                LockType::Optimistic, {row});
   StoreRow(catalogs, catalog);
   StoreLogo(catalogs, catalog);
 }
@@ -140,7 +142,10 @@ QString CatalogCaption(const QString& name, const QVariant& description) {
   constexpr qsizetype Beginning = 10;
   if (description.isNull()) return name;
   const QString text = NullToEmpty(description);
-  return name + u" - "_qs + (text.size() < LongDescription ? text : text.left(Beginning) + u"..."_qs);
+  if (text.size() < LongDescription) return name + u" - "_qs + text;
+  // Not through the middle of a character of two units.
+  const qsizetype cut = text[Beginning].isLowSurrogate() ? Beginning - 1 : Beginning;
+  return name + u" - "_qs + text.left(cut) + u"..."_qs;
 }
 
 }  // namespace vorlina

@@ -9,6 +9,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
+#include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Messages.h"
 #include "base/WaitCursor.h"
@@ -31,7 +32,12 @@ const char16_t* const ItalianKeys[] = {u"Alt+A", u"Alt+I", u"Alt+F", u"Alt+N", u
 
 // A box of the company shows the column that its name tells behind "txt".
 QString ColumnOf(const QWidget* box) { return box->objectName().mid(3); }
-QString TextIn(const QWidget* box) { return box->metaObject()->userProperty().read(box).toString(); }
+// A line break that was pasted into a box of one line is not seen there, and is not taken.
+QString TextIn(const QWidget* box) {
+  const QString text = box->metaObject()->userProperty().read(box).toString();
+  const auto* line = qobject_cast<const QLineEdit*>(box);
+  return line != nullptr && !line->isReadOnly() ? OneLine(text) : text;
+}
 void SetText(QWidget* box, const QString& text) { box->metaObject()->userProperty().write(box, text); }
 
 QWidgetList CompanyBoxes(const QWidget* panel) {
@@ -43,7 +49,7 @@ QWidgetList CompanyBoxes(const QWidget* panel) {
 
 QStringList TextsIn(const std::vector<QLineEdit*>& boxes) {
   QStringList texts;
-  for (const QLineEdit* box : boxes) texts += box->text();
+  for (const QLineEdit* box : boxes) texts += TextIn(box);
   return texts;
 }
 
@@ -214,7 +220,8 @@ void frmNewCatalog::OfferCompany() {
   try {
     Connection connection;
     connection.Open(ConnectionText);
-    company = OfferedCompany(connection, columns);
+    // The row of an attempt that failed is the most recent one: it would offer what was taken out since.
+    if (IDCatalogo == 0) company = OfferedCompany(connection, columns);
   } catch (const std::exception& error) {
     ShowError(this, DescriptionOf(error));
   }
@@ -242,16 +249,16 @@ void frmNewCatalog::cmdBrowse_Click() {
   ShowPreview();
 }
 
+// The preview of the logo that was chosen before goes.
 void frmNewCatalog::SetLogo(const QString& path, QSize size) {
   LogoPath = path;
   LogoHeight = size.height();
   LogoWidth = size.width();
   ui_->txtLogo->setText(path);
+  if (preview_ != nullptr) preview_->close();
 }
 
-// The preview of a logo that was chosen before goes.
 void frmNewCatalog::ShowPreview() {
-  if (preview_ != nullptr) preview_->close();
   preview_ = new frmImage(this);
   preview_->setAttribute(Qt::WA_DeleteOnClose);
   preview_->Percorso = LogoPath;
@@ -261,8 +268,8 @@ void frmNewCatalog::ShowPreview() {
 
 NewCatalog frmNewCatalog::Collected() const {
   NewCatalog catalog;
-  catalog.NomeCatalogo = ui_->txtCatalogName->text();
-  catalog.Descrizione = ui_->txtCatalogDescription->text();
+  catalog.NomeCatalogo = TextIn(ui_->txtCatalogName);
+  catalog.Descrizione = TextIn(ui_->txtCatalogDescription);
   catalog.valueNames = TextsIn(txtValue);
   catalog.filterNames = TextsIn(txtFilter);
   for (const QWidget* box : CompanyBoxes(ui_->framestep_2)) catalog.company[ColumnOf(box)] = TextIn(box);

@@ -42,7 +42,7 @@ class frmNewCatalog : public QDialog {
   void EditWanted(int IDCatalogo, const QString& caption);
   void AnotherWanted();
   void MainMenuWanted();
-  // The wizard was left without a catalog.
+  // The wizard was left by Cancel, Escape or its close button.
   void Cancelled();
   // Help on a topic. As long as nobody listens the button is disabled.
   void HelpWanted(int topic);

@@ -83,6 +83,8 @@ class DataGrid : public QTableView {
 
   // Files may be dropped on rows; at first they may not.
   void SetAcceptsFiles(bool accepts);
+  // To be called when rows were dropped: the drag goes on, until the next drop or Escape.
+  void KeepDragging();
 
   // Enter outside an editor; without it Enter goes to the next cell.
   std::function<void()> OnEnter;
@@ -101,8 +103,9 @@ class DataGrid : public QTableView {
   void CellPressed(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void CellHovered(int row, const QString& key, const QPoint& position);
   void DoubleClicked(int row, const QString& key);
-  // Selected rows are dragged by hand, once the row in edit is written; row -1 where the pointer is on none.
-  // The add-new row stands for the last one. While they are dragged no cell is hovered over.
+  // Selected rows are dragged by hand, once the row in edit is written. Beyond the rows, and on the add-new
+  // row, it is the last one that the pointer is on; -1 where there is none. While they are dragged no cell is
+  // hovered over.
   void RowDragStarted();
   void RowDragMoved(int row);
   void RowDropped(int row);

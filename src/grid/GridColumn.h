@@ -1,6 +1,7 @@
 // A column of a grid, described by data.
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <QVariant>
 #include <Qt>
@@ -14,6 +15,8 @@ enum class ColumnKind { Text, Number, Boolean, Lookup };
 struct GridColumn {
   QString key = {};  // the recordset's name for it; of an unbound column any other name
   QString caption = {};
+  QString toolTip = {};  // of the head; empty for the caption
+  QIcon icon = {};       // beside the caption, or in its place
   ColumnKind kind = ColumnKind::Text;
   bool bound = true;
   bool visible = true;  // for the view; a hidden column has its values all the same

@@ -19,6 +19,22 @@ constexpr qint64 LookMilliseconds = 100;
 constexpr qsizetype ShownCharacters = 2000;
 
 QString DeletedText() { return EitherLanguage(u"#Eliminata"_qs, u"#Deleted"_qs); }
+QVariant HeadOf(const GridColumn& column, int role) {
+  switch (role) {
+    case Qt::DisplayRole:
+      return column.caption;
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole:
+      return column.toolTip.isEmpty() ? column.caption : column.toolTip;
+    case Qt::DecorationRole:
+      return column.icon.isNull() ? QVariant() : column.icon;
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(column.alignment);
+    default:
+      return {};
+  }
+}
+
 QString UnreadableText() { return EitherLanguage(u"#Non leggibile"_qs, u"#Unreadable"_qs); }
 
 }  // namespace
@@ -195,6 +211,10 @@ QVariant RecordsetModel::Value(int row, int column) const {
 
 QVariant RecordsetModel::Value(int row, const QString& key) const { return Value(row, ColumnOf(key)); }
 
+QVariant RecordsetModel::FormerValue(int column) const {
+  return rows_.CurrentFetched().values[std::size_t(FieldOf(column))];
+}
+
 qint64 RecordsetModel::BookmarkOf(int row) const {
   return rows_.IsOpen() ? rows_.BookmarkAt(qint64(row) + 1) : 0;
 }
@@ -247,8 +267,7 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Horizontal) {
     if (section < 0 || section >= columnCount()) return {};
-    if (role == Qt::DisplayRole) return Column(section).caption;
-    return role == Qt::TextAlignmentRole ? QVariant::fromValue(Column(section).alignment) : QVariant();
+    return HeadOf(Column(section), role);
   }
   if (section < 0 || section >= shownRows_) return {};
   if (role == RowStateRole) return int(StateOf(section));

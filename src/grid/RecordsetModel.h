@@ -93,6 +93,8 @@ class RecordsetModel : public QAbstractTableModel {
   // NullValue() for Null, and for what a deleted row had.
   QVariant Value(int row, int column) const;
   QVariant Value(int row, const QString& key) const;
+  // What the row in edit held in a column when its edit began. Throws Error where none is.
+  QVariant FormerValue(int column) const;
   // The recordset's bookmark, 0 for the add-new row; and the row of a bookmark or -1.
   qint64 BookmarkOf(int row) const;
   int RowOf(qint64 bookmark) const;

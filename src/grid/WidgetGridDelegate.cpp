@@ -39,13 +39,14 @@ QComboBox* MakeDropDown(QWidget* parent, const Lookup& lookup) {
   return combo;
 }
 
-// The current cell among those of its row, which is selected; styles show it faintly or not at all.
 void PaintFrame(QPainter& painter, const QStyleOptionViewItem& cell) {
-  const bool selected = cell.state & QStyle::State_Selected;
+  const bool selected = cell.state.testFlag(QStyle::State_Selected);
   painter.save();
-  painter.setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+  QPen pen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight), 2);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(QRectF(cell.rect).adjusted(1.5, 1.5, -1.5, -1.5));
+  painter.drawRect(cell.rect.adjusted(1, 1, -1, -1));
   painter.restore();
 }
 
@@ -68,10 +69,13 @@ void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
   if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
 }
 
-// A picture stands in the middle of its cell.
+// A picture stands in the middle of its cell. The current cell has a frame: styles differ in how they tell it
+// within a row that is selected.
 void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;
+  const bool current = cell.state.testFlag(QStyle::State_HasFocus);
+  cell.state &= ~QStyle::State_HasFocus;
   if (index.row() == targetRow_) cell.state &= ~QStyle::State_Selected;
   if (rows_.Column(index.column()).bound) {
     QStyledItemDelegate::paint(painter, cell, index);
@@ -80,7 +84,7 @@ void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
     cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
   }
-  if (cell.state & QStyle::State_HasFocus) PaintFrame(*painter, cell);
+  if (current) PaintFrame(*painter, cell);
 }
 
 QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

@@ -35,9 +35,10 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
-// press between two rows changes their height.
+// press between two rows changes their height. Where the drag goes on behind a drop, a press selects as ever:
+// its release is the next drop.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
-  if (phase_ == Phase::Dragging) return true;
+  if (IsDragging()) return phase_ == Phase::Dragging;
   const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
   const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
@@ -51,41 +52,50 @@ bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
 }
 
 bool WidgetRowDrag::Move(const QMouseEvent& event) {
-  if (!(event.buttons() & Qt::LeftButton) || phase_ == Phase::None) return false;
+  if (phase_ == Phase::None || (phase_ != Phase::Kept && !(event.buttons() & Qt::LeftButton))) return false;
   const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (phase_ == Phase::Pressed && far) Start();
-  if (phase_ == Phase::Dragging) Follow(event.pos().y());
+  if (IsDragging()) Follow(event.pos().y());
   return true;
 }
 
 void WidgetRowDrag::Start() {
   phase_ = Phase::Cancelled;
   if (MayStart && !MayStart()) return;
-  phase_ = Phase::Dragging;
+  Begin(Phase::Dragging);
+  Q_EMIT Started();
+}
+
+void WidgetRowDrag::Begin(Phase phase) {
+  phase_ = phase;
   grid_.viewport()->setCursor(Qt::DragMoveCursor);
   grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
   scroll_.start();
-  Q_EMIT Started();
+}
+
+void WidgetRowDrag::Keep() {
+  if (!IsDragging()) Begin(Phase::Kept);
 }
 
 bool WidgetRowDrag::Release(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton || phase_ == Phase::None) return false;
   const Phase phase = std::exchange(phase_, Phase::None);
+  if (phase == Phase::Cancelled) return true;
   if (phase == Phase::Pressed) {
     if (onHeader_) Q_EMIT HeaderClicked(pressedRow_);
     return onHeader_;
   }
-  if (phase == Phase::Cancelled) return true;
   Follow(event.pos().y());
   const int row = End();
   Q_EMIT Dropped(row);
-  return true;
+  return phase == Phase::Dragging;
 }
 
 void WidgetRowDrag::Cancel() {
-  if (phase_ == Phase::None) return;
-  const Phase phase = std::exchange(phase_, Phase::Cancelled);
-  if (phase != Phase::Dragging) return;
+  const Phase phase = phase_;
+  if (phase == Phase::Pressed || phase == Phase::Dragging) phase_ = Phase::Cancelled;
+  if (phase == Phase::Kept) phase_ = Phase::None;
+  if (phase != Phase::Dragging && phase != Phase::Kept) return;
   End();
   Q_EMIT Cancelled();
 }
@@ -106,6 +116,7 @@ bool WidgetRowDrag::IsAddNew(int row) const {
 void WidgetRowDrag::Follow(int y) {
   y_ = y;
   int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+  if (row < 0) row = grid_.model()->rowCount() - 1;
   if (row >= 0 && IsAddNew(row)) --row;
   if (row == row_) return;
   row_ = row;

@@ -18,12 +18,15 @@ class WidgetRowDrag : public QObject {
   // Asked before a drag begins; without it, it may.
   std::function<bool()> MayStart;
 
-  bool IsDragging() const { return phase_ == Phase::Dragging; }
+  bool IsDragging() const { return phase_ == Phase::Dragging || phase_ == Phase::Kept; }
   // Until the button is released nothing else comes of the press either.
   void Cancel();
+  // The drag that has just ended in a drop goes on, without a button held: the next release drops again.
+  void Keep();
 
  Q_SIGNALS:
-  // Row -1: the pointer is on none, or only the add-new row is there. On the add-new row it is the last one.
+  // Above the rows it is the first one that is seen, below them, or on the add-new row, the last one. Row -1:
+  // there is none.
   void Started();
   void Moved(int row);
   void Dropped(int row);
@@ -35,7 +38,7 @@ class WidgetRowDrag : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  enum class Phase { None, Pressed, Dragging, Cancelled };
+  enum class Phase { None, Pressed, Dragging, Kept, Cancelled };
 
   bool Press(const QMouseEvent& event, bool onHeader);
   bool Move(const QMouseEvent& event);
@@ -44,6 +47,7 @@ class WidgetRowDrag : public QObject {
   void Follow(int y);
   void Scroll();
   void Start();
+  void Begin(Phase phase);
   int End();
 
   QTableView& grid_;

@@ -119,19 +119,27 @@ void ReRenderImage(const QString& path) {
            [&] { WriteFileSafely(path, RenderAgain(ReadPictureFile(path), ReadPictureSettings().quality)); });
 }
 
-void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
+QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
   const QString where = u"IDCatalogo=? AND CodiceProdotto=?"_qs;
-  Skipping(u"DeleteProductImages"_qs, [&] {
+  QStringList files;
+  Skipping(u"ProductImageFiles"_qs, [&] {
     const QString image = NullToEmpty(
         GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection, where, {IDCatalogo, CodiceProdotto}));
-    if (image.isEmpty()) return;
-    RemoveFile(image);
-    RemoveFile(ThumbnailPath(image));
+    if (!image.isEmpty()) files += {image, ThumbnailPath(image)};
   });
-  Skipping(u"DeleteProductImages"_qs, [&] {
+  Skipping(u"ProductImageFiles"_qs, [&] {
     Rows rows(connection, u"SELECT Immagine FROM Immagini WHERE "_qs + where, {IDCatalogo, CodiceProdotto});
-    while (rows.Next()) RemoveFile(NullToEmpty(rows.Value(0)));
+    while (rows.Next()) files += NullToEmpty(rows.Value(0));
   });
+  return files;
+}
+
+void DeletePictureFiles(const QStringList& files) {
+  for (const QString& file : files) RemoveFile(file);
+}
+
+void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
+  DeletePictureFiles(ProductImageFiles(CodiceProdotto, IDCatalogo, connection));
 }
 
 }  // namespace vorlina

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include "images/PictureRendering.h"
 
@@ -49,8 +50,14 @@ void StoreThumbnail(const QString& path, const QByteArray& thumbnail);
 // Decodes and encodes the picture in its own size. Never fails; the file then stays as it was.
 void ReRenderImage(const QString& path);
 
-// Deletes the files of a product: main image, thumbnail, additional images. The rows are its caller's, who
-// calls this first. Never fails.
+// The files of a product: main image, thumbnail, additional images. Never fails; what cannot be read is left
+// out.
+QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
+
+// Deletes picture files. Never fails.
+void DeletePictureFiles(const QStringList& files);
+
+// Deletes the files of a product. The rows are its caller's, who calls this first. Never fails.
 void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
 
 }  // namespace vorlina

@@ -3,23 +3,46 @@
 
 #include <QString>
 #include <array>
+#include <vector>
+
+#include "grid/GridColumn.h"
 
 namespace vorlina {
 
+class Connection;
 class Recordset;
 
 // A column that begins so is not for the user.
 inline constexpr char16_t HiddenMark = u'_';
 
+// The grid's columns, bound and unbound, by their place.
+struct ProductColumn {
+  enum Place : int {
+    Codice = 0,
+    Descrizione = 1,
+    Valore1 = 2,
+    IDFiltro1 = 5,
+    Pubblica = 10,
+    SchedaTecnica = 11,
+    Immagine = 12,
+    IDCatalogo = 13,
+    Ordine = 14,
+    BoundCount = 15,
+    SchedaPicture = 15,
+    ImmaginePicture = 16,
+  };
+};
+
 // One value or filter field of the catalog as a column of the grid.
 struct NamedField {
   QString column;      // of Prodotti
   QString key;         // the grid column's key: the stored name, or the hidden mark and the field
+  QString name;        // as it is stored
   bool inUse = false;  // the catalog has a name for it
 };
 
 // What a catalog's names make of the grid. A value field is in use when its name is not empty, a filter when
-// its name is not Null.
+// its name is not Null. A name that another column bears already gets a mark behind it in its key.
 struct ProductGridFields {
   std::array<NamedField, 3> values;
   std::array<NamedField, 5> filters;
@@ -32,5 +55,12 @@ struct ProductGridFields {
 // The statement of the grid's fifteen bound columns, in their order; "?" stands for the catalog's identifier.
 // The condition of a search is appended as it stands.
 QString ProductGridStatement(const ProductGridFields& fields, const QString& CondizioneRicerca);
+
+// The keys of the grid's seventeen columns.
+QStringList ProductGridKeys(const ProductGridFields& fields);
+
+// The seventeen columns in the program's language, with what the catalog's filters offer. Throws Error.
+std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int IDCatalogo,
+                                           Connection& connection);
 
 }  // namespace vorlina

@@ -1,5 +1,8 @@
 #include "products/PublicationOrder.h"
 
+#include <QByteArray>
+#include <algorithm>
+
 #include "base/Helpers.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
@@ -19,6 +22,33 @@ QString NuovoOrdine(int IDCatalogo, Connection& connection) {
   const double count =
       NullToZero(GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, connection, u"IDCatalogo=?"_qs, {IDCatalogo}));
   return QString::number(qint64(count) + 1);
+}
+
+bool HasUnnumbered(int IDCatalogo, Connection& connection) {
+  Rows rows(connection, u"SELECT 1 FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp IS NULL LIMIT 1"_qs,
+            {IDCatalogo});
+  return rows.Next();
+}
+
+void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection) {
+  struct Pair {
+    qint64 bookmark;
+    qint64 number;
+  };
+  std::vector<Pair> pairs;
+  pairs.reserve(bookmarks.size());
+  for (const qint64 bookmark : bookmarks) pairs.push_back({bookmark, qint64(pairs.size()) + 1});
+  std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) { return a.bookmark < b.bookmark; });
+  const QByteArray ranks(reinterpret_cast<const char*>(pairs.data()), qsizetype(pairs.size() * sizeof(Pair)));
+  connection.Execute(
+      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?1,rowid) WHERE IDCatalogo=?2 AND "
+      "IFNULL(VORLINA_RANK(?1,rowid),OrdineTemp) IS NOT OrdineTemp"_qs,
+      {ranks, IDCatalogo});
+}
+
+std::optional<RowBlock> BlockOf(const QList<int>& rows) {
+  if (rows.isEmpty() || rows.last() - rows.first() != int(rows.size()) - 1) return std::nullopt;
+  return RowBlock{rows.first(), rows.last()};
 }
 
 BlockMove MoveBlock(int IDCatalogo, qint64 first, qint64 last, qint64 target, Connection& connection) {

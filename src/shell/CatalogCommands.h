@@ -4,26 +4,9 @@
 
 #include <array>
 
+#include "base/Commands.h"
+
 namespace vorlina {
-
-// One text in both languages; blanks are part of it.
-struct Caption {
-  const char16_t* italian;
-  const char16_t* english;
-};
-
-struct ToolbarCommand {
-  const char16_t* key;
-  Caption caption;
-  Caption toolTip;
-  const char16_t* icon;
-  const char16_t* shortcut;
-};
-
-struct MenuCommand {
-  const char16_t* key;
-  Caption caption;
-};
 
 // The toolbar's buttons in order; the first has index 1.
 inline constexpr std::array<ToolbarCommand, 7> ToolbarCommands{{

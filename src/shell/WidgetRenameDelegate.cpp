@@ -3,12 +3,14 @@
 #include <QMetaProperty>
 #include <QWidget>
 
+#include "base/Helpers.h"
+
 namespace vorlina {
 
 void WidgetRenameDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
                                         const QModelIndex& index) const {
   if (index.isValid())
-    Q_EMIT Renamed(index, editor->property(editor->metaObject()->userProperty().name()).toString());
+    Q_EMIT Renamed(index, OneLine(editor->property(editor->metaObject()->userProperty().name()).toString()));
 }
 
 }  // namespace vorlina

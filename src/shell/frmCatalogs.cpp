@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include "base/AppPath.h"
+#include "base/CommandIcon.h"
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
@@ -21,15 +22,12 @@
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
 #include "catalogs/frmNewCatalog.h"
-#include "publish/PluginHost.h"
+#include "products/frmEditCatalog.h"
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
 #include "store/CatalogDatabase.h"
 #include "store/SampleData.h"
 #include "ui_frmCatalogs.h"
-
-// The pictures lie in a static library, from which they come when they are asked for.
-static void InitPictures() { Q_INIT_RESOURCE(shell); }
 
 namespace vorlina {
 namespace {
@@ -40,25 +38,15 @@ constexpr int TagRole = Qt::UserRole + 1;
 
 const char16_t SupportAddress[] = u"support@vorlina.example";
 
-QString Text(const char16_t* text) { return QString::fromUtf16(text); }
-
-// The same picture where an entry is selected: it is not tinted.
-QIcon CommandIcon(const char16_t* name) {
-  QIcon icon;
-  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
-    icon.addFile(u":/shell/"_qs + Text(name) + u".svg"_qs, {}, mode);
-  return icon;
-}
-
 }  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
-  InitPictures();
   ui_->setupUi(this);
   handlers_ = {
-      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }},    {u"cmdDelete"_qs, [this] { Delete_Click(); }},
-      {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }}, {u"cmdPublish"_qs, [this] { PressPublish(); }},
-      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},    {u"subSupport"_qs, [this] { MailSupport(); }},
+      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }}, {u"cmdEdit"_qs, [this] { EditSelected(); }},
+      {u"cmdDelete"_qs, [this] { Delete_Click(); }},  {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }},
+      {u"cmdPublish"_qs, [this] { PressPublish(); }}, {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
+      {u"subSupport"_qs, [this] { MailSupport(); }},
   };
   MakeToolbar();
   MakeMenus();
@@ -69,7 +57,7 @@ frmCatalogs::~frmCatalogs() = default;
 
 void frmCatalogs::MakeToolbar() {
   for (const ToolbarCommand& command : ToolbarCommands) {
-    QAction* action = ui_->tbr->addAction(CommandIcon(command.icon), Text(command.caption.italian));
+    QAction* action = ui_->tbr->addAction(CommandIcon(Text(command.icon)), Text(command.caption.italian));
     const QString key = Text(command.key);
     action->setObjectName(key);
     action->setToolTip(Text(command.toolTip.italian));
@@ -184,7 +172,8 @@ void frmCatalogs::FillPlugins(const QStringList& identifiers) {
     const QString text = ByLanguage(u"Errore nella istanza della dll: "_qs, u"Error instancing dll: "_qs);
     TheDialogs().Message(this, text + identifier);
   });
-  for (const PluginEntry& entry : listing.entries) {
+  plugins_ = listing.entries;
+  for (const PluginEntry& entry : plugins_) {
     auto* item = new QTreeWidgetItem(ui_->lstPlugIns, {entry.name});
     item->setIcon(0, entry.icon);
     item->setData(0, KeyRole, entry.identifier);
@@ -231,7 +220,7 @@ void frmCatalogs::ListCatalog() {
   rsCataloghi.Requery();
   arrIDCataloghi.assign(std::size_t(rsCataloghi.RecordCount()) + 1, 0);
   ui_->LstWCatalogs->clear();
-  const QIcon book = CommandIcon(u"catalog");
+  const QIcon book = CommandIcon(u"catalog"_qs);
   for (std::size_t i = 0; !rsCataloghi.IsEOF(); ++i, rsCataloghi.MoveNext()) {
     arrIDCataloghi[i] = rsCataloghi.Value(u"IDCatalogo"_qs).toInt();
     auto* item =
@@ -341,7 +330,10 @@ void frmCatalogs::NewCatalogWizard() {
     wizard_ = new frmNewCatalog(this);
     wizard_->setAttribute(Qt::WA_DeleteOnClose);
     wizard_->ConnectionText = cnnCatalog.ConnectionText();
-    connect(wizard_, &frmNewCatalog::EditWanted, this, &frmCatalogs::ShowCatalogs);
+    connect(wizard_, &frmNewCatalog::EditWanted, this, [this](int id, const QString& caption) {
+      ListCatalog();
+      EditCatalog(id, caption);
+    });
     connect(wizard_, &frmNewCatalog::MainMenuWanted, this, &frmCatalogs::ShowCatalogs);
     connect(wizard_, &frmNewCatalog::Cancelled, this, &frmCatalogs::ComeToFront);
     connect(wizard_, &frmNewCatalog::AnotherWanted, this, &frmCatalogs::AnotherCatalog);
@@ -350,6 +342,38 @@ void frmCatalogs::NewCatalogWizard() {
   }
   wizard_->activateWindow();
   blnListaModificata = true;
+}
+
+void frmCatalogs::EditSelected() {
+  if (const QListWidgetItem* item = SelectedCatalog()) EditCatalog(SelectedCatalogId(), item->text());
+}
+
+// Several can be open at once, also on the same catalog; each has its own connection.
+void frmCatalogs::EditCatalog(int id, const QString& caption) {
+  const WaitCursor wait;
+  try {
+    auto window = std::make_unique<frmEditCatalog>(this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->Connessione = std::make_unique<Connection>();
+    window->Connessione->Open(cnnCatalog.ConnectionText());
+    window->rsCatalogo.Open(rsCataloghi.Source(), *window->Connessione, CursorType::Keyset,
+                            LockType::Optimistic);
+    window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, id);
+    window->Plugins = plugins_;
+    window->LoadForm();
+    window->setWindowTitle(caption);
+    connect(window.get(), &frmEditCatalog::Closed, this, &frmCatalogs::ComeToFront);
+    window.release()->show();
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+  }
+}
+
+// False where one has a row that cannot be written: it stays, and has told why.
+bool frmCatalogs::CloseGridWindows() {
+  for (frmEditCatalog* window : findChildren<frmEditCatalog*>(QString(), Qt::FindDirectChildrenOnly))
+    if (window->isVisible() && !window->close()) return false;
+  return true;
 }
 
 void frmCatalogs::ComeToFront() {
@@ -465,7 +489,7 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
-  if (cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) {
+  if ((cnnCatalog.IsOpen() && cnnCatalog.InTransaction()) || !CloseGridWindows()) {
     event->ignore();
     return;
   }

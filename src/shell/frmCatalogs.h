@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "publish/PluginHost.h"
 #include "publish/plugin/IVorlinaPlugin.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -77,6 +78,9 @@ class frmCatalogs : public QMainWindow {
   int SelectedCatalogId() const;
   void RenameSelected(const QModelIndex& index, const QString& name);
   void NewCatalogWizard();
+  void EditSelected();
+  void EditCatalog(int id, const QString& caption);
+  bool CloseGridWindows();
   void ComeToFront();
   void ShowCatalogs();
   void AnotherCatalog();
@@ -96,6 +100,7 @@ class frmCatalogs : public QMainWindow {
   // What a key of the toolbar or of the help drop-down does. A command that is not here is disabled.
   std::map<QString, Handler> handlers_;
   std::vector<QAction*> toolbar_;  // by index - 1
+  std::vector<PluginEntry> plugins_;
   QMenu* mnuHelp_;
   QMenu* mnuPlugins_;
   QMenu* mnuInstallaSkin_;

@@ -44,6 +44,16 @@ TEST(Helpers, NullAndEmptyBehaveAsZeroAndEmptyText) {
   EXPECT_EQ(NullToEmpty(7), u"7"_qs);
 }
 
+TEST(Helpers, ATextIsOneLineAsItsBoxShowsIt) {
+  const std::pair<QString, QString> cases[] = {
+      {u"Colore\r\n"_qs, u"Colore"_qs},
+      {u"a\r\nb\nc\td\u2028\u2029"_qs, u"a b c d"_qs},
+      {u" a  b "_qs, u" a  b "_qs},
+      {u"\n"_qs, {}},
+  };
+  for (const auto& [text, line] : cases) EXPECT_EQ(OneLine(text), line);
+}
+
 TEST(Messages, NumbersFollowTheBasesOfTheLanguage) {
   SetLanguage(u"Italian"_qs);
   EXPECT_EQ(NumberedText(BaseErrore + 4), u"Non è possibile inserire campi valore con nome uguale"_qs);

@@ -116,6 +116,14 @@ TEST_F(NewCatalogTest, NamesAreStoredEscapedWithTheirGapsAndTextsAsTheyAre) {
   EXPECT_TRUE(FilesIn(AppFile(u"Images"_qs)).empty());
 }
 
+TEST_F(NewCatalogTest, ANewCatalogTakesNobodysRow) {
+  connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo) VALUES (0,'zero')"_qs);
+  NewCatalog catalog = Minimal();
+  StoreCatalog(connection_, catalog);
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 2);
+  EXPECT_NE(catalog.IDCatalogo, 0);
+}
+
 TEST_F(NewCatalogTest, TheLogoIsCopiedAsItIsUnlessItVanished) {
   NewCatalog catalog = WithLogo();
   StoreCatalog(connection_, catalog);

@@ -306,6 +306,32 @@ TEST_F(Wizard, TheStoredFormOfANameIsHeldWithinItsLimitWhileTyping) {
   EXPECT_TRUE(u"a.b"_qs.startsWith(filter->text()));
 }
 
+TEST_F(Wizard, APastedLineBreakIsNeitherSeenNorTaken) {
+  Open();
+  const auto paste = [this](const QString& name, const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    Find(name)->paste();
+  };
+  paste(u"txtCatalogName"_qs, u"\n"_qs);
+  paste(u"txtValue_0"_qs, u"Code\r\n"_qs);
+  dialogs_.ExpectMessage(u"Catalog name required"_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(u"The name 'Code' is not allowed for a value field."_qs, BoxStyle::Stop);
+  Click(Next);
+  Type(u"txtValue_0"_qs, {});
+  paste(u"txtValue_0"_qs, u"Peso\n"_qs);
+  Type(u"txtCatalogName"_qs, {});
+  paste(u"txtCatalogName"_qs, u"Nome\r\nnuovo\n"_qs);
+  Click(Next);
+  paste(u"txtFilter_0"_qs, u"Colore\n"_qs);
+  Click(Next);
+  paste(u"txtCitta"_qs, u"Faenza\n"_qs);
+  Click(Next);
+  Click(Finish);
+  EXPECT_EQ(
+      One(u"NomeCatalogo||'|'||NomeValore1||'|'||NomeFiltro1||'|'||Citta"_qs, u"Cataloghi"_qs).toString(),
+      u"Nome nuovo|Peso|Colore|Faenza"_qs);
+}
+
 TEST_F(Wizard, OffersTheCompanyOfTheMostRecentCatalog) {
   connection_.Execute(
       u"INSERT INTO Cataloghi (Azienda,Citta,CAP,URL,Extras,Logo) VALUES "
@@ -372,6 +398,7 @@ TEST_F(Wizard, TakesALogoAndShowsIt) {
   Find(u"txtLogo"_qs)->setFocus();
   QTest::keyClick(Find(u"txtLogo"_qs), Qt::Key_Delete);
   EXPECT_EQ(Text(u"txtLogo"_qs), QString());
+  EXPECT_TRUE(Previews().isEmpty()) << "nothing is chosen any more";
   ChooseLogo(good);
 
   Click(Next);
@@ -385,6 +412,7 @@ TEST_F(Wizard, TakesALogoAndShowsIt) {
 TEST_F(Wizard, AfterALogoThatCannotBeCopiedFinishGoesOnWithTheSameCatalog) {
   Open();
   GoTo(3);
+  Type(u"txtFax"_qs, u"99"_qs);
   ChooseLogo(Picture(u"l.jpg"_qs));
   Click(Next);
   QDir(AppPath()).rmdir(u"Images"_qs);
@@ -395,8 +423,16 @@ TEST_F(Wizard, AfterALogoThatCannotBeCopiedFinishGoesOnWithTheSameCatalog) {
   EXPECT_EQ(Step(), 4);
   EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), AppFile(u"l.jpg"_qs));
   QDir(AppPath()).mkdir(u"Images"_qs);
+  Click(Back);
+  Type(u"txtFax"_qs, {});
+  Click(Back);
+  Click(Next);
+  EXPECT_EQ(Text(u"txtFax"_qs), QString()) << "the row stored before is no other catalog";
+  ChooseLogo(AppFile(u"l.jpg"_qs));
+  Click(Next);
   Click(Finish);
   EXPECT_FALSE(wizard_->isVisible());
+  EXPECT_TRUE(One(u"Fax"_qs, u"Cataloghi"_qs).isNull());
   EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
   EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), target);
 }

@@ -196,14 +196,30 @@ TEST_F(ShownGrid, SelectedRowsAreDragged) {
     Release(at(3));
     EXPECT_EQ(told.last(), u"cancel"_qs);
 
-    // Beyond the rows there is none; the add-new row stands for the end.
+    // Beyond the rows, and on the add-new row, it is the last one.
     told.clear();
     DragTo(at(1), at(5));
     EXPECT_EQ(told.last(), u"over 4"_qs);
     Move(at(5) + QPoint(0, 100));
     Release(at(5) + QPoint(0, 100));
-    EXPECT_EQ(told.last(), u"drop -1"_qs);
+    EXPECT_EQ(told.last(), u"drop 4"_qs);
   }
+
+  // A drag that is kept follows the pointer without a button, to the next release or Escape.
+  const QMetaObject::Connection keeps =
+      QObject::connect(grid_, &DataGrid::RowDropped, grid_, &DataGrid::KeepDragging);
+  DragTo(StripOf(1), StripOf(3));
+  Release(StripOf(3));
+  QObject::disconnect(keeps);
+  told.clear();
+  Move(PointOf(4, u"Note"_qs));
+  Click(0, u"Note"_qs);
+  EXPECT_EQ(told, (QStringList{u"over 4"_qs, u"over 0"_qs, u"drop 0"_qs}));
+  EXPECT_EQ(Listed(grid_->SelectedRows()), u"0"_qs);
+  grid_->KeepDragging();
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(told.last(), u"cancel"_qs);
+
   Click(StripOf(2));
   EXPECT_EQ(Listed(grid_->SelectedRows()), u"2"_qs) << "a click in the strip selects the row alone";
   told.clear();

@@ -64,7 +64,7 @@ class MainWindow : public testing::Test {
         GetValue(u"Extras"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=?"_qs, {id}));
   }
   // Types a new name over the label of the first catalog.
-  void Rename(const QString& name) {
+  void Rename(const QString& name, bool breaksLine = false) {
     Catalogs()->setCurrentRow(0);
     Catalogs()->setFocus();
     QTest::keyClick(Catalogs(), Qt::Key_F2);
@@ -75,6 +75,7 @@ class MainWindow : public testing::Test {
       QTest::keyClick(editor, Qt::Key_Delete);
     else
       QTest::keyClicks(editor, name);
+    if (breaksLine) editor->insert(u"\n"_qs);  // as a paste does
     QTest::keyClick(editor, Qt::Key_Return);
     QCoreApplication::processEvents();  // the list takes the text over when it is idle
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -117,7 +118,7 @@ TEST_F(MainWindow, SpeaksTheChosenLanguage) {
 
 TEST_F(MainWindow, RenamesInPlace) {
   Open();
-  Rename(u"L'anno \"nuovo\" 100%"_qs);
+  Rename(u"L'anno \"nuovo\" 100%"_qs, true);
   const QVariant stored =
       GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs);
   EXPECT_EQ(stored.toString(), u"L'anno \"nuovo\" 100%"_qs);

@@ -26,8 +26,10 @@
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
 #include "catalogs/frmNewCatalog.h"
+#include "grid/DataGrid.h"
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
+#include "products/frmEditCatalog.h"
 #include "shell/frmCatalogs.h"
 #include "support/frmSplash.h"
 
@@ -101,6 +103,38 @@ void TakePager(const Photographer& photographer, Connection& connection) {
   pager.ShowCatalog(u"ORDER BY OrdineTemp"_qs);
 }
 
+// A popup that is shown at its place, with the window behind it left out.
+void TakePopup(const Photographer& photographer, QWidget* popup, const QString& name) {
+  photographer.Take(*popup, name);
+  popup->hide();
+}
+
+// The grid as it opens, sorted with a row in edit, its menus, and the preview of a picture.
+void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
+  catalogs.findChild<QPushButton*>(u"Edit"_qs)->click();
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  photographer.Take(*window, u"frmEditCatalog"_qs);
+  grid->SetSort(u"Descrizione"_qs, SortDirection::Descending);
+  grid->GoTo(3, grid->Rows().Column(5).key);
+  Press(*grid, Qt::Key_F2);
+  photographer.Take(*window, u"frmEditCatalog-edit"_qs);
+  grid->Rows().Revert();
+  grid->GoTo(4);
+  const QPoint cell = grid->visualRect(grid->Rows().index(4, 16)).center();
+  Q_EMIT grid->CellPressed(4, u"Immagine"_qs, Qt::LeftButton, cell + grid->viewport()->pos());
+  TakeAtRest(photographer, *window, u"frmEditCatalog-preview"_qs);
+  Q_EMIT grid->CellPressed(4, u"Codice"_qs, Qt::RightButton, cell);
+  TakePopup(photographer, window->findChild<QMenu*>(u"mnuGriglia"_qs), u"frmEditCatalog-menu"_qs);
+  Q_EMIT grid->HeaderPressed(u"Codice"_qs, Qt::RightButton, cell);
+  TakePopup(photographer, window->findChild<QMenu*>(u"mnuColonna"_qs), u"frmEditCatalog-column"_qs);
+  grid->setFocus();
+  grid->scrollToBottom();
+  grid->GoTo(grid->Rows().RecordCount(), u"Codice"_qs);
+  photographer.Take(*window, u"frmEditCatalog-new"_qs);
+  window->close();
+}
+
 // The four steps of the wizard, filled in. It is left before it writes anything.
 void TakeWizard(const Photographer& photographer, const Connection& connection) {
   frmNewCatalog wizard;
@@ -140,6 +174,7 @@ void TakeAll(const Photographer& photographer) {
   catalogs.findChild<QMenu*>(u"mnuHelp"_qs)->hide();
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
   catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
+  TakeGrid(photographer, catalogs);
   catalogs.findChild<QPushButton*>(u"cmdPublish"_qs)->click();
   auto* plugins = catalogs.findChild<QTreeWidget*>(u"lstPlugIns"_qs);
   Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);

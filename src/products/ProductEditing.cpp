@@ -1,0 +1,149 @@
+#include "products/ProductEditing.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLoggingCategory>
+
+#include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/Messages.h"
+#include "images/ImagePipeline.h"
+#include "products/CellRules.h"
+#include "products/FilterValues.h"
+#include "products/NewCode.h"
+#include "products/PublicationOrder.h"
+#include "publish/ExtensionManager.h"
+#include "store/Connection.h"
+#include "store/GetValue.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
+
+// Those of the files that no row names any more; none where that cannot be read.
+QStringList Unnamed(QStringList files, Connection& connection) {
+  try {
+    const QByteArray list = QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact);
+    Rows rows(connection,
+              u"SELECT Immagine FROM Prodotti WHERE Immagine IN (SELECT value FROM json_each(?1)) UNION ALL "
+              "SELECT Immagine FROM Immagini WHERE Immagine IN (SELECT value FROM json_each(?1))"_qs,
+              {QString::fromUtf8(list)});
+    while (rows.Next()) {
+      const QString image = rows.Value(0).toString();
+      files.removeAll(image);
+      files.removeAll(ThumbnailPath(image));
+    }
+    return files;
+  } catch (const Error& error) {
+    qCDebug(products) << "pictures not deleted" << error.Description();
+    return {};
+  }
+}
+
+}  // namespace
+
+ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(rows), owner_(owner) {
+  rows.OnCellChanging = [this](CellChange& change) { CheckCell(change); };
+  rows.OnRowWriting = [this](int row, qint64, bool added) { WriteRow(row, added); };
+  rows.OnRowsDeleting = [this](int) { return AskToDelete(); };
+  rows.OnRowDeleting = [this](qint64 bookmark) { DeleteProduct(bookmark); };
+  rows.OnNotInList = [this](int column, const QString& text) { return AddFilterValue(column, text); };
+  connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
+  connect(&rows, &RecordsetModel::RowInserted, this, &ProductEditing::OfferDefaults);
+  connect(&rows, &RecordsetModel::RowChanged, this, &ProductEditing::FinishRow);
+  connect(&rows, &RecordsetModel::Failed, this, [this] { codeChange_.reset(); });
+  connect(&rows, &RecordsetModel::RowsDeleted, this,
+          [this] { DeletePictureFiles(Unnamed(std::exchange(deletedPictures_, {}), *connection_)); });
+}
+
+void ProductEditing::SetCatalog(int IDCatalogo, const ProductGridFields& fields, Connection& connection) {
+  IDCatalogo_ = IDCatalogo;
+  fields_ = fields;
+  connection_ = &connection;
+}
+
+void ProductEditing::OfferCode() {
+  rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, NuovoCodice(IDCatalogo_, *connection_));
+}
+
+void ProductEditing::OfferDefaults() {
+  OfferCode();
+  rows_.SetDefaultValue(rows_.Column(ProductColumn::Ordine).key, NuovoOrdine(IDCatalogo_, *connection_));
+}
+
+void ProductEditing::CheckCell(CellChange& change) {
+  const GridColumn& column = rows_.Column(change.column);
+  // A code becomes a file name; a line break that came with a pasted text is not seen in the cell.
+  if (change.column == ProductColumn::Codice) change.newValue = OneLine(NullToEmpty(change.newValue));
+  const CellVerdict verdict =
+      vorlina::CheckCell(column.key, change.newValue, column.kind == ColumnKind::Lookup);
+  for (const QString& refusal : verdict.refusals) TheDialogs().Message(owner_, refusal, BoxStyle::Stop);
+  change.cancel = !verdict.refusals.isEmpty();
+  change.newValue = verdict.value;
+}
+
+// Inside the row's transaction: its marks and its pictures are written with it, or not at all.
+void ProductEditing::WriteRow(int row, bool added) {
+  const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
+  if (added) {
+    const int catalog = rows_.Value(row, ProductColumn::IDCatalogo).toInt();
+    MarkProductChanged(catalog, code, *connection_);
+    return;
+  }
+  const QString former = NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
+  if (former == code) return;
+  codeChange_ = std::make_unique<CodeChange>(IDCatalogo_, former, code, *connection_);
+  codeChange_->CopyPictures();
+}
+
+void ProductEditing::FinishRow() {
+  if (codeChange_ != nullptr) codeChange_->Finish();
+  codeChange_.reset();
+}
+
+bool ProductEditing::AskToDelete() {
+  Messaggio = ByLanguage(
+      u"Eliminare gli articoli selezionati e le immagini ad essi relative?\r\n"
+      "L'operazione non potrà essere annullata.\r\n"
+      "Procedere con l'eliminazione?"_qs,
+      u"Do you want to delete selected products and their images?\r\n"
+      "Continue?"_qs);
+  deletedPictures_.clear();
+  return TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst);
+}
+
+// The files go when the rows are gone: a deletion that fails loses nothing.
+void ProductEditing::DeleteProduct(qint64 bookmark) {
+  const QVariant code =
+      GetValue(u"CodiceProdotto"_qs, u"Prodotti"_qs, *connection_, u"rowid=?"_qs, {bookmark});
+  if (!code.isNull()) deletedPictures_ += ProductImageFiles(code.toString(), IDCatalogo_, *connection_);
+}
+
+bool ProductEditing::AddFilterValue(int column, const QString& text) {
+  if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
+  if (text.contains(u'"')) {
+    TheDialogs().Message(owner_,
+                         ByLanguage(u"Non è possibile inserire il carattere \", sostituirlo con '"_qs,
+                                    u"You can't insert \" character, replace it with '"_qs),
+                         BoxStyle::Information);
+    return false;
+  }
+  const int filter = column - ProductColumn::IDFiltro1 + 1;
+  try {
+    vorlina::AddFilterValue(IDCatalogo_, filter, text, *connection_);
+    rows_.SetLookup(rows_.Column(column).key, FilterValues(IDCatalogo_, filter, *connection_));
+    return true;
+  } catch (const std::exception& error) {
+    TheDialogs().Message(owner_,
+                         ByLanguage(u"Errore durante l'inserimento del nuovo valore per il filtro. "_qs,
+                                    u"Error inserting a new value for the filter. "_qs) +
+                             DescriptionOf(error),
+                         BoxStyle::Stop);
+    return false;
+  }
+}
+
+}  // namespace vorlina

@@ -1,0 +1,49 @@
+// The rules that the product grid lays over the editing of rows: what a cell accepts, what a new row gets by
+// itself, what belongs to a changed or deleted product.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <memory>
+
+#include "grid/RecordsetModel.h"
+#include "products/CodeChange.h"
+#include "products/ProductGridQuery.h"
+
+class QWidget;
+
+namespace vorlina {
+
+class ProductEditing : public QObject {
+  Q_OBJECT
+
+ public:
+  // Hooks into the grid's rows. The boxes that it shows belong to the owner. Both outlive it.
+  ProductEditing(RecordsetModel& rows, QWidget* owner);
+
+  // The catalog that is edited, and its fields as the rows' columns show them.
+  void SetCatalog(int IDCatalogo, const ProductGridFields& fields, Connection& connection);
+
+  // Offers a new row its code and its order number. Throws Error.
+  void OfferDefaults();
+  // The same for the code alone.
+  void OfferCode();
+
+ private:
+  void CheckCell(CellChange& change);
+  void WriteRow(int row, bool added);
+  void FinishRow();
+  bool AskToDelete();
+  void DeleteProduct(qint64 bookmark);
+  bool AddFilterValue(int column, const QString& text);
+
+  RecordsetModel& rows_;
+  QWidget* owner_;
+  int IDCatalogo_ = 0;
+  ProductGridFields fields_;
+  Connection* connection_ = nullptr;
+  std::unique_ptr<CodeChange> codeChange_;  // of the row that is being written
+  QStringList deletedPictures_;             // of the products that are being deleted
+};
+
+}  // namespace vorlina

@@ -1,0 +1,264 @@
+#include "products/frmEditCatalog.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLoggingCategory>
+#include <QMenu>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "base/AppPath.h"
+#include "base/CommandIcon.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/WaitCursor.h"
+#include "grid/DataGrid.h"
+#include "products/GridCommands.h"
+#include "products/ProductEditing.h"
+#include "products/PublicationOrder.h"
+#include "products/WidgetColumnMenu.h"
+#include "products/WidgetGridPreview.h"
+#include "ui_frmEditCatalog.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
+
+// Logical pixels.
+constexpr int PictureWidth = 23;  // 350 of the twips in which the window was designed, 15 to a pixel
+constexpr int DescriptionWidth = 280;
+
+}  // namespace
+
+frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmEditCatalog) {
+  ui_->setupUi(this);
+  grdProducts = ui_->grdProducts;
+  handlers_ = {
+      {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
+      {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
+      {u"mnuCopia"_qs, [this] { mnuCopia_Click(); }},
+      {u"mnuOrdinePubbl"_qs, [this] { mnuOrdinePubbl_Click(); }},
+      {u"mnuResizeCol"_qs, [this] { mnuResizeCol_Click(); }},
+  };
+  editing_ = std::make_unique<ProductEditing>(grdProducts->Rows(), this);
+  preview_ = new WidgetGridPreview(*grdProducts);
+  lblProdotti = new QLabel(this);
+  lblProdotti->setObjectName(u"lblProdotti"_qs);
+  lblSelezionati = new QLabel(this);
+  lblSelezionati->setObjectName(u"lblSelezionati"_qs);
+  for (QLabel* label : {lblProdotti, lblSelezionati}) label->setContentsMargins(8, 2, 8, 2);
+  ui_->stb->addWidget(lblProdotti);
+  ui_->stb->addPermanentWidget(lblSelezionati);
+  MakeToolbar();
+  MakeMenus();
+  ConnectGrid();
+}
+
+// The grid, as all controls, outlives the members that it works on.
+frmEditCatalog::~frmEditCatalog() { ReleaseAll(); }
+
+void frmEditCatalog::MakeToolbar() {
+  for (const ToolbarCommand& command : GridToolbar) {
+    const QString key = Text(command.key);
+    QAction* action = ui_->tbr->addAction(CommandIcon(Text(command.icon)), Text(command.caption.italian));
+    action->setObjectName(key);
+    action->setToolTip(Text(command.toolTip.italian));
+    action->setShortcut(QKeySequence(Text(command.shortcut)));
+    action->setEnabled(handlers_.count(key) > 0);
+    connect(action, &QAction::triggered, this, [this, key] { Run(key); });
+    ui_->tbr->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+  }
+  mnuPubblica = new QMenu(this);
+  mnuPubblica->setObjectName(u"mnuPubblica"_qs);
+}
+
+void frmEditCatalog::MakeMenus() {
+  mnuGriglia = new QMenu(u"Griglia"_qs, this);
+  mnuGriglia->setObjectName(u"mnuGriglia"_qs);
+  for (const MenuCommand& command : GridMenu) {
+    const QString key = Text(command.key);
+    QAction* entry = mnuGriglia->addAction(Text(command.caption.italian), this, [this, key] { Run(key); });
+    entry->setObjectName(key);
+  }
+  mnuColonna = new WidgetColumnMenu(*grdProducts);
+}
+
+void frmEditCatalog::Run(const QString& key) {
+  const auto handler = handlers_.find(key);
+  if (handler != handlers_.end()) handler->second();
+}
+
+void frmEditCatalog::LoadForm() {
+  FillPublishMenu();
+  Caricamento = true;
+  LoadCatalog();
+  Caricamento = false;
+  if (grdProducts->Rows().RecordCount() > 0) grdProducts->GoTo(0);
+  if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
+  Localize_Form();
+  ShowCounts();
+  grdProducts->setFocus();
+}
+
+// The button itself does nothing: its entries say with what to publish.
+void frmEditCatalog::FillPublishMenu() {
+  for (const PluginEntry& plugin : Plugins) {
+    QAction* entry = mnuPubblica->addAction(plugin.icon, plugin.name, this,
+                                            [this, key = plugin.identifier] { PublishWith(key); });
+    entry->setObjectName(plugin.identifier);
+  }
+  auto* action = findChild<QAction*>(u"cmdPublish"_qs);
+  auto* button = qobject_cast<QToolButton*>(ui_->tbr->widgetForAction(action));
+  button->setMenu(mnuPubblica);
+  button->setPopupMode(QToolButton::InstantPopup);
+  action->setEnabled(!Plugins.empty());
+}
+
+void frmEditCatalog::Localize_Form() {
+  if (Language != u"English") return;
+  setWindowTitle(u"Edit catalog"_qs);
+  ui_->tbr->setWindowTitle(u"Commands"_qs);
+  grdProducts->setAccessibleName(u"Products"_qs);
+  for (const ToolbarCommand& command : GridToolbar) {
+    auto* action = findChild<QAction*>(Text(command.key));
+    action->setText(Text(command.caption.english));
+    action->setToolTip(Text(command.toolTip.english));
+  }
+  mnuGriglia->setTitle(u"Grid"_qs);
+  for (const MenuCommand& command : GridMenu)
+    mnuGriglia->findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
+  mnuColonna->Localize();
+}
+
+void frmEditCatalog::LoadCatalog() {
+  IDCatalogo = rsCatalogo.Value(u"IDCatalogo"_qs).toInt();
+  fields_ = ProductGridFields::Of(rsCatalogo);
+  editing_->SetCatalog(IDCatalogo, fields_, *Connessione);
+  LayoutGriglia.clear();
+  LoadGrid(true);
+}
+
+void frmEditCatalog::LoadGrid(bool keepLayout) {
+  const WaitCursor wait;
+  try {
+    if (grdProducts->LeaveRow()) FillGrid(keepLayout);
+  } catch (const std::exception& error) {
+    qCDebug(products) << "the grid was not loaded whole:" << DescriptionOf(error);
+  }
+}
+
+void frmEditCatalog::FillGrid(bool keepLayout) {
+  const int row = grdProducts->CurrentRow();
+  const QString code = NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Codice));
+  OpenGrid();
+  if (!Caricamento && keepLayout) LayoutGriglia = LayoutText(grdProducts->Layout());
+  std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo, *Connessione);
+  DecorateColumns(columns);
+  grdProducts->Bind(rsGriglia, std::move(columns));
+  PlacePictureColumns();
+  ArrangeGrid(keepLayout);
+  GoToProduct(code);
+  editing_->OfferDefaults();
+  ShowCounts();
+}
+
+// Where the statement fails the grid is empty.
+void frmEditCatalog::OpenGrid() {
+  Recordset fresh;
+  try {
+    fresh.Open(ProductGridStatement(fields_, CondizioneRicerca), *Connessione, CursorType::Keyset,
+               LockType::Optimistic, {IDCatalogo});
+  } catch (const Error&) {
+    grdProducts->Rows().Unbind();
+    rsGriglia.Close();
+    throw;
+  }
+  rsGriglia = std::move(fresh);
+}
+
+void frmEditCatalog::DecorateColumns(std::vector<GridColumn>& columns) const {
+  for (std::size_t i = 0; i < fields_.filters.size(); ++i)
+    if (fields_.filters[i].inUse) columns[ProductColumn::IDFiltro1 + i].icon = CommandIcon(u"filter"_qs);
+  columns[ProductColumn::SchedaPicture].icon = CommandIcon(u"sheet"_qs);
+  columns[ProductColumn::ImmaginePicture].icon = CommandIcon(u"picture"_qs);
+  columns[ProductColumn::Ordine].alignment = Qt::AlignRight | Qt::AlignVCenter;
+}
+
+void frmEditCatalog::PlacePictureColumns() {
+  grdProducts->SetColumnPosition(u"Scheda"_qs, 0);
+  grdProducts->SetColumnPosition(u"Immagine"_qs, 1);
+  for (const int column : {ProductColumn::SchedaPicture, ProductColumn::ImmaginePicture})
+    grdProducts->setColumnWidth(column, PictureWidth);
+  if (Caricamento) grdProducts->setColumnWidth(ProductColumn::Descrizione, DescriptionWidth);
+}
+
+// A drop-down's texts always stand at the left.
+void frmEditCatalog::ArrangeGrid(bool keepLayout) {
+  if (!LayoutGriglia.isEmpty() && keepLayout)
+    grdProducts->ApplyLayout(ParseLayout(LayoutGriglia));
+  else if (Caricamento)
+    LoadLayoutFile();
+  for (const NamedField& filter : fields_.filters)
+    if (filter.inUse) grdProducts->SetAlignment(filter.key, GridAlignment::Left);
+}
+
+QString frmEditCatalog::LayoutFile() const { return AppFile(u"Layouts/%1.lyt"_qs.arg(IDCatalogo)); }
+
+// A file that is no layout leaves the columns as they are bound.
+void frmEditCatalog::LoadLayoutFile() {
+  try {
+    QDir().mkpath(AppFile(u"Layouts"_qs));
+    if (QFile::exists(LayoutFile())) grdProducts->ApplyLayout(LoadLayout(LayoutFile()));
+  } catch (const Error& error) {
+    qCDebug(products) << LayoutFile() << error.Description();
+  }
+}
+
+void frmEditCatalog::SaveLayoutFile() {
+  try {
+    if (rsGriglia.IsOpen()) SaveLayout(grdProducts->Layout(), LayoutFile());
+  } catch (const Error& error) {
+    qCDebug(products) << LayoutFile() << error.Description();
+  }
+}
+
+// Without a code, or where the product is not among those shown, the first one.
+void frmEditCatalog::GoToProduct(const QString& code) {
+  const RecordsetModel& rows = grdProducts->Rows();
+  const int row = code.isEmpty() ? -1 : rows.FindRow(rows.Column(ProductColumn::Codice).key, code);
+  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0));
+}
+
+void frmEditCatalog::ShowCounts() {
+  const int count = grdProducts->Rows().RecordCount();
+  const int selected = grdProducts->SelectedCount();
+  const QLocale locale;
+  lblProdotti->setText((count == 1 ? EitherLanguage(u"%1 prodotto"_qs, u"%1 product"_qs)
+                                   : EitherLanguage(u"%1 prodotti"_qs, u"%1 products"_qs))
+                           .arg(locale.toString(count)));
+  lblSelezionati->setText((selected == 1 ? EitherLanguage(u"%1 selezionato"_qs, u"%1 selected"_qs)
+                                         : EitherLanguage(u"%1 selezionati"_qs, u"%1 selected"_qs))
+                              .arg(locale.toString(selected)));
+}
+
+void frmEditCatalog::closeEvent(QCloseEvent* event) {
+  if (!grdProducts->LeaveRow()) return event->ignore();
+  SaveLayoutFile();
+  ReleaseAll();
+  event->accept();
+  Q_EMIT Closed();
+}
+
+void frmEditCatalog::ReleaseAll() {
+  grdProducts->Rows().Unbind();
+  rsGriglia.Close();
+  rsCatalogo.Close();
+  Connessione.reset();
+}
+
+}  // namespace vorlina

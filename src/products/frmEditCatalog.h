@@ -1,0 +1,121 @@
+// The window in which the products of one catalog are listed and edited. Nearly all of it is one grid over a
+// live recordset: a row is written as soon as it is left, and there is nothing to save. Several can be open
+// at once, also on the same catalog.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "grid/RecordsetModel.h"
+#include "products/ProductGridQuery.h"
+#include "publish/PluginHost.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+
+namespace vorlina {
+
+class DataGrid;
+class ProductEditing;
+class WidgetColumnMenu;
+class WidgetGridPreview;
+
+namespace Ui {
+class frmEditCatalog;
+}
+
+class frmEditCatalog : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit frmEditCatalog(QWidget* parent = nullptr);
+  ~frmEditCatalog() override;
+
+  // Set by the opener before LoadForm: the window's own connection, a recordset of Cataloghi on it that
+  // stands on the catalog, and what the catalog can be published with.
+  std::unique_ptr<Connection> Connessione;
+  Recordset rsCatalogo;
+  std::vector<PluginEntry> Plugins;
+
+  // What the grid shows.
+  Recordset rsGriglia;
+  // Text behind the grid's SELECT; empty unless a search is in force.
+  QString CondizioneRicerca;
+  // The grid's layout between two reloads.
+  QString LayoutGriglia;
+
+  // Fills the window. To be called once, before it is shown. Throws Error where the catalog cannot be read.
+  void LoadForm();
+  // Reads the catalog's names anew and fills the grid. Throws Error.
+  void LoadCatalog();
+  // Reopens the grid's recordset and rebuilds the columns; the grid stays on the product it stood on. What
+  // fails ends it and is not told: the grid stays as far as it got. A row in edit that cannot be written
+  // keeps the grid as it is.
+  void LoadGrid(bool keepLayout);
+
+ Q_SIGNALS:
+  // The window was closed.
+  void Closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void MakeToolbar();
+  void MakeMenus();
+  void ConnectGrid();
+  void Localize_Form();
+  void FillPublishMenu();
+  void Run(const QString& key);
+
+  void FillGrid(bool keepLayout);
+  void OpenGrid();
+  void DecorateColumns(std::vector<GridColumn>& columns) const;
+  void PlacePictureColumns();
+  void ArrangeGrid(bool keepLayout);
+  void LoadLayoutFile();
+  void SaveLayoutFile();
+  QString LayoutFile() const;
+  void GoToProduct(const QString& code);
+  void ReleaseAll();
+
+  QVariant PictureOf(int row, int column, int role) const;
+  QString CodeKey() const;
+  void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
+  void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
+  void DropFiles(int row, const QStringList& files);
+
+  void ToggleSort(const QString& key, SortDirection present);
+  void DropRows(int row);
+  void SortByOrder();
+  void mnuOrdinePubbl_Click();
+  void mnuCopia_Click();
+  void mnuResizeCol_Click();
+  void ShowCounts();
+  void cmdDelete_Click();
+  void cmdImmagini_Click();
+  void PublishWith(const QString& identifier);
+
+  std::unique_ptr<Ui::frmEditCatalog> ui_;
+  DataGrid* grdProducts;
+  // What a key of the toolbar or of the menu does. A command that is not here is disabled.
+  std::map<QString, std::function<void()>> handlers_;
+  QMenu* mnuGriglia;
+  WidgetColumnMenu* mnuColonna;
+  QMenu* mnuPubblica;
+  QLabel* lblProdotti;
+  QLabel* lblSelezionati;
+  WidgetGridPreview* preview_;
+  std::unique_ptr<ProductEditing> editing_;
+  ProductGridFields fields_;
+  int IDCatalogo = 0;
+  bool Caricamento = false;
+};
+
+}  // namespace vorlina

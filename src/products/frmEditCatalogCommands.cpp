@@ -1,0 +1,195 @@
+// What the user does in the product grid's window: the grid's events, its menus, and the toolbar's commands.
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QPointer>
+#include <QScrollBar>
+
+#include "base/CommandIcon.h"
+#include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/WaitCursor.h"
+#include "grid/DataGrid.h"
+#include "images/frmImageViewer.h"
+#include "products/PictureDrop.h"
+#include "products/ProductEditing.h"
+#include "products/PublicationOrder.h"
+#include "products/WidgetColumnMenu.h"
+#include "products/WidgetGridPreview.h"
+#include "products/frmEditCatalog.h"
+
+namespace vorlina {
+namespace {
+
+// Logical pixels; 1500 of the twips in which the window was designed, 15 to a pixel.
+constexpr int RestoredWidth = 100;
+
+const QString PictureKey = u"Immagine"_qs;
+
+}  // namespace
+
+void frmEditCatalog::ConnectGrid() {
+  RecordsetModel& rows = grdProducts->Rows();
+  rows.OnUnboundData = [this](int row, int column, int role) { return PictureOf(row, column, role); };
+  const auto counts = [this] { ShowCounts(); };
+  connect(&rows, &QAbstractItemModel::rowsInserted, this, counts);
+  connect(&rows, &QAbstractItemModel::rowsRemoved, this, counts);
+  connect(&rows, &QAbstractItemModel::modelReset, this, counts);
+  connect(grdProducts, &DataGrid::SelectedRowsChanged, this, counts);
+  connect(grdProducts, &DataGrid::RowFailed, this,
+          [this](const QString& text) { TheDialogs().Message(this, text, BoxStyle::Stop); });
+  // The grid is still leaving the row: where it stands is settled behind it.
+  connect(
+      &rows, &RecordsetModel::RowInserted, this,
+      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeKey()); }, Qt::QueuedConnection);
+  connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
+    preview_->Hide();
+    if (key == CodeKey() && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
+  });
+  connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
+  connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
+  connect(grdProducts, &DataGrid::CellPressed, this, &frmEditCatalog::PressCell);
+  connect(grdProducts, &DataGrid::CellHovered, this, [this](int row, const QString& key) {
+    if (row < 0 || key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
+  });
+  connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
+  connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
+  grdProducts->SetAcceptsFiles(true);
+  connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) { grdProducts->GoTo(row); });
+  // The program that the files come from waits for the end of the drop.
+  connect(grdProducts, &DataGrid::FilesDropped, this, &frmEditCatalog::DropFiles, Qt::QueuedConnection);
+}
+
+QString frmEditCatalog::CodeKey() const { return grdProducts->Rows().Column(ProductColumn::Codice).key; }
+
+QVariant frmEditCatalog::PictureOf(int row, int column, int role) const {
+  const RecordsetModel& rows = grdProducts->Rows();
+  if (role != Qt::DecorationRole && role != Qt::AccessibleTextRole) return {};
+  const bool sheet = column == ProductColumn::SchedaPicture;
+  const bool shown = sheet ? rows.Value(row, ProductColumn::SchedaTecnica).toBool()
+                           : !rows.Value(row, ProductColumn::Immagine).isNull();
+  if (!shown) return {};
+  if (role == Qt::AccessibleTextRole) return rows.Column(column).toolTip;
+  return rows.Column(column).icon;
+}
+
+void frmEditCatalog::PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position) {
+  if (button == Qt::RightButton) mnuColonna->PopUp(key, grdProducts->mapToGlobal(position));
+}
+
+void frmEditCatalog::PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position) {
+  if (row < 0) return;
+  if (button == Qt::RightButton) {
+    mnuGriglia->findChild<QAction*>(u"mnuCopia"_qs)->setEnabled(grdProducts->SelectedCount() > 0);
+    mnuGriglia->popup(grdProducts->mapToGlobal(position));
+  } else if (key == PictureKey) {
+    preview_->Show(NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Immagine)), position);
+  }
+}
+
+// The third click on a column takes its sort away.
+void frmEditCatalog::ToggleSort(const QString& key, SortDirection present) {
+  const WaitCursor wait;
+  grdProducts->SetSort(key, present == SortDirection::None        ? SortDirection::Ascending
+                            : present == SortDirection::Ascending ? SortDirection::Descending
+                                                                  : SortDirection::None);
+}
+
+// A row number and an order number are taken for the same thing here, which holds where the grid is sorted by
+// order and the order has no gaps.
+void frmEditCatalog::DropRows(int row) {
+  const std::optional<RowBlock> block = BlockOf(grdProducts->SelectedRows());
+  if (!block) return grdProducts->clearSelection();
+  const int count = grdProducts->Rows().RecordCount();
+  const int target = row < 0 ? 1 : std::min(row + 1, count);
+  const WaitCursor wait;
+  switch (MoveBlock(IDCatalogo, block->first + 1, block->last + 1, target, *Connessione)) {
+    case BlockMove::InPlace:
+      return;
+    case BlockMove::NothingToMove:
+      return grdProducts->KeepDragging();
+    case BlockMove::Moved:
+      SortByOrder();
+  }
+}
+
+void frmEditCatalog::SortByOrder() {
+  const int top = grdProducts->rowAt(0);
+  grdProducts->SetSort(grdProducts->Rows().Column(ProductColumn::Ordine).key, SortDirection::Ascending);
+  grdProducts->scrollTo(grdProducts->Rows().index(top, grdProducts->currentIndex().column()),
+                        QAbstractItemView::PositionAtTop);
+  grdProducts->clearSelection();
+}
+
+void frmEditCatalog::mnuOrdinePubbl_Click() {
+  if (!grdProducts->LeaveRow()) return;
+  const WaitCursor wait;
+  RecordsetModel& rows = grdProducts->Rows();
+  std::vector<qint64> bookmarks;
+  bookmarks.reserve(std::size_t(rows.RecordCount()));
+  for (int row = 0; row < rows.RecordCount(); ++row) bookmarks.push_back(rows.BookmarkOf(row));
+  RenumberProducts(IDCatalogo, bookmarks, *Connessione);
+  rows.Refresh();
+  grdProducts->GoTo(0);
+}
+
+// Without a row of captions and without quotes: a ";" in a cell is not marked.
+void frmEditCatalog::mnuCopia_Click() {
+  const WaitCursor wait;
+  QApplication::clipboard()->clear();
+  QApplication::clipboard()->setText(grdProducts->CopySelection(u";"_qs, u"\r\n"_qs));
+}
+
+void frmEditCatalog::mnuResizeCol_Click() {
+  for (int column = 0; column < ProductColumn::BoundCount; ++column)
+    grdProducts->setColumnWidth(column, RestoredWidth);
+}
+
+void frmEditCatalog::cmdDelete_Click() {
+  if (grdProducts->SelectedCount() == 0 || grdProducts->Rows().IsAddNewRow(grdProducts->CurrentRow())) return;
+  grdProducts->setFocus();
+  grdProducts->DeleteSelected();
+}
+
+// The product that was picked by its picture becomes the current one.
+void frmEditCatalog::cmdImmagini_Click() {
+  if (!grdProducts->LeaveRow()) return;
+  frmImageViewer viewer(this);
+  viewer.IDCatalogo = IDCatalogo;
+  viewer.Connection = Connessione.get();
+  const QString code = viewer.ShowCatalog(CondizioneRicerca);
+  if (!code.isEmpty()) GoToProduct(code);
+}
+
+void frmEditCatalog::PublishWith(const QString& identifier) {
+  const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
+  PublishCatalog(*plugin, *Connessione, IDCatalogo);
+}
+
+// Files that are no pictures are passed over. The first that fails ends it, and the grid stays as it is then.
+void frmEditCatalog::DropFiles(int row, const QStringList& files) {
+  const RecordsetModel& rows = grdProducts->Rows();
+  const QString code = NullToEmpty(rows.Value(row, ProductColumn::Codice));
+  const int catalog = rows.Value(row, ProductColumn::IDCatalogo).toInt();
+  const auto ask = [this](const QString& file) {
+    return TheDialogs().Input(
+        this, EitherLanguage(u"Descrizione immagine per "_qs, u"Image description for "_qs) + file,
+        EitherLanguage(u"Aggiungi/modifica immagine"_qs, u"Add/edit image"_qs), {});
+  };
+  try {
+    PictureDrop drop(catalog, code, *Connessione);
+    for (const QString& file : files) {
+      const WaitCursor wait;
+      if (PictureDrop::IsPicture(file)) drop.Add(file, ask);
+    }
+  } catch (const std::exception& error) {
+    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
+    return;
+  }
+  GoToProduct(code);
+  LoadGrid(true);
+}
+
+}  // namespace vorlina
