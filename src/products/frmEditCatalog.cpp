@@ -40,6 +40,7 @@ constexpr int DescriptionWidth = 280;
 frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmEditCatalog) {
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
+  grdProducts->setEditTriggers(grdProducts->editTriggers() | QAbstractItemView::DoubleClicked);
   handlers_ = {
       {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
       {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
@@ -100,7 +101,6 @@ void frmEditCatalog::LoadForm() {
   Caricamento = true;
   LoadCatalog();
   Caricamento = false;
-  if (grdProducts->Rows().RecordCount() > 0) grdProducts->GoTo(0);
   NumberUnnumbered();
   Localize_Form();
   ShowCounts();
@@ -244,7 +244,8 @@ void frmEditCatalog::SaveLayoutFile() {
 void frmEditCatalog::GoToProduct(const QString& code) {
   const RecordsetModel& rows = grdProducts->Rows();
   const int row = code.isEmpty() ? -1 : rows.FindRow(CodeColumn, code);
-  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0));
+  const QString column = grdProducts->CurrentKey();
+  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0), column.isEmpty() ? CodeColumn : column);
 }
 
 void frmEditCatalog::ShowCounts() {

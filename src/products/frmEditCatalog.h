@@ -65,6 +65,7 @@ class frmEditCatalog : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void MakeToolbar();
@@ -88,6 +89,7 @@ class frmEditCatalog : public QMainWindow {
 
   QVariant PictureOf(int row, int column, int role) const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
+  void PopUpGridMenu(const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void DropFilesOn(int row, const QStringList& files);
   void DropFiles(int catalog, const QString& code, const QStringList& files);
