@@ -52,7 +52,8 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
   connect(grdProducts, &DataGrid::CellPressed, this, &frmEditCatalog::PressCell);
   connect(grdProducts, &DataGrid::CellHovered, this, [this](int row, const QString& key) {
-    if (row < 0 || key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
+    if (row < 0) return preview_->PointerLeft();
+    if (key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
   });
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
