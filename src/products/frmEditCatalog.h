@@ -82,11 +82,10 @@ class frmEditCatalog : public QMainWindow {
   void LoadLayoutFile();
   void SaveLayoutFile();
   QString LayoutFile() const;
-  void GoToProduct(const QString& code);
+  void GoToProduct(const QString& code, const QString& key);
   void ReleaseAll();
 
   QVariant PictureOf(int row, int column, int role) const;
-  QString CodeKey() const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void DropFiles(int row, const QStringList& files);

@@ -13,6 +13,7 @@
 #include "base/WaitCursor.h"
 #include "grid/DataGrid.h"
 #include "images/frmImageViewer.h"
+#include "products/CellRules.h"
 #include "products/PictureDrop.h"
 #include "products/ProductEditing.h"
 #include "products/PublicationOrder.h"
@@ -43,10 +44,10 @@ void frmEditCatalog::ConnectGrid() {
   // The grid is still leaving the row: where it stands is settled behind it.
   connect(
       &rows, &RecordsetModel::RowInserted, this,
-      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeKey()); }, Qt::QueuedConnection);
+      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeColumn); }, Qt::QueuedConnection);
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
     preview_->Hide();
-    if (key == CodeKey() && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
+    if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
   });
   connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
@@ -62,8 +63,6 @@ void frmEditCatalog::ConnectGrid() {
   // The program that the files come from waits for the end of the drop.
   connect(grdProducts, &DataGrid::FilesDropped, this, &frmEditCatalog::DropFiles, Qt::QueuedConnection);
 }
-
-QString frmEditCatalog::CodeKey() const { return grdProducts->Rows().Column(ProductColumn::Codice).key; }
 
 QVariant frmEditCatalog::PictureOf(int row, int column, int role) const {
   const RecordsetModel& rows = grdProducts->Rows();
@@ -161,7 +160,7 @@ void frmEditCatalog::cmdImmagini_Click() {
   viewer.IDCatalogo = IDCatalogo;
   viewer.Connection = Connessione.get();
   const QString code = viewer.ShowCatalog(CondizioneRicerca);
-  if (!code.isEmpty()) GoToProduct(code);
+  if (!code.isEmpty()) GoToProduct(code, grdProducts->CurrentKey());
 }
 
 void frmEditCatalog::PublishWith(const QString& identifier) {
@@ -189,7 +188,7 @@ void frmEditCatalog::DropFiles(int row, const QStringList& files) {
     TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
     return;
   }
-  GoToProduct(code);
+  GoToProduct(code, grdProducts->CurrentKey());
   LoadGrid(true);
 }
 

@@ -67,6 +67,7 @@ class GridWindow : public CatalogFixture {
   bool Close() {
     const bool closed = window_->close();
     EXPECT_NE(closed, window_->isVisible());
+    QCoreApplication::processEvents();
     return closed;
   }
 
