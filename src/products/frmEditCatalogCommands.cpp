@@ -59,7 +59,11 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
   grdProducts->SetAcceptsFiles(true);
-  connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) { grdProducts->GoTo(row); });
+  // Only a mark: the row in edit is not left before the files are dropped.
+  connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) {
+    grdProducts->selectionModel()->select(grdProducts->Rows().index(row, 0),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  });
   // The program that the files come from waits for the end of the drop.
   connect(grdProducts, &DataGrid::FilesDropped, this, &frmEditCatalog::DropFiles, Qt::QueuedConnection);
 }
@@ -164,6 +168,7 @@ void frmEditCatalog::cmdImmagini_Click() {
 }
 
 void frmEditCatalog::PublishWith(const QString& identifier) {
+  if (!grdProducts->LeaveRow()) return;
   const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
   PublishCatalog(*plugin, *Connessione, IDCatalogo);
 }

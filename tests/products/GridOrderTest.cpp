@@ -153,6 +153,16 @@ TEST_F(GridOrder, BelowTheRowsIsTheLastOne) {
   EXPECT_EQ(Orders(), u"c1 a2 b3"_qs) << "the row for new products is none";
 }
 
+TEST_F(GridOrder, UnderAnotherSortADragCountsTheRowsOnTheScreen) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
+  Open();
+  Click(HeadOf(Code));
+  Click(HeadOf(Code));
+  Drag({4}, 1);
+  EXPECT_EQ(Orders(), u"d1 a2 b3 c4"_qs) << "the fourth in the order went to the first place";
+  EXPECT_EQ(Sort() + u' ' + Codes(), u"+Ordine d a b c"_qs);
+}
+
 TEST_F(GridOrder, ADragWritesTheRowInEditOrDoesNotBegin) {
   AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
   Open();

@@ -3,7 +3,6 @@
 
 #include "GridWindowFixture.h"
 #include "images/ImagePipeline.h"
-#include "support/FullDisk.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -96,6 +95,17 @@ TEST_F(GridPictures, ADropThatFailsKeepsWhatCameBefore) {
     EXPECT_EQ(Stored(u"a"_qs, u"Immagine IS NOT NULL"_qs), u"1"_qs) << file;
     EXPECT_EQ(Count(u"Immagini"_qs), 1) << file;
   }
+}
+
+TEST_F(GridPictures, FilesOverARowThatCannotBeLeft) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  Open();
+  Type(0, Code, u"b"_qs);
+  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  DropFiles(2, {Picture(u"a.jpg"_qs)});  // told once, at the drop
+  EXPECT_EQ(Images(), QString());
+  EXPECT_EQ(Shown(0, Code), u"b"_qs) << "what was typed is still there";
+  EXPECT_EQ(Rows().EditRow(), 0);
 }
 
 TEST_F(GridPictures, AHundredFilesAtOnce) {

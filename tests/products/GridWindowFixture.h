@@ -52,6 +52,7 @@ class GridWindow : public CatalogFixture {
     window->rsCatalogo.Open(u"SELECT * FROM Cataloghi"_qs, *window->Connessione, CursorType::Keyset,
                             LockType::Optimistic);
     window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, catalog_);
+    window->Plugins = plugins_;
     window->LoadForm();
     window->resize(1300, 500);
     window->show();
@@ -209,6 +210,7 @@ class GridWindow : public CatalogFixture {
   }
   int AddNewRow() const { return Rows().RecordCount(); }
 
+  std::vector<PluginEntry> plugins_;
   ScriptedDialogs dialogs_;
   std::vector<std::unique_ptr<frmEditCatalog>> windows_;
   frmEditCatalog* window_ = nullptr;

@@ -153,6 +153,19 @@ TEST_F(GridWindowTest, ARowThatIsDeletedInTheMiddleOfAnEdit) {
   EXPECT_TRUE(Close());
 }
 
+TEST_F(GridWindowTest, TheRowInEditIsWrittenBeforeTheCatalogIsPublished) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  plugins_ = {{u"Test.None"_qs, u"None"_qs, {}, {}}};
+  Open();
+  Type(0, Description, u"typed"_qs);
+  EXPECT_THROW(Find<QAction>(u"Test.None"_qs)->trigger(), Error) << "there is no such plug-in";
+  EXPECT_EQ(Stored(u"a"_qs, Description), u"typed"_qs);
+  Type(0, Code, u"b"_qs);
+  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  Find<QAction>(u"Test.None"_qs)->trigger();
+  EXPECT_EQ(Rows().EditRow(), 0) << "nothing is published then";
+}
+
 TEST_F(GridWindowTest, ALockThatPassesIsWaitedFor) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
