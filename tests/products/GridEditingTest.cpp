@@ -7,9 +7,6 @@ namespace {
 
 class GridEditing : public GridWindow {};
 
-const QString Code = QStringLiteral("Codice");
-const QString Description = QStringLiteral("Descrizione");
-
 }  // namespace
 
 TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
@@ -175,24 +172,6 @@ TEST_F(GridEditing, DeletesWhatIsSelectedAfterOneQuestion) {
   EXPECT_EQ(Rows().RecordCount(), 0) << "in an empty catalog nothing is asked";
 }
 
-TEST_F(GridEditing, ADeletionThatFailsLosesNothing) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
-  const QString picture = AppFile(u"Images/1-a.jpg"_qs);
-  WriteFileSafely(picture, "x");
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='a'"_qs, {picture});
-  connection_.Execute(
-      u"CREATE TRIGGER Refuse BEFORE DELETE ON Prodotti WHEN OLD.CodiceProdotto='c' BEGIN "
-      "SELECT RAISE(ABORT, 'kept'); END"_qs);
-  Open();
-  Key(Qt::Key_A, Qt::ControlModifier);
-  dialogs_.ExpectQuestion(u"Do you want to delete selected products and their images?\r\nContinue?"_qs, true);
-  dialogs_.ExpectMessage(u"kept"_qs, BoxStyle::Stop);
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(Codes(), u"a b c"_qs);
-  EXPECT_EQ(Count(u"Prodotti"_qs), 3);
-  EXPECT_TRUE(QFile::exists(picture));
-}
-
 TEST_F(GridEditing, KeepsLongTextsWhole) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
@@ -210,13 +189,4 @@ TEST_F(GridEditing, KeepsLongTextsWhole) {
   EXPECT_EQ(Count(u"Prodotti"_qs), 2);
   EXPECT_EQ(One(u"MAX(LENGTH(CodiceProdotto))"_qs, u"Prodotti"_qs).toInt(), 100'000);
   EXPECT_TRUE(Close());
-}
-
-TEST_F(GridEditing, TheCheckOfAProductIsTurnedByTheSpaceBar) {
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  grid_->GoTo(0, u"Pubblica"_qs);
-  Key(Qt::Key_Space);
-  Key(Qt::Key_Down);
-  EXPECT_EQ(Stored(u"a"_qs, u"Pubblica"_qs) + Stored(u"b"_qs, u"Pubblica"_qs), u"falsetrue"_qs);
 }

@@ -8,9 +8,6 @@ using namespace vorlina;
 
 namespace {
 
-const QString Code = QStringLiteral("Codice");
-const QString Description = QStringLiteral("Descrizione");
-
 class GridLayoutWindow : public GridWindow {
  protected:
   GridLayoutWindow() {
@@ -71,7 +68,12 @@ TEST_F(GridLayoutWindow, AnArrangementIsFoundAgainAtTheNextOpening) {
 TEST_F(GridLayoutWindow, AFileThatIsNoLayoutLeavesTheColumnsAsTheyAre) {
   Open();
   EXPECT_TRUE(Close());
+  const QByteArray usual = ContentOf(File());
+  Open();
+  DragHead(u"Size"_qs, Code);
+  EXPECT_TRUE(Close());
   const QByteArray good = ContentOf(File());
+  EXPECT_NE(good, usual);
   struct Case {
     const char* name;
     QByteArray content;
@@ -86,7 +88,7 @@ TEST_F(GridLayoutWindow, AFileThatIsNoLayoutLeavesTheColumnsAsTheyAre) {
     EXPECT_EQ(Captions(), usual_) << c.name;
     EXPECT_EQ(Codes(), u"a b"_qs) << c.name;
     EXPECT_TRUE(Close());
-    EXPECT_EQ(ContentOf(File()), good) << c.name << ": written anew";
+    EXPECT_EQ(ContentOf(File()), usual) << c.name << ": written anew";
   }
   // One whose columns this catalog does not have, and whose values make no sense.
   WriteFileSafely(File(), R"({"format":"vorlina-grid-layout","version":1,"sort":"gone","columns":[

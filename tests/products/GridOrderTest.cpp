@@ -13,7 +13,6 @@ class GridOrder : public GridWindow {
   }
 };
 
-const QString Code = QStringLiteral("Codice");
 const QString Order = QStringLiteral("Ordine");
 
 }  // namespace
@@ -94,21 +93,28 @@ TEST_F(GridOrder, ABlockIsDraggedAboveOrBelowOthers) {
     int to;
     QString after;
   };
-  for (Case c : {Case{"up", {3, 4}, 1, u"c1 d2 a3 b4 e5"_qs},
-                 Case{"the last to the first", {5}, 1, u"e1 a2 b3 c4 d5"_qs},
-                 Case{"down", {1, 2}, 4, u"c1 d2 a3 b4 e5"_qs}, Case{"by one", {2}, 3, u"a1 c2 b3 d4 e5"_qs},
-                 Case{"all but one", {2, 3, 4, 5}, 1, u"b1 c2 d3 e4 a5"_qs},
-                 Case{"in place", {2, 3}, 2, u"a1 b2 c3 d4 e5"_qs},
-                 Case{"selected from below", {4, 3}, 1, u"c1 d2 a3 b4 e5"_qs}}) {
+  constexpr int Below = 99;
+  const QString unmoved = u"a1 b2 c3 d4 e5"_qs;
+  for (const Case& c :
+       {Case{"up", {3, 4}, 1, u"c1 d2 a3 b4 e5"_qs},
+        Case{"the last to the first", {5}, 1, u"e1 a2 b3 c4 d5"_qs},
+        Case{"down", {1, 2}, 4, u"c1 d2 a3 b4 e5"_qs}, Case{"by one", {2}, 3, u"a1 c2 b3 d4 e5"_qs},
+        Case{"all but one", {2, 3, 4, 5}, 1, u"b1 c2 d3 e4 a5"_qs},
+        Case{"in place", {2, 3}, 2, u"a1 b2 c3 d4 e5"_qs},
+        Case{"selected from below", {4, 3}, 1, u"c1 d2 a3 b4 e5"_qs},
+        Case{"onto the row for new products", {1}, 6, u"b1 c2 d3 e4 a5"_qs},
+        Case{"below the rows", {1}, Below, u"b1 c2 d3 e4 a5"_qs},
+        Case{"with holes", {2, 4}, 1, u"a1 b2 c3 d4 e5"_qs}}) {
     catalog_ = AddCatalog(u"Catalog"_qs);
     for (int i = 0; i < 5; ++i) AddProduct(catalog_, QString(QChar(u'a' + i)), i + 1);
     Open();
-    Drag(c.rows, c.to);
+    const QPoint below = PointOf(AddNewRow(), Code) + QPoint(0, 100);
+    Drag(c.rows, c.to == Below ? below : PointOf(c.to - 1, Code));
     EXPECT_EQ(Orders(), c.after) << c.name;
-    const bool moved = c.after != u"a1 b2 c3 d4 e5";
-    EXPECT_EQ(Sort(), moved ? u"+Ordine"_qs : QString()) << c.name;
+    EXPECT_EQ(Sort(), c.after != unmoved ? u"+Ordine"_qs : QString()) << c.name;
     EXPECT_EQ(Codes(), QString(c.after).remove(QRegularExpression(u"\\d"_qs))) << c.name;
-    EXPECT_EQ(grid_->SelectedCount(), moved ? 0 : c.rows.size()) << c.name;
+    EXPECT_EQ(grid_->SelectedCount(), c.after == unmoved && c.to > 1 ? c.rows.size() : 0) << c.name;
+    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor) << c.name;
     EXPECT_TRUE(Close());
   }
 }
@@ -133,24 +139,6 @@ TEST_F(GridOrder, ADropInsideTheBlockGoesOnUntilTheNextMouseUpOrEscape) {
   Click(0, Code, Qt::ControlModifier);
   EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
   EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs) << "now a is one of the block";
-}
-
-TEST_F(GridOrder, ASelectionWithHolesIsNotMoved) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
-  Open();
-  Drag({2, 4}, 1);
-  EXPECT_EQ(Orders(), u"a1 b2 c3 d4"_qs);
-  EXPECT_EQ(grid_->SelectedCount(), 0);
-  EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST_F(GridOrder, BelowTheRowsIsTheLastOne) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
-  Open();
-  Drag({1}, PointOf(2, Code) + QPoint(0, 200));
-  EXPECT_EQ(Orders(), u"b1 c2 a3"_qs);
-  Drag({1}, PointOf(AddNewRow(), Code));
-  EXPECT_EQ(Orders(), u"c1 a2 b3"_qs) << "the row for new products is none";
 }
 
 TEST_F(GridOrder, UnderAnotherSortADragCountsTheRowsOnTheScreen) {

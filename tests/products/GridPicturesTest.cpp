@@ -9,7 +9,6 @@ using namespace vorlina;
 
 namespace {
 
-const QString Code = QStringLiteral("Codice");
 const QString Question =
     QStringLiteral("Do you want to delete selected products and their images?\r\nContinue?");
 

@@ -25,6 +25,9 @@
 
 namespace vorlina {
 
+inline const QString Code = QStringLiteral("Codice");
+inline const QString Description = QStringLiteral("Descrizione");
+
 class GridWindow : public CatalogFixture {
  protected:
   GridWindow() : catalog_(AddCatalog(u"Catalog"_qs)) {}
@@ -138,16 +141,16 @@ class GridWindow : public CatalogFixture {
   // Selects rows, counted from 1, as with Ctrl, and drags them by the first of them.
   void Drag(const QList<int>& rows, const QPoint& to) const {
     Select(rows);
-    const QPoint from = PointOf(rows.first() - 1, u"Codice"_qs);
+    const QPoint from = PointOf(rows.first() - 1, Code);
     QTest::mousePress(window_->windowHandle(), Qt::LeftButton, {}, from);
     for (int step = 1; step <= 4; ++step) Move(from + (to - from) * step / 4 + QPoint(20, 0));
     Release(to);
   }
-  void Drag(const QList<int>& rows, int to) const { Drag(rows, PointOf(to - 1, u"Codice"_qs)); }
+  void Drag(const QList<int>& rows, int to) const { Drag(rows, PointOf(to - 1, Code)); }
   void Select(const QList<int>& rows) const {
     grid_->clearSelection();
     for (qsizetype i = 0; i < rows.size(); ++i)
-      Click(rows[i] - 1, u"Codice"_qs, i == 0 ? Qt::NoModifier : Qt::ControlModifier);
+      Click(rows[i] - 1, Code, i == 0 ? Qt::NoModifier : Qt::ControlModifier);
   }
   void DropFiles(int row, const QStringList& paths) const {
     QMimeData data;
@@ -185,7 +188,7 @@ class GridWindow : public CatalogFixture {
   // The codes from above, without the add-new row.
   QString Codes() const {
     QStringList codes;
-    for (int row = 0; row < Rows().RecordCount(); ++row) codes += Shown(row, u"Codice"_qs);
+    for (int row = 0; row < Rows().RecordCount(); ++row) codes += Shown(row, Code);
     return codes.join(u' ');
   }
   // The codes by publication order, each with its number.

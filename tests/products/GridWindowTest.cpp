@@ -10,9 +10,6 @@ using namespace vorlina;
 
 namespace {
 
-const QString Code = QStringLiteral("Codice");
-const QString Description = QStringLiteral("Descrizione");
-
 class GridWindowTest : public GridWindow {
  protected:
   // A lock that would be waited for for five seconds is given up at once.
