@@ -83,6 +83,16 @@ void WidgetGridPreview::Hide() {
   HideBox();
 }
 
+// What it has gone to is known behind the event that tells of its leaving.
+void WidgetGridPreview::PointerLeft() {
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (!picExt->underMouse()) Hide();
+      },
+      Qt::QueuedConnection);
+}
+
 // The shadow waits for the next move over the grid.
 bool WidgetGridPreview::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove) HideBox();

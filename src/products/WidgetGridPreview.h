@@ -22,6 +22,8 @@ class WidgetGridPreview : public QObject {
   void Show(const QString& mainImage, QPoint point);
   // Nothing is shown, and the box has its usual size again.
   void Hide();
+  // The pointer is on no cell any more. Hides, unless it is on the box, which comes up under the pointer.
+  void PointerLeft();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

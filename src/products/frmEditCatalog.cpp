@@ -166,27 +166,29 @@ void frmEditCatalog::LoadGrid(bool keepLayout) {
 void frmEditCatalog::FillGrid(bool keepLayout) {
   const int row = grdProducts->CurrentRow();
   const QString code = NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Codice));
-  // Before the grid may become empty: where it is so already, the layout is the one kept then.
-  if (!Caricamento && keepLayout && grdProducts->Rows().columnCount() > 0)
-    LayoutGriglia = LayoutText(grdProducts->Layout());
+  const QString key = grdProducts->CurrentKey();
+  const bool shown = grdProducts->Rows().columnCount() > 0;
   OpenGrid();
   std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo, *Connessione);
   DecorateColumns(columns);
   grdProducts->Bind(rsGriglia, std::move(columns));
+  // Behind the binding, which leaves a column that has another name by now in its place.
+  if (shown && keepLayout) LayoutGriglia = LayoutText(grdProducts->Layout());
   PlacePictureColumns();
   ArrangeGrid(keepLayout);
-  GoToProduct(code);
+  GoToProduct(code, key);
   editing_->OfferDefaults();
   ShowCounts();
 }
 
-// Where the statement fails the grid is empty.
+// Where the statement fails the grid is empty; how it was arranged is kept for the next one.
 void frmEditCatalog::OpenGrid() {
   Recordset fresh;
   try {
     fresh.Open(ProductGridStatement(fields_, CondizioneRicerca), *Connessione, CursorType::Keyset,
                LockType::Optimistic, {IDCatalogo});
   } catch (const Error&) {
+    if (grdProducts->Rows().columnCount() > 0) LayoutGriglia = LayoutText(grdProducts->Layout());
     grdProducts->Rows().Unbind();
     rsGriglia.Close();
     throw;
@@ -240,12 +242,12 @@ void frmEditCatalog::SaveLayoutFile() {
   }
 }
 
-// Without a code, or where the product is not among those shown, the first one.
-void frmEditCatalog::GoToProduct(const QString& code) {
+// Without a code, or where the product is not among those shown, the first one; in the code's column where
+// the column is not there any more.
+void frmEditCatalog::GoToProduct(const QString& code, const QString& key) {
   const RecordsetModel& rows = grdProducts->Rows();
   const int row = code.isEmpty() ? -1 : rows.FindRow(CodeColumn, code);
-  const QString column = grdProducts->CurrentKey();
-  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0), column.isEmpty() ? CodeColumn : column);
+  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0), rows.ColumnOf(key) < 0 ? CodeColumn : key);
 }
 
 void frmEditCatalog::ShowCounts() {

@@ -84,7 +84,7 @@ class frmEditCatalog : public QMainWindow {
   void LoadLayoutFile();
   void SaveLayoutFile();
   QString LayoutFile() const;
-  void GoToProduct(const QString& code);
+  void GoToProduct(const QString& code, const QString& key);
   void ReleaseAll();
 
   QVariant PictureOf(int row, int column, int role) const;

@@ -55,7 +55,8 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
   connect(grdProducts, &DataGrid::CellPressed, this, &frmEditCatalog::PressCell);
   connect(grdProducts, &DataGrid::CellHovered, this, [this](int row, const QString& key) {
-    if (row < 0 || key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
+    if (row < 0) return preview_->PointerLeft();
+    if (key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
   });
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDragStarted, preview_, &WidgetGridPreview::Hide);
@@ -180,7 +181,7 @@ void frmEditCatalog::cmdImmagini_Click() {
   viewer.IDCatalogo = IDCatalogo;
   viewer.Connection = Connessione.get();
   const QString code = viewer.ShowCatalog(CondizioneRicerca);
-  if (!code.isEmpty()) GoToProduct(code);
+  if (!code.isEmpty()) GoToProduct(code, grdProducts->CurrentKey());
 }
 
 void frmEditCatalog::PublishWith(const QString& identifier) {
@@ -218,7 +219,7 @@ void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringLi
     TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
     return;
   }
-  GoToProduct(code);
+  GoToProduct(code, grdProducts->CurrentKey());
   LoadGrid(true);
 }
 

@@ -1,0 +1,168 @@
+// The publication order as it is set in the grid, and the grid's sort.
+#include "GridWindowFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+class GridOrder : public GridWindow {
+ protected:
+  QString Sort() const {
+    const QString mark = Rows().Sorted() == SortDirection::Descending ? u"-"_qs : u"+"_qs;
+    return Rows().SortColumn() < 0 ? QString() : mark + Rows().Column(Rows().SortColumn()).key;
+  }
+};
+
+const QString Order = QStringLiteral("Ordine");
+
+}  // namespace
+
+TEST_F(GridOrder, AnUnnumberedProductHasTheWholeCatalogNumberedAtOpening) {
+  struct Case {
+    QVariantList orders;  // of the products a, b, c
+    QString after;
+  };
+  const QVariant none;
+  for (const Case& c : {Case{{1, 2, 3}, u"a1 b2 c3"_qs}, Case{{7, 7, 9}, u"a7 b7 c9"_qs},
+                        Case{{3, 2, none}, u"a1 b2 c3"_qs}, Case{{none, none, none}, u"a1 b2 c3"_qs}}) {
+    catalog_ = AddCatalog(u"Catalog"_qs);
+    for (int i = 0; i < 3; ++i) AddProduct(catalog_, QString(QChar(u'a' + i)), c.orders[i]);
+    const int other = AddCatalog(u"Other"_qs);
+    AddProduct(other, u"x"_qs);
+    Open();
+    EXPECT_EQ(Orders(), c.after);
+    EXPECT_EQ(Shown(2, Order), c.after.last(1));
+    EXPECT_TRUE(One(u"OrdineTemp"_qs, u"Prodotti"_qs, u"IDCatalogo=?"_qs, {other}).isNull());
+    EXPECT_EQ(grid_->CurrentRow(), 0);
+    EXPECT_TRUE(Close());
+  }
+}
+
+TEST_F(GridOrder, TheThirdClickOnAHeadTakesTheSortAway) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  connection_.Execute(
+      u"UPDATE Prodotti SET Descrizione=CASE CodiceProdotto WHEN 'a' THEN 'mid' WHEN 'b' "
+      "THEN 'zinc' ELSE 'ash' END"_qs);
+  Open();
+  const QString key = u"Descrizione"_qs;
+  struct Case {
+    QString sort, codes;
+  };
+  for (const Case& c : {Case{u"+"_qs + key, u"c a b"_qs},
+                        {u"-"_qs + key, u"b a c"_qs},
+                        {{}, u"a b c"_qs},
+                        {u"+"_qs + key, u"c a b"_qs}}) {
+    Click(HeadOf(key));
+    EXPECT_EQ(Sort(), c.sort);
+    EXPECT_EQ(Codes(), c.codes);
+    EXPECT_EQ(Shown(grid_->CurrentRow(), Code), u"a"_qs) << "the current row goes with its product";
+  }
+  Click(HeadOf(Code));
+  EXPECT_EQ(Sort(), u"+Codice"_qs) << "another column begins anew";
+  Type(0, key, u"changed"_qs);
+  Click(HeadOf(Code));
+  EXPECT_EQ(Stored(u"a"_qs, key), u"changed"_qs) << "the row in edit is written first";
+}
+
+TEST_F(GridOrder, TheMenuNumbersWhatIsShownAsItIsShown) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
+  Open();
+  Click(HeadOf(Code));
+  Click(HeadOf(Code));
+  Type(1, u"Descrizione"_qs, u"typed"_qs);
+  Click(PointOf(1, u"Descrizione"_qs), Qt::NoModifier, Qt::RightButton);
+  Choose(u"mnuOrdinePubbl"_qs);
+  EXPECT_EQ(Orders(), u"d1 c2 b3 a4"_qs);
+  EXPECT_EQ(Stored(u"c"_qs, u"Descrizione"_qs), u"typed"_qs) << "the row in edit is not lost";
+  EXPECT_EQ(Codes(), u"d c b a"_qs);
+  EXPECT_EQ(Shown(0, Order), u"1"_qs);
+  EXPECT_EQ(grid_->CurrentRow(), 0);
+
+  // Under a search the rows that were found are numbered alone.
+  window_->CondizioneRicerca = u" AND CodiceProdotto IN ('a','b')"_qs;
+  window_->LoadGrid(true);
+  Click(PointOf(0, Code), Qt::NoModifier, Qt::RightButton);
+  Choose(u"mnuOrdinePubbl"_qs);
+  EXPECT_EQ(Orders(), u"b1 d1 a2 c2"_qs);
+}
+
+TEST_F(GridOrder, ABlockIsDraggedAboveOrBelowOthers) {
+  struct Case {
+    const char* name;
+    QList<int> rows;
+    int to;
+    QString after;
+  };
+  constexpr int Below = 99;
+  const QString unmoved = u"a1 b2 c3 d4 e5"_qs;
+  for (const Case& c :
+       {Case{"up", {3, 4}, 1, u"c1 d2 a3 b4 e5"_qs},
+        Case{"the last to the first", {5}, 1, u"e1 a2 b3 c4 d5"_qs},
+        Case{"down", {1, 2}, 4, u"c1 d2 a3 b4 e5"_qs}, Case{"by one", {2}, 3, u"a1 c2 b3 d4 e5"_qs},
+        Case{"all but one", {2, 3, 4, 5}, 1, u"b1 c2 d3 e4 a5"_qs},
+        Case{"in place", {2, 3}, 2, u"a1 b2 c3 d4 e5"_qs},
+        Case{"selected from below", {4, 3}, 1, u"c1 d2 a3 b4 e5"_qs},
+        Case{"onto the row for new products", {1}, 6, u"b1 c2 d3 e4 a5"_qs},
+        Case{"below the rows", {1}, Below, u"b1 c2 d3 e4 a5"_qs},
+        Case{"with holes", {2, 4}, 1, u"a1 b2 c3 d4 e5"_qs}}) {
+    catalog_ = AddCatalog(u"Catalog"_qs);
+    for (int i = 0; i < 5; ++i) AddProduct(catalog_, QString(QChar(u'a' + i)), i + 1);
+    Open();
+    const QPoint below = PointOf(AddNewRow(), Code) + QPoint(0, 100);
+    Drag(c.rows, c.to == Below ? below : PointOf(c.to - 1, Code));
+    EXPECT_EQ(Orders(), c.after) << c.name;
+    EXPECT_EQ(Sort(), c.after != unmoved ? u"+Ordine"_qs : QString()) << c.name;
+    EXPECT_EQ(Codes(), QString(c.after).remove(QRegularExpression(u"\\d"_qs))) << c.name;
+    EXPECT_EQ(grid_->SelectedCount(), c.after == unmoved && c.to > 1 ? c.rows.size() : 0) << c.name;
+    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor) << c.name;
+    EXPECT_TRUE(Close());
+  }
+}
+
+TEST_F(GridOrder, ADropInsideTheBlockGoesOnUntilTheNextMouseUpOrEscape) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"e"_qs});
+  Open();
+  for (const bool escapes : {true, false}) {
+    Drag({2, 3, 4}, 3);
+    EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs);
+    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::DragMoveCursor) << "the drag goes on";
+    EXPECT_EQ(grid_->SelectedCount(), 3);
+    if (escapes)
+      Key(Qt::Key_Escape);
+    else
+      Click(0, Code);  // which selects that row alone: it is dropped where it is
+    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs);
+  }
+  // With Ctrl a press keeps what is selected, and its release drops that.
+  Drag({2, 3, 4}, 3);
+  Click(0, Code, Qt::ControlModifier);
+  EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
+  EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs) << "now a is one of the block";
+}
+
+TEST_F(GridOrder, UnderAnotherSortADragCountsTheRowsOnTheScreen) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
+  Open();
+  Click(HeadOf(Code));
+  Click(HeadOf(Code));
+  Drag({4}, 1);
+  EXPECT_EQ(Orders(), u"d1 a2 b3 c4"_qs) << "the fourth in the order went to the first place";
+  EXPECT_EQ(Sort() + u' ' + Codes(), u"+Ordine d a b c"_qs);
+}
+
+TEST_F(GridOrder, ADragWritesTheRowInEditOrDoesNotBegin) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  Open();
+  Type(2, u"Descrizione"_qs, u"typed"_qs);
+  Drag({3}, 1);
+  EXPECT_EQ(Orders(), u"c1 a2 b3"_qs);
+  EXPECT_EQ(Stored(u"c"_qs, u"Descrizione"_qs), u"typed"_qs);
+
+  Type(2, Code, u"a"_qs);
+  dialogs_.ExpectMessage(u"There is already a row with Code \"a\". Choose another value."_qs, BoxStyle::Stop);
+  Drag({3}, 1);
+  EXPECT_EQ(Orders(), u"c1 a2 b3"_qs);
+  EXPECT_EQ(Rows().EditRow(), 2);
+  Key(Qt::Key_Escape);
+}
