@@ -218,8 +218,7 @@ void DataGrid::mousePressEvent(QMouseEvent* event) {
   if (stays_) return rowDrag_->Cancel();
   const QPersistentModelIndex kept = cell;
   // A click on one of several selected rows selects that one alone.
-  const EditTriggers byKey = AnyKeyPressed | EditKeyPressed;
-  setEditTriggers(SelectedCount() > 1 ? byKey : byKey | SelectedClicked);
+  setEditTriggers(editTriggers().setFlag(SelectedClicked, SelectedCount() <= 1));
   QTableView::mousePressEvent(event);
   Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
 }
