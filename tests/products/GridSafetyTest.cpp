@@ -1,0 +1,100 @@
+// What other windows and programs do meanwhile, and steps that come when they are not expected: nothing is
+// lost.
+#include "images/ImagePipeline.h"
+#include "products/GridWindowFixture.h"
+#include "support/TestJpeg.h"
+
+using namespace vorlina;
+
+using GridSafety = GridWindow;
+
+namespace {
+
+const QString DeleteQuestion = u"Do you want to delete selected products and their images?\r\nContinue?"_qs;
+const QString Replaced = u"A row was replaced meanwhile by another window or program."_qs;
+
+}  // namespace
+
+TEST_F(GridSafety, ClosingWritesANewRow) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  Type(AddNewRow(), u"Descrizione"_qs, u"new"_qs);
+  EXPECT_TRUE(window_->close());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Count(u"Prodotti"_qs), 3);
+}
+
+TEST_F(GridSafety, NoToADeletionKeepsWhatWasTyped) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  Type(0, u"Descrizione"_qs, u"typed"_qs);
+  dialogs_.ExpectQuestion(DeleteQuestion, false);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Shown(0, u"Descrizione"_qs), u"typed");
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Stored(u"a"_qs, u"Descrizione"_qs), u"typed");
+  Type(0, u"Descrizione"_qs, u"again"_qs);
+  dialogs_.ExpectQuestion(DeleteQuestion, true);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Codes(), u"b");
+}
+
+TEST_F(GridSafety, ADropOnADeletedProductIsTold) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='a'"_qs);
+  WriteFileSafely(Outside(u"x.jpg"_qs), MakeJpeg(MakePhoto({300, 200}, 1)));
+  dialogs_.ExpectMessage(u"The product was deleted meanwhile by another window or program."_qs,
+                         BoxStyle::Stop);
+  DropFiles(0, {Outside(u"x.jpg"_qs)});
+  EXPECT_EQ(dialogs_.Left(), 0);
+  DropFiles(1, {Outside(u"x.jpg"_qs)});
+  EXPECT_EQ(Stored(u"b"_qs, u"Immagine"_qs), MainImagePath(catalog_, u"b"_qs));
+}
+
+TEST_F(GridSafety, AKeyThatPassedToAnotherCatalogIsLeftAlone) {
+  const int other = AddCatalog(u"Other"_qs);
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='b'"_qs);
+  AddProduct(other, u"foreign"_qs);
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    Rows().Refresh();
+    return Shown(1, u"Codice"_qs) == u"foreign";
+  }));
+  dialogs_.ExpectMessage(Replaced + u" Press Esc to see it as it is now."_qs, BoxStyle::Stop);
+  Type(1, u"Descrizione"_qs, u"mine"_qs);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(dialogs_.Left(), 0);
+  Key(Qt::Key_Escape);
+  dialogs_.ExpectQuestion(DeleteQuestion, true);
+  dialogs_.ExpectMessage(Replaced, BoxStyle::Stop);
+  EXPECT_TRUE(grid_->GoTo(1));
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(dialogs_.Left(), 0);
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto='foreign' AND Descrizione IS NULL"_qs), 1);
+}
+
+TEST_F(GridSafety, AFilterValueOfAnotherWindowIsNotAddedTwice) {
+  Name(u"NomeFiltro1"_qs, u"Colore"_qs);
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  const int red = AddFilterValue(1, u"Rosso"_qs);
+  Change(0, u"Colore"_qs, u"rosso"_qs);
+  EXPECT_EQ(Stored(u"a"_qs, u"IDFiltro1"_qs), QString::number(red));
+  EXPECT_EQ(Count(u"Filtri"_qs), 1);
+}
+
+TEST_F(GridSafety, ADoubleClickEdits) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  Open();
+  for (int row : {1, 2, 0}) {
+    const QPoint at = PointOf(row, u"Descrizione"_qs);
+    Click(at);
+    QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
+    QCoreApplication::processEvents();
+    EXPECT_NE(Editor(), nullptr) << row;
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Editor(), nullptr) << row;
+  }
+}
