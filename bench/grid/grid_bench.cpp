@@ -1,68 +1,17 @@
 // The model of a grid over catalogs of 1,000, 100,000 and 1,000,000 products in one table, against the bare
 // SQLite statements that do the same: the two in turn, their medians compared.
 #include <malloc.h>
-#include <sqlite3.h>
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <functional>
-#include <string>
-#include <vector>
 
+#include "GridData.h"
 #include "grid/RecordsetModel.h"
-#include "store/Sqlite.h"
 
 using namespace vorlina;
 
 namespace {
 
 constexpr int PageRows = 50;
-constexpr qint64 Sizes[] = {1'000, 100'000, 1'000'000};
-constexpr int FilterValues = 200;
-
-const char* const List =
-    "CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,IDFiltro5,"
-    "Pubblica,SchedaTecnica,Immagine,IDCatalogo,OrdineTemp";
-
-// Products of the catalogs 1 to 3 come mixed, as they do when several catalogs are worked on.
-class Data {
- public:
-  explicit Data(const QString& folder) : folder_(folder + u"/grid_bench"_qs) {
-    QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) std::abort();
-    const QString path = folder_.filePath(u"Catalog.db"_qs);
-    {
-      SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-      RegisterSqlExtensions(database);
-      database.exec("PRAGMA synchronous=OFF");
-      database.exec(schema.readAll().toStdString());
-      database.exec(
-          "INSERT INTO Cataloghi (NomeCatalogo) VALUES ('a'),('b'),('c');"
-          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<200) "
-          "INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) SELECT 3,1,'Colour '||(i*7919%200) FROM n;"
-          "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<1100999) "
-          "INSERT INTO Prodotti "
-          "(IDCatalogo,CodiceProdotto,Descrizione,Valore1,IDFiltro1,Immagine,OrdineTemp) "
-          "SELECT CASE WHEN i%1101=0 THEN 1 WHEN i%11=1 AND i<1100000 THEN 2 ELSE 3 END, printf('P%07d',i),"
-          "'Description of product '||(i*7919%1101000), i%977, i*31%201, 'C:\\Images\\'||i||'.jpg', i FROM "
-          "n");
-    }
-    connection.Open(ConnectionTextFor(path));
-    for (int i = 0; i < FilterValues; ++i)
-      lookup.push_back({i + 1, u"Colour "_qs + QString::number((i + 1) * 7919 % FilterValues)});
-  }
-
-  Connection connection;
-  std::vector<LookupItem> lookup;
-
- private:
-  QTemporaryDir folder_;
-};
 
 struct Grid {
   Grid(Data& data, int catalog) {
@@ -91,70 +40,6 @@ struct Grid {
   mutable std::size_t characters = 0;
 };
 
-double Milliseconds(const std::function<void()>& step) {
-  const auto start = std::chrono::steady_clock::now();
-  step();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
-void Compare(const std::string& what, int rounds, double bound, const std::function<void()>& bare,
-             const std::function<void()>& ours) {
-  std::vector<double> bareTimes;
-  std::vector<double> ourTimes;
-  for (int i = 0; i < rounds; ++i) {
-    bareTimes.push_back(Milliseconds(bare));
-    ourTimes.push_back(Milliseconds(ours));
-  }
-  const double bareTime = Median(bareTimes);
-  const double ourTime = Median(ourTimes);
-  std::printf("%-34s bare %9.2f ms, model %9.2f ms, ratio %5.2f (at most %.2f)\n", what.c_str(), bareTime,
-              ourTime, ourTime / bareTime, bound);
-  std::fflush(stdout);
-}
-
-// A statement of the bare interface, stepped to its end.
-class Bare {
- public:
-  Bare(Data& data, const std::string& sql) : handle_(data.connection.Database().getHandle()) {
-    if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement_, nullptr) != SQLITE_OK) {
-      std::fprintf(stderr, "%s\n", sqlite3_errmsg(handle_));
-      std::abort();
-    }
-  }
-  ~Bare() { sqlite3_finalize(statement_); }
-  Bare(const Bare&) = delete;
-  Bare& operator=(const Bare&) = delete;
-
-  std::vector<sqlite3_int64> Keys(int catalog) {
-    sqlite3_bind_int(statement_, 1, catalog);
-    std::vector<sqlite3_int64> keys;
-    while (sqlite3_step(statement_) == SQLITE_ROW) keys.push_back(sqlite3_column_int64(statement_, 0));
-    return keys;
-  }
-  void Row(sqlite3_int64 key) {
-    sqlite3_bind_int64(statement_, 1, key);
-    while (sqlite3_step(statement_) == SQLITE_ROW)
-      for (int i = 0; i < sqlite3_column_count(statement_); ++i) sqlite3_column_text(statement_, i);
-    sqlite3_reset(statement_);
-  }
-  void Update(const std::string& text, sqlite3_int64 key) {
-    sqlite3_bind_text(statement_, 1, text.c_str(), -1, SQLITE_TRANSIENT);
-    sqlite3_bind_int64(statement_, 2, key);
-    if (sqlite3_step(statement_) != SQLITE_DONE) std::abort();
-  }
-
- private:
-  sqlite3* handle_;
-  sqlite3_stmt* statement_ = nullptr;
-};
-
-std::string Rows(int catalog) { return " of " + std::to_string(Sizes[catalog - 1]); }
-
 void Open(Data& data, int catalog) {
   const auto bare = [&] {
     const std::vector<sqlite3_int64> keys =
@@ -162,7 +47,7 @@ void Open(Data& data, int catalog) {
     Bare row(data, std::string("SELECT ") + List + " FROM Prodotti WHERE rowid=?");
     for (int i = 0; i < PageRows; ++i) row.Row(keys[std::size_t(i)]);
   };
-  Compare("open and one page" + Rows(catalog), catalog == 1 ? 101 : 11, 1.5, bare,
+  Compare("open and one page" + OfRows(catalog), catalog == 1 ? 101 : 11, 1.5, bare,
           [&] { Grid(data, catalog).ReadPage(0); });
 }
 
@@ -183,7 +68,7 @@ void Memory(Data& data, int catalog) {
   heldBy(1);
   const double small = heldBy(1);
   const double large = heldBy(catalog);
-  std::printf("%-34s %.2f bytes a row (at most 16); %.1f MB in all\n", ("memory" + Rows(catalog)).c_str(),
+  std::printf("%-34s %.2f bytes a row (at most 16); %.1f MB in all\n", ("memory" + OfRows(catalog)).c_str(),
               (large - small) / double(Sizes[catalog - 1] - Sizes[0]), large / 1e6);
 }
 
@@ -193,7 +78,7 @@ void Write(Data& data, int catalog, int rounds) {
   const qint64 key = grid.model.BookmarkOf(row + 1);
   int number = 0;
   Compare(
-      "one changed row" + Rows(catalog), rounds, 1.3,
+      "one changed row" + OfRows(catalog), rounds, 1.3,
       [&] {
         Bare(data, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
             .Update("text " + std::to_string(++number), key);
@@ -223,7 +108,7 @@ void Sort(Data& data, int catalog, int rounds) {
   Grid grid(data, catalog);
   for (const auto& test : cases)
     Compare(
-        "sort by " + test.name + Rows(catalog), rounds, 1.5, [&] { Bare(data, test.sql).Keys(catalog); },
+        "sort by " + test.name + OfRows(catalog), rounds, 1.5, [&] { Bare(data, test.sql).Keys(catalog); },
         [&] {
           if (!grid.model.SortBy(test.column, SortDirection::Ascending)) std::abort();
         });
@@ -239,7 +124,7 @@ void Scroll(Data& data, int catalog) {
       slowest = std::max(slowest, Milliseconds([&] { grid.ReadPage(page * PageRows); }));
   });
   std::printf("%-34s %.0f pages a second (at least 60), the slowest took %.1f ms\n",
-              ("scrolling by pages" + Rows(catalog)).c_str(), 1000 * pages / time, slowest);
+              ("scrolling by pages" + OfRows(catalog)).c_str(), 1000 * pages / time, slowest);
 }
 
 }  // namespace

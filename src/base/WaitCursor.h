@@ -1,6 +1,7 @@
 // The wait cursor, for as long as a procedure is at work.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace vorlina {

@@ -44,9 +44,11 @@ DataGrid::DataGrid(QWidget* parent)
   setVerticalHeader(rowHeader_);
   rowDrag_ = new WidgetRowDrag(*this);
   setModel(&rows_);
+  // The view would write a row after it has been left, and so once more where that has failed.
+  disconnect(selectionModel(), nullptr, &rows_, nullptr);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
-  setEditTriggers(AnyKeyPressed | EditKeyPressed | SelectedClicked);
+  setEditTriggers(AnyKeyPressed | EditKeyPressed);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
   setMouseTracking(true);
@@ -74,6 +76,8 @@ void DataGrid::SetUpHeaders() {
   header.setSectionsClickable(true);
   header.setHighlightSections(false);
   header.setTextElideMode(Qt::ElideRight);
+  // Else each painting would ask of every selected row whether all of the column is selected.
+  header.setSelectionModel(new QItemSelectionModel(&rows_, &header));
   header.viewport()->installEventFilter(this);
   rowHeader_->viewport()->installEventFilter(this);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
@@ -87,10 +91,7 @@ void DataGrid::SetUpRowDrag() {
     delegate_->SetTargetRow(row);
     viewport()->update();
   };
-  rowDrag_->MayStart = [this] {
-    stays_ = !LeaveRow();
-    return !stays_;
-  };
+  rowDrag_->MayStart = [this] { return LeaveRow(); };
   connect(rowDrag_, &WidgetRowDrag::Started, this, &DataGrid::RowDragStarted);
   connect(rowDrag_, &WidgetRowDrag::Moved, this, [this, target](int row) {
     target(row);
@@ -167,6 +168,7 @@ bool DataGrid::GoTo(int row, const QString& key) {
       column = horizontalHeader()->logicalIndex(place);
   const QModelIndex cell = rows_.index(row, column);
   if (!cell.isValid() || !MayGoTo(row)) return false;
+  setCurrentIndex(cell);  // Shift selects from here
   selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   return true;
 }

@@ -103,7 +103,9 @@ class DataGrid : public QTableView {
   void CellPressed(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void CellHovered(int row, const QString& key, const QPoint& position);
   void DoubleClicked(int row, const QString& key);
-  // Selected rows are dragged by hand; row -1 where the pointer is on none.
+  // Selected rows are dragged by hand, once the row in edit is written. Beyond the rows, and on the add-new
+  // row, it is the last one that the pointer is on; -1 where there is none. While they are dragged no cell is
+  // hovered over.
   void RowDragStarted();
   void RowDragMoved(int row);
   void RowDropped(int row);
@@ -120,6 +122,8 @@ class DataGrid : public QTableView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  protected:
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;

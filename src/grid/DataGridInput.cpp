@@ -145,6 +145,20 @@ QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
   return !cell.isValid() || MayGoTo(cell.row()) ? cell : currentIndex();
 }
 
+// Ctrl+Home and Ctrl+End take the selection along, which the base leaves where it can no longer be seen.
+QItemSelectionModel::SelectionFlags DataGrid::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  if (event != nullptr && event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    const bool toEnd = key.key() == Qt::Key_Home || key.key() == Qt::Key_End;
+    if (toEnd && key.modifiers().testFlag(Qt::ControlModifier))
+      return (key.modifiers().testFlag(Qt::ShiftModifier) ? QItemSelectionModel::SelectCurrent
+                                                          : QItemSelectionModel::ClearAndSelect) |
+             QItemSelectionModel::Rows;
+  }
+  return QTableView::selectionCommand(index, event);
+}
+
 // Tab leaves the grid behind its last cell, and before its first.
 bool DataGrid::focusNextPrevChild(bool next) {
   const bool goesOn =
@@ -203,6 +217,9 @@ void DataGrid::mousePressEvent(QMouseEvent* event) {
   stays_ = cell.isValid() && !MayGoTo(cell.row());
   if (stays_) return rowDrag_->Cancel();
   const QPersistentModelIndex kept = cell;
+  // A click on one of several selected rows selects that one alone.
+  const EditTriggers byKey = AnyKeyPressed | EditKeyPressed;
+  setEditTriggers(SelectedCount() > 1 ? byKey : byKey | SelectedClicked);
   QTableView::mousePressEvent(event);
   Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
 }

@@ -63,6 +63,7 @@ bool RecordsetModel::SetText(const QModelIndex& index, const QString& text) {
 
 bool RecordsetModel::ChangeCell(int row, int column, const QVariant& value) {
   const QScopedValueRollback<bool> changing(changing_, true);
+  if (StateOf(row) == RowState::Deleted) return Attempt([] { ThrowConflict(true); });
   const Qt::ItemFlags changeable = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
   if (!(flags(index(row, column)) & changeable)) return false;
   if (editRow_ >= 0 && editRow_ != row && !Submit()) return false;

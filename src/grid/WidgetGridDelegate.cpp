@@ -62,6 +62,9 @@ void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
                             : odd                     ? colours_.oddRow
                                                       : colours_.evenRow;
   option->features.setFlag(QStyleOptionViewItem::WrapText, rows_.Column(index.column()).wordWrap);
+  // A style takes the outline of a check box from the colour of windows, which is lost on dark rows.
+  if (colours_.evenRow.lightness() < 128)
+    option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
   const int state = index.data(RecordsetModel::RowStateRole).toInt();
   if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
 }
@@ -95,8 +98,10 @@ QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
   editor->setObjectName(u"editor"_qs);
   editor->setAccessibleName(column.caption);
   editor->setAutoFillBackground(true);
-  // The area around the cells has colours of its own, which would be inherited.
-  if (option.widget != nullptr) editor->setPalette(option.widget->palette());
+  // The area around the cells has a colour of its own, which would be inherited.
+  QPalette palette = option.palette;
+  palette.setBrush(QPalette::Base, palette.brush(QPalette::Base));
+  editor->setPalette(palette);
   refused_ = false;
   editor_ = editor;
   return editor;

@@ -35,75 +35,77 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
-// press between two rows changes their height.
+// press between two rows changes their height. Where the drag goes on behind a drop, a press selects as ever:
+// its release is the next drop.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
-  // Where the drag goes on behind a drop, a press selects as ever: its release is the next drop.
-  if (dragging_) return pressedRow_ >= 0;
+  if (IsDragging()) return phase_ == Phase::Dragging;
   const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
   const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
                      event.modifiers() == Qt::NoModifier &&
                      grid_.selectionModel()->isRowSelected(row, QModelIndex());
-  pressedRow_ = drags ? row : -1;
+  phase_ = drags ? Phase::Pressed : Phase::None;
+  pressedRow_ = row;
   pressed_ = event.pos();
   onHeader_ = onHeader;
   return drags && onHeader;
 }
 
 bool WidgetRowDrag::Move(const QMouseEvent& event) {
-  if (!dragging_) {
-    if (!(event.buttons() & Qt::LeftButton) || pressedRow_ < 0) return false;
-    if ((event.pos() - pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
-    if (MayStart && !MayStart()) {
-      pressedRow_ = -1;
-      return true;
-    }
-    Begin();
-    Q_EMIT Started();
-  }
-  Follow(event.pos().y());
+  if (phase_ == Phase::None || (phase_ != Phase::Kept && !(event.buttons() & Qt::LeftButton))) return false;
+  const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
+  if (phase_ == Phase::Pressed && far) Start();
+  if (IsDragging()) Follow(event.pos().y());
   return true;
 }
 
-void WidgetRowDrag::Begin() {
-  dragging_ = true;
+void WidgetRowDrag::Start() {
+  phase_ = Phase::Cancelled;
+  if (MayStart && !MayStart()) return;
+  Begin(Phase::Dragging);
+  Q_EMIT Started();
+}
+
+void WidgetRowDrag::Begin(Phase phase) {
+  phase_ = phase;
   grid_.viewport()->setCursor(Qt::DragMoveCursor);
   grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
   scroll_.start();
 }
 
 void WidgetRowDrag::Keep() {
-  if (!dragging_) Begin();
+  if (!IsDragging()) Begin(Phase::Kept);
 }
 
 bool WidgetRowDrag::Release(const QMouseEvent& event) {
-  if (event.button() != Qt::LeftButton || (pressedRow_ < 0 && !dragging_)) return false;
-  const int pressedRow = std::exchange(pressedRow_, -1);
-  if (!dragging_) {
-    if (onHeader_) Q_EMIT HeaderClicked(pressedRow);
+  if (event.button() != Qt::LeftButton || phase_ == Phase::None) return false;
+  const Phase phase = std::exchange(phase_, Phase::None);
+  if (phase == Phase::Cancelled) return true;
+  if (phase == Phase::Pressed) {
+    if (onHeader_) Q_EMIT HeaderClicked(pressedRow_);
     return onHeader_;
   }
   Follow(event.pos().y());
-  const int row = row_;
-  End();
+  const int row = End();
   Q_EMIT Dropped(row);
-  return pressedRow >= 0;
+  return phase == Phase::Dragging;
 }
 
 void WidgetRowDrag::Cancel() {
-  pressedRow_ = -1;
-  if (!dragging_) return;
+  const Phase phase = phase_;
+  if (phase == Phase::Pressed || phase == Phase::Dragging) phase_ = Phase::Cancelled;
+  if (phase == Phase::Kept) phase_ = Phase::None;
+  if (phase != Phase::Dragging && phase != Phase::Kept) return;
   End();
   Q_EMIT Cancelled();
 }
 
-void WidgetRowDrag::End() {
-  dragging_ = false;
-  pressedRow_ = -1;
-  row_ = -1;
+// The row that the pointer was on.
+int WidgetRowDrag::End() {
   scroll_.stop();
   grid_.viewport()->unsetCursor();
   grid_.verticalHeader()->viewport()->unsetCursor();
+  return std::exchange(row_, -1);
 }
 
 bool WidgetRowDrag::IsAddNew(int row) const {

@@ -18,8 +18,8 @@ class WidgetRowDrag : public QObject {
   // Asked before a drag begins; without it, it may.
   std::function<bool()> MayStart;
 
-  bool IsDragging() const { return dragging_; }
-  // Also a press that could still become a drag is forgotten.
+  bool IsDragging() const { return phase_ == Phase::Dragging || phase_ == Phase::Kept; }
+  // Until the button is released nothing else comes of the press either.
   void Cancel();
   // The drag that has just ended in a drop goes on, without a button held: the next release drops again.
   void Keep();
@@ -38,21 +38,24 @@ class WidgetRowDrag : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  enum class Phase { None, Pressed, Dragging, Kept, Cancelled };
+
   bool Press(const QMouseEvent& event, bool onHeader);
   bool Move(const QMouseEvent& event);
   bool Release(const QMouseEvent& event);
   bool IsAddNew(int row) const;
   void Follow(int y);
   void Scroll();
-  void Begin();
-  void End();
+  void Start();
+  void Begin(Phase phase);
+  int End();
 
   QTableView& grid_;
   QTimer scroll_;
   QPoint pressed_;
-  int pressedRow_ = -1;  // -1 where no drag can come of it
+  Phase phase_ = Phase::None;
+  int pressedRow_ = -1;
   bool onHeader_ = false;
-  bool dragging_ = false;
   int y_ = 0;
   int row_ = -1;
 };

@@ -54,9 +54,14 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
   connect(&rows, &RecordsetModel::RowInserted, this, &ProductEditing::OfferDefaults);
   connect(&rows, &RecordsetModel::RowChanged, this, &ProductEditing::FinishRow);
-  connect(&rows, &RecordsetModel::Failed, this, [this] { codeChange_.reset(); });
-  connect(&rows, &RecordsetModel::RowsDeleted, this,
-          [this] { DeletePictureFiles(Unnamed(std::exchange(deletedPictures_, {}), *connection_)); });
+  connect(&rows, &RecordsetModel::Failed, this, [this] {
+    codeChange_.reset();
+    deleting_.reset();
+  });
+  connect(&rows, &RecordsetModel::RowsDeleted, this, [this] {
+    DeletePictureFiles(Unnamed(std::exchange(deletedPictures_, {}), *connection_));
+    deleting_.reset();
+  });
 }
 
 void ProductEditing::SetCatalog(int IDCatalogo, const ProductGridFields& fields, Connection& connection) {
@@ -111,8 +116,10 @@ bool ProductEditing::AskToDelete() {
       "Procedere con l'eliminazione?"_qs,
       u"Do you want to delete selected products and their images?\r\n"
       "Continue?"_qs);
+  if (!TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst)) return false;
   deletedPictures_.clear();
-  return TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst);
+  deleting_.emplace();
+  return true;
 }
 
 // The files go when the rows are gone: a deletion that fails loses nothing.

@@ -5,7 +5,9 @@
 #include <QObject>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
+#include "base/WaitCursor.h"
 #include "grid/RecordsetModel.h"
 #include "products/CodeChange.h"
 #include "products/ProductGridQuery.h"
@@ -44,6 +46,7 @@ class ProductEditing : public QObject {
   Connection* connection_ = nullptr;
   std::unique_ptr<CodeChange> codeChange_;  // of the row that is being written
   QStringList deletedPictures_;             // of the products that are being deleted
+  std::optional<WaitCursor> deleting_;
 };
 
 }  // namespace vorlina

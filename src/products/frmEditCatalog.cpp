@@ -39,6 +39,7 @@ constexpr int DescriptionWidth = 280;
 frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmEditCatalog) {
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
+  grdProducts->setEditTriggers(grdProducts->editTriggers() | QAbstractItemView::DoubleClicked);
   handlers_ = {
       {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
       {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
@@ -99,7 +100,6 @@ void frmEditCatalog::LoadForm() {
   Caricamento = true;
   LoadCatalog();
   Caricamento = false;
-  if (grdProducts->Rows().RecordCount() > 0) grdProducts->GoTo(0);
   if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
   Localize_Form();
   ShowCounts();

@@ -65,6 +65,7 @@ class frmEditCatalog : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void MakeToolbar();
@@ -87,6 +88,7 @@ class frmEditCatalog : public QMainWindow {
 
   QVariant PictureOf(int row, int column, int role) const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
+  void PopUpGridMenu(const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void DropFiles(int row, const QStringList& files);
 

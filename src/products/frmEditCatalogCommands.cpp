@@ -1,6 +1,7 @@
 // What the user does in the product grid's window: the grid's events, its menus, and the toolbar's commands.
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QPointer>
 #include <QScrollBar>
@@ -57,6 +58,7 @@ void frmEditCatalog::ConnectGrid() {
     if (key != PictureKey || row != grdProducts->CurrentRow()) preview_->Hide();
   });
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
+  connect(grdProducts, &DataGrid::RowDragStarted, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
   grdProducts->SetAcceptsFiles(true);
   // Only a mark: the row in edit is not left before the files are dropped.
@@ -83,11 +85,26 @@ void frmEditCatalog::PressHeader(const QString& key, Qt::MouseButton button, con
   if (button == Qt::RightButton) mnuColonna->PopUp(key, grdProducts->mapToGlobal(position));
 }
 
+void frmEditCatalog::PopUpGridMenu(const QPoint& position) {
+  mnuGriglia->findChild<QAction*>(u"mnuCopia"_qs)->setEnabled(grdProducts->SelectedCount() > 0);
+  mnuGriglia->popup(grdProducts->mapToGlobal(position));
+}
+
+// The menu key opens the menu of the rows, with Ctrl that of the column.
+void frmEditCatalog::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard || !grdProducts->currentIndex().isValid()) return;
+  const QRect cell = grdProducts->visualRect(grdProducts->currentIndex());
+  const QPoint position = grdProducts->viewport()->mapTo(grdProducts, cell.bottomLeft());
+  if (event->modifiers().testFlag(Qt::ControlModifier))
+    PressHeader(grdProducts->CurrentKey(), Qt::RightButton, position);
+  else
+    PopUpGridMenu(position);
+}
+
 void frmEditCatalog::PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position) {
   if (row < 0) return;
   if (button == Qt::RightButton) {
-    mnuGriglia->findChild<QAction*>(u"mnuCopia"_qs)->setEnabled(grdProducts->SelectedCount() > 0);
-    mnuGriglia->popup(grdProducts->mapToGlobal(position));
+    PopUpGridMenu(position);
   } else if (key == PictureKey) {
     preview_->Show(NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Immagine)), position);
   }

@@ -1,7 +1,10 @@
-// A connection as a plug-in sees it.
+// A connection as a plug-in sees it. It has no locks of its own: a plug-in that uses it from another thread
+// is told so, instead of damaging memory.
 #pragma once
 
 #include "publish/plugin/IVorlinaPlugin.h"
+
+class QThread;
 
 namespace vorlina {
 
@@ -9,7 +12,7 @@ class Connection;
 
 class PluginConnection : public IVorlinaConnection {
  public:
-  explicit PluginConnection(Connection& connection) : connection_(connection) {}
+  explicit PluginConnection(Connection& connection);
 
   QString DataSource() const override;
   void Execute(const QString& sql, const QVariantList& values) override;
@@ -18,8 +21,12 @@ class PluginConnection : public IVorlinaConnection {
   void CommitTrans() override;
   void RollbackTrans() override;
 
+  // The connection itself. Throws Error on another thread than the one that it was made on.
+  Connection& Own() const;
+
  private:
   Connection& connection_;
+  const QThread* thread_;
 };
 
 }  // namespace vorlina

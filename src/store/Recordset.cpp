@@ -9,6 +9,20 @@
 #include "store/Sqlite.h"
 
 namespace vorlina {
+namespace {
+
+// One object of the column serves all rows: making it costs as much as many a step.
+std::vector<qint64> ReadKeys(SQLite::Statement& statement) {
+  std::vector<qint64> keys;
+  if (!statement.executeStep()) return keys;
+  const SQLite::Column key = statement.getColumn(0);
+  do keys.push_back(key.getInt64());
+  while (statement.executeStep());
+  keys.shrink_to_fit();
+  return keys;
+}
+
+}  // namespace
 
 Recordset::Recordset() = default;
 Recordset::~Recordset() = default;
@@ -135,9 +149,13 @@ void Recordset::Load() {
     SQLite::Statement statement = prepare();
     BindValues(statement, select_ ? KeyValues() : values_);
     const int first = select_ ? 1 : 0;
+    if (!snapshot) {
+      rows->keys = ReadKeys(statement);
+      return;
+    }
     while (statement.executeStep()) {
       rows->keys.push_back(select_ ? statement.getColumn(0).getInt64() : rows->Count() + 1);
-      if (snapshot) rows->rows.push_back(RowOf(statement, first));
+      rows->rows.push_back(RowOf(statement, first));
     }
     rows->keys.shrink_to_fit();
   });
@@ -303,8 +321,7 @@ std::vector<qint64> Recordset::MatchingKeys(const QString& column, const QVarian
         Prepare(connection_->Database(),
                 u"SELECT rowid FROM "_qs + select_->from + u" WHERE "_qs + select_->WhereAnd(condition));
     BindValues(statement, values_ + QVariantList{value});
-    std::vector<qint64> keys;
-    while (statement.executeStep()) keys.push_back(statement.getColumn(0).getInt64());
+    std::vector<qint64> keys = ReadKeys(statement);
     std::sort(keys.begin(), keys.end());
     return keys;
   });

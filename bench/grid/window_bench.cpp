@@ -1,0 +1,104 @@
+// The product grid's window over catalogs of 100,000 and 1,000,000 products, against the bare SQLite
+// statements that do the same: the two in turn, their medians compared.
+#include <QApplication>
+#include <QMenu>
+#include <memory>
+
+#include "GridData.h"
+#include "base/AppPath.h"
+#include "base/Language.h"
+#include "grid/DataGrid.h"
+#include "products/PublicationOrder.h"
+#include "products/frmEditCatalog.h"
+
+using namespace vorlina;
+
+namespace {
+
+constexpr int MovedRows = 100;
+constexpr int Places = 100'000;
+
+// As the main window's Edit command does it.
+std::unique_ptr<frmEditCatalog> Edit(Data& data, int catalog) {
+  auto window = std::make_unique<frmEditCatalog>();
+  window->Connessione = std::make_unique<Connection>();
+  window->Connessione->Open(data.connection.ConnectionText());
+  window->rsCatalogo.Open(u"SELECT * FROM CATALOGHI"_qs, *window->Connessione, CursorType::Keyset,
+                          LockType::Optimistic);
+  window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, catalog);
+  window->LoadForm();
+  window->show();
+  QApplication::processEvents();
+  return window;
+}
+
+void Painted(Data& data, int catalog, int rounds) {
+  std::unique_ptr<frmEditCatalog> window;
+  Compare(
+      "from Edit to painted rows" + OfRows(catalog), rounds, 4,
+      [&] { Bare(data, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog); },
+      [&] {
+        window = Edit(data, catalog);
+        if (window->grab().isNull()) std::abort();
+      });
+}
+
+// The first hundred rows of the catalog to far below.
+void Move(Data& data, int catalog) {
+  const std::string id = std::to_string(catalog);
+  const int last = Places + MovedRows;
+  Compare(
+      "100 rows 100,000 places down" + OfRows(catalog), 7, 2,
+      [&] {
+        Bare(data, "UPDATE Prodotti SET OrdineTemp=CASE WHEN OrdineTemp<=" + std::to_string(MovedRows) +
+                       " THEN OrdineTemp+" + std::to_string(Places) + " ELSE OrdineTemp-" +
+                       std::to_string(MovedRows) + " END WHERE IDCatalogo=" + id +
+                       " AND OrdineTemp BETWEEN 1 AND " + std::to_string(last))
+            .Run();
+      },
+      [&] {
+        if (MoveBlock(catalog, 1, MovedRows, last, data.connection) != BlockMove::Moved) std::abort();
+      });
+}
+
+void Renumber(Data& data, int catalog) {
+  const std::unique_ptr<frmEditCatalog> window = Edit(data, catalog);
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  auto* command = window->findChild<QAction*>(u"mnuOrdinePubbl"_qs);
+  const std::string id = std::to_string(catalog);
+  bool descending = false;
+  Compare(
+      "renumbering all" + OfRows(catalog), 7, 2,
+      [&] {
+        Bare(data,
+             "UPDATE Prodotti SET OrdineTemp=n.place FROM (SELECT rowid AS id, row_number() OVER (ORDER BY "
+             "Descrizione) AS place FROM Prodotti WHERE IDCatalogo=" +
+                 id + ") n WHERE Prodotti.rowid=n.id")
+            .Run();
+      },
+      [&] { command->trigger(); },
+      [&] {
+        descending = !descending;
+        grid->SetSort(u"Codice"_qs, descending ? SortDirection::Descending : SortDirection::Ascending);
+      });
+}
+
+}  // namespace
+
+// Takes the folder in which the database is made; the temporary one where none is given.
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  SetLanguage(u"English"_qs);
+  QTemporaryDir home;
+  SetAppPath(home.path());
+  Data data(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath());
+  data.connection.Execute(
+      u"UPDATE Prodotti SET OrdineTemp=n.place FROM (SELECT rowid AS id, row_number() OVER (PARTITION BY "
+      u"IDCatalogo ORDER BY rowid) AS place FROM Prodotti) n WHERE Prodotti.rowid=n.id"_qs);
+  Painted(data, 2, 11);
+  Painted(data, 3, 5);
+  Move(data, 3);
+  Renumber(data, 2);
+  return 0;
+}

@@ -1,0 +1,351 @@
+// Editing in a grid: cells, rows, and how a row is left.
+#include "base/Helpers.h"
+#include "grid/ShownGrid.h"
+
+using namespace vorlina;
+
+TEST_F(ShownGrid, TypingEditsACellAndLeavingTheRowWritesIt) {
+  struct {
+    QString means;
+    std::function<void()> leave;
+  } const ways[] = {{u"arrow"_qs, [&] { Key(Qt::Key_Down); }},
+                    {u"page"_qs, [&] { Key(Qt::Key_PageDown); }},
+                    {u"click"_qs, [&] { Click(3, u"Name"_qs); }},
+                    {u"strip"_qs, [&] { Click(StripOf(2)); }},
+                    {u"another control"_qs, [&] { other_->setFocus(); }},
+                    {u"a click on another control"_qs, [&] { Click(other_->geometry().center()); }},
+                    {u"another window"_qs,
+                     [&] {
+                       QWidget second;
+                       new QLineEdit(&second);
+                       second.show();
+                       second.activateWindow();
+                       EXPECT_TRUE(QTest::qWaitForWindowActive(&second));
+                       second.close();
+                       window_.activateWindow();
+                       EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+                     }},
+                    {u"code"_qs, [&] { grid_->LeaveRow(); }},
+                    {u"a reload"_qs, [&] { grid_->Reload(); }},
+                    {u"a sort"_qs, [&] { grid_->SetSort(u"Note"_qs, SortDirection::Ascending); }}};
+  for (const auto& way : ways) {
+    for (const bool open : {true, false}) {
+      SCOPED_TRACE(way.means.toStdString() + (open ? " from the editor" : " from the row"));
+      grid_->SetSort({}, SortDirection::None);
+      grid_->setFocus();
+      ASSERT_TRUE(grid_->GoTo(0, u"Note"_qs));
+      const QString text = way.means + (open ? u"1"_qs : u"2"_qs);
+      Type(text);
+      EXPECT_EQ(Typed(), text) << "what was there is replaced";
+      EXPECT_NE(Stored(u"Note"_qs, u"Carla"_qs), text);
+      if (!open) {
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Row().EditRow(), 0) << "Enter takes the cell, not the row";
+        EXPECT_EQ(Where(), u"0 Note"_qs);
+        EXPECT_NE(Stored(u"Note"_qs, u"Carla"_qs), text);
+      }
+      way.leave();
+      EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), text);
+      EXPECT_EQ(Editor(), nullptr);
+      EXPECT_EQ(Row().EditRow(), -1);
+    }
+  }
+  EXPECT_EQ(failures_, QStringList());
+}
+
+TEST_F(ShownGrid, EscapeUndoesTheCellAndThenTheRow) {
+  Key(Qt::Key_F2);
+  EXPECT_EQ(Typed(), u"Carla"_qs) << "F2 keeps what is there";
+  Key(Qt::Key_End);
+  Type(u" B"_qs);
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Right);
+  Type(u"note"_qs);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Shown(0, u"Note"_qs), QString());
+  EXPECT_EQ(Shown(0, u"Name"_qs), u"Carla B"_qs);
+  EXPECT_EQ(Row().EditRow(), 0);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Shown(0, u"Name"_qs), u"Carla"_qs);
+  EXPECT_EQ(Row().EditRow(), -1);
+
+  Click(0, u"Active"_qs);
+  Key(Qt::Key_Space);
+  EXPECT_EQ(Row().Value(0, u"Active"_qs), 0);
+  Type(u"x"_qs);
+  EXPECT_EQ(Where(), u"0 Active"_qs) << "a letter looks for nothing";
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Stored(u"Active"_qs, u"Carla"_qs), 0);
+}
+
+TEST_F(ShownGrid, TabGoesThroughTheRowsAndAddsNewOnes) {
+  const QStringList places{u"0 Note"_qs, u"0 Colour"_qs, u"0 Active"_qs, u"1 Name"_qs};
+  for (const QString& place : places) {
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Where(), place);
+  }
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(Where(), u"0 Active"_qs);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Where(), u"1 Name"_qs) << "Enter goes on where the window has nothing else for it";
+
+  // From an editor the next cell is edited; a row that is left is written.
+  grid_->GoTo(4, u"Note"_qs);
+  Type(u"last"_qs);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Typed(), u"blue"_qs);
+  Key(Qt::Key_Tab);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Where(), u"5 Name"_qs);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Emma"_qs), u"last"_qs);
+  for (const QString& name : {u"Fay"_qs, u"Gus"_qs}) {
+    Type(name);
+    for (int i = 0; i < 4; ++i) Key(Qt::Key_Tab);
+  }
+  EXPECT_EQ(Where(), u"7 Name"_qs);
+  EXPECT_EQ(Names(), u"Carla Ada Bruno Dora Emma Fay Gus"_qs);
+  EXPECT_EQ(Stored(u"Active"_qs, u"Gus"_qs), 1);
+
+  // Behind the last cell, and before the first, the focus goes on.
+  for (int i = 0; i < 4; ++i) Key(Qt::Key_Tab);
+  EXPECT_TRUE(other_->hasFocus());
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(grid_->hasFocus());
+  grid_->GoTo(0, u"Name"_qs);
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(other_->hasFocus());
+}
+
+// Whichever way the user tries to leave, it is told once, and the grid stays.
+TEST_F(ShownGrid, AFailedWriteKeepsTheRow) {
+  struct {
+    QString means;
+    std::function<void()> leave;
+  } const ways[] = {{u"arrow"_qs, [&] { Key(Qt::Key_Down); }},
+                    {u"end"_qs, [&] { Key(Qt::Key_End, Qt::ControlModifier); }},
+                    {u"shift and arrow"_qs, [&] { Key(Qt::Key_Down, Qt::ShiftModifier); }},
+                    {u"click"_qs, [&] { Click(3, u"Note"_qs); }},
+                    {u"shift and click"_qs, [&] { Click(3, u"Note"_qs, Qt::ShiftModifier); }},
+                    {u"double click"_qs,
+                     [&] {
+                       Click(3, u"Note"_qs);
+                       QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {},
+                                          grid_->visualRect(Row().index(3, 3)).center());
+                     }},
+                    {u"strip"_qs, [&] { Click(StripOf(2)); }},
+                    {u"another control"_qs, [&] { Click(other_->geometry().center()); }},
+                    {u"code"_qs, [&] { EXPECT_FALSE(grid_->GoTo(2)); }},
+                    {u"other code"_qs, [&] { grid_->setCurrentIndex(Row().index(2, 2)); }},
+                    {u"a sort"_qs, [&] { grid_->SetSort(u"Note"_qs, SortDirection::Ascending); }},
+                    {u"a reload"_qs, [&] { grid_->Reload(); }},
+                    {u"a binding"_qs, [&] { EXPECT_FALSE(grid_->Bind(people_, Columns())); }},
+                    {u"drag"_qs,
+                     [&] {
+                       DragTo(PointOf(0, u"Note"_qs), PointOf(3, u"Note"_qs));
+                       Release(PointOf(3, u"Note"_qs));
+                     }},
+                    {u"drag of the strip"_qs, [&] {
+                       DragTo(StripOf(0), StripOf(3));
+                       Release(StripOf(3));
+                     }}};
+  int doubleClicks = 0;
+  QObject::connect(grid_, &DataGrid::DoubleClicked, [&] { ++doubleClicks; });
+  for (const auto& way : ways) {
+    for (const bool open : {true, false}) {
+      SCOPED_TRACE(way.means.toStdString() + (open ? " from the editor" : " from the row"));
+      ASSERT_TRUE(grid_->GoTo(0, u"Name"_qs));
+      Type(u"Ada"_qs);
+      if (!open) Key(Qt::Key_Return);
+      way.leave();
+      QCoreApplication::processEvents();
+      EXPECT_EQ(failures_,
+                QStringList{u"There is already a row with Name \"Ada\". Choose another value."_qs});
+      failures_.clear();
+      EXPECT_EQ(Row().EditRow(), 0);
+      EXPECT_EQ(grid_->CurrentRow(), 0);
+      EXPECT_FALSE(other_->hasFocus());
+      Key(Qt::Key_Escape);
+      EXPECT_EQ(Row().EditRow(), -1);
+    }
+  }
+  EXPECT_EQ(doubleClicks, 0);
+  EXPECT_EQ(Names(), u"Carla Ada Bruno Dora Emma"_qs);
+}
+
+TEST_F(ShownGrid, ARefusedCellKeepsItsEditor) {
+  int asked = 0;
+  Row().OnCellChanging = [&](CellChange& change) {
+    change.cancel = change.newValue == u"no"_qs;
+    asked += change.cancel ? 1 : 0;
+  };
+  const std::function<void()> ways[] = {[&] { Key(Qt::Key_Return); },
+                                        [&] { Key(Qt::Key_Tab); },
+                                        [&] { Key(Qt::Key_Down); },
+                                        [&] { Click(2, u"Note"_qs); },
+                                        [&] { Click(0, u"Name"_qs); },
+                                        [&] { Click(StripOf(3)); },
+                                        [&] { grid_->LeaveRow(); },
+                                        [&] { other_->setFocus(); },
+                                        [&] { Click(other_->geometry().center()); }};
+  int way = 0;
+  for (const auto& leave : ways) {
+    SCOPED_TRACE(way++);
+    ASSERT_TRUE(grid_->GoTo(0, u"Note"_qs));
+    asked = 0;
+    Type(u"no"_qs);
+    leave();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Typed(), u"no"_qs);
+    EXPECT_EQ(Where(), u"0 Note"_qs);
+    EXPECT_EQ(QApplication::focusWidget(), Editor());
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_EQ(Row().EditRow(), -1);
+  }
+  Type(u"no"_qs);
+  Key(Qt::Key_Return);
+  Type(u"t"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"not"_qs) << "mended in the editor";
+}
+
+TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
+  QStringList asked;
+  bool known = false;
+  Row().OnNotInList = [&](int, const QString& text) {
+    asked += text;
+    if (known) Row().SetLookup(u"Colour"_qs, Lookup({{1, u"green"_qs}, {2, u"blue"_qs}, {9, text}}));
+    return known;
+  };
+  grid_->GoTo(0, u"Colour"_qs);
+  Type(u"gree"_qs);
+  EXPECT_EQ(Typed(), u"green"_qs) << "the rest is found";
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Row().Value(0, u"Colour"_qs), 1);
+  Type(u"RED"_qs);
+  Key(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_TRUE(Editor() != nullptr) << "the list opens";
+  if (QWidget* list = QApplication::activePopupWidget()) QTest::keyClick(list, Qt::Key_Escape);
+  QCoreApplication::processEvents();
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs);
+
+  // From the opened list with the mouse.
+  grid_->GoTo(1, u"Colour"_qs);
+  EXPECT_EQ(Stored(u"Colour"_qs, u"Carla"_qs), 3);
+  Key(Qt::Key_F2);
+  auto* combo = qobject_cast<QComboBox*>(Editor());
+  ASSERT_NE(combo, nullptr);
+  combo->showPopup();
+  const QModelIndex picked = combo->model()->index(1, 0);
+  ASSERT_EQ(picked.data(), u"green"_qs) << "sorted by the user's locale";
+  QTest::mouseMove(combo->view()->viewport(), combo->view()->visualRect(picked).center());
+  QTest::qWait(QApplication::doubleClickInterval() + 50);  // else it is the click that opened the list
+  QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {},
+                    combo->view()->visualRect(picked).center());
+  ASSERT_NE(Editor(), nullptr) << "the list is not another control";
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Row().Value(1, u"Colour"_qs), 1);
+
+  const std::function<void()> ways[] = {[&] { Key(Qt::Key_Return); }, [&] { Key(Qt::Key_Tab); },
+                                        [&] { Click(3, u"Note"_qs); }, [&] { other_->setFocus(); }};
+  for (const auto& leave : ways) {
+    grid_->GoTo(1, u"Colour"_qs);
+    asked.clear();
+    Type(u"pink"_qs);
+    leave();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked, QStringList{u"pink"_qs});
+    EXPECT_EQ(Typed(), u"pink"_qs);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Shown(1, u"Colour"_qs), u"green"_qs);
+  }
+  known = true;
+  asked.clear();
+  Type(u"pink"_qs);
+  other_->setFocus();
+  EXPECT_EQ(asked.size(), 1);
+  EXPECT_EQ(Stored(u"Colour"_qs, u"Ada"_qs), 9);
+  grid_->setFocus();
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Backspace);
+  grid_->LeaveRow();
+  EXPECT_TRUE(Row().Value(1, u"Colour"_qs).isNull()) << "an emptied drop-down is no value";
+}
+
+TEST_F(ShownGrid, ARowThatOthersChangeWhileItIsEdited) {
+  grid_->GoTo(1, u"Note"_qs);
+  Type(u"mine"_qs);
+  Elsewhere(u"DELETE FROM People WHERE Name='Ada'"_qs);
+  Row().Refresh();
+  EXPECT_EQ(Typed(), u"mine"_qs) << "what is being typed stays";
+  Key(Qt::Key_Return);
+  EXPECT_EQ(failures_.size(), 1);
+  EXPECT_EQ(Editor(), nullptr) << "a row that is gone holds nobody";
+  EXPECT_EQ(Shown(1, u"Name"_qs), u"#Deleted"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Where(), u"2 Note"_qs);
+
+  Type(u"mine"_qs);
+  Key(Qt::Key_Return);
+  Elsewhere(u"DELETE FROM People WHERE Name='Bruno'"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(failures_.size(), 2);
+  EXPECT_EQ(Where(), u"2 Note"_qs);
+  Key(Qt::Key_Escape);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Where(), u"3 Note"_qs);
+  EXPECT_EQ(failures_.size(), 2);
+  EXPECT_TRUE(grid_->Reload());
+  EXPECT_EQ(Names(), u"Carla Dora Emma"_qs);
+  EXPECT_EQ(Where(), u"1 Note"_qs) << "the current cell stays on its row";
+
+  Elsewhere(u"UPDATE People SET Note='theirs'"_qs);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(1, u"Note"_qs) == u"theirs"_qs; }));
+}
+
+TEST_F(ShownGrid, TheDeleteKeyAsksOnceAndDeletesTheSelection) {
+  QList<qint64> told;
+  int asked = 0;
+  bool answer = false;
+  Row().OnRowsDeleting = [&](int count) { return asked = count, answer; };
+  Row().OnRowDeleting = [&](qint64 bookmark) { told += bookmark; };
+  Click(1, u"Name"_qs);
+  Click(3, u"Name"_qs, Qt::ControlModifier);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(Names(), u"Carla Ada Bruno Dora Emma"_qs);
+  answer = true;
+  grid_->SetAllowDelete(false);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(told, QList<qint64>());
+  grid_->SetAllowDelete(true);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(told, (QList<qint64>{2, 4}));
+  EXPECT_EQ(Names(), u"Carla Bruno Emma"_qs);
+  EXPECT_EQ(Where(), u"1 Name"_qs);
+
+  // In an editor it is a key like others; the add-new row is not there yet, and a row in edit is given up.
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Typed(), QString());
+  Key(Qt::Key_Escape);
+  grid_->GoTo(3, u"Name"_qs);
+  asked = 0;
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(asked, 0);
+  Type(u"Emma"_qs);
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(asked, 0);
+  Key(Qt::Key_Escape);
+  grid_->GoTo(2, u"Name"_qs);
+  Type(u"Carla"_qs);
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Names(), u"Carla Bruno"_qs);
+  EXPECT_EQ(Where(), u"2 Name"_qs);
+  EXPECT_EQ(failures_, QStringList());
+}

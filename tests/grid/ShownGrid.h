@@ -1,0 +1,149 @@
+// A grid over a table of people in a window with another control, worked by keys and the mouse as a user
+// works it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "grid/DataGrid.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+namespace vorlina {
+
+class ShownGrid : public StoreFixture {
+ protected:
+  ShownGrid() {
+    connection_.Execute(
+        u"CREATE TABLE People (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name VARCHAR(50) NOT NULL UNIQUE "
+        u"COLLATE "
+        u"NOCASE, Note TEXT, Colour INTEGER, Active BOOLEAN NOT NULL DEFAULT 1)"_qs);
+    for (const QString& name : {u"Carla"_qs, u"Ada"_qs, u"Bruno"_qs, u"Dora"_qs, u"Emma"_qs})
+      connection_.Execute(u"INSERT INTO People (Name,Colour) VALUES (?,2)"_qs, {name});
+    grid_ = new DataGrid(&window_);
+    auto* layout = new QVBoxLayout(&window_);
+    layout->addWidget(grid_);
+    layout->addWidget(other_ = new QLineEdit(&window_));
+    QObject::connect(grid_, &DataGrid::RowFailed, [this](const QString& text) { failures_ += text; });
+    grid_->Rows().OnUnboundData = [](int, int, int role) {
+      return role == Qt::DecorationRole ? QVariant(QColor(Qt::darkGreen)) : QVariant();
+    };
+    Open();
+    window_.resize(700, 500);
+    window_.show();
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    grid_->setFocus();
+    grid_->GoTo(0, u"Name"_qs);
+  }
+  ~ShownGrid() override { grid_->Rows().Unbind(); }
+
+  void Open() {
+    people_.Close();
+    people_.Open(u"SELECT ID As _ID, Name, Note, Colour, Active FROM People NOT INDEXED"_qs, connection_,
+                 CursorType::Keyset, LockType::Optimistic);
+    ASSERT_TRUE(grid_->Bind(people_, Columns()));
+  }
+  static std::vector<GridColumn> Columns() {
+    return {{.key = u"Picture"_qs, .bound = false},
+            {.key = u"_ID"_qs, .kind = ColumnKind::Number, .visible = false},
+            {.key = u"Name"_qs, .caption = u"Name"_qs},
+            {.key = u"Note"_qs, .caption = u"Note"_qs},
+            {.key = u"Colour"_qs,
+             .caption = u"Colour"_qs,
+             .kind = ColumnKind::Lookup,
+             .lookup = Lookup({{1, u"green"_qs}, {2, u"blue"_qs}, {3, u"red"_qs}, {4, u"grey"_qs}})},
+            {.key = u"Active"_qs, .caption = u"Active"_qs, .kind = ColumnKind::Boolean}};
+  }
+
+  // To whatever has the focus.
+  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window_.windowHandle(), Qt::Key(key), modifiers);
+    QCoreApplication::processEvents();
+  }
+  void Type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(window_.windowHandle(), letter.toLatin1());
+    QCoreApplication::processEvents();
+  }
+  QPoint PointOf(int row, const QString& key) const {
+    const QModelIndex cell = grid_->model()->index(row, Row().ColumnOf(key));
+    return grid_->viewport()->mapTo(&window_, grid_->visualRect(cell).center());
+  }
+  QPoint StripOf(int row) const {
+    const QRect strip = grid_->verticalHeader()->geometry();
+    return grid_->mapTo(&window_, QPoint(strip.center().x(), 0)) +
+           QPoint(0, PointOf(row, u"Name"_qs).y() - grid_->y());
+  }
+  void Press(const QPoint& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::mousePress(window_.windowHandle(), Qt::LeftButton, modifiers, point);
+  }
+  void Move(const QPoint& point) {
+    QTest::mouseMove(window_.windowHandle(), point);
+    QCoreApplication::processEvents();
+  }
+  void Release(const QPoint& point) {
+    QTest::mouseRelease(window_.windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
+    QCoreApplication::processEvents();
+  }
+  void Click(const QPoint& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+             Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(window_.windowHandle(), button, modifiers, point);
+    QCoreApplication::processEvents();
+  }
+  void Click(int row, const QString& key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    Click(PointOf(row, key), modifiers);
+  }
+  // Presses on the point and drags in small steps to the other; the button stays down.
+  void DragTo(const QPoint& from, const QPoint& to) {
+    Press(from);
+    for (int step = 1; step <= 5; ++step) Move(from + (to - from) * step / 5);
+  }
+
+  RecordsetModel& Row() const { return grid_->Rows(); }
+  // The open editor, or null.
+  QWidget* Editor() const {
+    QWidget* found = nullptr;
+    for (QWidget* editor : grid_->viewport()->findChildren<QWidget*>(u"editor"_qs))
+      if (editor->isVisible()) found = editor;
+    return found;
+  }
+  QString Typed() const {
+    QWidget* editor = Editor();
+    if (auto* combo = qobject_cast<QComboBox*>(editor)) return combo->currentText();
+    auto* line = qobject_cast<QLineEdit*>(editor);
+    return line != nullptr ? line->text() : u"no editor"_qs;
+  }
+  QString Where() const { return u"%1 %2"_qs.arg(grid_->CurrentRow()).arg(grid_->CurrentKey()); }
+  QString Shown(int row, const QString& key) const {
+    return grid_->model()->index(row, Row().ColumnOf(key)).data().toString();
+  }
+  QString Names() const {
+    QStringList names;
+    for (int row = 0; row < Row().RecordCount(); ++row) names += Shown(row, u"Name"_qs);
+    return names.join(u' ');
+  }
+  QVariant Stored(const QString& column, const QString& name) {
+    return One(column, u"People"_qs, u"Name=?"_qs, {name});
+  }
+  // As another program would.
+  void Elsewhere(const QString& sql) {
+    if (!second_.IsOpen()) second_.Open(ConnectionTextFor(Path()));
+    second_.Execute(sql);
+  }
+
+  Connection second_;
+  Recordset people_;
+  QWidget window_;
+  DataGrid* grid_;
+  QLineEdit* other_;
+  QStringList failures_;
+};
+
+}  // namespace vorlina
