@@ -148,6 +148,19 @@ TEST_F(GridPictures, ANewCodeTakesItsPicturesAndWhatBelongsToItAlong) {
   EXPECT_TRUE(QFile::exists(Stored(u"o'neil 50% 🙂"_qs, u"Immagine"_qs)));
 }
 
+TEST_F(GridPictures, ACodeWhosePictureNameIsTakenKeepsTheFormerName) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  const QString former = GivePicture(u"a"_qs);
+  const QString taken = MainImagePath(catalog_, u"new"_qs);
+  WriteFileSafely(taken, "b's");
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='b'"_qs, {taken});
+  Open();
+  Change(0, Code, u"new"_qs);
+  EXPECT_EQ(Stored(u"new"_qs, u"Immagine"_qs), former);
+  EXPECT_TRUE(QFile::exists(former));
+  EXPECT_EQ(ContentOf(taken), "b's");
+}
+
 TEST_F(GridPictures, ACodeThatCannotBeWrittenLeavesTheFilesAsTheyWere) {
   AddProducts({u"a"_qs, u"b"_qs});
   GivePicture(u"a"_qs);
