@@ -12,6 +12,8 @@ namespace vorlina {
 struct LookupItem {
   qint64 value = 0;
   QString text;
+
+  bool operator==(const LookupItem&) const = default;
 };
 
 class Lookup {

@@ -167,7 +167,7 @@ class RecordsetModel : public QAbstractTableModel {
   void BeginNewRow();
   void BeginChange(int row, int column);
   void EndEdit(int row);
-  bool Attempt(const std::function<void()>& step);
+  bool Attempt(const std::function<void()>& step, const QString& hint = {});
   QString DuplicateText(const QStringList& columns) const;
   std::vector<RowDeletion> DeletionsOf(const QList<int>& rows);
   void DropDeleted(const std::vector<RowDeletion>& deleted);

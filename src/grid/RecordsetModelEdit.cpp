@@ -15,6 +15,11 @@ namespace {
 // With more runs of rows than this a deletion resets the views, which is faster by then.
 constexpr std::size_t RunsAnnounced = 16;
 
+QString WithHint(const QString& description, const QString& hint) {
+  if (hint.isEmpty()) return description;
+  return description + (description.endsWith(u'.') ? u" "_qs : u". "_qs) + hint;
+}
+
 [[noreturn]] void ThrowConflict(bool deleted) {
   if (deleted)
     throw ConflictError(EitherLanguage(
@@ -119,8 +124,9 @@ void RecordsetModel::BeginChange(int row, int column) {
   editRow_ = row;
 }
 
-// Runs a step on the database; false, with Failed, where it fails.
-bool RecordsetModel::Attempt(const std::function<void()>& step) {
+// Runs a step on the database; false, with Failed, where it fails. The hint says what the user can do
+// besides.
+bool RecordsetModel::Attempt(const std::function<void()>& step, const QString& hint) {
   try {
     step();
     return true;
@@ -128,11 +134,11 @@ bool RecordsetModel::Attempt(const std::function<void()>& step) {
     const QString text = DuplicateText(error.Columns());
     Q_EMIT Failed(text.isEmpty() ? error.Description() : text);
   } catch (const ConflictError& error) {
-    const QString hint =
+    const QString asItIs =
         EitherLanguage(u"Premere Esc per vederla com'è ora."_qs, u"Press Esc to see it as it is now."_qs);
-    Q_EMIT Failed(editRow_ >= 0 ? error.Description() + u' ' + hint : error.Description());
+    Q_EMIT Failed(WithHint(error.Description(), editRow_ >= 0 ? asItIs : QString()));
   } catch (const std::exception& error) {
-    Q_EMIT Failed(DescriptionOf(error));
+    Q_EMIT Failed(WithHint(DescriptionOf(error), hint));
   }
   return false;
 }
@@ -158,7 +164,9 @@ bool RecordsetModel::Submit() {
   const bool added = IsAddNewRow(row);
   std::function<void(qint64)> within;
   if (OnRowWriting) within = [&](qint64 bookmark) { OnRowWriting(row, bookmark, added); };
-  if (!Attempt([&] { rows_.Update(within); })) return false;
+  const QString giveUp =
+      EitherLanguage(u"Premere Esc per rinunciare alla modifica."_qs, u"Press Esc to give up the change."_qs);
+  if (!Attempt([&] { rows_.Update(within); }, giveUp)) return false;
   if (added && shownRows_ == RecordCount()) {
     EndEdit(row);
     beginInsertRows({}, shownRows_, shownRows_);

@@ -162,9 +162,21 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
   }
 }
 
+void ProductEditing::RefreshFilterValues() {
+  try {
+    for (int column = ProductColumn::IDFiltro1; column < ProductColumn::Pubblica; ++column)
+      if (column < rows_.columnCount() && rows_.Column(column).kind == ColumnKind::Lookup)
+        OfferFilterValues(column);
+  } catch (const Error& error) {
+    qCDebug(products) << "filter values not read" << error.Description();
+  }
+}
+
 void ProductEditing::OfferFilterValues(int column) {
   const int filter = column - ProductColumn::IDFiltro1 + 1;
-  rows_.SetLookup(rows_.Column(column).key, FilterValues(IDCatalogo_, filter, *connection_));
+  Lookup values = FilterValues(IDCatalogo_, filter, *connection_);
+  if (values.Items() != rows_.Column(column).lookup.Items())
+    rows_.SetLookup(rows_.Column(column).key, std::move(values));
 }
 
 }  // namespace vorlina

@@ -262,6 +262,11 @@ void frmEditCatalog::ShowCounts() {
                               .arg(locale.toString(selected)));
 }
 
+bool frmEditCatalog::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && Connessione != nullptr) editing_->RefreshFilterValues();
+  return QMainWindow::event(event);
+}
+
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
   if (busy_ || !grdProducts->LeaveRow()) {
     // Who closes the program from elsewhere sees what is in the way.

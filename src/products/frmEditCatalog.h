@@ -64,6 +64,7 @@ class frmEditCatalog : public QMainWindow {
   void Closed();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 

@@ -333,7 +333,9 @@ TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
   model_.setData(At(0, Text), u"mine"_qs);
   second_.Execute(u"BEGIN IMMEDIATE"_qs);
   EXPECT_FALSE(model_.Submit());
-  EXPECT_EQ(failures_.last(), u"The database is in use by another program. Close it and try again."_qs);
+  EXPECT_EQ(
+      failures_.last(),
+      u"The database is in use by another program. Close it and try again. Press Esc to give up the change."_qs);
   second_.Execute(u"ROLLBACK"_qs);
   EXPECT_TRUE(model_.Submit());
   EXPECT_EQ(Stored(u"Descrizione"_qs, u"C"_qs), u"mine"_qs);

@@ -176,7 +176,7 @@ TEST_F(GridPictures, ACodeThatCannotBeWrittenLeavesTheFilesAsTheyWere) {
       u"CREATE TRIGGER Refuse BEFORE UPDATE OF Immagine ON Prodotti BEGIN SELECT "
       "RAISE(ABORT, 'refused'); END"_qs);
   Type(0, Code, u"new"_qs);
-  dialogs_.ExpectMessage(u"refused"_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(u"refused. Press Esc to give up the change."_qs, BoxStyle::Stop);
   Key(Qt::Key_Down);
   EXPECT_EQ(Differences(before, FilesIn(AppFile(u"Images"_qs))), QStringList());
   EXPECT_EQ(Orders(), u"a1 b2"_qs);

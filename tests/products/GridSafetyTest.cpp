@@ -75,6 +75,17 @@ TEST_F(GridSafety, AKeyThatPassedToAnotherCatalogIsLeftAlone) {
   EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto='foreign' AND Descrizione IS NULL"_qs), 1);
 }
 
+TEST_F(GridSafety, AFilterValueOfAnotherWindowIsShownOnComingBack) {
+  Name(u"NomeFiltro1"_qs, u"Colour"_qs);
+  AddProducts({u"a"_qs});
+  Open();
+  Open();
+  const int red = AddFilterValue(1, u"red"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=?"_qs, {red});
+  Activate(0);
+  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs);
+}
+
 TEST_F(GridSafety, AFilterValueOfAnotherWindowIsNotAddedTwice) {
   Name(u"NomeFiltro1"_qs, u"Colore"_qs);
   AddProducts({u"a"_qs, u"b"_qs});
