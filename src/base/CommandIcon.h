@@ -1,13 +1,27 @@
-// The pictures of the windows' commands.
+// How commands become pictures and buttons, the same way in every window.
 #pragma once
 
 #include <QIcon>
 #include <QString>
+#include <span>
+
+#include "base/Commands.h"
+
+class QAction;
+class QToolBar;
+class QWidget;
 
 namespace vorlina {
 
 // The picture of a name, such as "edit"; an empty one for a name that has none. It looks the same where its
 // entry is selected.
 QIcon CommandIcon(const QString& name);
+
+// Adds a command to a toolbar, in Italian, under its key as name; the button is worked by the keyboard as
+// well.
+QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command);
+
+// Lays the English texts over the commands that were added to a window's toolbar.
+void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands);
 
 }  // namespace vorlina

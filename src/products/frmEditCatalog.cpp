@@ -68,13 +68,9 @@ frmEditCatalog::~frmEditCatalog() { ReleaseAll(); }
 void frmEditCatalog::MakeToolbar() {
   for (const ToolbarCommand& command : GridToolbar) {
     const QString key = Text(command.key);
-    QAction* action = ui_->tbr->addAction(CommandIcon(Text(command.icon)), Text(command.caption.italian));
-    action->setObjectName(key);
-    action->setToolTip(Text(command.toolTip.italian));
-    action->setShortcut(QKeySequence(Text(command.shortcut)));
+    QAction* action = AddCommand(*ui_->tbr, command);
     action->setEnabled(handlers_.count(key) > 0);
     connect(action, &QAction::triggered, this, [this, key] { Run(key); });
-    ui_->tbr->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
   }
   mnuPubblica = new QMenu(this);
   mnuPubblica->setObjectName(u"mnuPubblica"_qs);
@@ -135,11 +131,7 @@ void frmEditCatalog::Localize_Form() {
   setWindowTitle(u"Edit catalog"_qs);
   ui_->tbr->setWindowTitle(u"Commands"_qs);
   grdProducts->setAccessibleName(u"Products"_qs);
-  for (const ToolbarCommand& command : GridToolbar) {
-    auto* action = findChild<QAction*>(Text(command.key));
-    action->setText(Text(command.caption.english));
-    action->setToolTip(Text(command.toolTip.english));
-  }
+  LocalizeCommands(*this, GridToolbar);
   mnuGriglia->setTitle(u"Grid"_qs);
   for (const MenuCommand& command : GridMenu)
     mnuGriglia->findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));

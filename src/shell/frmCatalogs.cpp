@@ -57,16 +57,11 @@ frmCatalogs::~frmCatalogs() = default;
 
 void frmCatalogs::MakeToolbar() {
   for (const ToolbarCommand& command : ToolbarCommands) {
-    QAction* action = ui_->tbr->addAction(CommandIcon(Text(command.icon)), Text(command.caption.italian));
-    const QString key = Text(command.key);
-    action->setObjectName(key);
-    action->setToolTip(Text(command.toolTip.italian));
-    action->setShortcut(QKeySequence(Text(command.shortcut)));
+    QAction* action = AddCommand(*ui_->tbr, command);
+    const QString key = action->objectName();
     action->setEnabled(handlers_.contains(key));
     connect(action, &QAction::triggered, this, [this, key] { Run(key); });
     toolbar_.push_back(action);
-    // The bar is worked by the keyboard as well.
-    ui_->tbr->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
   }
 }
 
@@ -203,10 +198,7 @@ void frmCatalogs::Localize_Form() {
   ui_->Label2->setText(u"Double click to publish"_qs);
   ui_->cmdIndietro->setText(u"<< &Back"_qs);
   ui_->tbr->setWindowTitle(u"Commands"_qs);
-  for (std::size_t i = 0; i < ToolbarCommands.size(); ++i) {
-    toolbar_[i]->setText(Text(ToolbarCommands[i].caption.english));
-    toolbar_[i]->setToolTip(Text(ToolbarCommands[i].toolTip.english));
-  }
+  LocalizeCommands(*ui_->tbr, ToolbarCommands);
   for (const MenuCommand& command : HelpCommands)
     mnuHelp_->findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
   mnuPlugins_->setTitle(u"Plugins"_qs);
