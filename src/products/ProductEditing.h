@@ -30,7 +30,8 @@ class ProductEditing : public QObject {
   void OfferDefaults();
   // The same for the code alone.
   void OfferCode();
-  // Has the drop-downs offer what the filters have by now: another window may have added to them. Never fails.
+  // Has the drop-downs offer what the filters have by now: another window may have added to them. Never
+  // fails.
   void RefreshFilterValues();
 
  private:

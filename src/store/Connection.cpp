@@ -69,8 +69,8 @@ void Connection::OpenFile(const QString& path) {
             u"The database %1 does not exist. Restore a backup or install the program again."_qs)
             .arg(QDir::toNativeSeparators(path)));
   database_ = WithStoreErrors([&] {
-    auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-                                                       BusyMilliseconds);
+    auto database = std::make_unique<SQLite::Database>(
+        path.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, BusyMilliseconds);
     Configure(*database);
     return database;
   });
