@@ -138,7 +138,10 @@ QModelIndex DataGrid::NextCell(int step) {
   return next.isValid() ? next : currentIndex();
 }
 
+// Down from a new row leads to the next new one as well.
 QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action == MoveDown && rows_.StateOf(CurrentRow()) == RowState::Added && !LeaveRow())
+    return currentIndex();
   const QModelIndex cell = action == MoveNext       ? NextCell(1)
                            : action == MovePrevious ? NextCell(-1)
                                                     : QTableView::moveCursor(action, modifiers);

@@ -98,6 +98,8 @@ void frmEditCatalog::LoadForm() {
   LoadCatalog();
   Caricamento = false;
   NumberUnnumbered();
+  // Whoever begins a catalog can type at once.
+  if (grdProducts->Rows().RecordCount() == 0) grdProducts->GoTo(0, CodeColumn);
   Localize_Form();
   ShowCounts();
   grdProducts->setFocus();

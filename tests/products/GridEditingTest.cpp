@@ -9,6 +9,15 @@ class GridEditing : public GridWindow {};
 
 }  // namespace
 
+TEST_F(GridEditing, AnEmptyCatalogIsTypedIntoAtOnce) {
+  Open();
+  Key(Qt::Key_X);
+  ASSERT_NE(Editor(), nullptr);
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Orders(), u"x1"_qs);
+}
+
 TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   AddProducts({u"1"_qs, u"2"_qs, u"4"_qs});
   Open();

@@ -366,6 +366,8 @@ TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
     finish(u"menu"_qs, choice);
     EXPECT_EQ(wizard(), nullptr);
     EXPECT_EQ(Catalogs()->item(Catalogs()->count() - 1)->text(), u"menu"_qs);
+    const auto* grid = window_->findChild<frmEditCatalog*>();
+    EXPECT_EQ(grid == nullptr ? QString() : grid->windowTitle(), choice == 0 ? u"menu"_qs : QString());
     Press(u"cmdNew"_qs);
   }
   EXPECT_EQ(Catalogs()->count(), 5);

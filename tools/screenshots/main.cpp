@@ -135,6 +135,20 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   window->close();
 }
 
+// A catalog without products and without names.
+void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
+  catalogs.cnnCatalog.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('Ceramiche')"_qs);
+  catalogs.ListCatalog();
+  auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
+  list->setCurrentRow(list->count() - 1);
+  catalogs.findChild<QPushButton*>(u"Edit"_qs)->click();
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  photographer.Take(*window, u"frmEditCatalog-empty"_qs);
+  window->close();
+  catalogs.cnnCatalog.Execute(u"DELETE FROM Cataloghi WHERE NomeCatalogo='Ceramiche'"_qs);
+  catalogs.ListCatalog();
+}
+
 // The four steps of the wizard, filled in. It is left before it writes anything.
 void TakeWizard(const Photographer& photographer, const Connection& connection) {
   frmNewCatalog wizard;
@@ -175,6 +189,9 @@ void TakeAll(const Photographer& photographer) {
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
   catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
   TakeGrid(photographer, catalogs);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  TakeEmptyGrid(photographer, catalogs);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   catalogs.findChild<QPushButton*>(u"cmdPublish"_qs)->click();
   auto* plugins = catalogs.findChild<QTreeWidget*>(u"lstPlugIns"_qs);
   Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);
