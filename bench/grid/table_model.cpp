@@ -46,6 +46,7 @@ void RunOurs(const QString& path, int catalog) {
         u"WHERE IDCatalogo=?"_qs,
         connection, CursorType::Keyset, LockType::Optimistic, {catalog});
     std::vector<GridColumn> columns;
+    columns.reserve(std::size_t(recordset.Fields().Count()));
     for (int i = 0; i < recordset.Fields().Count(); ++i)
       columns.push_back({.key = recordset.Fields().At(i).name, .field = i});
     model.SetAddNewRow(false);

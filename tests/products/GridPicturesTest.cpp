@@ -20,7 +20,7 @@ class GridPictures : public GridWindow {
   }
   // Gives a product a main picture and its thumbnail.
   QString GivePicture(const QString& code) {
-    const QString path = MainImagePath(catalog_, code);
+    QString path = MainImagePath(catalog_, code);
     WriteFileSafely(path, MakeJpeg(MakePhoto({80, 60}, 1)));
     WriteFileSafely(ThumbnailPath(path), MakeJpeg(MakePhoto({40, 30}, 2)));
     connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
