@@ -77,6 +77,7 @@ inline double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
+// In turn, the medians compared. A bound of 0 is none.
 inline void Compare(const std::string& what, int rounds, double bound, const std::function<void()>& bare,
                     const std::function<void()>& ours, const std::function<void()>& between = {}) {
   std::vector<double> bareTimes;
@@ -88,8 +89,9 @@ inline void Compare(const std::string& what, int rounds, double bound, const std
   }
   const double bareTime = Median(bareTimes);
   const double ourTime = Median(ourTimes);
-  std::printf("%-44s bare %9.2f ms, ours %9.2f ms, ratio %5.2f (at most %.2f)\n", what.c_str(), bareTime,
-              ourTime, ourTime / bareTime, bound);
+  std::printf("%-44s bare %9.2f ms, ours %9.2f ms, ratio %5.2f", what.c_str(), bareTime, ourTime,
+              ourTime / bareTime);
+  std::printf(bound > 0 ? " (at most %.2f)\n" : "\n", bound);
   std::fflush(stdout);
 }
 

@@ -1,6 +1,7 @@
 // The product grid's window over catalogs of 100,000 and 1,000,000 products, against the bare SQLite
 // statements that do the same: the two in turn, their medians compared.
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <memory>
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int MovedRows = 100;
 constexpr int Places = 100'000;
+constexpr int MostPages = 5'000;
 
 // As the main window's Edit command does it.
 std::unique_ptr<frmEditCatalog> Edit(Data& data, int catalog) {
@@ -35,12 +37,54 @@ std::unique_ptr<frmEditCatalog> Edit(Data& data, int catalog) {
 void Painted(Data& data, int catalog, int rounds) {
   std::unique_ptr<frmEditCatalog> window;
   Compare(
-      "from Edit to painted rows" + OfRows(catalog), rounds, 4,
+      "from Edit to painted rows" + OfRows(catalog), rounds, catalog == 3 ? 4 : 0,
       [&] { Bare(data, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog); },
       [&] {
         window = Edit(data, catalog);
         if (window->grab().isNull()) std::abort();
       });
+}
+
+void Press(QWidget& grid, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QKeyEvent event(QEvent::KeyPress, key, modifiers);
+  QApplication::sendEvent(&grid, &event);
+  if (grid.grab().isNull()) std::abort();
+}
+
+// Page by page through the catalog, each painted.
+void Scroll(Data& data, int catalog) {
+  const std::unique_ptr<frmEditCatalog> window = Edit(data, catalog);
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  int pages = 0;
+  double slowest = 0;
+  const double time = Milliseconds([&] {
+    for (; grid->CurrentRow() < grid->Rows().RecordCount() && pages < MostPages; ++pages)
+      slowest = std::max(slowest, Milliseconds([&] { Press(*grid, Qt::Key_PageDown); }));
+  });
+  std::printf("%-44s %.0f pages a second (at least 60), the slowest took %.1f ms; row %d\n",
+              ("page keys" + OfRows(catalog)).c_str(), 1000 * pages / time, slowest, grid->CurrentRow() + 1);
+}
+
+// What touches one row, or the selection as a whole, against the same in the smallest catalog.
+void Keys(Data& data, int catalog) {
+  const std::unique_ptr<frmEditCatalog> small = Edit(data, 1);
+  const std::unique_ptr<frmEditCatalog> large = Edit(data, catalog);
+  const auto grid = [](const std::unique_ptr<frmEditCatalog>& window) {
+    return window->findChild<DataGrid*>(u"grdProducts"_qs);
+  };
+  const struct {
+    std::string name;
+    int key;
+    Qt::KeyboardModifiers modifiers;
+  } cases[] = {{"select all", Qt::Key_A, Qt::ControlModifier},
+               {"to the end", Qt::Key_End, Qt::ControlModifier},
+               {"select to the start", Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier},
+               {"one row up", Qt::Key_Up, Qt::NoModifier}};
+  for (const auto& test : cases)
+    Compare(
+        test.name + OfRows(catalog) + ", of 1000", 31, 3,
+        [&] { Press(*grid(small), test.key, test.modifiers); },
+        [&] { Press(*grid(large), test.key, test.modifiers); });
 }
 
 // The first hundred rows of the catalog to far below.
@@ -98,6 +142,9 @@ int main(int argc, char** argv) {
       u"IDCatalogo ORDER BY rowid) AS place FROM Prodotti) n WHERE Prodotti.rowid=n.id"_qs);
   Painted(data, 2, 11);
   Painted(data, 3, 5);
+  Scroll(data, 2);
+  Scroll(data, 3);
+  Keys(data, 3);
   Move(data, 3);
   Renumber(data, 2);
   return 0;

@@ -15,11 +15,6 @@ QString Listed(const QList<int>& rows) {
   return texts.join(u' ');
 }
 
-qint64 ResidentBytes() {
-  QFile file(u"/proc/self/statm"_qs);
-  return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() * 4096 : 0;
-}
-
 }  // namespace
 
 TEST_F(ShownGrid, SelectsSeveralRowsAndCopiesThem) {
@@ -294,57 +289,4 @@ TEST_F(ShownGrid, OneHeightForAllRows) {
   EXPECT_EQ(grid_->rowHeight(4), before + 20);
   EXPECT_EQ(grid_->rowViewportPosition(4), 4 * (before + 20));
   EXPECT_EQ(Row().EditRow(), -1);
-}
-
-// What is done with one row, or with the selection as a whole, costs nothing by the number of rows; of memory
-// the view takes what its strip holds of each.
-TEST_F(ShownGrid, AMillionRows) {
-  people_.Close();
-  connection_.Execute(
-      u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000000) INSERT INTO People "
-      u"(Name)"
-      u" SELECT printf('n%07d',i) FROM n"_qs);
-  people_.Open(u"SELECT ID As _ID, Name, Note, Colour, Active FROM People"_qs, connection_,
-               CursorType::Keyset, LockType::Optimistic);
-  const qint64 alone = ResidentBytes();
-  ASSERT_TRUE(grid_->Bind(people_, Columns()));
-  grid_->grab();
-#ifndef __SANITIZE_ADDRESS__
-  EXPECT_LT(ResidentBytes() - alone, 16'000'000);
-#endif
-  grid_->GoTo(0, u"Name"_qs);
-  struct {
-    const char* means;
-    qint64 milliseconds;
-    std::function<void()> step;
-  } const steps[] = {
-      {"select all", 500, [&] { Key(Qt::Key_A, Qt::ControlModifier); }},
-      {"100 pages", 5000,
-       [&] {
-         for (int i = 0; i < 100; ++i) Key(Qt::Key_PageDown);
-       }},
-      {"to the end", 500, [&] { Key(Qt::Key_End, Qt::ControlModifier); }},
-      {"a letter on a check box", 500, [&] { Type(u"q"_qs); }},
-      {"a new row", 500,
-       [&] {
-         grid_->GoTo(1'000'005, u"Name"_qs);
-         Type(u"new"_qs);
-         Key(Qt::Key_Up);
-       }},
-      {"the height of the rows", 1000, [&] { grid_->verticalHeader()->resizeSection(999'999, 40); }},
-      {"select half of them", 500, [&] {
-         grid_->GoTo(500'000, u"Name"_qs);
-         Key(Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
-       }}};
-  for (const auto& step : steps) {
-    QElapsedTimer timer;
-    timer.start();
-    step.step();
-    grid_->grab();
-    EXPECT_LT(timer.elapsed(), step.milliseconds) << step.means;
-    RecordProperty(step.means, int(timer.nsecsElapsed() / 1000));
-  }
-  EXPECT_EQ(grid_->SelectedCount(), 500'001);
-  EXPECT_EQ(Row().RecordCount(), 1'000'006);
-  EXPECT_EQ(failures_, QStringList());
 }
