@@ -127,6 +127,7 @@ class DataGrid : public QTableView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -154,6 +155,7 @@ class DataGrid : public QTableView {
   void ShowSort();
   void Refresh();
   bool CloseEditor();
+  bool OpenList();
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);
   bool MayDragTo(int row, const QMouseEvent& event);

@@ -184,9 +184,36 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
       DeleteSelected();
       return;
+    case Qt::Key_F4:
+      if (OpenList()) return;
+      break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (event->modifiers().testFlag(Qt::AltModifier) && OpenList()) return;
+      break;
     default:
-      QTableView::keyPressEvent(event);
+      break;
   }
+  QTableView::keyPressEvent(event);
+}
+
+// Opens the current cell, where it is a drop-down, with its list.
+bool DataGrid::OpenList() {
+  const QModelIndex cell = currentIndex();
+  if (!cell.isValid() || rows_.Column(cell.column()).kind != ColumnKind::Lookup ||
+      !cell.flags().testFlag(Qt::ItemIsEditable))
+    return false;
+  edit(cell);
+  delegate_->ShowList();
+  return true;
+}
+
+// A letter that comes whole, as from a dead key, opens the editor, but the base keeps it from it.
+void DataGrid::inputMethodEvent(QInputMethodEvent* event) {
+  const bool opens = delegate_->Editor() == nullptr && !event->commitString().isEmpty();
+  QTableView::inputMethodEvent(event);
+  QWidget* editor = delegate_->Editor();
+  if (opens && editor != nullptr) QCoreApplication::sendEvent(editor, event);
 }
 
 bool DataGrid::DeleteSelected() {
