@@ -91,6 +91,8 @@ class DataGrid : public QTableView {
   // Ctrl+C; without it the selection is copied with tabs between the cells, as spreadsheets take it.
   std::function<void()> OnCopy;
 
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
  Q_SIGNALS:
   // A write was refused: text for the user.
   void RowFailed(const QString& text);
@@ -161,6 +163,7 @@ class DataGrid : public QTableView {
   bool MayDragTo(int row, const QMouseEvent& event);
   Place CurrentPlace() const;
   void ReturnTo(const Place& place);
+  bool IsFirstValue(int column) const;
   QModelIndex NextCell(int step);
   QModelIndex NeighbourCell(int step) const;
   QList<int> CopiedColumns() const;

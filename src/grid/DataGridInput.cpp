@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "base/Language.h"
@@ -128,6 +129,24 @@ QModelIndex DataGrid::NeighbourCell(int step) const {
     if (rows_.Column(column).bound && !isColumnHidden(column)) return rows_.index(row, column);
   }
   return {};
+}
+
+bool DataGrid::IsFirstValue(int column) const {
+  const QHeaderView& header = *horizontalHeader();
+  for (int place = header.visualIndex(column) - 1; place >= 0; --place) {
+    const int before = header.logicalIndex(place);
+    if (rows_.Column(before).bound && !isColumnHidden(before)) return false;
+  }
+  return true;
+}
+
+// The pictures before the first value, where keys do not stop, are seen again together with it.
+void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QTableView::scrollTo(index, hint);
+  if (!index.isValid() || !IsFirstValue(index.column())) return;
+  const QHeaderView& header = *horizontalHeader();
+  const int end = header.sectionPosition(index.column()) + header.sectionSize(index.column());
+  if (end <= viewport()->width()) horizontalScrollBar()->setValue(0);
 }
 
 // A new row that is left at its end is written, and the next new one follows.

@@ -297,6 +297,15 @@ TEST_F(ShownGrid, AClosedDropDownIsNotChangedUnseen) {
   EXPECT_EQ(Where(), u"0 Active"_qs);
 }
 
+TEST_F(ShownGrid, ThePicturesBeforeTheFirstValueAreSeenWithIt) {
+  window_.resize(300, 300);
+  grid_->GoTo(0, u"Active"_qs);
+  ASSERT_GT(grid_->horizontalScrollBar()->value(), 0);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Where(), u"1 Name"_qs);
+  EXPECT_EQ(grid_->horizontalScrollBar()->value(), 0);
+}
+
 // As the second key after a dead one gives it.
 TEST_F(ShownGrid, ALetterThatComesWholeBeginsTheCell) {
   grid_->GoTo(0, u"Note"_qs);
