@@ -91,6 +91,8 @@ class DataGrid : public QTableView {
   // Ctrl+C; without it the selection is copied with tabs between the cells, as spreadsheets take it.
   std::function<void()> OnCopy;
 
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
  Q_SIGNALS:
   // A write was refused: text for the user.
   void RowFailed(const QString& text);
@@ -127,6 +129,7 @@ class DataGrid : public QTableView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -154,11 +157,13 @@ class DataGrid : public QTableView {
   void ShowSort();
   void Refresh();
   bool CloseEditor();
+  bool OpenList();
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);
   bool MayDragTo(int row, const QMouseEvent& event);
   Place CurrentPlace() const;
   void ReturnTo(const Place& place);
+  bool IsFirstValue(int column) const;
   QModelIndex NextCell(int step);
   QModelIndex NeighbourCell(int step) const;
   QList<int> CopiedColumns() const;

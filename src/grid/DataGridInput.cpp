@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "base/Language.h"
@@ -130,6 +131,24 @@ QModelIndex DataGrid::NeighbourCell(int step) const {
   return {};
 }
 
+bool DataGrid::IsFirstValue(int column) const {
+  const QHeaderView& header = *horizontalHeader();
+  for (int place = header.visualIndex(column) - 1; place >= 0; --place) {
+    const int before = header.logicalIndex(place);
+    if (rows_.Column(before).bound && !isColumnHidden(before)) return false;
+  }
+  return true;
+}
+
+// The pictures before the first value, where keys do not stop, are seen again together with it.
+void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QTableView::scrollTo(index, hint);
+  if (!index.isValid() || !IsFirstValue(index.column())) return;
+  const QHeaderView& header = *horizontalHeader();
+  const int end = header.sectionPosition(index.column()) + header.sectionSize(index.column());
+  if (end <= viewport()->width()) horizontalScrollBar()->setValue(0);
+}
+
 // A new row that is left at its end is written, and the next new one follows.
 QModelIndex DataGrid::NextCell(int step) {
   QModelIndex next = NeighbourCell(step);
@@ -184,9 +203,36 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
       DeleteSelected();
       return;
+    case Qt::Key_F4:
+      if (OpenList()) return;
+      break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (event->modifiers().testFlag(Qt::AltModifier) && OpenList()) return;
+      break;
     default:
-      QTableView::keyPressEvent(event);
+      break;
   }
+  QTableView::keyPressEvent(event);
+}
+
+// Opens the current cell, where it is a drop-down, with its list.
+bool DataGrid::OpenList() {
+  const QModelIndex cell = currentIndex();
+  if (!cell.isValid() || rows_.Column(cell.column()).kind != ColumnKind::Lookup ||
+      !cell.flags().testFlag(Qt::ItemIsEditable))
+    return false;
+  edit(cell);
+  delegate_->ShowList();
+  return true;
+}
+
+// A letter that comes whole, as from a dead key, opens the editor, but the base keeps it from it.
+void DataGrid::inputMethodEvent(QInputMethodEvent* event) {
+  const bool opens = delegate_->Editor() == nullptr && !event->commitString().isEmpty();
+  QTableView::inputMethodEvent(event);
+  QWidget* editor = delegate_->Editor();
+  if (opens && editor != nullptr) QCoreApplication::sendEvent(editor, event);
 }
 
 bool DataGrid::DeleteSelected() {

@@ -271,6 +271,7 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
   }
   if (section < 0 || section >= shownRows_) return {};
   if (role == RowStateRole) return int(StateOf(section));
+  if (role == Qt::AccessibleTextRole) return QString::number(section + 1);
   if (role != Qt::DisplayRole) return {};
   return section == editRow_ ? u"\u270E"_qs : IsAddNewRow(section) ? u"*"_qs : QString();
 }

@@ -1,6 +1,9 @@
 #include "grid/WidgetGridDelegate.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStringListModel>
@@ -105,6 +108,55 @@ QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
   refused_ = false;
   editor_ = editor;
   return editor;
+}
+
+void WidgetGridDelegate::ShowList() {
+  auto* combo = qobject_cast<QComboBox*>(editor_);
+  if (combo == nullptr) return;
+  const int typed = combo->findText(combo->currentText(), Qt::MatchFixedString);
+  if (typed >= 0) combo->setCurrentIndex(typed);
+  combo->view()->installEventFilter(this);
+  combo->showPopup();
+}
+
+bool WidgetGridDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (const auto* list = qobject_cast<QAbstractItemView*>(watched)) return FilterList(*list, *event);
+  auto* combo = qobject_cast<QComboBox*>(watched);
+  if (combo != nullptr && FilterDropDown(*combo, *event)) return true;
+  return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+// The keys that go through a list open it, and the wheel scrolls the grid: each would change the value in a
+// closed one unseen.
+bool WidgetGridDelegate::FilterDropDown(QComboBox& combo, QEvent& event) {
+  if (event.type() == QEvent::Wheel) {
+    event.ignore();
+    return true;
+  }
+  if (event.type() != QEvent::KeyPress || &combo != editor_) return false;
+  switch (static_cast<QKeyEvent&>(event).key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_F4:
+      ShowList();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Tab takes over from the open list, and leaves the cell.
+bool WidgetGridDelegate::FilterList(const QAbstractItemView& list, QEvent& event) {
+  auto* combo = qobject_cast<QComboBox*>(editor_);
+  if (combo == nullptr || event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent&>(event).key();
+  if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
+  if (list.currentIndex().isValid()) combo->setCurrentIndex(list.currentIndex().row());
+  combo->hidePopup();
+  QCoreApplication::sendEvent(combo, &event);
+  return true;
 }
 
 void WidgetGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

@@ -7,6 +7,8 @@
 
 #include "grid/DataGrid.h"
 
+class QComboBox;
+
 namespace vorlina {
 
 class WidgetGridDelegate : public QStyledItemDelegate {
@@ -19,6 +21,8 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   // The open editor, or null.
   QWidget* Editor() const { return editor_; }
   void Forget() { editor_ = nullptr; }
+  // Opens the list of the drop-down that is open, at the text that is typed there.
+  void ShowList();
   // Whether the cell has refused what was typed last.
   bool IsRefused() const { return refused_; }
 
@@ -31,9 +35,13 @@ class WidgetGridDelegate : public QStyledItemDelegate {
                             const QModelIndex& index) const override;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  private:
+  bool FilterDropDown(QComboBox& combo, QEvent& event);
+  bool FilterList(const QAbstractItemView& list, QEvent& event);
+
   RecordsetModel& rows_;
   GridColours colours_;
   int targetRow_ = -1;

@@ -76,7 +76,7 @@ void WidgetRowHeader::paintSection(QPainter* painter, const QRect& rect, int row
   painter->setBrush(palette().color(QPalette::ButtonText));
   if (state == RowState::Edited || state == RowState::Added)
     painter->drawPolygon(Pencil(box));
-  else if (row == currentRow_)
+  else if (row == grid_.currentIndex().row())
     painter->drawPolygon(Triangle(box.adjusted(side / 5, 0, -side / 5, 0), isRightToLeft()));
   else if (state == RowState::AddNew)
     painter->drawText(rect, Qt::AlignCenter, u"*"_qs);

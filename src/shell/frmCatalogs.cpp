@@ -329,6 +329,7 @@ void frmCatalogs::NewCatalogWizard() {
     wizard_->ConnectionText = cnnCatalog.ConnectionText();
     connect(wizard_, &frmNewCatalog::EditWanted, this, [this](int id, const QString& caption) {
       ListCatalog();
+      SelectNewest();
       EditCatalog(id, caption);
     });
     connect(wizard_, &frmNewCatalog::MainMenuWanted, this, &frmCatalogs::ShowCatalogs);
@@ -381,13 +382,17 @@ void frmCatalogs::ComeToFront() {
 void frmCatalogs::ShowCatalogs() {
   ComeToFront();
   ListCatalog();
+  SelectNewest();
 }
 
 void frmCatalogs::AnotherCatalog() {
   ListCatalog();
-  ui_->LstWCatalogs->setCurrentRow(ui_->LstWCatalogs->count() - 1);
+  SelectNewest();
   ui_->cmdNew->click();
 }
+
+// What the next command works on is then what was made last.
+void frmCatalogs::SelectNewest() { ui_->LstWCatalogs->setCurrentRow(ui_->LstWCatalogs->count() - 1); }
 
 // The first press shows the plug-ins, the second publishes with the one selected there.
 void frmCatalogs::PressPublish() {

@@ -84,6 +84,7 @@ class frmCatalogs : public QMainWindow {
   void ComeToFront();
   void ShowCatalogs();
   void AnotherCatalog();
+  void SelectNewest();
   void Delete_Click();
   void DuplicaCatalogo();
   void CloneWithProgress(int id, const QString& name);

@@ -275,6 +275,47 @@ TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
   EXPECT_TRUE(Row().Value(1, u"Colour"_qs).isNull()) << "an emptied drop-down is no value";
 }
 
+TEST_F(ShownGrid, AClosedDropDownIsNotChangedUnseen) {
+  grid_->GoTo(0, u"Colour"_qs);
+  for (const int key : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_F4}) {
+    Key(Qt::Key_F2);
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(Editor(), &wheel);
+    Key(key);
+    EXPECT_EQ(Typed(), u"blue"_qs);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << key;
+    QApplication::activePopupWidget()->close();
+    Key(Qt::Key_Escape);
+  }
+  Key(Qt::Key_Down, Qt::AltModifier);
+  auto* combo = qobject_cast<QComboBox*>(Editor());
+  ASSERT_TRUE(combo != nullptr && combo->view()->isVisible()) << "at once from the cell";
+  QTest::keyClick(combo->view(), Qt::Key_Down);
+  QTest::keyClick(combo->view(), Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Shown(0, u"Colour"_qs), u"green"_qs);
+  EXPECT_EQ(Where(), u"0 Active"_qs);
+}
+
+TEST_F(ShownGrid, ThePicturesBeforeTheFirstValueAreSeenWithIt) {
+  window_.resize(300, 300);
+  grid_->GoTo(0, u"Active"_qs);
+  ASSERT_GT(grid_->horizontalScrollBar()->value(), 0);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Where(), u"1 Name"_qs);
+  EXPECT_EQ(grid_->horizontalScrollBar()->value(), 0);
+}
+
+// As the second key after a dead one gives it.
+TEST_F(ShownGrid, ALetterThatComesWholeBeginsTheCell) {
+  grid_->GoTo(0, u"Note"_qs);
+  QInputMethodEvent letter;
+  letter.setCommitString(u"\u00C8"_qs);
+  QCoreApplication::sendEvent(grid_, &letter);
+  Type(u" qui"_qs);
+  EXPECT_EQ(Typed(), u"\u00C8 qui"_qs);
+}
+
 TEST_F(ShownGrid, ARowThatOthersChangeWhileItIsEdited) {
   grid_->GoTo(1, u"Note"_qs);
   Type(u"mine"_qs);

@@ -15,15 +15,6 @@ const QString Replaced = u"A row was replaced meanwhile by another window or pro
 
 }  // namespace
 
-TEST_F(GridSafety, ClosingWritesANewRow) {
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  Type(AddNewRow(), u"Descrizione"_qs, u"new"_qs);
-  EXPECT_TRUE(window_->close());
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Count(u"Prodotti"_qs), 3);
-}
-
 TEST_F(GridSafety, NoToADeletionKeepsWhatWasTyped) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();

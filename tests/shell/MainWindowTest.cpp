@@ -375,7 +375,7 @@ TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
   EXPECT_EQ(wizard(), nullptr);
   EXPECT_TRUE(window_->isVisible());
   EXPECT_EQ(Catalogs()->count(), 5);
-  EXPECT_EQ(Catalogs()->currentItem()->text(), u"another"_qs);
+  EXPECT_EQ(Catalogs()->currentItem()->text(), u"menu"_qs);
 }
 
 TEST_F(MainWindow, ClosingReleasesTheDatabaseAndTellsTheProgram) {
