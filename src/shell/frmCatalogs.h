@@ -65,6 +65,10 @@ class frmCatalogs : public QMainWindow {
  private:
   using Handler = std::function<void()>;
 
+  // An item's key and tag: what it stands for, and what it says of itself.
+  static constexpr int KeyRole = Qt::UserRole;
+  static constexpr int TagRole = Qt::UserRole + 1;
+
   void MakeToolbar();
   void MakeMenus();
   void ConnectControls();
