@@ -53,7 +53,14 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   rows.OnRowDeleting = [this](qint64 bookmark) { DeleteProduct(bookmark); };
   rows.OnNotInList = [this](int column, const QString& text) { return AddFilterValue(column, text); };
   connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
-  connect(&rows, &RecordsetModel::RowInserted, this, &ProductEditing::OfferDefaults);
+  connect(&rows, &RecordsetModel::RowInserted, this, [this] {
+    try {
+      OfferDefaults();
+    } catch (const Error& error) {
+      // The row itself is written. A new one asks for its code again when it is begun.
+      qCDebug(products) << "no defaults" << error.Description();
+    }
+  });
   connect(&rows, &RecordsetModel::RowChanged, this, &ProductEditing::FinishRow);
   connect(&rows, &RecordsetModel::Failed, this, [this] {
     codeChange_.reset();

@@ -62,8 +62,12 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   ConnectGrid();
 }
 
-// The grid, as all controls, outlives the members that it works on.
-frmEditCatalog::~frmEditCatalog() { ReleaseAll(); }
+// Left to the base class, the grid would outlive the members that it works on, and signal to what is no
+// window any more.
+frmEditCatalog::~frmEditCatalog() {
+  ReleaseAll();
+  delete grdProducts;
+}
 
 void frmEditCatalog::MakeToolbar() {
   for (const ToolbarCommand& command : GridToolbar) {
@@ -89,7 +93,17 @@ void frmEditCatalog::MakeMenus() {
 
 void frmEditCatalog::Run(const QString& key) {
   const auto handler = handlers_.find(key);
-  if (handler != handlers_.end()) handler->second();
+  if (handler != handlers_.end()) Attempt(handler->second);
+}
+
+// What fails is told here, as it would be at the top of the event loop: no exception passes through Qt's own
+// handling of keys and of the mouse, which would not end it.
+void frmEditCatalog::Attempt(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const std::exception& error) {
+    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
+  }
 }
 
 void frmEditCatalog::LoadForm() {
@@ -107,18 +121,17 @@ void frmEditCatalog::LoadForm() {
 
 // Products that cannot be numbered, as in a database that is read-only, can be looked at all the same.
 void frmEditCatalog::NumberUnnumbered() {
-  try {
+  Attempt([this] {
     if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
-  } catch (const std::exception& error) {
-    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
-  }
+  });
 }
 
 // The button itself does nothing: its entries say with what to publish.
 void frmEditCatalog::FillPublishMenu() {
   for (const PluginEntry& plugin : Plugins) {
-    QAction* entry = mnuPubblica->addAction(plugin.icon, plugin.name, this,
-                                            [this, key = plugin.identifier] { PublishWith(key); });
+    QAction* entry = mnuPubblica->addAction(plugin.icon, plugin.name, this, [this, key = plugin.identifier] {
+      Attempt([&] { PublishWith(key); });
+    });
     entry->setObjectName(plugin.identifier);
   }
   auto* action = findChild<QAction*>(u"cmdPublish"_qs);

@@ -76,6 +76,7 @@ class frmEditCatalog : public QMainWindow {
   void NumberUnnumbered();
   void FillPublishMenu();
   void Run(const QString& key);
+  void Attempt(const std::function<void()>& step);
 
   void FillGrid(bool keepLayout);
   void OpenGrid();

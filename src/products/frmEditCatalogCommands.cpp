@@ -49,7 +49,8 @@ void frmEditCatalog::ConnectGrid() {
       [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeColumn); }, Qt::QueuedConnection);
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
     preview_->Hide();
-    if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew) editing_->OfferCode();
+    if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew)
+      Attempt([this] { editing_->OfferCode(); });
   });
   connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);
@@ -60,7 +61,8 @@ void frmEditCatalog::ConnectGrid() {
   });
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDragStarted, preview_, &WidgetGridPreview::Hide);
-  connect(grdProducts, &DataGrid::RowDropped, this, &frmEditCatalog::DropRows);
+  connect(grdProducts, &DataGrid::RowDropped, this,
+          [this](int row) { Attempt([=, this] { DropRows(row); }); });
   grdProducts->SetAcceptsFiles(true);
   // The row is selected only: to go there could bring a message for each move of the drag.
   connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) {
