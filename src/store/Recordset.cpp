@@ -18,7 +18,8 @@ std::vector<qint64> ReadKeys(SQLite::Statement& statement) {
   const SQLite::Column key = statement.getColumn(0);
   do keys.push_back(key.getInt64());
   while (statement.executeStep());
-  keys.shrink_to_fit();
+  // Giving the rest back copies them all.
+  if (keys.capacity() - keys.size() > keys.size() / 8) keys.shrink_to_fit();
   return keys;
 }
 
