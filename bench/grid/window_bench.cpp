@@ -87,6 +87,25 @@ void Keys(Data& data, int catalog) {
         [&] { Press(*grid(large), test.key, test.modifiers); });
 }
 
+// A changed cell and the row left, with the product's marks, against the row's bare UPDATE.
+void Write(Data& data, int catalog) {
+  const std::unique_ptr<frmEditCatalog> window = Edit(data, catalog);
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  RecordsetModel& rows = grid->Rows();
+  const qint64 key = rows.BookmarkOf(101);
+  int number = 0;
+  Compare(
+      "one changed row and its marks" + OfRows(catalog), 31, 0,
+      [&] {
+        Bare(data, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
+            .Update("text " + std::to_string(++number), key);
+      },
+      [&] {
+        rows.setData(rows.index(100, 1), u"text %1"_qs.arg(++number));
+        if (!grid->LeaveRow()) std::abort();
+      });
+}
+
 // The first hundred rows of the catalog to far below.
 void Move(Data& data, int catalog) {
   const std::string id = std::to_string(catalog);
@@ -145,6 +164,8 @@ int main(int argc, char** argv) {
   Scroll(data, 2);
   Scroll(data, 3);
   Keys(data, 3);
+  Write(data, 2);
+  Write(data, 3);
   Move(data, 3);
   Renumber(data, 2);
   return 0;

@@ -102,7 +102,8 @@ void ProductEditing::CheckCell(CellChange& change) {
 void ProductEditing::WriteRow(int row, bool added) {
   const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
   RequireOwn(rows_.Value(row, ProductColumn::IDCatalogo));
-  if (added) return MarkProductChanged(IDCatalogo_, code, *connection_);
+  MarkProductChanged(IDCatalogo_, code, *connection_);
+  if (added) return;
   const QString former = NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
   if (former == code) return;
   codeChange_ = std::make_unique<CodeChange>(IDCatalogo_, former, code, *connection_);

@@ -1,32 +1,19 @@
 #include "publish/ExtensionManager.h"
 
 #include "base/Dialogs.h"
-#include "base/Helpers.h"
 #include "base/Language.h"
 #include "store/Connection.h"
-#include "store/GetValue.h"
-#include "store/Recordset.h"
 
 namespace vorlina {
 namespace {
 
-QVariant OfExtension(const QString& expression, const QString& name, Connection& connection) {
-  return GetValue(expression, u"Extensions"_qs, connection, u"EXTENSIONNAME=?"_qs, {name});
-}
+enum class Level { Unknown, None, Catalog, Product };
 
-// Changes the value of the row found, or adds one with these columns.
-void Store(const QString& sql, const std::vector<std::pair<QString, QVariant>>& key, const QVariant& value,
-           Connection& connection) {
-  QVariantList bound;
-  for (const auto& [column, wanted] : key) bound += wanted;
-  Recordset rows;
-  rows.Open(sql, connection, CursorType::Keyset, LockType::Optimistic, bound);
-  if (rows.IsEOF() || rows.IsBOF()) {
-    rows.AddNew();
-    for (const auto& [column, wanted] : key) rows.SetValue(column, wanted);
-  }
-  rows.SetValue(u"Valore"_qs, value);
-  rows.Update();
+Level LevelOf(const QString& name, Connection& connection) {
+  Rows rows(connection, u"SELECT C,P FROM Extensions WHERE ExtensionName=?"_qs, {name});
+  if (!rows.Next()) return Level::Unknown;
+  if (rows.Value(0).toBool()) return Level::Catalog;
+  return rows.Value(1).toBool() ? Level::Product : Level::None;
 }
 
 }  // namespace
@@ -34,16 +21,15 @@ void Store(const QString& sql, const std::vector<std::pair<QString, QVariant>>& 
 void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
                   Connection& connection) {
   Transaction transaction(connection);
-  if (NullToZero(OfExtension(u"IDExtension"_qs, name, connection)) == 0) {
-    const bool product = !CodiceProdotto.isEmpty();
-    connection.Execute(u"INSERT INTO EXTENSIONS (ExtensionName,C,P) VALUES (?,?,?)"_qs,
-                       {name, !product, product});
+  Level level = LevelOf(name, connection);
+  if (level == Level::Unknown) {
+    level = CodiceProdotto.isEmpty() ? Level::Catalog : Level::Product;
+    connection.Execute(u"INSERT INTO Extensions (ExtensionName,C,P) VALUES (?,?,?)"_qs,
+                       {name, level == Level::Catalog, level == Level::Product});
   }
-  const bool catalogLevel = OfExtension(u"C"_qs, name, connection).toBool();
-  const bool productLevel = OfExtension(u"P"_qs, name, connection).toBool();
-  if (catalogLevel) {
+  if (level == Level::Catalog) {
     SetCatalogExtension(name, value, IDCatalogo, CodiceProdotto, connection);
-  } else if (productLevel) {
+  } else if (level == Level::Product) {
     SetProductExtension(name, value, IDCatalogo, CodiceProdotto, connection);
   } else {
     TheDialogs().Message(nullptr,
@@ -57,19 +43,20 @@ void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
 
 void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString&,
                          Connection& connection) {
-  Store(
-      u"SELECT * FROM CEXTENSION WHERE IDCATALOGO=? AND IDEXTENSION=?"_qs,
-      {{u"idcatalogo"_qs, IDCatalogo}, {u"IDExtension"_qs, OfExtension(u"IDExtension"_qs, name, connection)}},
-      value, connection);
+  connection.Execute(
+      u"INSERT INTO CExtension (IDCatalogo,IDExtension,Valore) SELECT ?,IDExtension,? FROM Extensions WHERE "
+      "ExtensionName=? ON CONFLICT DO UPDATE SET Valore=excluded.Valore "
+      "WHERE Valore IS NOT excluded.Valore"_qs,
+      {IDCatalogo, value, name});
 }
 
 void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo,
                          const QString& CodiceProdotto, Connection& connection) {
-  Store(u"SELECT * FROM PEXTENSION WHERE IDCATALOGO=? AND CODICEPRODOTTO=? AND IDEXTENSION=?"_qs,
-        {{u"idcatalogo"_qs, IDCatalogo},
-         {u"codiceprodotto"_qs, CodiceProdotto},
-         {u"IDExtension"_qs, OfExtension(u"IDExtension"_qs, name, connection)}},
-        value, connection);
+  connection.Execute(
+      u"INSERT INTO PExtension (IDCatalogo,CodiceProdotto,IDExtension,Valore) SELECT ?,?,IDExtension,? FROM "
+      "Extensions WHERE ExtensionName=? ON CONFLICT DO UPDATE SET Valore=excluded.Valore "
+      "WHERE Valore IS NOT excluded.Valore"_qs,
+      {IDCatalogo, CodiceProdotto, value, name});
 }
 
 void MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection) {

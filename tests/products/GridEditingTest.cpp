@@ -28,6 +28,9 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
         2)
         << name;
   EXPECT_EQ(Count(u"PExtension"_qs), 4) << "rows that were there get no mark";
+  Change(0, Description, u"changed"_qs);
+  EXPECT_EQ(One(u"group_concat(Valore,'')"_qs, u"PExtension"_qs, u"CodiceProdotto='1'"_qs).toString(),
+            u"11"_qs);
 
   // What another program adds meanwhile is not offered again.
   AddProduct(catalog_, u"7"_qs, 6);
