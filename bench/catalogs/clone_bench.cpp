@@ -9,10 +9,10 @@
 #include <functional>
 #include <vector>
 
+#include "../EmptyDatabase.h"
 #include "base/AppPath.h"
 #include "catalogs/CloneCatalog.h"
 #include "store/Connection.h"
-#include "store/Sqlite.h"
 
 using namespace vorlina;
 
@@ -56,12 +56,7 @@ const char* const Script[] = {
     "Height,Width,Descrizione FROM Immagini WHERE IDCatalogo=1"};
 
 void MakeDatabase(const QString& path) {
-  QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-  if (!schema.open(QIODevice::ReadOnly)) std::abort();
-  SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  RegisterSqlExtensions(database);
-  database.exec("PRAGMA synchronous=OFF");
-  database.exec(schema.readAll().toStdString());
+  SQLite::Database database = EmptyDatabase(path);
   database.exec(Content);
 }
 

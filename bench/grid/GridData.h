@@ -5,7 +5,6 @@
 #include <sqlite3.h>
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
@@ -14,9 +13,9 @@
 #include <string>
 #include <vector>
 
+#include "../EmptyDatabase.h"
 #include "grid/Lookup.h"
 #include "store/Connection.h"
-#include "store/Sqlite.h"
 
 namespace vorlina {
 
@@ -31,14 +30,9 @@ inline const char* const List =
 class Data {
  public:
   explicit Data(const QString& folder) : folder_(folder + u"/grid_bench"_qs) {
-    QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) std::abort();
     const QString path = folder_.filePath(u"Catalog.db"_qs);
     {
-      SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-      RegisterSqlExtensions(database);
-      database.exec("PRAGMA synchronous=OFF");
-      database.exec(schema.readAll().toStdString());
+      SQLite::Database database = EmptyDatabase(path);
       database.exec(
           "INSERT INTO Cataloghi (NomeCatalogo) VALUES ('a'),('b'),('c');"
           "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<200) "

@@ -5,9 +5,9 @@
 #include <QDir>
 #include <QFile>
 
+#include "../EmptyDatabase.h"
 #include "base/SafeFile.h"
 #include "store/Connection.h"
-#include "store/Sqlite.h"
 
 using namespace vorlina;
 
@@ -78,14 +78,8 @@ int main(int argc, char** argv) {
   const QString picture = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
   for (const QString& name : {u"Images"_qs, u"hugo/content/products"_qs, u"hugo/static/images"_qs})
     QDir().mkpath(folder + u'/' + name);
-  QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-  if (!schema.open(QIODevice::ReadOnly)) return 1;
   const QString path = folder + u"/Catalog.db"_qs;
-  {
-    SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    RegisterSqlExtensions(database);
-    database.exec(schema.readAll().toStdString());
-  }
+  EmptyDatabase(path);
   Connection connection;
   connection.Open(ConnectionTextFor(path));
   Transaction transaction(connection);

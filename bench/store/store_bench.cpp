@@ -4,7 +4,6 @@
 #include <sqlite3.h>
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
@@ -12,9 +11,9 @@
 #include <functional>
 #include <vector>
 
+#include "../EmptyDatabase.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
-#include "store/Sqlite.h"
 
 using namespace vorlina;
 
@@ -26,14 +25,9 @@ constexpr int PageRows = 50;
 class Data {
  public:
   Data() {
-    QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) std::abort();
     const QString path = folder_.filePath(u"Catalog.db"_qs);
     {
-      SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-      RegisterSqlExtensions(database);
-      database.exec("PRAGMA synchronous=OFF");
-      database.exec(schema.readAll().toStdString());
+      SQLite::Database database = EmptyDatabase(path);
       database.exec(
           "INSERT INTO Cataloghi (NomeCatalogo) VALUES ('a'),('b'),('c');"
           "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<999999) "

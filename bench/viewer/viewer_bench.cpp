@@ -5,7 +5,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
@@ -15,6 +14,7 @@
 #include <functional>
 #include <vector>
 
+#include "../EmptyDatabase.h"
 #include "base/AppPath.h"
 #include "base/Language.h"
 #include "base/SafeFile.h"
@@ -23,7 +23,6 @@
 #include "images/PicturePage.h"
 #include "images/ScreenPicture.h"
 #include "images/frmImageViewer.h"
-#include "store/Sqlite.h"
 
 using namespace vorlina;
 
@@ -63,13 +62,7 @@ class Data {
 
  private:
   static void MakeDatabase() {
-    QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly)) std::abort();
-    SQLite::Database database(AppFile(u"Catalog.db"_qs).toStdString(),
-                              SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    RegisterSqlExtensions(database);
-    database.exec("PRAGMA synchronous=OFF");
-    database.exec(schema.readAll().toStdString());
+    SQLite::Database database = EmptyDatabase(AppFile(u"Catalog.db"_qs));
     database.exec("INSERT INTO Cataloghi (NomeCatalogo) VALUES ('a')");
     SQLite::Statement insert(
         database,

@@ -3,6 +3,8 @@
 #include <QCollator>
 #include <algorithm>
 
+#include "store/Ranks.h"
+
 namespace vorlina {
 namespace {
 
@@ -37,19 +39,15 @@ std::optional<qint64> Lookup::ValueOf(const QString& text) const {
 }
 
 QByteArray Lookup::Ranks() const {
-  struct Pair {
-    qint64 number;
-    qint64 rank;
-  };
   const QCollator collator = LocaleCollator();
-  std::vector<Pair> pairs;
+  std::vector<RankPair> pairs;
+  pairs.reserve(items_.size());
   qint64 rank = 0;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (i > 0 && collator.compare(items_[i - 1].text, items_[i].text) != 0) ++rank;
     pairs.push_back({items_[i].value, rank});
   }
-  std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) { return a.number < b.number; });
-  return {reinterpret_cast<const char*>(pairs.data()), qsizetype(pairs.size() * sizeof(Pair))};
+  return RankList(std::move(pairs));
 }
 
 }  // namespace vorlina

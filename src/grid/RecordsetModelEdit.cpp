@@ -20,16 +20,6 @@ QString WithHint(const QString& description, const QString& hint) {
   return description + (description.endsWith(u'.') ? u" "_qs : u". "_qs) + hint;
 }
 
-[[noreturn]] void ThrowConflict(bool deleted) {
-  if (deleted)
-    throw ConflictError(EitherLanguage(
-        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
-        u"The row was deleted meanwhile by another window or program."_qs));
-  throw ConflictError(EitherLanguage(
-      u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
-      u"The row was changed meanwhile by another window or program."_qs));
-}
-
 }  // namespace
 
 // An editor that is opened over Null and left empty changes nothing. What the user types into the add-new row
@@ -68,7 +58,7 @@ bool RecordsetModel::SetText(const QModelIndex& index, const QString& text) {
 
 bool RecordsetModel::ChangeCell(int row, int column, const QVariant& value) {
   const QScopedValueRollback<bool> changing(changing_, true);
-  if (StateOf(row) == RowState::Deleted) return Attempt([] { ThrowConflict(true); });
+  if (StateOf(row) == RowState::Deleted) return Attempt([] { throw ConflictError::Deleted(); });
   const Qt::ItemFlags changeable = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
   if (!(flags(index(row, column)) & changeable)) return false;
   if (editRow_ >= 0 && editRow_ != row && !Submit()) return false;
@@ -116,11 +106,11 @@ void RecordsetModel::BeginChange(int row, int column) {
   cache_.Renew(rows_, row);
   ShowAgain(row, row);
   rows_.SetAbsolutePosition(qint64(row) + 1);
-  if (!rows_.RowExists()) ThrowConflict(true);
+  if (!rows_.RowExists()) throw ConflictError::Deleted();
   const FetchedRow now = rows_.CurrentFetched();
   const auto field = std::size_t(FieldOf(column));
-  if (shown && shown->identity != now.identity) ThrowConflict(true);
-  if (shown && shown->values[field] != now.values[field]) ThrowConflict(false);
+  if (shown && shown->identity != now.identity) throw ConflictError::Deleted();
+  if (shown && shown->values[field] != now.values[field]) throw ConflictError::Changed();
   editRow_ = row;
 }
 

@@ -72,9 +72,8 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   });
 }
 
-void ProductEditing::SetCatalog(int IDCatalogo, const ProductGridFields& fields, Connection& connection) {
+void ProductEditing::SetCatalog(int IDCatalogo, Connection& connection) {
   IDCatalogo_ = IDCatalogo;
-  fields_ = fields;
   connection_ = &connection;
 }
 
@@ -139,9 +138,7 @@ void ProductEditing::DeleteProduct(qint64 bookmark) {
 // The key of a product that was deleted elsewhere may have passed to another catalog's.
 void ProductEditing::RequireOwn(const QVariant& catalog) const {
   if (catalog == IDCatalogo_) return;
-  throw ConflictError(EitherLanguage(
-      u"Una riga è stata sostituita nel frattempo da un'altra finestra o da un altro programma."_qs,
-      u"A row was replaced meanwhile by another window or program."_qs));
+  throw ConflictError::Replaced();
 }
 
 bool ProductEditing::AddFilterValue(int column, const QString& text) {

@@ -23,8 +23,8 @@ class ProductEditing : public QObject {
   // Hooks into the grid's rows. The boxes that it shows belong to the owner. Both outlive it.
   ProductEditing(RecordsetModel& rows, QWidget* owner);
 
-  // The catalog that is edited, and its fields as the rows' columns show them.
-  void SetCatalog(int IDCatalogo, const ProductGridFields& fields, Connection& connection);
+  // The catalog that is edited.
+  void SetCatalog(int IDCatalogo, Connection& connection);
 
   // Offers a new row its code and its order number. Throws Error.
   void OfferDefaults();
@@ -47,7 +47,6 @@ class ProductEditing : public QObject {
   RecordsetModel& rows_;
   QWidget* owner_;
   int IDCatalogo_ = 0;
-  ProductGridFields fields_;
   Connection* connection_ = nullptr;
   std::unique_ptr<CodeChange> codeChange_;  // of the row that is being written
   QStringList deletedPictures_;             // of the products that are being deleted

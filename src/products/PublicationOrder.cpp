@@ -6,6 +6,7 @@
 #include "base/Helpers.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
+#include "store/Ranks.h"
 
 namespace vorlina {
 namespace {
@@ -38,23 +39,17 @@ bool HasUnnumbered(int IDCatalogo, Connection& connection) {
 }
 
 void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection) {
-  struct Pair {
-    qint64 bookmark;
-    qint64 number;
-  };
   Transaction transaction(connection);
   const std::vector<qint64> present = ProductKeys(IDCatalogo, connection);
-  std::vector<Pair> pairs;
+  std::vector<RankPair> pairs;
   pairs.reserve(bookmarks.size());
   for (const qint64 bookmark : bookmarks)
     if (std::binary_search(present.begin(), present.end(), bookmark))
       pairs.push_back({bookmark, qint64(pairs.size()) + 1});
-  std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) { return a.bookmark < b.bookmark; });
-  const QByteArray ranks(reinterpret_cast<const char*>(pairs.data()), qsizetype(pairs.size() * sizeof(Pair)));
   connection.Execute(
       u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?1,rowid) WHERE IDCatalogo=?2 AND "
       "IFNULL(VORLINA_RANK(?1,rowid),OrdineTemp) IS NOT OrdineTemp"_qs,
-      {ranks, IDCatalogo});
+      {RankList(std::move(pairs)), IDCatalogo});
   transaction.Commit();
 }
 

@@ -156,7 +156,7 @@ void frmEditCatalog::Localize_Form() {
 void frmEditCatalog::LoadCatalog() {
   IDCatalogo = rsCatalogo.Value(u"IDCatalogo"_qs).toInt();
   fields_ = ProductGridFields::Of(rsCatalogo);
-  editing_->SetCatalog(IDCatalogo, fields_, *Connessione);
+  editing_->SetCatalog(IDCatalogo, *Connessione);
   LayoutGriglia.clear();
   LoadGrid(true);
 }

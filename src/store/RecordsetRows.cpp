@@ -98,10 +98,7 @@ void Recordset::DeleteRows(const std::vector<RowDeletion>& rows,
     const std::optional<Row> now = FetchRow(row.bookmark);
     if (!now) continue;
     const Row identity = IdentityOf(*now);
-    if (row.identity && *row.identity != identity)
-      throw ConflictError(EitherLanguage(
-          u"Una riga è stata sostituita nel frattempo da un'altra finestra o da un altro programma."_qs,
-          u"A row was replaced meanwhile by another window or program."_qs));
+    if (row.identity && *row.identity != identity) throw ConflictError::Replaced();
     if (before) before(row.bookmark);
     writer_.Delete(row.bookmark, identity);
   }

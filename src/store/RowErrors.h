@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "base/Error.h"
+#include "base/Language.h"
 
 namespace vorlina {
 
@@ -24,6 +25,23 @@ class DuplicateError : public Error {
 class ConflictError : public Error {
  public:
   using Error::Error;
+
+  static ConflictError Deleted() {
+    return ConflictError(EitherLanguage(
+        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was deleted meanwhile by another window or program."_qs));
+  }
+  // The database gives the key of a deleted row to a later one.
+  static ConflictError Replaced() {
+    return ConflictError(EitherLanguage(
+        u"Una riga è stata sostituita nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"A row was replaced meanwhile by another window or program."_qs));
+  }
+  static ConflictError Changed() {
+    return ConflictError(EitherLanguage(
+        u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
+        u"The row was changed meanwhile by another window or program."_qs));
+  }
 };
 
 }  // namespace vorlina

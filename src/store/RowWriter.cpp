@@ -111,12 +111,8 @@ void RowWriter::RequireOneRow(qint64 key, const std::vector<QVariant>& identity)
   QVariantList values;
   const QString condition = KeyCondition(key, identity, values);
   if (NumberOf(*connection_, u"SELECT COUNT(*) FROM "_qs + QuoteName(table_) + condition, values) == 0)
-    throw ConflictError(EitherLanguage(
-        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
-        u"The row was deleted meanwhile by another window or program."_qs));
-  throw ConflictError(EitherLanguage(
-      u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
-      u"The row was changed meanwhile by another window or program."_qs));
+    throw ConflictError::Deleted();
+  throw ConflictError::Changed();
 }
 
 void RowWriter::Delete(qint64 key, const std::vector<QVariant>& identity) {

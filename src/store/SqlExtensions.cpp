@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 
+#include "store/Ranks.h"
 #include "store/Sqlite.h"
 
 namespace vorlina {
@@ -104,21 +105,16 @@ void Like(sqlite3_context* context, int count, sqlite3_value** arguments) {
   sqlite3_result_int(context, matches ? 1 : 0);
 }
 
-// VORLINA_RANK(ranks, number), where ranks are pairs of 64-bit integers, a number and its rank, sorted by
-// number. Null for a number that has none.
+// VORLINA_RANK(ranks, number), where ranks is a RankList. Null for a number that has none.
 void Rank(sqlite3_context* context, int, sqlite3_value** arguments) {
-  struct Pair {
-    qint64 number;
-    qint64 rank;
-  };
   if (sqlite3_value_type(arguments[0]) != SQLITE_BLOB) return sqlite3_result_null(context);
   if (sqlite3_value_type(arguments[1]) == SQLITE_NULL) return sqlite3_result_null(context);
-  const auto count = std::size_t(sqlite3_value_bytes(arguments[0])) / sizeof(Pair);
+  const auto count = std::size_t(sqlite3_value_bytes(arguments[0])) / sizeof(RankPair);
   const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
   const qint64 number = sqlite3_value_int64(arguments[1]);
   const auto at = [&](std::size_t index) {
-    Pair pair;
-    std::memcpy(&pair, bytes + index * sizeof(Pair), sizeof(Pair));
+    RankPair pair;
+    std::memcpy(&pair, bytes + index * sizeof(RankPair), sizeof(RankPair));
     return pair;
   };
   std::size_t low = 0;

@@ -236,6 +236,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  QCursor::setPos(-100, -100);  // else what lies under it shows as such
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);
   QTemporaryDir place;
