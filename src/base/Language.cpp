@@ -1,10 +1,17 @@
 #include "base/Language.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QLoggingCategory>
+#include <QTranslator>
 
 #include "base/Settings.h"
 
 namespace vorlina {
+namespace {
+Q_LOGGING_CATEGORY(base, "vorlina.base", QtInfoMsg)
+}
 
 QString Language;
 int BaseErrore = 0;
@@ -29,6 +36,14 @@ void ChooseLanguage() {
   if (language.isEmpty())
     language = LocaleText(LocaleEnglishLanguageName) == u"Italian" ? u"Italian"_qs : u"English"_qs;
   SetLanguage(language);
+}
+
+void LoadQtTexts() {
+  if (Language == u"English") return;
+  auto* texts = new QTranslator(QCoreApplication::instance());
+  if (!texts->load(u"qtbase_it"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    qCInfo(base) << "Qt's texts are not installed in Italian";
+  QCoreApplication::installTranslator(texts);
 }
 
 QString ByLanguage(const QString& italian, const QString& english) {

@@ -22,6 +22,11 @@ void ChooseLanguage();
 // As ChooseLanguage, with the language given. The comparison is exact.
 void SetLanguage(const QString& language);
 
+// Brings Qt's own boxes, choosers and menus into the language of the captions, whatever the desktop speaks.
+// English is what they are written in. Where Qt's texts are not installed they stay English, with a line in
+// the log.
+void LoadQtTexts();
+
 // The Italian or the English text by Language; empty for any other language, which means that nothing is
 // shown.
 QString ByLanguage(const QString& italian, const QString& english);

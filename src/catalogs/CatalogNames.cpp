@@ -1,6 +1,8 @@
 #include "catalogs/CatalogNames.h"
 
+#include "base/Error.h"
 #include "base/Helpers.h"
+#include "base/Language.h"
 #include "base/SafeFile.h"
 
 namespace vorlina {
@@ -20,6 +22,9 @@ void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString&
   Recordset catalogs;
   catalogs.Open(u"SELECT * FROM CATALOGHI"_qs, connection, CursorType::Keyset, LockType::Optimistic);
   catalogs.SetFilter(u"IDCatalogo"_qs, IDCatalogo);
+  if (catalogs.IsEOF())
+    throw Error(EitherLanguage(u"Il catalogo non esiste più: è stato eliminato altrove"_qs,
+                               u"The catalog is not there any more: it was deleted elsewhere"_qs));
   catalogs.SetValue(u"NomeCatalogo"_qs, name);
   catalogs.Update();
 }

@@ -94,11 +94,21 @@ void frmCatalogs::ConnectControls() {
           [this, describe](const QTreeWidgetItem* item) {
             if (ui_->lstPlugIns->hasFocus()) describe(item);
           });
-  auto* rename = new WidgetRenameDelegate(ui_->LstWCatalogs);
-  connect(rename, &WidgetRenameDelegate::Renamed, this, &frmCatalogs::RenameSelected);
-  ui_->LstWCatalogs->setItemDelegate(rename);
   ui_->LstWCatalogs->installEventFilter(this);
   ui_->lstPlugIns->installEventFilter(this);
+  // Only kept while the editor is there; stored, and told where that fails, when it is gone.
+  rename_ = new WidgetRenameDelegate(*ui_->LstWCatalogs);
+  connect(rename_, &WidgetRenameDelegate::Renamed, this,
+          [this](const QModelIndex& index, const QString& name) {
+            newName_ = {arrIDCataloghi[std::size_t(index.row())], name};
+          });
+  connect(
+      rename_, &WidgetRenameDelegate::closeEditor, this,
+      [this] {
+        ApplyRename();
+        if (reloadWaits_) ListCatalog();
+      },
+      Qt::QueuedConnection);
 }
 
 // A statement whose failure shows its message and lets the next one run.
@@ -127,6 +137,24 @@ void frmCatalogs::LoadForm() {
     ui_->lstPlugIns->setCurrentItem(first);
   });
   Localize_Form();
+  if (!cnnCatalog.IsOpen()) DisableNew();
+}
+
+// The wizard would ask for four pages of data that it cannot store.
+void frmCatalogs::DisableNew() {
+  handlers_.erase(u"cmdNew"_qs);
+  const QString reason = EitherLanguage(
+      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
+      u"rimettere il "
+      "file Catalog.db al suo posto e avviarlo di nuovo."_qs,
+      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
+      u"Catalog.db "
+      "back in its place and start it again."_qs);
+  toolbar_.front()->setEnabled(false);
+  toolbar_.front()->setToolTip(reason);
+  ui_->cmdNew->setEnabled(false);
+  ui_->cmdNew->setToolTip(reason);
+  ui_->cmdNew->setAccessibleDescription(reason);
 }
 
 void frmCatalogs::FirstRun() {
@@ -190,6 +218,9 @@ void frmCatalogs::Localize_Form() {
 
 // The selection is kept by the catalog's identifier, so that coming back to the window does not lose it.
 void frmCatalogs::ListCatalog() {
+  reloadWaits_ = rename_->IsOpen();
+  if (reloadWaits_) return;
+  rename_->Finish();
   const int before = SelectedCatalogId();
   rsCataloghi.Requery();
   arrIDCataloghi.assign(std::size_t(rsCataloghi.RecordCount()) + 1, 0);
@@ -234,7 +265,7 @@ bool frmCatalogs::event(QEvent* event) {
 }
 
 bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
+  if (event->type() == QEvent::KeyPress && !rename_->IsOpen()) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     const bool catalogs = watched == ui_->LstWCatalogs;
@@ -247,7 +278,7 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
-  if (IsBusy() || !CloseGridWindows()) {
+  if (IsBusy() || !EndRename() || !CloseGridWindows()) {
     event->ignore();
     return;
   }

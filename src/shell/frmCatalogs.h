@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "publish/PluginHost.h"
@@ -22,6 +23,7 @@ class QTreeWidgetItem;
 namespace vorlina {
 
 class frmNewCatalog;
+class WidgetRenameDelegate;
 
 namespace Ui {
 class frmCatalogs;
@@ -39,8 +41,8 @@ class frmCatalogs : public QMainWindow {
   // window is shown.
   void LoadForm();
 
-  // Reloads the list of catalogs and arrIDCataloghi. Runs at every activation. Throws Error without a
-  // database.
+  // Reloads the list of catalogs and arrIDCataloghi. Runs at every activation; while a name is being typed,
+  // when that ends. Throws Error without a database.
   void ListCatalog();
 
   // Writes "Cataloghi.txt" in the application folder: three lines a catalog. Throws Error.
@@ -77,10 +79,12 @@ class frmCatalogs : public QMainWindow {
   void OpenDatabase();
   void FirstRun();
   void FillPlugins(const QStringList& identifiers);
+  void DisableNew();
 
   QListWidgetItem* SelectedCatalog() const;
   int SelectedCatalogId() const;
-  void RenameSelected(const QModelIndex& index, const QString& name);
+  bool EndRename();
+  bool ApplyRename();
   void NewCatalogWizard();
   void EditSelected();
   void EditCatalog(int id, const QString& caption);
@@ -112,6 +116,14 @@ class frmCatalogs : public QMainWindow {
   QMenu* mnuInstallaSkin_;
   QAction* mnuInstallPlugin_;
   QPointer<frmNewCatalog> wizard_;
+  WidgetRenameDelegate* rename_;
+  // What was typed over a label and is not stored yet.
+  struct NewName {
+    int IDCatalogo;
+    QString name;
+  };
+  std::optional<NewName> newName_;
+  bool reloadWaits_ = false;
   bool blnPannelloPubblica = false;
   // True after New, Delete and Clone; nothing reads it.
   bool blnListaModificata = false;

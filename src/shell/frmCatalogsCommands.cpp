@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QTreeWidget>
 #include <QUrl>
+#include <algorithm>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -17,6 +18,7 @@
 #include "catalogs/frmNewCatalog.h"
 #include "products/frmEditCatalog.h"
 #include "shell/CatalogCommands.h"
+#include "shell/WidgetRenameDelegate.h"
 #include "shell/frmCatalogs.h"
 #include "ui_frmCatalogs.h"
 
@@ -27,20 +29,33 @@ const char16_t SupportAddress[] = u"support@vorlina.example";
 
 }  // namespace
 
-void frmCatalogs::RenameSelected(const QModelIndex& index, const QString& name) {
-  if (name.isEmpty()) {
+// A name that is being typed is stored before anything else begins. False where it was refused, which has
+// been told.
+bool frmCatalogs::EndRename() {
+  rename_->Finish();
+  return ApplyRename();
+}
+
+bool frmCatalogs::ApplyRename() {
+  if (!newName_) return true;
+  const NewName typed = *std::exchange(newName_, std::nullopt);
+  if (typed.name.trimmed().isEmpty()) {
     TheDialogs().Message(
         this,
         ByLanguage(u"Inserire un nome valido per il catalogo"_qs, u"Insert a valid name for the catalog"_qs),
         BoxStyle::Information, u"Attenzione"_qs);
-    return;
+    return false;
   }
   try {
-    RenameCatalog(cnnCatalog.ConnectionText(), arrIDCataloghi[std::size_t(index.row())], name);
-    ui_->LstWCatalogs->item(index.row())->setText(name);
+    RenameCatalog(cnnCatalog.ConnectionText(), typed.IDCatalogo, typed.name);
+    const auto row = std::find(arrIDCataloghi.begin(), arrIDCataloghi.end(), typed.IDCatalogo);
+    if (row != arrIDCataloghi.end())
+      ui_->LstWCatalogs->item(int(row - arrIDCataloghi.begin()))->setText(typed.name);
+    return true;
   } catch (const std::exception& error) {
     TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Plain,
                          ByLanguage(u"Attenzione"_qs, u"Warning"_qs));
+    return false;
   }
 }
 
@@ -106,7 +121,7 @@ bool frmCatalogs::IsBusy() const {
 }
 
 void frmCatalogs::Run(const QString& key) {
-  if (IsBusy()) return;
+  if (IsBusy() || !EndRename()) return;
   const auto handler = handlers_.find(key);
   if (handler != handlers_.end()) handler->second();
 }

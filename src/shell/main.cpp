@@ -1,6 +1,7 @@
 #include <QIcon>
 
 #include "base/AppPath.h"
+#include "base/Language.h"
 #include "base/WidgetDialogs.h"
 #include "catalogs/RestoreSwap.h"
 #include "shell/WidgetApplication.h"
@@ -46,6 +47,7 @@ int main(int, char** argv) {
   QObject::connect(&splash, &frmSplash::Ended, &catalogs, [&] { ShowMainWindow(catalogs); });
   QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] { QApplication::exit(0); });
   splash.LoadSplash();
+  LoadQtTexts();
   splash.show();
   return QApplication::exec();
 }

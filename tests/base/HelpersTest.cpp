@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include "base/Error.h"
@@ -61,6 +62,10 @@ TEST(Messages, NumbersFollowTheBasesOfTheLanguage) {
   SetLanguage(u"English"_qs);
   EXPECT_EQ(NumberedText(BaseErrore), u"Catalog name required"_qs);
   EXPECT_EQ(NumberedText(BaseConferma + 11), u"All the additional images will be deleted. Continue?"_qs);
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Cancel"_qs);
+  SetLanguage(u"Italian"_qs);
+  LoadQtTexts();
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Annulla"_qs);
   SetLanguage(u"italian"_qs);
   EXPECT_EQ(BaseErrore + BaseConferma, 0);
   EXPECT_EQ(NumberedText(BaseErrore + 4) + ByLanguage(u"a"_qs, u"b"_qs), QString());

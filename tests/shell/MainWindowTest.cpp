@@ -64,22 +64,27 @@ class MainWindow : public testing::Test {
     return NullToEmpty(
         GetValue(u"Extras"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=?"_qs, {id}));
   }
-  // Types a new name over the label of the first catalog.
-  void Rename(const QString& name, bool breaksLine = false) {
+  QLineEdit* Editor() const { return Catalogs()->findChild<QLineEdit*>(); }
+  void Settle() const {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  // Types a new name over the label of the first catalog and ends with the key. The pasted line break is none
+  // of it.
+  void Rename(const QString& name, Qt::Key end = Qt::Key_Return) {
     Catalogs()->setCurrentRow(0);
     Catalogs()->setFocus();
     QTest::keyClick(Catalogs(), Qt::Key_F2);
-    auto* editor = Catalogs()->findChild<QLineEdit*>();
+    QLineEdit* editor = Editor();
     ASSERT_NE(editor, nullptr);
     editor->selectAll();
-    if (name.isEmpty())
-      QTest::keyClick(editor, Qt::Key_Delete);
-    else
-      QTest::keyClicks(editor, name);
-    if (breaksLine) editor->insert(u"\n"_qs);  // as a paste does
-    QTest::keyClick(editor, Qt::Key_Return);
-    QCoreApplication::processEvents();  // the list takes the text over when it is idle
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTest::keyClick(editor, Qt::Key_Delete);
+    QTest::keyClicks(editor, name);
+    if (!name.isEmpty()) editor->insert(u"\n"_qs);
+    QTest::keyClick(editor, end);
+    Settle();
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_TRUE(window_->findChildren<frmEditCatalog*>().isEmpty()) << "the key climbed to the list";
   }
 
   AppFolder folder_{0, false};
@@ -119,15 +124,87 @@ TEST_F(MainWindow, SpeaksTheChosenLanguage) {
 
 TEST_F(MainWindow, RenamesInPlace) {
   Open();
-  Rename(u"L'anno \"nuovo\" 100%"_qs, true);
-  const QVariant stored =
-      GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs);
-  EXPECT_EQ(stored.toString(), u"L'anno \"nuovo\" 100%"_qs);
-  EXPECT_EQ(Catalogs()->item(0)->text(), stored.toString());
+  QString expected = u"L'anno \"nuovo\" 100%"_qs;
+  const auto check = [&] {
+    EXPECT_EQ(Catalogs()->item(0)->text(), expected);
+    EXPECT_EQ(
+        GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toString(),
+        expected);
+    EXPECT_EQ(dialogs_.Left(), 0);
+  };
+  Rename(expected);
+  check();
+  for (const QString& none : {QString(), u"   "_qs}) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+      dialogs_.ExpectMessage(u"Insert a valid name for the catalog"_qs, BoxStyle::Information);
+      Rename(none, key);
+      check();
+    }
+  }
+  Rename(u"given up"_qs, Qt::Key_Escape);
+  check();
+  expected = u"Tab"_qs;
+  Rename(expected, Qt::Key_Tab);
+  check();
+  window_->cnnCatalog.Execute(
+      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Cataloghi BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  dialogs_.ExpectMessage(u"refused"_qs);
+  Rename(u"other"_qs);
+  check();
+}
 
+// The list is not made anew under an editor, and a command stores what was typed before it begins.
+TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
+  Open();
+  const auto type = [this](const QString& name) {
+    Catalogs()->setCurrentRow(0);
+    Catalogs()->setFocus();
+    QTest::keyClick(Catalogs(), Qt::Key_F2);
+    QTest::keyClicks(Editor(), name);
+  };
+  type(u"Typed"_qs);
+  window_->cnnCatalog.Execute(u"UPDATE Cataloghi SET NomeCatalogo='elsewhere' WHERE IDCatalogo=110"_qs);
+  window_->ListCatalog();
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_NE(Catalogs()->item(1)->text(), u"elsewhere"_qs);
+  Press(u"cmdEdit"_qs);
+  EXPECT_EQ(Catalogs()->item(0)->text(), u"Typed"_qs);
+  const QList<frmEditCatalog*> grids = window_->findChildren<frmEditCatalog*>();
+  ASSERT_EQ(grids.size(), 1);
+  EXPECT_EQ(grids[0]->windowTitle(), u"Typed"_qs);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Catalogs()->item(1)->text() == u"elsewhere"; }));
+
+  grids[0]->close();
+  type({});
+  QTest::keyClick(Editor(), Qt::Key_Delete);
   dialogs_.ExpectMessage(u"Insert a valid name for the catalog"_qs, BoxStyle::Information);
-  Rename({});
-  EXPECT_EQ(Catalogs()->item(0)->text(), stored.toString());
+  Press(u"cmdDelete"_qs);  // asks nothing
+
+  type(u"Gone"_qs);
+  window_->cnnCatalog.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=109"_qs);
+  dialogs_.ExpectMessage(u"The catalog is not there any more: it was deleted elsewhere"_qs);
+  EXPECT_FALSE(window_->close());
+}
+
+TEST_F(MainWindow, AClickOnTheSelectedLabelRenamesUnlessSomethingElseBegins) {
+  const int interval = QApplication::doubleClickInterval();
+  QApplication::setDoubleClickInterval(1);
+  Open();
+  Catalogs()->setFocus();
+  const auto click = [this] {
+    QTest::mouseClick(Catalogs()->viewport(), Qt::LeftButton, {},
+                      Catalogs()->visualItemRect(Catalogs()->currentItem()).center());
+  };
+  click();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Editor() != nullptr; }));
+  QTest::keyClick(Editor(), Qt::Key_Escape);
+  Settle();
+  click();
+  dialogs_.ExpectQuestion(u"Do you want to delete selected catalog and its images?"_qs, false);
+  Press(u"cmdDelete"_qs);
+  QTest::qWait(20);
+  EXPECT_EQ(Editor(), nullptr);
+  QApplication::setDoubleClickInterval(interval);
 }
 
 TEST_F(MainWindow, PublishingTakesTwoPressesAndClosesThePane) {

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QSysInfo>
 #include <QTemporaryDir>
@@ -95,6 +96,9 @@ TEST(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
     EXPECT_TRUE(dialogs.shown.first().startsWith(u"Error: ")) << dialogs.shown.first();
     EXPECT_TRUE(dialogs.shown.first().contains(c.tells)) << dialogs.shown.first();
     EXPECT_THROW(window.ListCatalog(), Error);
+    const auto* create = window.findChild<QPushButton*>(u"cmdNew"_qs);
+    EXPECT_FALSE(create->isEnabled());
+    EXPECT_TRUE(create->toolTip().contains(c.tells)) << "the reason";
     QFile file(path);
     EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), c.content) << c.what;
   }
