@@ -120,13 +120,6 @@ QMap<QString, QString> OfferedCompany(Connection& connection, const QStringList&
   return company;
 }
 
-// Decoding at the smallest scale meets what is damaged or cut short, which the head alone does not tell.
-QSize MeasureLogo(const QString& path) {
-  const QByteArray jpeg = ReadPictureFile(path);
-  DecodeJpeg(jpeg, QSize(1, 1));
-  return UprightSize(ReadJpegHead(jpeg));
-}
-
 void StoreCatalog(Connection& connection, NewCatalog& catalog) {
   // Nothing equals Null, while a database that was filled by hand may have a catalog 0.
   const QVariant row = catalog.IDCatalogo == 0 ? NullValue() : QVariant(catalog.IDCatalogo);

@@ -47,10 +47,6 @@ QString FitEscapedName(QString name);
 // that are asked for. Empty where there is no catalog. Throws Error.
 QMap<QString, QString> OfferedCompany(Connection& connection, const QStringList& columns);
 
-// The size, upright, of a picture that is to be a logo. Throws Error for a file that cannot be read or is no
-// whole JPEG.
-QSize MeasureLogo(const QString& path);
-
 // Stores the row, then copies the logo into "Images", then writes where it is. Throws Error; where the logo
 // alone failed, the row is stored with the logo's own path. Storing again writes the same row.
 void StoreCatalog(Connection& connection, NewCatalog& catalog);

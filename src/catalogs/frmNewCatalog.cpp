@@ -13,6 +13,7 @@
 #include "base/Language.h"
 #include "base/Messages.h"
 #include "base/WaitCursor.h"
+#include "images/ImagePipeline.h"
 #include "images/frmImage.h"
 #include "store/Connection.h"
 #include "ui_frmNewCatalog.h"
@@ -228,11 +229,12 @@ void frmNewCatalog::OfferCompany() {
   for (QWidget* box : boxes) {
     const QString column = ColumnOf(box);
     const QString text = TextIn(box);
+    // The other catalog's logo is its own, and one that was chosen stays.
+    if (box == ui_->txtLogo) continue;
     if (!company.contains(column) || (!text.isEmpty() && text != offered_.value(column))) continue;
     SetText(box, company[column]);
     offered_[column] = TextIn(box);
   }
-  SetLogo({}, {});
 }
 
 void frmNewCatalog::cmdBrowse_Click() {
@@ -241,7 +243,7 @@ void frmNewCatalog::cmdBrowse_Click() {
   if (path.isEmpty()) return;
   try {
     const WaitCursor wait;
-    SetLogo(path, MeasureLogo(path));
+    SetLogo(path, MeasureWholeImage(path));
   } catch (const std::exception& error) {
     ShowError(this, DescriptionOf(error));
     return;

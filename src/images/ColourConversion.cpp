@@ -1,10 +1,10 @@
 #include "images/ColourConversion.h"
 
-#include <QColorSpace>
-#include <QColorTransform>
-#include <QImage>
 #include <algorithm>
+#include <array>
+#include <numeric>
 
+#include "images/ColourProfile.h"
 #include "images/Resample.h"
 
 namespace vorlina {
@@ -26,6 +26,28 @@ void PlanesToRgb(const PlanarImage& image, int y, std::uint8_t* rgb) {
     rgb[0] = Clamp(luma[x] + ((Fix(1.402) * cr + Half) >> 16));
     rgb[1] = Clamp(luma[x] + ((Fix(-0.344136) * cb + Fix(-0.714136) * cr + Half) >> 16));
     rgb[2] = Clamp(luma[x] + ((Fix(1.772) * cb + Half) >> 16));
+  }
+}
+
+// Grey has 256 colours.
+void ConvertGrey(Plane& plane, const ColourProfile& profile) {
+  std::array<std::uint8_t, 256> grey;
+  std::iota(grey.begin(), grey.end(), std::uint8_t(0));
+  std::array<std::uint8_t, 256 * 3> rgb;
+  profile.ToRgb(grey.data(), rgb.data(), 256);
+  for (std::uint8_t& sample : plane.samples) sample = rgb[std::size_t(sample) * 3 + 1];
+}
+
+void ConvertColours(PlanarImage& image, const ColourProfile& profile) {
+  const QSize size = image.Size();
+  for (std::size_t i = 1; i < 3; ++i)
+    image.planes[i] = Resample(image.planes[i], size.width(), size.height());
+  std::vector<std::uint8_t> line(std::size_t(size.width()) * 3);
+  std::vector<std::uint8_t> converted(line.size());
+  for (int y = 0; y < size.height(); ++y) {
+    PlanesToRgb(image, y, line.data());
+    profile.ToRgb(line.data(), converted.data(), size.width());
+    RgbToPlanes(converted.data(), image, y);
   }
 }
 
@@ -56,26 +78,14 @@ void RgbToPlanes(const std::uint8_t* rgb, PlanarImage& image, int y) {
   }
 }
 
-bool IsOtherThanSrgb(const QByteArray& iccProfile) {
-  if (iccProfile.isEmpty()) return false;
-  const QColorSpace space = QColorSpace::fromIccProfile(iccProfile);
-  return space.isValid() && space != QColorSpace(QColorSpace::SRgb);
-}
-
 void ConvertToSrgb(PlanarImage& image, const QByteArray& iccProfile) {
-  if (image.planes.size() != 3 || !IsOtherThanSrgb(iccProfile)) return;
-  const QColorTransform toSrgb =
-      QColorSpace::fromIccProfile(iccProfile).transformationToColorSpace(QColorSpace(QColorSpace::SRgb));
-  const QSize size = image.Size();
-  for (std::size_t i = 1; i < 3; ++i)
-    image.planes[i] = Resample(image.planes[i], size.width(), size.height());
-  QImage line(size.width(), 1, QImage::Format_RGB888);
-  for (int y = 0; y < size.height(); ++y) {
-    PlanesToRgb(image, y, line.bits());
-    QImage converted = line.convertToFormat(QImage::Format_RGB32);
-    converted.applyColorTransform(toSrgb);
-    RgbToPlanes(converted.convertToFormat(QImage::Format_RGB888).constBits(), image, y);
-  }
+  const bool grey = image.planes.size() == 1;
+  const ColourProfile profile(iccProfile, grey ? ColourProfile::Samples::Grey : ColourProfile::Samples::Rgb);
+  if (!profile.Converts()) return;
+  if (grey)
+    ConvertGrey(image.planes[0], profile);
+  else
+    ConvertColours(image, profile);
 }
 
 }  // namespace vorlina

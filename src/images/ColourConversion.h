@@ -7,17 +7,15 @@
 
 namespace vorlina {
 
-// Turns a line of CMYK samples into RGB, in place. Files written by the usual programs hold them inverted.
+// Turns a line of CMYK samples without a profile into RGB, in place. Files written by the usual programs hold
+// them inverted.
 void CmykToRgb(std::uint8_t* line, int width, bool inverted);
 
 // Writes a line of RGB samples into row y of three planes of full size.
 void RgbToPlanes(const std::uint8_t* rgb, PlanarImage& image, int y);
 
-// Whether an ICC profile describes colours that have to be converted. One that cannot be read does not.
-bool IsOtherThanSrgb(const QByteArray& iccProfile);
-
-// Converts a picture from the colours of its profile, where these are others, to sRGB; the chroma planes then
-// have the full size. A grey picture stays as it is.
+// Converts a picture from the colours of its profile, where it has one of its own kind, to sRGB; the chroma
+// planes then have the full size.
 void ConvertToSrgb(PlanarImage& image, const QByteArray& iccProfile);
 
 }  // namespace vorlina

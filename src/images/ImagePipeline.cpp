@@ -22,8 +22,16 @@ Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 // A file of more than this is no photograph, and is not taken into memory.
 constexpr qint64 LargestFile = 512LL * 1024 * 1024;
 
+// A setting that was put into the file by hand. Throws Error with its name.
 double Reserved(const QString& key, double fallback) {
-  return NullToZero(GetSetting(ApplicationTitle(), u"Riservati"_qs, key, QString::number(fallback)));
+  const QString text = GetSetting(ApplicationTitle(), u"Riservati"_qs, key, QString::number(fallback));
+  try {
+    return NullToZero(text);
+  } catch (const Error& error) {
+    throw Error(EitherLanguage(u"Impostazione %1 nella sezione [Riservati]: %2"_qs,
+                               u"Setting %1 in the section [Riservati]: %2"_qs)
+                    .arg(key, error.Description()));
+  }
 }
 
 // Gives what a step with a picture's content gives; its failure becomes one of the file.
@@ -79,6 +87,13 @@ QByteArray ReadPictureFile(const QString& path) {
 
 QSize MeasureImage(const QString& path) {
   return OfFile(path, [](const QByteArray& jpeg) { return UprightSize(ReadJpegHead(jpeg)); });
+}
+
+QSize MeasureWholeImage(const QString& path) {
+  return OfFile(path, [](const QByteArray& jpeg) {
+    DecodeJpeg(jpeg, QSize(1, 1));
+    return UprightSize(ReadJpegHead(jpeg));
+  });
 }
 
 QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto) {

@@ -30,6 +30,9 @@ QByteArray ReadPictureFile(const QString& path);
 
 // Throws Error for a file that is missing or no JPEG.
 QSize MeasureImage(const QString& path);
+// The same of a picture that is decoded whole, at the smallest scale: also what is damaged or cut short is
+// refused.
+QSize MeasureWholeImage(const QString& path);
 
 // The file of a product's main image: "Images", catalog, code.
 QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);

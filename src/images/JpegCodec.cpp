@@ -58,18 +58,10 @@ PlanarImage DecodePlanes(JpegDecompressor& decompressor) {
 
 // What is not stored as grey or YCbCr goes through RGB.
 PlanarImage DecodeThroughRgb(JpegDecompressor& decompressor) {
-  decompressor.StartLines(decompressor.IsCmyk() ? JCS_CMYK : JCS_RGB);
   const jpeg_decompress_struct& info = decompressor.Info();
-  const int width = int(info.output_width);
   PlanarImage image;
-  for (int i = 0; i < 3; ++i) image.planes.emplace_back(width, int(info.output_height));
-  std::vector<std::uint8_t> line(std::size_t(width) * std::size_t(info.output_components));
-  for (int y = 0; y < image.planes[0].height; ++y) {
-    decompressor.ReadLine(line.data());
-    if (decompressor.IsCmyk()) CmykToRgb(line.data(), width, info.saw_Adobe_marker == TRUE);
-    RgbToPlanes(line.data(), image, y);
-  }
-  decompressor.Finish();
+  for (int i = 0; i < 3; ++i) image.planes.emplace_back(int(info.output_width), int(info.output_height));
+  decompressor.ReadRgb([&](const std::uint8_t* line, int y) { RgbToPlanes(line, image, y); });
   return image;
 }
 

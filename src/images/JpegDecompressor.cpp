@@ -4,6 +4,7 @@
 
 #include "base/Error.h"
 #include "base/Language.h"
+#include "images/ColourConversion.h"
 #include "images/ExifOrientation.h"
 
 namespace vorlina {
@@ -76,6 +77,31 @@ void JpegDecompressor::StartLines(J_COLOR_SPACE colours) {
 void JpegDecompressor::ReadPlanes(JSAMPIMAGE rows, unsigned lines) { Check(TryReadPlanes(rows, lines)); }
 void JpegDecompressor::ReadLine(std::uint8_t* line) { Check(TryReadLine(line)); }
 void JpegDecompressor::Finish() { Check(TryFinish()); }
+
+ColourProfile::Samples JpegDecompressor::Stored() const {
+  using Samples = ColourProfile::Samples;
+  if (IsCmyk()) return info_.saw_Adobe_marker == TRUE ? Samples::InvertedCmyk : Samples::Cmyk;
+  return info_.jpeg_color_space == JCS_GRAYSCALE ? Samples::Grey : Samples::Rgb;
+}
+
+void JpegDecompressor::ReadRgb(const std::function<void(const std::uint8_t* line, int y)>& take) {
+  const ColourProfile::Samples stored = Stored();
+  const ColourProfile profile(stored == ColourProfile::Samples::Rgb ? QByteArray() : head_.iccProfile,
+                              stored);
+  StartLines(IsCmyk() ? JCS_CMYK : profile.Converts() ? JCS_GRAYSCALE : JCS_RGB);
+  const auto width = std::size_t(info_.output_width);
+  std::vector<std::uint8_t> line(width * std::size_t(info_.output_components));
+  std::vector<std::uint8_t> rgb(width * 3);
+  for (unsigned y = 0; y < info_.output_height; ++y) {
+    ReadLine(line.data());
+    if (profile.Converts())
+      profile.ToRgb(line.data(), rgb.data(), int(width));
+    else if (IsCmyk())
+      CmykToRgb(line.data(), int(width), stored == ColourProfile::Samples::InvertedCmyk);
+    take(profile.Converts() ? rgb.data() : line.data(), int(y));
+  }
+  Finish();
+}
 
 bool JpegDecompressor::TryHead(const QByteArray& jpeg) {
   if (setjmp(errors_.back) != 0) return false;

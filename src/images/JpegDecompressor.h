@@ -3,14 +3,16 @@
 
 #include <QByteArray>
 #include <QSize>
+#include <functional>
 
+#include "images/ColourProfile.h"
 #include "images/JpegCodec.h"
 #include "images/JpegErrors.h"
 
 namespace vorlina {
 
 // A picture being decoded. Every call throws Error for what is damaged, truncated, too large or no JPEG:
-// warnings of the library are failures here.
+// warnings of the library that mean lost picture data are failures here.
 class JpegDecompressor {
  public:
   // Reads the head.
@@ -35,6 +37,10 @@ class JpegDecompressor {
   void ReadLine(std::uint8_t* line);
   void Finish();
 
+  // Decodes the whole as lines of RGB; take gets each line and its number from 0. CMYK and grey go by their
+  // profile where they have one, while RGB stays in the colours of its own.
+  void ReadRgb(const std::function<void(const std::uint8_t* line, int y)>& take);
+
  private:
   // Each step that calls the library has its own setjmp and no object that a jump would pass by.
   bool TryHead(const QByteArray& jpeg);
@@ -44,6 +50,7 @@ class JpegDecompressor {
   bool TryReadLine(JSAMPROW line);
   bool TryFinish();
   bool TryProfile(JOCTET** data, unsigned* size);
+  ColourProfile::Samples Stored() const;
   void Check(bool done) const;
   void ReadMarkers();
 

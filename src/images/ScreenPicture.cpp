@@ -1,10 +1,9 @@
 #include "images/ScreenPicture.h"
 
-#include <QColorSpace>
 #include <QTransform>
 #include <algorithm>
 
-#include "images/ColourConversion.h"
+#include "images/ColourProfile.h"
 #include "images/FitPicture.h"
 #include "images/ImagePipeline.h"
 #include "images/JpegDecompressor.h"
@@ -14,17 +13,16 @@ namespace vorlina {
 namespace {
 
 QImage DecodeRgb(JpegDecompressor& decompressor) {
-  decompressor.StartLines(decompressor.IsCmyk() ? JCS_CMYK : JCS_RGB);
   const jpeg_decompress_struct& info = decompressor.Info();
   const int width = int(info.output_width);
   QImage image(width, int(info.output_height), QImage::Format_RGB888);
-  std::vector<std::uint8_t> line(std::size_t(width) * std::size_t(info.output_components));
-  for (int y = 0; y < image.height(); ++y) {
-    decompressor.ReadLine(line.data());
-    if (decompressor.IsCmyk()) CmykToRgb(line.data(), width, info.saw_Adobe_marker == TRUE);
-    std::copy_n(line.data(), std::size_t(width) * 3, image.scanLine(y));
-  }
-  decompressor.Finish();
+  const ColourProfile profile(decompressor.Head().iccProfile, ColourProfile::Samples::Rgb);
+  decompressor.ReadRgb([&](const std::uint8_t* line, int y) {
+    if (profile.Converts())
+      profile.ToRgb(line, image.scanLine(y), width);
+    else
+      std::copy_n(line, std::size_t(width) * 3, image.scanLine(y));
+  });
   return image;
 }
 
@@ -59,12 +57,7 @@ QImage LoadPicture(const QString& path, QSize box, QSize* size) {
   if (size != nullptr) *size = upright;
   const QSize shown = FitPicture(upright, box, false).size().toSize();
   decompressor.ScaleToCover(SwapsSides(head.orientation) ? shown.transposed() : shown);
-  QImage image = DecodeRgb(decompressor).convertToFormat(QImage::Format_RGB32);
-  if (!decompressor.IsCmyk() && IsOtherThanSrgb(head.iccProfile)) {
-    image.setColorSpace(QColorSpace::fromIccProfile(head.iccProfile));
-    image.convertToColorSpace(QColorSpace(QColorSpace::SRgb));
-  }
-  return TurnUpright(image, head.orientation);
+  return TurnUpright(DecodeRgb(decompressor).convertToFormat(QImage::Format_RGB32), head.orientation);
 }
 
 }  // namespace vorlina

@@ -1,6 +1,7 @@
 // What a new catalog may be called, and how its row and logo are stored.
 #include "base/Helpers.h"
 #include "catalogs/NewCatalog.h"
+#include "images/ImagePipeline.h"
 #include "support/CatalogFixture.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
@@ -93,11 +94,16 @@ TEST_F(NewCatalogTest, TheSamplesNeverOfferTheirCompany) {
 TEST_F(NewCatalogTest, ALogoIsMeasuredUprightAndMustBeWhole) {
   JpegForm turned;
   turned.exif = MakeExif(6);
-  EXPECT_EQ(MeasureLogo(Write(u"t.jpg"_qs, MakeJpeg(MakePhoto({40, 30}, 1), turned))), QSize(30, 40));
+  EXPECT_EQ(MeasureWholeImage(Write(u"t.jpg"_qs, MakeJpeg(MakePhoto({40, 30}, 1), turned))), QSize(30, 40));
   for (const QByteArray& bytes :
-       {logo_.left(logo_.size() / 2), QByteArray("\x89PNG\r\n\x1a\n"), QByteArray()})
-    EXPECT_THROW(MeasureLogo(Write(u"bad.jpg"_qs, bytes)), Error);
-  EXPECT_THROW(MeasureLogo(Outside(u"nowhere.jpg"_qs)), Error);
+       {logo_.left(logo_.size() / 2), QByteArray("\x89PNG\r\n\x1a\n"), QByteArray()}) {
+    try {
+      MeasureWholeImage(Write(u"bad.jpg"_qs, bytes));
+      ADD_FAILURE();
+    } catch (const Error& error) {
+      EXPECT_TRUE(error.Description().contains(u"bad.jpg")) << error.Description();
+    }
+  }
 }
 
 TEST_F(NewCatalogTest, NamesAreStoredEscapedWithTheirGapsAndTextsAsTheyAre) {

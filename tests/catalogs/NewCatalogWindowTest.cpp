@@ -355,19 +355,19 @@ TEST_F(Wizard, OffersTheCompanyOfTheMostRecentCatalog) {
   EXPECT_EQ(Text(u"txtAzienda"_qs) + Text(u"txtCitta"_qs), u"Altri"_qs);
   EXPECT_EQ(Text(u"txtLogo"_qs), AppFile(u"l.jpg"_qs));
 
-  // Without one it is offered again, but not over what was typed; the logo goes.
+  // Without one it is offered again, but not over what was typed and chosen.
   Type(u"txtAzienda"_qs, {});
   Type(u"txtCap"_qs, u"00100"_qs);
   Click(Next);
   Click(Back);
   EXPECT_EQ(Text(u"txtAzienda"_qs) + Text(u"txtCitta"_qs) + Text(u"txtCap"_qs), u"LunariFaenza00100"_qs);
-  EXPECT_EQ(Text(u"txtLogo"_qs), QString());
+  EXPECT_EQ(Text(u"txtLogo"_qs), AppFile(u"l.jpg"_qs));
   Click(Next);
   Click(Finish);
   EXPECT_EQ(Count(u"Cataloghi"_qs), 2);
   const QString where = u"NomeCatalogo='Nome'"_qs;
   EXPECT_EQ(One(u"CAP||URL||Extras"_qs, u"Cataloghi"_qs, where).toString(), u"00100x.examplea\nb"_qs);
-  EXPECT_TRUE(One(u"Logo"_qs, u"Cataloghi"_qs, where).isNull());
+  EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs, where).toString(), AppFile(u"Images/2-Logo.jpg"_qs));
 }
 
 TEST_F(Wizard, TakesALogoAndShowsIt) {

@@ -1,9 +1,14 @@
 // What becomes of foreign pictures in memory.
 #include <QColorSpace>
 #include <QImage>
+#include <QTemporaryDir>
+
+#include <lcms2.h>
 
 #include "base/Error.h"
+#include "base/SafeFile.h"
 #include "images/PictureRendering.h"
+#include "images/ScreenPicture.h"
 #include "support/Print.h"
 #include "support/TestJpeg.h"
 
@@ -45,6 +50,56 @@ double Difference(const QImage& a, const QImage& b) {
       sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
     }
   return sum / (3.0 * a.width() * a.height());
+}
+
+// A profile made of a table, as those of printers and scanners are. Its colours are those of sRGB, or of the
+// plain formula for inks, with red and blue in each other's place.
+QByteArray TableProfile(cmsColorSpaceSignature space) {
+  const auto colour = [](const cmsUInt16Number in[], cmsUInt16Number out[], void* toLab) -> cmsInt32Number {
+    cmsUInt16Number rgb[3];
+    const bool inks = static_cast<cmsHTRANSFORM*>(toLab)[1] != nullptr;
+    for (int i = 0; i < 3; ++i)
+      rgb[2 - i] = inks ? cmsUInt16Number((65535 - in[i]) * (65535.0 - in[3]) / 65535) : in[i];
+    cmsDoTransform(*static_cast<cmsHTRANSFORM*>(toLab), rgb, out, 1);
+    return 1;
+  };
+  const cmsUInt32Number channels = space == cmsSigCmykData ? 4 : 3;
+  cmsHPROFILE srgb = cmsCreate_sRGBProfile();
+  cmsHPROFILE lab = cmsCreateLab2Profile(nullptr);
+  cmsHTRANSFORM cargo[] = {
+      cmsCreateTransform(srgb, TYPE_RGB_16, lab, TYPE_LabV2_16, INTENT_RELATIVE_COLORIMETRIC, 0),
+      channels == 4 ? srgb : nullptr};
+  cmsStage* table = cmsStageAllocCLut16bit(nullptr, 17, channels, 3, nullptr);
+  cmsStageSampleCLut16bit(table, colour, cargo, 0);
+  cmsPipeline* pipeline = cmsPipelineAlloc(nullptr, channels, 3);
+  cmsPipelineInsertStage(pipeline, cmsAT_END, table);
+  cmsHPROFILE profile = cmsCreateProfilePlaceholder(nullptr);
+  cmsSetProfileVersion(profile, 2.4);
+  cmsSetDeviceClass(profile, cmsSigOutputClass);
+  cmsSetColorSpace(profile, space);
+  cmsSetPCS(profile, cmsSigLabData);
+  cmsWriteTag(profile, cmsSigAToB0Tag, pipeline);
+  cmsUInt32Number size = 0;
+  cmsSaveProfileToMem(profile, nullptr, &size);
+  QByteArray bytes(qsizetype(size), '\0');
+  cmsSaveProfileToMem(profile, bytes.data(), &size);
+  cmsPipelineFree(pipeline);
+  cmsDeleteTransform(cargo[0]);
+  for (cmsHPROFILE each : {profile, lab, srgb}) cmsCloseProfile(each);
+  return bytes;
+}
+
+// A grey profile whose samples are amounts of light.
+QByteArray LinearGreyProfile() {
+  cmsToneCurve* curve = cmsBuildGamma(nullptr, 1);
+  cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), curve);
+  cmsUInt32Number size = 0;
+  cmsSaveProfileToMem(profile, nullptr, &size);
+  QByteArray bytes(qsizetype(size), '\0');
+  cmsSaveProfileToMem(profile, bytes.data(), &size);
+  cmsFreeToneCurve(curve);
+  cmsCloseProfile(profile);
+  return bytes;
 }
 
 QString FailureOf(const QByteArray& jpeg) {
@@ -151,6 +206,33 @@ TEST(Rendering, ColoursOfAnotherProfileBecomeSrgb) {
   EXPECT_EQ(Decoded(RenderAgain(MakeJpeg(image, {.icc = QByteArray(200, 'x')}), 100)).size(), image.size());
 }
 
+TEST(Rendering, AProfileOfTablesIsFollowed) {
+  const QImage photo = MakePhoto({643, 481}, 5);
+  const QImage expected = photo.rgbSwapped();
+  const QByteArray inks = TableProfile(cmsSigCmykData);
+  const QByteArray colours = TableProfile(cmsSigRgbData);
+  struct Case {
+    const char* name;
+    JpegForm form;
+  };
+  for (const Case& one : {Case{"CMYK", {.colours = Colours::Cmyk, .icc = inks}},
+                          Case{"YCbCr", {.across = 1, .down = 1, .icc = colours}},
+                          Case{"RGB", {.colours = Colours::Rgb, .icc = colours}}}) {
+    const QByteArray jpeg = MakeJpeg(photo, one.form);
+    EXPECT_LT(Difference(Decoded(RenderAgain(jpeg, 100)), expected), 6) << one.name;
+    QTemporaryDir folder;
+    WriteFileSafely(folder.filePath(u"p.jpg"_qs), jpeg);
+    EXPECT_LT(Difference(LoadPicture(folder.filePath(u"p.jpg"_qs), photo.size()), expected), 6) << one.name;
+  }
+  // One of other samples than the picture's is passed over.
+  const QByteArray foreign = MakeJpeg(photo, {.icc = inks});
+  EXPECT_LT(Difference(Decoded(RenderAgain(foreign, 100)), photo), 6);
+  QImage grey({64, 64}, QImage::Format_RGB32);
+  grey.fill(QColor(128, 128, 128));
+  const JpegForm linear{.colours = Colours::Grey, .icc = LinearGreyProfile()};
+  EXPECT_NEAR(qRed(Decoded(RenderAgain(MakeJpeg(grey, linear), 100)).pixel(32, 32)), 188, 2);
+}
+
 TEST(Rendering, NothingButThePictureSurvives) {
   const QColorSpace wide(QColorSpace::DisplayP3);
   const QByteArray jpeg = MakeJpeg(MakePhoto({900, 600}, 1), {.exif = MakeExif(6), .icc = wide.iccProfile()});
@@ -248,11 +330,21 @@ TEST(Rendering, ADamagedOrForeignPictureIsRefusedWithItsReason) {
 TEST(Rendering, WhatIsOnlyUnusualIsTaken) {
   const QByteArray jpeg = MakeJpeg(MakePhoto({900, 600}, 1));
   const QByteArray body = jpeg.chopped(2);
+  QByteArray scan = jpeg;  // the last three bytes of its head say which coefficients it holds
+  const qsizetype head = scan.indexOf("\xFF\xDA");
+  scan.replace(head + 2 + scan[head + 3] - 3, 3, QByteArray(3, '\0'));
+  const auto stray = [&](const char* marker) {
+    QByteArray bytes = jpeg;
+    return bytes.insert(bytes.indexOf(marker), "stray");
+  };
   QByteArray version = jpeg;
   version[jpeg.indexOf(QByteArray("JFIF\0", 5)) + 5] = 2;
   const std::pair<const char*, QByteArray> cases[] = {
       {"bytes behind the end", jpeg + QByteArray(3000, 'x')},
       {"a second picture behind the first", jpeg + jpeg},
+      {"a scan without its parameters", scan},
+      {"bytes before a table", stray("\xFF\xDB")},
+      {"bytes before the scan", stray("\xFF\xDA")},
       {"zeros before the end", body + QByteArray(15, '\0') + "\xFF\xD9"},
       {"another version of JFIF", version}};
   for (const auto& [name, bytes] : cases) {
