@@ -1,7 +1,5 @@
-#include <QDir>
 #include <QJsonArray>
 
-#include "base/AppPath.h"
 #include "batch/Commands.h"
 #include "batch/Output.h"
 #include "publish/PluginHost.h"
@@ -9,15 +7,13 @@
 namespace vorlina {
 namespace {
 
-// Those of the settings in their order, then what lies in "PubWiz" besides.
+// Those that the settings name, in their order, then what lies in "PubWiz" besides.
 QStringList AllIdentifiers() {
-  QStringList identifiers = PluginIdentifiers();
+  QStringList identifiers;
+  if (const PluginChoice chosen = ChosenPlugins(); chosen.named) identifiers = chosen.identifiers;
   identifiers.removeAll(QString());
-  for (const QString& folder : {AppPath(), DeliveredPath()}) {
-    const QStringList found = InstalledPlugins(folder);
-    for (const QString& identifier : found)
-      if (!identifiers.contains(identifier, Qt::CaseInsensitive)) identifiers += identifier;
-  }
+  for (const QString& identifier : InstalledPlugins())
+    if (!identifiers.contains(identifier, Qt::CaseInsensitive)) identifiers += identifier;
   identifiers.removeDuplicates();
   return identifiers;
 }
@@ -30,7 +26,7 @@ struct Listed {
   QString error;
 };
 
-// The picture is not asked for: it takes a display.
+// The picture is not asked for: nothing shows it.
 Listed Look(const QString& identifier) {
   Listed listed{identifier, {}, {}, false, {}};
   try {

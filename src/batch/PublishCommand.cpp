@@ -3,7 +3,6 @@
 #include <QJsonArray>
 
 #include "batch/Commands.h"
-#include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
 
 namespace vorlina {
@@ -40,11 +39,11 @@ Outcome RunPublish(Connection& connection, const Arguments& arguments, const Pro
   RequireCatalog(connection, arguments.catalog);
   const std::unique_ptr<IVorlinaFolderPublisher> publisher = PublisherOf(arguments.plugin);
   const QString folder = QFileInfo(arguments.target).absoluteFilePath();
-  PluginConnection adapter(connection);
   PluginProgress pluginProgress(progress);
   bool complete = false;
-  CallPlugin([&] { complete = publisher->PublishTo(adapter, arguments.catalog, folder, pluginProgress); });
-  connection.RollbackIfOpen();
+  CallPlugin(connection, [&](IVorlinaConnection& adapter) {
+    complete = publisher->PublishTo(adapter, arguments.catalog, folder, pluginProgress);
+  });
 
   Outcome outcome;
   outcome.ok = complete;

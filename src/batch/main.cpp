@@ -1,5 +1,5 @@
 // vorlina-batch: publishes, imports, checks, saves and restores the catalogs without a display.
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QLoggingCategory>
 #include <csignal>
@@ -43,6 +43,12 @@ Outcome Run(const Arguments& arguments) {
   }
 }
 
+QStringList ArgumentsOf(int count, char** values) {
+  QStringList arguments;
+  for (int i = 1; i < count; ++i) arguments += QString::fromLocal8Bit(values[i]);
+  return arguments;
+}
+
 void Tell(const Outcome& outcome, const QString& command, bool json) {
   if (json) {
     QJsonObject object = outcome.json;
@@ -56,22 +62,9 @@ void Tell(const Outcome& outcome, const QString& command, bool json) {
   if (!outcome.ok) PrintError(outcome.error);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  QCoreApplication application(argc, argv);
-  QCoreApplication::setApplicationName(u"Vorlina"_qs);
-  QCoreApplication::setOrganizationName(u"Norsel"_qs);
-  QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
-  // A broken picture is told by whoever reads it; the decoder's own lines would bury that.
-  QLoggingCategory::setFilterRules(u"qt.gui.i*=false"_qs);
-  std::signal(SIGINT, AskToStop);
-  std::signal(SIGTERM, AskToStop);
-  ConsoleDialogs dialogs;
-  InstallDialogs(&dialogs);
-  ChooseLanguage();
+int RunLine(const QStringList& line) {
   try {
-    const Arguments arguments = ParseArguments(QCoreApplication::arguments().mid(1));
+    const Arguments arguments = ParseArguments(line);
     if (!arguments.language.isEmpty()) SetLanguage(arguments.language);
     if (arguments.help) {
       Print(HelpText().trimmed());
@@ -87,4 +80,28 @@ int main(int argc, char** argv) {
     return WrongUsage;
   }
   return Succeeded;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Plug-ins may paint, also where there is no display, and whatever platform the user's session has. Options
+  // such as --plugin would mean something else to Qt.
+  char offscreen[][16] = {"vorlina-batch", "-platform", "offscreen", "-platformtheme", "offscreen"};
+  char* platform[] = {offscreen[0], offscreen[1], offscreen[2], offscreen[3], offscreen[4], nullptr};
+  int platformCount = 5;
+  // It looks for the folder of a session, which a nightly job has not, and would say so.
+  QLoggingCategory::setFilterRules(u"default.warning=false"_qs);
+  const QGuiApplication application(platformCount, platform);
+  QCoreApplication::setApplicationName(u"Vorlina"_qs);
+  QCoreApplication::setOrganizationName(u"Norsel"_qs);
+  QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  // A broken picture is told by whoever reads it; the decoder's own lines would bury that.
+  QLoggingCategory::setFilterRules(u"qt.gui.i*=false"_qs);
+  std::signal(SIGINT, AskToStop);
+  std::signal(SIGTERM, AskToStop);
+  ConsoleDialogs dialogs;
+  InstallDialogs(&dialogs);
+  ChooseLanguage();
+  return RunLine(ArgumentsOf(argc, argv));
 }

@@ -74,8 +74,10 @@ void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures
   // After the picture: what the setting names was imported whole, should the program end at the next one.
   SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"LastProcessedJPG"_qs, source);
   StoreThumbnail(target, taken.picture.thumbnail);
-  InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, taken.picture.size);
+  const bool marked =
+      InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, taken.picture.size);
   transaction.Commit();
+  if (!marked) TellFaultyExtensions();
 }
 
 // A number whose file no row names: a product may have been given another code since.
@@ -87,13 +89,13 @@ QString PictureImport::FreeCode() const {
   }
 }
 
-void PictureImport::InsertProduct(const QString& code, const QString& description, const QString& target,
+bool PictureImport::InsertProduct(const QString& code, const QString& description, const QString& target,
                                   QSize size) {
   connection_.Execute(
       u"INSERT INTO PRODOTTI (IDCATALOGO,CODICEPRODOTTO,DESCRIZIONE,IMMAGINE,HEIGHT,WIDTH) "
       "VALUES (?,?,?,?,?,?)"_qs,
       {IDCatalogo_, code, description, target, size.height(), size.width()});
-  SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo_, code, connection_);
+  return SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo_, code, connection_);
 }
 
 }  // namespace vorlina

@@ -31,7 +31,7 @@ class PictureImport {
  private:
   void ImportNext(const QString& file, PreparedPictures& pictures);
   QString FreeCode() const;
-  void InsertProduct(const QString& code, const QString& description, const QString& target, QSize size);
+  bool InsertProduct(const QString& code, const QString& description, const QString& target, QSize size);
 
   QString folder_;
   int IDCatalogo_;

@@ -101,7 +101,9 @@ void ProductEditing::CheckCell(CellChange& change) {
 void ProductEditing::WriteRow(int row, bool added) {
   const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
   RequireOwn(rows_.Value(row, ProductColumn::IDCatalogo));
-  MarkProductChanged(IDCatalogo_, code, *connection_);
+  if (!MarkProductChanged(IDCatalogo_, code, *connection_))
+    QMetaObject::invokeMethod(
+        this, [this] { TellFaultyExtensions(owner_); }, Qt::QueuedConnection);
   if (added) return;
   const QString former = NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
   if (former == code) return;

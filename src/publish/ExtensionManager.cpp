@@ -18,7 +18,7 @@ Level LevelOf(const QString& name, Connection& connection) {
 
 }  // namespace
 
-void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
+bool SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
                   Connection& connection) {
   Transaction transaction(connection);
   Level level = LevelOf(name, connection);
@@ -31,14 +31,16 @@ void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
     SetCatalogExtension(name, value, IDCatalogo, CodiceProdotto, connection);
   } else if (level == Level::Product) {
     SetProductExtension(name, value, IDCatalogo, CodiceProdotto, connection);
-  } else {
-    TheDialogs().Message(nullptr,
-                         ByLanguage(u"Errore nella tabella Extensions"_qs,
-                                    u"Error in Extensions table. Please contact technical support"_qs),
-                         BoxStyle::Information);
-    return;
   }
   transaction.Commit();
+  return level != Level::None;
+}
+
+void TellFaultyExtensions(QWidget* owner) {
+  TheDialogs().Message(owner,
+                       ByLanguage(u"Errore nella tabella Extensions"_qs,
+                                  u"Error in Extensions table. Please contact technical support"_qs),
+                       BoxStyle::Information);
 }
 
 void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString&,
@@ -59,11 +61,13 @@ void SetProductExtension(const QString& name, const QVariant& value, int IDCatal
       {IDCatalogo, CodiceProdotto, value, name});
 }
 
-void MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection) {
+bool MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection) {
   Transaction transaction(connection);
-  SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo, CodiceProdotto, connection);
-  SetExtension(SchedaModificata, u"1"_qs, IDCatalogo, CodiceProdotto, connection);
+  bool stored = true;
+  for (const QString& mark : {ImmagineModificata, SchedaModificata})
+    stored = SetExtension(mark, u"1"_qs, IDCatalogo, CodiceProdotto, connection) && stored;
   transaction.Commit();
+  return stored;
 }
 
 }  // namespace vorlina

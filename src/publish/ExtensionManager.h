@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVariant>
 
+class QWidget;
+
 namespace vorlina {
 
 class Connection;
@@ -14,10 +16,14 @@ inline const QString ImmagineModificata = QStringLiteral("ImmagineModificata");
 inline const QString SchedaModificata = QStringLiteral("SchedaModificata");
 
 // Keeps a value under a name. A new name gets its level from this call for good: a product's with a product
-// code, a catalog's with "". A name whose entry has no level is told to the user, and nothing is stored. All
-// in one transaction. Throws Error.
-void SetExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString& CodiceProdotto,
-                  Connection& connection);
+// code, a catalog's with "". Where the name's entry has no level nothing is stored, and the answer is false:
+// to be told by TellFaultyExtensions. All in one transaction. Throws Error.
+[[nodiscard]] bool SetExtension(const QString& name, const QVariant& value, int IDCatalogo,
+                                const QString& CodiceProdotto, Connection& connection);
+
+// Tells the user that SetExtension could not store something. To be called when the transaction that it was
+// part of is over, since a box would hold it open.
+void TellFaultyExtensions(QWidget* owner = nullptr);
 
 // The two steps that serve SetExtension: one row per catalog, or product, and name, the value overwritten.
 void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo,
@@ -26,7 +32,7 @@ void SetProductExtension(const QString& name, const QVariant& value, int IDCatal
                          const QString& CodiceProdotto, Connection& connection);
 
 // Both marks of a product whose row was changed or added, in one transaction: first the picture's, then the
-// data's.
-void MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection);
+// data's. False as in SetExtension.
+[[nodiscard]] bool MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection);
 
 }  // namespace vorlina

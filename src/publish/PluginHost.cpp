@@ -3,9 +3,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
+#include <QLoggingCategory>
 #include <QPluginLoader>
+#include <QScopeGuard>
 #include <algorithm>
+#include <deque>
 #include <map>
+#include <optional>
 
 #include "base/AppPath.h"
 #include "base/Error.h"
@@ -17,6 +21,8 @@
 
 namespace vorlina {
 namespace {
+
+Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
 
 #ifdef Q_OS_WIN
 const QString LibrarySuffix = QStringLiteral(".dll");
@@ -52,34 +58,72 @@ void CheckVersion(const QPluginLoader& loader) {
       EitherLanguage(u"%1 non è un plug-in di Vorlina"_qs, u"%1 is not a plug-in of Vorlina"_qs).arg(path));
 }
 
-// Statements that fail one by one, each with its own report.
-class Steps {
+// Thrown where a statement has nothing to work on because an earlier one failed, which was logged then.
+class FollowingFailure : public Error {
  public:
-  explicit Steps(std::function<void()> failed) : failed_(std::move(failed)) {}
-
-  template <class Step>
-  void Try(Step&& step) const {
-    try {
-      CallPlugin(step);
-    } catch (const std::exception&) {
-      failed_();
-    }
-  }
-
- private:
-  std::function<void()> failed_;
+  FollowingFailure()
+      : Error(EitherLanguage(u"Il plug-in non è disponibile"_qs, u"The plug-in is not available"_qs)) {}
 };
 
 template <class T>
-T& Needed(const std::unique_ptr<T>& object) {
-  if (object == nullptr)
-    throw Error(EitherLanguage(u"Il plug-in non è disponibile"_qs, u"The plug-in is not available"_qs));
+auto& Needed(T& object) {
+  if (!object) throw FollowingFailure();
   return *object;
 }
 
-void Require(bool condition) {
-  if (!condition) throw Error(EitherLanguage(u"Voce non valida"_qs, u"The entry is not valid"_qs));
-}
+// One plug-in on its way into the list, statement by statement, each with its own report.
+class ListedPlugin {
+ public:
+  using Create = std::function<std::unique_ptr<IVorlinaPlugin>(const QString&)>;
+
+  ListedPlugin(PluginListing& listing, QString identifier, std::function<void()> failed)
+      : listing_(listing), identifier_(std::move(identifier)), failed_(std::move(failed)) {}
+
+  bool Make(const Create& create) {
+    Try([&] { plugin_ = create(identifier_); });
+    return plugin_ != nullptr;
+  }
+
+  void Add() {
+    std::optional<QIcon> icon;
+    QString name;
+    PluginEntry* entry = nullptr;
+    Try([&] { icon = Needed(plugin_).GetPluginIcon(); });
+    Try([&] { name = Needed(plugin_).GetPluginName(); });
+    Try([&] {
+      Needed(icon);
+      if (IsListed()) throw Error(EitherLanguage(u"è già nell'elenco"_qs, u"is in the list already"_qs));
+    });
+    Try([&] {
+      if (IsListed()) throw FollowingFailure();
+      entry = &listing_.entries.emplace_back(PluginEntry{identifier_, name, Needed(icon), {}});
+    });
+    Try([&] { Needed(entry).description = Needed(plugin_).GetPluginDescription(); });
+    listing_.skins.push_back({identifier_, name});
+  }
+
+ private:
+  bool IsListed() const {
+    return std::any_of(listing_.entries.begin(), listing_.entries.end(),
+                       [this](const PluginEntry& other) { return other.identifier == identifier_; });
+  }
+
+  void Try(const std::function<void()>& statement) const {
+    try {
+      CallPlugin(statement);
+      return;
+    } catch (const FollowingFailure&) {
+    } catch (const std::exception& error) {
+      qCWarning(publish).noquote() << identifier_ + u':' << DescriptionOf(error);
+    }
+    failed_();
+  }
+
+  PluginListing& listing_;
+  QString identifier_;
+  std::function<void()> failed_;
+  std::unique_ptr<IVorlinaPlugin> plugin_;
+};
 
 }  // namespace
 
@@ -88,16 +132,27 @@ QString DefaultPlugins() {
                     u"VLFlash.FlashCD;VLFlash.FlashHTML;VLWord.WordCat"_qs);
 }
 
-QStringList PluginIdentifiers() {
+PluginChoice ChosenPlugins() {
   if (DefaultPlugins().isEmpty()) return {};
-  return GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, DefaultPlugins()).split(u';');
+  const QString missing(1, QChar());  // which no text holds
+  const QString named = GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, missing);
+  if (named != missing) return {named.isEmpty() ? QStringList() : named.split(u';'), true};
+  QStringList identifiers = DefaultPlugins().split(u';');
+  for (const QString& installed : InstalledPlugins())
+    if (!identifiers.contains(installed, Qt::CaseInsensitive)) identifiers += installed;
+  return {identifiers, false};
 }
 
-QStringList InstalledPlugins(const QString& folder) {
-  const QStringList libraries =
-      QDir(folder + u"/PubWiz"_qs).entryList({u'*' + LibrarySuffix}, QDir::Files, QDir::Name);
+QStringList InstalledPlugins() {
   QStringList identifiers;
-  for (const QString& library : libraries) identifiers += library.chopped(LibrarySuffix.size());
+  for (const QString& folder : {AppPath(), DeliveredPath()}) {
+    const QStringList libraries =
+        QDir(folder + u"/PubWiz"_qs).entryList({u'*' + LibrarySuffix}, QDir::Files, QDir::Name);
+    for (const QString& library : libraries)
+      if (const QString identifier = library.chopped(LibrarySuffix.size());
+          !identifiers.contains(identifier, Qt::CaseInsensitive))
+        identifiers += identifier;
+  }
   return identifiers;
 }
 
@@ -129,7 +184,8 @@ VorlinaHost HostOfPlugins() { return {Language, AppPath(), DeliveredPath()}; }
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
   std::unique_ptr<IVorlinaPlugin> plugin;
   CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins()); });
-  Needed(plugin);
+  if (plugin == nullptr)
+    throw Error(EitherLanguage(u"%1 non crea nessun plug-in"_qs, u"%1 makes no plug-in"_qs).arg(identifier));
   return plugin;
 }
 
@@ -146,49 +202,29 @@ void CallPlugin(const std::function<void()>& call) {
   }
 }
 
-void PublishCatalog(IVorlinaPlugin& plugin, Connection& connection, int IDCatalogo) {
-  PluginConnection adapter(connection);
-  struct Tidy {
-    Connection& connection;
-    ~Tidy() { connection.RollbackIfOpen(); }
-  } const tidy{connection};
-  CallPlugin([&] { plugin.Publish(adapter, IDCatalogo); });
+void CallPlugin(Connection& connection, const std::function<void(IVorlinaConnection&)>& call) {
+  // They stay for the run: a plug-in may hold on to its reference, which then throws.
+  static std::deque<PluginConnection> adapters;
+  PluginConnection& adapter = adapters.emplace_back(connection);
+  const auto end = qScopeGuard([&] {
+    adapter.End();
+    connection.RollbackIfOpen();
+  });
+  CallPlugin([&] { call(adapter); });
 }
 
-PluginListing ListPlugins(const QStringList& identifiers,
-                          const std::function<std::unique_ptr<IVorlinaPlugin>(const QString&)>& create,
+void PublishCatalog(IVorlinaPlugin& plugin, Connection& connection, int IDCatalogo) {
+  CallPlugin(connection, [&](IVorlinaConnection& adapter) { plugin.Publish(adapter, IDCatalogo); });
+}
+
+PluginListing ListPlugins(const PluginChoice& choice, const ListedPlugin::Create& create,
                           const std::function<void(const QString&)>& failed) {
   PluginListing listing;
-  std::vector<QString> pictures;
-  const auto hasPicture = [&](const QString& identifier) {
-    return std::find(pictures.begin(), pictures.end(), identifier) != pictures.end();
-  };
-  for (qsizetype i = 0; i < identifiers.size(); ++i) {
-    const QString& identifier = identifiers[i];
-    const Steps step([&] { failed(identifier); });
-    std::unique_ptr<IVorlinaPlugin> plugin;
-    QIcon icon;
-    QString name;
-    PluginEntry* entry = nullptr;
-    step.Try([&] { plugin = create(identifier); });
-    step.Try([&] { icon = Needed(plugin).GetPluginIcon(); });
-    step.Try([&] { name = Needed(plugin).GetPluginName(); });
-    step.Try([&] {
-      Require(!icon.isNull() && !hasPicture(identifier));
-      pictures.push_back(identifier);
+  for (const QString& identifier : choice.identifiers) {
+    ListedPlugin plugin(listing, identifier, [&] {
+      if (choice.named) failed(identifier);
     });
-    step.Try([&] {
-      const bool known =
-          std::any_of(listing.entries.begin(), listing.entries.end(),
-                      [&](const PluginEntry& other) { return other.identifier == identifier; });
-      Require(hasPicture(identifier) && !known);
-      entry = &listing.entries.emplace_back(PluginEntry{identifier, name, icon, {}});
-    });
-    step.Try([&] {
-      Require(entry != nullptr);
-      entry->description = Needed(plugin).GetPluginDescription();
-    });
-    listing.skins.push_back({identifier, name});
+    if (plugin.Make(create) || choice.named) plugin.Add();
   }
   return listing;
 }

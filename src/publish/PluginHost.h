@@ -19,11 +19,20 @@ class Connection;
 // language.
 QString DefaultPlugins();
 
-// The setting split at ";", empty pieces included. No identifier at all when no language is set.
-QStringList PluginIdentifiers();
+// Which plug-ins are to be listed.
+struct PluginChoice {
+  QStringList identifiers;
+  bool named = false;  // by the user's settings
+};
 
-// The identifiers of the libraries in "PubWiz" below a folder, by name.
-QStringList InstalledPlugins(const QString& folder);
+// What the setting names, split at ";": nothing where it is empty, otherwise with the empty pieces. Where it
+// is missing, the defaults of the language and then what else lies in "PubWiz". Nothing when no language is
+// set.
+PluginChoice ChosenPlugins();
+
+// The identifiers of the libraries in "PubWiz", by name: those of the application folder, then those that
+// were delivered.
+QStringList InstalledPlugins();
 
 // The factory of the library named after the identifier in "PubWiz": the user's own first, then the delivered
 // one. Throws Error when there is none, when it was built for another version of the interface, or when it
@@ -39,15 +48,18 @@ std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier);
 // Runs something that calls into a plug-in and turns whatever it throws into an Error.
 void CallPlugin(const std::function<void()>& call);
 
-// Hands the catalog to the plug-in and waits for it. A transaction that the plug-in leaves open is rolled
-// back.
+// The same with a connection. When the call ends, rows that are still open are closed and a transaction that
+// was left open is rolled back; the connection and rows that the plug-in kept throw from then on.
+void CallPlugin(Connection& connection, const std::function<void(IVorlinaConnection&)>& call);
+
+// Hands the catalog to the plug-in and waits for it. Throws Error.
 void PublishCatalog(IVorlinaPlugin& plugin, Connection& connection, int IDCatalogo);
 
 // One entry of the list of plug-ins.
 struct PluginEntry {
   QString identifier;  // the entry's key
   QString name;
-  QIcon icon;
+  QIcon icon;           // may be empty
   QString description;  // the entry's tag
 };
 
@@ -65,8 +77,9 @@ struct PluginListing {
 
 // Lists the plug-ins in order. Each step of a plug-in that fails (creation, picture, name, adding the
 // picture, adding the entry, the description) is reported by itself with the identifier, and the next step is
-// taken all the same.
-PluginListing ListPlugins(const QStringList& identifiers,
+// taken all the same; the reason goes to the log. Of plug-ins that the user did not name nothing is reported,
+// and one that cannot be created is passed over.
+PluginListing ListPlugins(const PluginChoice& choice,
                           const std::function<std::unique_ptr<IVorlinaPlugin>(const QString&)>& create,
                           const std::function<void(const QString&)>& failed);
 

@@ -128,8 +128,10 @@ void frmCatalogs::LoadForm() {
     rsCataloghi.Close();
     rsCataloghi.Open(u"SELECT * FROM CATALOGHI"_qs, cnnCatalog, CursorType::Keyset, LockType::Optimistic);
   });
-  FillPlugins(PluginIdentifiers());
-  Attempt([this] {
+  const PluginChoice plugins = ChosenPlugins();
+  FillPlugins(plugins);
+  Attempt([&] {
+    if (plugins.named && plugins.identifiers.isEmpty()) return;  // as the user wants it
     QTreeWidgetItem* first = ui_->lstPlugIns->topLevelItem(0);
     if (first == nullptr)
       throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è installato"_qs,
@@ -172,8 +174,8 @@ void frmCatalogs::FirstRun() {
   }
 }
 
-void frmCatalogs::FillPlugins(const QStringList& identifiers) {
-  const PluginListing listing = ListPlugins(identifiers, CreatePlugin, [this](const QString& identifier) {
+void frmCatalogs::FillPlugins(const PluginChoice& plugins) {
+  const PluginListing listing = ListPlugins(plugins, CreatePlugin, [this](const QString& identifier) {
     const QString text = ByLanguage(u"Errore nella istanza della dll: "_qs, u"Error instancing dll: "_qs);
     TheDialogs().Message(this, text + identifier);
   });

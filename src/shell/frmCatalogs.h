@@ -78,7 +78,7 @@ class frmCatalogs : public QMainWindow {
   void Attempt(const Handler& statement);
   void OpenDatabase();
   void FirstRun();
-  void FillPlugins(const QStringList& identifiers);
+  void FillPlugins(const PluginChoice& plugins);
   void DisableNew();
 
   QListWidgetItem* SelectedCatalog() const;

@@ -73,7 +73,9 @@ QString FailureText(const SQLite::Exception& failure) {
     case SQLITE_CONSTRAINT:
       return ConstraintText(failure);
     default:
-      return QString::fromUtf8(failure.what());
+      return EitherLanguage(u"Il database non può eseguire l'operazione (%1)."_qs,
+                            u"The database cannot run the operation (%1)."_qs)
+          .arg(QString::fromUtf8(failure.what()));
   }
 }
 

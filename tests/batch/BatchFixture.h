@@ -31,6 +31,7 @@ class BatchFixture : public CatalogFixture {
       environment.insert(name, home_.path());
     environment.insert(u"LC_ALL"_qs, u"C.UTF-8"_qs);
     environment.remove(u"DISPLAY"_qs);
+    environment.insert(u"QT_QPA_PLATFORM"_qs, u"xcb"_qs);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(outside_.path());
     process.start(QStringLiteral(BATCH_PROGRAM), arguments);

@@ -57,13 +57,14 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
 
   const Ran plugins = Batch(Here({u"plugins"_qs, u"--json"_qs}));
   EXPECT_EQ(plugins.exitCode, 0);
+  EXPECT_EQ(plugins.err, QString());
   QStringList found;
   for (const QJsonValue plugin : plugins.Json()[u"plugins"].toArray())
     if (plugin[u"installed"].toBool())
       found +=
           plugin[u"identifier"].toString() + u' ' + (plugin[u"publishesToFolder"].toBool() ? u'y' : u'n');
-  EXPECT_EQ(found, (QStringList{u"Test.Endless y"_qs, u"Test.Failing y"_qs, u"Test.Windows n"_qs,
-                                u"VLHTML.HTML y"_qs}));
+  EXPECT_EQ(found, (QStringList{u"Test.Endless y"_qs, u"Test.Failing y"_qs, u"Test.Painting y"_qs,
+                                u"Test.Windows n"_qs, u"VLHTML.HTML y"_qs}));
 
   const Ran publish = Batch(Here({u"publish"_qs, u"--catalog"_qs, u"109"_qs, u"--plugin"_qs,
                                   u"VLHTML.HTML"_qs, u"--to"_qs, u"site"_qs, u"--json"_qs}));

@@ -52,7 +52,7 @@ class CloneTest : public CatalogFixture {
         u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) "
         "VALUES (?,?,'Peso','2 kg'),(?,?,'Altezza',NULL)"_qs,
         {catalog_, code, catalog_, code});
-    MarkProductChanged(catalog_, code, connection_);
+    EXPECT_TRUE(MarkProductChanged(catalog_, code, connection_));
   }
   int Clone() { return CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {}); }
 
@@ -101,7 +101,7 @@ class CloneTest : public CatalogFixture {
 
 TEST_F(CloneTest, ACloneIsEqualAndStandsAlone) {
   for (const QString& code : {OddCode, u"2"_qs}) AddWholeProduct(code);
-  SetExtension(u"Tema"_qs, OddName, catalog_, {}, connection_);
+  EXPECT_TRUE(SetExtension(u"Tema"_qs, OddName, catalog_, {}, connection_));
   AddValue(1, OddName);
   const QStringList before = RowsOf(catalog_);
   const auto files = FilesIn(AppFile(u"Images"_qs));

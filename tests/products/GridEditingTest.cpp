@@ -40,6 +40,16 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   EXPECT_EQ(Shown(AddNewRow(), Code), u"8"_qs);
 }
 
+TEST_F(GridEditing, AFaultyExtensionsTableIsToldWhenTheRowIsWritten) {
+  AddProducts({u"1"_qs, u"2"_qs});
+  connection_.Execute(u"INSERT INTO Extensions (ExtensionName) VALUES ('ImmagineModificata')"_qs);
+  Open();
+  dialogs_.ExpectMessage(u"Error in Extensions table. Please contact technical support"_qs,
+                         BoxStyle::Information);
+  Change(0, Description, u"written"_qs);
+  EXPECT_EQ(Stored(u"1"_qs, Description), u"written"_qs);
+}
+
 TEST_F(GridEditing, TheFirstProductOfAnEmptyCatalog) {
   Open();
   EXPECT_EQ(Shown(0, Code) + u' ' + Shown(0, u"Ordine"_qs), u"1 1"_qs);

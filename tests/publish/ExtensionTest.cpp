@@ -1,9 +1,12 @@
+#include <sqlite3.h>
+
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "publish/EscapedNames.h"
 #include "publish/ExtensionManager.h"
 #include "publish/PluginConnection.h"
+#include "publish/PluginHost.h"
 #include "support/Print.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
@@ -18,15 +21,16 @@ TEST(EscapedNames, AreStoredAndShownAsToldForEveryCharacter) {
        {Case{u"Prezzo €"_qs, u"Prezzo €"_qs}, Case{u"Cod. art."_qs, u"Cod\\046 art\\046"_qs},
         Case{u"a\\b"_qs, u"a\\\\b"_qs}, Case{u"a-b/c"_qs, u"a\\045b\\047c"_qs},
         Case{u"./*:#&-%$"_qs, u"\\046\\047\\042\\058\\035\\038\\045\\037\\036"_qs}, Case{u""_qs, u""_qs},
-        Case{u"..."_qs, u"\\046\\046\\046"_qs}, Case{u"L'\"età\" []"_qs, u"L'\"età\" []"_qs}}) {
+        Case{u"..."_qs, u"\\046\\046\\046"_qs}, Case{u"L'\"età\" []"_qs, u"L'\"età\" []"_qs},
+        // A typed code, and backslashes before what is escaped.
+        Case{u"a\\046b.c"_qs, u"a\\\\046b\\046c"_qs}, Case{u"Kg\\."_qs, u"Kg\\\\\\046"_qs},
+        Case{u"N\\-1 di.x"_qs, u"N\\\\\\0451 di\\046x"_qs}, Case{u"\\\\"_qs, u"\\\\\\\\"_qs}}) {
     EXPECT_EQ(EscapeName(c.plain), c.stored);
     EXPECT_EQ(UnescapeName(c.stored), c.plain);
   }
   EXPECT_EQ(EscapeName(NullValue()) + UnescapeName(NullValue()), QString());
-  EXPECT_EQ(UnescapeName(u"5 \\128"_qs), u"5 €"_qs);
-  // A typed code is doubled; decoding it ends, and what stands behind it is left as it is.
-  EXPECT_EQ(EscapeName(u"a\\046"_qs), u"a\\\\046"_qs);
-  EXPECT_EQ(UnescapeName(u"a\\\\046"_qs), u"a\\046"_qs);
+  for (const Case& c : {Case{u"5 €"_qs, u"5 \\128"_qs}, Case{u"a\\b\\065\\"_qs, u"a\\b\\065\\"_qs}})
+    EXPECT_EQ(UnescapeName(c.stored), c.plain) << "as no name of ours is stored";
 }
 
 namespace {
@@ -35,8 +39,8 @@ class ExtensionTest : public StoreFixture {
  protected:
   ExtensionTest() : catalog_(AddCatalog(u"c"_qs)) { AddProduct(catalog_, code_); }
 
-  void Set(const QString& name, const QVariant& value, const QString& code) {
-    SetExtension(name, value, catalog_, code, connection_);
+  bool Set(const QString& name, const QVariant& value, const QString& code) {
+    return SetExtension(name, value, catalog_, code, connection_);
   }
 
   const QString code_ = u"D'A \"1\""_qs;
@@ -47,8 +51,8 @@ class ExtensionTest : public StoreFixture {
 }  // namespace
 
 TEST_F(ExtensionTest, ANameGetsItsLevelOnceAndOneRowPerOwner) {
-  Set(u"o'clock \"x\""_qs, u"1"_qs, code_);
-  Set(u"o'clock \"x\""_qs, u"2"_qs, code_);
+  EXPECT_TRUE(Set(u"o'clock \"x\""_qs, u"1"_qs, code_));
+  EXPECT_TRUE(Set(u"o'clock \"x\""_qs, u"2"_qs, code_));
   EXPECT_EQ(Count(u"PExtension"_qs), 1);
   EXPECT_EQ(One(u"Valore"_qs, u"PExtension"_qs), u"2"_qs);
   EXPECT_EQ(One(u"C"_qs, u"Extensions"_qs), false);
@@ -58,31 +62,29 @@ TEST_F(ExtensionTest, ANameGetsItsLevelOnceAndOneRowPerOwner) {
   EXPECT_EQ(Count(u"CExtension"_qs), 0);
   EXPECT_FALSE(connection_.InTransaction());
 
-  Set(u"folder"_qs, u"/srv"_qs, u""_qs);
-  Set(u"folder"_qs, NullValue(), code_);
+  EXPECT_TRUE(Set(u"folder"_qs, u"/srv"_qs, u""_qs));
+  EXPECT_TRUE(Set(u"folder"_qs, NullValue(), code_));
   EXPECT_EQ(Count(u"CExtension"_qs), 1);
   EXPECT_TRUE(One(u"Valore"_qs, u"CExtension"_qs).isNull());
 }
 
-TEST_F(ExtensionTest, ANameWithoutALevelIsToldAndWithBothIsTheCatalogs) {
+TEST_F(ExtensionTest, ANameWithoutALevelIsAnsweredAndWithBothIsTheCatalogs) {
   connection_.Execute(
       u"INSERT INTO Extensions (ExtensionName,C,P) VALUES ('none',FALSE,FALSE),('both',TRUE,TRUE)"_qs);
-  dialogs_.ExpectMessage(u"Error in Extensions table. Please contact technical support"_qs,
-                         BoxStyle::Information);
-  Set(u"none"_qs, u"1"_qs, code_);
-  Set(u"both"_qs, u"1"_qs, code_);
+  EXPECT_FALSE(Set(u"none"_qs, u"1"_qs, code_)) << "a box would hold the transaction open";
+  EXPECT_TRUE(Set(u"both"_qs, u"1"_qs, code_));
   EXPECT_EQ(Count(u"PExtension"_qs), 0);
   EXPECT_EQ(Count(u"CExtension"_qs), 1);
 }
 
 TEST_F(ExtensionTest, AChangedProductGetsBothMarksOrNone) {
-  MarkProductChanged(catalog_, code_, connection_);
+  EXPECT_TRUE(MarkProductChanged(catalog_, code_, connection_));
   EXPECT_EQ(One(u"group_concat(ExtensionName)"_qs, u"Extensions"_qs),
             u"ImmagineModificata,SchedaModificata"_qs);
   EXPECT_EQ(One(u"COUNT(*)"_qs, u"PExtension"_qs, u"Valore='1' AND CodiceProdotto=?"_qs, {code_}), 2);
   connection_.Execute(u"DELETE FROM Extensions"_qs);
   connection_.Execute(u"INSERT INTO Extensions (ExtensionName,P) VALUES ('ImmagineModificata',TRUE)"_qs);
-  EXPECT_THROW(MarkProductChanged(catalog_, u"gone"_qs, connection_), Error);
+  EXPECT_THROW(static_cast<void>(MarkProductChanged(catalog_, u"gone"_qs, connection_)), Error);
   EXPECT_EQ(Count(u"PExtension"_qs), 0);
 }
 
@@ -93,11 +95,48 @@ TEST_F(ExtensionTest, APluginReadsAndWritesThroughItsConnection) {
   connection.CommitTrans();
   const std::unique_ptr<IVorlinaRows> rows =
       connection.Open(u"SELECT Descrizione, Immagine, Pubblica FROM Prodotti"_qs, {});
+  const auto tells = [](const auto& step, const char16_t* text) {
+    try {
+      step();
+    } catch (const Error& error) {
+      return error.Description().contains(QString::fromUtf16(text));
+    }
+    return false;
+  };
+  EXPECT_TRUE(tells([&] { rows->Value(0); }, u"where there is no row"));
   ASSERT_TRUE(rows->Next());
   EXPECT_EQ(rows->Value(u"descrizione"_qs), u"it's"_qs);
   EXPECT_TRUE(rows->Value(1).isNull());
   EXPECT_EQ(rows->Value(2), true);
-  EXPECT_THROW(rows->Value(u"nowhere"_qs), std::exception);
-  EXPECT_FALSE(rows->Next());
   EXPECT_EQ(QDir::toNativeSeparators(connection.DataSource()), Path());
+  EXPECT_TRUE(tells([&] { rows->Value(u"nowhere"_qs); }, u"column \"nowhere\""));
+  EXPECT_TRUE(tells([&] { rows->Value(99); }, u"column \"99\""));
+  EXPECT_TRUE(tells([&] { rows->ColumnName(-1); }, u"column \"-1\""));
+  EXPECT_TRUE(tells([&] { connection.Execute(u"SELECT * FROM Nowhere"_qs, {}); }, u"cannot run"));
+  EXPECT_FALSE(rows->Next());
+  EXPECT_FALSE(rows->Next());
+  EXPECT_TRUE(tells([&] { rows->Value(0); }, u"where there is no row"));
+}
+
+// What a plug-in keeps neither holds a lock on the database nor refers to what is gone.
+TEST_F(ExtensionTest, WhatAPluginKeepsEndsWithItsCall) {
+  IVorlinaConnection* connection = nullptr;
+  std::unique_ptr<IVorlinaRows> rows;
+  EXPECT_THROW(CallPlugin(connection_,
+                          [&](IVorlinaConnection& given) {
+                            connection = &given;
+                            rows = given.Open(u"SELECT 1 UNION SELECT 2"_qs);
+                            EXPECT_TRUE(rows->Next());
+                            given.BeginTrans();
+                            given.Execute(u"DELETE FROM Prodotti"_qs);
+                            throw 42;
+                          }),
+               Error);
+  EXPECT_EQ(Count(u"Prodotti"_qs), 1);
+  EXPECT_EQ(sqlite3_next_stmt(connection_.Database().getHandle(), nullptr), nullptr);
+  EXPECT_THROW(rows->Next(), Error);
+  EXPECT_THROW(rows->Value(0), Error);
+  EXPECT_THROW(connection->Execute(u"DELETE FROM Prodotti"_qs), Error);
+  connection_.Close();
+  rows.reset();
 }

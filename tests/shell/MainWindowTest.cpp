@@ -286,6 +286,27 @@ TEST_F(MainWindow, APluginThatIsMissingIsToldStepByStepAndTheOthersWork) {
   EXPECT_EQ(skins[0]->text() + u'|' + skins[1]->text(), u"|Test.Good"_qs);
 }
 
+TEST_F(MainWindow, WithoutSettingsOrWithNoneNamedNoPluginIsTold) {
+  UsePlugins({});
+  Open();
+  EXPECT_EQ(Plugins()->topLevelItemCount(), 0);
+  const QString title = ApplicationTitle();
+  QCoreApplication::setApplicationName(u"Newcomer"_qs);
+  Open();
+  QStringList names;
+  for (int i = 0; i < Plugins()->topLevelItemCount(); ++i) names += Plugins()->topLevelItem(i)->text(0);
+  EXPECT_EQ(names.join(u' '), u"Test.Good Test.Small Test.Throws"_qs);
+  EXPECT_EQ(Find<QMenu>(u"mnuInstallaSkin"_qs)->actions().size(), 3);
+  QCoreApplication::setApplicationName(title);
+}
+
+TEST_F(MainWindow, APictureIsNotCutToTheFirst) {
+  UsePlugins(u"Test.Small;Test.Good"_qs);
+  Open();
+  Press(u"cmdPublish"_qs);
+  EXPECT_GE(Plugins()->visualItemRect(Plugins()->topLevelItem(1)).height(), 32);
+}
+
 TEST_F(MainWindow, TheSelectionSurvivesComingBackToTheWindow) {
   Open();
   Catalogs()->setCurrentRow(1);

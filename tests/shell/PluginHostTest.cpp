@@ -35,9 +35,25 @@ class PluginHost : public testing::Test {
   const QTemporaryDir folder_;
 };
 
+// The lines of the log while it lives.
+class Logged {
+ public:
+  Logged() : before_(qInstallMessageHandler(Take)) { lines_.clear(); }
+  ~Logged() { qInstallMessageHandler(before_); }
+  Logged(const Logged&) = delete;
+  Logged& operator=(const Logged&) = delete;
+  static QString Text() { return lines_.join(u'|'); }
+
+ private:
+  static void Take(QtMsgType, const QMessageLogContext&, const QString& line) { lines_ += line; }
+  static inline QStringList lines_;
+  QtMessageHandler before_;
+};
+
 // A plug-in whose operations fail as told.
 struct Behaviour {
   bool icon = true;
+  bool emptyIcon = false;
   bool name = true;
   bool description = true;
 };
@@ -48,6 +64,7 @@ class FakePlugin : public IVorlinaPlugin {
   QString GetPluginName() override { return Or(behaviour_.name, u"Name"_qs); }
   QIcon GetPluginIcon() override {
     Or(behaviour_.icon, {});
+    if (behaviour_.emptyIcon) return {};
     QPixmap pixmap(8, 8);
     pixmap.fill(Qt::red);
     return pixmap;
@@ -58,7 +75,7 @@ class FakePlugin : public IVorlinaPlugin {
 
  private:
   static QString Or(bool works, const QString& text) {
-    if (!works) throw std::runtime_error("fails");
+    if (!works) throw std::runtime_error("broken");
     return text;
   }
   Behaviour behaviour_;
@@ -84,51 +101,79 @@ TEST_F(PluginHost, WhateverAPluginThrowsBecomesAnError) {
   EXPECT_THROW(CallPlugin([&] { plugin->InstallSkin(skin); }), Error);
 }
 
-TEST_F(PluginHost, IdentifiersComeFromTheSettingOrTheDefaultOfTheLanguage) {
+TEST_F(PluginHost, PluginsAreThoseThatTheSettingsNameOrElseWhatThereIs) {
   const QString title = ApplicationTitle();
   QCoreApplication::setApplicationName(u"Fresh"_qs);  // settings in which nobody has written
-  EXPECT_EQ(PluginIdentifiers().join(u'|'), u"VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat"_qs);
+  const auto chosen = []() -> QString {
+    const PluginChoice choice = ChosenPlugins();
+    return (choice.named ? u"named:"_qs : u"found:"_qs) + choice.identifiers.join(u'|');
+  };
+  const QString found = u"|Test.Foreign|Test.Good|Test.Older|Test.Small|Test.Throws"_qs;
+  EXPECT_EQ(chosen(), u"found:VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat"_qs + found);
   SetLanguage(u"Italian"_qs);
-  EXPECT_EQ(PluginIdentifiers().join(u'|'),
-            u"VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat|VLHTML.HTML"_qs);
-  SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"A.B;"_qs);
-  EXPECT_EQ(PluginIdentifiers().join(u'|'), u"A.B|"_qs);
+  EXPECT_EQ(chosen(), u"found:VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat|VLHTML.HTML"_qs + found);
+  for (const QString& value : {u"A.B;"_qs, u"A.B"_qs, u""_qs}) {
+    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, value);
+    EXPECT_EQ(chosen(), QString(u"named:"_qs + value).replace(u';', u'|'));
+  }
+  EXPECT_EQ(ChosenPlugins().identifiers, QStringList()) << "not one without a name";
   SetLanguage(u"French"_qs);
-  EXPECT_TRUE(PluginIdentifiers().isEmpty());
+  EXPECT_EQ(chosen(), u"found:"_qs);
   QCoreApplication::setApplicationName(title);
 }
 
-// Every step that fails is told by itself, and the plug-ins that follow are listed all the same.
+// Every step that fails is told by itself, and the plug-ins that follow are listed all the same. The reason
+// is logged once.
 TEST_F(PluginHost, ListingTellsEachFailedStepAndGoesOn) {
   struct Case {
     const char* what;
-    QStringList identifiers;
+    PluginChoice choice;
     Behaviour behaviour;
     int failures;
     QString entries;
     QString skins;
+    QString log;
   };
+  const QString whole = u"B=Name:Description"_qs;
+  const auto named = [](const QStringList& identifiers) { return PluginChoice{identifiers, true}; };
   const Case cases[] = {
       {"all works",
-       {u"A"_qs, u"B"_qs},
+       named({u"A"_qs, u"B"_qs}),
        {},
        0,
-       u"A=Name:Description B=Name:Description"_qs,
-       u"A=Name B=Name"_qs},
-      {"cannot be created", {u"missing"_qs, u"B"_qs}, {}, 6, u"B=Name:Description"_qs, u"missing= B=Name"_qs},
-      {"empty identifier at the end", {u"B"_qs, u""_qs}, {}, 6, u"B=Name:Description"_qs, u"B=Name ="_qs},
-      {"no picture", {u"A"_qs}, {.icon = false}, 4, u""_qs, u"A=Name"_qs},
-      {"no name", {u"A"_qs}, {.name = false}, 1, u"A=:Description"_qs, u"A="_qs},
-      {"no description", {u"A"_qs}, {.description = false}, 1, u"A=Name:"_qs, u"A=Name"_qs},
-      {"twice", {u"A"_qs, u"A"_qs}, {}, 3, u"A=Name:Description"_qs, u"A=Name A=Name"_qs},
+       u"A=Name:Description "_qs + whole,
+       u"A=Name B=Name"_qs,
+       {}},
+      {"cannot be created", named({u"no"_qs, u"B"_qs}), {}, 6, whole, u"no= B=Name"_qs, u"no: not made"_qs},
+      {"and nobody named it", {{u"no"_qs, u"B"_qs}}, {}, 0, whole, u"B=Name"_qs, u"no: not made"_qs},
+      {"empty identifier at the end", named({u"B"_qs, {}}), {}, 6, whole, u"B=Name ="_qs, u": not made"_qs},
+      {"no picture", named({u"B"_qs}), {.icon = false}, 4, {}, u"B=Name"_qs, u"B: broken"_qs},
+      {"an empty picture", named({u"B"_qs}), {.emptyIcon = true}, 0, whole, u"B=Name"_qs, {}},
+      {"no name", named({u"B"_qs}), {.name = false}, 1, u"B=:Description"_qs, u"B="_qs, u"B: broken"_qs},
+      {"no description",
+       named({u"B"_qs}),
+       {.description = false},
+       1,
+       u"B=Name:"_qs,
+       u"B=Name"_qs,
+       u"B: broken"_qs},
+      {"twice",
+       named({u"B"_qs, u"B"_qs}),
+       {},
+       3,
+       whole,
+       u"B=Name B=Name"_qs,
+       u"B: is in the list already"_qs},
   };
   for (const Case& c : cases) {
     int failures = 0;
     const auto create = [&](const QString& identifier) -> std::unique_ptr<IVorlinaPlugin> {
-      if (identifier.isEmpty() || identifier == u"missing") throw Error(u"cannot be created"_qs);
+      if (identifier.isEmpty() || identifier == u"no") throw Error(u"not made"_qs);
       return std::make_unique<FakePlugin>(c.behaviour);
     };
-    const PluginListing listing = ListPlugins(c.identifiers, create, [&](const QString&) { ++failures; });
+    const Logged log;
+    const PluginListing listing = ListPlugins(c.choice, create, [&](const QString&) { ++failures; });
+    EXPECT_EQ(Logged::Text(), c.log) << c.what;
     QStringList entries;
     QStringList skins;
     for (const PluginEntry& entry : listing.entries)

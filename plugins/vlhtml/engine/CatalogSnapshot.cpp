@@ -1,6 +1,7 @@
 #include "CatalogSnapshot.h"
 
 #include <IVorlinaPlugin.h>
+#include <VorlinaNames.h>
 
 #include <QHash>
 #include <stdexcept>
@@ -36,7 +37,7 @@ void ReadCatalog(IVorlinaConnection& connection, int id, CatalogSnapshot& catalo
   catalog.extras = text("Extras");
   catalog.logo = {row->Value(QStringLiteral("Logo")).toString(), catalog.company};
   const auto name = [&](const QString& column) {
-    return ShownName(row->Value(column).toString()).toStdString();
+    return vorlina::UnescapeName(row->Value(column)).toStdString();
   };
   for (std::size_t i = 0; i < 3; ++i) catalog.valueNames[i] = name(QStringLiteral("NomeValore%1").arg(i + 1));
   for (std::size_t i = 0; i < 5; ++i)
@@ -106,22 +107,6 @@ void ReadFeatures(IVorlinaConnection& connection, int id, CatalogSnapshot& catal
 }
 
 }  // namespace
-
-QString ShownName(const QString& stored) {
-  static const std::pair<QString, QChar> codes[] = {
-      {QStringLiteral("\\046"), u'.'}, {QStringLiteral("\\047"), u'/'}, {QStringLiteral("\\042"), u'*'},
-      {QStringLiteral("\\058"), u':'}, {QStringLiteral("\\035"), u'#'}, {QStringLiteral("\\038"), u'&'},
-      {QStringLiteral("\\045"), u'-'}, {QStringLiteral("\\037"), u'%'}, {QStringLiteral("\\036"), u'$'},
-      {QStringLiteral("\\128"), u'€'}};
-  QString shown = stored;
-  for (const auto& [code, character] : codes) {
-    // A code behind a backslash is a literal text; what follows it stays as well.
-    for (qsizetype at = shown.indexOf(code); at == 0 || (at > 0 && shown[at - 1] != u'\\');
-         at = shown.indexOf(code))
-      shown.replace(at, code.size(), character);
-  }
-  return shown.replace(QStringLiteral("\\\\"), QStringLiteral("\\"));
-}
 
 CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo) {
   CatalogSnapshot catalog;

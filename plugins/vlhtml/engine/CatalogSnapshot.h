@@ -51,7 +51,4 @@ struct CatalogSnapshot {
 // throws.
 CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo);
 
-// A stored name of a value or filter as it is shown.
-QString ShownName(const QString& stored);
-
 }  // namespace vlhtml

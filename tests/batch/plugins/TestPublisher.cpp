@@ -1,6 +1,7 @@
 // Publishing plug-ins without a window, one for each way in which they can behave.
 #include <QDir>
 #include <QFile>
+#include <QPixmap>
 #include <QThread>
 #include <stdexcept>
 
@@ -35,6 +36,11 @@ class Plugin : public IVorlinaPlugin {
   QString GetPluginDescription() override { return QStringLiteral("describes"); }
   QVariant Publish(IVorlinaConnection&, int&) override { return {}; }
   QVariant InstallSkin(QString&) override { return {}; }
+
+#ifdef TEST_PUBLISHER_PAINTS
+ private:
+  QPixmap picture_{8, 8};
+#endif
 };
 
 class Factory : public QObject, public IVorlinaPluginFactory {

@@ -7,6 +7,10 @@
 #define TEST_PLUGIN_IID VORLINA_PLUGIN_IID
 #endif
 
+#ifndef TEST_PLUGIN_ICON
+#define TEST_PLUGIN_ICON 32
+#endif
+
 namespace {
 
 #ifdef TEST_PLUGIN_THROWS
@@ -19,7 +23,7 @@ class TestPlugin : public IVorlinaPlugin {
  public:
   QString GetPluginName() override { return QStringLiteral(TEST_PLUGIN_NAME); }
   QIcon GetPluginIcon() override {
-    QPixmap pixmap(32, 32);
+    QPixmap pixmap(TEST_PLUGIN_ICON, TEST_PLUGIN_ICON);
     pixmap.fill(Qt::blue);
     return pixmap;
   }
