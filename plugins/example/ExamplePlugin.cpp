@@ -1,5 +1,5 @@
 // The example of docs/plugins.md: a publishing plug-in that writes a price list as a text file. It needs the
-// plug-in header and Qt, and nothing else of Vorlina.
+// plug-in headers and Qt, and nothing else of Vorlina.
 #include <IVorlinaPlugin.h>
 
 #include <QDir>
@@ -17,7 +17,8 @@ QString By(const VorlinaHost& host, const char* italian, const char* english) {
 QByteArray PriceList(IVorlinaConnection& connection, int catalog, IVorlinaProgress* progress, bool& stopped) {
   const auto rows =
       connection.Open(QStringLiteral("SELECT CodiceProdotto, Descrizione, Valore1 FROM Prodotti "
-                                     "WHERE IDCatalogo=? AND Pubblica ORDER BY OrdineTemp, CodiceProdotto"),
+                                     "WHERE IDCatalogo=? AND Pubblica "
+                                     "ORDER BY OrdineTemp IS NULL, OrdineTemp, CodiceProdotto"),
                       {catalog});
   QByteArray list;
   for (int done = 0; rows->Next() && !stopped; ++done) {

@@ -1,5 +1,6 @@
-// The plug-in interface of Vorlina, version 1. This one header is all that a publishing plug-in needs; it
-// uses Qt Core and Qt Gui. docs/plugins.md tells how a plug-in is built and installed.
+// The plug-in interface of Vorlina, version 1. This header is all that a publishing plug-in needs, with
+// VorlinaNames.h for the names of values and filters; it uses Qt Core and Qt Gui. plugins.md tells how a
+// plug-in is built and installed, when what is called, and what the tables hold.
 //
 // A plug-in is a Qt plug-in library whose root object implements IVorlinaPluginFactory:
 //
@@ -28,8 +29,8 @@
 // code runs.
 #define VORLINA_PLUGIN_IID "vorlina.IVorlinaPluginFactory/1"
 
-// The rows of a query, walked forward. Column names are found in any letter case. A column that is Null gives
-// a QVariant for which isNull() is true.
+// The rows of a query, walked forward, as long as the call that opened them lasts. Column names are found in
+// any letter case. A column that is Null gives a QVariant for which isNull() is true.
 class IVorlinaRows {
  public:
   virtual ~IVorlinaRows() = default;
@@ -37,12 +38,13 @@ class IVorlinaRows {
   virtual bool Next() = 0;
   virtual int ColumnCount() const = 0;
   virtual QString ColumnName(int column) const = 0;
-  // The value of the current row. Throws for a column that does not exist.
+  // The value of the current row. Throws where there is none, and for a column that does not exist.
   virtual QVariant Value(int column) const = 0;
   virtual QVariant Value(const QString& column) const = 0;
 };
 
-// The catalog database as a plug-in sees it: SQL in SQLite's dialect, with "?" for each bound value.
+// The catalog database as a plug-in sees it, as long as a call lasts: SQL in SQLite's dialect, with "?" for
+// each bound value.
 class IVorlinaConnection {
  public:
   virtual ~IVorlinaConnection() = default;
@@ -50,7 +52,7 @@ class IVorlinaConnection {
   // "PubWiz".
   virtual QString DataSource() const = 0;
   virtual void Execute(const QString& sql, const QVariantList& values = {}) = 0;
-  // The rows must be released before the plug-in returns.
+  // Rows that are neither walked to the end nor released keep others from writing.
   virtual std::unique_ptr<IVorlinaRows> Open(const QString& sql, const QVariantList& values = {}) = 0;
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
@@ -63,7 +65,7 @@ class IVorlinaPlugin {
   virtual ~IVorlinaPlugin() = default;
   // The name in the list of plug-ins, in the user's language.
   virtual QString GetPluginName() = 0;
-  // The picture beside the name.
+  // The picture beside the name, 32 by 32 pixels and 64 for dense screens; it may be empty.
   virtual QIcon GetPluginIcon() = 0;
   // Publishes the catalog with this Cataloghi.IDCatalogo, asking for whatever is to be asked. The result is
   // not read.
@@ -104,7 +106,7 @@ struct VorlinaHost {
   QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
 };
 
-// The root object of a plug-in library.
+// The root object of a plug-in library. It may be used without a display: no widget is made in a constructor.
 class IVorlinaPluginFactory {
  public:
   virtual ~IVorlinaPluginFactory() = default;
