@@ -190,16 +190,20 @@ std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
 }
 
 void CallPlugin(const std::function<void()>& call) {
+  QString told;
   try {
     call();
+    return;
   } catch (const Error&) {
     throw;
   } catch (const std::exception& error) {
-    throw Error(DescriptionOf(error));
+    told = DescriptionOf(error);
   } catch (...) {
-    throw Error(EitherLanguage(u"Il plug-in ha segnalato un errore sconosciuto"_qs,
-                               u"The plug-in reported an unknown error"_qs));
   }
+  if (told.trimmed().isEmpty())
+    told = EitherLanguage(u"Il plug-in ha segnalato un errore sconosciuto"_qs,
+                          u"The plug-in reported an unknown error"_qs);
+  throw Error(told);
 }
 
 void CallPlugin(Connection& connection, const std::function<void(IVorlinaConnection&)>& call) {

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QListWidget>
+#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -21,6 +22,25 @@
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
+namespace {
+
+// Keeps the same room for each picture, also for one that is small or empty: rows are alike and names
+// aligned.
+class PluginDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    const QSize room = option->decorationSize;
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->decorationSize = room;
+    option->decorationAlignment = Qt::AlignCenter;
+  }
+};
+
+}  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
   ui_->setupUi(this);
@@ -84,6 +104,7 @@ void frmCatalogs::ConnectControls() {
   }
   connect(ui_->cmdIndietro, &QPushButton::clicked, this, &frmCatalogs::cmdIndietro_Click);
   connect(ui_->LstWCatalogs, &QListWidget::itemDoubleClicked, this, [this] { Run(u"cmdEdit"_qs); });
+  ui_->lstPlugIns->setItemDelegate(new PluginDelegate(ui_->lstPlugIns));
   connect(ui_->lstPlugIns, &QTreeWidget::itemDoubleClicked, this, [this] { Run(u"cmdPublish"_qs); });
   const auto describe = [this](const QTreeWidgetItem* item) {
     if (item != nullptr) ui_->lblDescription->setText(item->data(0, TagRole).toString());
