@@ -1,6 +1,7 @@
 #include "base/Helpers.h"
 
 #include <QDir>
+#include <algorithm>
 
 #include "base/Error.h"
 #include "base/Language.h"
@@ -52,6 +53,14 @@ QString OneLine(QString text) {
   for (QChar& c : text)
     if (isBreak(c)) c = u' ';
   return text;
+}
+
+QString FirstLines(const QStringList& lines) {
+  constexpr qsizetype Most = 10;
+  QStringList first = lines.first(std::min(lines.size(), Most));
+  if (lines.size() > Most)
+    first += EitherLanguage(u"... e altri %1"_qs, u"... and %1 more"_qs).arg(lines.size() - Most);
+  return first.join(u"\r\n"_qs);
 }
 
 QString FileNameOf(const QString& path, bool keepExtension) {

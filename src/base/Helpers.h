@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 namespace vorlina {
@@ -22,6 +23,9 @@ QString NullToEmpty(const QVariant& value);
 // The text as a box of one line shows it: each control character and line break is a blank, and none stands
 // at its end.
 QString OneLine(QString text);
+
+// The lines one below the other as a box shows them: the first ten, and how many more there are.
+QString FirstLines(const QStringList& lines);
 
 // The last segment of a path, where "/" and "\" both separate and a doubled separator counts once. Without
 // the extension, its last four characters are cut, whatever they are; a segment shorter than that throws

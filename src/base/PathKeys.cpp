@@ -5,20 +5,24 @@
 
 namespace vorlina {
 
-QString PathKeys::Of(const QString& path) {
+QString PathKeys::FolderOf(const QString& path) {
   const QString clean = QDir::fromNativeSeparators(path);
-  const qsizetype cut = clean.lastIndexOf(u'/') + 1;
-  const QString folder = clean.left(cut);
+  const QString folder = clean.left(clean.lastIndexOf(u'/') + 1);
   auto known = folders_.find(folder);
   if (known == folders_.end()) {
     const QString canonical = QFileInfo(folder).canonicalFilePath();
     known = folders_.insert(folder, canonical.isEmpty() ? QDir::cleanPath(folder) : canonical);
   }
-  QString key = known.value() + u'/' + clean.mid(cut);
+  return known.value();
+}
+
+QString PathKeys::Of(const QString& path) {
+  const QString clean = QDir::fromNativeSeparators(path);
+  const QString name = clean.mid(clean.lastIndexOf(u'/') + 1).toCaseFolded();
 #if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
-  return key.toCaseFolded();
+  return FolderOf(path).toCaseFolded() + u'/' + name;
 #else
-  return key;
+  return FolderOf(path) + u'/' + name;
 #endif
 }
 

@@ -7,10 +7,13 @@
 namespace vorlina {
 
 // Gives each path a key that is equal for every way of writing it: with either separator, through links of
-// folders, and in any letter case where the system does not tell them apart. A folder is asked for once.
+// folders, and with the file's name in any letter case, as there are file systems that do not tell them
+// apart. A folder is asked for once.
 class PathKeys {
  public:
   QString Of(const QString& path);
+  // Where the file lies, links and ".." resolved; with "/" everywhere and none at its end.
+  QString FolderOf(const QString& path);
 
  private:
   QHash<QString, QString> folders_;

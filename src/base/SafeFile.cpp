@@ -56,6 +56,12 @@ bool Commit(QSaveFile& file) {
 #endif
 }
 
+// False for devices, pipes and folders: opening a pipe waits for somebody to write into it.
+bool IsFileOrMissing(const QString& path) {
+  const QFileInfo file(path);
+  return file.isFile() || !file.exists();
+}
+
 enum class Copied { Whole, NotRead, NotWritten };
 
 // Lets the file share the other's content until one of them changes.
@@ -113,17 +119,21 @@ void WriteFileSafely(const QString& path, const QByteArray& bytes) {
 
 void CopyFileSafely(const QString& source, const QString& target) {
   QFile from(source);
-  if (!from.open(QIODevice::ReadOnly))
-    throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-                    .arg(QDir::toNativeSeparators(source), from.errorString()));
+  const bool isFile = IsFileOrMissing(source);
+  if (!isFile || !from.open(QIODevice::ReadOnly))
+    throw Error(
+        EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
+            .arg(QDir::toNativeSeparators(source),
+                 isFile ? from.errorString() : EitherLanguage(u"non è un file"_qs, u"it is no file"_qs)));
   WriteFileSafely(target, [&](QIODevice& device) {
     return CopyContent(from, static_cast<QFileDevice&>(device)) == Copied::Whole;
   });
 }
 
-bool CopyStagedFile(const QString& source, const QString& target) {
+StagedCopy CopyStagedFile(const QString& source, const QString& target) {
+  if (!QFileInfo::exists(source)) return StagedCopy::Missing;
   QFile from(source);
-  if (!from.open(QIODevice::ReadOnly)) return false;
+  if (!IsFileOrMissing(source) || !from.open(QIODevice::ReadOnly)) return StagedCopy::NotRead;
   Copied copied = Copied::Whole;
   bool begun = false;
   try {
@@ -136,8 +146,9 @@ bool CopyStagedFile(const QString& source, const QString& target) {
     if (begun) QFile::remove(target);
     throw;
   }
-  if (copied == Copied::NotRead) QFile::remove(target);
-  return copied == Copied::Whole;
+  if (copied == Copied::Whole) return StagedCopy::Made;
+  QFile::remove(target);
+  return StagedCopy::NotRead;
 }
 
 void MoveFileSafely(const QString& source, const QString& target) {
@@ -157,8 +168,9 @@ void MoveFileSafely(const QString& source, const QString& target) {
 }
 
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer) {
+  QFile::remove(path);
   QFile file(path);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) FailWriting(path, file.errorString());
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) FailWriting(path, file.errorString());
   const bool written = writer(file);
   const qint64 meant = file.pos();
   if (!written || !file.flush() || file.error() != QFileDevice::NoError || file.size() != meant)

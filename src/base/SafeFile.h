@@ -18,7 +18,8 @@ void WriteFileSafely(const QString& path, const QByteArray& bytes);
 // what it throws passes through, with the former file as it was.
 void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer);
 
-// Copies a file in the same manner, replacing the target, and checks the number of bytes. Throws Error.
+// Copies a file in the same manner, replacing the target, and checks the number of bytes. Throws Error, also
+// for a source that is a device, a pipe or a folder.
 void CopyFileSafely(const QString& source, const QString& target);
 
 // Gives a finished file its name, replacing what had it, once its content is on the disk. Throws Error; what
@@ -26,14 +27,17 @@ void CopyFileSafely(const QString& source, const QString& target);
 void MoveFileSafely(const QString& source, const QString& target);
 
 // Writes a file that does not count yet: its length is checked as ever, but it is written under its own name
-// and is not brought to the disk, which SyncVolume then does once for many files. Throws Error.
+// and is not brought to the disk, which SyncVolume then does once for many files. What had the name goes
+// first, so that neither a link is followed nor another name of the same file changed. Throws Error.
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer);
 
+enum class StagedCopy { Made, Missing, NotRead };
+
 // Copies a file that does not count yet, under its own name and not brought to the disk: by reference where
-// the file system can, so that a later change of either leaves the other alone. False where the source cannot
-// be read, with nothing left behind. Throws Error where the target cannot be written, with nothing left
-// behind either.
-bool CopyStagedFile(const QString& source, const QString& target);
+// the file system can, so that a later change of either leaves the other alone. Where the source is not
+// there, or is there and cannot be read, nothing is left behind. Throws Error where the target cannot be
+// written, with nothing left behind either.
+StagedCopy CopyStagedFile(const QString& source, const QString& target);
 
 // Brings all that was written to the disk on which the folder lies. Throws Error when it could not be
 // written.

@@ -20,6 +20,7 @@ QString TextOf(const std::vector<Finding>& findings) {
     const QString kind = IsDamage(first->kind) ? EitherLanguage(u"DANNO"_qs, u"DAMAGE"_qs)
                                                : EitherLanguage(u"Nota"_qs, u"Note"_qs);
     lines += u"%1: %2 (%3)"_qs.arg(kind, TitleOf(first->kind)).arg(last - first);
+    if (const QString advice = AdviceOn(first->kind); !advice.isEmpty()) lines += u"  "_qs + advice;
     const auto shown = first + std::min(last - first, MostLines);
     for (auto finding = first; finding != shown; ++finding)
       lines +=

@@ -6,9 +6,9 @@
 #include "base/AppPath.h"
 #include "batch/Output.h"
 #include "catalogs/RestoreSwap.h"
+#include "images/PicturePaths.h"
 #include "store/CatalogDatabase.h"
 #include "store/GetValue.h"
-#include "store/SampleData.h"
 
 namespace vorlina {
 namespace {
@@ -29,7 +29,11 @@ void SettleApplicationFolder(const Arguments& arguments) {
 
 void OpenCatalogs(Connection& connection) {
   OpenCatalogDatabase(connection, AppFile(u"Catalog.db"_qs));
-  if (HasSampleRoot(connection)) RebaseAllSampleData(connection, AppPath());
+  try {
+    FitPicturePaths(connection);
+  } catch (const Error& error) {
+    PrintError(error.Description());
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 
 #include "batch/Commands.h"
 #include "products/PictureImport.h"
@@ -11,6 +12,15 @@ QString ImportedText(int imported) {
   return imported == 1
              ? EitherLanguage(u"Importato 1 prodotto"_qs, u"Imported 1 product"_qs)
              : EitherLanguage(u"Importati %1 prodotti"_qs, u"Imported %1 products"_qs).arg(imported);
+}
+
+QStringList PassedOverLines(const QStringList& names) {
+  QStringList lines;
+  for (const QString& name : names)
+    lines += EitherLanguage(u"Non importato: %1 (non è un file, o il nome non è leggibile)"_qs,
+                            u"Not imported: %1 (it is no file, or its name cannot be read)"_qs)
+                 .arg(name);
+  return lines;
 }
 
 }  // namespace
@@ -31,11 +41,12 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
     }
   }
   outcome.ok = outcome.error.isEmpty();
-  outcome.text = ImportedText(import.Imported());
+  outcome.text = (PassedOverLines(import.PassedOver()) << ImportedText(import.Imported())).join(u'\n');
   outcome.json = {{u"catalog"_qs, arguments.catalog},
                   {u"source"_qs, QDir::toNativeSeparators(folder)},
                   {u"pictures"_qs, import.Count()},
-                  {u"imported"_qs, import.Imported()}};
+                  {u"imported"_qs, import.Imported()},
+                  {u"passedOver"_qs, QJsonArray::fromStringList(import.PassedOver())}};
   return outcome;
 }
 

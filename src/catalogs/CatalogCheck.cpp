@@ -9,6 +9,7 @@
 
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
 
@@ -37,6 +38,24 @@ const KindText KindTexts[] = {
      u"Temporary files left in \"Images\""},
 };
 
+// What the user can do about a kind of finding; both texts are empty where there is nothing to do.
+std::pair<const char16_t*, const char16_t*> AdviceTexts(FindingKind kind) {
+  switch (kind) {
+    case FindingKind::MissingPicture:
+      return {
+          u"Rimettere ogni file in \"Images\" con lo stesso nome: alla prossima apertura la riga lo ritrova.",
+          u"Put each file back into \"Images\" under the same name: the next start finds it again."};
+    case FindingKind::OutsidePicture:
+      return {
+          u"Copiare ogni file in \"Images\" con lo stesso nome: dalla prossima apertura la riga usa la "
+          u"copia.",
+          u"Copy each file into \"Images\" under the same name: the row uses the copy from the next start "
+          u"on."};
+    default:
+      return {u"", u""};
+  }
+}
+
 const KindText& TextOf(FindingKind kind) {
   return *std::find_if(std::begin(KindTexts), std::end(KindTexts),
                        [=](const KindText& text) { return text.kind == kind; });
@@ -63,7 +82,8 @@ class Check {
  public:
   explicit Check(Connection& connection)
       : connection_(connection),
-        images_(QFileInfo(connection.DataSource()).absolutePath() + u"/Images/"_qs) {}
+        images_(QFileInfo(connection.DataSource()).absolutePath() + u"/Images/"_qs),
+        folder_(images_.chopped(1)) {}
 
   std::vector<Finding> Run() {
     for (const QString& text : CheckDatabase(connection_)) Add(FindingKind::Database, text);
@@ -96,13 +116,11 @@ class Check {
   }
 
   void CheckPicture(const QString& subject, const QString& path, bool thumbnail) {
-    const QString clean = QDir::fromNativeSeparators(path);
-    if (!clean.startsWith(images_)) {
-      const bool exists = QFileInfo(path).isFile();
-      Add(exists ? FindingKind::OutsidePicture : FindingKind::MissingPicture, subject, path);
+    const QString name = folder_.NameOf(path);
+    if (name.isEmpty()) {
+      Add(IsPictureFile(path) ? FindingKind::OutsidePicture : FindingKind::MissingPicture, subject, path);
       return;
     }
-    const QString name = clean.mid(images_.size());
     used_.insert(name);
     if (!present_.contains(name)) Add(FindingKind::MissingPicture, subject, path);
     if (!thumbnail) return;
@@ -135,7 +153,8 @@ class Check {
   }
 
   Connection& connection_;
-  QString images_;         // with "/" everywhere and at its end
+  QString images_;  // with "/" everywhere and at its end
+  PictureFolder folder_;
   QSet<QString> present_;  // names below "Images"
   QSet<QString> used_;
   std::vector<Finding> findings_;
@@ -149,6 +168,11 @@ QString NameOf(FindingKind kind) { return QString::fromUtf16(TextOf(kind).name);
 
 QString TitleOf(FindingKind kind) {
   return EitherLanguage(QString::fromUtf16(TextOf(kind).italian), QString::fromUtf16(TextOf(kind).english));
+}
+
+QString AdviceOn(FindingKind kind) {
+  const auto [italian, english] = AdviceTexts(kind);
+  return EitherLanguage(QString::fromUtf16(italian), QString::fromUtf16(english));
 }
 
 std::vector<Finding> CheckCatalogs(Connection& connection) { return Check(connection).Run(); }

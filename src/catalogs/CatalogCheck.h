@@ -30,6 +30,8 @@ bool IsDamage(FindingKind kind);
 QString NameOf(FindingKind kind);
 // A heading for a kind, in the user's language.
 QString TitleOf(FindingKind kind);
+// What the user can do about it, in the user's language; "" where there is nothing to do.
+QString AdviceOn(FindingKind kind);
 
 // All findings, by kind. Throws Error when the database cannot be read at all.
 std::vector<Finding> CheckCatalogs(Connection& connection);

@@ -2,12 +2,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLoggingCategory>
 
-#include "base/AppPath.h"
 #include "base/Helpers.h"
-#include "base/SafeFile.h"
+#include "images/PictureStore.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -25,11 +23,6 @@ const char16_t ProductColumns[] =
     u"CodiceProdotto,Descrizione,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,IDFiltro5,Valore1,Valore2,Valore3,"
     "SchedaTecnica,Immagine,Height,Width";
 
-// Where the two separators count alike.
-qsizetype AfterLastSeparator(const QString& path) {
-  return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1;
-}
-
 }  // namespace
 
 int CountPictures(int IDCatalogo, Connection& connection) {
@@ -42,8 +35,9 @@ int CountPictures(int IDCatalogo, Connection& connection) {
 }
 
 int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progress) {
-  Transaction transaction(connection_);
+  bool ending = false;
   try {
+    Transaction transaction(connection_);
     total_ = CountPictures(OldID_, connection_);
     CopyCatalogRow(prefix);
     CopyProducts();
@@ -53,12 +47,36 @@ int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progres
     CopiaImmaginiDuplicate(true, progress);
     // The files are on the disk before a row names them.
     SyncFiles(made_);
+    ending = true;
     transaction.Commit();
-  } catch (...) {
-    RemoveFiles();
-    throw;
+  } catch (const std::exception& error) {
+    // A disk that fails at the very end has the clone reported as failed, although its rows are there.
+    if (!ending || !IsStored()) {
+      RemoveUnnamedPictures({{}, made_}, connection_);
+      throw;
+    }
+    diskError_ = DescriptionOf(error);
   }
   return NewID_;
+}
+
+QStringList CatalogClone::Warnings() const {
+  QStringList warnings;
+  for (const QString& path : unread_)
+    warnings += EitherLanguage(u"L'immagine %1 non può essere letta e manca nella copia"_qs,
+                               u"The picture %1 cannot be read, and the copy lacks it"_qs)
+                    .arg(QDir::toNativeSeparators(path));
+  if (!diskError_.isEmpty())
+    warnings +=
+        EitherLanguage(u"La copia è fatta, ma il disco ha segnalato un errore. Controllare il disco. (%1)"_qs,
+                       u"The copy is made, but the disk reported an error. Check the disk. (%1)"_qs)
+            .arg(diskError_);
+  return warnings;
+}
+
+bool CatalogClone::IsStored() {
+  Rows rows(connection_, u"SELECT 1 FROM Cataloghi WHERE IDCatalogo=?"_qs, {NewID_});
+  return rows.Next();
 }
 
 void CatalogClone::CopyCatalogRow(const QString& prefix) {
@@ -145,17 +163,16 @@ void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progr
   }
 }
 
-// Copies the file, and gives its path also where there was none to copy.
+// Copies the file into "Images", wherever it lies, and gives the copy's path, also where there was none to
+// copy.
 QString CatalogClone::CopyPicture(const NamedPicture& picture, bool additional) {
-  const qsizetype cut = AfterLastSeparator(picture.path);
-  const QString folder = picture.path.left(cut);
-  const QString name = picture.path.mid(cut);
-  if (name.isEmpty()) return picture.path;
+  const QString name = FileNameOf(picture.path, true);
+  if (name.isEmpty() || name == u"." || name == u"..") return picture.path;
   const qsizetype dot = name.lastIndexOf(u'.');
   const QString number = QString::number(picture.key) + (dot < 0 ? QString() : name.mid(dot));
-  QString target = ChoosePath(folder, additional ? QStringList{number} : NewNames(name));
-  CopyFile(picture.path, target);
-  if (!additional) CopyFile(folder + u't' + name, folder + u't' + target.mid(cut));
+  QString target = ChoosePath(additional ? QStringList{number} : NewNames(name));
+  if (CopyFile(picture.path, target) == StagedCopy::NotRead) unread_ += picture.path;
+  if (!additional) CopyFile(FolderOf(picture.path) + u't' + name, ThumbnailPath(target));
   return target;
 }
 
@@ -170,53 +187,42 @@ QStringList CatalogClone::NewNames(const QString& name) const {
 }
 
 // The first name that is no other picture's, or the last one behind the new catalog's number.
-QString CatalogClone::ChoosePath(const QString& folder, const QStringList& names) {
+QString CatalogClone::ChoosePath(const QStringList& names) {
   QString path;
   for (const QString& name : names)
-    if (IsFree(path = folder + name)) break;
+    if (IsFree(path = PicturePath(name))) break;
   for (int i = 1; !IsFree(path); ++i)
-    path = folder + QString::number(NewID_) + u'-' + QString::number(i) + u'-' + names.last();
+    path = PicturePath(QString::number(NewID_) + u'-' + QString::number(i) + u'-' + names.last());
   taken_.insert(keys_.Of(path));
   return path;
 }
 
-// In "Images", a file that no row names is left from a clone that was cut short. Elsewhere it is the user's,
-// as is what has a thumbnail's name.
+// A file that no row names is left from a clone that was cut short.
 bool CatalogClone::IsFree(const QString& path) {
-  if (taken_.contains(keys_.Of(path))) return false;
-  if (LiesInImages(path)) return !QFile::exists(path) || !IsNamed(path);
-  const qsizetype cut = AfterLastSeparator(path);
-  return !QFile::exists(path) && !QFile::exists(path.left(cut) + u't' + path.mid(cut));
-}
-
-bool CatalogClone::LiesInImages(const QString& path) {
-  const QString file = path.mid(AfterLastSeparator(path));
-  return keys_.Of(path) == keys_.Of(AppFile(u"Images/"_qs + file));
+  const auto isFree = [this](const QString& file) {
+    return !taken_.contains(keys_.Of(file)) && !(QFile::exists(file) && IsNamed(file));
+  };
+  return isFree(path) && isFree(ThumbnailPath(path));
 }
 
 bool CatalogClone::IsNamed(const QString& path) {
   if (!named_) {
     named_.emplace();
-    Rows rows(connection_,
-              u"SELECT Immagine FROM Prodotti WHERE Immagine<>'' UNION ALL SELECT Immagine FROM Immagini "
-              "WHERE Immagine<>'' UNION ALL SELECT Logo FROM Cataloghi WHERE Logo<>''"_qs);
-    while (rows.Next()) named_->insert(keys_.Of(rows.Value(0).toString()));
+    ForEachNamedPath(connection_, {}, [this](const QString& named) { named_->insert(keys_.Of(named)); });
   }
   return named_->contains(keys_.Of(path));
 }
 
 // Where there is nothing to copy, nothing is to stand there: a leftover would be another picture.
-void CatalogClone::CopyFile(const QString& source, const QString& target) {
-  if (CopyStagedFile(source, target)) {
+StagedCopy CatalogClone::CopyFile(const QString& source, const QString& target) {
+  const StagedCopy copied = CopyStagedFile(source, target);
+  if (copied == StagedCopy::Made) {
     made_ += target;
-    return;
+  } else {
+    qCDebug(catalogs) << "not copied" << source;
+    QFile::remove(target);
   }
-  qCDebug(catalogs) << "not copied" << source;
-  if (LiesInImages(target)) QFile::remove(target);
-}
-
-void CatalogClone::RemoveFiles() noexcept {
-  for (const QString& path : made_) QFile::remove(path);
+  return copied;
 }
 
 }  // namespace vorlina

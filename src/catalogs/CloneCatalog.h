@@ -9,6 +9,7 @@
 
 #include "base/PathKeys.h"
 #include "base/Progress.h"
+#include "base/SafeFile.h"
 
 namespace vorlina {
 
@@ -23,10 +24,15 @@ class CatalogClone {
   CatalogClone(int OldID, Connection& connection) : OldID_(OldID), connection_(connection) {}
 
   // Makes the copy in one transaction and gives its identifier. Its name is the source's behind the prefix;
-  // publication order and mark take the columns' defaults. A picture file that is missing is passed over, its
-  // row names the new place all the same. progress is told pictures. Throws Error, and Stopped where progress
-  // asks for it; there is then neither a row nor a file of the copy. To be called once.
+  // publication order and mark take the columns' defaults. All copied files lie in "Images", also of a
+  // picture that does not. A picture file that is missing is passed over, its row names the new place all the
+  // same. progress is told pictures. Throws Error, and Stopped where progress asks for it; there is then
+  // neither a row nor a file of the copy. To be called once.
   int DuplicaCatalogo(const QString& prefix, const Progress& progress);
+
+  // What the user should know of the copy that was made: the pictures that are there and cannot be read, and
+  // a disk that failed at the end. Lines in the user's language.
+  QStringList Warnings() const;
 
  private:
   struct NamedPicture {
@@ -42,19 +48,20 @@ class CatalogClone {
   std::vector<NamedPicture> NamedPictures(bool additional) const;
   QString CopyPicture(const NamedPicture& picture, bool additional);
   QStringList NewNames(const QString& name) const;
-  QString ChoosePath(const QString& folder, const QStringList& names);
-  bool LiesInImages(const QString& path);
+  QString ChoosePath(const QStringList& names);
   bool IsFree(const QString& path);
   bool IsNamed(const QString& path);
-  void CopyFile(const QString& source, const QString& target);
-  void RemoveFiles() noexcept;
+  StagedCopy CopyFile(const QString& source, const QString& target);
+  bool IsStored();
 
   int OldID_;
   int NewID_ = 0;
   Connection& connection_;
   int done_ = 0;
   int total_ = 0;
-  QStringList made_;  // files, in order
+  QStringList made_;    // files, in order
+  QStringList unread_;  // files that are there
+  QString diskError_;   // that came once the rows were there
   PathKeys keys_;
   QSet<QString> taken_;                 // keys of the paths that rows of the source or of the copy name
   std::optional<QSet<QString>> named_;  // keys of the paths that any row names, read when first needed

@@ -3,11 +3,9 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "base/AppPath.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Messages.h"
-#include "base/SafeFile.h"
 #include "images/ImagePipeline.h"
 #include "publish/EscapedNames.h"
 #include "store/GetValue.h"
@@ -64,8 +62,8 @@ void StoreRow(Recordset& catalogs, NewCatalog& catalog) {
 
 void StoreLogo(Recordset& catalogs, const NewCatalog& catalog) {
   if (catalog.LogoPath.isEmpty() || !QFileInfo::exists(catalog.LogoPath)) return;
-  const QString target = AppFile(u"Images/"_qs + QString::number(catalog.IDCatalogo) + u"-Logo.jpg"_qs);
-  CopyFileSafely(catalog.LogoPath, target);
+  const QString target = PicturePath(QString::number(catalog.IDCatalogo) + u"-Logo.jpg"_qs);
+  CopyPicture(catalog.LogoPath, target);
   catalogs.SetValue(u"Logo"_qs, target);
   catalogs.SetValue(u"Height"_qs, catalog.logoSize.height());
   catalogs.SetValue(u"Width"_qs, catalog.logoSize.width());

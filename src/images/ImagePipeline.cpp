@@ -5,11 +5,9 @@
 #include <QLoggingCategory>
 #include <algorithm>
 
-#include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
-#include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
@@ -55,10 +53,6 @@ void Skipping(const QString& what, Step&& step) {
   }
 }
 
-void RemoveFile(const QString& path) {
-  if (!QFile::remove(path)) qCDebug(images) << "not removed" << path;
-}
-
 }  // namespace
 
 PictureSettings ReadPictureSettings() {
@@ -75,6 +69,8 @@ void RefuseFile(const QString& path, const QString& reason) {
 
 QByteArray ReadPictureFile(const QString& path) {
   QFile file(path);
+  if (file.exists() && !IsPictureFile(path))
+    RefuseFile(path, EitherLanguage(u"non è un file"_qs, u"it is no file"_qs));
   if (!file.open(QIODevice::ReadOnly)) RefuseFile(path, file.errorString());
   if (file.size() > LargestFile)
     RefuseFile(path, EitherLanguage(u"supera i 512 MB"_qs, u"it is larger than 512 MB"_qs));
@@ -96,18 +92,10 @@ QSize MeasureWholeImage(const QString& path) {
   });
 }
 
-QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto) {
-  return AppFile(u"Images/"_qs + QString::number(IDCatalogo) + u'-' + CodiceProdotto + u".jpg"_qs);
-}
-
-QString ThumbnailPath(const QString& mainImage) {
-  return AppFile(u"Images/t"_qs + FileNameOf(mainImage, true));
-}
-
 ResizeResult ResizeImage(const QString& path, double limit) {
   const FittedJpeg fitted =
       OfFile(path, [=](const QByteArray& jpeg) { return FitToLimit(jpeg, limit, ReadPictureSettings()); });
-  if (!fitted.jpeg.isEmpty()) Skipping(path, [&] { WriteFileSafely(path, fitted.jpeg); });
+  if (!fitted.jpeg.isEmpty()) Skipping(path, [&] { WritePicture(path, fitted.jpeg); });
   return fitted.sizes;
 }
 
@@ -121,7 +109,7 @@ void StoreThumbnail(const QString& path, const QByteArray& thumbnail) {
   Skipping(path, [&] {
     try {
       if (thumbnail.isEmpty()) throw Error(u"no thumbnail"_qs);
-      WriteFileSafely(ThumbnailPath(path), thumbnail);
+      WritePicture(ThumbnailPath(path), thumbnail);
     } catch (const Error&) {
       QFile::remove(ThumbnailPath(path));
       throw;
@@ -131,41 +119,27 @@ void StoreThumbnail(const QString& path, const QByteArray& thumbnail) {
 
 void ReRenderImage(const QString& path) {
   Skipping(path,
-           [&] { WriteFileSafely(path, RenderAgain(ReadPictureFile(path), ReadPictureSettings().quality)); });
+           [&] { WritePicture(path, RenderAgain(ReadPictureFile(path), ReadPictureSettings().quality)); });
 }
 
-QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
+PictureFiles ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
   const QString where = u"IDCatalogo=? AND CodiceProdotto=?"_qs;
-  QStringList files;
+  PictureFiles files;
   Skipping(u"ProductImageFiles"_qs, [&] {
     const QString image = NullToEmpty(
         GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection, where, {IDCatalogo, CodiceProdotto}));
-    if (!image.isEmpty()) files += {image, ThumbnailPath(image)};
+    if (!image.isEmpty()) files.main += image;
   });
   Skipping(u"ProductImageFiles"_qs, [&] {
     Rows rows(connection, u"SELECT Immagine FROM Immagini WHERE "_qs + where, {IDCatalogo, CodiceProdotto});
-    while (rows.Next()) files += NullToEmpty(rows.Value(0));
+    while (rows.Next()) files.others += NullToEmpty(rows.Value(0));
   });
   return files;
 }
 
-bool IsPictureNamed(const QString& path, Connection& connection, int exceptIDCatalogo,
-                    const QString& exceptCodiceProdotto) {
-  Rows rows(connection,
-            u"SELECT 1 FROM Prodotti WHERE Immagine=?1 COLLATE VORLINA_TEXT AND NOT (IDCatalogo=?2 AND "
-            "CodiceProdotto=?3) "
-            "UNION ALL SELECT 1 FROM Immagini WHERE Immagine=?1 COLLATE VORLINA_TEXT "
-            "UNION ALL SELECT 1 FROM Cataloghi WHERE Logo=?1 COLLATE VORLINA_TEXT"_qs,
-            {path, exceptIDCatalogo, exceptCodiceProdotto});
-  return rows.Next();
-}
-
-void DeletePictureFiles(const QStringList& files) {
-  for (const QString& file : files) RemoveFile(file);
-}
-
 void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
-  DeletePictureFiles(ProductImageFiles(CodiceProdotto, IDCatalogo, connection));
+  RemoveUnnamedPictures(ProductImageFiles(CodiceProdotto, IDCatalogo, connection), connection,
+                        {IDCatalogo, CodiceProdotto, true});
 }
 
 }  // namespace vorlina

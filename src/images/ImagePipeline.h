@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "images/PictureRendering.h"
+#include "images/PictureStore.h"
 
 namespace vorlina {
 
@@ -34,12 +35,6 @@ QSize MeasureImage(const QString& path);
 // refused.
 QSize MeasureWholeImage(const QString& path);
 
-// The file of a product's main image: "Images", catalog, code.
-QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);
-
-// The thumbnail's file of a main image: "t" before its name, in the folder "Images".
-QString ThumbnailPath(const QString& mainImage);
-
 // FitToLimit on a file that was just copied into "Images". It is replaced whole or stays as it was.
 ResizeResult ResizeImage(const QString& path, double limit);
 
@@ -53,19 +48,12 @@ void StoreThumbnail(const QString& path, const QByteArray& thumbnail);
 // Decodes and encodes the picture in its own size. Never fails; the file then stays as it was.
 void ReRenderImage(const QString& path);
 
-// The files of a product: main image, thumbnail, additional images. Never fails; what cannot be read is left
-// out.
-QStringList ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
+// The files that a product's rows name: main image and additional images. Never fails; what cannot be read is
+// left out.
+PictureFiles ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
 
-// Whether a row names the file, in any letter case: a product other than the one given, an additional picture
-// or a catalog's logo, whose name a product's code can lead to. Throws Error.
-bool IsPictureNamed(const QString& path, Connection& connection, int exceptIDCatalogo = 0,
-                    const QString& exceptCodiceProdotto = {});
-
-// Deletes picture files. Never fails.
-void DeletePictureFiles(const QStringList& files);
-
-// Deletes the files of a product. The rows are its caller's, who calls this first. Never fails.
+// Removes those files of a product, thumbnail included, that lie in "Images" and that no row of anything else
+// names. The rows are its caller's, who calls this first. Never fails.
 void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection);
 
 }  // namespace vorlina

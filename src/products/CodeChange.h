@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
+
+#include "images/PictureStore.h"
 
 namespace vorlina {
 
@@ -24,19 +25,19 @@ class CodeChange {
   // does not tell letter cases apart, keeps its name. Throws Error where the copies cannot be written.
   void CopyPictures();
 
-  // To be called after the transaction: deletes the pictures under the former names. Never fails.
+  // To be called after the transaction: deletes the pictures under the former names, where no other row names
+  // them. Never fails.
   void Finish() noexcept;
 
  private:
   bool MayTake(const QString& former, const QString& target) const;
-  bool IsNamedElsewhere(const QString& path) const;
 
   int IDCatalogo_;
   QString formerCode_;
   QString newCode_;
   Connection& connection_;
-  QStringList former_;
-  QStringList copies_;
+  PictureFiles former_;
+  PictureFiles copies_;
 };
 
 }  // namespace vorlina

@@ -2,10 +2,8 @@
 
 #include <QFile>
 
-#include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/Language.h"
-#include "base/SafeFile.h"
 #include "images/ImagePipeline.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -36,11 +34,11 @@ bool PictureDrop::HasMainPicture() const {
 
 void PictureDrop::AddMain(const QString& file) {
   const QString target = MainImagePath(IDCatalogo_, CodiceProdotto_);
-  if (QFile::exists(target) && IsPictureNamed(target, connection_, IDCatalogo_, CodiceProdotto_))
+  if (QFile::exists(target) && IsPictureNamed(target, connection_, {IDCatalogo_, CodiceProdotto_}))
     throw Error(EitherLanguage(u"Il file %1 è già usato come immagine o logo altrove. Cambiare il codice."_qs,
                                u"The file %1 is a picture or a logo elsewhere already. Change the code."_qs)
                     .arg(target));
-  CopyFileSafely(file, target);
+  CopyPicture(file, target);
   ResizeImage(target, PictureLimit());
   CreateThumbnail(target, ThumbnailLimit);
   const QSize size = MeasureImage(target);
@@ -53,8 +51,8 @@ void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) 
   Recordset row;
   row.Open(u"SELECT * FROM Immagini WHERE 1=2"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
   row.AddNew();
-  const QString target = AppFile(u"Images/%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
-  CopyFileSafely(file, target);
+  const QString target = PicturePath(u"%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
+  CopyPicture(file, target);
   const ResizeResult sizes = ResizeImage(target, PictureLimit());
   if (sizes.source == sizes.target && ReadPictureSettings().reRender) ReRenderImage(target);
   const QSize size = MeasureImage(target);

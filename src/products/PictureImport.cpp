@@ -2,9 +2,11 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <exception>
+#include <QLoggingCategory>
+#include <QSet>
+#include <filesystem>
+#include <system_error>
 
-#include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "images/ImagePipeline.h"
 #include "products/NewCode.h"
@@ -14,30 +16,42 @@
 namespace vorlina {
 namespace {
 
-// What a file became, or why it did not.
-struct Taken {
-  PreparedPicture picture;
-  std::exception_ptr failure;
-};
+Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
 
-Taken TakeNext(PreparedPictures& pictures) {
-  Taken taken;
-  try {
-    taken.picture = pictures.Next();
-  } catch (...) {
-    taken.failure = std::current_exception();
-  }
-  return taken;
+// The picture itself, or the file as it is.
+void StorePicture(const QString& source, const QString& target, const PreparedPicture& picture) {
+  if (picture.jpeg.isEmpty())
+    CopyPicture(source, target);
+  else
+    WritePicture(target, picture.jpeg);
 }
 
-// The picture itself, or the file as it is. One that cannot be taken is copied all the same before its error
-// is told, so that the user finds it; where the source cannot be read, that is the error.
-void StorePicture(const QString& source, const QString& target, const Taken& taken) {
-  if (taken.picture.jpeg.isEmpty())
-    CopyFileSafely(source, target);
-  else
-    WriteFileSafely(target, taken.picture.jpeg);
-  if (taken.failure) std::rethrow_exception(taken.failure);
+// The setting is a note for whoever looks into a failure: an import does not end for it.
+void NoteLast(const QString& source) {
+  try {
+    SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"LastProcessedJPG"_qs, source);
+  } catch (const Error& error) {
+    qCDebug(products) << "not noted" << error.Description();
+  }
+}
+
+// The pictures of the folder that are not among the files: links that lead nowhere, devices, and names that
+// are no text. Hidden files and folders are none.
+QStringList PassedOverIn(const QString& folder, const QStringList& files) {
+  const QSet<QString> known(files.begin(), files.end());
+  QStringList names;
+  std::error_code failure;
+  for (std::filesystem::directory_iterator entry(QFileInfo(folder).filesystemFilePath(), failure), end;
+       !failure && entry != end; entry.increment(failure)) {
+    const QString name = QFileInfo(entry->path()).fileName();
+    std::error_code unknown;
+    if (!name.endsWith(u".jpg"_qs, Qt::CaseInsensitive) || name.startsWith(u'.') || known.contains(name) ||
+        entry->is_directory(unknown))
+      continue;
+    names += name;
+  }
+  names.sort();
+  return names;
 }
 
 }  // namespace
@@ -49,6 +63,7 @@ PictureImport::PictureImport(QString folder, int IDCatalogo, Connection& connect
     throw Error(EitherLanguage(u"Impossibile leggere la cartella %1"_qs, u"The folder %1 cannot be read"_qs)
                     .arg(QDir::toNativeSeparators(folder_)));
   files_ = directory.entryList({u"*.jpg"_qs}, QDir::Files, QDir::Name | QDir::IgnoreCase);
+  passedOver_ = PassedOverIn(folder_, files_);
 }
 
 bool PictureImport::Run(const Progress& progress) {
@@ -66,17 +81,24 @@ bool PictureImport::Run(const Progress& progress) {
 
 void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures) {
   // It is waited for before the transaction, which keeps other programs from giving away the code.
-  const Taken taken = TakeNext(pictures);
-  Transaction transaction(connection_);
-  const QString code = FreeCode();
-  const QString target = MainImagePath(IDCatalogo_, code);
-  StorePicture(source, target, taken);
-  // After the picture: what the setting names was imported whole, should the program end at the next one.
-  SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"LastProcessedJPG"_qs, source);
-  StoreThumbnail(target, taken.picture.thumbnail);
-  const bool marked =
-      InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, taken.picture.size);
-  transaction.Commit();
+  const PreparedPicture picture = pictures.Next();
+  PictureFiles made;
+  bool marked = true;
+  try {
+    Transaction transaction(connection_);
+    const QString code = FreeCode();
+    const QString target = MainImagePath(IDCatalogo_, code);
+    made.main += target;
+    StorePicture(source, target, picture);
+    // After the picture: what the setting names was imported whole, should the program end at the next one.
+    NoteLast(source);
+    StoreThumbnail(target, picture.thumbnail);
+    marked = InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, picture.size);
+    transaction.Commit();
+  } catch (...) {
+    RemoveUnnamedPictures(made, connection_);
+    throw;
+  }
   if (!marked) TellFaultyExtensions();
 }
 

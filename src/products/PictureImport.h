@@ -21,11 +21,15 @@ class PictureImport {
   // How many products were made so far.
   int Imported() const { return imported_; }
 
+  // The names of the folder's pictures that cannot be imported, because they are links that lead nowhere,
+  // devices, or have a name that is no text; that is shown with a sign for what cannot be read.
+  const QStringList& PassedOver() const { return passedOver_; }
+
   // Imports them. progress is told before each file how many are done, and after the last; false from it
   // stops at the top of a pass, and the products made so far stay. False when stopped. Throws Error for the
-  // first picture that cannot be read, is damaged or cannot be written: its copy in "Images" stays without a
-  // row, what came before stays, and nothing more is imported. No more than one picture is ever in "Images"
-  // without its row. To be called once.
+  // first picture that cannot be read, is damaged or cannot be written: nothing of it stays, what came before
+  // does, and nothing more is imported. A kill leaves at most one picture in "Images" without its row. To be
+  // called once.
   bool Run(const Progress& progress);
 
  private:
@@ -36,7 +40,8 @@ class PictureImport {
   QString folder_;
   int IDCatalogo_;
   Connection& connection_;
-  QStringList files_;  // names
+  QStringList files_;       // names
+  QStringList passedOver_;  // names
   int imported_ = 0;
 };
 

@@ -1,7 +1,5 @@
 #include "products/ProductEditing.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLoggingCategory>
 
 #include "base/Dialogs.h"
@@ -22,27 +20,6 @@ namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
-
-// Those of the files that no row names any more; none where that cannot be read.
-QStringList Unnamed(QStringList files, Connection& connection) {
-  try {
-    const QByteArray list = QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact);
-    Rows rows(connection,
-              u"SELECT Immagine FROM Prodotti WHERE Immagine IN (SELECT value FROM json_each(?1)) UNION ALL "
-              "SELECT Immagine FROM Immagini WHERE Immagine IN (SELECT value FROM json_each(?1)) UNION ALL "
-              "SELECT Logo FROM Cataloghi WHERE Logo IN (SELECT value FROM json_each(?1))"_qs,
-              {QString::fromUtf8(list)});
-    while (rows.Next()) {
-      const QString image = rows.Value(0).toString();
-      files.removeAll(image);
-      files.removeAll(ThumbnailPath(image));
-    }
-    return files;
-  } catch (const Error& error) {
-    qCDebug(products) << "pictures not deleted" << error.Description();
-    return {};
-  }
-}
 
 }  // namespace
 
@@ -67,7 +44,7 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
     deleting_.reset();
   });
   connect(&rows, &RecordsetModel::RowsDeleted, this, [this] {
-    DeletePictureFiles(Unnamed(std::exchange(deletedPictures_, {}), *connection_));
+    RemoveUnnamedPictures(std::exchange(deletedPictures_, {}), *connection_);
     deleting_.reset();
   });
 }
@@ -124,7 +101,7 @@ bool ProductEditing::AskToDelete() {
       u"Do you want to delete selected products and their images?\r\n"
       "Continue?"_qs);
   if (!TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst)) return false;
-  deletedPictures_.clear();
+  deletedPictures_ = {};
   deleting_.emplace();
   return true;
 }
@@ -134,7 +111,9 @@ void ProductEditing::DeleteProduct(qint64 bookmark) {
   Rows product(*connection_, u"SELECT CodiceProdotto, IDCatalogo FROM Prodotti WHERE rowid=?"_qs, {bookmark});
   if (!product.Next()) return;
   RequireOwn(product.Value(1));
-  deletedPictures_ += ProductImageFiles(product.Value(0).toString(), IDCatalogo_, *connection_);
+  const PictureFiles files = ProductImageFiles(product.Value(0).toString(), IDCatalogo_, *connection_);
+  deletedPictures_.main += files.main;
+  deletedPictures_.others += files.others;
 }
 
 // The key of a product that was deleted elsewhere may have passed to another catalog's.

@@ -3,12 +3,12 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
 #include <memory>
 #include <optional>
 
 #include "base/WaitCursor.h"
 #include "grid/RecordsetModel.h"
+#include "images/PictureStore.h"
 #include "products/CodeChange.h"
 #include "products/ProductGridQuery.h"
 
@@ -49,7 +49,7 @@ class ProductEditing : public QObject {
   int IDCatalogo_ = 0;
   Connection* connection_ = nullptr;
   std::unique_ptr<CodeChange> codeChange_;  // of the row that is being written
-  QStringList deletedPictures_;             // of the products that are being deleted
+  PictureFiles deletedPictures_;            // of the products that are being deleted
   std::optional<WaitCursor> deleting_;
 };
 

@@ -15,10 +15,10 @@
 #include "base/Language.h"
 #include "base/Settings.h"
 #include "catalogs/CatalogNames.h"
+#include "images/PicturePaths.h"
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
 #include "store/CatalogDatabase.h"
-#include "store/SampleData.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
@@ -180,19 +180,15 @@ void frmCatalogs::DisableNew() {
   ui_->cmdNew->setAccessibleDescription(reason);
 }
 
+// At every start: the folder may have been copied or moved since, or laid out anew with settings that are
+// older.
 void frmCatalogs::FirstRun() {
+  Attempt([this] {
+    if (cnnCatalog.IsOpen()) FitPicturePaths(cnnCatalog);
+  });
   const QString title = ApplicationTitle();
-  if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) == u"True") {
-    for (const SamplePath& path : SamplePaths)
-      Attempt([&] { RebaseSampleData(cnnCatalog, path, AppPath()); });
+  if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) == u"True")
     Attempt([&] { SaveSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"False"_qs); });
-  } else {
-    // The settings may be older than the database: a program folder that was laid out anew still has the
-    // paths as they were delivered.
-    Attempt([this] {
-      if (cnnCatalog.IsOpen() && HasSampleRoot(cnnCatalog)) RebaseAllSampleData(cnnCatalog, AppPath());
-    });
-  }
 }
 
 void frmCatalogs::FillPlugins(const PluginChoice& plugins) {

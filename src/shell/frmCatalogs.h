@@ -95,7 +95,7 @@ class frmCatalogs : public QMainWindow {
   void SelectNewest();
   void Delete_Click();
   void DuplicaCatalogo();
-  void CloneWithProgress(int id, const QString& name);
+  QStringList CloneWithProgress(int id, const QString& name);
   void PressPublish();
   void PublishSelected();
   void ShowPublishPane(bool show);

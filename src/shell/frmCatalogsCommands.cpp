@@ -84,8 +84,9 @@ void frmCatalogs::DuplicaCatalogo() {
       Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
                              u"Do you want to clone selected catalog and its images?"_qs);
       if (!TheDialogs().Ask(this, Messaggio)) return;
-      CloneWithProgress(id, name);
+      const QStringList warnings = CloneWithProgress(id, name);
       blnListaModificata = true;
+      if (!warnings.isEmpty()) TheDialogs().Message(this, FirstLines(warnings), BoxStyle::Information);
     }
   } catch (const Stopped&) {
     // The user asked for it, and nothing of the copy is there.
@@ -100,18 +101,19 @@ void frmCatalogs::DuplicaCatalogo() {
   ListCatalog();
 }
 
-// Few pictures take no time worth a box.
-void frmCatalogs::CloneWithProgress(int id, const QString& name) {
+// Few pictures take no time worth a box. Gives what the user should know of the copy.
+QStringList frmCatalogs::CloneWithProgress(int id, const QString& name) {
   constexpr int Few = 100;
   const QString prefix = ByLanguage(u"Copia di "_qs, u"Copy of "_qs);
   CatalogClone clone(id, cnnCatalog);
   if (CountPictures(id, cnnCatalog) <= Few) {
     const WaitCursor wait;
     clone.DuplicaCatalogo(prefix, {});
-    return;
+    return clone.Warnings();
   }
   WidgetProgressBox box(this, name);
   clone.DuplicaCatalogo(prefix, box.Reporter());
+  return clone.Warnings();
 }
 
 // Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.

@@ -215,6 +215,12 @@ bool IsDatabaseLocked(const QString& path) {
   }
 }
 
+bool IsDatabaseWritable(Connection& connection) {
+  // The folder takes the journal.
+  return sqlite3_db_readonly(connection.Database().getHandle(), "main") == 0 &&
+         QFileInfo(QFileInfo(connection.DataSource()).absolutePath()).isWritable();
+}
+
 QStringList CheckDatabase(Connection& connection) {
   QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
   findings.removeAll(u"ok"_qs);

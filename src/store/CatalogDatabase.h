@@ -37,6 +37,9 @@ void BackupDatabase(Connection& connection, const QString& path);
 // Whether somebody is changing the database at this moment. A file that is no database is not locked.
 bool IsDatabaseLocked(const QString& path);
 
+// Whether the database can be written: neither its file nor its folder is read-only.
+bool IsDatabaseWritable(Connection& connection);
+
 // What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole.
 QStringList CheckDatabase(Connection& connection);
 

@@ -1,5 +1,5 @@
-// The delivered sample rows: their stored paths begin with a fixed folder and are made to point into the
-// application folder at first start.
+// The columns that hold full paths, and the delivered sample rows: their stored paths begin with a fixed
+// folder and are made to point into the application folder when it is opened.
 #pragma once
 
 #include <QString>
@@ -22,14 +22,8 @@ struct SamplePath {
 inline constexpr std::array<SamplePath, 3> SamplePaths{
     {{u"CATALOGHI", u"LOGO"}, {u"PRODOTTI", u"IMMAGINE"}, {u"IMMAGINI", u"IMMAGINE"}}};
 
-// Puts the folder in the place of SampleDataRoot in the paths of one column. Throws Error.
-void RebaseSampleData(Connection& connection, const SamplePath& path, const QString& folder);
-
-// The same for all columns, in one transaction.
+// Puts the folder in the place of SampleDataRoot in the paths of all columns, in one transaction. Throws
+// Error.
 void RebaseAllSampleData(Connection& connection, const QString& folder);
-
-// Whether the catalogs still have paths as they were delivered. It looks at the catalogs alone, which are
-// few.
-bool HasSampleRoot(Connection& connection);
 
 }  // namespace vorlina

@@ -5,7 +5,6 @@
 #include <csignal>
 
 #include "batch/BatchFixture.h"
-#include "store/SampleData.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -81,15 +80,18 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
                                         {u"command"_qs, u"import"_qs},
                                         {u"imported"_qs, 2},
                                         {u"ok"_qs, true},
+                                        {u"passedOver"_qs, QJsonArray()},
                                         {u"pictures"_qs, 2},
                                         {u"source"_qs, Outside(u"photos"_qs)}}));
   EXPECT_EQ(Batch(Here({u"import"_qs, u"photos"_qs, u"--catalog"_qs, u"109"_qs})).out,
             u"Imported 2 products\n");
 
   const Ran clone = Batch(Here({u"clone"_qs, u"--catalog"_qs, u"109"_qs, u"--json"_qs}));
-  EXPECT_EQ(clone.Json(),
-            (QJsonObject{
-                {u"catalog"_qs, 109}, {u"clone"_qs, 110}, {u"command"_qs, u"clone"_qs}, {u"ok"_qs, true}}));
+  EXPECT_EQ(clone.Json(), (QJsonObject{{u"catalog"_qs, 109},
+                                       {u"clone"_qs, 110},
+                                       {u"command"_qs, u"clone"_qs},
+                                       {u"ok"_qs, true},
+                                       {u"warnings"_qs, QJsonArray()}}));
   EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"IDCatalogo=110"_qs), 7);
   EXPECT_EQ(Batch(Here({u"delete"_qs, u"--catalog"_qs, u"110"_qs, u"--yes"_qs})).out,
             u"Catalog 110 is deleted\n");
@@ -171,8 +173,11 @@ TEST_F(CommandsTest, AnImportTellsHowFarItCame) {
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_EQ(run.out, u"Imported 1 product\n");
   EXPECT_TRUE(run.err.contains(u"photos/b.jpg cannot be read: it is no JPEG picture"_qs)) << run.err;
-  EXPECT_TRUE(Batch(Here({u"check"_qs})).out.contains(u"1-2.jpg"_qs));
-  // What the program would show in a box goes to the error output, and the import goes on.
+  EXPECT_EQ(Batch(Here({u"check"_qs})).out, u"Everything is in order\n") << "nothing of the bad file stays";
+  // What the program would show in a box goes to the error output, and the import goes on; so it does where
+  // the settings cannot be saved.
+  QDir(home_.filePath(u"Norsel"_qs)).removeRecursively();
+  WriteFileSafely(home_.filePath(u"Norsel"_qs), "where the settings' folder would be");
   connection_.Execute(u"UPDATE Extensions SET C=0, P=0"_qs);
   QFile::remove(Outside(u"photos/b.jpg"_qs));
   const Ran faulty = Batch(line);
@@ -232,12 +237,25 @@ TEST_F(CommandsTest, ADatabaseThatCannotBeUsedIsToldByEveryCommand) {
   EXPECT_TRUE(FilesIn(outside_.path()).empty());
 }
 
-TEST_F(CommandsTest, SamplePathsAreMadeToPointIntoTheFolder) {
-  Fill("x", 1);
-  connection_.Execute(u"UPDATE Cataloghi SET Logo=REPLACE(Logo,?,?)"_qs, {AppPath(), SampleDataRoot});
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=REPLACE(Immagine,?,?)"_qs, {AppPath(), SampleDataRoot});
-  EXPECT_EQ(Batch(Here({u"check"_qs})).exitCode, 0);
-  EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs).toString(), AppFile(u"Images/109-Logo.jpg"_qs));
+// A folder that was copied works on its own pictures alone, and one that was moved has all of them.
+TEST_F(CommandsTest, ACopiedFolderLeavesTheOriginalAlone) {
+  Fill("x", 3);
+  connection_.Close();
+  const auto original = FilesIn(folder_.path());
+  const QString copy = Outside(u"copy"_qs);
+  QDir().mkpath(copy + u"/Images"_qs);
+  for (const auto& [name, content] : original) WriteFileSafely(copy + u'/' + name, content);
+  const auto in = [&](const QString& folder, QStringList line) {
+    return Batch(line << u"--app"_qs << folder);
+  };
+  EXPECT_EQ(in(copy, {u"clone"_qs, u"--catalog"_qs, u"109"_qs}).exitCode, 0);
+  EXPECT_EQ(in(copy, {u"delete"_qs, u"--catalog"_qs, u"109"_qs, u"--yes"_qs}).exitCode, 0);
+  EXPECT_EQ(in(copy, {u"check"_qs}).out, u"Everything is in order\n");
+  EXPECT_EQ(FilesIn(copy + u"/Images"_qs).size(), 8U) << "the clone's seven and the logo that it shares";
+  EXPECT_EQ(Differences(FilesIn(folder_.path()), original), QStringList());
+  const QString moved = Outside(u"moved"_qs);
+  ASSERT_TRUE(QDir().rename(copy, moved));
+  EXPECT_EQ(in(moved, {u"check"_qs}).out, u"Everything is in order\n");
 }
 
 TEST_F(CommandsTest, ASignalStopsPublishing) {

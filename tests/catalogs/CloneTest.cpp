@@ -1,9 +1,12 @@
 // Cloning and deleting a whole catalog, rows and files.
+#include <sys/stat.h>
+
 #include "catalogs/CatalogCheck.h"
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
 #include "publish/ExtensionManager.h"
 #include "support/CatalogFixture.h"
+#include "support/FaultVfs.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
 
@@ -178,12 +181,14 @@ TEST_F(CloneTest, NamesOfFilesAreRewrittenAndNeverShared) {
   EXPECT_EQ(ContentOf(imageOf(u"A%1-2"_qs.arg(next))), "picture" + Named(u"A%1-2"_qs.arg(next)).toUtf8());
   EXPECT_EQ(imageOf(u"missing"_qs), AppFile(u"Images/"_qs + Named(next, u"m"_qs)));
   EXPECT_EQ(ContentOf(imageOf(u"outside"_qs)), "foto");
-  EXPECT_NE(imageOf(u"outside"_qs), Outside(u"foto"_qs));
+  EXPECT_EQ(imageOf(u"outside"_qs), AppFile(u"Images/foto"_qs)) << "a copy lies in Images";
   EXPECT_EQ(ContentOf(imageOf(u"taken"_qs)), "x");
   EXPECT_EQ(ContentOf(Outside(Named(next, u"x"_qs))), "the user's own");
   DeleteCatalog(clone, connection_);
-  EXPECT_EQ(ContentOf(Outside(u"foto"_qs)), "foto");
   EXPECT_TRUE(QFile::exists(AppFile(u"Images/"_qs + Named(u"plain"_qs))));
+  const auto outside = FilesIn(outside_.path());
+  DeleteCatalog(catalog_, connection_);
+  EXPECT_EQ(Differences(FilesIn(outside_.path()), outside), QStringList());
 }
 
 TEST_F(CloneTest, AFailureOrAStopLeavesNeitherRowsNorFiles) {
@@ -312,4 +317,48 @@ TEST_F(CloneTest, ADeletionIsNoPartOfAnotherTransaction) {
   EXPECT_NE(FailureOf([&] { DeleteCatalog(catalog_, connection_); }), QString());
   connection_.RollbackTrans();
   EXPECT_EQ(Findings(), QStringList());
+}
+
+// The disk fails in the last sync of a commit, when what was written is done already.
+TEST_F(CloneTest, WhatIsToldAfterAFailingLastSyncAgreesWithRowsAndFiles) {
+  AddWholeProduct(OddCode);
+  const QStringList rows = RowsOf(catalog_);
+  connection_.Close();
+  const FaultVfs vfs;
+  connection_.Open(ConnectionTextFor(Path()));
+  FaultVfs::FailBehindDeletion();
+  CatalogClone cloning(catalog_, connection_);
+  const int clone = cloning.DuplicaCatalogo({}, {});
+  EXPECT_EQ(RowsOf(clone), rows);
+  EXPECT_TRUE(cloning.Warnings().value(0).startsWith(u"The copy is made, but the disk reported an error"));
+  EXPECT_EQ(Findings(), QStringList()) << "the copy has its pictures";
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  FaultVfs::FailBehindDeletion();
+  EXPECT_TRUE(
+      FailureOf([&] { DeleteCatalog(clone, connection_); }).startsWith(u"The catalog is deleted, but"));
+  EXPECT_EQ(RowsOf(clone), QStringList());
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  connection_.Close();
+}
+
+TEST_F(CloneTest, PicturesThatCannotBeReadAreNamedAndMissingOnesAreNot) {
+  const std::vector<std::pair<QString, QString>> cases{{u"gone"_qs, Outside(u"gone.jpg"_qs)},
+                                                       {u"pipe"_qs, Outside(u"pipe.jpg"_qs)},
+                                                       {u"folder"_qs, outside_.path()},
+                                                       {u"error"_qs, u"/proc/self/mem"_qs}};
+  ::mkfifo(QFile::encodeName(Outside(u"pipe.jpg"_qs)).constData(), 0600);
+  for (const auto& [code, path] : cases) {
+    AddProduct(catalog_, code);
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  }
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  CatalogClone cloning(catalog_, connection_);
+  cloning.DuplicaCatalogo({}, {});
+  QStringList expected;
+  for (const auto& [code, path] : cases)
+    if (code != u"gone") expected += u"The picture %1 cannot be read, and the copy lacks it"_qs.arg(path);
+  QStringList told = cloning.Warnings();
+  for (QStringList* list : {&told, &expected}) list->sort();
+  EXPECT_EQ(told, expected);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
 }

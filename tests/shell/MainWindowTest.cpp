@@ -102,6 +102,14 @@ TEST_F(MainWindow, AFirstStartRebasesTheSamplesAndIsRemembered) {
   EXPECT_EQ(logo, AppFile(u"Images/109-Logo.jpg"_qs));
   EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"FirstRun"_qs, u"-"_qs), u"False"_qs);
   EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, u"-"_qs), AppPath());
+
+  // A logo that is right already does not hide what was not finished.
+  window_->cnnCatalog.Execute(
+      u"UPDATE Prodotti SET Immagine='/vorlina-sample-data/x.jpg' WHERE IDCatalogo=109"_qs);
+  window_->close();
+  Open();
+  EXPECT_EQ(GetValue(u"Immagine"_qs, u"Prodotti"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toString(),
+            AppFile(u"x.jpg"_qs));
 }
 
 TEST_F(MainWindow, SpeaksTheChosenLanguage) {
@@ -384,7 +392,15 @@ TEST_F(MainWindow, ClonesInItalian) {
   SetLanguage(u"Italian"_qs);
   Open();
   const QString question = u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs;
+  // More pictures that cannot be read than a box has room for.
+  window_->cnnCatalog.Execute(u"UPDATE Prodotti SET Immagine='/dev/null' WHERE IDCatalogo=109"_qs);
+  const int unread =
+      GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toInt();
   dialogs_.ExpectQuestion(question, true);
+  dialogs_.ExpectMessage(
+      u"L'immagine /dev/null non può essere letta e manca nella copia\r\n"_qs.repeated(10) +
+          u"... e altri %1"_qs.arg(unread - 10),
+      BoxStyle::Information);
   Press(u"cmdDuplica"_qs);
   ASSERT_EQ(Catalogs()->count(), 3);
   EXPECT_TRUE(Catalogs()->item(2)->text().startsWith(u"Copia di "_qs));

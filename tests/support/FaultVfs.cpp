@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <new>
+#include <utility>
 
 namespace vorlina {
 namespace {
@@ -12,6 +13,7 @@ struct State {
   bool lasting = false;
   bool failed = false;
   int left = 0;
+  bool behindDeletion = false;
 } state;
 
 bool Fails() {
@@ -78,6 +80,10 @@ int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out
 }
 
 int Delete(sqlite3_vfs*, const char* name, int) {
+  if (std::exchange(state.behindDeletion, false)) {
+    real->xDelete(real, name, 0);
+    return SQLITE_IOERR_DIR_FSYNC;
+  }
   return Fails() ? SQLITE_IOERR_DELETE : real->xDelete(real, name, 0);
 }
 
@@ -100,8 +106,9 @@ FaultVfs::~FaultVfs() {
   Disarm();
 }
 
-void FaultVfs::Arm(int n, bool lasting) { state = {true, lasting, false, n}; }
+void FaultVfs::Arm(int n, bool lasting) { state = {true, lasting, false, n, false}; }
 void FaultVfs::Disarm() { state.armed = false; }
+void FaultVfs::FailBehindDeletion() { state.behindDeletion = true; }
 bool FaultVfs::HasFailed() { return state.failed; }
 
 }  // namespace vorlina

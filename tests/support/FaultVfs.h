@@ -15,6 +15,8 @@ class FaultVfs {
   // Lets call number n fail, and with lasting every one behind it too, as on a full disk.
   static void Arm(int n, bool lasting);
   static void Disarm();
+  // Lets the next deletion of a file be done and reported as failed, as when the last sync of a commit fails.
+  static void FailBehindDeletion();
   // Whether a call has failed since it was armed.
   static bool HasFailed();
 };

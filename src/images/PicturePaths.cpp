@@ -1,0 +1,133 @@
+#include "images/PicturePaths.h"
+
+#include <QDir>
+#include <algorithm>
+#include <vector>
+
+#include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "images/PictureStore.h"
+#include "store/CatalogDatabase.h"
+#include "store/Connection.h"
+#include "store/SampleData.h"
+
+namespace vorlina {
+namespace {
+
+struct StoredPath {
+  SamplePath column;
+  qint64 row;
+  QString path;
+};
+
+// The paths that are not written as those in "Images" are. All paths of a catalog begin alike, so that the
+// comparison of a range is all that most rows cost.
+std::vector<StoredPath> PathsElsewhere(Connection& connection) {
+  const QString first = PicturePath({});
+  QString behind = first;
+  behind.back() = QChar(behind.back().unicode() + 1);
+  std::vector<StoredPath> paths;
+  for (const SamplePath& column : SamplePaths) {
+    Rows rows(connection,
+              u"SELECT rowid,%2 FROM %1 WHERE (%2<?1 OR %2>=?2) AND %2<>''"_qs.arg(
+                  QString::fromUtf16(column.table), QString::fromUtf16(column.column)),
+              {first, behind});
+    while (rows.Next()) paths.push_back({column, rows.Value(0).toLongLong(), rows.Value(1).toString()});
+  }
+  return paths;
+}
+
+// Whether the path is that of a picture of an application folder, this one or another.
+bool IsOfSomeFolder(const QString& path) {
+  const QString folder = FolderOf(path).chopped(1);
+  return folder.endsWith(u"/Images"_qs, Qt::CaseInsensitive) ||
+         folder.endsWith(u"\\Images"_qs, Qt::CaseInsensitive);
+}
+
+struct Move {
+  StoredPath stored;
+  QString target;
+};
+
+// The file in "Images" that a path from elsewhere is to become; "" where it names one already, or there is
+// none.
+QString TargetOf(const QString& path, PictureFolder& folder) {
+  if (folder.Holds(path)) return {};
+  const QString name = FileNameOf(path, true);
+  return !name.isEmpty() && IsPictureFile(PicturePath(name)) ? PicturePath(name) : QString();
+}
+
+std::vector<Move> MovesOf(const std::vector<StoredPath>& paths, Connection& connection) {
+  PictureFolder folder;
+  std::vector<Move> moves;
+  std::vector<Move> own;
+  QStringList ownTargets;
+  QSet<QString> taken;
+  for (const StoredPath& stored : paths) {
+    const QString target = TargetOf(stored.path, folder);
+    if (target.isEmpty()) continue;
+    if (IsOfSomeFolder(stored.path)) {
+      taken.insert(target);
+      moves.push_back({stored, target});
+    } else {
+      ownTargets += target;
+      own.push_back({stored, target});
+    }
+  }
+  if (own.empty()) return moves;
+  taken += NamedPictures(ownTargets, connection);
+  for (Move& move : own) {
+    if (taken.contains(move.target)) continue;
+    taken.insert(move.target);
+    moves.push_back(std::move(move));
+  }
+  return moves;
+}
+
+// Whoever else has changed the row meanwhile knows better.
+int Make(const std::vector<Move>& moves, Connection& connection) {
+  int changed = 0;
+  for (const Move& move : moves) {
+    connection.Execute(
+        u"UPDATE %1 SET %2=? WHERE rowid=? AND %2=?"_qs.arg(QString::fromUtf16(move.stored.column.table),
+                                                            QString::fromUtf16(move.stored.column.column)),
+        {move.target, move.stored.row, move.stored.path});
+    changed += connection.Changes();
+  }
+  return changed;
+}
+
+int Fit(Connection& connection) {
+  std::vector<StoredPath> paths = PathsElsewhere(connection);
+  if (paths.empty() || !IsDatabaseWritable(connection)) return 0;
+  const auto others = std::partition(paths.begin(), paths.end(), [](const StoredPath& stored) {
+    return stored.path.startsWith(SampleDataRoot, Qt::CaseInsensitive);
+  });
+  const int samples = int(others - paths.begin());
+  paths.erase(paths.begin(), others);
+  const std::vector<Move> moves = MovesOf(paths, connection);
+  if (samples == 0 && moves.empty()) return 0;
+  Transaction transaction(connection);
+  if (samples > 0) RebaseAllSampleData(connection, AppPath());
+  const int changed = samples + Make(moves, connection);
+  transaction.Commit();
+  return changed;
+}
+
+}  // namespace
+
+int FitPicturePaths(Connection& connection) {
+  try {
+    return Fit(connection);
+  } catch (const Error& error) {
+    throw Error(
+        EitherLanguage(
+            u"I percorsi delle immagini non sono stati adattati a questa cartella; alla prossima apertura si riprova. %1"_qs,
+            u"The paths of the pictures were not fitted to this folder; the next start tries again. %1"_qs)
+            .arg(error.Description()));
+  }
+}
+
+}  // namespace vorlina

@@ -1,0 +1,123 @@
+// Nothing outside of "Images" is written or removed, whatever a row says; and rows of a folder that was
+// copied or moved find the pictures that came along.
+#include "images/PictureStore.h"
+
+#include "images/PicturePaths.h"
+#include "store/SampleData.h"
+#include "support/CatalogFixture.h"
+#include "support/Print.h"
+
+using namespace vorlina;
+
+namespace {
+
+class PictureStoreTest : public CatalogFixture {
+ protected:
+  PictureStoreTest() {
+    QDir(outside_.path()).mkdir(u"Images"_qs);
+    for (const QString& name : {u"a.jpg"_qs, u"ta.jpg"_qs, u"Images/b.jpg"_qs})
+      WriteFileSafely(Outside(name), "the user's own");
+    QFile::link(outside_.path(), PicturePath(u"link"_qs));
+    QFile::link(PicturePath({}), Outside(u"into"_qs));
+    QFile::link(Outside(u"a.jpg"_qs), PicturePath(u"linked.jpg"_qs));
+  }
+
+  void Name(const QString& code, const QString& path) {
+    if (Count(u"Cataloghi"_qs) == 0) AddCatalog(u"Catalog"_qs);
+    AddProduct(1, code);
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  }
+  QString Named(const QString& code) {
+    return One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto=?"_qs, {code}).toString();
+  }
+  static QString Put(const QString& name) {
+    WriteFileSafely(PicturePath(name), "picture");
+    return PicturePath(name);
+  }
+};
+
+}  // namespace
+
+TEST_F(PictureStoreTest, OnlyWhatLiesInImagesIsWrittenOrRemoved) {
+  const QString inside = AppPath() + u"/Images/"_qs;
+  const std::vector<std::pair<QString, QString>> cases{
+      {inside + u"x.jpg"_qs, u"x.jpg"_qs},
+      {AppPath() + u"//Images/../Images/x.jpg"_qs, u"x.jpg"_qs},
+      {Outside(u"into/x.jpg"_qs), u"x.jpg"_qs},
+      {Outside(u"a.jpg"_qs), QString()},
+      {inside + u"../Catalog.db"_qs, QString()},
+      {inside + u"link/a.jpg"_qs, QString()},
+      {inside + u".."_qs, QString()},
+      {inside, QString()},
+      {AppPath() + u"/Images2/x.jpg"_qs, QString()},
+      {u"x.jpg"_qs, QString()},
+      {QString(), QString()}};
+  const auto outside = FilesIn(outside_.path());
+  for (const auto& [path, name] : cases) {
+    EXPECT_EQ(PictureFolder().NameOf(path), name) << path;
+    Put(u"x.jpg"_qs);
+    Put(u"tx.jpg"_qs);
+    EXPECT_EQ(FailureOf([to = path] { WritePicture(to, "new"); }).isEmpty(), !name.isEmpty()) << path;
+    RemoveUnnamedPictures({{path}, {path}}, connection_);
+    EXPECT_EQ(QFile::exists(PicturePath(u"x.jpg"_qs)), name.isEmpty()) << path;
+    EXPECT_EQ(QFile::exists(PicturePath(u"tx.jpg"_qs)), name.isEmpty()) << path;
+  }
+  // A link in the folder is replaced and removed, not what it leads to.
+  WritePicture(PicturePath(u"linked.jpg"_qs), "new");
+  QFile::link(Outside(u"new.jpg"_qs), PicturePath(u"dangling.jpg"_qs));
+  CopyPicture(PicturePath(u"linked.jpg"_qs), PicturePath(u"dangling.jpg"_qs));
+  EXPECT_EQ(CopyStagedFile(PicturePath(u"linked.jpg"_qs), PicturePath(u"link"_qs)), StagedCopy::Made);
+  EXPECT_EQ(ContentOf(PicturePath(u"link"_qs)), "new");
+  EXPECT_EQ(Differences(FilesIn(outside_.path()), outside), QStringList());
+  EXPECT_TRUE(QFile::exists(Path()));
+}
+
+TEST_F(PictureStoreTest, AFileThatAnyRowNamesStaysHoweverItIsWritten) {
+  for (const QString& name : {u"1.jpg"_qs, u"2.jpg"_qs, u"t2.jpg"_qs, u"3.jpg"_qs, u"t3.jpg"_qs}) Put(name);
+  Name(u"a"_qs, Outside(u"into/1.jpg"_qs));
+  Name(u"b"_qs, AppPath() + u"/Images/./t2.jpg"_qs);
+  Name(u"c"_qs, Outside(u"3.jpg"_qs));
+  connection_.Execute(u"UPDATE Cataloghi SET Logo=?"_qs, {PicturePath(u"T3.jpg"_qs)});
+  const QStringList files{PicturePath(u"1.jpg"_qs), PicturePath(u"2.jpg"_qs), PicturePath(u"3.jpg"_qs)};
+  RemoveUnnamedPictures({files, {}}, connection_);
+  QStringList left;
+  for (const QString& name : QDir(PicturePath({})).entryList(QDir::Files)) left += name;
+  EXPECT_EQ(left, (QStringList{u"1.jpg"_qs, u"linked.jpg"_qs, u"t2.jpg"_qs}));
+}
+
+TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {
+  for (const QString& name : {u"1-a.jpg"_qs, u"b.jpg"_qs, u"7.jpg"_qs, u"own.jpg"_qs, u"1-Logo.jpg"_qs})
+    Put(name);
+  const std::vector<std::tuple<QString, QString, QString>> cases{
+      {u"moved"_qs, u"/gone/Images/1-a.jpg"_qs, PicturePath(u"1-a.jpg"_qs)},
+      {u"copied"_qs, Outside(u"Images/b.jpg"_qs), PicturePath(u"b.jpg"_qs)},
+      {u"carried"_qs, u"C:\\Vorlina\\images\\1-a.jpg"_qs, PicturePath(u"1-a.jpg"_qs)},
+      {u"not here"_qs, u"/gone/Images/1-z.jpg"_qs, u"/gone/Images/1-z.jpg"_qs},
+      {u"linked"_qs, Outside(u"into/b.jpg"_qs), Outside(u"into/b.jpg"_qs)},
+      {u"named by another"_qs, Outside(u"7.jpg"_qs), Outside(u"7.jpg"_qs)},
+      {u"laid there"_qs, Outside(u"own.jpg"_qs), PicturePath(u"own.jpg"_qs)},
+      {u"sample"_qs, SampleDataRoot + u"/Images/1-s.jpg"_qs, PicturePath(u"1-s.jpg"_qs)}};
+  for (const auto& [code, path, target] : cases) Name(code, path);
+  connection_.Execute(
+      u"INSERT INTO Immagini (IDImmagine,IDCatalogo,CodiceProdotto,Immagine) VALUES (7,1,?,?)"_qs,
+      {u"moved"_qs, u"/gone/Images/7.jpg"_qs});
+  connection_.Execute(u"UPDATE Cataloghi SET Logo='/gone/Images/1-Logo.jpg'"_qs);
+  EXPECT_EQ(FitPicturePaths(connection_), 7);
+  for (const auto& [code, path, target] : cases) EXPECT_EQ(Named(code), target) << code;
+  EXPECT_EQ(One(u"Immagine"_qs, u"Immagini"_qs), PicturePath(u"7.jpg"_qs));
+  EXPECT_EQ(One(u"Logo"_qs, u"Cataloghi"_qs), PicturePath(u"1-Logo.jpg"_qs));
+  const qint64 mark = connection_.ChangeMark();
+  EXPECT_EQ(FitPicturePaths(connection_), 0);
+  EXPECT_EQ(connection_.ChangeMark(), mark) << "what is in order, or cannot be, is not written";
+}
+
+TEST_F(PictureStoreTest, PathsAreFittedWholeOrNotAtAll) {
+  for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs}) Put(name);
+  Name(u"a"_qs, u"/gone/Images/a.jpg"_qs);
+  Name(u"b"_qs, u"/gone/Images/b.jpg"_qs);
+  connection_.Execute(
+      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Prodotti WHEN old.CodiceProdotto='b' "
+      "BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  EXPECT_TRUE(FailureOf([&] { FitPicturePaths(connection_); }).contains(u"refused"));
+  EXPECT_EQ(Named(u"a"_qs), u"/gone/Images/a.jpg"_qs);
+}
