@@ -274,8 +274,30 @@ bool frmEditCatalog::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
+void frmEditCatalog::Refuse(const QString& text) {
+  if (!refusals_) return TheDialogs().Message(this, text, BoxStyle::Stop);
+  if (!text.isEmpty()) *refusals_ += text;
+}
+
+// What keeps the window open is told in one box, with the way out.
+bool frmEditCatalog::MayClose() {
+  if (refusals_) return false;
+  refusals_.emplace();
+  const bool left = grdProducts->LeaveForGood();
+  QStringList refusals = *std::exchange(refusals_, std::nullopt);
+  if (left) return true;
+  if (refusals.isEmpty())
+    refusals += EitherLanguage(u"Il valore scritto nella riga non è stato accettato."_qs,
+                               u"The value that was typed into the row was not accepted."_qs);
+  if (!refusals.last().endsWith(u"."_qs)) refusals.last() += u'.';
+  if (!refusals.last().contains(u"Esc"_qs)) refusals.last() += u' ' + GiveUpHint();
+  activateWindow();
+  TheDialogs().Message(this, refusals.join(u"\r\n"_qs), BoxStyle::Stop);
+  return false;
+}
+
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (busy_ || !grdProducts->LeaveRow()) {
+  if (busy_ || !MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();

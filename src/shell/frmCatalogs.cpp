@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QListWidget>
+#include <QScopedValueRollback>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -17,10 +18,17 @@
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
 #include "store/CatalogDatabase.h"
+#include "store/LockPatience.h"
+#include "store/RowErrors.h"
 #include "store/SampleData.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
+namespace {
+
+constexpr int RetryMilliseconds = 2000;
+
+}  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
   ui_->setupUi(this);
@@ -33,6 +41,10 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
   MakeToolbar();
   MakeMenus();
   ConnectControls();
+  retry_.setObjectName(u"retry"_qs);
+  retry_.setSingleShot(true);
+  retry_.setInterval(RetryMilliseconds);
+  connect(&retry_, &QTimer::timeout, this, &frmCatalogs::Retry);
 }
 
 frmCatalogs::~frmCatalogs() = default;
@@ -120,14 +132,38 @@ void frmCatalogs::Attempt(const Handler& statement) {
   }
 }
 
-void frmCatalogs::LoadForm() {
-  Attempt([this] { OpenCatalogDatabase(cnnCatalog, AppFile(u"Catalog.db"_qs)); });
-  FirstRun();
-  Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
-  Attempt([this] {
+// The same with the database. Another program's lock would fail every one of them: it is waited for and told
+// once, and the rest is left to Retry.
+void frmCatalogs::AttemptOnDatabase(const Handler& statement) {
+  if (locked_) return;
+  Attempt([&] {
+    const LockPatience patience(retrying_ ? 0 : LockPatience::UsualMilliseconds);
+    try {
+      statement();
+    } catch (const LockedError&) {
+      locked_ = true;
+      retry_.start();
+      if (!retrying_) throw;
+    }
+  });
+}
+
+void frmCatalogs::OpenDatabase() {
+  AttemptOnDatabase([this] { OpenCatalogDatabase(cnnCatalog, AppFile(u"Catalog.db"_qs)); });
+  if (!locked_) FirstRun();
+}
+
+void frmCatalogs::OpenList() {
+  AttemptOnDatabase([this] {
     rsCataloghi.Close();
     rsCataloghi.Open(u"SELECT * FROM CATALOGHI"_qs, cnnCatalog, CursorType::Keyset, LockType::Optimistic);
   });
+}
+
+void frmCatalogs::LoadForm() {
+  OpenDatabase();
+  Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
+  OpenList();
   FillPlugins(PluginIdentifiers());
   Attempt([this] {
     QTreeWidgetItem* first = ui_->lstPlugIns->topLevelItem(0);
@@ -161,12 +197,12 @@ void frmCatalogs::FirstRun() {
   const QString title = ApplicationTitle();
   if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) == u"True") {
     for (const SamplePath& path : SamplePaths)
-      Attempt([&] { RebaseSampleData(cnnCatalog, path, AppPath()); });
+      AttemptOnDatabase([&] { RebaseSampleData(cnnCatalog, path, AppPath()); });
     Attempt([&] { SaveSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"False"_qs); });
   } else {
     // The settings may be older than the database: a program folder that was laid out anew still has the
     // paths as they were delivered.
-    Attempt([this] {
+    AttemptOnDatabase([this] {
       if (cnnCatalog.IsOpen() && HasSampleRoot(cnnCatalog)) RebaseAllSampleData(cnnCatalog, AppPath());
     });
   }
@@ -258,10 +294,37 @@ bool frmCatalogs::event(QEvent* event) {
     // or the box would come again without end.
     if (std::exchange(activationFailed_, false)) return result;
     activationFailed_ = true;
-    ListCatalog();
+    ListUnlessLocked();
     activationFailed_ = false;
   }
   return result;
+}
+
+// The list stays as it is under another program's lock, which coming back to the window does not wait for.
+void frmCatalogs::ListUnlessLocked() {
+  if (locked_) return;
+  try {
+    const LockPatience none(0);
+    ListCatalog();
+  } catch (const LockedError&) {
+    locked_ = true;
+    retry_.start();
+  }
+}
+
+// Reads what a lock has kept from being read, as soon as it has gone.
+void frmCatalogs::Retry() {
+  const QListWidget& list = *ui_->LstWCatalogs;
+  if (closed_) return;
+  if (IsBusy() || list.isPersistentEditorOpen(list.currentItem())) return retry_.start();
+  const QScopedValueRollback<bool> retrying(retrying_, true);
+  locked_ = false;
+  if (!cnnCatalog.IsOpen())
+    OpenDatabase();
+  else if (!rsCataloghi.IsOpen())
+    FirstRun();
+  if (!rsCataloghi.IsOpen()) OpenList();
+  AttemptOnDatabase([this] { ListCatalog(); });
 }
 
 bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
