@@ -284,16 +284,21 @@ bool frmEditCatalog::MayClose() {
   if (refusals_) return false;
   refusals_.emplace();
   const bool left = grdProducts->LeaveForGood();
-  QStringList refusals = *std::exchange(refusals_, std::nullopt);
-  if (left) return true;
+  // Until the box is answered what is refused stays untold: an editor that loses the focus to it asks again.
+  if (!left) TellWhyOpen(*refusals_);
+  refusals_.reset();
+  return left;
+}
+
+void frmEditCatalog::TellWhyOpen(QStringList refusals) {
   if (refusals.isEmpty())
     refusals += EitherLanguage(u"Il valore scritto nella riga non è stato accettato."_qs,
                                u"The value that was typed into the row was not accepted."_qs);
-  if (!refusals.last().endsWith(u"."_qs)) refusals.last() += u'.';
-  if (!refusals.last().contains(u"Esc"_qs)) refusals.last() += u' ' + GiveUpHint();
+  QString& last = refusals.last();
+  if (!last.endsWith(u'.')) last += u'.';
+  if (!last.contains(EitherLanguage(u"Premere Esc "_qs, u"Press Esc "_qs))) last += u' ' + GiveUpHint();
   activateWindow();
   TheDialogs().Message(this, refusals.join(u"\r\n"_qs), BoxStyle::Stop);
-  return false;
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {

@@ -91,6 +91,7 @@ class frmEditCatalog : public QMainWindow {
   void ReleaseAll();
   void Refuse(const QString& text);
   bool MayClose();
+  void TellWhyOpen(QStringList refusals);
 
   QVariant PictureOf(int row, int column, int role) const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);

@@ -7,6 +7,18 @@ namespace {
 
 class GridEditing : public GridWindow {};
 
+// Boxes that take the focus, as real ones do.
+class FocusTakingDialogs : public ScriptedDialogs {
+ protected:
+  void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override {
+    QWidget box(owner, Qt::Dialog);
+    box.show();
+    box.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    ScriptedDialogs::ShowMessage(owner, text, style, title);
+  }
+};
+
 }  // namespace
 
 TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
@@ -155,13 +167,15 @@ TEST_F(GridEditing, ADuplicateCodeStaysInEditUntilEscape) {
 TEST_F(GridEditing, ARefusedCellKeepsTheWindowAndSaysSo) {
   AddProducts({u"a"_qs});
   Open();
-  dialogs_.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
+  FocusTakingDialogs dialogs;
+  dialogs.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
   Type(0, Description, u"1|2"_qs);
   for (const bool elsewhere : {false, true}) {
+    if (elsewhere) dialogs.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
     if (elsewhere) Open();
-    dialogs_.ExpectMessage(u"| is an invalid character. Press Esc to give up the change."_qs, BoxStyle::Stop);
+    dialogs.ExpectMessage(u"| is an invalid character. Press Esc to give up the change."_qs, BoxStyle::Stop);
     EXPECT_FALSE(windows_[0]->close());
-    EXPECT_EQ(dialogs_.Left(), 0) << elsewhere;
+    EXPECT_EQ(dialogs.Left(), 0) << elsewhere;
   }
   Activate(0);
   Key(Qt::Key_Escape);
