@@ -54,6 +54,8 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   lblProdotti->setObjectName(u"lblProdotti"_qs);
   lblSelezionati = new QLabel(this);
   lblSelezionati->setObjectName(u"lblSelezionati"_qs);
+  lblProdotti->setTextFormat(Qt::PlainText);
+  lblSelezionati->setTextFormat(Qt::PlainText);
   for (QLabel* label : {lblProdotti, lblSelezionati}) label->setContentsMargins(8, 2, 8, 2);
   ui_->stb->addWidget(lblProdotti);
   ui_->stb->addPermanentWidget(lblSelezionati);

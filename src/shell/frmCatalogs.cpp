@@ -28,6 +28,19 @@ namespace {
 
 constexpr int RetryMilliseconds = 2000;
 
+QString NoNewReason(bool locked) {
+  if (locked)
+    return EitherLanguage(
+        u"Non è possibile creare un catalogo finché un altro programma tiene il database. Chiudere quel "
+        "programma."_qs,
+        u"No catalog can be made as long as another program holds the database. Close that program."_qs);
+  return EitherLanguage(
+      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
+      "rimettere il file Catalog.db al suo posto e avviarlo di nuovo."_qs,
+      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
+      "Catalog.db back in its place and start it again."_qs);
+}
+
 }  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
@@ -118,7 +131,7 @@ void frmCatalogs::ConnectControls() {
       rename_, &WidgetRenameDelegate::closeEditor, this,
       [this] {
         ApplyRename();
-        if (reloadWaits_) ListCatalog();
+        if (reloadWaits_) ListUnlessLocked();
       },
       Qt::QueuedConnection);
 }
@@ -173,23 +186,23 @@ void frmCatalogs::LoadForm() {
     ui_->lstPlugIns->setCurrentItem(first);
   });
   Localize_Form();
-  if (!cnnCatalog.IsOpen()) DisableNew();
+  OfferNew();
 }
 
-// The wizard would ask for four pages of data that it cannot store.
-void frmCatalogs::DisableNew() {
-  handlers_.erase(u"cmdNew"_qs);
-  const QString reason = EitherLanguage(
-      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
-      u"rimettere il "
-      "file Catalog.db al suo posto e avviarlo di nuovo."_qs,
-      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
-      u"Catalog.db "
-      "back in its place and start it again."_qs);
-  toolbar_.front()->setEnabled(false);
-  toolbar_.front()->setToolTip(reason);
-  ui_->cmdNew->setEnabled(false);
-  ui_->cmdNew->setToolTip(reason);
+// Without a database the wizard would ask for four pages of data that it cannot store.
+void frmCatalogs::OfferNew() {
+  const bool open = cnnCatalog.IsOpen();
+  if (open)
+    handlers_[u"cmdNew"_qs] = [this] { NewCatalogWizard(); };
+  else
+    handlers_.erase(u"cmdNew"_qs);
+  const QString reason = open ? QString() : NoNewReason(locked_);
+  const Caption& usual = ToolbarCommands.front().toolTip;
+  const QString toolTip = Text(Language == u"English" ? usual.english : usual.italian);
+  toolbar_.front()->setEnabled(open && ui_->fmListCatalog->isVisibleTo(this));
+  toolbar_.front()->setToolTip(PlainToolTip(open ? toolTip : reason));
+  ui_->cmdNew->setEnabled(open);
+  ui_->cmdNew->setToolTip(PlainToolTip(reason));
   ui_->cmdNew->setAccessibleDescription(reason);
 }
 
@@ -314,9 +327,8 @@ void frmCatalogs::ListUnlessLocked() {
 
 // Reads what a lock has kept from being read, as soon as it has gone.
 void frmCatalogs::Retry() {
-  const QListWidget& list = *ui_->LstWCatalogs;
   if (closed_) return;
-  if (IsBusy() || list.isPersistentEditorOpen(list.currentItem())) return retry_.start();
+  if (IsBusy()) return retry_.start();
   const QScopedValueRollback<bool> retrying(retrying_, true);
   locked_ = false;
   if (!cnnCatalog.IsOpen())
@@ -325,6 +337,7 @@ void frmCatalogs::Retry() {
     FirstRun();
   if (!rsCataloghi.IsOpen()) OpenList();
   AttemptOnDatabase([this] { ListCatalog(); });
+  OfferNew();
 }
 
 bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {

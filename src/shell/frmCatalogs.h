@@ -84,7 +84,7 @@ class frmCatalogs : public QMainWindow {
   void ListUnlessLocked();
   void Retry();
   void FillPlugins(const QStringList& identifiers);
-  void DisableNew();
+  void OfferNew();
 
   QListWidgetItem* SelectedCatalog() const;
   int SelectedCatalogId() const;

@@ -133,8 +133,11 @@ TEST(Start, ALockIsToldOnceAndWaitedFor) {
   retry->start();
   QCoreApplication::processEvents();
   EXPECT_EQ(list->count(), 0);
+  auto* create = window.findChild<QPushButton*>(u"cmdNew"_qs);
+  EXPECT_TRUE(create->toolTip().contains(u"another program")) << "it would have nowhere to store";
   other.RollbackTrans();
   EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 1; }));
+  EXPECT_TRUE(create->isEnabled() && create->toolTip().isEmpty());
   // While the list is up a lock leaves it as it is.
   other.Execute(u"BEGIN EXCLUSIVE"_qs);
   EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
