@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -19,6 +20,11 @@ static void InitPicture() { Q_INIT_RESOURCE(vlhtml); }
 namespace vlhtml {
 namespace {
 
+// The texts that a box shows beside its first one are labels of their own.
+void PlainLabels(const QWidget& box) {
+  for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+}
+
 // The progress window; the program stays painted while it shows.
 class WindowProgress : public IVorlinaProgress {
  public:
@@ -31,6 +37,7 @@ class WindowProgress : public IVorlinaProgress {
     dialog_.setMinimumWidth(360);
     dialog_.setAutoReset(false);
     dialog_.setAutoClose(false);
+    PlainLabels(dialog_);
   }
 
   bool Report(int done, int total, const QString& step) override {
@@ -58,6 +65,7 @@ void ShowResult(QWidget* owner, bool italian, const PublishResult& result, const
                             : QStringLiteral("\n\n%1 pictures are missing and were left out."))
                        .arg(result.warnings.size());
   box.setInformativeText(informative);
+  PlainLabels(box);
   box.setDetailedText(result.warnings.join(u'\n'));
   QPushButton* open = box.addButton(
       italian ? QStringLiteral("&Apri il sito") : QStringLiteral("&Open the site"), QMessageBox::AcceptRole);

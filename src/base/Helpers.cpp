@@ -1,6 +1,7 @@
 #include "base/Helpers.h"
 
 #include <QDir>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "base/Error.h"
@@ -8,6 +9,9 @@
 
 namespace vorlina {
 namespace {
+
+// A tool tip longer than this is broken into lines.
+constexpr qsizetype LongToolTip = 100;
 
 bool IsSeparator(QChar c) { return c == u'\\' || c == u'/'; }
 
@@ -62,6 +66,13 @@ QString FirstLines(const QStringList& lines) {
     first += EitherLanguage(u"... e altri %1"_qs, u"... and %1 more"_qs).arg(lines.size() - Most);
   return first.join(u"\r\n"_qs);
 }
+
+QString PlainToolTip(const QString& text) {
+  if (!Qt::mightBeRichText(text) && text.size() <= LongToolTip) return text;
+  return u"<qt>"_qs + text.toHtmlEscaped().replace(u'\n', u"<br>"_qs) + u"</qt>"_qs;
+}
+
+QString PlainTitle(QString text) { return text.replace(u"[*]"_qs, u"[*][*]"_qs); }
 
 QString FileNameOf(const QString& path, bool keepExtension) {
   const QString single = WithSingleSeparators(path);

@@ -27,6 +27,13 @@ QString OneLine(QString text);
 // The lines one below the other as a box shows them: the first ten, and how many more there are.
 QString FirstLines(const QStringList& lines);
 
+// A text as a tool tip that shows it as it is: what looks like markup would be taken for it, and a long text
+// for one line.
+QString PlainToolTip(const QString& text);
+
+// A text as the title of a window: Qt takes "[*]" for the place of a mark.
+QString PlainTitle(QString text);
+
 // The last segment of a path, where "/" and "\" both separate and a doubled separator counts once. Without
 // the extension, its last four characters are cut, whatever they are; a segment shorter than that throws
 // Error.

@@ -106,7 +106,7 @@ void frmNewCatalog::LoadForm() {
   BaseTesti = english ? 406 : 106;
   BasePulsanti = english ? 401 : 101;
   TitoloForm = english ? u"New catalog creation"_qs : u"Creazione nuovo catalogo"_qs;
-  setWindowTitle(TitoloForm);
+  setWindowTitle(PlainTitle(TitoloForm));
   StepCorrente = 1;
   if (ui_->framesteps->count() != StepCount) throw Error(u"Numero di pannelli insufficiente"_qs);
   CaptionButtons();
@@ -118,7 +118,7 @@ void frmNewCatalog::CaptionButtons() {
     cmdNav[i]->setText(NumberedText(BasePulsanti + int(i)));
     if (cmdNav[i]->shortcut().isEmpty())
       cmdNav[i]->setShortcut(QKeySequence(QString::fromUtf16(ItalianKeys[i])));
-    cmdNav[i]->setToolTip(cmdNav[i]->shortcut().toString(QKeySequence::NativeText));
+    cmdNav[i]->setToolTip(PlainToolTip(cmdNav[i]->shortcut().toString(QKeySequence::NativeText)));
   }
   cmdNav[Help]->setEnabled(isSignalConnected(QMetaMethod::fromSignal(&frmNewCatalog::HelpWanted)));
 }

@@ -58,8 +58,10 @@ class DataGrid : public QTableView {
   int SelectedCount() const;
 
   // Takes over what is being typed and writes the row in edit. False where it must be stayed on: the user was
-  // told why. To be asked before the window closes.
+  // told why.
   bool LeaveRow();
+  // The same before the window closes: what was refused and told already is told again.
+  bool LeaveForGood();
   // Deletes the selected rows, or else the current one, as the Delete key does.
   bool DeleteSelected();
   void SetAllowDelete(bool allowed) { allowDelete_ = allowed; }
@@ -156,7 +158,9 @@ class DataGrid : public QTableView {
   void Arrange(const GridLayout& layout, bool moves);
   void ShowSort();
   void Refresh();
-  bool CloseEditor();
+  bool CloseEditor(bool tellsAgain = false);
+  bool Leave(bool tellsAgain);
+  void GoToRefused();
   bool OpenList();
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);

@@ -35,18 +35,31 @@ QPoint DataGrid::Own(const QPoint& viewportPosition) const {
   return viewport()->mapTo(this, viewportPosition);
 }
 
-bool DataGrid::LeaveRow() {
+bool DataGrid::LeaveRow() { return Leave(false); }
+
+bool DataGrid::LeaveForGood() { return Leave(true); }
+
+bool DataGrid::Leave(bool tellsAgain) {
   if (leaving_) return false;
   const QScopedValueRollback<bool> leaving(leaving_, true);
-  return CloseEditor() && rows_.Submit();
+  if (!CloseEditor(tellsAgain)) return false;
+  if (rows_.Submit()) return true;
+  GoToRefused();
+  return false;
+}
+
+// To the cell that the row was refused for.
+void DataGrid::GoToRefused() {
+  if (rows_.RefusedColumn() >= 0 && CurrentRow() == rows_.EditRow())
+    setCurrentIndex(rows_.index(rows_.EditRow(), rows_.RefusedColumn()));
 }
 
 // False where the cell refuses what was typed: the editor stays.
-bool DataGrid::CloseEditor() {
+bool DataGrid::CloseEditor(bool tellsAgain) {
   const QPointer<QWidget> editor = delegate_->Editor();
   if (editor == nullptr) return true;
   // What it was left with has been refused already.
-  if (delegate_->IsRefused() && !editor->hasFocus()) return false;
+  if (delegate_->IsRefused() && !editor->hasFocus() && !tellsAgain) return false;
   commitData(editor);
   if (editor == nullptr) return true;
   closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -78,7 +91,11 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
   rowHeader_->SetCurrentRow(current.row());
   if (rows_.EditRow() >= 0 && rows_.EditRow() != current.row() && !LeaveRow())
     QMetaObject::invokeMethod(
-        this, [this, column = previous.column()] { setCurrentIndex(rows_.index(rows_.EditRow(), column)); },
+        this,
+        [this, column = previous.column()] {
+          setCurrentIndex(rows_.index(rows_.EditRow(), column));
+          GoToRefused();
+        },
         Qt::QueuedConnection);
   Q_EMIT CurrentCellChanged(current.row(), KeyOf(current.column()));
 }

@@ -7,6 +7,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "store/LockPatience.h"
 #include "store/SelectStatement.h"
 
 namespace vorlina {
@@ -24,6 +25,7 @@ QVariant HeadOf(const GridColumn& column, int role) {
     case Qt::DisplayRole:
       return column.caption;
     case Qt::ToolTipRole:
+      return PlainToolTip(column.toolTip.isEmpty() ? column.caption : column.toolTip);
     case Qt::AccessibleTextRole:
       return column.toolTip.isEmpty() ? column.caption : column.toolTip;
     case Qt::DecorationRole:
@@ -92,24 +94,30 @@ bool RecordsetModel::Reload() {
   return true;
 }
 
-bool RecordsetModel::HasChanged() const {
-  looked_.start();
+// Nothing where it cannot be asked, as under another program's lock: that is not waited for, and what was
+// read is shown on.
+std::optional<bool> RecordsetModel::HasChanged() const {
+  std::optional<bool> changed;
   try {
+    const LockPatience none(0);
     const qint64 mark = rows_.ChangeMark();
-    return std::exchange(changeMark_, mark) != mark;
+    changed = std::exchange(changeMark_, mark) != mark;
   } catch (const Error&) {
-    return false;  // locked at the moment: what was read is shown on
   }
+  looked_.start();
+  return changed;
 }
 
 void RecordsetModel::LookForChanges() const {
-  if (changing_ || looked_.elapsed() < LookMilliseconds || !HasChanged()) return;
+  if (changing_ || looked_.elapsed() < LookMilliseconds || !HasChanged().value_or(false)) return;
   cache_.Clear();
   stale_ = true;
 }
 
 void RecordsetModel::Refresh() {
-  if (!rows_.IsOpen() || (!HasChanged() && !stale_ && !cache_.IsLacking())) return;
+  if (!rows_.IsOpen()) return;
+  const std::optional<bool> changed = HasChanged();
+  if (!changed || (!*changed && !stale_ && !cache_.IsLacking())) return;
   stale_ = false;
   cache_.Clear();
   ShowAgain(0, shownRows_ - 1);

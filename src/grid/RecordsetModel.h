@@ -45,6 +45,9 @@ struct CellChange {
   bool cancel = false;
 };
 
+// How a refused row or cell is left.
+QString GiveUpHint();
+
 class RecordsetModel : public QAbstractTableModel {
   Q_OBJECT
 
@@ -64,7 +67,8 @@ class RecordsetModel : public QAbstractTableModel {
   // Reads the keys anew, in the same order. False as for Bind, and with Failed where it cannot be read.
   bool Reload();
   // Drops what was read and has the view look again, if anybody has written meanwhile, or some could not be
-  // read. Cheap: to be called when the window is activated, and by a slow timer while it is seen.
+  // read. Cheap, and not held up by a lock: to be called when the window is activated, and by a slow timer
+  // while it is seen.
   void Refresh();
 
   const GridColumn& Column(int column) const { return columns_[std::size_t(column)]; }
@@ -104,10 +108,14 @@ class RecordsetModel : public QAbstractTableModel {
   // An editor opens on the row: what the row holds now is what a change is compared with.
   void Pin(int row);
   // What the user typed into a cell: for a drop-down its text, for the others as setData. A text that a
-  // drop-down does not offer is asked OnNotInList. False where the cell keeps its value.
-  bool SetText(const QModelIndex& index, const QString& text);
-  // Writes the row in edit; nothing happens without one. False, with Failed, where it stays in edit.
+  // drop-down does not offer is asked OnNotInList, without blanks around it. False where the cell keeps its
+  // value.
+  bool SetText(const QModelIndex& index, const QString& typed);
+  // Writes the row in edit; nothing happens without one. False, with Failed, where it stays in edit. Another
+  // program's lock is waited for as LockPatience says.
   bool Submit();
+  // The column that the last refusal was for, or -1 where that is not known.
+  int RefusedColumn() const { return refusedColumn_; }
   void Revert();
   // Deletes rows, all or none. The row in edit is written first, or given up when it is among them. False
   // where nothing was deleted.
@@ -150,7 +158,7 @@ class RecordsetModel : public QAbstractTableModel {
  private:
   int FieldOf(int column) const { return fields_[std::size_t(column)]; }
   const FetchedRow* RowAt(int row) const;
-  bool HasChanged() const;
+  std::optional<bool> HasChanged() const;
   void LookForChanges() const;
   QVariant Displayed(int row, int column) const;
   void ShowAgain(int firstRow, int lastRow);
@@ -168,7 +176,10 @@ class RecordsetModel : public QAbstractTableModel {
   void BeginChange(int row, int column);
   void EndEdit(int row);
   bool Attempt(const std::function<void()>& step, const QString& hint = {});
-  QString DuplicateText(const QStringList& columns) const;
+  std::optional<QString> FailureOf(const std::function<void()>& step, const QString& hint);
+  QString DuplicateText(const QStringList& columns);
+  void ReadAgain(int row);
+  void SetField(int column, const QVariant& value);
   std::vector<RowDeletion> DeletionsOf(const QList<int>& rows);
   void DropDeleted(const std::vector<RowDeletion>& deleted);
 
@@ -179,6 +190,7 @@ class RecordsetModel : public QAbstractTableModel {
   bool addNewRow_ = true;
   int shownRows_ = 0;  // rows that the views know, the add-new row among them
   int editRow_ = -1;
+  int refusedColumn_ = -1;
   QString sortKey_;
   SortDirection sorted_ = SortDirection::None;
 

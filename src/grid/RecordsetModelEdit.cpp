@@ -7,6 +7,7 @@
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "grid/RecordsetModel.h"
+#include "store/LockPatience.h"
 #include "store/RowErrors.h"
 
 namespace vorlina {
@@ -21,6 +22,11 @@ QString WithHint(const QString& description, const QString& hint) {
 }
 
 }  // namespace
+
+QString GiveUpHint() {
+  return EitherLanguage(u"Premere Esc per rinunciare alla modifica."_qs,
+                        u"Press Esc to give up the change."_qs);
+}
 
 // An editor that is opened over Null and left empty changes nothing. What the user types into the add-new row
 // begins it, even where it is the default.
@@ -44,14 +50,17 @@ void RecordsetModel::Pin(int row) {
   if (const FetchedRow* fetched = RowAt(row)) pinned_ = *fetched;
 }
 
-bool RecordsetModel::SetText(const QModelIndex& index, const QString& text) {
+bool RecordsetModel::SetText(const QModelIndex& index, const QString& typed) {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
   const int row = index.row();
   const int column = index.column();
-  if (Column(column).kind != ColumnKind::Lookup || text.isEmpty()) return ChangeCell(row, column, text);
+  if (Column(column).kind != ColumnKind::Lookup) return ChangeCell(row, column, typed);
   // A text that several values share stays the value it is.
-  if (text == Displayed(row, column)) return ChangeCell(row, column, Value(row, column));
-  std::optional<qint64> value = Column(column).lookup.ValueOf(text);
+  if (typed == Displayed(row, column) && !typed.isEmpty()) return ChangeCell(row, column, Value(row, column));
+  const QString text = typed.trimmed();
+  if (text.isEmpty()) return ChangeCell(row, column, text);
+  std::optional<qint64> value = Column(column).lookup.ValueOf(typed);
+  if (!value) value = Column(column).lookup.ValueOf(text);
   if (!value && OnNotInList && OnNotInList(column, text)) value = Column(column).lookup.ValueOf(text);
   return value && ChangeCell(row, column, *value);
 }
@@ -59,6 +68,9 @@ bool RecordsetModel::SetText(const QModelIndex& index, const QString& text) {
 bool RecordsetModel::ChangeCell(int row, int column, const QVariant& value) {
   const QScopedValueRollback<bool> changing(changing_, true);
   if (StateOf(row) == RowState::Deleted) return Attempt([] { throw ConflictError::Deleted(); });
+  // A check mark that cannot be set leaves nothing behind to be given up.
+  const QString hint = Column(column).kind == ColumnKind::Boolean ? QString() : GiveUpHint();
+  if (StateOf(row) == RowState::Unreadable && !Attempt([&] { ReadAgain(row); }, hint)) return false;
   const Qt::ItemFlags changeable = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
   if (!(flags(index(row, column)) & changeable)) return false;
   if (editRow_ >= 0 && editRow_ != row && !Submit()) return false;
@@ -70,13 +82,31 @@ bool RecordsetModel::ChangeCell(int row, int column, const QVariant& value) {
   const bool emptied = change.newValue.isNull() || NullToEmpty(change.newValue).isEmpty();
   if (emptied && Column(column).kind != ColumnKind::Text) change.newValue = NullValue();
   const bool begins = editRow_ < 0;
-  const bool done = Attempt([&] {
-    if (begins) BeginEdit(row, column);
-    rows_.SetValue(FieldOf(column), change.newValue);
-  });
+  const bool done = Attempt(
+      [&] {
+        if (begins) BeginEdit(row, column);
+        SetField(column, change.newValue);
+      },
+      hint);
   if (!done && begins) Revert();
   if (done) ShowAgain(row, row);
   return done;
+}
+
+// For a row that could not be read when it was looked at.
+void RecordsetModel::ReadAgain(int row) {
+  rows_.FetchRows(qint64(row) + 1, 1);
+  cache_.Clear();
+}
+
+// The user knows the column by its caption.
+void RecordsetModel::SetField(int column, const QVariant& value) {
+  try {
+    rows_.SetValue(FieldOf(column), value);
+  } catch (const NoNumberError& error) {
+    if (Column(column).caption.isEmpty()) throw;
+    throw error.In(Column(column).caption);
+  }
 }
 
 void RecordsetModel::BeginEdit(int row, int column) {
@@ -117,30 +147,40 @@ void RecordsetModel::BeginChange(int row, int column) {
 // Runs a step on the database; false, with Failed, where it fails. The hint says what the user can do
 // besides.
 bool RecordsetModel::Attempt(const std::function<void()>& step, const QString& hint) {
+  refusedColumn_ = -1;
+  const std::optional<QString> failure = FailureOf(step, hint);
+  if (failure) Q_EMIT Failed(*failure);
+  return !failure;
+}
+
+// Whatever the step asks of the database, it waits but once for another program. That is over when the
+// failure is told: the box lets other work through.
+std::optional<QString> RecordsetModel::FailureOf(const std::function<void()>& step, const QString& hint) {
+  const LockPatience patience;
   try {
     step();
-    return true;
+    return {};
   } catch (const DuplicateError& error) {
     const QString text = DuplicateText(error.Columns());
-    Q_EMIT Failed(text.isEmpty() ? error.Description() : text);
+    return WithHint(text.isEmpty() ? error.Description() : text, hint);
   } catch (const ConflictError& error) {
     const QString asItIs =
         EitherLanguage(u"Premere Esc per vederla com'è ora."_qs, u"Press Esc to see it as it is now."_qs);
-    Q_EMIT Failed(WithHint(error.Description(), editRow_ >= 0 ? asItIs : QString()));
+    return WithHint(error.Description(), editRow_ >= 0 ? asItIs : QString());
   } catch (const std::exception& error) {
-    Q_EMIT Failed(WithHint(DescriptionOf(error), hint));
+    return WithHint(DescriptionOf(error), hint);
   }
-  return false;
 }
 
 // The failure in the words that the user sees at the head of the columns; "" where none of them is seen.
-QString RecordsetModel::DuplicateText(const QStringList& columns) const {
+QString RecordsetModel::DuplicateText(const QStringList& columns) {
   QStringList named;
   for (int i = 0; i < columnCount() && editRow_ >= 0; ++i) {
     if (FieldOf(i) < 0 || !Column(i).visible) continue;
     const Field& field = rows_.Fields().At(FieldOf(i));
-    if (columns.contains(field.table + u'.' + field.column))
-      named += Column(i).caption + u" \""_qs + Displayed(editRow_, i).toString() + u'"';
+    if (!columns.contains(field.table + u'.' + field.column)) continue;
+    named += Column(i).caption + u" \""_qs + Displayed(editRow_, i).toString() + u'"';
+    if (refusedColumn_ < 0) refusedColumn_ = i;
   }
   if (named.isEmpty()) return {};
   return EitherLanguage(u"Esiste già una riga con %1. Scegliere un altro valore."_qs,
@@ -154,9 +194,7 @@ bool RecordsetModel::Submit() {
   const bool added = IsAddNewRow(row);
   std::function<void(qint64)> within;
   if (OnRowWriting) within = [&](qint64 bookmark) { OnRowWriting(row, bookmark, added); };
-  const QString giveUp =
-      EitherLanguage(u"Premere Esc per rinunciare alla modifica."_qs, u"Press Esc to give up the change."_qs);
-  if (!Attempt([&] { rows_.Update(within); }, giveUp)) return false;
+  if (!Attempt([&] { rows_.Update(within); }, GiveUpHint())) return false;
   if (added && shownRows_ == RecordCount()) {
     EndEdit(row);
     beginInsertRows({}, shownRows_, shownRows_);

@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "base/Error.h"
+#include "store/LockPatience.h"
+#include "store/RowErrors.h"
 
 namespace vorlina {
 namespace {
@@ -12,6 +14,10 @@ Q_LOGGING_CATEGORY(log, "vorlina.grid", QtInfoMsg)
 
 constexpr int BlockRows = 64;
 constexpr std::size_t Blocks = 8;
+
+// Milliseconds that a look waits for another program: a commit of its is over by then, and a lock that lasts
+// must not hold up the painting.
+constexpr int LookPatience = 200;
 
 }  // namespace
 
@@ -36,6 +42,7 @@ const FetchedRow* RowCache::Held(qint64 index) {
 const FetchedRow* RowCache::At(const Recordset& rows, qint64 index) {
   if (BringToFront(index / BlockRows)) return InFront(index);
   Block block{index / BlockRows, {}};
+  const LockPatience patience(LookPatience);
   try {
     block.rows = rows.FetchRows(block.number * BlockRows + 1, BlockRows);
   } catch (const std::exception& error) {
@@ -53,6 +60,7 @@ bool RowCache::IsLacking() const {
 void RowCache::Renew(const Recordset& rows, qint64 index) {
   if (!BringToFront(index / BlockRows)) return;
   Block& block = blocks_.front();
+  const LockPatience patience(LookPatience);
   try {
     const std::vector<FetchedRow> fetched = rows.FetchRows(index + 1, 1);
     const auto place = std::size_t(index % BlockRows);
@@ -62,6 +70,10 @@ void RowCache::Renew(const Recordset& rows, qint64 index) {
       block.rows.push_back(fetched.front());
     else
       block.rows[place] = fetched.front();
+  } catch (const LockedError& error) {
+    // What was read before is shown on.
+    qCDebug(log) << "reading a row:" << error.Description();
+    if (std::size_t(index % BlockRows) >= block.rows.size()) blocks_.erase(blocks_.begin());
   } catch (const std::exception& error) {
     qCWarning(log) << "reading a row:" << DescriptionOf(error);
     blocks_.erase(blocks_.begin());

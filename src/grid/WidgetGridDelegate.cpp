@@ -175,7 +175,7 @@ void WidgetGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, cons
   const bool changed = line->isModified() || (combo != nullptr && line->text() != index.data().toString());
   refused_ = changed && !rows_.SetText(index, line->text());
   // A row that has gone meanwhile cannot take anything: its editor is not held open.
-  if (refused_ && !rows_.flags(index).testFlag(Qt::ItemIsEditable)) refused_ = false;
+  if (refused_ && rows_.StateOf(index.row()) == RowState::Deleted) refused_ = false;
   if (!refused_) line->setModified(false);
 }
 

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "base/Error.h"
+#include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/WaitCursor.h"
 #include "images/WidgetPicture.h"
@@ -59,7 +60,7 @@ void frmImageViewer::Localize_Form() {
                                                     {ui_->cmdLast, u"Last page"_qs}};
   for (const auto& [button, name] : names) {
     button->setAccessibleName(name);
-    button->setToolTip(name);
+    button->setToolTip(PlainToolTip(name));
   }
 }
 

@@ -1,6 +1,8 @@
 #include "products/FilterValues.h"
 
+#include "base/Error.h"
 #include "base/Helpers.h"
+#include "products/CellRules.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -15,8 +17,11 @@ Lookup FilterValues(int IDCatalogo, int filter, Connection& connection) {
 }
 
 void AddFilterValue(int IDCatalogo, int filter, const QString& value, Connection& connection) {
+  const QString name = value.trimmed();
+  const QStringList refusals = CheckCell({}, name, true).refusals;
+  if (!refusals.isEmpty()) throw Error(refusals.first());
   connection.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) VALUES (?,?,?)"_qs,
-                     {IDCatalogo, filter, value});
+                     {IDCatalogo, filter, name});
 }
 
 }  // namespace vorlina

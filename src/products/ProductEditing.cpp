@@ -1,6 +1,7 @@
 #include "products/ProductEditing.h"
 
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -14,12 +15,15 @@
 #include "products/PublicationOrder.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
+#include "store/LockPatience.h"
 #include "store/RowErrors.h"
 
 namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
+
+constexpr int RetryMilliseconds = 2000;
 
 }  // namespace
 
@@ -32,6 +36,7 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
   connect(&rows, &RecordsetModel::RowInserted, this, [this] {
     try {
+      const LockPatience patience;
       OfferDefaults();
     } catch (const Error& error) {
       // The row itself is written. A new one asks for its code again when it is begun.
@@ -58,6 +63,16 @@ void ProductEditing::OfferCode() {
   rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, NuovoCodice(IDCatalogo_, *connection_));
 }
 
+// A new row asks for its code again when it is begun.
+void ProductEditing::RefreshCode() {
+  try {
+    const LockPatience none(0);
+    OfferCode();
+  } catch (const LockedError& error) {
+    qCDebug(products) << "no code" << error.Description();
+  }
+}
+
 void ProductEditing::OfferDefaults() {
   OfferCode();
   rows_.SetDefaultValue(rows_.Column(ProductColumn::Ordine).key, NuovoOrdine(IDCatalogo_, *connection_));
@@ -65,13 +80,16 @@ void ProductEditing::OfferDefaults() {
 
 void ProductEditing::CheckCell(CellChange& change) {
   const GridColumn& column = rows_.Column(change.column);
-  // A code becomes a file name; a line break that came with a pasted text is not seen in the cell.
-  if (change.column == ProductColumn::Codice) change.newValue = OneLine(NullToEmpty(change.newValue));
   const CellVerdict verdict =
       vorlina::CheckCell(column.key, change.newValue, column.kind == ColumnKind::Lookup);
-  for (const QString& refusal : verdict.refusals) TheDialogs().Message(owner_, refusal, BoxStyle::Stop);
-  change.cancel = !verdict.refusals.isEmpty();
+  change.cancel = Refuses(verdict);
   change.newValue = verdict.value;
+}
+
+// Tells what is refused.
+bool ProductEditing::Refuses(const CellVerdict& verdict) {
+  for (const QString& refusal : verdict.refusals) Q_EMIT Refused(refusal);
+  return !verdict.refusals.isEmpty();
 }
 
 // Inside the row's transaction: its marks and its pictures are written with it, or not at all.
@@ -127,6 +145,7 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
     // Another window may have added it meanwhile.
     OfferFilterValues(column);
     if (rows_.Column(column).lookup.ValueOf(text)) return true;
+    if (Refuses(vorlina::CheckCell(rows_.Column(column).key, text, true))) return false;
     if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
     if (text.contains(u'"')) {
       TheDialogs().Message(owner_,
@@ -150,9 +169,12 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
 
 void ProductEditing::RefreshFilterValues() {
   try {
+    const LockPatience none(0);
     for (int column = ProductColumn::IDFiltro1; column < ProductColumn::Pubblica; ++column)
       if (column < rows_.columnCount() && rows_.Column(column).kind == ColumnKind::Lookup)
         OfferFilterValues(column);
+  } catch (const LockedError&) {
+    QTimer::singleShot(RetryMilliseconds, this, &ProductEditing::RefreshFilterValues);
   } catch (const Error& error) {
     qCDebug(products) << "filter values not read" << error.Description();
   }

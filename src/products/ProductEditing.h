@@ -9,6 +9,7 @@
 #include "base/WaitCursor.h"
 #include "grid/RecordsetModel.h"
 #include "images/PictureStore.h"
+#include "products/CellRules.h"
 #include "products/CodeChange.h"
 #include "products/ProductGridQuery.h"
 
@@ -28,14 +29,21 @@ class ProductEditing : public QObject {
 
   // Offers a new row its code and its order number. Throws Error.
   void OfferDefaults();
-  // The same for the code alone.
-  void OfferCode();
+  // Has the code that is offered be a free one by now. Throws Error, but not for another program's lock,
+  // which is not waited for.
+  void RefreshCode();
   // Has the drop-downs offer what the filters have by now: another window may have added to them. Never
-  // fails.
+  // fails, and does not wait for another program's lock: it tries again by itself.
   void RefreshFilterValues();
 
+ Q_SIGNALS:
+  // A cell does not take what was typed: text for the user.
+  void Refused(const QString& text);
+
  private:
+  void OfferCode();
   void CheckCell(CellChange& change);
+  bool Refuses(const CellVerdict& verdict);
   void WriteRow(int row, bool added);
   void FinishRow();
   bool AskToDelete();

@@ -54,6 +54,8 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   lblProdotti->setObjectName(u"lblProdotti"_qs);
   lblSelezionati = new QLabel(this);
   lblSelezionati->setObjectName(u"lblSelezionati"_qs);
+  lblProdotti->setTextFormat(Qt::PlainText);
+  lblSelezionati->setTextFormat(Qt::PlainText);
   for (QLabel* label : {lblProdotti, lblSelezionati}) label->setContentsMargins(8, 2, 8, 2);
   ui_->stb->addWidget(lblProdotti);
   ui_->stb->addPermanentWidget(lblSelezionati);
@@ -274,8 +276,35 @@ bool frmEditCatalog::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
+void frmEditCatalog::Refuse(const QString& text) {
+  if (!refusals_) return TheDialogs().Message(this, text, BoxStyle::Stop);
+  if (!text.isEmpty()) *refusals_ += text;
+}
+
+// What keeps the window open is told in one box, with the way out.
+bool frmEditCatalog::MayClose() {
+  if (refusals_) return false;
+  refusals_.emplace();
+  const bool left = grdProducts->LeaveForGood();
+  // Until the box is answered what is refused stays untold: an editor that loses the focus to it asks again.
+  if (!left) TellWhyOpen(*refusals_);
+  refusals_.reset();
+  return left;
+}
+
+void frmEditCatalog::TellWhyOpen(QStringList refusals) {
+  if (refusals.isEmpty())
+    refusals += EitherLanguage(u"Il valore scritto nella riga non è stato accettato."_qs,
+                               u"The value that was typed into the row was not accepted."_qs);
+  QString& last = refusals.last();
+  if (!last.endsWith(u'.')) last += u'.';
+  if (!last.contains(EitherLanguage(u"Premere Esc "_qs, u"Press Esc "_qs))) last += u' ' + GiveUpHint();
+  activateWindow();
+  TheDialogs().Message(this, refusals.join(u"\r\n"_qs), BoxStyle::Stop);
+}
+
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (busy_ || !grdProducts->LeaveRow()) {
+  if (busy_ || !MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "grid/RecordsetModel.h"
@@ -88,6 +89,9 @@ class frmEditCatalog : public QMainWindow {
   QString LayoutFile() const;
   void GoToProduct(const QString& code, const QString& key);
   void ReleaseAll();
+  void Refuse(const QString& text);
+  bool MayClose();
+  void TellWhyOpen(QStringList refusals);
 
   QVariant PictureOf(int row, int column, int role) const;
   void PressHeader(const QString& key, Qt::MouseButton button, const QPoint& position);
@@ -121,7 +125,8 @@ class frmEditCatalog : public QMainWindow {
   ProductGridFields fields_;
   int IDCatalogo = 0;
   bool Caricamento = false;
-  bool busy_ = false;  // with what must not lose its connection, while events come through
+  std::optional<QStringList> refusals_;  // while the window is closing
+  bool busy_ = false;                    // with what must not lose its connection, while events come through
 };
 
 }  // namespace vorlina

@@ -40,8 +40,8 @@ void frmEditCatalog::ConnectGrid() {
   connect(&rows, &QAbstractItemModel::rowsRemoved, this, counts);
   connect(&rows, &QAbstractItemModel::modelReset, this, counts);
   connect(grdProducts, &DataGrid::SelectedRowsChanged, this, counts);
-  connect(grdProducts, &DataGrid::RowFailed, this,
-          [this](const QString& text) { TheDialogs().Message(this, text, BoxStyle::Stop); });
+  connect(grdProducts, &DataGrid::RowFailed, this, [this](const QString& text) { Refuse(text); });
+  connect(editing_.get(), &ProductEditing::Refused, this, [this](const QString& text) { Refuse(text); });
   // The grid is still leaving the row: where it stands is settled behind it. By then the window may be
   // closed.
   connect(
@@ -50,7 +50,7 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
     preview_->Hide();
     if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew)
-      Attempt([this] { editing_->OfferCode(); });
+      Attempt([this] { editing_->RefreshCode(); });
   });
   connect(grdProducts, &DataGrid::HeaderClicked, this, &frmEditCatalog::ToggleSort);
   connect(grdProducts, &DataGrid::HeaderPressed, this, &frmEditCatalog::PressHeader);

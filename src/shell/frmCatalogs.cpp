@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QListWidget>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QToolButton>
@@ -19,10 +20,27 @@
 #include "shell/CatalogCommands.h"
 #include "shell/WidgetRenameDelegate.h"
 #include "store/CatalogDatabase.h"
+#include "store/LockPatience.h"
+#include "store/RowErrors.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
 namespace {
+
+constexpr int RetryMilliseconds = 2000;
+
+QString NoNewReason(bool locked) {
+  if (locked)
+    return EitherLanguage(
+        u"Non è possibile creare un catalogo finché un altro programma tiene il database. Chiudere quel "
+        "programma."_qs,
+        u"No catalog can be made as long as another program holds the database. Close that program."_qs);
+  return EitherLanguage(
+      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
+      "rimettere il file Catalog.db al suo posto e avviarlo di nuovo."_qs,
+      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
+      "Catalog.db back in its place and start it again."_qs);
+}
 
 // Keeps the same room for each picture, also for one that is small or empty: rows are alike and names
 // aligned.
@@ -53,6 +71,10 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
   MakeToolbar();
   MakeMenus();
   ConnectControls();
+  retry_.setObjectName(u"retry"_qs);
+  retry_.setSingleShot(true);
+  retry_.setInterval(RetryMilliseconds);
+  connect(&retry_, &QTimer::timeout, this, &frmCatalogs::Retry);
 }
 
 frmCatalogs::~frmCatalogs() = default;
@@ -127,7 +149,7 @@ void frmCatalogs::ConnectControls() {
       rename_, &WidgetRenameDelegate::closeEditor, this,
       [this] {
         ApplyRename();
-        if (reloadWaits_) ListCatalog();
+        if (reloadWaits_) ListUnlessLocked();
       },
       Qt::QueuedConnection);
 }
@@ -141,14 +163,38 @@ void frmCatalogs::Attempt(const Handler& statement) {
   }
 }
 
-void frmCatalogs::LoadForm() {
-  Attempt([this] { OpenCatalogDatabase(cnnCatalog, AppFile(u"Catalog.db"_qs)); });
-  FirstRun();
-  Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
-  Attempt([this] {
+// The same with the database. Another program's lock would fail every one of them: it is waited for and told
+// once, and the rest is left to Retry.
+void frmCatalogs::AttemptOnDatabase(const Handler& statement) {
+  if (locked_) return;
+  Attempt([&] {
+    const LockPatience patience(retrying_ ? 0 : LockPatience::UsualMilliseconds);
+    try {
+      statement();
+    } catch (const LockedError&) {
+      locked_ = true;
+      retry_.start();
+      if (!retrying_) throw;
+    }
+  });
+}
+
+void frmCatalogs::OpenDatabase() {
+  AttemptOnDatabase([this] { OpenCatalogDatabase(cnnCatalog, AppFile(u"Catalog.db"_qs)); });
+  if (!locked_) FirstRun();
+}
+
+void frmCatalogs::OpenList() {
+  AttemptOnDatabase([this] {
     rsCataloghi.Close();
     rsCataloghi.Open(u"SELECT * FROM CATALOGHI"_qs, cnnCatalog, CursorType::Keyset, LockType::Optimistic);
   });
+}
+
+void frmCatalogs::LoadForm() {
+  OpenDatabase();
+  Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
+  OpenList();
   const PluginChoice plugins = ChosenPlugins();
   FillPlugins(plugins);
   Attempt([&] {
@@ -160,30 +206,30 @@ void frmCatalogs::LoadForm() {
     ui_->lstPlugIns->setCurrentItem(first);
   });
   Localize_Form();
-  if (!cnnCatalog.IsOpen()) DisableNew();
+  OfferNew();
 }
 
-// The wizard would ask for four pages of data that it cannot store.
-void frmCatalogs::DisableNew() {
-  handlers_.erase(u"cmdNew"_qs);
-  const QString reason = EitherLanguage(
-      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
-      u"rimettere il "
-      "file Catalog.db al suo posto e avviarlo di nuovo."_qs,
-      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
-      u"Catalog.db "
-      "back in its place and start it again."_qs);
-  toolbar_.front()->setEnabled(false);
-  toolbar_.front()->setToolTip(reason);
-  ui_->cmdNew->setEnabled(false);
-  ui_->cmdNew->setToolTip(reason);
+// Without a database the wizard would ask for four pages of data that it cannot store.
+void frmCatalogs::OfferNew() {
+  const bool open = cnnCatalog.IsOpen();
+  if (open)
+    handlers_[u"cmdNew"_qs] = [this] { NewCatalogWizard(); };
+  else
+    handlers_.erase(u"cmdNew"_qs);
+  const QString reason = open ? QString() : NoNewReason(locked_);
+  const Caption& usual = ToolbarCommands.front().toolTip;
+  const QString toolTip = Text(Language == u"English" ? usual.english : usual.italian);
+  toolbar_.front()->setEnabled(open && ui_->fmListCatalog->isVisibleTo(this));
+  toolbar_.front()->setToolTip(PlainToolTip(open ? toolTip : reason));
+  ui_->cmdNew->setEnabled(open);
+  ui_->cmdNew->setToolTip(PlainToolTip(reason));
   ui_->cmdNew->setAccessibleDescription(reason);
 }
 
 // At every start: the folder may have been copied or moved since, or laid out anew with settings that are
 // older.
 void frmCatalogs::FirstRun() {
-  Attempt([this] {
+  AttemptOnDatabase([this] {
     if (cnnCatalog.IsOpen()) FitPicturePaths(cnnCatalog);
   });
   const QString title = ApplicationTitle();
@@ -277,10 +323,37 @@ bool frmCatalogs::event(QEvent* event) {
     // or the box would come again without end.
     if (std::exchange(activationFailed_, false)) return result;
     activationFailed_ = true;
-    ListCatalog();
+    ListUnlessLocked();
     activationFailed_ = false;
   }
   return result;
+}
+
+// The list stays as it is under another program's lock, which coming back to the window does not wait for.
+void frmCatalogs::ListUnlessLocked() {
+  if (locked_) return;
+  try {
+    const LockPatience none(0);
+    ListCatalog();
+  } catch (const LockedError&) {
+    locked_ = true;
+    retry_.start();
+  }
+}
+
+// Reads what a lock has kept from being read, as soon as it has gone.
+void frmCatalogs::Retry() {
+  if (closed_) return;
+  if (IsBusy()) return retry_.start();
+  const QScopedValueRollback<bool> retrying(retrying_, true);
+  locked_ = false;
+  if (!cnnCatalog.IsOpen())
+    OpenDatabase();
+  else if (!rsCataloghi.IsOpen())
+    FirstRun();
+  if (!rsCataloghi.IsOpen()) OpenList();
+  AttemptOnDatabase([this] { ListCatalog(); });
+  OfferNew();
 }
 
 bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {

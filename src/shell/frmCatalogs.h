@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -76,10 +77,14 @@ class frmCatalogs : public QMainWindow {
   void ConnectControls();
   void Localize_Form();
   void Attempt(const Handler& statement);
+  void AttemptOnDatabase(const Handler& statement);
   void OpenDatabase();
+  void OpenList();
   void FirstRun();
+  void ListUnlessLocked();
+  void Retry();
   void FillPlugins(const PluginChoice& plugins);
-  void DisableNew();
+  void OfferNew();
 
   QListWidgetItem* SelectedCatalog() const;
   int SelectedCatalogId() const;
@@ -128,6 +133,9 @@ class frmCatalogs : public QMainWindow {
   // True after New, Delete and Clone; nothing reads it.
   bool blnListaModificata = false;
   bool activationFailed_ = false;
+  bool locked_ = false;  // another program's lock kept something from being read, which Retry reads
+  bool retrying_ = false;
+  QTimer retry_{this};
   bool closed_ = false;
   std::vector<int> arrIDCataloghi;
 };

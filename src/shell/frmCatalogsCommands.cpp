@@ -166,7 +166,7 @@ void frmCatalogs::EditCatalog(int id, const QString& caption) {
     window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, id);
     window->Plugins = plugins_;
     window->LoadForm();
-    window->setWindowTitle(caption);
+    window->setWindowTitle(PlainTitle(caption));
     connect(window.get(), &frmEditCatalog::Closed, this, &frmCatalogs::ComeToFront);
     window.release()->show();
   } catch (const std::exception& error) {

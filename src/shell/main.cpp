@@ -3,9 +3,11 @@
 #include "base/AppPath.h"
 #include "base/Language.h"
 #include "base/WidgetDialogs.h"
+#include "base/WidgetWaiting.h"
 #include "catalogs/RestoreSwap.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
+#include "store/LockPatience.h"
 #include "support/frmSplash.h"
 
 using namespace vorlina;
@@ -41,6 +43,7 @@ int main(int, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);
+  LockPatience::WhileWaiting = ShowWaiting;
 
   frmCatalogs catalogs;
   frmSplash splash;

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QUrl>
 #include <algorithm>
 #include <optional>
@@ -14,6 +15,7 @@
 #include "base/Language.h"
 #include "base/SafeFile.h"
 #include "store/Connection.h"
+#include "store/RowErrors.h"
 #include "store/Sqlite.h"
 
 namespace vorlina {
@@ -46,21 +48,55 @@ int StopAfterAWhile(void* timer) {
   return static_cast<QElapsedTimer*>(timer)->elapsed() > QuickCheckMilliseconds ? 1 : 0;
 }
 
-// Damage found within the time; none when the time is over.
-QString QuickDamage(Connection& connection) {
-  QElapsedTimer timer;
-  timer.start();
-  sqlite3* handle = connection.Database().getHandle();
-  sqlite3_progress_handler(handle, 10000, StopAfterAWhile, &timer);
-  QString damage;
-  try {
-    SQLite::Statement check = Prepare(connection.Database(), u"PRAGMA quick_check(1)"_qs);
-    if (check.executeStep()) damage = QString::fromUtf8(check.getColumn(0).getText());
-  } catch (const SQLite::Exception& failure) {
-    if (failure.getErrorCode() != SQLITE_INTERRUPT) damage = QString::fromUtf8(failure.what());
+// A check lists a page that the disk did not give among what is damaged; who restores a backup for it loses
+// work.
+void RequireReadable(const QString& finding) {
+  static const QRegularExpression unread(
+      u"failed to get page|(?:unable to get the page. error|btreeInitPage.. returns error) code[= ](\\d+)"_qs);
+  const QRegularExpressionMatch found = unread.match(finding);
+  constexpr int PrimaryCode = 0xFF;
+  if (!found.hasMatch() ||
+      (found.hasCaptured(1) && (found.capturedView(1).toInt() & PrimaryCode) != SQLITE_IOERR))
+    return;
+  WithStoreErrors([] { throw SQLite::Exception("disk I/O error", SQLITE_IOERR); });
+}
+
+// Stops what a connection does when the time is over, as long as it lives.
+class TimeLimit {
+ public:
+  explicit TimeLimit(sqlite3* connection) : connection_(connection) {
+    timer_.start();
+    sqlite3_progress_handler(connection_, 10000, StopAfterAWhile, &timer_);
   }
-  sqlite3_progress_handler(handle, 0, nullptr, nullptr);
-  return damage == u"ok" ? QString() : damage;
+  ~TimeLimit() { sqlite3_progress_handler(connection_, 0, nullptr, nullptr); }
+  TimeLimit(const TimeLimit&) = delete;
+  TimeLimit& operator=(const TimeLimit&) = delete;
+
+ private:
+  sqlite3* connection_;
+  QElapsedTimer timer_;
+};
+
+// What a quick check tells within the time; "ok" when the time is over. What fails otherwise than by damage
+// is thrown.
+QString QuickFinding(SQLite::Database& database) {
+  const TimeLimit limit(database.getHandle());
+  try {
+    SQLite::Statement check = Prepare(database, u"PRAGMA quick_check(1)"_qs);
+    return check.executeStep() ? QString::fromUtf8(check.getColumn(0).getText()) : u"ok"_qs;
+  } catch (const SQLite::Exception& failure) {
+    const int code = failure.getErrorCode();
+    if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB) return QString::fromUtf8(failure.what());
+    if (code == SQLITE_INTERRUPT) return u"ok"_qs;
+    throw;
+  }
+}
+
+// Damage found within the time. Throws Error where the file cannot be read.
+QString QuickDamage(Connection& connection) {
+  const QString finding = WithStoreErrors([&] { return QuickFinding(connection.Database()); });
+  RequireReadable(finding);
+  return finding == u"ok" ? QString() : finding;
 }
 
 struct Header {
@@ -99,7 +135,8 @@ void ExamineHeader(const Header& header, const QString& path, int schemaVersion)
 
 // Everything else that is asked before the first write.
 void Examine(Connection& connection, const QString& path, int schemaVersion) {
-  ExamineHeader(HeaderOf(connection.Database()), path, schemaVersion);
+  const Header header = WithStoreErrors([&] { return HeaderOf(connection.Database()); });
+  ExamineHeader(header, path, schemaVersion);
   if (const QString damage = QuickDamage(connection); !damage.isEmpty())
     Refuse(path, u"è danneggiato. Ripristinare una copia di sicurezza. ("_qs + damage + u')',
            u"it is damaged. Restore a backup. ("_qs + damage + u')');
@@ -140,6 +177,8 @@ void Migrate(Connection& connection, const QString& path, const std::vector<Migr
   try {
     BackupDatabase(connection, CopyName(path, version));
     RunMigrations(connection, migrations, version, schemaVersion);
+  } catch (const LockedError&) {
+    throw;
   } catch (const Error& error) {
     Refuse(path, u"non è stato possibile aggiornarlo, ed è rimasto com'era. "_qs + error.Description(),
            u"it could not be updated, and is as it was. "_qs + error.Description());
@@ -166,15 +205,19 @@ void OpenCatalogDatabase(Connection& connection, const QString& path) {
 
 void OpenCatalogDatabase(Connection& connection, const QString& path,
                          const std::vector<Migration>& migrations, int schemaVersion) {
+  const LockPatience patience;
+  const QString name = QDir::toNativeSeparators(path);
   try {
     OpenExamined(connection, path, schemaVersion);
     Migrate(connection, path, migrations, schemaVersion);
     // A file that somebody set to another mode; a no-op otherwise.
     if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete")
       Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
+  } catch (const LockedError& error) {
+    connection.Close();
+    throw LockedError(name + u": "_qs + error.Description());
   } catch (const Error& error) {
     connection.Close();
-    const QString name = QDir::toNativeSeparators(path);
     if (error.Description().contains(name)) throw;
     throw Error(name + u": "_qs + error.Description());
   }
@@ -224,6 +267,7 @@ bool IsDatabaseWritable(Connection& connection) {
 QStringList CheckDatabase(Connection& connection) {
   QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
   findings.removeAll(u"ok"_qs);
+  for (const QString& finding : findings) RequireReadable(finding);
   Rows orphans(connection, u"PRAGMA foreign_key_check"_qs);
   while (orphans.Next())
     findings +=

@@ -23,8 +23,8 @@ struct Migration {
 std::vector<Migration> KnownMigrations();
 
 // Opens the database after a look at it: a file that is missing, empty, foreign, newer, damaged or locked is
-// refused with an Error that says what to do, before anything is written. An older one is migrated: first a
-// verified copy beside it
+// refused with an Error that says what to do, before anything is written; a disk that fails is not told as
+// damage, and a lock is a LockedError. An older one is migrated: first a verified copy beside it
 // ("Catalog-v1-backup.db"), then all scripts in one transaction.
 void OpenCatalogDatabase(Connection& connection, const QString& path);
 void OpenCatalogDatabase(Connection& connection, const QString& path,
@@ -40,7 +40,8 @@ bool IsDatabaseLocked(const QString& path);
 // Whether the database can be written: neither its file nor its folder is read-only.
 bool IsDatabaseWritable(Connection& connection);
 
-// What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole.
+// What is wrong inside the database: damage and rows that refer to nothing. Empty when it is whole. Throws
+// Error where it cannot be read.
 QStringList CheckDatabase(Connection& connection);
 
 }  // namespace vorlina

@@ -8,14 +8,13 @@
 
 #include "base/Error.h"
 #include "base/Language.h"
+#include "store/LockPatience.h"
 #include "store/Sqlite.h"
 
 namespace vorlina {
 namespace {
 
 const char16_t DataSourceKey[] = u"Data Source=";
-
-constexpr int BusyMilliseconds = 5000;
 
 QString SourceOf(const QString& text) {
   const QString key = QString::fromUtf16(DataSourceKey);
@@ -29,6 +28,7 @@ QString SourceOf(const QString& text) {
 // column is an error instead of a text.
 void Configure(SQLite::Database& database) {
   sqlite3* handle = database.getHandle();
+  LockPatience::Rule(handle);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -58,7 +58,7 @@ void Connection::Open(const QString& connectionText) {
 }
 
 void Connection::OpenFile(const QString& path) {
-  if (!hold_.Share(QFileInfo(path).absolutePath(), BusyMilliseconds))
+  if (!hold_.Share(QFileInfo(path).absolutePath(), LockPatience::UsualMilliseconds))
     throw Error(
         EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
                        u"The catalogs are being restored. Wait until that has finished and try again."_qs));
@@ -69,8 +69,8 @@ void Connection::OpenFile(const QString& path) {
             u"The database %1 does not exist. Restore a backup or install the program again."_qs)
             .arg(QDir::toNativeSeparators(path)));
   database_ = WithStoreErrors([&] {
-    auto database = std::make_unique<SQLite::Database>(
-        path.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, BusyMilliseconds);
+    auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(),
+                                                       SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     Configure(*database);
     return database;
   });

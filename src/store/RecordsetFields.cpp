@@ -2,8 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <cmath>
+
 #include "base/Error.h"
 #include "base/Language.h"
+#include "store/RowErrors.h"
 #include "store/Sqlite.h"
 
 namespace vorlina {
@@ -59,9 +62,9 @@ QVariant RecordsetFields::Fitted(int index, const QVariant& value) const {
   const qlonglong integer = text.toLongLong(&isNumber);
   if (isNumber) return integer;
   const double number = text.toDouble(&isNumber);
-  if (isNumber) return number;
-  throw Error(EitherLanguage(u"\"%1\" non è un numero adatto a %2"_qs, u"\"%1\" is no number fit for %2"_qs)
-                  .arg(value.toString(), field.name));
+  // "inf" and "nan" are numbers to the conversion.
+  if (isNumber && std::isfinite(number)) return number;
+  throw NoNumberError(value.toString(), field.name);
 }
 
 QString RecordsetFields::Table() const {

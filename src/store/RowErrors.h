@@ -1,4 +1,4 @@
-// Failed writes of a row that a window tells apart, to say them in its own words.
+// Failures of the database that a window tells apart, to say them in its own words or to try again.
 #pragma once
 
 #include <QStringList>
@@ -7,6 +7,29 @@
 #include "base/Language.h"
 
 namespace vorlina {
+
+// Another program holds the database.
+class LockedError : public Error {
+ public:
+  using Error::Error;
+};
+
+// A text in a column of numbers.
+class NoNumberError : public Error {
+ public:
+  NoNumberError(const QString& value, const QString& column) : Error(TextFor(value, column)), value_(value) {}
+
+  // With the column by the name that the user knows.
+  Error In(const QString& column) const { return Error(TextFor(value_, column)); }
+
+ private:
+  static QString TextFor(const QString& value, const QString& column) {
+    return EitherLanguage(u"\"%1\" non è un numero adatto a %2"_qs, u"\"%1\" is no number fit for %2"_qs)
+        .arg(value, column);
+  }
+
+  QString value_;
+};
 
 // Another row has these values already.
 class DuplicateError : public Error {

@@ -67,8 +67,12 @@ QString FailureText(const SQLite::Exception& failure) {
                             u"The database is damaged. Restore a backup."_qs);
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
-      return EitherLanguage(u"Il file del database non può essere letto o scritto (%1)."_qs,
-                            u"The database file cannot be read or written (%1)."_qs)
+      return EitherLanguage(
+                 u"Il file del database non può essere letto o scritto (%1). Controllare il disco, o il "
+                 "collegamento con esso, e riprovare: i dati possono essere integri."_qs,
+                 u"The database file cannot be read or written (%1). Check the disk, or the connection to "
+                 u"it, "
+                 "and try again: the data may well be whole."_qs)
           .arg(QString::fromUtf8(failure.what()));
     case SQLITE_CONSTRAINT:
       return ConstraintText(failure);
@@ -83,6 +87,8 @@ QString FailureText(const SQLite::Exception& failure) {
 
 void ThrowStoreError(const SQLite::Exception& failure) {
   if (IsDuplicate(failure)) throw DuplicateError(FailureText(failure), ColumnsIn(failure).split(u", "_qs));
+  const int code = failure.getErrorCode();
+  if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw LockedError(FailureText(failure));
   throw Error(FailureText(failure));
 }
 

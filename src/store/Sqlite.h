@@ -9,6 +9,8 @@
 #include <QVariant>
 #include <QVariantList>
 
+#include "store/LockPatience.h"
+
 namespace vorlina {
 
 Q_DECLARE_LOGGING_CATEGORY(StoreLog)
@@ -19,6 +21,7 @@ Q_DECLARE_LOGGING_CATEGORY(StoreLog)
 // Runs a step on SQLite and turns its failure into an Error.
 template <class Step>
 auto WithStoreErrors(Step&& step) {
+  const LockPatience patience;
   try {
     return step();
   } catch (const SQLite::Exception& failure) {

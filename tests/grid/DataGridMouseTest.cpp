@@ -237,7 +237,7 @@ TEST_F(ShownGrid, SelectedRowsAreDragged) {
   Release(PointOf(3, u"Note"_qs));
   EXPECT_EQ(failures_.size(), 1);
   EXPECT_EQ(told, QStringList());
-  EXPECT_EQ(Where(), u"1 Note"_qs);
+  EXPECT_EQ(Where(), u"1 Name"_qs);
 }
 
 TEST_F(ShownGrid, TakesFilesOnRows) {

@@ -159,11 +159,13 @@ TEST_F(ShownGrid, AFailedWriteKeepsTheRow) {
       if (!open) Key(Qt::Key_Return);
       way.leave();
       QCoreApplication::processEvents();
-      EXPECT_EQ(failures_,
-                QStringList{u"There is already a row with Name \"Ada\". Choose another value."_qs});
+      EXPECT_EQ(
+          failures_,
+          QStringList{u"There is already a row with Name \"Ada\". Choose another value. Press Esc to give up "
+                      "the change."_qs});
       failures_.clear();
       EXPECT_EQ(Row().EditRow(), 0);
-      EXPECT_EQ(grid_->CurrentRow(), 0);
+      EXPECT_EQ(Where(), u"0 Name"_qs) << "where it can be mended";
       EXPECT_FALSE(other_->hasFocus());
       Key(Qt::Key_Escape);
       EXPECT_EQ(Row().EditRow(), -1);

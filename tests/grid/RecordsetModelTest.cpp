@@ -1,10 +1,9 @@
 #include "grid/RecordsetModel.h"
 
-#include <sqlite3.h>
-
 #include <QAbstractItemModelTester>
 
 #include "base/Helpers.h"
+#include "store/LockPatience.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
 
@@ -45,7 +44,7 @@ class RecordsetModelTest : public StoreFixture {
     columns[Public] = {.key = u"Pubblica"_qs, .kind = ColumnKind::Boolean};
     columns[Catalog] = {
         .key = u"_IDCatalogo"_qs, .kind = ColumnKind::Number, .visible = false, .defaultValue = catalog_};
-    columns[Order] = {.key = u"Ordine"_qs, .kind = ColumnKind::Number};
+    columns[Order] = {.key = u"Ordine"_qs, .caption = u"<b>Order"_qs, .kind = ColumnKind::Number};
     columns[Picture] = {.key = u"Immagine"_qs, .bound = false};
     return columns;
   }
@@ -169,7 +168,10 @@ TEST_F(RecordsetModelTest, WritesARowWhenItIsLeftAndUndoesItBefore) {
   EXPECT_EQ(Stored(u"typeof(Descrizione)"_qs, u"A"_qs), u"text"_qs) << "emptied is not Null";
 
   EXPECT_FALSE(model_.setData(At(0, Order), u"many"_qs));
-  EXPECT_EQ(failures_, QStringList{u"\"many\" is no number fit for Ordine"_qs});
+  EXPECT_EQ(failures_,
+            QStringList{u"\"many\" is no number fit for <b>Order. Press Esc to give up the change."_qs})
+      << "the column as the user knows it";
+  EXPECT_EQ(model_.headerData(Order, Qt::Horizontal, Qt::ToolTipRole), u"<qt>&lt;b&gt;Order</qt>"_qs);
   EXPECT_EQ(model_.EditRow(), -1);
 }
 
@@ -225,7 +227,11 @@ TEST_F(RecordsetModelTest, AddsRowsAtTheBottom) {
   // The code is taken, and then what belongs to the row fails: the row stays in edit, nothing is written.
   model_.setData(At(4, Code), u"7"_qs);
   EXPECT_FALSE(model_.Submit());
-  EXPECT_EQ(failures_, QStringList{u"There is already a row with Code \"7\". Choose another value."_qs});
+  EXPECT_EQ(
+      failures_,
+      QStringList{
+          u"There is already a row with Code \"7\". Choose another value. Press Esc to give up the change."_qs});
+  EXPECT_EQ(model_.RefusedColumn(), Code);
   model_.OnRowWriting = [](int, qint64, bool) { throw std::runtime_error("disk"); };
   model_.setData(At(4, Code), u"8"_qs);
   EXPECT_FALSE(model_.Submit());
@@ -322,8 +328,13 @@ TEST_F(RecordsetModelTest, DeletesASelectionWholeOrNotAtAll) {
 
 TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
   Codes();
-  sqlite3_busy_timeout(connection_.Database().getHandle(), 50);
   second_.Execute(u"BEGIN EXCLUSIVE"_qs);
+  int waits = 0;
+  LockPatience::WhileWaiting = [&](bool) { ++waits; };
+  model_.Refresh();
+  LockPatience::WhileWaiting = nullptr;
+  EXPECT_EQ(waits, 0) << "who only looks does not wait";
+  const LockPatience none(0);
   EXPECT_FALSE(model_.Reload());
   model_.SortBy(Code, SortDirection::Ascending);
   EXPECT_EQ(Codes(), u"C A B"_qs) << "what was read is shown on";
@@ -345,10 +356,15 @@ TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
   model_.Reload();
   second_.Execute(u"BEGIN EXCLUSIVE"_qs);
   EXPECT_EQ(At(303, Code).data(), u"#Unreadable"_qs);
+  failures_.clear();
   EXPECT_FALSE(model_.setData(At(303, Text), u"mine"_qs));
-  second_.Execute(u"ROLLBACK"_qs);
+  EXPECT_EQ(failures_.size(), 1) << "told, and once";
   model_.Refresh();
-  EXPECT_EQ(At(303, Code).data(), u"n300"_qs);
+  EXPECT_EQ(At(0, Code).data(), u"C"_qs) << "what was read is kept while nothing can be read";
+  second_.Execute(u"ROLLBACK"_qs);
+  EXPECT_TRUE(model_.setData(At(303, Text), u"mine"_qs));
+  model_.Refresh();
+  EXPECT_EQ(At(304, Code).data(), u"n301"_qs);
 }
 
 // Nothing keeps a user from giving a value the name of another column.

@@ -7,6 +7,18 @@ namespace {
 
 class GridEditing : public GridWindow {};
 
+// Boxes that take the focus, as real ones do.
+class FocusTakingDialogs : public ScriptedDialogs {
+ protected:
+  void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override {
+    QWidget box(owner, Qt::Dialog);
+    box.show();
+    box.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    ScriptedDialogs::ShowMessage(owner, text, style, title);
+  }
+};
+
 }  // namespace
 
 TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
@@ -71,11 +83,15 @@ TEST_F(GridEditing, RefusesValuesInOrderAndKeepsTheCell) {
   };
   AddProducts({u"a"_qs, u"b"_qs});
   Name(u"NomeValore1"_qs, u"V"_qs);
+  Name(u"NomeFiltro1"_qs, u"Colour"_qs);
   Open();
-  for (const Case& c :
-       {Case{Code, {}, {empty}}, Case{Code, u"x|y"_qs, {invalid, bar}}, Case{Code, u"x/y"_qs, {invalid}},
-        Case{Code, uR"(x\y)"_qs, {invalid}}, Case{Code, u"x\"y"_qs, {invalid}},
-        Case{Description, u"1|2"_qs, {bar}}, Case{u"V"_qs, u"|"_qs, {bar}}}) {
+  for (const Case& c : {Case{Code, {}, {empty}}, Case{Code, u"x|y"_qs, {invalid, bar}},
+                        Case{Code, u"x/y"_qs, {invalid}}, Case{Code, uR"(x\y)"_qs, {invalid}},
+                        Case{Code, u"x\"y"_qs, {invalid}}, Case{Description, u"1|2"_qs, {bar}},
+                        Case{u"V"_qs, u"|"_qs, {bar}}, Case{u"Colour"_qs, u"|"_qs, {bar}},
+                        Case{u"Ordine"_qs,
+                             u"inf"_qs,
+                             {u"\"inf\" is no number fit for Order. Press Esc to give up the change."_qs}}}) {
     for (const QString& message : c.messages) dialogs_.ExpectMessage(message, BoxStyle::Stop);
     Type(0, c.key, c.typed);
     EXPECT_EQ(dialogs_.Left(), 0) << c.typed;
@@ -131,21 +147,49 @@ TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
 }
 
 TEST_F(GridEditing, ADuplicateCodeStaysInEditUntilEscape) {
+  const QString told =
+      u"There is already a row with Code \"B\". Choose another value. Press Esc to give up the change."_qs;
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
   for (const int row : {0, AddNewRow()}) {
-    Type(row, Code, u"B"_qs);
-    dialogs_.ExpectMessage(u"There is already a row with Code \"B\". Choose another value."_qs,
-                           BoxStyle::Stop);
-    Key(row == 0 ? Qt::Key_Down : Qt::Key_Up);
+    Type(row, Code, u"B "_qs);
+    Type(row, Description, u"x"_qs);
+    for (const bool closes : {false, true}) {
+      dialogs_.ExpectMessage(told, BoxStyle::Stop);
+      if (closes)
+        EXPECT_FALSE(Close());
+      else
+        Key(row == 0 ? Qt::Key_Down : Qt::Key_Up);
+      EXPECT_EQ(dialogs_.Left(), 0);
+    }
     EXPECT_EQ(Rows().EditRow(), row);
     EXPECT_EQ(grid_->CurrentRow(), row);
+    EXPECT_EQ(grid_->CurrentKey(), Code) << "where it can be mended";
     EXPECT_EQ(Shown(row, Code), u"B"_qs);
     EXPECT_EQ(Orders(), u"a1 b2"_qs);
     Key(Qt::Key_Escape);
     EXPECT_EQ(Rows().EditRow(), -1);
   }
   EXPECT_EQ(Codes(), u"a b"_qs);
+}
+
+// Also where the user has been told already and works in another window by now.
+TEST_F(GridEditing, ARefusedCellKeepsTheWindowAndSaysSo) {
+  AddProducts({u"a"_qs});
+  Open();
+  FocusTakingDialogs dialogs;
+  dialogs.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
+  Type(0, Description, u"1|2"_qs);
+  for (const bool elsewhere : {false, true}) {
+    if (elsewhere) dialogs.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
+    if (elsewhere) Open();
+    dialogs.ExpectMessage(u"| is an invalid character. Press Esc to give up the change."_qs, BoxStyle::Stop);
+    EXPECT_FALSE(windows_[0]->close());
+    EXPECT_EQ(dialogs.Left(), 0) << elsewhere;
+  }
+  Activate(0);
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(Close());
 }
 
 TEST_F(GridEditing, DeletesWhatIsSelectedAfterOneQuestion) {

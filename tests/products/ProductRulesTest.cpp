@@ -8,6 +8,7 @@
 #include "images/ImagePipeline.h"
 #include "products/CellRules.h"
 #include "products/CodeChange.h"
+#include "products/FilterValues.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
 
@@ -26,6 +27,8 @@ TEST(CellRules, RefuseInTheirOrder) {
   };
   const Case cases[] = {{u"Codice"_qs, QString(), false, {empty}, QString()},
                         {u"Codice"_qs, NullValue(), false, {empty}, NullValue()},
+                        {u"Codice"_qs, u" a b \n"_qs, false, {}, u"a b"_qs},
+                        {u"Codice"_qs, u"  "_qs, false, {empty}, QString()},
                         {u"Codice"_qs, u"a/b"_qs, false, {fileName}, u"a/b"_qs},
                         {u"codice"_qs, u"a|b"_qs, false, {fileName, bar}, u"a|b"_qs},
                         {u"Codice"_qs, u"O'Neil 50% 🚪"_qs, false, {}, u"O'Neil 50% 🚪"_qs},
@@ -137,4 +140,12 @@ TEST_F(CodeChangeTest, TwoProductsChangePlaces) {
   Change(u"È 1"_qs, false, u"between"_qs);
   EXPECT_EQ(ContentOf(MainImagePath(109, u"È 1"_qs)), first);
   EXPECT_EQ(ContentOf(MainImagePath(109, u"È 0"_qs)), second);
+}
+
+TEST_F(CodeChangeTest, AFilterTakesNoValueThatACellRefuses) {
+  SetLanguage(u"English"_qs);
+  AddFilterValue(109, 1, u" dell'Elba "_qs, connection_);
+  EXPECT_EQ(FailureOf([&] { AddFilterValue(109, 1, u"a|b"_qs, connection_); }),
+            u"| is an invalid character"_qs);
+  EXPECT_EQ(One(u"group_concat(Valore)"_qs, u"Filtri"_qs), u"dell'Elba"_qs);
 }

@@ -17,7 +17,9 @@
 #include "base/Settings.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
+#include "store/LockPatience.h"
 #include "support/ScriptedDialogs.h"
+#include "support/StoreFixture.h"
 #include "support/frmSplash.h"
 
 using namespace vorlina;
@@ -102,6 +104,45 @@ TEST(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
     QFile file(path);
     EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), c.content) << c.what;
   }
+}
+
+// One box, and the list comes as soon as the other program lets go.
+TEST(Start, ALockIsToldOnceAndWaitedFor) {
+  SetLanguage(u"English"_qs);
+  SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, QString());
+  const QTemporaryDir folder;
+  SetAppPath(folder.path());
+  MakeDatabase(AppFile(u"Catalog.db"_qs));
+  Connection other;
+  other.Open(ConnectionTextFor(AppFile(u"Catalog.db"_qs)));
+  other.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('one')"_qs);
+  other.Execute(u"BEGIN EXCLUSIVE"_qs);
+  RecordingDialogs dialogs;
+  frmCatalogs window;
+  {
+    const LockPatience none(0);
+    window.LoadForm();
+  }
+  QEvent activate(QEvent::WindowActivate);
+  EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
+  EXPECT_EQ(dialogs.shown.filter(u"in use by another program"_qs).size(), 1);
+  EXPECT_EQ(dialogs.shown.filter(u"database"_qs).size(), 1) << dialogs.shown.join(u'\n').toStdString();
+  auto* retry = window.findChild<QTimer*>(u"retry"_qs);
+  auto* list = window.findChild<QListWidget*>(u"LstWCatalogs"_qs);
+  retry->setInterval(0);
+  retry->start();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(list->count(), 0);
+  auto* create = window.findChild<QPushButton*>(u"cmdNew"_qs);
+  EXPECT_TRUE(create->toolTip().contains(u"another program")) << "it would have nowhere to store";
+  other.RollbackTrans();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 1; }));
+  EXPECT_TRUE(create->isEnabled() && create->toolTip().isEmpty());
+  // While the list is up a lock leaves it as it is.
+  other.Execute(u"BEGIN EXCLUSIVE"_qs);
+  EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
+  EXPECT_EQ(list->count(), 1);
+  EXPECT_EQ(dialogs.shown.filter(u"database"_qs).size(), 1);
 }
 
 // The box that tells of a failed reload gives the activation back to the window, which must not bring the box

@@ -10,6 +10,7 @@
 #include "base/Helpers.h"
 #include "base/SafeFile.h"
 #include "store/CatalogDatabase.h"
+#include "store/RowErrors.h"
 #include "store/SampleData.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
@@ -156,9 +157,36 @@ TEST_F(DatabaseTest, AfterATransactionWasGivenUpNothingIsSavedAlone) {
 
 TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
   connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
+  const LockPatience none(0);
+  Connection other;
+  EXPECT_THROW(OpenCatalogDatabase(other, Path()), LockedError);
   EXPECT_TRUE(Refusal(Path()).contains(u"in use by another program"));
   connection_.RollbackTrans();
   EXPECT_EQ(Refusal(Path()), QString());
+}
+
+TEST_F(DatabaseTest, StatementsTogetherWaitOnceForAnotherProgram) {
+  Connection other;
+  other.Open(ConnectionTextFor(Path()));
+  other.Execute(u"BEGIN EXCLUSIVE"_qs);
+  int shown = 0;
+  int ends = 0;
+  LockPatience::WhileWaiting = [&](bool waits) { ++(waits ? shown : ends); };
+  {
+    const LockPatience patience(120);
+    EXPECT_THROW(AddCatalog(u"first"_qs), LockedError);
+    EXPECT_GT(shown, 0);
+    shown = 0;
+    EXPECT_THROW(AddCatalog(u"second"_qs), LockedError);
+    EXPECT_EQ(shown, 0) << "the time is used up";
+  }
+  EXPECT_EQ(ends, 1);
+  LockPatience::WhileWaiting = [&](bool waits) {
+    if (waits && other.InTransaction()) other.Execute(u"ROLLBACK"_qs);
+  };
+  AddCatalog(u"waited for"_qs);
+  LockPatience::WhileWaiting = nullptr;
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
 }
 
 TEST_F(DatabaseTest, AWriteThatCannotBeDoneIsToldAndChangesNothing) {
@@ -268,9 +296,11 @@ TEST_F(DatabaseTest, CodesCompareWithoutRegardToCaseInEveryScript) {
 
 TEST_F(DatabaseTest, EveryConnectionHasTheSafeSettings) {
   connection_.Open(connection_.ConnectionText());
-  const std::pair<QString, int> settings[] = {{u"synchronous"_qs, 3},     {u"foreign_keys"_qs, 1},
-                                              {u"busy_timeout"_qs, 5000}, {u"trusted_schema"_qs, 0},
-                                              {u"mmap_size"_qs, 0},       {u"cell_size_check"_qs, 1}};
+  const std::pair<QString, int> settings[] = {{u"synchronous"_qs, 3},
+                                              {u"foreign_keys"_qs, 1},
+                                              {u"trusted_schema"_qs, 0},
+                                              {u"mmap_size"_qs, 0},
+                                              {u"cell_size_check"_qs, 1}};
   for (const auto& [name, value] : settings) {
     Rows rows(connection_, u"PRAGMA "_qs + name);
     ASSERT_TRUE(rows.Next());

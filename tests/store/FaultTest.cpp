@@ -1,5 +1,5 @@
 // Every write of a representative change, and of a migration, fails once: afterwards the database holds all
-// of it or nothing.
+// of it or nothing. A read that fails is told as what it is.
 #include <QLoggingCategory>
 
 #include "base/Error.h"
@@ -114,4 +114,28 @@ TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
          {3, u"UPDATE Prodotti SET Descrizione='z'; CREATE INDEX i ON Prodotti (Descrizione)"_qs}},
         3);
   });
+}
+
+// Who restores a backup because of a loose cable loses work.
+TEST_F(FaultTest, AReadThatFailsIsNotToldAsDamage) {
+  const FaultVfs vfs;
+  for (const bool lasting : {false, true}) {
+    for (int n = 1; n < MostCalls; ++n) {
+      QString told;
+      FaultVfs::ArmReads(n, lasting);
+      try {
+        Connection reader;
+        OpenCatalogDatabase(reader, Path());
+        CheckDatabase(reader);
+      } catch (const Error& error) {
+        told = error.Description();
+      }
+      FaultVfs::Disarm();
+      if (!FaultVfs::HasFailed()) {
+        EXPECT_GT(n, 20);
+        break;
+      }
+      EXPECT_TRUE(told.isEmpty() || told.contains(u"cannot be read or written")) << n << ' ' << told;
+    }
+  }
 }

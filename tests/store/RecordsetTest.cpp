@@ -273,13 +273,16 @@ TEST_F(RecordsetTest, ANumberOfARolledBackRowIsNotGivenToAnotherProgram) {
 TEST_F(RecordsetTest, AColumnOfNumbersTakesNumbersAlone) {
   Recordset products = OpenProducts();
   for (const auto& [field, value] :
-       {std::pair(u"Ordine"_qs, u"first"_qs), std::pair(u"Pubblica"_qs, u""_qs)}) {
+       {std::pair(u"Ordine"_qs, u"first"_qs), std::pair(u"Pubblica"_qs, u""_qs),
+        std::pair(u"Ordine"_qs, u"-inf"_qs), std::pair(u"Ordine"_qs, u"nan"_qs),
+        std::pair(u"Ordine"_qs, u"0x1p3"_qs), std::pair(u"Ordine"_qs, u"1e999"_qs)}) {
     EXPECT_THROW(
         {
           products.SetValue(field, value);
           products.Update();
         },
-        Error);
+        Error)
+        << value;
     products.CancelUpdate();
   }
   products.SetValue(u"Ordine"_qs, u" 12 "_qs);

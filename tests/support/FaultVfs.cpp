@@ -10,14 +10,15 @@ namespace {
 
 struct State {
   bool armed = false;
+  bool reads = false;
   bool lasting = false;
   bool failed = false;
   int left = 0;
   bool behindDeletion = false;
 } state;
 
-bool Fails() {
-  if (!state.armed) return false;
+bool Fails(bool reads = false) {
+  if (!state.armed || state.reads != reads) return false;
   --state.left;
   const bool fails = state.left == 0 || (state.lasting && state.left < 0);
   state.failed = state.failed || fails;
@@ -46,6 +47,7 @@ const sqlite3_io_methods Methods = {
     1,
     [](sqlite3_file* f) { return Real(f)->pMethods->xClose(Real(f)); },
     [](sqlite3_file* f, void* bytes, int count, sqlite3_int64 at) {
+      if (Fails(true)) return SQLITE_IOERR_READ;
       return Real(f)->pMethods->xRead(Real(f), bytes, count, at);
     },
     Write,
@@ -106,7 +108,8 @@ FaultVfs::~FaultVfs() {
   Disarm();
 }
 
-void FaultVfs::Arm(int n, bool lasting) { state = {true, lasting, false, n, false}; }
+void FaultVfs::Arm(int n, bool lasting) { state = {true, false, lasting, false, n, false}; }
+void FaultVfs::ArmReads(int n, bool lasting) { state = {true, true, lasting, false, n, false}; }
 void FaultVfs::Disarm() { state.armed = false; }
 void FaultVfs::FailBehindDeletion() { state.behindDeletion = true; }
 bool FaultVfs::HasFailed() { return state.failed; }

@@ -1,5 +1,5 @@
-// A disk that fails: while it is armed, SQLite's writing calls are counted and one of them, or all from one
-// on, fail.
+// A disk that fails: while it is armed, SQLite's writing calls, or its reading ones, are counted and one of
+// them, or all from one on, fail.
 #pragma once
 
 namespace vorlina {
@@ -14,6 +14,7 @@ class FaultVfs {
 
   // Lets call number n fail, and with lasting every one behind it too, as on a full disk.
   static void Arm(int n, bool lasting);
+  static void ArmReads(int n, bool lasting);
   static void Disarm();
   // Lets the next deletion of a file be done and reported as failed, as when the last sync of a commit fails.
   static void FailBehindDeletion();
