@@ -14,6 +14,7 @@
 #include <QThread>
 #include <csignal>
 
+#include "CatalogLanguage.h"
 #include "PublishedNames.h"
 #include "TargetMemory.h"
 #include "publish/PluginConnection.h"
@@ -94,8 +95,7 @@ class SiteTest : public StoreFixture {
   }
   PublishResult Publish(Progress progress = Progress()) {
     PluginConnection connection(connection_);
-    return vlhtml::PublishSite(connection, 1, target_,
-                               QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin"), true, progress);
+    return vlhtml::PublishSite(connection, 1, target_, skin_, {true, true}, progress);
   }
   QByteArray Page(const QString& name) { return ContentOf(target_ + u'/' + name); }
   QString Failure() {
@@ -112,7 +112,23 @@ class SiteTest : public StoreFixture {
         .entryList({u".*vorlina*"_qs}, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
   }
 
+  // A copy of the standard skin takes its place, with one file more or changed.
+  void ChangeSkin(const QString& name, const QByteArray& content) {
+    if (skin_ == StandardSkin) {
+      skin_ = folder_.filePath(u"skin"_qs);
+      const QMap<QString, QByteArray> files = Files(StandardSkin);
+      QDir().mkpath(skin_ + u"/assets/fonts"_qs);
+      for (auto file = files.cbegin(); file != files.cend(); ++file)
+        QFile::copy(StandardSkin + u'/' + file.key(), skin_ + u'/' + file.key());
+    }
+    QFile file(skin_ + u'/' + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
   const QString target_;
+  const QString StandardSkin = QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin");
+  QString skin_ = StandardSkin;
 };
 
 }  // namespace
@@ -203,6 +219,38 @@ TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
   EXPECT_FALSE(Page(u"p-b-1.html"_qs).contains("p-a-1"));
 }
 
+TEST_F(SiteTest, AllOfASkinIsPublishedAndAgainWhenItChanged) {
+  for (const QString& name : {u"assets/logo.svg"_qs, u"assets/fonts/a.woff2"_qs, u"robots.txt"_qs}) {
+    ChangeSkin(name, "one");
+    Publish();
+    ChangeSkin(name, "two");
+    EXPECT_EQ(Publish().written, 1) << name;
+    EXPECT_EQ(Page(name), "two");
+  }
+  QFile::remove(skin_ + u"/assets/fonts/a.woff2"_qs);
+  Publish();
+  EXPECT_FALSE(QFileInfo::exists(target_ + u"/assets/fonts"_qs));
+  // A template's own pages, and no others.
+  ChangeSkin(u"home.mustache"_qs, "<p>home</p>");
+  EXPECT_EQ(Publish().written, 1);
+}
+
+TEST_F(SiteTest, WhatAPageShowsIsNeverStale) {
+  ChangeSkin(u"product.mustache"_qs, "{{#filters}}{{#values}}{{text}} {{count}};{{/values}}{{/filters}}");
+  Publish();
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Rosso 1;"));
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=1 WHERE CodiceProdotto='A-1'"_qs);
+  Publish();
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Rosso 2;"));
+}
+
+TEST_F(SiteTest, ControlCharactersAreLeftOut) {
+  connection_.Execute(
+      u"UPDATE Prodotti SET Descrizione='a'||char(1,27,127,133,65535)||'b' WHERE CodiceProdotto='B-1'"_qs);
+  Publish();
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("<h1>ab</h1>"));
+}
+
 TEST_F(SiteTest, FilesOfTheUserStayAndAreNotOverwritten) {
   QDir().mkpath(target_ + u"/images/own"_qs);
   for (const QString& name : {u"CNAME"_qs, u"images/own/photo.jpg"_qs, u"images/mine.jpg"_qs}) {
@@ -262,6 +310,15 @@ TEST_F(SiteTest, AMissingPictureIsToldAndThePageComesWithoutIt) {
   EXPECT_TRUE(result.warnings.join(u'|').contains(u"B-1") &&
               result.warnings.join(u'|').contains(u"logo.jpg"));
   EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Nessuna immagine"));
+}
+
+TEST_F(SiteTest, TheLanguageIsGuessedFromTheTexts) {
+  PluginConnection connection(connection_);
+  EXPECT_TRUE(vlhtml::LooksItalian(connection, 1, false));
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Bowl of the sea with a lid'"_qs);
+  EXPECT_FALSE(vlhtml::LooksItalian(connection, 1, true));
+  for (const bool otherwise : {false, true})
+    EXPECT_EQ(vlhtml::LooksItalian(connection, 2, otherwise), otherwise) << "there are no texts";
 }
 
 TEST_F(SiteTest, TheFolderIsRememberedForTheCatalog) {

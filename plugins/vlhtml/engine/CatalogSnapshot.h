@@ -49,7 +49,7 @@ struct CatalogSnapshot {
 
 // Reads a catalog. Throws std::runtime_error when there is none with this identifier, and what the connection
 // throws.
-CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo);
+CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, bool italian);
 
 // A stored name of a value or filter as it is shown.
 QString ShownName(const QString& stored);

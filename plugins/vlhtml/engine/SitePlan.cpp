@@ -44,11 +44,11 @@ QString PlannedList::PageFile(int page) const {
   return file + (page > 1 ? u'-' + QString::number(page) : QString()) + QStringLiteral(".html");
 }
 
-SitePlan::SitePlan(const CatalogSnapshot& snapshot, bool italian) : catalog(&snapshot) {
-  const QString missing = italian ? QStringLiteral("%1: il file %2 non esiste")
-                                  : QStringLiteral("%1: the file %2 does not exist");
+SitePlan::SitePlan(const CatalogSnapshot& snapshot, const Languages& languages) : catalog(&snapshot) {
+  const QString missing = languages.italian ? QStringLiteral("%1: il file %2 non esiste")
+                                            : QStringLiteral("%1: the file %2 does not exist");
   PublishedNames names;
-  all.title = italian ? QStringLiteral("Tutti i prodotti") : QStringLiteral("All products");
+  all.title = languages.siteItalian ? QStringLiteral("Tutti i prodotti") : QStringLiteral("All products");
   all.file = names.NameOf(QString(), QStringLiteral("products"));
   names.NameOf(QString(), QStringLiteral("index"));
   for (const FilterValue& value : snapshot.filterValues) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CatalogSnapshot.h"
+#include "Labels.h"
 
 namespace vlhtml {
 
@@ -53,7 +54,7 @@ struct SitePlan {
   QStringList warnings;              // what is left out, for the user
 
   // The snapshot must outlive the plan.
-  SitePlan(const CatalogSnapshot& snapshot, bool italian);
+  SitePlan(const CatalogSnapshot& snapshot, const Languages& languages);
 };
 
 }  // namespace vlhtml

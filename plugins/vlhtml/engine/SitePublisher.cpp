@@ -11,39 +11,39 @@
 namespace vlhtml {
 namespace {
 
-// A file of the site: a page that is rendered, or a copy.
+// A file of the site: a page that is rendered, or a copy of a source.
 struct Task {
-  enum class Kind { Home, List, Product, Copy } kind;
   QString file;
   QByteArray input;
-  const PlannedList* list = nullptr;
-  int number = 0;  // page of a list, position of a product
-  QString source;
+  Page page;
+  QString source;  // "" for a page
 };
 
 std::vector<Task> Tasks(const SitePlan& plan, const PageData& pages, const Skin& skin) {
   std::vector<Task> tasks;
-  tasks.push_back({Task::Kind::Home, QStringLiteral("index.html"), pages.HomeHash(), nullptr, 0, {}});
+  const auto addPage = [&](const QString& file, const Page& page) {
+    tasks.push_back({file, pages.InputOf(page), page, {}});
+  };
   const auto addList = [&](const PlannedList& list) {
-    for (int page = 1; page <= list.Pages(); ++page)
-      tasks.push_back({Task::Kind::List, list.PageFile(page), pages.ListHash(list, page), &list, page, {}});
+    const PageKind kind = list.filter > 0 ? PageKind::Filter : PageKind::Index;
+    for (int page = 1; page <= list.Pages(); ++page) addPage(list.PageFile(page), {kind, &list, page});
   };
   const auto addPicture = [&](const PlannedPicture& picture) {
-    tasks.push_back({Task::Kind::Copy, picture.file, picture.stamp, nullptr, 0, picture.source});
+    tasks.push_back({picture.file, picture.stamp, {}, picture.source});
     if (picture.smallFile != picture.file)
-      tasks.push_back(
-          {Task::Kind::Copy, picture.smallFile, picture.smallStamp, nullptr, 0, picture.smallSource});
+      tasks.push_back({picture.smallFile, picture.smallStamp, {}, picture.smallSource});
   };
+  addPage(QStringLiteral("index.html"), {PageKind::Home, nullptr, 0});
   addList(plan.all);
   for (const PlannedList& list : plan.filters) addList(list);
   for (std::size_t i = 0; i < plan.products.size(); ++i) {
     const PlannedProduct& product = plan.products[i];
-    tasks.push_back({Task::Kind::Product, product.file, pages.ProductHash(int(i)), nullptr, int(i), {}});
+    addPage(product.file, {PageKind::Product, nullptr, int(i)});
     for (const PlannedPicture& picture : product.pictures) addPicture(picture);
   }
   for (const PlannedPicture& picture : plan.logo) addPicture(picture);
-  for (const QString& file : skin.StaticFiles())
-    tasks.push_back({Task::Kind::Copy, file, skin.Hash(), nullptr, 0, skin.Folder() + u'/' + file});
+  for (const Skin::File& file : skin.StaticFiles())
+    tasks.push_back({file.name, file.hash, {}, skin.Folder() + u'/' + file.name});
   return tasks;
 }
 
@@ -87,20 +87,9 @@ class Builder {
   }
 
   ManifestEntry Make(const Task& task, Skin& skin) const {
-    const auto page = [&](const char* name, const Data& data) {
-      return staging_.Write(task.file, skin.Render(name, pages_.Site(), data), task.input);
-    };
-    switch (task.kind) {
-      case Task::Kind::Home:
-        return page("home", pages_.Home());
-      case Task::Kind::List:
-        return page(task.list->filter > 0 ? "filter" : "index", pages_.List(*task.list, task.number));
-      case Task::Kind::Product:
-        return page("product", pages_.OfProduct(task.number));
-      case Task::Kind::Copy:
-        break;
-    }
-    return staging_.Copy(task.file, task.source, task.input);
+    if (!task.source.isEmpty()) return staging_.Copy(task.file, task.source, task.input);
+    return staging_.Write(task.file, skin.Render(task.page.kind, pages_.Site(), pages_.ContentOf(task.page)),
+                          task.input);
   }
 
   const Staging& staging_;
@@ -118,17 +107,18 @@ class Builder {
 }  // namespace
 
 PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                          const QString& skinFolder, bool italian, IVorlinaProgress& progress) {
+                          const QString& skinFolder, const Languages& languages, IVorlinaProgress& progress) {
+  const bool italian = languages.italian;
   PublishResult result;
   const QString reading =
       italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog");
   const QString writing =
       italian ? QStringLiteral("Scrittura delle pagine") : QStringLiteral("Writing the pages");
   if (!progress.Report(0, 1, reading)) return result;
-  const CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo);
-  const SitePlan plan(catalog, italian);
+  const CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo, italian);
+  const SitePlan plan(catalog, languages);
   const Skin skin(skinFolder, italian);
-  const PageData pages(plan, skin.Hash(), italian);
+  const PageData pages(plan, skin, languages.siteItalian);
   const std::vector<Task> tasks = Tasks(plan, pages, skin);
 
   Staging staging(folder, italian);
@@ -137,7 +127,7 @@ PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const 
   QStringList files;
   for (const Task& task : tasks) {
     files += task.file;
-    result.pages += task.kind == Task::Kind::Copy ? 0 : 1;
+    result.pages += task.source.isEmpty() ? 1 : 0;
     if (staging.IsCurrent(task.file, task.input))
       manifest.entries.insert(task.file, staging.Former().entries[task.file]);
     else

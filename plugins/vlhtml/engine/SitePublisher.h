@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "Labels.h"
+
 namespace vlhtml {
 
 struct PublishResult {
@@ -17,6 +19,6 @@ struct PublishResult {
 
 // skin is a skin folder. Throws an exception derived from std::exception, with the target as it was.
 PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                          const QString& skin, bool italian, IVorlinaProgress& progress);
+                          const QString& skin, const Languages& languages, IVorlinaProgress& progress);
 
 }  // namespace vlhtml

@@ -4,7 +4,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
+#include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 
 namespace vlhtml {
@@ -31,6 +34,15 @@ bool WriteWhole(const QString& path, const QByteArray& bytes) {
   std::error_code failure;
   fs::rename(Path(file.fileName()), Path(path), failure);
   return !failure;
+}
+
+// The folders that these files lie in, and those around them, as "" or "/images".
+QStringList FoldersOf(const QStringList& files) {
+  QSet<QString> folders = {QString(), QStringLiteral("/images")};
+  for (const QString& file : files)
+    for (qsizetype slash = file.indexOf(u'/'); slash > 0; slash = file.indexOf(u'/', slash + 1))
+      folders.insert(u'/' + file.left(slash));
+  return folders.values();
 }
 
 }  // namespace
@@ -73,11 +85,10 @@ void Staging::Begin(const QStringList& files) {
   if (QFileInfo(target_).exists() && !QFileInfo(target_).isDir())
     Fail(QStringLiteral("%1 non è una cartella"), QStringLiteral("%1 is no folder"), target_);
   begun_ = true;
-  for (const QString& folder : {staging_, QString(staging_ + QStringLiteral("/images")),
-                                QString(staging_ + QStringLiteral("/assets"))})
-    if (!QDir().mkpath(folder))
+  for (const QString& folder : FoldersOf(files))
+    if (!QDir().mkpath(staging_ + folder))
       Fail(QStringLiteral("Impossibile creare la cartella %1. Controllare i permessi."),
-           QStringLiteral("The folder %1 cannot be made. Check the permissions."), folder);
+           QStringLiteral("The folder %1 cannot be made. Check the permissions."), staging_ + folder);
 }
 
 ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArray& input) const {
@@ -125,13 +136,10 @@ void Staging::FinishSwap() {
   const Manifest former = Manifest::Read(target_);
   std::error_code failure;
   if (!QFileInfo::exists(target_)) {
-    QDir().rmdir(staging_ + QStringLiteral("/assets"));
     fs::rename(Path(staging_), Path(target_), failure);
     if (!failure) return;
   }
-  for (const QString& folder :
-       {target_, QString(target_ + QStringLiteral("/images")), QString(target_ + QStringLiteral("/assets"))})
-    QDir().mkpath(folder);
+  for (const QString& folder : FoldersOf(coming.entries.keys())) QDir().mkpath(target_ + folder);
   for (auto entry = coming.entries.cbegin(); entry != coming.entries.cend(); ++entry) {
     const QString staged = staging_ + u'/' + entry.key();
     failure.clear();
@@ -143,7 +151,10 @@ void Staging::FinishSwap() {
   }
   for (auto entry = former.entries.cbegin(); entry != former.entries.cend(); ++entry)
     if (!coming.entries.contains(entry.key())) QFile::remove(target_ + u'/' + entry.key());
-  QDir().rmdir(target_ + QStringLiteral("/assets"));
+  QStringList emptied = FoldersOf(former.entries.keys());
+  std::sort(emptied.begin(), emptied.end(), std::greater<>());
+  for (const QString& folder : emptied)
+    if (folder.size() > 1 && folder != u"/images") QDir().rmdir(target_ + folder);
   fs::rename(Path(staging_ + u'/' + Manifest::FileName()), Path(target_ + u'/' + Manifest::FileName()),
              failure);
   QDir(staging_).removeRecursively();

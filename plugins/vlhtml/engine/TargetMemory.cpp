@@ -4,34 +4,45 @@
 
 namespace vlhtml {
 namespace {
-const QString Name = QStringLiteral("VLHTML.HTML.Cartella");
-}
 
-QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo) {
+const QString TargetName = QStringLiteral("VLHTML.HTML.Cartella");
+
+}  // namespace
+
+QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name) {
   const auto rows = connection.Open(
       QStringLiteral("SELECT CExtension.Valore FROM CExtension JOIN Extensions USING (IDExtension) "
                      "WHERE ExtensionName=? AND IDCatalogo=?"),
-      {Name, IDCatalogo});
+      {name, IDCatalogo});
   return rows->Next() ? rows->Value(0).toString() : QString();
 }
 
-void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder) {
+void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
+                     const QString& value) {
   connection.BeginTrans();
   try {
     connection.Execute(
         QStringLiteral(
             "INSERT INTO Extensions (ExtensionName,C,P) VALUES (?,TRUE,FALSE) ON CONFLICT DO NOTHING"),
-        {Name});
+        {name});
     connection.Execute(
         QStringLiteral("INSERT INTO CExtension (IDCatalogo,IDExtension,Valore) "
                        "SELECT ?,IDExtension,? FROM Extensions WHERE ExtensionName=? "
                        "ON CONFLICT (IDCatalogo,IDExtension) DO UPDATE SET Valore=excluded.Valore"),
-        {IDCatalogo, folder, Name});
+        {IDCatalogo, value, name});
     connection.CommitTrans();
   } catch (...) {
     connection.RollbackTrans();
     throw;
   }
+}
+
+QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo) {
+  return KeptWithCatalog(connection, IDCatalogo, TargetName);
+}
+
+void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder) {
+  KeepWithCatalog(connection, IDCatalogo, TargetName, folder);
 }
 
 }  // namespace vlhtml
