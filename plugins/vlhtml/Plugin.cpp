@@ -139,7 +139,7 @@ QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
     RememberTarget(connection, IDCatalogo, folder);
     RememberLanguage(connection, IDCatalogo, language);
     if (!ShowResult(owner, result, folder, languages)) return {};
-    language = AskSiteLanguage(owner, italian_, languages.siteItalian);
+    language = AskSiteLanguage(owner, italian_, !languages.siteItalian);
   }
   return {};
 }
