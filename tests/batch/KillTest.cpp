@@ -14,7 +14,7 @@ namespace {
 
 constexpr int Kills = 40;
 
-// The list of a site holds times, so its content is never twice the same.
+// The list of a site says what its files were, whichever they are.
 std::map<QString, QByteArray> Site(const QString& folder) {
   auto files = FilesIn(folder);
   if (const auto list = files.find(u"vorlina-manifest.txt"_qs); list != files.end()) list->second = "list";

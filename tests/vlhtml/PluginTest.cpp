@@ -30,7 +30,8 @@ class PluginTest : public StoreFixture {
   std::pair<QString, QString> Publish(const QString& folder) {
     QString offered;
     QString told;
-    UnexpectedModalGuard::allowed = QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs};
+    UnexpectedModalGuard::allowed =
+        QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs, u"msgReplaceSite"_qs};
     QTimer worker;
     QObject::connect(&worker, &QTimer::timeout, &worker, [&] {
       QWidget* modal = QApplication::activeModalWidget();
@@ -66,6 +67,15 @@ TEST_F(PluginTest, AsksForAFolderPublishesAndRemembersIt) {
   EXPECT_EQ(offered, site_);
   EXPECT_EQ(told, u"Il sito è pronto: 3 pagine."_qs);
   EXPECT_FALSE(connection_.InTransaction());
+}
+
+TEST_F(PluginTest, AsksBeforeItReplacesAnotherCatalogsSite) {
+  Publish(site_);
+  connection_.Execute(u"UPDATE CExtension SET Valore='0'||Valore"_qs);
+  EXPECT_EQ(Publish(site_).second, u"The folder holds the site of another catalog (\"c\"). Replace it?"_qs);
+  SetLanguage(u"Italian"_qs);
+  EXPECT_EQ(Publish(site_).second,
+            u"La cartella contiene il sito di un altro catalogo (\"c\"). Sostituirlo?"_qs);
 }
 
 TEST_F(PluginTest, NamesItselfInBothLanguages) {

@@ -1,10 +1,10 @@
 #include "PageData.h"
 
 #include <QCryptographicHash>
-#include <QImageReader>
 #include <QUrl>
 #include <algorithm>
 
+#include "JpegHead.h"
 #include "Labels.h"
 
 namespace vlhtml {
@@ -94,12 +94,6 @@ void SetIf(Data& data, const char* key, const std::string& value) {
 }
 
 }  // namespace
-
-QSize JpegSize(const QString& path) {
-  QImageReader reader(path, "jpeg");
-  reader.setAutoDetectImageFormat(false);
-  return reader.size();
-}
 
 PageData::PageData(const SitePlan& plan, const QByteArray& skinHash, bool italian)
     : plan_(plan), catalog_(*plan.catalog), italian_(italian) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSize>
 
 #include "SitePlan.h"
 #include "Skin.h"
@@ -40,8 +39,5 @@ class PageData {
   std::vector<int> featured_;
   std::vector<QByteArray> cardHashes_;
 };
-
-// The size of a JPEG file in pixels, read from its head; empty when it has none.
-QSize JpegSize(const QString& path);
 
 }  // namespace vlhtml
