@@ -18,13 +18,15 @@ constexpr qint64 Samples(qint64 size, int number) { return (size - Sample) / 2 *
 std::uint64_t Fingerprint(std::string_view bytes) {
   constexpr std::uint64_t Factor = 0x9e3779b97f4a7c15;
   std::uint64_t sum = bytes.size() * Factor + 1;
-  for (std::uint64_t piece = 0; !bytes.empty(); piece = 0) {
-    const std::size_t length = std::min(bytes.size(), sizeof piece);
-    std::memcpy(&piece, bytes.data(), length);
-    bytes.remove_prefix(length);
+  const auto take = [&](std::size_t at, std::size_t length) {
+    std::uint64_t piece = 0;
+    std::memcpy(&piece, bytes.data() + at, length);
     sum = (sum ^ piece) * Factor;
     sum ^= sum >> 29;
-  }
+  };
+  std::size_t at = 0;
+  for (; at + sizeof sum <= bytes.size(); at += sizeof sum) take(at, sizeof sum);
+  take(at, bytes.size() - at);
   return sum;
 }
 

@@ -13,6 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const QString ProbeName = QStringLiteral("/.vorlina-probe");
+
 fs::path Path(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
 
 // The folder itself where the path is a link to it.
@@ -28,11 +30,12 @@ void Discard(const QString& staging) {
   QDir(staging).removeRecursively();
 }
 
-std::runtime_error Unwritten(const QFile& file, bool italian) {
-  if (file.error() == QFileDevice::ResourceError)
-    return CannotWrite(file.fileName(), std::make_error_code(std::errc::no_space_on_device), italian);
+// A disk that fills up takes a part of what is written, without an error.
+std::runtime_error Unwritten(const QFile& file, const QString& place, bool italian) {
+  if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError)
+    return CannotWrite(place, std::make_error_code(std::errc::no_space_on_device), italian);
   const QString reason = file.errorString();
-  return About(file.fileName(), italian, QStringLiteral("Impossibile scrivere %1: ") + reason,
+  return About(place, italian, QStringLiteral("Impossibile scrivere %1: ") + reason,
                QStringLiteral("%1 cannot be written: ") + reason);
 }
 
@@ -65,6 +68,7 @@ Staging::Staging(const QString& target, bool italian)
                 QStringLiteral("The folder %1 is being published into. Wait for the end and try again."));
   Recover(beside_);
   Recover(inside_);
+  QDir().rmdir(QString(target_ + ProbeName));
   former_ = Manifest::OfFolder(target_);
 }
 
@@ -104,13 +108,12 @@ void Staging::RequireRoom(const QStringList& files, const QStringList& folders) 
 
 // Something is moved into the folder and taken away again.
 std::error_code Staging::Probe(const QString& folder) const {
-  const fs::path probe = Path(staging_ + QStringLiteral("/probe"));
-  const fs::path place = Path(folder + QStringLiteral("/.vorlina-probe"));
+  const QString probe = staging_ + QStringLiteral("/probe");
+  const QString place = folder + ProbeName;
   std::error_code failure;
-  fs::create_directory(probe, failure);
-  if (!failure) fs::rename(probe, place, failure);
-  std::error_code ignored;
-  fs::remove(failure ? probe : place, ignored);
+  fs::create_directory(Path(probe), failure);
+  if (!failure) fs::rename(Path(probe), Path(place), failure);
+  QDir().rmdir(failure ? probe : place);
   return failure;
 }
 
@@ -143,7 +146,8 @@ ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArr
   const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
   const auto written = FingerprintOf(staged);
   if (!written || written->size != meant)
-    throw CannotWrite(staged, std::make_error_code(std::errc::no_space_on_device), italian_);
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
   return {input, *written};
 }
 
@@ -153,7 +157,7 @@ ManifestEntry Staging::Write(const QString& file, const std::string& content, co
   const bool written = out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
                        out.write(content.data(), size) == size && out.size() == size;
   out.close();
-  if (!written) throw Unwritten(out, italian_);
+  if (!written) throw Unwritten(out, QString(target_ + u'/' + file), italian_);
   return {input, FingerprintOf(std::string_view(content))};
 }
 
@@ -162,7 +166,11 @@ ManifestEntry Staging::Copy(const QString& file, const QString& source, const QB
   std::error_code failure;
   const auto size = qint64(fs::file_size(Path(source), failure));
   if (!failure) fs::copy_file(Path(source), Path(staged), fs::copy_options::overwrite_existing, failure);
-  if (failure == std::errc::no_space_on_device) throw CannotWrite(staged, failure, italian_);
+  // The copy calls a full disk an error of input or output.
+  std::error_code ignored;
+  if (failure && fs::space(Path(staging_), ignored).available < std::uintmax_t(size))
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
   if (failure)
     throw About(source, italian_,
                 QStringLiteral("Impossibile copiare %1: ") + QString::fromStdString(failure.message()),
