@@ -8,6 +8,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QUrl>
+#include <memory>
 
 #include "PluginDialogs.h"
 #include "engine/CatalogLanguage.h"
@@ -21,31 +22,63 @@ static void InitPicture() { Q_INIT_RESOURCE(vlhtml); }
 namespace vlhtml {
 namespace {
 
-// The progress window; the program stays painted while it shows.
+// The progress window; the program stays painted while it shows. It comes with the first report, so that it
+// does not show over a question before.
 class WindowProgress : public IVorlinaProgress {
  public:
-  WindowProgress(QWidget* owner, bool italian)
-      : dialog_(QString(), italian ? QStringLiteral("&Annulla") : QStringLiteral("&Cancel"), 0, 1, owner) {
-    dialog_.setObjectName(QStringLiteral("prgPublish"));
-    dialog_.setWindowTitle(italian ? QStringLiteral("Pubblicazione") : QStringLiteral("Publishing"));
-    dialog_.setWindowModality(Qt::ApplicationModal);
-    dialog_.setMinimumDuration(300);
-    dialog_.setMinimumWidth(360);
-    dialog_.setAutoReset(false);
-    dialog_.setAutoClose(false);
-  }
+  WindowProgress(QWidget* owner, bool italian) : owner_(owner), italian_(italian) {}
 
   bool Report(int done, int total, const QString& step) override {
-    dialog_.setLabelText(step);
-    dialog_.setMaximum(total);
-    dialog_.setValue(done);
+    if (!dialog_) Make();
+    dialog_->setLabelText(step);
+    dialog_->setMaximum(total);
+    dialog_->setValue(done);
     QApplication::processEvents();
-    return !dialog_.wasCanceled();
+    return !dialog_->wasCanceled();
   }
 
  private:
-  QProgressDialog dialog_;
+  void Make() {
+    dialog_ = std::make_unique<QProgressDialog>(
+        QString(), italian_ ? QStringLiteral("&Annulla") : QStringLiteral("&Cancel"), 0, 1, owner_);
+    dialog_->setObjectName(QStringLiteral("prgPublish"));
+    dialog_->setWindowTitle(italian_ ? QStringLiteral("Pubblicazione") : QStringLiteral("Publishing"));
+    dialog_->setWindowModality(Qt::ApplicationModal);
+    dialog_->setMinimumDuration(300);
+    dialog_->setMinimumWidth(360);
+    dialog_->setAutoReset(false);
+    dialog_->setAutoClose(false);
+  }
+
+  QWidget* owner_;
+  bool italian_;
+  std::unique_ptr<QProgressDialog> dialog_;
 };
+
+// Another catalog's site goes with all its pages, so that nothing but a plain yes replaces it.
+bool AskReplace(QWidget* owner, bool italian, const QString& title, const QString& folder) {
+  QMessageBox box(QMessageBox::Question, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton, owner);
+  box.setObjectName(QStringLiteral("msgReplaceSite"));
+  box.setTextFormat(Qt::PlainText);
+  const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
+  box.setText((italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
+                       : QStringLiteral("The folder holds the site of another catalog%1. Replace it?"))
+                  .arg(named));
+  box.setInformativeText(
+      (italian ? QStringLiteral(
+                     "%1\n\nLe pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
+                     "scegliere un'altra cartella.")
+               : QStringLiteral("%1\n\nThe pages of that site will be deleted. To keep them, answer No and "
+                                "choose another folder."))
+          .arg(QDir::toNativeSeparators(folder)));
+  const QPushButton* yes =
+      box.addButton(italian ? QStringLiteral("&Sì") : QStringLiteral("&Yes"), QMessageBox::YesRole);
+  QPushButton* no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+  box.setDefaultButton(no);
+  box.setEscapeButton(no);
+  box.exec();
+  return box.clickedButton() == yes;
+}
 
 QString Told(const PublishResult& result, const QString& folder, const Languages& languages) {
   const bool italian = languages.italian;
@@ -57,8 +90,8 @@ QString Told(const PublishResult& result, const QString& folder, const Languages
     told += italian ? QStringLiteral("\n\nLingua del sito: inglese.")
                     : QStringLiteral("\n\nLanguage of the site: English.");
   if (!result.warnings.isEmpty())
-    told += (italian ? QStringLiteral("\n\n%1 immagini mancano e sono state tralasciate.")
-                     : QStringLiteral("\n\n%1 pictures are missing and were left out."))
+    told += (italian ? QStringLiteral("\n\nAvvisi: %1. I dettagli li elencano.")
+                     : QStringLiteral("\n\nWarnings: %1. The details list them."))
                 .arg(result.warnings.size());
   return told;
 }
@@ -133,7 +166,8 @@ QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
     PublishResult result;
     {
       WindowProgress progress(owner, italian_);
-      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress);
+      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress,
+                           [&](const QString& other) { return AskReplace(owner, italian_, other, folder); });
     }
     if (!result.complete) return {};
     RememberTarget(connection, IDCatalogo, folder);

@@ -34,8 +34,8 @@ class PluginTest : public StoreFixture {
   std::pair<QString, QString> Publish(const QString& folder, const QString& language = {}) {
     QString offered;
     QString told;
-    UnexpectedModalGuard::allowed =
-        QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs, u"dlgSiteLanguage"_qs};
+    UnexpectedModalGuard::allowed = QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs,
+                                                u"msgReplaceSite"_qs, u"dlgSiteLanguage"_qs};
     QTimer worker;
     QObject::connect(&worker, &QTimer::timeout, &worker, [&] {
       QWidget* modal = QApplication::activeModalWidget();
@@ -129,6 +129,15 @@ TEST_F(PluginTest, OffersTheStandardSkin) {
   CreatePlugin(u"VLHTML.HTML"_qs)->InstallSkin(none);
   ASSERT_TRUE(chosen.open(QIODevice::ReadOnly));
   EXPECT_EQ(chosen.readAll(), "Standard\n");
+}
+
+TEST_F(PluginTest, AsksBeforeItReplacesAnotherCatalogsSite) {
+  Publish(site_, u"optEnglish"_qs);
+  connection_.Execute(u"UPDATE CExtension SET Valore='0'||Valore"_qs);
+  EXPECT_EQ(Publish(site_).second, u"The folder holds the site of another catalog (\"c\"). Replace it?"_qs);
+  SetLanguage(u"Italian"_qs);
+  EXPECT_EQ(Publish(site_).second,
+            u"La cartella contiene il sito di un altro catalogo (\"c\"). Sostituirlo?"_qs);
 }
 
 TEST_F(PluginTest, NamesItselfInBothLanguages) {

@@ -1,9 +1,9 @@
 #include "PageData.h"
 
-#include <QImageReader>
 #include <QUrl>
 #include <algorithm>
 
+#include "JpegHead.h"
 #include "Labels.h"
 
 namespace vlhtml {
@@ -69,12 +69,6 @@ std::string Dialled(const std::string& number) {
 }
 
 }  // namespace
-
-QSize JpegSize(const QString& path) {
-  QImageReader reader(path, "jpeg");
-  reader.setAutoDetectImageFormat(false);
-  return reader.size();
-}
 
 PageData::PageData(const SitePlan& plan, const Skin& skin, bool italian)
     : plan_(plan), catalog_(*plan.catalog), skin_(skin), italian_(italian) {

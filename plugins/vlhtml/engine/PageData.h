@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSize>
 #include <array>
 
 #include "Fields.h"
@@ -58,8 +57,5 @@ class PageData {
   std::array<QByteArray, 6> linkHashes_;          // by the filter's number
   std::vector<QByteArray> cardHashes_;
 };
-
-// The size of a JPEG file in pixels, read from its head; empty when it has none.
-QSize JpegSize(const QString& path);
 
 }  // namespace vlhtml

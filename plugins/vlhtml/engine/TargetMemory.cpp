@@ -2,10 +2,21 @@
 
 #include <IVorlinaPlugin.h>
 
+#include <QCryptographicHash>
+#include <QRandomGenerator>
+#include <array>
+
 namespace vlhtml {
 namespace {
 
 const QString TargetName = QStringLiteral("VLHTML.HTML.Cartella");
+const QString KeyName = QStringLiteral("VLHTML.HTML.Chiave");
+
+QByteArray RandomKey() {
+  std::array<quint32, 4> numbers{};
+  QRandomGenerator::system()->fillRange(numbers.data(), qsizetype(numbers.size()));
+  return QByteArray(reinterpret_cast<const char*>(numbers.data()), sizeof numbers).toHex();
+}
 
 }  // namespace
 
@@ -43,6 +54,22 @@ QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo) {
 
 void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder) {
   KeepWithCatalog(connection, IDCatalogo, TargetName, folder);
+}
+
+SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo)
+    : IDCatalogo_(IDCatalogo), key_(KeptWithCatalog(connection, IDCatalogo, KeyName).toUtf8()) {
+  kept_ = !key_.isEmpty();
+  if (!kept_) key_ = RandomKey();
+}
+
+void SiteKey::Keep(IVorlinaConnection& connection) const {
+  if (!kept_) KeepWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
+}
+
+QByteArray SiteKey::Site() const { return Digest("site " + QByteArray::number(IDCatalogo_)).toHex(); }
+
+QByteArray SiteKey::Digest(const QByteArray& text) const {
+  return QCryptographicHash::hash(QByteArray(key_ + text), QCryptographicHash::Sha1).left(16);
 }
 
 }  // namespace vlhtml
