@@ -7,7 +7,6 @@
 #include <QSet>
 #include <algorithm>
 #include <filesystem>
-#include <functional>
 #include <stdexcept>
 
 namespace vlhtml {
@@ -36,13 +35,16 @@ bool WriteWhole(const QString& path, const QByteArray& bytes) {
   return !failure;
 }
 
-// The folders that these files lie in, and those around them, as "" or "/images".
+// The folders that these files lie in, and those around them, as "" or "/images", each behind the one around
+// it.
 QStringList FoldersOf(const QStringList& files) {
   QSet<QString> folders = {QString(), QStringLiteral("/images")};
   for (const QString& file : files)
     for (qsizetype slash = file.indexOf(u'/'); slash > 0; slash = file.indexOf(u'/', slash + 1))
       folders.insert(u'/' + file.left(slash));
-  return folders.values();
+  QStringList sorted = folders.values();
+  std::sort(sorted.begin(), sorted.end());
+  return sorted;
 }
 
 }  // namespace
@@ -152,9 +154,9 @@ void Staging::FinishSwap() {
   for (auto entry = former.entries.cbegin(); entry != former.entries.cend(); ++entry)
     if (!coming.entries.contains(entry.key())) QFile::remove(target_ + u'/' + entry.key());
   QStringList emptied = FoldersOf(former.entries.keys());
-  std::sort(emptied.begin(), emptied.end(), std::greater<>());
+  std::reverse(emptied.begin(), emptied.end());
   for (const QString& folder : emptied)
-    if (folder.size() > 1 && folder != u"/images") QDir().rmdir(target_ + folder);
+    if (!folder.isEmpty() && folder != u"/images") QDir().rmdir(target_ + folder);
   fs::rename(Path(staging_ + u'/' + Manifest::FileName()), Path(target_ + u'/' + Manifest::FileName()),
              failure);
   QDir(staging_).removeRecursively();
