@@ -22,8 +22,8 @@ int main(int argc, char** argv) {
   vorlina::OpenCatalogDatabase(connection, QString::fromLocal8Bit(argv[1]));
   vorlina::PluginConnection adapter(connection);
   NoProgress progress;
-  const vlhtml::PublishResult result = vlhtml::PublishSite(adapter, 1, QString::fromLocal8Bit(argv[3]),
-                                                           QString::fromLocal8Bit(argv[2]), false, progress);
+  const vlhtml::PublishResult result = vlhtml::PublishSite(
+      adapter, 1, QString::fromLocal8Bit(argv[3]), QString::fromLocal8Bit(argv[2]), {false, false}, progress);
   std::printf("%d pages, %d files written\n", result.pages, result.written);
   return result.complete ? 0 : 1;
 }

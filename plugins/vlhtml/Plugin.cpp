@@ -9,7 +9,10 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QUrl>
+#include <memory>
 
+#include "PluginDialogs.h"
+#include "engine/CatalogLanguage.h"
 #include "engine/SitePublisher.h"
 #include "engine/SkinFolders.h"
 #include "engine/TargetMemory.h"
@@ -25,50 +28,101 @@ void PlainLabels(const QWidget& box) {
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
 
-// The progress window; the program stays painted while it shows.
+// The progress window; the program stays painted while it shows. It comes with the first report, so that it
+// does not show over a question before.
 class WindowProgress : public IVorlinaProgress {
  public:
-  WindowProgress(QWidget* owner, bool italian)
-      : dialog_(QString(), italian ? QStringLiteral("&Annulla") : QStringLiteral("&Cancel"), 0, 1, owner) {
-    dialog_.setObjectName(QStringLiteral("prgPublish"));
-    dialog_.setWindowTitle(italian ? QStringLiteral("Pubblicazione") : QStringLiteral("Publishing"));
-    dialog_.setWindowModality(Qt::ApplicationModal);
-    dialog_.setMinimumDuration(300);
-    dialog_.setMinimumWidth(360);
-    dialog_.setAutoReset(false);
-    dialog_.setAutoClose(false);
-    PlainLabels(dialog_);
-  }
+  WindowProgress(QWidget* owner, bool italian) : owner_(owner), italian_(italian) {}
 
   bool Report(int done, int total, const QString& step) override {
-    dialog_.setLabelText(step);
-    dialog_.setMaximum(total);
-    dialog_.setValue(done);
+    if (!dialog_) Make();
+    dialog_->setLabelText(step);
+    dialog_->setMaximum(total);
+    dialog_->setValue(done);
     QApplication::processEvents();
-    return !dialog_.wasCanceled();
+    return !dialog_->wasCanceled();
   }
 
  private:
-  QProgressDialog dialog_;
+  void Make() {
+    dialog_ = std::make_unique<QProgressDialog>(
+        QString(), italian_ ? QStringLiteral("&Annulla") : QStringLiteral("&Cancel"), 0, 1, owner_);
+    dialog_->setObjectName(QStringLiteral("prgPublish"));
+    dialog_->setWindowTitle(italian_ ? QStringLiteral("Pubblicazione") : QStringLiteral("Publishing"));
+    dialog_->setWindowModality(Qt::ApplicationModal);
+    dialog_->setMinimumDuration(300);
+    dialog_->setMinimumWidth(360);
+    dialog_->setAutoReset(false);
+    dialog_->setAutoClose(false);
+    PlainLabels(*dialog_);
+  }
+
+  QWidget* owner_;
+  bool italian_;
+  std::unique_ptr<QProgressDialog> dialog_;
 };
 
-void ShowResult(QWidget* owner, bool italian, const PublishResult& result, const QString& folder) {
+// Another catalog's site goes with all its pages, so that nothing but a plain yes replaces it.
+bool AskReplace(QWidget* owner, bool italian, const QString& title, const QString& folder) {
+  QMessageBox box(QMessageBox::Question, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton, owner);
+  box.setObjectName(QStringLiteral("msgReplaceSite"));
+  box.setTextFormat(Qt::PlainText);
+  const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
+  box.setText((italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
+                       : QStringLiteral("The folder holds the site of another catalog%1. Replace it?"))
+                  .arg(named));
+  box.setInformativeText(
+      (italian ? QStringLiteral(
+                     "%1\n\nLe pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
+                     "scegliere un'altra cartella.")
+               : QStringLiteral("%1\n\nThe pages of that site will be deleted. To keep them, answer No and "
+                                "choose another folder."))
+          .arg(QDir::toNativeSeparators(folder)));
+  PlainLabels(box);
+  const QPushButton* yes =
+      box.addButton(italian ? QStringLiteral("&Sì") : QStringLiteral("&Yes"), QMessageBox::YesRole);
+  QPushButton* no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+  box.setDefaultButton(no);
+  box.setEscapeButton(no);
+  box.exec();
+  return box.clickedButton() == yes;
+}
+
+QString Told(const PublishResult& result, const QString& folder, const Languages& languages) {
+  const bool italian = languages.italian;
+  QString told = QDir::toNativeSeparators(folder);
+  if (languages.siteItalian)
+    told += italian ? QStringLiteral("\n\nLingua del sito: italiano.")
+                    : QStringLiteral("\n\nLanguage of the site: Italian.");
+  else
+    told += italian ? QStringLiteral("\n\nLingua del sito: inglese.")
+                    : QStringLiteral("\n\nLanguage of the site: English.");
+  if (!result.warnings.isEmpty())
+    told += (italian ? QStringLiteral("\n\nAvvisi: %1. I dettagli li elencano.")
+                     : QStringLiteral("\n\nWarnings: %1. The details list them."))
+                .arg(result.warnings.size());
+  return told;
+}
+
+// True when the user wants another language for the site.
+bool ShowResult(QWidget* owner, const PublishResult& result, const QString& folder,
+                const Languages& languages) {
+  const bool italian = languages.italian;
   QMessageBox box(QMessageBox::Information, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton,
                   owner);
   box.setObjectName(QStringLiteral("msgPublished"));
   box.setTextFormat(Qt::PlainText);
   box.setText(italian ? QStringLiteral("Il sito è pronto: %1 pagine.").arg(result.pages)
                       : QStringLiteral("The site is ready: %1 pages.").arg(result.pages));
-  QString informative = QDir::toNativeSeparators(folder);
-  if (!result.warnings.isEmpty())
-    informative += (italian ? QStringLiteral("\n\n%1 immagini mancano e sono state tralasciate.")
-                            : QStringLiteral("\n\n%1 pictures are missing and were left out."))
-                       .arg(result.warnings.size());
-  box.setInformativeText(informative);
+  box.setInformativeText(Told(result, folder, languages));
   PlainLabels(box);
   box.setDetailedText(result.warnings.join(u'\n'));
   QPushButton* open = box.addButton(
       italian ? QStringLiteral("&Apri il sito") : QStringLiteral("&Open the site"), QMessageBox::AcceptRole);
+  QPushButton* language =
+      box.addButton(italian ? QStringLiteral("Altra &lingua…") : QStringLiteral("Other &language…"),
+                    QMessageBox::ActionRole);
+  language->setObjectName(QStringLiteral("cmdLanguage"));
   QPushButton* close =
       box.addButton(italian ? QStringLiteral("&Chiudi") : QStringLiteral("&Close"), QMessageBox::RejectRole);
   box.setDefaultButton(close);
@@ -76,6 +130,7 @@ void ShowResult(QWidget* owner, bool italian, const PublishResult& result, const
   box.exec();
   if (box.clickedButton() == open)
     QDesktopServices::openUrl(QUrl::fromLocalFile(folder + QStringLiteral("/index.html")));
+  return box.clickedButton() == language;
 }
 
 }  // namespace
@@ -107,45 +162,68 @@ QString Plugin::GetPluginDescription() {
 
 QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
   QWidget* owner = QApplication::activeWindow();
+  QString language = RememberedLanguage(connection, IDCatalogo);
+  if (language.isEmpty())
+    language = AskSiteLanguage(owner, italian_, LooksItalian(connection, IDCatalogo, italian_));
+  if (language.isEmpty()) return {};
   const QString title = italian_ ? QStringLiteral("Cartella del sito") : QStringLiteral("Folder of the site");
   const QString folder =
       QFileDialog::getExistingDirectory(owner, title, RememberedTarget(connection, IDCatalogo));
   if (folder.isEmpty()) return {};
-  PublishResult result;
-  {
-    WindowProgress progress(owner, italian_);
-    result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), italian_, progress);
+  while (!language.isEmpty()) {
+    const Languages languages{italian_, language == u"Italian"};
+    PublishResult result;
+    {
+      WindowProgress progress(owner, italian_);
+      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress,
+                           [&](const QString& other) { return AskReplace(owner, italian_, other, folder); });
+    }
+    if (!result.complete) return {};
+    RememberTarget(connection, IDCatalogo, folder);
+    RememberLanguage(connection, IDCatalogo, language);
+    if (!ShowResult(owner, result, folder, languages)) return {};
+    language = AskSiteLanguage(owner, italian_, !languages.siteItalian);
   }
-  if (!result.complete) return {};
-  RememberTarget(connection, IDCatalogo, folder);
-  ShowResult(owner, italian_, result, folder);
   return {};
 }
 
 QVariant Plugin::InstallSkin(QString& skin) {
   QWidget* owner = QApplication::activeWindow();
   QString archive = skin;
-  if (archive.isEmpty())
-    archive = QFileDialog::getOpenFileName(
-        owner, italian_ ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"), {},
-        QStringLiteral("Skin (*.zip)"));
-  if (archive.isEmpty()) return {};
-  const QString name = InstallSkinArchive(archive, host_);
-  QMessageBox box(QMessageBox::Information, QStringLiteral("Vorlina"),
-                  (italian_ ? QStringLiteral("La skin \"%1\" è installata e sarà usata da ora in poi.")
-                            : QStringLiteral("The skin \"%1\" is installed and will be used from now on."))
-                      .arg(name),
-                  QMessageBox::Ok, owner);
+  QString name;
+  if (archive.isEmpty()) {
+    const SkinChoice choice =
+        AskSkin(owner, italian_, Skins(host_), QFileInfo(CurrentSkin(host_)).fileName());
+    name = choice.skin;
+    if (!name.isEmpty()) UseSkin(name, host_);
+    if (choice.fromArchive)
+      archive = QFileDialog::getOpenFileName(
+          owner, italian_ ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"), {},
+          QStringLiteral("Skin (*.zip)"));
+  }
+  if (!archive.isEmpty()) name = InstallSkinArchive(archive, host_);
+  if (name.isEmpty()) return {};
+  QMessageBox box(
+      QMessageBox::Information, QStringLiteral("Vorlina"),
+      (italian_ ? QStringLiteral("La skin \"%1\" sarà usata da ora in poi, per tutti i cataloghi.")
+                : QStringLiteral("The skin \"%1\" will be used from now on, for all catalogs."))
+          .arg(name),
+      QMessageBox::Ok, owner);
   box.setObjectName(QStringLiteral("msgSkinInstalled"));
   box.setTextFormat(Qt::PlainText);
   box.exec();
   return {};
 }
 
+// The language is the one asked for in this run, then the catalog's, then the program's.
 bool FolderPublisher::PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
                                 IVorlinaProgress& progress) {
+  QString language = host_.askedLanguage;
+  if (language.isEmpty()) language = RememberedLanguage(connection, IDCatalogo);
+  if (language.isEmpty()) language = host_.language;
+  const Languages languages{host_.language == u"Italian", language == u"Italian"};
   const PublishResult result =
-      PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), host_.language == u"Italian", progress);
+      PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress);
   for (const QString& warning : result.warnings) progress.Warn(warning);
   return result.complete;
 }

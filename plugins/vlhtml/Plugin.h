@@ -11,10 +11,11 @@ class Plugin : public IVorlinaPlugin {
 
   QString GetPluginName() override;
   QIcon GetPluginIcon() override;
-  // Asks for the folder, which is remembered for the catalog, and publishes with a progress window.
+  // Asks for the folder and, the first time, for the language of the site, which are kept with the catalog,
+  // and publishes with a progress window.
   QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) override;
   QString GetPluginDescription() override;
-  // Installs a skin archive; asks for the file when the text is empty.
+  // Installs a skin archive; when the text is empty, asks which of the skins is to be used, or for the file.
   QVariant InstallSkin(QString& skin) override;
 
  private:

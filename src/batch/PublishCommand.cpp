@@ -21,9 +21,11 @@ class PluginProgress : public IVorlinaProgress {
   const Progress& progress_;
 };
 
-std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier) {
+std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier, const QString& language) {
+  VorlinaHost host = HostOfPlugins();
+  host.askedLanguage = language;
   std::unique_ptr<IVorlinaFolderPublisher> publisher;
-  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()); });
+  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(host); });
   if (publisher == nullptr)
     throw Error(
         EitherLanguage(
@@ -37,7 +39,8 @@ std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier) 
 
 Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress) {
   RequireCatalog(connection, arguments.catalog);
-  const std::unique_ptr<IVorlinaFolderPublisher> publisher = PublisherOf(arguments.plugin);
+  const std::unique_ptr<IVorlinaFolderPublisher> publisher =
+      PublisherOf(arguments.plugin, arguments.language);
   const QString folder = QFileInfo(arguments.target).absoluteFilePath();
   PluginProgress pluginProgress(progress);
   bool complete = false;

@@ -14,13 +14,6 @@ namespace {
 
 constexpr int Kills = 40;
 
-// The list of a site holds times, so its content is never twice the same.
-std::map<QString, QByteArray> Site(const QString& folder) {
-  auto files = FilesIn(folder);
-  if (const auto list = files.find(u"vorlina-manifest.txt"_qs); list != files.end()) list->second = "list";
-  return files;
-}
-
 void CopyTree(const QString& from, const QString& to) {
   QDir(to).removeRecursively();
   for (const auto& file : FilesIn(from)) {
@@ -111,12 +104,12 @@ TEST_F(KillTest, PublishingLeavesWholeFilesAndCanAlwaysBeDoneAgain) {
         {u"publish"_qs, u"--catalog"_qs, u"109"_qs, u"--plugin"_qs, u"VLHTML.HTML"_qs, u"--to"_qs, to});
   };
   ASSERT_EQ(Batch(publish(u"before"_qs)).exitCode, 0);
-  const auto before = Site(Outside(u"before"_qs));
+  const auto before = FilesIn(Outside(u"before"_qs));
   connection_.Execute(u"UPDATE Prodotti SET Descrizione='changed'"_qs);
   connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='È 3'"_qs);
   const auto prepare = [&] { CopyTree(Outside(u"before"_qs), Outside(u"site"_qs)); };
   int duration = Duration(publish(u"site"_qs), prepare);
-  const auto after = Site(Outside(u"site"_qs));
+  const auto after = FilesIn(Outside(u"site"_qs));
   ASSERT_GT(Differences(before, after).size(), 300);
   const auto contentIn = [](const auto& files, const QString& name) {
     const auto found = files.find(name);
@@ -127,13 +120,13 @@ TEST_F(KillTest, PublishingLeavesWholeFilesAndCanAlwaysBeDoneAgain) {
     prepare();
     hits +=
         Kill(i, publish(u"site"_qs), duration, Outside(u".site.vorlina-new/vorlina-manifest.txt"_qs)) ? 1 : 0;
-    const auto files = Site(Outside(u"site"_qs));
+    const auto files = FilesIn(Outside(u"site"_qs));
     for (const auto& [name, content] : files)
       ASSERT_TRUE(content == contentIn(before, name) || content == contentIn(after, name)) << name;
     ASSERT_TRUE(files.count(u"index.html"_qs) == 1);
     EXPECT_EQ(Batch(Here({u"check"_qs})).exitCode, 0);
     ASSERT_EQ(Batch(publish(u"site"_qs)).exitCode, 0);
-    ASSERT_EQ(Differences(Site(Outside(u"site"_qs)), after), QStringList()) << i;
+    ASSERT_EQ(Differences(FilesIn(Outside(u"site"_qs)), after), QStringList()) << i;
     ASSERT_EQ(QDir(outside_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               (QStringList{u"before"_qs, u"site"_qs}));
   }

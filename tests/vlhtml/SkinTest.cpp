@@ -76,7 +76,7 @@ class SkinTest : public testing::Test {
     }
     return {};
   }
-  QStringList Skins() const {
+  QStringList SkinFolders() const {
     return QDir(folder_.filePath(QStringLiteral("PubWiz/VLHTML.HTML/Skins")))
         .entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
   }
@@ -90,21 +90,38 @@ class SkinTest : public testing::Test {
 TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
   struct Case {
     const char* file;
-    const char* text;
+    const char* text;  // null: the file is missing
+    const char* told;
   };
   for (const Case& c :
-       {Case{"product.mustache", "{{{heading}}}"}, Case{"home.mustache", "{{&siteTitle}}"},
-        Case{"card.mustache", "{{=<% %>=}}"}, Case{"index.mustache", "{{#cards}}"},
-        Case{"filter.mustache", "{{> ../../etc/passwd}}"}, Case{"footer.mustache", nullptr}}) {
+       {Case{"product.mustache", "\n\n{{{heading}}}", "file product.mustache, line 3"},
+        Case{"home.mustache", "{{&siteTitle}}", "line 1"},
+        Case{"home.mustache", "{{  &siteTitle}}", "line 1"}, Case{"home.mustache", "a\n{{\t&x}}", "line 2"},
+        Case{"card.mustache", "{{\n&code}}", "line 1"},
+        Case{"card.mustache", "\r\n{{\r\n&code}}", "file card.mustache, line 2"},
+        Case{"home.mustache", "{{ {x} }}", "line 1"}, Case{"card.mustache", "{{=<% %>=}}", "line 1"},
+        Case{"card.mustache", "{{ = <% %> = }}", "line 1"}, Case{"card.mustache", "{{\t=<% %>=}}", "line 1"},
+        Case{"card.mustache", "{", "file index.mustache"},
+        Case{"index.mustache", "{{> header}}\n{{#cards}}", "file index.mustache, line 2: \"{{#cards}}\""},
+        Case{"card.mustache", "{{#a}}\n{{/b}}", "file card.mustache, line 2: \"{{/b}}\""},
+        Case{"home.mustache", "\n{{x}", "line 2"},
+        Case{"filter.mustache", "{{> ../../etc/passwd}}", "line 1"},
+        Case{"footer.mustache", nullptr, "footer.mustache: it is missing"},
+        Case{"style.css", nullptr, "style.css: it is missing"},
+        Case{"assets/my logo.png", "x", "assets/my logo.png"}, Case{"images/x.png", "x", "images/x.png"}}) {
     const QTemporaryDir skin;
     for (const Entry& entry : StandardEntries()) Write(skin.filePath(entry.name), entry.content);
-    EXPECT_NO_THROW(vlhtml::Skin(skin.path(), false));
     const QString file = skin.filePath(QString::fromLatin1(c.file));
-    if (c.text == nullptr)
-      QFile::remove(file);
-    else
-      Write(file, c.text);
-    EXPECT_THROW(vlhtml::Skin(skin.path(), false), std::runtime_error) << c.file;
+    QFile::remove(file);
+    if (c.text != nullptr) Write(file, c.text);
+    if (QLatin1String(c.told) == QLatin1String("file index.mustache"))
+      Write(skin.filePath(QStringLiteral("index.mustache")), "{{> card}}{&code}}");
+    try {
+      vlhtml::Skin(skin.path(), false).StaticFiles();
+      ADD_FAILURE() << c.file << ": " << (c.text == nullptr ? "" : c.text);
+    } catch (const std::runtime_error& error) {
+      EXPECT_NE(std::string(error.what()).find(c.told), std::string::npos) << error.what();
+    }
   }
 }
 
@@ -112,12 +129,31 @@ TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
   EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
   EXPECT_EQ(Installing(StandardEntries()), QString());
   EXPECT_TRUE(vlhtml::CurrentSkin(host_).endsWith(u"/Skins/My_skin"));
+  // As a Mac packs a folder.
   std::vector<Entry> changed = StandardEntries(QStringLiteral("folder/"));
-  changed.push_back({QStringLiteral("folder/assets/logo.png"), "x"});
+  for (const char* name : {"folder/assets/fonts/a.woff2", "folder/robots.txt", "folder/.DS_Store",
+                           "folder/assets/._a.woff2", "__MACOSX/folder/._style.css"})
+    changed.push_back({QLatin1String(name), "x"});
   EXPECT_EQ(Installing(changed), QString());
-  EXPECT_EQ(vlhtml::Skin(vlhtml::CurrentSkin(host_), false).StaticFiles().join(u' '),
-            QStringLiteral("style.css assets/logo.png"));
-  EXPECT_EQ(Skins().join(u' '), QStringLiteral("My_skin")) << "nothing is left beside it";
+  QStringList files;
+  for (const vlhtml::Skin::File& file : vlhtml::Skin(vlhtml::CurrentSkin(host_), false).StaticFiles())
+    files += file.name;
+  EXPECT_EQ(files.join(u' '), QStringLiteral("assets/fonts/a.woff2 robots.txt style.css"));
+  EXPECT_EQ(SkinFolders().join(u' '), QStringLiteral("My_skin")) << "nothing is left beside it";
+}
+
+TEST_F(SkinTest, TheStandardSkinCanAlwaysBeChosenAgain) {
+  const QString path = folder_.filePath(QStringLiteral("Standard.zip"));
+  WriteArchive(path, StandardEntries());
+  EXPECT_EQ(Installing(path), QString());
+  EXPECT_EQ(vlhtml::Skins(host_).join(u' '), QStringLiteral("Standard Standard-2"));
+  EXPECT_THROW(vlhtml::UseSkin(QStringLiteral("Standard"), host_), std::runtime_error) << "it is not there";
+  EXPECT_TRUE(vlhtml::CurrentSkin(host_).endsWith(u"/Standard-2"));
+  for (const Entry& entry : StandardEntries())
+    Write(host_.deliveredFolder + QStringLiteral("/PubWiz/VLHTML.HTML/Skins/Standard/") + entry.name,
+          entry.content);
+  vlhtml::UseSkin(QStringLiteral("Standard"), host_);
+  EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
 }
 
 TEST_F(SkinTest, ArchivesThatAreNoSkinChangeNothing) {
@@ -143,7 +179,7 @@ TEST_F(SkinTest, ArchivesThatAreNoSkinChangeNothing) {
       if (entry.name != c.entry.name) entries.push_back(entry);
     entries.push_back(c.entry);
     EXPECT_FALSE(Installing(entries).isEmpty()) << c.what;
-    EXPECT_EQ(Skins().join(u' '), QStringLiteral("My_skin")) << c.what;
+    EXPECT_EQ(SkinFolders().join(u' '), QStringLiteral("My_skin")) << c.what;
     EXPECT_FALSE(QFileInfo::exists(folder_.filePath(QStringLiteral("PubWiz/VLHTML.HTML/evil.mustache"))))
         << c.what;
   }

@@ -36,8 +36,7 @@ async function checkFiles(site, pages) {
     for (const result of report.results)
       for (const message of result.messages) invalid.push(`${page}:${message.line} ${message.ruleId} ${message.message}`);
     if (/<script|\son[a-z]+\s*=|javascript:/i.test(html.replace(/&lt;script/gi, ''))) broken.push(`${page} has a script`);
-    const inSets = [...html.matchAll(/srcset="([^"]*)"/g)].flatMap(([, set]) => set.split(',').map((one) => ['', one.trim().split(' ')[0]]));
-    for (const [, target] of [...html.matchAll(/(?:href|src)="([^"]*)"/g), ...inSets]) {
+    for (const [, target] of html.matchAll(/(?:href|src|srcset)="([^"]*)"/g)) {
       if (/^(mailto:|tel:|https?:|#)/.test(target)) continue;
       used.add(target);
       if (!/^[A-Za-z0-9._/-]+$/.test(target) || target.includes('..') || !existsSync(join(site, target))) broken.push(`${page} refers to ${target}`);
@@ -72,14 +71,20 @@ async function checkInBrowser(browser, site, page, view) {
     wide: document.documentElement.scrollWidth - document.documentElement.clientWidth,
     pictures: [...document.images].filter((image) => image.loading !== 'lazy' && image.naturalWidth === 0).map((image) => image.src),
     sizes: [...document.images].filter((image) => image.complete && image.naturalWidth > 0 &&
-      (image.srcset
+      (image.currentSrc !== image.src
         ? Math.abs(image.naturalWidth / image.naturalHeight / (image.getAttribute('width') / image.getAttribute('height')) - 1) > 0.03
         : image.naturalWidth !== Number(image.getAttribute('width')) || image.naturalHeight !== Number(image.getAttribute('height')))).map((image) => image.src),
+    cut: [...document.querySelectorAll('.frame img')].filter((image) => {
+      const [inner, outer] = [image, image.closest('.frame')].map((one) => one.getBoundingClientRect());
+      return getComputedStyle(image).objectFit !== 'contain' || inner.width < 150 || inner.left < outer.left - 1 ||
+        inner.right > outer.right + 1 || inner.top < outer.top - 1 || inner.bottom > outer.bottom + 1;
+    }).map((image) => image.src),
     styled: getComputedStyle(document.body).display === 'flex',
   }));
   if (layout.wide > 0) problems.push(`${layout.wide} px wider than the window`);
   if (!layout.styled) problems.push('the style sheet is not applied');
   for (const src of layout.pictures) problems.push(`not shown: ${src}`);
+  for (const src of layout.cut) problems.push(`not whole in its frame: ${src}`);
   for (const src of layout.sizes) problems.push(`another size than stated: ${src}`);
   await tab.evaluate(axe);
   const result = await tab.evaluate(() => window.axe.run(document, { resultTypes: ['violations'] }));
@@ -111,6 +116,55 @@ async function checkWithoutScripts(browser, site) {
   await context.close();
 }
 
+// Thumbnails are fetched where they have the pixels that the screen shows, and nowhere else.
+async function checkFetched(browser, site) {
+  for (const [width, density, wanted] of [[1280, 1, 't-'], [800, 1, 't-'], [1280, 2, 'p-'], [400, 1, 'p-'], [400, 3, 'p-']]) {
+    const context = await browser.newContext({ viewport: { width, height: 900 }, deviceScaleFactor: density });
+    const tab = await context.newPage();
+    const fetched = new Set();
+    tab.on('request', (request) => { if (/\/images\//.test(request.url())) fetched.add(basename(request.url())); });
+    await tab.goto(pathToFileURL(join(site, 'products.html')).href);
+    const cards = await tab.evaluate(() => { for (const image of document.images) image.loading = 'eager'; return document.images.length; });
+    await tab.waitForFunction(() => [...document.images].every((image) => image.complete));
+    const others = [...fetched].filter((name) => !name.startsWith(wanted));
+    expect(`${basename(site)}: fetched at ${width} px, density ${density}`, [
+      ...others.map((name) => `${name} instead of one with "${wanted}"`), ...(fetched.size === cards ? [] : [`${fetched.size} of ${cards} cards`])]);
+    await context.close();
+  }
+}
+
+// Every link of a product page shows that it has the focus, and a long value breaks no name in mid-word.
+async function checkProductPage(browser, site, page) {
+  const context = await browser.newContext({ viewport: { width: 1280, height: 900 }, bypassCSP: true });
+  const tab = await context.newPage();
+  const problems = [];
+  await tab.goto(pathToFileURL(join(site, page)).href);
+  await tab.evaluate(() => { for (const image of document.images) image.loading = 'eager'; });
+  await tab.waitForFunction(() => [...document.images].every((image) => image.complete));
+  for (let left = await tab.locator('a').count(); left > 0; left -= 1) {
+    await tab.keyboard.press('Tab');
+    const link = await tab.evaluate(() => {
+      const box = document.activeElement.getBoundingClientRect();
+      return { href: document.activeElement.href, x: Math.max(0, box.x - 8), y: Math.max(0, box.y - 8), width: box.width + 16, height: box.height + 16 };
+    });
+    const focused = await tab.screenshot({ clip: link });
+    await tab.evaluate(() => { document.activeElement.style.outline = 'none'; });
+    if (focused.equals(await tab.screenshot({ clip: link }))) problems.push(`focus is not seen: ${link.href}`);
+    await tab.evaluate(() => { document.activeElement.style.outline = ''; });
+  }
+  problems.push(...await tab.evaluate(() => {
+    document.querySelector('.facts td').textContent = 'una parola e altre '.repeat(6);
+    return [...document.querySelectorAll('.facts tbody th')].flatMap((name) => [...name.textContent.matchAll(/\S+/g)].filter((word) => {
+      const range = document.createRange();
+      range.setStart(name.firstChild, word.index);
+      range.setEnd(name.firstChild, word.index + word[0].length);
+      return range.getClientRects().length > 1;
+    }).map(([word]) => `broken in mid-word: ${word}`));
+  }));
+  expect(`${basename(site)}/${page} focus and names`, problems);
+  await context.close();
+}
+
 const views = [
   { name: 'desk-light', viewport: { width: 1280, height: 900 }, scheme: 'light' },
   { name: 'desk-dark', viewport: { width: 1280, height: 900 }, scheme: 'dark' },
@@ -128,6 +182,8 @@ try {
     const pages = readdirSync(site).filter((name) => name.endsWith('.html'));
     await checkFiles(site, pages);
     await checkWithoutScripts(browser, site);
+    await checkFetched(browser, site);
+    await checkProductPage(browser, site, pages.find((page) => /class="more"/.test(readFileSync(join(site, page), 'utf8'))));
     for (const page of sample(pages)) for (const view of views) await checkInBrowser(browser, site, page, view);
   }
 } finally {

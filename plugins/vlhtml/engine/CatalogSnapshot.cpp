@@ -16,9 +16,11 @@ std::string Utf8(const QVariant& value) {
 // Products by code: codes compare without regard to case.
 using ProductIndex = QHash<QString, std::size_t>;
 
-void ReadCatalog(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+void ReadCatalog(IVorlinaConnection& connection, int id, bool italian, CatalogSnapshot& catalog) {
   const auto row = connection.Open(QStringLiteral("SELECT * FROM Cataloghi WHERE IDCatalogo=?"), {id});
-  if (!row->Next()) throw std::runtime_error("there is no catalog with this number");
+  if (!row->Next())
+    throw std::runtime_error(italian ? "Il catalogo non esiste più. Sceglierne un altro."
+                                     : "The catalog does not exist any more. Choose another one.");
   const auto text = [&](const char* column) { return Utf8(row->Value(QString::fromLatin1(column))); };
   catalog.name = text("NomeCatalogo");
   catalog.title = text("Titolo");
@@ -108,9 +110,9 @@ void ReadFeatures(IVorlinaConnection& connection, int id, CatalogSnapshot& catal
 
 }  // namespace
 
-CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo) {
+CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, bool italian) {
   CatalogSnapshot catalog;
-  ReadCatalog(connection, IDCatalogo, catalog);
+  ReadCatalog(connection, IDCatalogo, italian, catalog);
   ReadFilterValues(connection, IDCatalogo, catalog);
   const ProductIndex index = ReadProducts(connection, IDCatalogo, catalog);
   ReadPictures(connection, IDCatalogo, catalog, index);

@@ -49,6 +49,6 @@ struct CatalogSnapshot {
 
 // Reads a catalog. Throws std::runtime_error when there is none with this identifier, and what the connection
 // throws.
-CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo);
+CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, bool italian);
 
 }  // namespace vlhtml

@@ -40,10 +40,8 @@ const Word Words[] = {
 
 }  // namespace
 
-Data Labels(bool italian) {
-  Data labels;
-  for (const Word& word : Words) labels.set(word.key, italian ? word.italian : word.english);
-  return labels;
+void TellLabels(Fields& fields, bool italian) {
+  for (const Word& word : Words) fields.Text(word.key, italian ? word.italian : word.english);
 }
 
 std::string PageOf(bool italian, int page, int pages) {

@@ -1,52 +1,122 @@
 #include "Manifest.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
-#include <QStringList>
+#include <QFileInfo>
+#include <QMap>
+#include <QSet>
 #include <algorithm>
+
+#include "PageMark.h"
 
 namespace vlhtml {
 namespace {
 
-const QByteArray Head = "Vorlina site manifest 1";
+const QByteArray Head = "Vorlina site manifest 2";
+const QByteArray End = "end ";
 
-// The names that the publisher gives: no way out of the folder.
-bool IsOurs(const QString& name) {
-  const auto allowed = [](QChar c) {
-    return c.unicode() < 128 && (c.isLetterOrNumber() || QStringView(u"-_./").contains(c));
+// Pages are far smaller; a larger file is none of ours.
+constexpr qint64 LargestPage = 16 << 20;
+
+// A name inside the folder, and no list of ours.
+bool IsInside(const QString& name) {
+  const auto refused = [](QChar c) {
+    return c.unicode() < 32 || c == u'\\' || c == u':' || c.unicode() == 127;
   };
-  return !name.isEmpty() && !name.startsWith(u'/') && !name.contains(u"..") &&
-         std::all_of(name.begin(), name.end(), allowed);
+  if (name == Manifest::FileName() || std::any_of(name.begin(), name.end(), refused)) return false;
+  const QStringList parts = name.split(u'/');
+  return std::none_of(parts.begin(), parts.end(),
+                      [](const QString& part) { return part.isEmpty() || part == u"." || part == u".."; });
+}
+
+QByteArray Digest(const QByteArray& text) {
+  return QCryptographicHash::hash(text, QCryptographicHash::Sha1).toHex();
+}
+
+bool ReadEntry(const QByteArray& line, Manifest& manifest) {
+  const QList<QByteArray> parts = line.split('\t');
+  if (parts.size() != 4) return false;
+  const QString name = QString::fromUtf8(parts[3]);
+  manifest.entries.insert(
+      name, {QByteArray::fromHex(parts[0]), {parts[1].toLongLong(), parts[2].toULongLong(nullptr, 16)}});
+  return IsInside(name);
+}
+
+// The pages of each site in a folder, and what was published with them.
+QMap<QByteArray, QStringList> MarkedFiles(const QString& folder) {
+  QMap<QByteArray, QStringList> sites;
+  for (const QString& name : QDir(folder).entryList({QStringLiteral("*.html")}, QDir::Files)) {
+    QFile file(folder + u'/' + name);
+    if (file.size() > LargestPage || !file.open(QIODevice::ReadOnly)) continue;
+    if (const auto mark = PageMark::Read(file.readAll()))
+      sites[mark->site] += QStringList(name) + mark->files;
+  }
+  return sites;
+}
+
+Manifest FromPages(const QString& folder) {
+  Manifest manifest;
+  QStringList files;
+  const auto sites = MarkedFiles(folder);
+  for (auto site = sites.cbegin(); site != sites.cend(); ++site) {
+    if (site->size() <= files.size()) continue;
+    manifest.site = site.key();
+    files = *site;
+  }
+  for (const QString& file : files)
+    if (IsInside(file) && QFileInfo(folder + u'/' + file).isFile()) manifest.entries.insert(file, {});
+  return manifest;
 }
 
 }  // namespace
 
 QString Manifest::FileName() { return QStringLiteral("vorlina-manifest.txt"); }
 
-Manifest Manifest::Read(const QString& folder) {
+std::optional<Manifest> Manifest::Read(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QByteArray text = file.readAll();
+  const qsizetype end = text.lastIndexOf('\n', text.size() - 2) + 1;
+  QList<QByteArray> lines = text.left(end).split('\n');
+  if (text.mid(end) != End + Digest(text.left(end)) + '\n' || lines.size() < 3 || lines[0] != Head) return {};
   Manifest manifest;
-  QFile file(folder + u'/' + FileName());
-  if (!file.open(QIODevice::ReadOnly) || file.readLine().trimmed() != Head) return manifest;
-  while (!file.atEnd()) {
-    const QList<QByteArray> parts = file.readLine().trimmed().split('\t');
-    if (parts.size() != 4) continue;
-    const QString name = QString::fromUtf8(parts[3]);
-    if (IsOurs(name))
-      manifest.entries.insert(name,
-                              {QByteArray::fromHex(parts[0]), parts[1].toLongLong(), parts[2].toLongLong()});
-  }
+  const qsizetype blank = lines[1].indexOf('\t');
+  manifest.site = lines[1].left(blank);
+  manifest.title = QString::fromUtf8(lines[1].mid(blank + 1));
+  for (qsizetype i = 2; i < lines.size() - 1; ++i)
+    if (!ReadEntry(lines[i], manifest)) return {};
   return manifest;
+}
+
+Manifest Manifest::OfFolder(const QString& folder) {
+  const auto manifest = Read(folder + u'/' + FileName());
+  return manifest ? *manifest : FromPages(folder);
 }
 
 QByteArray Manifest::ToText() const {
   QStringList names = entries.keys();
   std::sort(names.begin(), names.end());
-  QByteArray text = Head + '\n';
+  QByteArray text = Head + '\n' + site + '\t' + title.simplified().toUtf8() + '\n';
   for (const QString& name : names) {
     const ManifestEntry& entry = entries[name];
-    text += entry.input.toHex() + '\t' + QByteArray::number(entry.size) + '\t' +
-            QByteArray::number(entry.time) + '\t' + name.toUtf8() + '\n';
+    text += entry.input.toHex() + '\t' + QByteArray::number(entry.file.size) + '\t' +
+            QByteArray::number(qulonglong(entry.file.content), 16) + '\t' + name.toUtf8() + '\n';
   }
-  return text;
+  return text + End + Digest(text) + '\n';
+}
+
+QStringList Manifest::Folders(const QStringList& files) {
+  QSet<QString> folders;
+  for (const QString& file : files)
+    for (qsizetype at = file.lastIndexOf(u'/'); at > 0; at = file.lastIndexOf(u'/', at - 1)) {
+      const qsizetype known = folders.size();
+      folders.insert(file.left(at));
+      if (folders.size() == known) break;
+    }
+  QStringList sorted(folders.begin(), folders.end());
+  std::sort(sorted.begin(), sorted.end());
+  return sorted;
 }
 
 }  // namespace vlhtml

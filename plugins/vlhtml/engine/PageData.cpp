@@ -1,10 +1,9 @@
 #include "PageData.h"
 
-#include <QCryptographicHash>
-#include <QImageReader>
 #include <QUrl>
 #include <algorithm>
 
+#include "JpegHead.h"
 #include "Labels.h"
 
 namespace vlhtml {
@@ -12,8 +11,6 @@ namespace {
 
 constexpr int FeaturedProducts = 8;
 constexpr qsizetype LongestTitle = 68;
-
-using kainjow::mustache::list;
 
 std::string Std(const QString& text) { return text.toStdString(); }
 
@@ -33,12 +30,12 @@ std::string ShortTitle(const std::string& title) {
 }
 
 // The lines of a text as paragraphs.
-Data Paragraphs(const std::string& text) {
-  Data paragraphs{kainjow::mustache::data::type::list};
-  for (const QString& line : QString::fromStdString(text).split(u'\n', Qt::SkipEmptyParts))
-    if (const QString trimmed = line.simplified(); !trimmed.isEmpty())
-      paragraphs.push_back(Data{"text", Std(trimmed)});
-  return paragraphs;
+void Paragraphs(Fields& fields, const char* name, const std::string& text) {
+  QStringList lines;
+  for (const QString& line : QString::fromStdString(text).split(u'\n'))
+    if (const QString trimmed = line.simplified(); !trimmed.isEmpty()) lines += trimmed;
+  fields.List(name, std::size_t(lines.size()),
+              [&](Fields& line, std::size_t i) { line.Text("text", Std(lines[qsizetype(i)])); });
 }
 
 // A telephone number does not break over two lines.
@@ -71,243 +68,223 @@ std::string Dialled(const std::string& number) {
   return digits.size() >= 5 ? Std(digits) : std::string();
 }
 
-class Hash {
- public:
-  Hash& operator<<(const QByteArray& bytes) {
-    hash_.addData(QByteArray(QByteArray::number(bytes.size()) + ':'));
-    hash_.addData(bytes);
-    return *this;
-  }
-  Hash& operator<<(const std::string& text) {
-    return *this << QByteArray::fromRawData(text.data(), qsizetype(text.size()));
-  }
-  Hash& operator<<(const QString& text) { return *this << text.toUtf8(); }
-  Hash& operator<<(int number) { return *this << QByteArray::number(number); }
-  QByteArray Result() { return hash_.result().left(16); }
-
- private:
-  QCryptographicHash hash_{QCryptographicHash::Sha1};
-};
-
-void SetIf(Data& data, const char* key, const std::string& value) {
-  data.set(key, value.empty() ? Data{false} : Data{value});
-}
-
 }  // namespace
 
-QSize JpegSize(const QString& path) {
-  QImageReader reader(path, "jpeg");
-  reader.setAutoDetectImageFormat(false);
-  return reader.size();
-}
-
-PageData::PageData(const SitePlan& plan, const QByteArray& skinHash, bool italian)
-    : plan_(plan), catalog_(*plan.catalog), italian_(italian) {
-  const std::string title = !catalog_.title.empty() ? catalog_.title : catalog_.name;
-  site_.set("L", Labels(italian));
-  site_.set("siteTitle", title);
-  SetIf(site_, "subtitle", catalog_.subtitle);
-  site_.set("information", Paragraphs(catalog_.information));
-  site_.set("extras", Paragraphs(catalog_.extras));
-  SetIf(site_, "company", catalog_.company);
-  SetIf(site_, "address", catalog_.address);
-  const std::string place = catalog_.postalCode + (catalog_.postalCode.empty() ? "" : " ") + catalog_.city +
-                            (catalog_.province.empty() ? "" : " (" + catalog_.province + ")");
-  SetIf(site_, "place", place);
-  SetIf(site_, "country", catalog_.country);
-  SetIf(site_, "telephone", Unbroken(catalog_.telephone));
-  SetIf(site_, "telephoneDialled", Dialled(catalog_.telephone));
-  SetIf(site_, "fax", Unbroken(catalog_.fax));
-  SetIf(site_, "email", catalog_.email);
-  SetIf(site_, "emailLink", SafeMail(catalog_.email));
-  SetIf(site_, "url", catalog_.url);
-  SetIf(site_, "urlLink", SafeUrl(catalog_.url));
-  site_.set("logo", plan_.logo.empty() ? Data{false} : PictureData(plan_.logo[0], false));
-  site_.set("productsFile", Std(plan_.all.PageFile(1)));
-  site_.set("filters", Links(0));
-
-  Hash hash;
-  hash << skinHash << int(italian) << title << catalog_.subtitle << catalog_.information << catalog_.extras
-       << catalog_.company << catalog_.address << place << catalog_.country << catalog_.telephone
-       << catalog_.fax << catalog_.email << catalog_.url
-       << (plan_.logo.empty() ? QByteArray() : plan_.logo[0].stamp);
-  for (const std::string& name : catalog_.filterNames) hash << name;
-  for (const std::string& name : catalog_.valueNames) hash << name;
-  for (const PlannedList& list : plan_.filters) hash << list.title << list.file << list.filter;
-  siteHash_ = hash.Result();
-
-  // The highlights are taken evenly from the whole catalog, from products that have a picture.
+PageData::PageData(const SitePlan& plan, const Skin& skin, bool italian)
+    : plan_(plan), catalog_(*plan.catalog), skin_(skin), italian_(italian) {
+  // The highlights are taken evenly from the whole catalog.
   const int count = int(plan_.products.size());
   for (int i = 0, step = std::max(1, count / FeaturedProducts);
        i < count && int(featured_.size()) < FeaturedProducts; i += step)
     featured_.push_back(i);
+  // Parts that stand on many pages are hashed once.
+  for (int filter = 0; filter < int(linkHashes_.size()); ++filter)
+    linkHashes_[std::size_t(filter)] = HashOf([&](Fields& fields) { TellLinks(fields, filter); });
   cardHashes_.reserve(plan_.products.size());
-  for (int i = 0; i < count; ++i) cardHashes_.push_back(CardHash(i));
-}
-
-Data PageData::Page(const std::string& title) { return Data{"pageTitle", ShortTitle(title)}; }
-
-// The published values of a filter, or of all filters for 0, each with its page.
-Data PageData::Links(int filter) const {
-  Data groups{Data::type::list};
-  for (int n = 1; n <= 5; ++n) {
-    if (filter != 0 && filter != n) continue;
-    Data values{Data::type::list};
-    for (const PlannedList& list : plan_.filters) {
-      if (list.filter != n) continue;
-      Data value;
-      value.set("text", Std(list.title));
-      value.set("file", Std(list.PageFile(1)));
-      value.set("count", std::to_string(list.products.size()));
-      values.push_back(value);
-    }
-    if (values.is_empty_list()) continue;
-    Data group;
-    group.set("name", catalog_.filterNames[std::size_t(n) - 1]);
-    group.set("values", values);
-    groups.push_back(group);
+  for (int i = 0; i < count; ++i) cardHashes_.push_back(HashOf([&](Fields& fields) { TellCard(fields, i); }));
+  for (std::size_t kind = 0; kind < siteHashes_.size(); ++kind) {
+    FieldHash hash(&skin.Of(PageKind(kind)).names);
+    TellSite(hash);
+    hash.Derived(skin.Of(PageKind(kind)).hash, {});
+    siteHashes_[kind] = hash.Result();
   }
-  return groups;
+  FieldData site;
+  TellSite(site);
+  site_ = site.Take();
 }
 
-Data PageData::PictureData(const PlannedPicture& picture, bool small) const {
-  Data data;
-  const QSize size = JpegSize(small ? picture.smallSource : picture.source);
-  data.set("file", Std(small ? picture.smallFile : picture.file));
-  data.set("full", Std(picture.file));
-  data.set("width", std::to_string(std::max(1, size.width())));
-  data.set("height", std::to_string(std::max(1, size.height())));
-  SetIf(data, "caption", picture.picture->caption);
-  if (small) data.set("fullWidth", std::to_string(std::max(1, JpegSize(picture.source).width())));
-  return data;
-}
-
-Data PageData::Card(int position) const {
-  const PlannedProduct& planned = plan_.products[std::size_t(position)];
-  Data card;
-  card.set("file", Std(planned.file));
-  card.set("code", Std(planned.product->code));
-  SetIf(card, "description", planned.product->description);
-  card.set("picture", planned.pictures.empty() ? Data{false} : PictureData(planned.pictures[0], true));
-  SetIf(card, "value", planned.product->values[0]);
-  card.set("valueName", catalog_.valueNames[0]);
-  if (catalog_.valueNames[0].empty()) card.set("value", Data{false});
-  return card;
-}
-
-QByteArray PageData::CardHash(int position) const {
-  const PlannedProduct& planned = plan_.products[std::size_t(position)];
-  Hash hash;
-  hash << planned.file << planned.product->code << planned.product->description << planned.product->values[0];
-  if (!planned.pictures.empty()) hash << planned.pictures[0].stamp << planned.pictures[0].smallStamp;
+QByteArray PageData::HashOf(const Fields::Tell& tell) {
+  FieldHash hash;
+  tell(hash);
   return hash.Result();
 }
 
-Data PageData::Home() const {
-  Data page = Page(catalog_.title.empty() ? catalog_.name : catalog_.title);
-  Data cards{Data::type::list};
-  for (const int position : featured_) cards.push_back(Card(position));
-  page.set("featured", cards.is_empty_list() ? Data{false} : Data{"cards", cards});
-  return page;
+Data PageData::ContentOf(const Page& page) const {
+  FieldData content;
+  TellPage(content, page);
+  return content.Take();
 }
 
-QByteArray PageData::HomeHash() const {
-  Hash hash;
-  hash << siteHash_ << QByteArray("home");
-  for (const PlannedList& list : plan_.filters) hash << int(list.products.size());
-  for (const int position : featured_) hash << cardHashes_[std::size_t(position)];
+QByteArray PageData::InputOf(const Page& page) const {
+  FieldHash hash(&skin_.Of(page.kind).names);
+  hash.Derived(siteHashes_[std::size_t(page.kind)], {});
+  TellPage(hash, page);
   return hash.Result();
 }
 
-Data PageData::List(const PlannedList& list, int page) const {
+void PageData::TellSite(Fields& fields) const {
+  fields.Group("L", [&](Fields& words) { TellLabels(words, italian_); });
+  fields.Text("siteTitle", !catalog_.title.empty() ? catalog_.title : catalog_.name);
+  fields.TextIf("subtitle", catalog_.subtitle);
+  Paragraphs(fields, "information", catalog_.information);
+  Paragraphs(fields, "extras", catalog_.extras);
+  fields.TextIf("company", catalog_.company);
+  fields.TextIf("address", catalog_.address);
+  fields.TextIf("place", catalog_.postalCode + (catalog_.postalCode.empty() ? "" : " ") + catalog_.city +
+                             (catalog_.province.empty() ? "" : " (" + catalog_.province + ")"));
+  fields.TextIf("country", catalog_.country);
+  fields.TextIf("telephone", Unbroken(catalog_.telephone));
+  fields.TextIf("telephoneDialled", Dialled(catalog_.telephone));
+  fields.TextIf("fax", Unbroken(catalog_.fax));
+  fields.TextIf("email", catalog_.email);
+  fields.TextIf("emailLink", SafeMail(catalog_.email));
+  fields.TextIf("url", catalog_.url);
+  fields.TextIf("urlLink", SafeUrl(catalog_.url));
+  fields.GroupIf(!plan_.logo.empty(), "logo", [&](Fields& logo) { TellPicture(logo, plan_.logo[0], false); });
+  fields.Text("productsFile", Std(plan_.all.PageFile(1)));
+  TellLinksAs(fields, "filters", 0);
+}
+
+void PageData::TellPage(Fields& fields, const Page& page) const {
+  if (page.kind == PageKind::Home)
+    TellHome(fields);
+  else if (page.kind == PageKind::Product)
+    TellProduct(fields, page.number);
+  else
+    TellList(fields, *page.list, page.number);
+}
+
+void PageData::TellTitle(Fields& fields, const std::string& title) {
+  fields.Derived(QByteArray::fromRawData(title.data(), qsizetype(title.size())),
+                 [&](Fields& field) { field.Text("pageTitle", ShortTitle(title)); });
+}
+
+void PageData::TellLinksAs(Fields& fields, const char* name, int filter) const {
+  std::vector<int> used;
+  for (int n = 1; n <= 5; ++n)
+    if ((filter == 0 || filter == n) && !Lists(n).empty()) used.push_back(n);
+  fields.List(name, used.size(), [&](Fields& group, std::size_t i) {
+    group.Derived(linkHashes_[std::size_t(used[i])], [&](Fields& links) { TellLinks(links, used[i]); });
+  });
+}
+
+// The published values of a filter, each with its page.
+void PageData::TellLinks(Fields& fields, int filter) const {
+  const std::vector<const PlannedList*> lists = Lists(filter);
+  if (lists.empty()) return;
+  fields.Text("name", catalog_.filterNames[std::size_t(filter) - 1]);
+  fields.List("values", lists.size(), [&](Fields& value, std::size_t i) {
+    value.Text("text", Std(lists[i]->title));
+    value.Text("file", Std(lists[i]->PageFile(1)));
+    value.Text("count", std::to_string(lists[i]->products.size()));
+  });
+}
+
+std::vector<const PlannedList*> PageData::Lists(int filter) const {
+  std::vector<const PlannedList*> lists;
+  for (const PlannedList& list : plan_.filters)
+    if (list.filter == filter) lists.push_back(&list);
+  return lists;
+}
+
+// Sizes are read from the files, which is left for when the page is made: they follow from the stamps.
+void PageData::TellPicture(Fields& fields, const PlannedPicture& picture, bool small) {
+  fields.Text("file", Std(small ? picture.smallFile : picture.file));
+  fields.Text("full", Std(picture.file));
+  fields.TextIf("caption", picture.picture->caption);
+  fields.Derived(picture.stamp + '|' + (small ? picture.smallStamp : QByteArray()), [&](Fields& sizes) {
+    const QSize size = JpegSize(small ? picture.smallSource : picture.source);
+    sizes.Text("width", std::to_string(std::max(1, size.width())));
+    sizes.Text("height", std::to_string(std::max(1, size.height())));
+    if (!small) return;
+    const int full = picture.smallFile == picture.file ? size.width() : JpegSize(picture.source).width();
+    sizes.Text("fullWidth", std::to_string(std::max(1, full)));
+    sizes.Flag("larger", full > size.width());
+  });
+}
+
+void PageData::TellKnownCard(Fields& fields, int position) const {
+  fields.Derived(cardHashes_[std::size_t(position)], [&](Fields& card) { TellCard(card, position); });
+}
+
+void PageData::TellCard(Fields& fields, int position) const {
+  const PlannedProduct& planned = plan_.products[std::size_t(position)];
+  fields.Text("file", Std(planned.file));
+  fields.Text("code", Std(planned.product->code));
+  fields.TextIf("description", planned.product->description);
+  fields.GroupIf(!planned.pictures.empty(), "picture",
+                 [&](Fields& picture) { TellPicture(picture, planned.pictures[0], true); });
+  fields.TextIf("value", catalog_.valueNames[0].empty() ? std::string() : planned.product->values[0]);
+  fields.Text("valueName", catalog_.valueNames[0]);
+}
+
+void PageData::TellHome(Fields& fields) const {
+  TellTitle(fields, catalog_.title.empty() ? catalog_.name : catalog_.title);
+  fields.GroupIf(!featured_.empty(), "featured", [&](Fields& featured) {
+    featured.List("cards", featured_.size(),
+                  [&](Fields& card, std::size_t i) { TellKnownCard(card, featured_[i]); });
+  });
+}
+
+void PageData::TellList(Fields& fields, const PlannedList& list, int page) const {
   const std::string title = Std(list.title);
-  Data data = Page(list.Pages() > 1 ? title + " – " + PageOf(italian_, page, list.Pages()) : title);
-  data.set("heading", title);
-  if (list.filter > 0) data.set("filterName", catalog_.filterNames[std::size_t(list.filter) - 1]);
-  Data cards{Data::type::list};
-  const int first = (page - 1) * ProductsOnPage;
-  const int end = std::min(first + ProductsOnPage, int(list.products.size()));
-  for (int i = first; i < end; ++i) cards.push_back(Card(list.products[std::size_t(i)]));
-  data.set("cards", cards);
-  data.set("empty", list.products.empty());
-  data.set("values", list.filter > 0 ? Links(list.filter) : Links(0));
-  data.set("paged", list.Pages() > 1);
-  data.set("position", PageOf(italian_, page, list.Pages()));
-  data.set("previous", page > 1 ? Data{"file", Std(list.PageFile(page - 1))} : Data{false});
-  data.set("next", page < list.Pages() ? Data{"file", Std(list.PageFile(page + 1))} : Data{false});
-  return data;
+  const std::string position = PageOf(italian_, page, list.Pages());
+  TellTitle(fields, list.Pages() > 1 ? title + " – " + position : title);
+  fields.Text("heading", title);
+  if (list.filter > 0) fields.Text("filterName", catalog_.filterNames[std::size_t(list.filter) - 1]);
+  const std::size_t first = std::size_t(page - 1) * ProductsOnPage;
+  const std::size_t end = std::min(first + ProductsOnPage, list.products.size());
+  fields.List("cards", end - first,
+              [&](Fields& card, std::size_t i) { TellKnownCard(card, list.products[first + i]); });
+  fields.Flag("empty", list.products.empty());
+  TellLinksAs(fields, "values", list.filter);
+  fields.Flag("paged", list.Pages() > 1);
+  fields.Text("position", position);
+  fields.GroupIf(page > 1, "previous",
+                 [&](Fields& link) { link.Text("file", Std(list.PageFile(page - 1))); });
+  fields.GroupIf(page < list.Pages(), "next",
+                 [&](Fields& link) { link.Text("file", Std(list.PageFile(page + 1))); });
 }
 
-QByteArray PageData::ListHash(const PlannedList& list, int page) const {
-  Hash hash;
-  hash << siteHash_ << list.title << list.file << list.filter << page << list.Pages();
-  for (const PlannedList& other : plan_.filters)
-    if (list.filter == 0 || list.filter == other.filter) hash << int(other.products.size());
-  const int first = (page - 1) * ProductsOnPage;
-  const int end = std::min(first + ProductsOnPage, int(list.products.size()));
-  for (int i = first; i < end; ++i) hash << cardHashes_[std::size_t(list.products[std::size_t(i)])];
-  return hash.Result();
-}
-
-Data PageData::OfProduct(int position) const {
+void PageData::TellProduct(Fields& fields, int position) const {
   const PlannedProduct& planned = plan_.products[std::size_t(position)];
   const Product& product = *planned.product;
   const std::string code = Std(product.code);
-  Data page = Page(product.description.empty() ? code : product.description + " – " + code);
-  page.set("code", code);
-  page.set("heading", product.description.empty() ? code : product.description);
+  TellTitle(fields, product.description.empty() ? code : product.description + " – " + code);
+  fields.Text("code", code);
+  fields.Text("heading", product.description.empty() ? code : product.description);
 
-  Data pictures{Data::type::list};
-  for (std::size_t i = 1; i < planned.pictures.size(); ++i)
-    pictures.push_back(PictureData(planned.pictures[i], false));
-  page.set("picture", planned.pictures.empty() ? Data{false} : PictureData(planned.pictures[0], false));
-  page.set("pictures", pictures.is_empty_list() ? Data{false} : Data{"list", pictures});
-
-  Data details{Data::type::list};
-  for (std::size_t i = 0; i < 3; ++i) {
-    if (catalog_.valueNames[i].empty() || product.values[i].empty()) continue;
-    Data detail{"name", catalog_.valueNames[i]};
-    detail.set("value", product.values[i]);
-    detail.set("file", false);
-    details.push_back(detail);
-  }
-  for (std::size_t i = 0; i < 5; ++i) {
-    const auto found = plan_.filterList.constFind(product.filters[i]);
-    if (found == plan_.filterList.constEnd()) continue;
-    const PlannedList& list = plan_.filters[std::size_t(*found)];
-    Data detail{"name", catalog_.filterNames[i]};
-    detail.set("value", Std(list.title));
-    detail.set("file", Std(list.PageFile(1)));
-    details.push_back(detail);
-  }
-  page.set("details", details);
-
-  Data features{Data::type::list};
-  for (const Feature& feature : product.features) {
-    Data row{"name", feature.name};
-    row.set("value", feature.value);
-    features.push_back(row);
-  }
-  page.set("techData", features.is_empty_list() ? Data{false} : Data{"features", features});
-  page.set("previous", position > 0 ? Card(position - 1) : Data{false});
-  page.set("next", position + 1 < int(plan_.products.size()) ? Card(position + 1) : Data{false});
-  return page;
+  const std::size_t pictures = planned.pictures.size();
+  fields.GroupIf(pictures > 0, "picture",
+                 [&](Fields& picture) { TellPicture(picture, planned.pictures[0], false); });
+  fields.GroupIf(pictures > 1, "pictures", [&](Fields& more) {
+    more.List("list", pictures - 1,
+              [&](Fields& picture, std::size_t i) { TellPicture(picture, planned.pictures[i + 1], false); });
+  });
+  TellDetails(fields, product);
+  fields.GroupIf(!product.features.empty(), "techData", [&](Fields& data) {
+    data.List("features", product.features.size(), [&](Fields& feature, std::size_t i) {
+      feature.Text("name", product.features[i].name);
+      feature.Text("value", product.features[i].value);
+    });
+  });
+  fields.GroupIf(position > 0, "previous", [&](Fields& card) { TellKnownCard(card, position - 1); });
+  fields.GroupIf(position + 1 < int(plan_.products.size()), "next",
+                 [&](Fields& card) { TellKnownCard(card, position + 1); });
 }
 
-QByteArray PageData::ProductHash(int position) const {
-  const PlannedProduct& planned = plan_.products[std::size_t(position)];
-  const Product& product = *planned.product;
-  Hash hash;
-  hash << siteHash_ << cardHashes_[std::size_t(position)] << product.values[1] << product.values[2];
-  for (const int id : product.filters) {
-    const auto found = plan_.filterList.constFind(id);
-    hash << (found == plan_.filterList.constEnd() ? QString() : plan_.filters[std::size_t(*found)].file);
-  }
-  for (const PlannedPicture& picture : planned.pictures) hash << picture.stamp << picture.picture->caption;
-  for (const Feature& feature : product.features) hash << feature.name << feature.value;
-  if (position > 0) hash << cardHashes_[std::size_t(position) - 1];
-  if (position + 1 < int(plan_.products.size())) hash << cardHashes_[std::size_t(position) + 1];
-  return hash.Result();
+// The values and filter values that the product has; one with a page of its own leads there.
+void PageData::TellDetails(Fields& fields, const Product& product) const {
+  struct Detail {
+    const std::string& name;
+    std::string value;
+    const PlannedList* list;
+  };
+  std::vector<Detail> details;
+  for (std::size_t i = 0; i < 3; ++i)
+    if (!catalog_.valueNames[i].empty() && !product.values[i].empty())
+      details.push_back({catalog_.valueNames[i], product.values[i], nullptr});
+  for (std::size_t i = 0; i < 5; ++i)
+    if (const auto found = plan_.filterList.constFind(product.filters[i]);
+        found != plan_.filterList.constEnd()) {
+      const PlannedList& list = plan_.filters[std::size_t(*found)];
+      details.push_back({catalog_.filterNames[i], Std(list.title), &list});
+    }
+  fields.List("details", details.size(), [&](Fields& detail, std::size_t i) {
+    detail.Text("name", details[i].name);
+    detail.Text("value", details[i].value);
+    detail.TextIf("file", details[i].list == nullptr ? std::string() : Std(details[i].list->PageFile(1)));
+  });
 }
 
 }  // namespace vlhtml

@@ -1,47 +1,61 @@
 // What the templates see of each page, and the hash by which an unchanged page is known without being made.
+// Both come from the same procedures.
 #pragma once
 
 #include <QByteArray>
-#include <QSize>
+#include <array>
 
+#include "Fields.h"
 #include "SitePlan.h"
 #include "Skin.h"
 
 namespace vlhtml {
 
+// A page of the site. A list has pages counted from 1; a product is told by its position.
+struct Page {
+  PageKind kind = PageKind::Home;
+  const PlannedList* list = nullptr;
+  int number = 0;
+};
+
 class PageData {
  public:
-  PageData(const SitePlan& plan, const QByteArray& skinHash, bool italian);
+  // Plan and skin must outlive it. italian is the language of the site.
+  PageData(const SitePlan& plan, const Skin& skin, bool italian);
 
   // What every page sees besides its own.
   const Data& Site() const { return site_; }
-  Data Home() const;
-  Data List(const PlannedList& list, int page) const;
-  Data OfProduct(int position) const;
-
-  // Hashes of all that goes into a page.
-  QByteArray HomeHash() const;
-  QByteArray ListHash(const PlannedList& list, int page) const;
-  QByteArray ProductHash(int position) const;
+  Data ContentOf(const Page& page) const;
+  // Hash of all that the page's template can show: the template itself, and what is told under the names that
+  // it uses. A count that a template does not show makes no page anew.
+  QByteArray InputOf(const Page& page) const;
 
  private:
-  static Data Page(const std::string& title);
-  Data Card(int position) const;
-  Data PictureData(const PlannedPicture& picture, bool small) const;
-  Data Links(int filter) const;
-  QByteArray CardHash(int position) const;
-  const std::vector<int>& Featured() const { return featured_; }
+  static QByteArray HashOf(const Fields::Tell& tell);
+  void TellSite(Fields& fields) const;
+  void TellPage(Fields& fields, const Page& page) const;
+  void TellHome(Fields& fields) const;
+  void TellList(Fields& fields, const PlannedList& list, int page) const;
+  void TellProduct(Fields& fields, int position) const;
+  void TellDetails(Fields& fields, const Product& product) const;
+  static void TellTitle(Fields& fields, const std::string& title);
+  static void TellPicture(Fields& fields, const PlannedPicture& picture, bool small);
+  void TellCard(Fields& fields, int position) const;
+  void TellKnownCard(Fields& fields, int position) const;
+  void TellLinks(Fields& fields, int filter) const;
+  // The links of one filter, or of all for 0.
+  void TellLinksAs(Fields& fields, const char* name, int filter) const;
+  std::vector<const PlannedList*> Lists(int filter) const;
 
   const SitePlan& plan_;
   const CatalogSnapshot& catalog_;
+  const Skin& skin_;
   bool italian_;
-  Data site_;            // what all pages have
-  QByteArray siteHash_;  // skin, company and filters
+  Data site_;
   std::vector<int> featured_;
+  std::array<QByteArray, PageKinds> siteHashes_;  // the template and what all its pages see
+  std::array<QByteArray, 6> linkHashes_;          // by the filter's number
   std::vector<QByteArray> cardHashes_;
 };
-
-// The size of a JPEG file in pixels, read from its head; empty when it has none.
-QSize JpegSize(const QString& path);
 
 }  // namespace vlhtml

@@ -4,39 +4,85 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "JpegHead.h"
 #include "PublishedNames.h"
 
 namespace vlhtml {
 namespace {
 
-QByteArray Stamp(const QFileInfo& file) {
-  return file.filePath().toUtf8() + '|' + QByteArray::number(file.size()) + '|' +
-         QByteArray::number(file.lastModified().toMSecsSinceEpoch());
-}
-
 QString FileName(const QString& path) {
   return path.mid(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
 }
 
-// The thumbnail of a main picture stands beside it, with "t" before its name. A picture whose file is gone is
-// left out.
-bool Plan(const Picture& picture, const QString& name, bool main, PlannedPicture& planned) {
-  const QFileInfo source(picture.source);
-  if (!source.isFile()) return false;
-  planned.picture = &picture;
-  planned.source = picture.source;
-  planned.file = QStringLiteral("images/") + name + QStringLiteral(".jpg");
-  planned.stamp = Stamp(source);
-  planned.smallSource = planned.source;
-  planned.smallFile = planned.file;
-  const QFileInfo thumbnail(source.path() + QStringLiteral("/t") + FileName(picture.source));
-  if (main && thumbnail.isFile()) {
-    planned.smallSource = thumbnail.filePath();
-    planned.smallFile = QStringLiteral("images/t-") + name + QStringLiteral(".jpg");
-    planned.smallStamp = Stamp(thumbnail);
+// The pictures of this application folder. Each folder that a row names is looked up once.
+class Pictures {
+ public:
+  Pictures(const QString& folder, bool italian)
+      : root_(QFileInfo(folder).canonicalFilePath()), italian_(italian) {}
+
+  // A picture that cannot be published is left out, and a warning says why. The thumbnail of a main picture
+  // stands beside it, with "t" before its name.
+  bool Plan(const Picture& picture, const QString& owner, const QString& name, bool main,
+            PlannedPicture& planned, QStringList& warnings) {
+    const QFileInfo source(picture.source);
+    if (const QString fault = FaultOf(source); !fault.isEmpty()) {
+      warnings += fault.arg(owner, QDir::toNativeSeparators(picture.source));
+      return false;
+    }
+    planned.picture = &picture;
+    planned.source = picture.source;
+    planned.file = QStringLiteral("images/") + name + QStringLiteral(".jpg");
+    planned.stamp = Stamp(source);
+    planned.smallSource = planned.source;
+    planned.smallFile = planned.file;
+    const QFileInfo thumbnail(source.path() + QStringLiteral("/t") + FileName(picture.source));
+    if (main && thumbnail.isFile() && FaultOf(thumbnail).isEmpty()) {
+      planned.smallSource = thumbnail.filePath();
+      planned.smallFile = QStringLiteral("images/t-") + name + QStringLiteral(".jpg");
+      planned.smallStamp = Stamp(thumbnail);
+    }
+    return true;
   }
-  return true;
-}
+
+ private:
+  QString Real(const QString& folder) {
+    auto known = folders_.find(folder);
+    if (known == folders_.end()) known = folders_.insert(folder, QFileInfo(folder).canonicalFilePath());
+    return known.value();
+  }
+
+  bool IsInside(const QFileInfo& file) {
+    const QString folder = file.isSymLink() ? QFileInfo(file.canonicalFilePath()).path() : Real(file.path());
+    return !root_.isEmpty() && (folder == root_ || folder.startsWith(QString(root_ + u'/')));
+  }
+
+  QByteArray Stamp(const QFileInfo& file) {
+    return (Real(file.path()).mid(root_.size()) + u'/' + file.fileName()).toUtf8() + '|' +
+           QByteArray::number(file.size()) + '|' +
+           QByteArray::number(file.lastModified().toMSecsSinceEpoch());
+  }
+
+  QString FaultOf(const QFileInfo& file) {
+    const JpegFile kind = LookAtJpeg(file.filePath());
+    if (kind == JpegFile::Missing)
+      return italian_ ? QStringLiteral("%1: il file %2 non esiste")
+                      : QStringLiteral("%1: the file %2 does not exist");
+    if (!IsInside(file))
+      return italian_ ? QStringLiteral("%1: il file %2 non sta nella cartella \"Images\"")
+                      : QStringLiteral("%1: the file %2 does not lie in the folder \"Images\"");
+    if (kind == JpegFile::Unreadable)
+      return italian_ ? QStringLiteral("%1: il file %2 non si può leggere")
+                      : QStringLiteral("%1: the file %2 cannot be read");
+    if (kind == JpegFile::OtherKind)
+      return italian_ ? QStringLiteral("%1: il file %2 non è un'immagine JPEG")
+                      : QStringLiteral("%1: the file %2 is no JPEG picture");
+    return {};
+  }
+
+  QString root_;
+  bool italian_;
+  QHash<QString, QString> folders_;
+};
 
 }  // namespace
 
@@ -44,11 +90,11 @@ QString PlannedList::PageFile(int page) const {
   return file + (page > 1 ? u'-' + QString::number(page) : QString()) + QStringLiteral(".html");
 }
 
-SitePlan::SitePlan(const CatalogSnapshot& snapshot, bool italian) : catalog(&snapshot) {
-  const QString missing = italian ? QStringLiteral("%1: il file %2 non esiste")
-                                  : QStringLiteral("%1: the file %2 does not exist");
+SitePlan::SitePlan(const CatalogSnapshot& snapshot, const QString& imagesFolder, const Languages& languages)
+    : catalog(&snapshot) {
+  Pictures pictures(imagesFolder, languages.italian);
   PublishedNames names;
-  all.title = italian ? QStringLiteral("Tutti i prodotti") : QStringLiteral("All products");
+  all.title = languages.siteItalian ? QStringLiteral("Tutti i prodotti") : QStringLiteral("All products");
   all.file = names.NameOf(QString(), QStringLiteral("products"));
   names.NameOf(QString(), QStringLiteral("index"));
   for (const FilterValue& value : snapshot.filterValues) {
@@ -63,10 +109,9 @@ SitePlan::SitePlan(const CatalogSnapshot& snapshot, bool italian) : catalog(&sna
     planned.file = name + QStringLiteral(".html");
     for (std::size_t i = 0; i < product.pictures.size(); ++i) {
       PlannedPicture picture;
-      if (Plan(product.pictures[i], i == 0 ? name : name + u'_' + QString::number(i + 1), i == 0, picture))
+      if (pictures.Plan(product.pictures[i], product.code,
+                        i == 0 ? name : name + u'_' + QString::number(i + 1), i == 0, picture, warnings))
         planned.pictures.push_back(std::move(picture));
-      else
-        warnings += missing.arg(product.code, QDir::toNativeSeparators(product.pictures[i].source));
     }
     products.push_back(std::move(planned));
     all.products.push_back(position);
@@ -94,10 +139,9 @@ SitePlan::SitePlan(const CatalogSnapshot& snapshot, bool italian) : catalog(&sna
   filterList = std::move(positions);
   if (!snapshot.logo.source.isEmpty()) {
     PlannedPicture picture;
-    if (Plan(snapshot.logo, QStringLiteral("logo"), false, picture))
+    if (pictures.Plan(snapshot.logo, QStringLiteral("Logo"), QStringLiteral("logo"), false, picture,
+                      warnings))
       logo.push_back(std::move(picture));
-    else
-      warnings += missing.arg(QStringLiteral("Logo"), QDir::toNativeSeparators(snapshot.logo.source));
   }
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "CatalogSnapshot.h"
+#include "Labels.h"
 
 namespace vlhtml {
 
@@ -29,7 +30,7 @@ struct PlannedPicture {
 struct PlannedProduct {
   const Product* product = nullptr;
   QString file;
-  std::vector<PlannedPicture> pictures;  // those whose file exists
+  std::vector<PlannedPicture> pictures;  // those whose file can be published
 };
 
 // A list of products over several pages: the whole catalog, or one filter value.
@@ -52,8 +53,8 @@ struct SitePlan {
   std::vector<PlannedPicture> logo;  // one or none
   QStringList warnings;              // what is left out, for the user
 
-  // The snapshot must outlive the plan.
-  SitePlan(const CatalogSnapshot& snapshot, bool italian);
+  // The snapshot must outlive the plan. Only pictures in the application folder's "Images" are published.
+  SitePlan(const CatalogSnapshot& snapshot, const QString& imagesFolder, const Languages& languages);
 };
 
 }  // namespace vlhtml

@@ -1,159 +1,191 @@
 #include "SitePublisher.h"
 
-#include <atomic>
-#include <exception>
-#include <mutex>
-#include <thread>
+#include <QDir>
+#include <QFileInfo>
+#include <memory>
+#include <optional>
 
+#include "Crew.h"
 #include "PageData.h"
+#include "PageMark.h"
+#include "PublishError.h"
 #include "Staging.h"
+#include "TargetFolder.h"
+#include "TargetMemory.h"
 
 namespace vlhtml {
 namespace {
 
-// A file of the site: a page that is rendered, or a copy.
+// A file of the site: a page that is rendered, or a copy of a source.
 struct Task {
-  enum class Kind { Home, List, Product, Copy } kind;
   QString file;
   QByteArray input;
-  const PlannedList* list = nullptr;
-  int number = 0;  // page of a list, position of a product
-  QString source;
+  Page page;
+  QString source;     // "" for a page
+  QStringList files;  // that were published with the page
 };
 
+// The pages, each followed by the files that are published with it.
 std::vector<Task> Tasks(const SitePlan& plan, const PageData& pages, const Skin& skin) {
   std::vector<Task> tasks;
-  tasks.push_back({Task::Kind::Home, QStringLiteral("index.html"), pages.HomeHash(), nullptr, 0, {}});
-  const auto addList = [&](const PlannedList& list) {
-    for (int page = 1; page <= list.Pages(); ++page)
-      tasks.push_back({Task::Kind::List, list.PageFile(page), pages.ListHash(list, page), &list, page, {}});
+  std::size_t last = 0;
+  const auto addPage = [&](const QString& file, const Page& page) {
+    last = tasks.size();
+    tasks.push_back({file, pages.InputOf(page), page, {}, {}});
+  };
+  const auto addCopy = [&](const QString& file, const QByteArray& input, const QString& source) {
+    tasks[last].files += file;
+    tasks.push_back({file, input, {}, source, {}});
   };
   const auto addPicture = [&](const PlannedPicture& picture) {
-    tasks.push_back({Task::Kind::Copy, picture.file, picture.stamp, nullptr, 0, picture.source});
+    addCopy(picture.file, picture.stamp, picture.source);
     if (picture.smallFile != picture.file)
-      tasks.push_back(
-          {Task::Kind::Copy, picture.smallFile, picture.smallStamp, nullptr, 0, picture.smallSource});
+      addCopy(picture.smallFile, picture.smallStamp, picture.smallSource);
   };
+  const auto addList = [&](const PlannedList& list) {
+    const PageKind kind = list.filter > 0 ? PageKind::Filter : PageKind::Index;
+    for (int page = 1; page <= list.Pages(); ++page) addPage(list.PageFile(page), {kind, &list, page});
+  };
+  addPage(QStringLiteral("index.html"), {PageKind::Home, nullptr, 0});
+  for (const PlannedPicture& picture : plan.logo) addPicture(picture);
+  for (const Skin::File& file : skin.StaticFiles())
+    addCopy(file.name, file.hash, skin.Folder() + u'/' + file.name);
   addList(plan.all);
   for (const PlannedList& list : plan.filters) addList(list);
   for (std::size_t i = 0; i < plan.products.size(); ++i) {
     const PlannedProduct& product = plan.products[i];
-    tasks.push_back({Task::Kind::Product, product.file, pages.ProductHash(int(i)), nullptr, int(i), {}});
+    addPage(product.file, {PageKind::Product, nullptr, int(i)});
     for (const PlannedPicture& picture : product.pictures) addPicture(picture);
   }
-  for (const PlannedPicture& picture : plan.logo) addPicture(picture);
-  for (const QString& file : skin.StaticFiles())
-    tasks.push_back({Task::Kind::Copy, file, skin.Hash(), nullptr, 0, skin.Folder() + u'/' + file});
   return tasks;
 }
 
-// Makes the files that are not current, on as many threads as there are processors, while this one reports.
+// The list of files is public, and what files were made from is not.
+void HideInputs(std::vector<Task>& tasks, const SiteKey& key) {
+  for (Task& task : tasks)
+    task.input = key.Digest(key.Site() + task.input + '|' + task.files.join(u'|').toUtf8());
+}
+
+// Makes files of the site, on one thread.
 class Builder {
  public:
-  Builder(const Staging& staging, const PageData& pages, const QString& skin, bool italian)
-      : staging_(staging), pages_(pages), skin_(skin), italian_(italian) {}
+  Builder(const Staging& staging, const PageData& pages, QByteArray site, const QString& skin, bool italian)
+      : staging_(staging), pages_(pages), site_(std::move(site)), skin_(skin, italian) {}
 
-  // False when the progress asked to stop. Throws what a thread threw.
-  bool Build(const std::vector<const Task*>& tasks, std::vector<ManifestEntry>& entries,
-             IVorlinaProgress& progress, const QString& step) {
-    if (!progress.Report(0, int(tasks.size()), step)) return false;
-    std::vector<std::thread> threads;
-    const std::size_t count = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
-    for (std::size_t i = 0; i < std::min(count, tasks.size()); ++i)
-      threads.emplace_back([&] { Work(tasks, entries); });
-    const auto total = int(tasks.size());
-    while (done_ < total && !stop_) {
-      if (!progress.Report(done_, total, step)) stop_ = cancelled_ = true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(total < 500 ? 2 : 15));
-    }
-    for (std::thread& thread : threads) thread.join();
-    if (failure_) std::rethrow_exception(failure_);
-    return !cancelled_;
+  ManifestEntry Make(const Task& task) {
+    if (!task.source.isEmpty()) return staging_.Copy(task.file, task.source, task.input);
+    std::string page = skin_.Render(task.page.kind, pages_.Site(), pages_.ContentOf(task.page));
+    page += PageMark{site_, task.files}.ToText(page);
+    return staging_.Write(task.file, page, task.input);
   }
 
  private:
-  void Work(const std::vector<const Task*>& tasks, std::vector<ManifestEntry>& entries) {
-    try {
-      Skin skin(skin_, italian_);
-      for (std::size_t i = next_++; i < tasks.size() && !stop_; i = next_++) {
-        entries[i] = Make(*tasks[i], skin);
-        ++done_;
-      }
-    } catch (...) {
-      const std::lock_guard lock(mutex_);
-      if (!failure_) failure_ = std::current_exception();
-      stop_ = true;
-    }
-  }
-
-  ManifestEntry Make(const Task& task, Skin& skin) const {
-    const auto page = [&](const char* name, const Data& data) {
-      return staging_.Write(task.file, skin.Render(name, pages_.Site(), data), task.input);
-    };
-    switch (task.kind) {
-      case Task::Kind::Home:
-        return page("home", pages_.Home());
-      case Task::Kind::List:
-        return page(task.list->filter > 0 ? "filter" : "index", pages_.List(*task.list, task.number));
-      case Task::Kind::Product:
-        return page("product", pages_.OfProduct(task.number));
-      case Task::Kind::Copy:
-        break;
-    }
-    return staging_.Copy(task.file, task.source, task.input);
-  }
-
   const Staging& staging_;
   const PageData& pages_;
-  QString skin_;
-  bool italian_;
-  std::atomic<std::size_t> next_{0};
-  std::atomic<int> done_{0};
-  std::atomic<bool> stop_{false};
-  bool cancelled_ = false;
-  std::mutex mutex_;
-  std::exception_ptr failure_;
+  QByteArray site_;
+  Skin skin_;
 };
+
+QString Told(bool italian, const char* italianText, const char* englishText) {
+  return QString::fromUtf8(italian ? italianText : englishText);
+}
+
+// Whether a site of this name may go into the folder.
+bool MayTake(const QString& folder, const Manifest& former, const QByteArray& site, bool italian,
+             const MayReplace& mayReplace) {
+  if (former.entries.isEmpty()) {
+    RequireNoOtherSite(folder, italian);
+    return true;
+  }
+  if (former.site == site) return true;
+  if (mayReplace) return mayReplace(former.title);
+  throw About(
+      folder, italian,
+      QStringLiteral("La cartella %1 contiene il sito di un altro catalogo. Scegliere un'altra cartella; "
+                     "per sostituirlo, pubblicare dal programma Vorlina."),
+      QStringLiteral("The folder %1 holds the site of another catalog. Choose another folder; to replace "
+                     "it, publish from the program Vorlina."));
+}
+
+// The tasks whose files are not what they would be made to be.
+std::optional<std::vector<const Task*>> Pending(const std::vector<Task>& tasks, const Staging& staging,
+                                                const std::function<bool(int)>& report) {
+  std::vector<char> current(tasks.size(), 0);
+  const auto look = [&](std::size_t i) { current[i] = staging.IsCurrent(tasks[i].file, tasks[i].input); };
+  const auto begin = [&]() -> Work { return look; };
+  if (!staging.Former().entries.isEmpty() && !DoTogether(tasks.size(), begin, report)) return {};
+  std::vector<const Task*> pending;
+  for (std::size_t i = 0; i < tasks.size(); ++i)
+    if (current[i] == 0) pending.push_back(&tasks[i]);
+  return pending;
+}
+
+// Makes these files in the staging folder and enters them into the manifest. False when the report asked to
+// stop.
+bool Build(const std::vector<const Task*>& pending, Staging& staging,
+           const std::function<std::shared_ptr<Builder>()>& newBuilder, Manifest& coming,
+           const std::function<bool(int)>& report) {
+  QStringList made;
+  for (const Task* task : pending) made += task->file;
+  staging.Begin(coming.entries.keys(), made);
+  std::vector<ManifestEntry> entries(pending.size());
+  const auto begin = [&]() -> Work {
+    return [&, builder = newBuilder()](std::size_t i) { entries[i] = builder->Make(*pending[i]); };
+  };
+  if (!DoTogether(pending.size(), begin, report)) return false;
+  for (std::size_t i = 0; i < entries.size(); ++i) coming.entries.insert(made[qsizetype(i)], entries[i]);
+  report(int(pending.size()));
+  return true;
+}
 
 }  // namespace
 
 PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                          const QString& skinFolder, bool italian, IVorlinaProgress& progress) {
+                          const QString& skinFolder, const Languages& languages, IVorlinaProgress& progress,
+                          const MayReplace& mayReplace) {
+  const bool italian = languages.italian;
   PublishResult result;
-  const QString reading =
-      italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog");
-  const QString writing =
-      italian ? QStringLiteral("Scrittura delle pagine") : QStringLiteral("Writing the pages");
-  if (!progress.Report(0, 1, reading)) return result;
-  const CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo);
-  const SitePlan plan(catalog, italian);
-  const Skin skin(skinFolder, italian);
-  const PageData pages(plan, skin.Hash(), italian);
-  const std::vector<Task> tasks = Tasks(plan, pages, skin);
-
+  const QString application = QFileInfo(connection.DataSource()).absolutePath();
+  RequireSiteFolder(folder, application, italian);
   Staging staging(folder, italian);
-  Manifest manifest;
-  std::vector<const Task*> pending;
-  QStringList files;
-  for (const Task& task : tasks) {
-    files += task.file;
-    result.pages += task.kind == Task::Kind::Copy ? 0 : 1;
-    if (staging.IsCurrent(task.file, task.input))
-      manifest.entries.insert(task.file, staging.Former().entries[task.file]);
-    else
-      pending.push_back(&task);
-  }
+  const SiteKey key(connection, IDCatalogo);
+  if (!MayTake(folder, staging.Former(), key.Site(), italian, mayReplace)) return result;
+  if (!progress.Report(0, 1, Told(italian, "Lettura del catalogo", "Reading the catalog"))) return result;
+  const CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo, italian);
+  const SitePlan plan(catalog, application + QStringLiteral("/Images"), languages);
+  const Skin skin(skinFolder, italian);
+  const PageData pages(plan, skin, languages.siteItalian);
+  std::vector<Task> tasks = Tasks(plan, pages, skin);
+  HideInputs(tasks, key);
   result.warnings = plan.warnings;
-  result.written = int(pending.size());
+
+  const QString comparing = Told(italian, "Confronto con il sito", "Comparing with the site");
+  const auto pending =
+      Pending(tasks, staging, [&](int done) { return progress.Report(done, int(tasks.size()), comparing); });
+  if (!pending) return result;
+  Manifest coming;
+  coming.site = key.Site();
+  coming.title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
+  for (const Task& task : tasks) {
+    result.pages += task.source.isEmpty() ? 1 : 0;
+    coming.entries.insert(task.file, staging.Former().entries.value(task.file));
+  }
+  result.written = int(pending->size());
   result.complete = true;
-  if (pending.empty() && manifest.entries.size() == staging.Former().entries.size()) return result;
-  staging.Begin(files);
-  std::vector<ManifestEntry> entries(pending.size());
-  result.complete = Builder(staging, pages, skinFolder, italian).Build(pending, entries, progress, writing);
+  if (pending->empty() && coming.entries.size() == staging.Former().entries.size()) return result;
+  key.Keep(connection);
+  const auto begin = [&] {
+    return std::make_shared<Builder>(staging, pages, key.Site(), skinFolder, italian);
+  };
+  result.complete = Build(*pending, staging, begin, coming, [&](int done) {
+    return progress.Report(done, result.written,
+                           Told(italian, "Scrittura delle pagine", "Writing the pages"));
+  });
   if (!result.complete) return result;
-  for (std::size_t i = 0; i < pending.size(); ++i) manifest.entries.insert(pending[i]->file, entries[i]);
-  staging.Swap(manifest);
-  progress.Report(int(pending.size()), int(pending.size()), writing);
+  const QString left = Told(italian, "%1 non si è potuto eliminare; la prossima pubblicazione riproverà",
+                            "%1 could not be deleted; the next publication will try again");
+  for (const QString& file : staging.Swap(coming))
+    result.warnings += left.arg(QDir::toNativeSeparators(file));
   return result;
 }
 

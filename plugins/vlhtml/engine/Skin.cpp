@@ -2,24 +2,21 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
-#include <stdexcept>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <algorithm>
 
 namespace vlhtml {
 namespace {
 
 constexpr qsizetype LargestTemplate = 1 << 20;
+const QString TemplateSuffix = QStringLiteral(".mustache");
 
-[[noreturn]] void Refuse(bool italian, const QString& file, const QString& inItalian,
-                         const QString& inEnglish) {
-  const QString text = italian ? QStringLiteral("Skin, file %1: ").arg(file) + inItalian
-                               : QStringLiteral("Skin, file %1: ").arg(file) + inEnglish;
-  throw std::runtime_error(text.toStdString());
+QByteArray Sha1(QByteArrayView bytes) {
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).left(16);
 }
-
-// "{{> name}}" is replaced by that template's text while loading, so that a partial is not parsed for every
-// page.
-const std::string PartialOpen = "{{>";
 
 }  // namespace
 
@@ -31,75 +28,80 @@ QStringList Skin::NeededFiles() {
 }
 
 Skin::Skin(const QString& folder, bool italian) : folder_(folder), italian_(italian) {
-  home_ = Load(QStringLiteral("home"));
-  index_ = Load(QStringLiteral("index"));
-  filter_ = Load(QStringLiteral("filter"));
-  product_ = Load(QStringLiteral("product"));
-  files_ += QStringLiteral("style.css");
-  const QStringList assets = QDir(folder + QStringLiteral("/assets")).entryList(QDir::Files, QDir::Name);
-  for (const QString& name : assets) files_ += QStringLiteral("assets/") + name;
-  QCryptographicHash hash(QCryptographicHash::Sha1);
-  for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
-    QFile file(folder + u'/' + name);
-    if (!file.open(QIODevice::ReadOnly))
-      Refuse(italian_, name, QStringLiteral("non può essere letto"), QStringLiteral("it cannot be read"));
-    hash.addData(name.toUtf8());
-    hash.addData(&file);
-  }
-  hash_ = hash.result();
+  for (const QString& name : NeededFiles())
+    if (!QFileInfo(folder + u'/' + name).isFile())
+      RefuseSkin(italian_, name, 0, QStringLiteral("manca"), QStringLiteral("it is missing"));
+  pages_ = {Load(QStringLiteral("home")), Load(QStringLiteral("index")), Load(QStringLiteral("filter")),
+            Load(QStringLiteral("product"))};
 }
 
-std::string Skin::Read(const QString& name) {
+std::string Skin::Read(const QString& name) const {
   QFile file(folder_ + u'/' + name);
   if (!file.open(QIODevice::ReadOnly))
-    Refuse(italian_, name, QStringLiteral("manca"), QStringLiteral("it is missing"));
+    RefuseSkin(italian_, name, 0, QStringLiteral("non può essere letto"),
+               QStringLiteral("it cannot be read"));
   if (file.size() > LargestTemplate)
-    Refuse(italian_, name, QStringLiteral("è troppo grande"), QStringLiteral("it is too large"));
-  std::string text = file.readAll().toStdString();
-  for (const char* raw : {"{{{", "{{&", "{{ &", "{{="})
-    if (text.find(raw) != std::string::npos)
-      Refuse(italian_, name,
-             QStringLiteral("\"%1\" non è ammesso, perché i testi dei prodotti devono restare testi")
-                 .arg(QString::fromLatin1(raw)),
-             QStringLiteral("\"%1\" is not allowed, since the texts of products must stay texts")
-                 .arg(QString::fromLatin1(raw)));
-  return text;
+    RefuseSkin(italian_, name, 0, QStringLiteral("è troppo grande"), QStringLiteral("it is too large"));
+  return file.readAll().toStdString();
 }
 
-std::unique_ptr<Skin::Template> Skin::Load(const QString& name) {
-  const QString file = name + QStringLiteral(".mustache");
-  std::string text = Read(file);
-  for (std::size_t at = text.find(PartialOpen); at != std::string::npos; at = text.find(PartialOpen)) {
-    const std::size_t end = text.find("}}", at);
-    if (end == std::string::npos)
-      Refuse(italian_, file, QStringLiteral("\"}}\" manca"), QStringLiteral("\"}}\" is missing"));
-    const QString partial = QString::fromStdString(text.substr(at + 3, end - at - 3)).trimmed();
-    if (partial != u"header" && partial != u"footer" && partial != u"card")
-      Refuse(italian_, file, QStringLiteral("la parte \"%1\" non esiste").arg(partial),
-             QStringLiteral("there is no partial \"%1\"").arg(partial));
-    std::string part = Read(partial + QStringLiteral(".mustache"));
-    if (part.ends_with('\n')) part.pop_back();
-    if (part.find(PartialOpen) != std::string::npos)
-      Refuse(italian_, partial, QStringLiteral("una parte non può contenerne un'altra"),
-             QStringLiteral("a partial cannot hold another one"));
-    text.replace(at, end + 2 - at, part);
-  }
-  auto parsed = std::make_unique<Template>(text);
-  if (!parsed->is_valid())
-    Refuse(italian_, file, QString::fromStdString(parsed->error_message()),
-           QString::fromStdString(parsed->error_message()));
+Skin::Parsed Skin::Load(const QString& name) const {
+  const QString file = name + TemplateSuffix;
+  Template loaded = LoadTemplate(
+      file, [this](const QString& part) { return Read(part); }, italian_);
+  Parsed parsed;
+  parsed.page.hash = Sha1(QByteArray::fromStdString(VORLINA_VERSION "\n" + loaded.text));
+  parsed.page.names = std::move(loaded.names);
+  parsed.text = std::make_unique<kainjow::mustache::mustache>(loaded.text);
+  if (const QString error = QString::fromStdString(parsed.text->error_message()); !error.isEmpty())
+    RefuseSkin(italian_, file, 0, error, error);
   return parsed;
 }
 
-std::string Skin::Render(const char* page, const Data& site, const Data& data) {
-  const std::string_view name = page;
-  Template& which = name == "home"     ? *home_
-                    : name == "index"  ? *index_
-                    : name == "filter" ? *filter_
-                                       : *product_;
+std::string Skin::Render(PageKind kind, const Data& site, const Data& data) {
   kainjow::mustache::context<std::string> context(&site);
   context.push(&data);
-  return which.render(context);
+  return pages_[std::size_t(kind)].text->render(context);
+}
+
+std::vector<Skin::File> Skin::StaticFiles() const {
+  QStringList names;
+  QDirIterator entries(folder_, QDir::Files, QDirIterator::Subdirectories);
+  while (entries.hasNext()) {
+    const QString name = QDir(folder_).relativeFilePath(entries.next());
+    if (!name.contains(u'/') && name.endsWith(TemplateSuffix)) continue;
+    CheckName(name);
+    names += name;
+  }
+  names.sort();
+  std::vector<File> files;
+  for (const QString& name : names) files.push_back({name, HashOf(name)});
+  return files;
+}
+
+QByteArray Skin::HashOf(const QString& name) const {
+  QFile file(folder_ + u'/' + name);
+  QCryptographicHash hash(QCryptographicHash::Sha1);
+  if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+    RefuseSkin(italian_, name, 0, QStringLiteral("non può essere letto"),
+               QStringLiteral("it cannot be read"));
+  return hash.result().left(16);
+}
+
+void Skin::CheckName(const QString& name) const {
+  static const QRegularExpression plain(
+      QStringLiteral("\\A[A-Za-z0-9_-][A-Za-z0-9._-]*(/[A-Za-z0-9_-][A-Za-z0-9._-]*)*\\z"));
+  static const QRegularExpression ofSite(
+      QStringLiteral("\\A(images(/.*)?|vorlina-.*|(index|products|products-\\d+|[pf]\\d?-.*)\\.html)\\z"),
+      QRegularExpression::CaseInsensitiveOption);
+  if (!plain.match(name).hasMatch() || name.contains(QStringLiteral("..")))
+    RefuseSkin(
+        italian_, name, 0,
+        QStringLiteral("il nome può avere solo lettere senza accenti, cifre, \".\", \"_\" e \"-\""),
+        QStringLiteral("the name may have only letters without accents, digits, \".\", \"_\" and \"-\""));
+  if (ofSite.match(name).hasMatch())
+    RefuseSkin(italian_, name, 0, QStringLiteral("il sito usa già questo nome, sceglierne un altro"),
+               QStringLiteral("the site itself uses this name, choose another one"));
 }
 
 }  // namespace vlhtml

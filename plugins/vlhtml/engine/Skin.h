@@ -4,44 +4,59 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include <kainjow/mustache.hpp>
+#include "Fields.h"
+#include "Template.h"
 
 namespace vlhtml {
 
-using Data = kainjow::mustache::data;
+enum class PageKind { Home, Index, Filter, Product };
+inline constexpr std::size_t PageKinds = 4;
 
 class Skin {
  public:
-  // Reads and checks a skin folder. Throws std::runtime_error that names the file and what is wrong: a
-  // template that is missing or broken, or one that writes unescaped text ("{{{", "{{&") or changes the
-  // delimiters.
+  struct PageTemplate {
+    std::set<std::string, std::less<>> names;  // what a page of the kind can show
+    QByteArray hash;                           // of its text and of the program's version
+  };
+  // A file that the site gets as it is.
+  struct File {
+    QString name;
+    QByteArray hash;  // of its content
+  };
+
+  // Reads and checks a skin folder. Throws std::runtime_error that names the file and what is wrong: one that
+  // is missing, or a template as LoadTemplate tells. italian is the language of the errors.
   Skin(const QString& folder, bool italian);
 
-  // Renders one of the templates "home", "index", "filter" and "product" with what the site and the page
-  // have. One thread at a time: each has a Skin of its own.
-  std::string Render(const char* page, const Data& site, const Data& data);
-  // The files that a site gets as they are: style.css and what lies in "assets".
-  const QStringList& StaticFiles() const { return files_; }
+  // Renders a page with what the site and the page have. One thread at a time: each has a Skin of its own.
+  std::string Render(PageKind kind, const Data& site, const Data& data);
+  const PageTemplate& Of(PageKind kind) const { return pages_[std::size_t(kind)].page; }
+  // All that the folder holds besides the templates, folders included; what is hidden is not. Read anew by
+  // each call. Throws for a name that the site itself needs, or that not every web server takes.
+  std::vector<File> StaticFiles() const;
   const QString& Folder() const { return folder_; }
-  // Changes when anything of the skin changes.
-  const QByteArray& Hash() const { return hash_; }
 
   // What a folder must hold to be a skin.
   static QStringList NeededFiles();
 
  private:
-  using Template = kainjow::mustache::mustache;
-  std::string Read(const QString& name);
-  std::unique_ptr<Template> Load(const QString& name);
+  struct Parsed {
+    PageTemplate page;
+    std::unique_ptr<kainjow::mustache::mustache> text;
+  };
+  Parsed Load(const QString& name) const;
+  std::string Read(const QString& name) const;
+  QByteArray HashOf(const QString& name) const;
+  void CheckName(const QString& name) const;
 
   QString folder_;
   bool italian_;
-  QStringList files_;
-  QByteArray hash_;
-  std::unique_ptr<Template> home_, index_, filter_, product_;
+  std::array<Parsed, PageKinds> pages_;
 };
 
 }  // namespace vlhtml

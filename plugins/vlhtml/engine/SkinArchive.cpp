@@ -41,6 +41,15 @@ bool IsReserved(const QString& part) {
   return devices.contains(name) || numbered;
 }
 
+// What the systems of those who pack put beside the files.
+bool IsOfTheSystem(const QString& name) {
+  const QStringList parts = name.split(u'/');
+  return std::any_of(parts.begin(), parts.end(), [](const QString& part) {
+    return part == u"__MACOSX" || part.startsWith(u"._") || part == u".DS_Store" || part == u"Thumbs.db" ||
+           part == u"desktop.ini";
+  });
+}
+
 // A relative path of plain parts.
 bool IsSafeName(const QString& name) {
   if (name.isEmpty() || name.size() > 200) return false;
@@ -69,6 +78,7 @@ class Unpacker {
       : folder_(folder), archiveSize_(archiveSize), italian_(italian) {}
 
   void Take(struct archive* archive, struct archive_entry* entry) {
+    if (IsOfTheSystem(QString::fromUtf8(archive_entry_pathname_utf8(entry)))) return;
     const QString name = Checked(entry);
     if (archive_entry_filetype(entry) == AE_IFDIR) return;
     if (++files_ > MostFiles)

@@ -38,17 +38,48 @@ QString NameOf(const QString& archive) {
   for (const QChar c : QFileInfo(archive).completeBaseName())
     name += c.unicode() < 128 && (c.isLetterOrNumber() || c == u'-' || c == u'_') ? c : QChar(u'_');
   name.truncate(40);
-  return name.isEmpty() ? QStringLiteral("Skin") : name;
+  if (name.isEmpty()) return QStringLiteral("Skin");
+  // A changed copy is often packed under the name that it was copied from.
+  return name.compare(StandardSkin, Qt::CaseInsensitive) == 0 ? name + QStringLiteral("-2") : name;
+}
+
+QString FolderOf(const QString& name, const VorlinaHost& host) {
+  const QString own = host.applicationFolder + SkinsFolder + u'/' + name;
+  return QFileInfo(own).isDir() || name != StandardSkin ? own
+                                                        : host.deliveredFolder + SkinsFolder + u'/' + name;
+}
+
+void Move(const QString& from, const QString& to, bool italian) {
+  if (QDir().rename(from, to)) return;
+  const QString text = italian ? QStringLiteral(
+                                     "Impossibile spostare la cartella %1. Chiudere i programmi che "
+                                     "la usano e controllare i permessi.")
+                               : QStringLiteral(
+                                     "The folder %1 cannot be moved. Close the programs that use it "
+                                     "and check its permissions.");
+  throw std::runtime_error(text.arg(QDir::toNativeSeparators(from)).toStdString());
 }
 
 }  // namespace
 
 QString CurrentSkin(const VorlinaHost& host) {
-  const QString own = host.applicationFolder + SkinsFolder;
-  QString chosen = own + u'/' + ChosenName(own);
-  if (QFileInfo(chosen).isDir()) return chosen;
-  const QString standard = own + u'/' + StandardSkin;
-  return QFileInfo(standard).isDir() ? standard : host.deliveredFolder + SkinsFolder + u'/' + StandardSkin;
+  const QString chosen = FolderOf(ChosenName(host.applicationFolder + SkinsFolder), host);
+  return QFileInfo(chosen).isDir() ? chosen : FolderOf(StandardSkin, host);
+}
+
+QStringList Skins(const VorlinaHost& host) {
+  QStringList names = QDir(host.applicationFolder + SkinsFolder)
+                          .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+  names.removeAll(StandardSkin);
+  names.prepend(StandardSkin);
+  return names;
+}
+
+void UseSkin(const QString& name, const VorlinaHost& host) {
+  const Skin check(FolderOf(name, host), host.language == u"Italian");
+  const QString skins = host.applicationFolder + SkinsFolder;
+  QDir().mkpath(skins);
+  Choose(skins, name);
 }
 
 QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
@@ -63,15 +94,17 @@ QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
   QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
   UnpackSkinArchive(archive, unpacked, italian);
-  const Skin check(unpacked, italian);
+  Skin(unpacked, italian).StaticFiles();
   QString name = NameOf(archive);
   const QString target = skins + u'/' + name;
   const QString former = temporary.path() + QStringLiteral("/former");
   const bool replaces = QFileInfo::exists(target);
-  if (replaces && !QDir().rename(target, former)) throw std::runtime_error("rename failed");
-  if (!QDir().rename(unpacked, target)) {
+  if (replaces) Move(target, former, italian);
+  try {
+    Move(unpacked, target, italian);
+  } catch (...) {
     if (replaces) QDir().rename(former, target);
-    throw std::runtime_error("rename failed");
+    throw;
   }
   Choose(skins, name);
   return name;

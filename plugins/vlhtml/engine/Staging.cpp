@@ -1,152 +1,204 @@
 #include "Staging.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <filesystem>
-#include <stdexcept>
+
+#include "PublishError.h"
+#include "SiteSwap.h"
 
 namespace vlhtml {
 namespace {
 
 namespace fs = std::filesystem;
 
+const QString ProbeName = QStringLiteral("/.vorlina-probe");
+
 fs::path Path(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
 
-QString StagingName(const QString& target) {
-  const QFileInfo info(target);
-  return info.path() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".vorlina-new");
+// The folder itself where the path is a link to it.
+QString RealPath(const QString& path) {
+  const QString real = QFileInfo(path).canonicalFilePath();
+  return real.isEmpty() ? QDir::cleanPath(QFileInfo(path).absoluteFilePath()) : real;
 }
 
-// Written beside, checked, renamed. The site is not brought to the disk by force: it can be made again at any
-// time, a file that a power failure cut short is seen by its size at the next run, and waiting for the disk
-// takes longer than the rest.
-bool WriteWhole(const QString& path, const QByteArray& bytes) {
-  QFile file(path + QStringLiteral(".partial"));
-  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-                       file.size() == bytes.size();
-  file.close();
-  if (!written) return false;
-  std::error_code failure;
-  fs::rename(Path(file.fileName()), Path(path), failure);
-  return !failure;
+// The journal goes first: without it, what is left counts for nothing.
+void Discard(const QString& staging) {
+  if (staging.isEmpty() || QFileInfo(staging).isSymLink()) return;
+  QFile::remove(staging + u'/' + Manifest::FileName());
+  QDir(staging).removeRecursively();
+}
+
+// A disk that fills up takes a part of what is written, without an error.
+std::runtime_error Unwritten(const QFile& file, const QString& place, bool italian) {
+  if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError)
+    return CannotWrite(place, std::make_error_code(std::errc::no_space_on_device), italian);
+  const QString reason = file.errorString();
+  return About(place, italian, QStringLiteral("Impossibile scrivere %1: ") + reason,
+               QStringLiteral("%1 cannot be written: ") + reason);
 }
 
 }  // namespace
 
+MadeFolder::MadeFolder(QString path, bool italian) : path_(std::move(path)) {
+  made_ = QDir().mkpath(QFileInfo(path_).path()) && QDir().mkdir(path_);
+  if (!QFileInfo(path_).isDir())
+    throw About(
+        path_, italian,
+        QStringLiteral("Impossibile creare la cartella %1. Controllare i permessi, o scegliere "
+                       "un'altra cartella."),
+        QStringLiteral("The folder %1 cannot be made. Check the permissions, or choose another folder."));
+}
+
+MadeFolder::~MadeFolder() {
+  if (made_) QDir().rmdir(path_);
+}
+
 Staging::Staging(const QString& target, bool italian)
-    : target_(QDir::cleanPath(QFileInfo(target).absoluteFilePath())),
-      staging_(StagingName(target_)),
-      italian_(italian) {
-  if (QFileInfo::exists(staging_ + u'/' + Manifest::FileName())) FinishSwap();
-  QDir(staging_).removeRecursively();
-  former_ = Manifest::Read(target_);
+    : target_(RealPath(target)),
+      italian_(italian),
+      folder_(target_, italian),
+      beside_(QFileInfo(target_).path() + QStringLiteral("/.") + QFileInfo(target_).fileName() +
+              QStringLiteral(".vorlina-new")),
+      inside_(target_ + QStringLiteral("/.vorlina-new")) {
+  if (!lock_.Take(target_))
+    throw About(target_, italian_,
+                QStringLiteral("Nella cartella %1 si sta già pubblicando. Attendere la fine e riprovare."),
+                QStringLiteral("The folder %1 is being published into. Wait for the end and try again."));
+  Recover(beside_);
+  Recover(inside_);
+  QDir().rmdir(QString(target_ + ProbeName));
+  former_ = Manifest::OfFolder(target_);
 }
 
 Staging::~Staging() {
-  if (begun_ && !QFileInfo::exists(staging_ + u'/' + Manifest::FileName()))
-    QDir(staging_).removeRecursively();
+  if (!staging_.isEmpty() && !SiteSwap(target_, staging_, italian_).IsBegun()) Discard(staging_);
 }
 
-void Staging::Fail(const QString& italianText, const QString& englishText, const QString& file) const {
-  throw std::runtime_error(
-      (italian_ ? italianText : englishText).arg(QDir::toNativeSeparators(file)).toStdString());
+void Staging::Recover(const QString& place) {
+  if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink()) return;
+  SiteSwap swap(target_, place, italian_);
+  try {
+    if (swap.IsBegun()) swap.Run();
+  } catch (const std::runtime_error&) {
+    // Taken back, it is no hindrance to what comes now.
+    if (swap.IsBegun()) throw;
+  }
+  Discard(place);
 }
 
 bool Staging::IsCurrent(const QString& file, const QByteArray& input) const {
   const auto entry = former_.entries.constFind(file);
-  if (entry == former_.entries.constEnd() || entry->input != input) return false;
-  const QFileInfo info(target_ + u'/' + file);
-  return info.isFile() && info.size() == entry->size &&
-         info.lastModified().toMSecsSinceEpoch() == entry->time;
+  return entry != former_.entries.constEnd() && entry->input == input &&
+         FingerprintOf(target_ + u'/' + file) == entry->file;
 }
 
-void Staging::Begin(const QStringList& files) {
-  for (const QString& file : files)
-    if (!former_.entries.contains(file) && QFileInfo::exists(target_ + u'/' + file))
-      Fail(QStringLiteral("Nella cartella c'è già il file %1, che non è stato pubblicato da Vorlina. "
-                          "Spostarlo, o scegliere un'altra cartella."),
-           QStringLiteral("The folder already has the file %1, which Vorlina did not publish. Move it, or "
-                          "choose another folder."),
-           target_ + u'/' + file);
-  if (QFileInfo(target_).exists() && !QFileInfo(target_).isDir())
-    Fail(QStringLiteral("%1 non è una cartella"), QStringLiteral("%1 is no folder"), target_);
-  begun_ = true;
-  for (const QString& folder : {staging_, QString(staging_ + QStringLiteral("/images")),
-                                QString(staging_ + QStringLiteral("/assets"))})
-    if (!QDir().mkpath(folder))
-      Fail(QStringLiteral("Impossibile creare la cartella %1. Controllare i permessi."),
-           QStringLiteral("The folder %1 cannot be made. Check the permissions."), folder);
+void Staging::RequireRoom(const QStringList& files, const QStringList& folders) const {
+  for (const QString& file : files) {
+    const QFileInfo place(target_ + u'/' + file);
+    const bool taken = place.exists() || place.isSymLink();
+    if (taken && (place.isDir() || !former_.entries.contains(file)))
+      throw NotOurs(place.filePath(), italian_);
+  }
+  for (const QString& folder : folders)
+    if (const QFileInfo place(target_ + u'/' + folder); place.exists() && !place.isDir())
+      throw NotOurs(place.filePath(), italian_);
+}
+
+// Something is moved into the folder and taken away again.
+std::error_code Staging::Probe(const QString& folder) const {
+  const QString probe = staging_ + QStringLiteral("/probe");
+  const QString place = folder + ProbeName;
+  std::error_code failure;
+  fs::create_directory(Path(probe), failure);
+  if (!failure) fs::rename(Path(probe), Path(place), failure);
+  QDir().rmdir(failure ? probe : place);
+  return failure;
+}
+
+void Staging::ChoosePlace() {
+  std::error_code failure;
+  for (const QString& place : {beside_, inside_}) {
+    if (QFileInfo(place).isSymLink()) continue;
+    staging_ = place;
+    failure.clear();
+    fs::create_directories(Path(SiteSwap::NewFiles(staging_)), failure);
+    if (!failure) failure = Probe(target_);
+    if (!failure) return;
+    Discard(staging_);
+  }
+  throw CannotWrite(target_, failure, italian_);
+}
+
+void Staging::Begin(const QStringList& files, const QStringList& pending) {
+  RequireRoom(files, Manifest::Folders(files));
+  ChoosePlace();
+  for (const QString& folder : Manifest::Folders(pending)) {
+    const QString place = target_ + u'/' + folder;
+    const std::error_code failure = QFileInfo(place).isDir() ? Probe(place) : std::error_code();
+    if (failure) throw CannotWrite(place, failure, italian_);
+    QDir().mkpath(SiteSwap::NewFiles(staging_) + u'/' + folder);
+  }
 }
 
 ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArray& input) const {
-  const QFileInfo info(staging_ + u'/' + file);
-  if (info.size() != meant)
-    Fail(QStringLiteral("Impossibile scrivere %1: il disco è pieno"),
-         QStringLiteral("%1 cannot be written: the disk is full"), info.filePath());
-  return {input, meant, info.lastModified().toMSecsSinceEpoch()};
+  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
+  const auto written = FingerprintOf(staged);
+  if (!written || written->size != meant)
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
+  return {input, *written};
 }
 
 ManifestEntry Staging::Write(const QString& file, const std::string& content, const QByteArray& input) const {
-  QFile out(staging_ + u'/' + file);
+  QFile out(SiteSwap::NewFiles(staging_) + u'/' + file);
   const auto size = qint64(content.size());
-  const bool written =
-      out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && out.write(content.data(), size) == size;
+  const bool written = out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                       out.write(content.data(), size) == size && out.size() == size;
   out.close();
-  if (!written)
-    Fail(QStringLiteral("Impossibile scrivere %1: ") + out.errorString(),
-         QStringLiteral("%1 cannot be written: ") + out.errorString(), out.fileName());
-  return EntryOf(file, size, input);
+  if (!written) throw Unwritten(out, QString(target_ + u'/' + file), italian_);
+  return {input, FingerprintOf(std::string_view(content))};
 }
 
 ManifestEntry Staging::Copy(const QString& file, const QString& source, const QByteArray& input) const {
+  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
   std::error_code failure;
   const auto size = qint64(fs::file_size(Path(source), failure));
-  if (!failure)
-    fs::copy_file(Path(source), Path(staging_ + u'/' + file), fs::copy_options::overwrite_existing, failure);
+  if (!failure) fs::copy_file(Path(source), Path(staged), fs::copy_options::overwrite_existing, failure);
+  // The copy calls a full disk an error of input or output.
+  std::error_code ignored;
+  if (failure && fs::space(Path(staging_), ignored).available < std::uintmax_t(size))
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
   if (failure)
-    Fail(QStringLiteral("Impossibile copiare %1: ") + QString::fromStdString(failure.message()),
-         QStringLiteral("%1 cannot be copied: ") + QString::fromStdString(failure.message()), source);
+    throw About(source, italian_,
+                QStringLiteral("Impossibile copiare %1: ") + QString::fromStdString(failure.message()),
+                QStringLiteral("%1 cannot be copied: ") + QString::fromStdString(failure.message()));
   return EntryOf(file, size, input);
 }
 
-void Staging::Swap(const Manifest& manifest) {
-  if (!WriteWhole(staging_ + u'/' + Manifest::FileName(), manifest.ToText()))
-    Fail(QStringLiteral("Impossibile scrivere in %1: il disco è pieno"),
-         QStringLiteral("%1 cannot be written: the disk is full"), staging_);
-  FinishSwap();
+// A folder that was made for this site gets it in one step. Whoever comes next finds it held until this run
+// has come to its end.
+bool Staging::SwapWhole(const Manifest& coming) {
+  const QString site = SiteSwap::NewFiles(staging_);
+  if (!folder_.WasMade() || staging_ != beside_) return false;
+  FolderLock lock;
+  std::error_code failure;
+  if (!lock.Take(site) || !WriteSynced(site + u'/' + Manifest::FileName(), coming.ToText())) return false;
+  fs::rename(Path(site), Path(target_), failure);
+  if (failure) QFile::remove(site + u'/' + Manifest::FileName());
+  if (failure) return false;
+  Discard(staging_);
+  staging_.clear();
+  return true;
 }
 
-// Every step can be done again: what was moved is no longer in the staging folder, and what was deleted is
-// gone.
-void Staging::FinishSwap() {
-  const Manifest coming = Manifest::Read(staging_);
-  const Manifest former = Manifest::Read(target_);
-  std::error_code failure;
-  if (!QFileInfo::exists(target_)) {
-    QDir().rmdir(staging_ + QStringLiteral("/assets"));
-    fs::rename(Path(staging_), Path(target_), failure);
-    if (!failure) return;
-  }
-  for (const QString& folder :
-       {target_, QString(target_ + QStringLiteral("/images")), QString(target_ + QStringLiteral("/assets"))})
-    QDir().mkpath(folder);
-  for (auto entry = coming.entries.cbegin(); entry != coming.entries.cend(); ++entry) {
-    const QString staged = staging_ + u'/' + entry.key();
-    failure.clear();
-    if (QFileInfo::exists(staged)) fs::rename(Path(staged), Path(target_ + u'/' + entry.key()), failure);
-    if (failure)
-      Fail(QStringLiteral("Impossibile scrivere %1: ") + QString::fromStdString(failure.message()),
-           QStringLiteral("%1 cannot be written: ") + QString::fromStdString(failure.message()),
-           target_ + u'/' + entry.key());
-  }
-  for (auto entry = former.entries.cbegin(); entry != former.entries.cend(); ++entry)
-    if (!coming.entries.contains(entry.key())) QFile::remove(target_ + u'/' + entry.key());
-  QDir().rmdir(target_ + QStringLiteral("/assets"));
-  fs::rename(Path(staging_ + u'/' + Manifest::FileName()), Path(target_ + u'/' + Manifest::FileName()),
-             failure);
-  QDir(staging_).removeRecursively();
+QStringList Staging::Swap(const Manifest& coming) {
+  if (SwapWhole(coming)) return {};
+  SiteSwap swap(target_, staging_, italian_);
+  swap.Begin(former_, coming);
+  return swap.Run();
 }
 
 }  // namespace vlhtml

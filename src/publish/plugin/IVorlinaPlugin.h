@@ -100,10 +100,12 @@ class IVorlinaFolderPublisher {
 
 // What a plug-in is told of the program that it works in.
 struct VorlinaHost {
-  QString language;           // "Italian" or "English", that of the program's windows
-  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in
-                              // "PubWiz"
-  QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
+  QString language;            // "Italian" or "English", that of the program's windows
+  QString applicationFolder;   // the user's application folder, where a plug-in may keep files of its own in
+                               // "PubWiz"
+  QString deliveredFolder;     // the folder of the program, which may be read-only; often the same
+  QString askedLanguage = {};  // the language that the user asked for in this run; empty: the plug-in decides
+                               // in which one it publishes
 };
 
 // The root object of a plug-in library. It may be used without a display: no widget is made in a constructor.

@@ -1,0 +1,123 @@
+// A small catalog, published in a temporary application folder.
+#pragma once
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QImage>
+#include <QMap>
+#include <QRegularExpression>
+
+#include "SitePublisher.h"
+#include "publish/PluginConnection.h"
+#include "support/Print.h"
+#include "support/StoreFixture.h"
+
+namespace vorlina {
+
+using vlhtml::PublishResult;
+
+class Progress : public IVorlinaProgress {
+ public:
+  // Stops at the report with this number; -1 never.
+  explicit Progress(int stopAt = -1) : stopAt_(stopAt) {}
+  bool Report(int, int, const QString&) override { return stopAt_ < 0 || count_++ < stopAt_; }
+
+ private:
+  int stopAt_;
+  int count_ = 0;
+};
+
+inline QByteArray ContentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Every file of a folder with its content.
+inline QMap<QString, QByteArray> Files(const QString& folder) {
+  QMap<QString, QByteArray> files;
+  QDirIterator entries(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (entries.hasNext()) {
+    const QString path = entries.next();
+    files.insert(QDir(folder).relativeFilePath(path), ContentOf(path));
+  }
+  return files;
+}
+
+class SiteFixture : public StoreFixture {
+ protected:
+  SiteFixture() : target_(folder_.filePath(u"site"_qs)) {
+    connection_.Execute(
+        u"INSERT INTO Cataloghi "
+        u"(NomeCatalogo,Titolo,Sottotitolo,Spalla,Azienda,Citta,Tel,Email,URL,NomeFiltro1,NomeFiltro2,"
+        "NomeValore1,NomeValore2) VALUES ('c','Tavola & <casa>','L''arte','Riga uno'||char(10)||'Riga "
+        "due','Bottega \"Verdi\"',"
+        "'Faenza','+39 0546 55-01','info@example.com','javascript:alert(1)','Colore','Linea','Prezzo \\036','Dim\\046 \\047 cm')"_qs);
+    for (const auto& [filter, value, published] : {std::tuple{1, u"Rosso"_qs, true},
+                                                   {1, u"Blu"_qs, true},
+                                                   {1, u"Segreto"_qs, false},
+                                                   {2, u"<i>Classica</i>"_qs, true},
+                                                   {2, u"Vuota"_qs, true}})
+      connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) VALUES (1,?,?,?)"_qs,
+                          {filter, value, published});
+    Add(u"B-1"_qs, u"Secondo"_qs, 2, 1, 4, true);
+    Add(u"A-1"_qs, u"Primo: <script>alert('x')</script> & \"altro\""_qs, 1, 2, 0, true);
+    Add(u"C-1"_qs, u"Nascosto"_qs, 3, 1, 4, false);
+    Add(u"D/..\\x"_qs, {}, 4, 3, 0, true);
+    Picture(u"A-1"_qs, 40, 30);
+    connection_.Execute(
+        u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) VALUES (1,'a-1','Peso','1 < 2 kg')"_qs);
+  }
+
+  void Add(const QString& code, const QVariant& description, int order, int colour, int line,
+           bool published) {
+    connection_.Execute(
+        u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,Descrizione,Valore1,Valore2,OrdineTemp,IDFiltro1,"
+        "IDFiltro2,Pubblica) VALUES (1,?,?,'12,50','10 x 20',?,?,?,?)"_qs,
+        {code, description, order, colour, line, published});
+  }
+  void Picture(const QString& code, int width, int height) {
+    const QString path = AppFile(u"Images/1-%1.jpg"_qs.arg(code));
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(path, "jpeg"));
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  }
+  PublishResult Publish(Progress progress = Progress()) {
+    PluginConnection connection(connection_);
+    return vlhtml::PublishSite(connection, 1, target_, skin_, {true, true}, progress);
+  }
+  QByteArray Page(const QString& name) { return ContentOf(target_ + u'/' + name); }
+  QString Failure() {
+    try {
+      Publish();
+    } catch (const std::exception& error) {
+      return QString::fromUtf8(error.what());
+    }
+    return {};
+  }
+  // What lies beside the target: nothing is left there.
+  QStringList Beside() {
+    return QDir(folder_.path())
+        .entryList({u".*vorlina*"_qs}, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
+
+  // A copy of the standard skin takes its place, with one file more or changed.
+  void ChangeSkin(const QString& name, const QByteArray& content) {
+    if (skin_ == StandardSkin) {
+      skin_ = folder_.filePath(u"skin"_qs);
+      const QMap<QString, QByteArray> files = Files(StandardSkin);
+      QDir().mkpath(skin_ + u"/assets/fonts"_qs);
+      for (auto file = files.cbegin(); file != files.cend(); ++file)
+        QFile::copy(StandardSkin + u'/' + file.key(), skin_ + u'/' + file.key());
+    }
+    QFile file(skin_ + u'/' + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  const QString StandardSkin = QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin");
+  QString skin_ = StandardSkin;
+  const QString target_;
+};
+
+}  // namespace vorlina

@@ -1,0 +1,291 @@
+// The folder that a site is published into: which one may be, what is known of it, and that it is left as it
+// was when something goes wrong.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "Crew.h"
+#include "FolderLock.h"
+#include "JpegHead.h"
+#include "Manifest.h"
+#include "SiteFixture.h"
+
+using namespace vorlina;
+
+namespace {
+
+// Rights count for nothing with root: meanwhile this process is somebody else, to whom the folder belongs.
+class Unprivileged {
+ public:
+  explicit Unprivileged(const QString& folder) {
+    if (geteuid() != 0) return;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.toStdString()))
+      EXPECT_EQ(lchown(entry.path().c_str(), 65534, 65534), 0);
+    EXPECT_EQ(chown(folder.toLocal8Bit().constData(), 65534, 65534), 0);
+    EXPECT_EQ(seteuid(65534), 0);
+  }
+  ~Unprivileged() { EXPECT_EQ(seteuid(getuid()), 0); }
+  Unprivileged(const Unprivileged&) = delete;
+  Unprivileged& operator=(const Unprivileged&) = delete;
+};
+
+void Write(const QString& path, const QByteArray& content) {
+  QDir().mkpath(QFileInfo(path).path());
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(content);
+}
+
+void SetRights(const QString& path, unsigned rights) {
+  EXPECT_EQ(chmod(QFile::encodeName(path).constData(), rights), 0);
+}
+
+class OnReport : public IVorlinaProgress {
+ public:
+  explicit OnReport(std::function<void(const QString&)> call) : call_(std::move(call)) {}
+  bool Report(int, int, const QString& step) override {
+    call_(step);
+    return true;
+  }
+
+ private:
+  std::function<void(const QString&)> call_;
+};
+
+class TargetTest : public SiteFixture {
+ protected:
+  // What publishing a catalog tells when it fails; "" when it does not, "asked" when it was not wanted.
+  QString Publishing(int catalog, const QString& folder, IVorlinaProgress& progress,
+                     const vlhtml::MayReplace& mayReplace = {}) {
+    PluginConnection connection(connection_);
+    try {
+      const bool complete =
+          vlhtml::PublishSite(connection, catalog, folder, skin_, {false, false}, progress, mayReplace)
+              .complete;
+      return complete ? QString() : u"asked"_qs;
+    } catch (const std::exception& error) {
+      return QString::fromUtf8(error.what());
+    }
+  }
+  QString Publishing(int catalog, const QString& folder, const vlhtml::MayReplace& mayReplace = {}) {
+    Progress progress;
+    return Publishing(catalog, folder, progress, mayReplace);
+  }
+  QString ManifestFile() const { return target_ + u"/vorlina-manifest.txt"_qs; }
+};
+
+}  // namespace
+
+TEST_F(TargetTest, OfAnotherCatalogIsReplacedOnlyWhenAsked) {
+  const int other = AddCatalog(u"other"_qs);
+  ASSERT_EQ(Publishing(1, target_), QString());
+  // A copy of a catalog has its values.
+  connection_.Execute(
+      u"INSERT INTO CExtension SELECT ?,IDExtension,Valore FROM CExtension WHERE IDCatalogo=1"_qs, {other});
+  const auto site = Files(target_);
+  EXPECT_TRUE(Publishing(other, target_).contains(u"another catalog"));
+  QString asked;
+  const auto answer = [&](bool yes) {
+    return [&asked, yes](const QString& title) { return asked = title, yes; };
+  };
+  EXPECT_EQ(Publishing(other, target_, answer(false)), u"asked"_qs);
+  EXPECT_EQ(asked, u"Tavola & <casa>"_qs);
+  EXPECT_TRUE(Files(target_) == site);
+  EXPECT_EQ(Publishing(other, target_, answer(true)), QString());
+  EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-a-1.html"_qs));
+  EXPECT_EQ(Publishing(other, target_), QString()) << "it is its own now";
+}
+
+TEST_F(TargetTest, IsNoFolderOfTheProgramOrOfSomebodyElse) {
+  Write(folder_.filePath(u"theirs/index.HTM"_qs), "theirs");
+  qputenv("HOME", folder_.filePath(u"home"_qs).toUtf8());
+  QDir().mkpath(QDir::homePath());
+  QFile::link(AppFile(u"Images"_qs), AppFile(u"link"_qs));
+  const auto before = Files(folder_.path());
+  for (const QString& folder : {AppPath(), u"/"_qs, QFileInfo(AppPath()).path(), AppFile(u"Images"_qs),
+                                AppFile(u"Images/new"_qs), AppFile(u"link/new"_qs), AppFile(u"PubWiz"_qs),
+                                AppFile(u"Layouts/x"_qs), QDir::homePath(), AppFile(u"theirs"_qs)})
+    EXPECT_TRUE(Publishing(1, folder).contains(u"Choose")) << folder;
+  EXPECT_TRUE(Files(folder_.path()) == before);
+}
+
+TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
+  const QString good = AppFile(u"Images/1-A-1.jpg"_qs);
+  Write(AppFile(u"Images/text.jpg"_qs), "a text");
+  ASSERT_TRUE(QFile::copy(good, folder_.filePath(u"outside.jpg"_qs)));
+  ASSERT_TRUE(QFile::link(folder_.filePath(u"outside.jpg"_qs), AppFile(u"Images/link.jpg"_qs)));
+  ASSERT_TRUE(QFile::copy(good, AppFile(u"Images/secret.jpg"_qs)));
+  SetRights(AppFile(u"Images/secret.jpg"_qs), 0);
+  const Unprivileged nobody(folder_.path());
+  for (const auto& [picture, tells] : {std::pair{AppFile(u"Images/text.jpg"_qs), u"is no JPEG"_qs},
+                                       {Path(), u"does not lie in"_qs},
+                                       {folder_.filePath(u"outside.jpg"_qs), u"does not lie in"_qs},
+                                       {AppFile(u"Images/../outside.jpg"_qs), u"does not lie in"_qs},
+                                       {AppFile(u"Images/link.jpg"_qs), u"does not lie in"_qs},
+                                       {AppFile(u"Images/secret.jpg"_qs), u"cannot be read"_qs},
+                                       {AppFile(u"Images/none.jpg"_qs), u"does not exist"_qs}}) {
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='B-1'"_qs, {picture});
+    PluginConnection connection(connection_);
+    Progress progress;
+    const PublishResult result = vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress);
+    ASSERT_EQ(result.warnings.size(), 1) << picture;
+    EXPECT_TRUE(result.warnings[0].startsWith(u"B-1: ") && result.warnings[0].contains(tells)) << picture;
+    EXPECT_FALSE(QFileInfo::exists(target_ + u"/images/p-b-1.jpg"_qs)) << picture;
+    EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("No picture")) << picture;
+  }
+}
+
+TEST_F(TargetTest, TheListTellsNothingOfTheComputer) {
+  ASSERT_EQ(Publishing(1, target_), QString());
+  const QByteArray list = ContentOf(ManifestFile());
+  const QByteArray time =
+      QByteArray::number(QFileInfo(AppFile(u"Images/1-A-1.jpg"_qs)).lastModified().toSecsSinceEpoch());
+  for (const QByteArray& line : list.split('\n'))
+    for (const QByteArray& part : line.split('\t'))
+      for (const QByteArray& text : {part, QByteArray::fromHex(part)})
+        EXPECT_FALSE(text.contains("1-A-1") || text.contains(time)) << line.constData();
+  const auto manifest = vlhtml::Manifest::Read(ManifestFile());
+  ASSERT_TRUE(manifest);
+  const QString cut = folder_.filePath(u"cut"_qs);
+  for (qsizetype size = 0; size < list.size(); size += 9) {
+    Write(cut, list.left(size));
+    ASSERT_FALSE(vlhtml::Manifest::Read(cut)) << size;
+  }
+  for (const QString& name :
+       {u"../Catalog.db"_qs, u"/etc/passwd"_qs, u"a/../../b"_qs, u"a//b"_qs, u"c:x"_qs, QString()}) {
+    vlhtml::Manifest hostile = *manifest;
+    hostile.entries.insert(name, {});
+    Write(cut, hostile.ToText());
+    EXPECT_FALSE(vlhtml::Manifest::Read(cut)) << name;
+  }
+}
+
+TEST_F(TargetTest, ALostOrCutListIsMadeAnewFromThePages) {
+  Write(target_ + u"/about/own.html"_qs, "mine");
+  for (const bool cut : {false, true}) {
+    ASSERT_EQ(Publishing(1, target_), QString());
+    const auto before = Files(target_);
+    Write(target_ + u"/mine.html"_qs, Page(u"p-b-1.html"_qs).replace("Secondo", "My own"));
+    cut ? QFile::resize(ManifestFile(), 700) : QFile::remove(ManifestFile());
+    EXPECT_EQ(Publishing(1, target_), QString());
+    EXPECT_TRUE(QFile::remove(target_ + u"/mine.html"_qs)) << "a page that was changed is not ours";
+    EXPECT_TRUE(Files(target_) == before);
+  }
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='A-1'"_qs);
+  QFile::remove(ManifestFile());
+  EXPECT_EQ(Publishing(1, target_), QString());
+  EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-a-1.html"_qs) || QFileInfo::exists(target_ + u"/images"_qs));
+}
+
+TEST_F(TargetTest, ASwapThatFailsGoesBack) {
+  ASSERT_EQ(Publishing(1, target_), QString());
+  connection_.Execute(u"UPDATE Cataloghi SET Titolo='Nuovo'"_qs);
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='B-1'"_qs);
+  for (const QString& code : {u"000"_qs, u"ZZZ"_qs, u"New"_qs}) {
+    Add(code, {}, 9, 0, 0, true);
+    Picture(code, 8, 8);
+  }
+  const auto before = Files(target_);
+  const QString intruder = target_ + u"/images/p-new.jpg"_qs;
+  OnReport progress([&](const QString& step) {
+    if (step.startsWith(u"Writing") && !QFileInfo::exists(intruder)) Write(intruder, "mine");
+  });
+  EXPECT_TRUE(Publishing(1, target_, progress).contains(u"p-new.jpg"));
+  EXPECT_TRUE(QFile::remove(intruder));
+  EXPECT_TRUE(Files(target_) == before);
+  EXPECT_TRUE(Beside().isEmpty());
+
+  // A file in the place of a folder is seen before anything is written.
+  ASSERT_TRUE(QDir(target_ + u"/images"_qs).removeRecursively());
+  Write(target_ + u"/images"_qs, "mine");
+  const auto withFile = Files(target_);
+  EXPECT_TRUE(Publishing(1, target_).contains(u"Move it"));
+  EXPECT_TRUE(Files(target_) == withFile);
+}
+
+TEST_F(TargetTest, RightsThatAreMissingLeaveTheSiteAndWhatCannotBeDeletedIsTriedAgain) {
+  const QString parent = folder_.filePath(u"parent"_qs);
+  const QString site = parent + u"/site"_qs;
+  QDir().mkpath(site);
+  const Unprivileged nobody(folder_.path());
+  SetRights(parent, 0555);
+  EXPECT_EQ(Publishing(1, site), QString()) << "nothing can be written beside it";
+  EXPECT_EQ(QDir(site).entryList({u".*"_qs}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot),
+            QStringList());
+
+  SetRights(site + u"/images"_qs, 0555);
+  connection_.Execute(u"UPDATE Prodotti SET Pubblica=FALSE WHERE CodiceProdotto='A-1'"_qs);
+  const auto withPicture = [&] { return QFileInfo::exists(site + u"/images/p-a-1.jpg"_qs); };
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Publishing(1, site), QString());
+    EXPECT_TRUE(withPicture() && !QFileInfo::exists(site + u"/p-a-1.html"_qs));
+  }
+  const auto before = Files(site);
+  connection_.Execute(u"UPDATE Prodotti SET Pubblica=TRUE"_qs);
+  EXPECT_TRUE(Publishing(1, site).contains(u"permissions"))
+      << "the picture has its place, and cannot be replaced";
+  EXPECT_TRUE(Files(site) == before);
+  SetRights(site + u"/images"_qs, 0755);
+  EXPECT_EQ(Publishing(1, site), QString());
+  connection_.Execute(u"UPDATE Prodotti SET Pubblica=FALSE WHERE CodiceProdotto='A-1'"_qs);
+  EXPECT_EQ(Publishing(1, site), QString());
+  EXPECT_FALSE(withPicture());
+  SetRights(parent, 0755);
+}
+
+TEST_F(TargetTest, ASecondPublisherIsTold) {
+  QDir().mkpath(target_);
+  {
+    vlhtml::FolderLock first;
+    ASSERT_TRUE(first.Take(target_));
+    EXPECT_TRUE(Publishing(1, target_).contains(u"Wait for the end"));
+  }
+  EXPECT_EQ(Publishing(1, target_), QString());
+}
+
+TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
+  ASSERT_EQ(Publishing(1, target_), QString());
+  const auto before = Files(target_);
+  for (const QString& name : {u"p-b-1.html"_qs, u"images/p-a-1.jpg"_qs}) {
+    QFile file(target_ + u'/' + name);
+    const QDateTime time = QFileInfo(file).lastModified();
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(QByteArray(file.size(), '\0'));
+    file.flush();
+    file.setFileTime(time, QFileDevice::FileModificationTime);
+  }
+  Progress progress;
+  PluginConnection connection(connection_);
+  EXPECT_EQ(vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress).written, 2);
+  EXPECT_TRUE(Files(target_) == before);
+}
+
+TEST_F(TargetTest, AnExceptionLeavesNoThreadBehind) {
+  OnReport progress([](const QString& step) {
+    if (step.startsWith(u"Writing")) throw std::runtime_error("enough");
+  });
+  EXPECT_EQ(Publishing(1, target_, progress), u"enough"_qs);
+  EXPECT_FALSE(QFileInfo::exists(target_));
+  int done = 0;
+  const auto failing = [](std::size_t i) {
+    if (i == 5) throw std::runtime_error("five");
+  };
+  EXPECT_THROW(vlhtml::DoTogether(
+                   100, [&]() -> vlhtml::Work { return failing; }, [&](int n) { return done = n, true; }),
+               std::runtime_error);
+}
+
+TEST(JpegHead, HasTheSizeOfThePictureBehindWhateverStandsBefore) {
+  const QByteArray segment = QByteArray("\xff\xe1\x01\x02") + QByteArray(256, '\xff');
+  const QByteArray frame("\xff\xc2\x00\x11\x08\x01\x02\x03\x04\x03", 10);
+  const QTemporaryDir folder;
+  for (const auto& [before, size] : {std::pair{segment.repeated(3), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xff\xff\x01stray"), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xc4\x00\x04\x01\x02", 6), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xda"), QSize()}}) {
+    Write(folder.filePath(u"x.jpg"_qs), "\xff\xd8" + before + frame);
+    EXPECT_EQ(vlhtml::JpegSize(folder.filePath(u"x.jpg"_qs)), size) << before.toHex().constData();
+  }
+}
