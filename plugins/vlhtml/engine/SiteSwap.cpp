@@ -133,7 +133,7 @@ QStringList SiteSwap::Forward(const Manifest& former, Manifest coming) {
     if (const auto stays = coming.entries.constFind(entry.key());
         stays == coming.entries.cend() || stays->IsLeftOver())
       gone += entry.key();
-  const QStringList left = PutAway(gone);
+  QStringList left = PutAway(gone);
   for (const QString& file : left) coming.entries.insert(file, {});
   if (!left.isEmpty() && !WriteSynced(journal, coming.ToText()))
     throw CannotWrite(staging_, std::make_error_code(std::errc::no_space_on_device), italian_);
