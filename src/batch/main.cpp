@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <csignal>
 
+#include "base/SafeFile.h"
 #include "batch/Arguments.h"
 #include "batch/Commands.h"
 #include "batch/ConsoleDialogs.h"
@@ -60,6 +61,7 @@ void Tell(const Outcome& outcome, const QString& command, bool json) {
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
+  TellFileLimitsAsErrors();
   QCoreApplication::setApplicationName(u"Vorlina"_qs);
   QCoreApplication::setOrganizationName(u"Norsel"_qs);
   QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));

@@ -15,12 +15,6 @@
 namespace vorlina {
 namespace {
 
-void MakeFolder(const QString& folder) {
-  if (!QDir().mkpath(folder))
-    throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
-                    .arg(QDir::toNativeSeparators(folder)));
-}
-
 // Alone in the folder: neither one of our programs nor another one in the middle of a change.
 void TakeFolder(FolderHold& hold, const QString& folder) {
   if (hold.TakeAlone(folder, 0) && !IsDatabaseLocked(QDir(folder).filePath(DatabaseName))) return;

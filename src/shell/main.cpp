@@ -2,6 +2,7 @@
 
 #include "base/AppPath.h"
 #include "base/Language.h"
+#include "base/SafeFile.h"
 #include "base/WidgetDialogs.h"
 #include "catalogs/RestoreSwap.h"
 #include "shell/WidgetApplication.h"
@@ -34,6 +35,7 @@ int main(int, char** argv) {
   // The program reads no command line.
   int argc = 1;
   WidgetApplication application(argc, argv);
+  TellFileLimitsAsErrors();
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));

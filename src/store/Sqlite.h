@@ -8,6 +8,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <cerrno>
 
 namespace vorlina {
 
@@ -19,6 +20,7 @@ Q_DECLARE_LOGGING_CATEGORY(StoreLog)
 // Runs a step on SQLite and turns its failure into an Error.
 template <class Step>
 auto WithStoreErrors(Step&& step) {
+  errno = 0;  // whose value tells a full disk from a broken one
   try {
     return step();
   } catch (const SQLite::Exception& failure) {
