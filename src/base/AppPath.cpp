@@ -7,8 +7,6 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
-#include "base/Error.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
 
 namespace vorlina {
@@ -25,9 +23,7 @@ bool IsWritable(const QString& folder) {
 void CopyMissing(const QString& name) {
   const QString target = AppFile(name);
   if (QFileInfo::exists(target)) return;
-  if (!QDir().mkpath(QFileInfo(target).path()))
-    throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
-                    .arg(QDir::toNativeSeparators(QFileInfo(target).path())));
+  MakeFolder(QFileInfo(target).path());
   CopyFileSafely(DeliveredPath() + u'/' + name, target);
 }
 

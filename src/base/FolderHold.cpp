@@ -40,12 +40,14 @@ bool FolderHold::Take(const QString& folder, int operation, int milliseconds) {
     }
     QThread::msleep(20);
   }
+  held_ = true;
   return true;
 }
 
 void FolderHold::Release() noexcept {
   if (descriptor_ >= 0) ::close(descriptor_);
   descriptor_ = -1;
+  held_ = false;
 }
 
 #else

@@ -20,11 +20,15 @@ class FolderHold {
   bool Share(const QString& folder, int milliseconds);
   bool TakeAlone(const QString& folder, int milliseconds);
   void Release() noexcept;
+  // Whether the system really holds it: what belongs to somebody else who has no hold may then be taken for
+  // left behind.
+  bool IsHeld() const { return held_; }
 
  private:
   bool Take(const QString& folder, int operation, int milliseconds);
 
   int descriptor_ = -1;
+  bool held_ = false;
 };
 
 }  // namespace vorlina

@@ -7,10 +7,10 @@
 #include <QSet>
 #include <QThread>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <system_error>
 
-#include "base/Error.h"
 #include "base/Language.h"
 
 #ifdef Q_OS_LINUX
@@ -27,10 +27,32 @@
 namespace vorlina {
 namespace {
 
-[[noreturn]] void FailWriting(const QString& path, const QString& reason) {
-  throw Error(
-      EitherLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
-          .arg(QDir::toNativeSeparators(path), reason));
+[[noreturn]] void FailReading(const QFile& file, const QString& reason) {
+  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
+                  .arg(QDir::toNativeSeparators(file.fileName()), reason));
+}
+
+// Why, as far as the file knows: of a write that succeeded in part it knows nothing.
+QString ReasonOf(const QFileDevice& file) {
+  return file.error() == QFileDevice::NoError ? QString() : file.errorString();
+}
+
+QString ReasonOf(int cause) {
+  return cause != 0
+             ? qt_error_string(cause)
+             : EitherLanguage(u"ne è stata scritta solo una parte"_qs, u"only a part of it was written"_qs);
+}
+
+QString FullDiskText(int cause) {
+  // A limit on the size of files, the user's own or that of an old file system, looks like a full disk too.
+  if (cause == EFBIG)
+    return EitherLanguage(
+        u"Impossibile scrivere %1: il disco è pieno, o non accetta file così grandi. Liberare spazio o "
+        u"scegliere un altro disco, e riprovare."_qs,
+        u"%1 cannot be written: the disk is full, or takes no file of this size. Free some space or choose "
+        u"another disk, and try again."_qs);
+  return EitherLanguage(u"Impossibile scrivere %1: il disco è pieno. Liberare spazio e riprovare."_qs,
+                        u"%1 cannot be written: the disk is full. Free some space and try again."_qs);
 }
 
 #ifndef Q_OS_LINUX
@@ -91,9 +113,41 @@ Copied CopyContent(QFile& from, QFileDevice& to) {
 
 }  // namespace
 
+DiskFullError::DiskFullError(const QString& path, int cause)
+    : Error(FullDiskText(cause).arg(QDir::toNativeSeparators(path))), cause_(cause) {}
+
+bool MeansFullDisk(int cause) {
+#ifdef EDQUOT
+  if (cause == EDQUOT) return true;
+#endif
+  return cause == ENOSPC || cause == EFBIG;
+}
+
+void FailWriting(const QString& path, int cause, const QString& reason) {
+  if (MeansFullDisk(cause)) throw DiskFullError(path, cause);
+  throw Error(
+      EitherLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
+          .arg(QDir::toNativeSeparators(path), reason.isEmpty() ? ReasonOf(cause) : reason));
+}
+
+void TellFileLimitsAsErrors() {
+#ifdef SIGXFSZ
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
+void MakeFolder(const QString& folder) {
+  errno = 0;
+  if (QDir().mkpath(folder)) return;
+  if (MeansFullDisk(errno)) throw DiskFullError(folder, errno);
+  throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
+                  .arg(QDir::toNativeSeparators(folder)));
+}
+
 void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) FailWriting(path, file.errorString());
+  errno = 0;
+  if (!file.open(QIODevice::WriteOnly)) FailWriting(path, errno, file.errorString());
   bool written = false;
   try {
     written = writer(file);
@@ -103,13 +157,16 @@ void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>&
   }
   // A short write shows as a file that is smaller than the position the writer reached.
   const qint64 meant = file.pos();
-  if (!written || !file.flush() || file.error() != QFileDevice::NoError || file.size() != meant) {
-    const QString reason = file.errorString();
+  const bool flushed = file.flush();
+  const int cause = errno;
+  if (!written || !flushed || file.error() != QFileDevice::NoError || file.size() != meant) {
+    const QString reason = ReasonOf(file);
     file.cancelWriting();
     file.commit();
-    FailWriting(path, reason);
+    FailWriting(path, cause, reason);
   }
-  if (!Commit(file)) FailWriting(path, file.errorString());
+  errno = 0;
+  if (!Commit(file)) FailWriting(path, errno, file.errorString());
   SyncFolder(QFileInfo(path).absolutePath());
 }
 
@@ -119,14 +176,12 @@ void WriteFileSafely(const QString& path, const QByteArray& bytes) {
 
 void CopyFileSafely(const QString& source, const QString& target) {
   QFile from(source);
-  const bool isFile = IsFileOrMissing(source);
-  if (!isFile || !from.open(QIODevice::ReadOnly))
-    throw Error(
-        EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-            .arg(QDir::toNativeSeparators(source),
-                 isFile ? from.errorString() : EitherLanguage(u"non è un file"_qs, u"it is no file"_qs)));
+  if (!IsFileOrMissing(source)) FailReading(from, EitherLanguage(u"non è un file"_qs, u"it is no file"_qs));
+  if (!from.open(QIODevice::ReadOnly)) FailReading(from, from.errorString());
   WriteFileSafely(target, [&](QIODevice& device) {
-    return CopyContent(from, static_cast<QFileDevice&>(device)) == Copied::Whole;
+    const Copied copied = CopyContent(from, static_cast<QFileDevice&>(device));
+    if (copied == Copied::NotRead) FailReading(from, from.errorString());
+    return copied == Copied::Whole;
   });
 }
 
@@ -163,20 +218,24 @@ void MoveFileSafely(const QString& source, const QString& target) {
   if (!failure)
     std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(),
                             failure);
-  if (failure) FailWriting(target, QString::fromLocal8Bit(failure.message().c_str()));
+  if (failure) FailWriting(target, failure.value());
   SyncFolder(QFileInfo(target).absolutePath());
 }
 
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer) {
   QFile::remove(path);
   QFile file(path);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) FailWriting(path, file.errorString());
+  errno = 0;
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) FailWriting(path, errno, file.errorString());
   const bool written = writer(file);
   const qint64 meant = file.pos();
-  if (!written || !file.flush() || file.error() != QFileDevice::NoError || file.size() != meant)
-    FailWriting(path, file.errorString());
+  const bool flushed = file.flush();
+  const int cause = errno;
+  if (!written || !flushed || file.error() != QFileDevice::NoError || file.size() != meant)
+    FailWriting(path, cause, ReasonOf(file));
+  errno = 0;
   file.close();
-  if (file.error() != QFileDevice::NoError) FailWriting(path, file.errorString());
+  if (file.error() != QFileDevice::NoError) FailWriting(path, errno, file.errorString());
 }
 
 void SyncFiles(const QStringList& paths) {
@@ -187,7 +246,7 @@ void SyncFiles(const QStringList& paths) {
 #else
   for (const QString& path : paths) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(path, file.errorString());
+    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(path, errno, file.errorString());
   }
 #endif
 }
@@ -196,14 +255,15 @@ void SyncVolume(const QString& folder) {
 #ifdef Q_OS_LINUX
   const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   const bool synced = descriptor >= 0 && ::syncfs(descriptor) == 0;
-  const QString reason = qt_error_string(errno);
+  const int cause = errno;
   if (descriptor >= 0) ::close(descriptor);
-  if (!synced) FailWriting(folder, reason);
+  if (!synced) FailWriting(folder, cause);
 #else
   QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     QFile file(files.next());
-    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(file.fileName(), file.errorString());
+    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file))
+      FailWriting(file.fileName(), errno, file.errorString());
   }
 #endif
 }

@@ -6,9 +6,37 @@
 #include <QStringList>
 #include <functional>
 
+#include "base/Error.h"
+
 class QIODevice;
 
 namespace vorlina {
+
+// The disk took no more. Who works towards another file or folder than the one that was being written throws
+// it anew with the name that the user knows.
+class DiskFullError : public Error {
+ public:
+  // The number is the system's own (errno).
+  explicit DiskFullError(const QString& path, int cause = 0);
+  int Cause() const { return cause_; }
+
+ private:
+  int cause_;
+};
+
+// Whether the system's error number says that a disk, or what a user may have of it, is used up.
+bool MeansFullDisk(int cause);
+
+// Tells that a file or folder cannot be written: DiskFullError where that is the cause, else Error with the
+// reason, for which the text of the cause stands where it is empty.
+[[noreturn]] void FailWriting(const QString& path, int cause, const QString& reason = {});
+
+// Lets a limit on the size of files show as an error of the write, where the system would end the program. To
+// be called once, at its start.
+void TellFileLimitsAsErrors();
+
+// Makes a folder and those that it lies in, where they are missing. Throws Error.
+void MakeFolder(const QString& folder);
 
 // Replaces the file by these bytes: written beside it, checked, renamed, folder synced. Throws Error; the
 // former file then stands as it was.

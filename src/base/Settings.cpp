@@ -2,22 +2,39 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileDevice>
-#include <QSettings>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 #include "base/Error.h"
+#include "base/FolderHold.h"
 #include "base/Language.h"
+#include "base/SafeFile.h"
 
 namespace vorlina {
 namespace {
 
-// The file is plain text that a person can mend by hand: "[section]" and "key=value" lines in UTF-8, with a
-// backslash before n, r or a backslash inside a value. Lines of any other form are passed over.
-QString Escaped(QString text) {
-  return text.replace(u'\\', u"\\\\"_qs).replace(u'\n', u"\\n"_qs).replace(u'\r', u"\\r"_qs);
+// How long a save waits for that of another program, which takes but a moment.
+constexpr int WaitForOthers = 2000;  // milliseconds
+
+QString settingsFolder;
+
+// The file is plain text that a person can mend by hand: "[section]" and "key=value" lines in UTF-8, where
+// blanks around names and values do not count. Lines of any other form, comments among them, are passed over
+// and kept. A value has a backslash before n, r or a backslash, and at its ends before s and t, which stand
+// for a blank and a tabulator.
+QByteArray Escaped(const QString& value) {
+  QString text = value;
+  text.replace(u'\\', u"\\\\"_qs).replace(u'\n', u"\\n"_qs).replace(u'\r', u"\\r"_qs);
+  const auto code = [](QChar c) { return c == u'\t' ? u"\\t"_qs : u"\\s"_qs; };
+  const auto isBlank = [](QChar c) { return c == u' ' || c == u'\t'; };
+  if (!text.isEmpty() && isBlank(text.back())) text.replace(text.size() - 1, 1, code(text.back()));
+  if (!text.isEmpty() && isBlank(text.front())) text.replace(0, 1, code(text.front()));
+  return text.toUtf8();
 }
 
-QString Unescaped(const QString& text) {
+QString Unescaped(const QByteArray& bytes) {
+  const QString text = QString::fromUtf8(bytes);
   QString plain;
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i] != u'\\' || i + 1 == text.size()) {
@@ -25,52 +42,146 @@ QString Unescaped(const QString& text) {
       continue;
     }
     const QChar next = text[++i];
-    plain += next == u'n' ? QChar(u'\n') : next == u'r' ? QChar(u'\r') : next;
+    const bool atEnd = i == 1 || i + 1 == text.size();
+    if (next == u'n')
+      plain += u'\n';
+    else if (next == u'r')
+      plain += u'\r';
+    else if (atEnd && next == u's')
+      plain += u' ';
+    else if (atEnd && next == u't')
+      plain += u'\t';
+    else
+      plain += next;
   }
   return plain;
 }
 
-bool ReadText(QIODevice& device, QSettings::SettingsMap& map) {
-  QString section;
-  const QStringList lines = QString::fromUtf8(device.readAll()).split(u'\n');
-  for (QString line : lines) {
-    if (line.endsWith(u'\r')) line.chop(1);
-    if (line.startsWith(u'[') && line.endsWith(u']')) section = line.mid(1, line.size() - 2);
-    const qsizetype equals = line.indexOf(u'=');
-    if (equals > 0 && !section.isEmpty())
-      map.insert(section + u'/' + line.left(equals), Unescaped(line.mid(equals + 1)));
-  }
-  return true;
+// Without the mark that some editors put at the beginning of a file.
+QByteArray Trimmed(QByteArrayView bytes) {
+  constexpr QByteArrayView Mark("\xEF\xBB\xBF");
+  if (bytes.startsWith(Mark)) bytes = bytes.sliced(Mark.size());
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
+  while (!bytes.isEmpty() && isBlank(bytes.front())) bytes = bytes.sliced(1);
+  while (!bytes.isEmpty() && isBlank(bytes.back())) bytes.chop(1);
+  return bytes.toByteArray();
 }
 
-// QSettings replaces its file as soon as the writer says yes, so the writer says yes only when every byte has
-// reached the temporary file: on a full disk the former settings stay.
-bool WriteText(QIODevice& device, const QSettings::SettingsMap& map) {
-  QString text;
-  QString section;
-  for (auto entry = map.cbegin(); entry != map.cend(); ++entry) {
-    const qsizetype slash = entry.key().indexOf(u'/');
-    if (slash <= 0) continue;
-    if (entry.key().left(slash) != section) {
-      section = entry.key().left(slash);
-      text += (text.isEmpty() ? u"["_qs : u"\n["_qs) + section + u"]\n"_qs;
+// The lines of a settings file. What is not changed stays as it stands, byte by byte.
+class SettingsLines {
+ public:
+  explicit SettingsLines(const QByteArray& bytes) : lines_(bytes.split('\n')) {
+    if (lines_.last().isEmpty()) lines_.removeLast();
+  }
+
+  QByteArray Bytes() const { return lines_.join('\n') + '\n'; }
+
+  // Null when there is no such key.
+  QString Value(const QString& section, const QString& key) const {
+    const Place place = Find(section, key);
+    if (place.line < 0) return {};
+    const QByteArray& line = lines_[place.line];
+    const QString value = Unescaped(Trimmed(line.sliced(line.indexOf('=') + 1)));
+    return value.isNull() ? u""_qs : value;
+  }
+
+  void SetValue(const QString& section, const QString& key, const QString& value) {
+    const Place place = Find(section, key);
+    const QByteArray end = !lines_.isEmpty() && lines_.first().endsWith('\r') ? "\r" : "";
+    if (place.line >= 0) {
+      QByteArray& line = lines_[place.line];
+      qsizetype begin = line.indexOf('=') + 1;
+      while (begin < line.size() && (line[begin] == ' ' || line[begin] == '\t')) ++begin;
+      line = line.first(begin) + Escaped(value) + (line.endsWith('\r') ? "\r" : "");
+      return;
     }
-    text += entry.key().mid(slash + 1) + u'=' + Escaped(entry.value().toString()) + u'\n';
+    qsizetype behind = place.sectionEnd;
+    if (behind < 0) {
+      if (!lines_.isEmpty()) lines_ += end;
+      lines_ += '[' + section.toUtf8() + ']' + end;
+      behind = lines_.size() - 1;
+    }
+    lines_.insert(behind + 1, key.toUtf8() + '=' + Escaped(value) + end);
   }
-  const QByteArray bytes = text.toUtf8();
-  if (device.write(bytes) != bytes.size()) return false;
-  auto* file = qobject_cast<QFileDevice*>(&device);
-  return file == nullptr ||
-         (file->flush() && file->error() == QFileDevice::NoError && file->size() == bytes.size());
+
+ private:
+  struct Place {
+    qsizetype line = -1;        // of the key: the last one counts
+    qsizetype sectionEnd = -1;  // its last key, or its heading
+  };
+
+  Place Find(const QString& section, const QString& key) const {
+    const QByteArray heading = '[' + section.toUtf8() + ']';
+    const QByteArray name = key.toUtf8();
+    Place place;
+    bool inSection = false;
+    for (qsizetype i = 0; i < lines_.size(); ++i) {
+      const QByteArray line = Trimmed(lines_[i]);
+      const bool isHeading = line.startsWith('[') && line.endsWith(']');
+      if (isHeading) inSection = line == heading;
+      const qsizetype equals = line.startsWith('#') || line.startsWith(';') ? -1 : line.indexOf('=');
+      if (!inSection || (!isHeading && equals <= 0)) continue;
+      place.sectionEnd = i;
+      if (equals > 0 && Trimmed(line.first(equals)) == name) place.line = i;
+    }
+    return place;
+  }
+
+  QByteArrayList lines_;
+};
+
+QString PathOf(const QString& application) {
+  if (settingsFolder.isEmpty())
+    settingsFolder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return settingsFolder + u"/Norsel/"_qs + application + u".settings"_qs;
 }
 
-QSettings::Format Format() {
-  static const QSettings::Format format = QSettings::registerFormat(u"settings"_qs, ReadText, WriteText);
-  return format;
+// Nothing where there is no file yet. False where it cannot be read.
+bool ReadLines(const QString& path, QByteArray& bytes) {
+  QFile file(path);
+  if (!QFileInfo::exists(path)) return true;
+  if (!file.open(QIODevice::ReadOnly)) return false;
+  bytes = file.readAll();
+  return file.error() == QFileDevice::NoError;
 }
 
-QSettings Store(const QString& application) {
-  return QSettings(Format(), QSettings::UserScope, u"Norsel"_qs, application);
+// Whoever gets here holds the folder, so that the file beside has one name, and what a killed save left there
+// goes with the next one. Passwords lie in it: it is for its user alone.
+void WriteLines(const QString& path, const QByteArray& bytes) {
+  const QFileInfo named(path);
+  // A link stays one: people keep such files elsewhere.
+  const QFileInfo file(named.exists()      ? named.canonicalFilePath()
+                       : named.isSymLink() ? named.symLinkTarget()
+                                           : path);
+  const QString beside = file.path() + u"/."_qs + file.fileName() + u".saving"_qs;
+  QFile::remove(beside);
+  try {
+    WriteStagedFile(beside, [&](QIODevice& device) {
+      static_cast<QFile&>(device).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+      return device.write(bytes) == bytes.size();
+    });
+    MoveFileSafely(beside, file.filePath());
+  } catch (...) {
+    QFile::remove(beside);
+    throw;
+  }
+}
+
+void SaveLine(const QString& path, const QString& section, const QString& key, const QString& value) {
+  const QString folder = QFileInfo(path).path();
+  MakeFolder(folder);
+  FolderHold hold;
+  if (!hold.TakeAlone(folder, WaitForOthers))
+    throw Error(EitherLanguage(u"un altro programma le sta salvando. Riprovare."_qs,
+                               u"another program is saving them. Try again."_qs));
+  QByteArray bytes;
+  if (!ReadLines(path, bytes))
+    throw Error(EitherLanguage(u"il file non può essere letto. Controllarne i permessi."_qs,
+                               u"the file cannot be read. Check its permissions."_qs));
+  SettingsLines lines(bytes);
+  if (const QString former = lines.Value(section, key); !former.isNull() && former == value) return;
+  lines.SetValue(section, key, value);
+  WriteLines(path, lines.Bytes());
 }
 
 }  // namespace
@@ -79,27 +190,26 @@ QString ApplicationTitle() { return QCoreApplication::applicationName(); }
 
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback) {
-  const QVariant value = Store(application).value(section + u'/' + key);
-  return value.isValid() && value.canConvert<QString>() ? value.toString() : fallback;
+  QByteArray bytes;
+  ReadLines(PathOf(application), bytes);
+  const QString value = SettingsLines(bytes).Value(section, key);
+  return value.isNull() ? fallback : value;
 }
 
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value) {
-  QSettings store = Store(application);
-  const QVariant before = store.value(section + u'/' + key);
-  store.setValue(section + u'/' + key, value);
-  store.sync();
-  if (store.status() == QSettings::NoError) return;
-  // What could not be written is not kept in memory either, so that a later write does not meet it.
-  if (before.isValid())
-    store.setValue(section + u'/' + key, before);
-  else
-    store.remove(section + u'/' + key);
-  throw Error(EitherLanguage(u"Impossibile salvare le impostazioni in %1"_qs,
-                             u"The settings cannot be saved in %1"_qs)
-                  .arg(QDir::toNativeSeparators(store.fileName())));
+  const QString path = PathOf(application);
+  try {
+    SaveLine(path, section, key, value);
+  } catch (const DiskFullError& full) {
+    throw DiskFullError(path, full.Cause());
+  } catch (const Error& error) {
+    throw Error(EitherLanguage(u"Impossibile salvare le impostazioni in %1: %2"_qs,
+                               u"The settings cannot be saved in %1: %2"_qs)
+                    .arg(QDir::toNativeSeparators(path), error.Description()));
+  }
 }
 
-void SetSettingsFolder(const QString& folder) { QSettings::setPath(Format(), QSettings::UserScope, folder); }
+void SetSettingsFolder(const QString& folder) { settingsFolder = folder; }
 
 }  // namespace vorlina

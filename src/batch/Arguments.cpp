@@ -12,8 +12,9 @@ namespace {
 enum class Word { None, File, Folder };
 
 struct CommandForm {
-  QStringList options;  // that it needs
-  Word word;            // what follows its name
+  QStringList options;   // that it needs
+  Word word;             // what follows its name
+  QStringList others{};  // that it may have
 };
 
 const std::map<QString, CommandForm>& CommandForms() {
@@ -25,8 +26,8 @@ const std::map<QString, CommandForm>& CommandForms() {
       {u"clone"_qs, {{u"--catalog"_qs}, Word::None}},
       {u"delete"_qs, {{u"--catalog"_qs, u"--yes"_qs}, Word::None}},
       {u"check"_qs, {{}, Word::None}},
-      {u"backup"_qs, {{}, Word::File}},
-      {u"restore"_qs, {{}, Word::File}}};
+      {u"backup"_qs, {{}, Word::File, {u"--allow-missing"_qs}}},
+      {u"restore"_qs, {{u"--yes"_qs}, Word::File}}};
   return forms;
 }
 
@@ -41,7 +42,8 @@ struct Pieces {
 };
 
 Pieces Split(const QStringList& texts) {
-  static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs, u"--yes"_qs};
+  static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs, u"--yes"_qs,
+                                 u"--allow-missing"_qs};
   static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs, u"--language"_qs};
   Pieces pieces;
   for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -93,7 +95,8 @@ void RequireForm(const QString& command, const Pieces& pieces) {
       Refuse(u"Il comando %1 vuole l'opzione %2"_qs.arg(command, option),
              u"The command %1 needs the option %2"_qs.arg(command, option));
   for (const auto& [option, value] : pieces.options)
-    if (!needed.contains(option) && option != u"--app" && option != u"--json" && option != u"--language")
+    if (!needed.contains(option) && !form->second.others.contains(option) && option != u"--app" &&
+        option != u"--json" && option != u"--language")
       Refuse(u"Il comando %1 non ha l'opzione %2"_qs.arg(command, option),
              u"The command %1 has no option %2"_qs.arg(command, option));
   const qsizetype words = pieces.words.size() - 1;
@@ -127,6 +130,7 @@ Arguments ParseArguments(const QStringList& texts) {
   arguments.language = value(u"--language"_qs);
   if (!arguments.language.isEmpty() && arguments.language != u"Italian" && arguments.language != u"English")
     Refuse(u"La lingua è Italian o English"_qs, u"The language is Italian or English"_qs);
+  arguments.allowMissing = pieces.options.count(u"--allow-missing"_qs) > 0;
   arguments.plugin = value(u"--plugin"_qs);
   arguments.target = value(u"--to"_qs);
   arguments.file = pieces.words.value(1);
@@ -150,8 +154,11 @@ Comandi:
                            elimina un catalogo con le sue immagini; --yes dice che è voluto
   check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
                            solo di note, come un file che nessuna riga usa
-  backup FILE              salva database, immagini e layout in un archivio
-  restore FILE             li sostituisce con quelli di un archivio
+  backup FILE [--allow-missing]
+                           salva database, immagini e layout in un archivio; con --allow-missing anche se
+                           mancano immagini
+  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c'era
+                           prima resta in "Before restore" fino al prossimo ripristino
 
 Opzioni:
   --app CARTELLA           usa un'altra cartella dell'applicazione
@@ -176,8 +183,11 @@ Commands:
                            deletes a catalog with its pictures; --yes says that this is meant
   check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
                            notes, such as a file that no row uses
-  backup FILE              saves database, pictures and layouts in one archive
-  restore FILE             replaces them by those of an archive
+  backup FILE [--allow-missing]
+                           saves database, pictures and layouts in one archive; with --allow-missing also when
+                           pictures are missing
+  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
+                           before stays in "Before restore" until the next restore
 
 Options:
   --app DIR                works on another application folder

@@ -20,12 +20,13 @@ struct Arguments {
   bool help = false;
   bool version = false;
   bool json = false;
-  QString application;  // --app, or empty
-  QString language;     // --language: "Italian", "English" or empty
-  int catalog = 0;      // --catalog
-  QString plugin;       // --plugin
-  QString target;       // --to
-  QString file;         // what follows "import", "backup" and "restore"
+  QString application;        // --app, or empty
+  QString language;           // --language: "Italian", "English" or empty
+  int catalog = 0;            // --catalog
+  QString plugin;             // --plugin
+  QString target;             // --to
+  bool allowMissing = false;  // --allow-missing
+  QString file;               // what follows "import", "backup" and "restore"
 };
 
 // Reads the command line without the program's name. Options may stand anywhere, as "--to DIR" or "--to=DIR",

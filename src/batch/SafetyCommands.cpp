@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QLocale>
 
 #include "base/AppPath.h"
@@ -20,22 +21,54 @@ Outcome OutcomeOf(const QString& file, const BackupManifest& manifest, const QSt
   return outcome;
 }
 
+void Add(Outcome& outcome, const QString& member, const QStringList& paths, const QString& heading) {
+  outcome.json[member] = QJsonArray::fromStringList(paths);
+  if (!paths.isEmpty()) outcome.text += u'\n' + heading.arg(paths.size()) + u'\n' + ListOfPaths(paths);
+}
+
 }  // namespace
 
 Outcome RunBackup(Connection& connection, const Arguments& arguments, const Progress& progress) {
   const QString file = QFileInfo(arguments.file).absoluteFilePath();
-  const BackupManifest manifest = WriteBackup(connection, file, progress);
-  return OutcomeOf(file, manifest,
-                   EitherLanguage(u"Salvati in %1 e verificati: %2 file, %3"_qs,
-                                  u"Saved in %1 and verified: %2 files, %3"_qs));
+  try {
+    const BackupReport report =
+        WriteBackup(connection, file, progress,
+                    arguments.allowMissing ? MissingPictures::Allowed : MissingPictures::Refused);
+    Outcome outcome = OutcomeOf(file, report.manifest,
+                                EitherLanguage(u"Salvati in %1 e verificati: %2 file, %3"_qs,
+                                               u"Saved in %1 and verified: %2 files, %3"_qs));
+    Add(outcome, u"missing"_qs, report.missing,
+        EitherLanguage(u"Mancano nella copia di sicurezza (%1):"_qs, u"Missing from the backup (%1):"_qs));
+    Add(outcome, u"outside"_qs, report.outside,
+        EitherLanguage(u"Fuori dalla cartella \"Images\", e quindi non nella copia di sicurezza (%1):"_qs,
+                       u"Outside of the folder \"Images\", and so not in the backup (%1):"_qs));
+    return outcome;
+  } catch (const MissingPicturesError& error) {
+    Outcome outcome;
+    outcome.ok = false;
+    outcome.json = {{u"missing"_qs, QJsonArray::fromStringList(error.Missing())}};
+    outcome.error =
+        error.Description() + u'\n' +
+        EitherLanguage(u"Rimetterle al loro posto, o aggiungere --allow-missing per salvare il resto."_qs,
+                       u"Put them back, or add --allow-missing to save the rest."_qs);
+    return outcome;
+  }
 }
 
 Outcome RunRestore(const Arguments& arguments, const Progress& progress) {
   const QString file = QFileInfo(arguments.file).absoluteFilePath();
-  const BackupManifest manifest = RestoreBackup(file, progress);
-  return OutcomeOf(
-      file, manifest,
-      EitherLanguage(u"Ripristinati da %1: %2 file, %3"_qs, u"Restored from %1: %2 files, %3"_qs));
+  const RestoreReport report = RestoreBackup(file, progress);
+  Outcome outcome =
+      OutcomeOf(file, report.manifest,
+                EitherLanguage(u"Ripristinati da %1: %2 file, %3"_qs, u"Restored from %1: %2 files, %3"_qs));
+  const QString former = QDir::toNativeSeparators(report.former);
+  outcome.json[u"former"_qs] = former;
+  if (!former.isEmpty())
+    outcome.text +=
+        u'\n' + EitherLanguage(u"Quel che c'era prima resta in %1 fino al prossimo ripristino."_qs,
+                               u"What was there before stays in %1 until the next restore."_qs)
+                    .arg(former);
+  return outcome;
 }
 
 }  // namespace vorlina

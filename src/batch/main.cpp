@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <csignal>
 
+#include "base/SafeFile.h"
 #include "batch/Arguments.h"
 #include "batch/Commands.h"
 #include "batch/ConsoleDialogs.h"
@@ -93,6 +94,7 @@ int main(int argc, char** argv) {
   // It looks for the folder of a session, which a nightly job has not, and would say so.
   QLoggingCategory::setFilterRules(u"default.warning=false"_qs);
   const QGuiApplication application(platformCount, platform);
+  TellFileLimitsAsErrors();
   QCoreApplication::setApplicationName(u"Vorlina"_qs);
   QCoreApplication::setOrganizationName(u"Norsel"_qs);
   QCoreApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));

@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 #include "base/Progress.h"
@@ -16,20 +17,52 @@ namespace vorlina {
 
 class Connection;
 
-// Writes the backup of the application folder whose database this is. A former backup of that name is
+struct BackupReport {
+  BackupManifest manifest;
+  QStringList missing;  // pictures that rows name, and files that could not be read
+  QStringList outside;  // pictures that rows name and that lie outside of "Images"
+};
+
+// Pictures that rows name are not there, so that a backup would lack them.
+class MissingPicturesError : public Error {
+ public:
+  explicit MissingPicturesError(const QStringList& missing);
+  const QStringList& Missing() const { return missing_; }
+
+ private:
+  QStringList missing_;
+};
+
+// Those of these paths that fit into a message, and how many there are besides.
+QString ListOfPaths(const QStringList& paths);
+
+enum class MissingPictures { Refused, Allowed };
+
+// Writes the backup of the application folder whose database this is. It holds every picture that a row of
+// the database in it names, also while another program changes them. A former backup of that name is
 // replaced, any other file is not. The progress counts bytes, and may stop it. Throws Error; nothing then has
 // the name that had not before.
-BackupManifest WriteBackup(Connection& connection, const QString& file, const Progress& progress = {});
+BackupReport WriteBackup(Connection& connection, const QString& file, const Progress& progress = {},
+                         MissingPictures missing = MissingPictures::Refused);
 
 // Takes the files of a backup, each with a source that gives its content piece by piece.
 using BackupVisitor = std::function<void(const QString& name, const std::function<QByteArray()>& nextPiece)>;
 
-// Reads a backup from beginning to end and compares every file with the manifest. Throws Error for one that
-// is damaged, incomplete, or holds something else.
-BackupManifest ReadBackup(const QString& file, qint64 mostBytes, const BackupVisitor& visitor);
+// What a backup says of itself, which nobody has compared. Throws Error for a file that is no backup.
+BackupManifest ReadManifest(const QString& file);
+
+// Reads a backup from beginning to end and compares every file with the manifest, of which none gives more
+// than it says. Throws Error for one that is damaged, incomplete, or holds something else.
+BackupManifest ReadBackup(const QString& file, const BackupVisitor& visitor);
+
+struct RestoreReport {
+  BackupManifest manifest;
+  QString former;  // the folder with what was there before; "" when there was nothing
+};
 
 // Replaces database, pictures and layouts of AppPath() by those of the backup, and makes the paths in the
-// database point there. Nobody may have the database open. Throws Error, with everything as it was.
-BackupManifest RestoreBackup(const QString& file, const Progress& progress = {});
+// database point there. What was there before stays in the folder "Before restore" until the next restore.
+// Nobody may have the database open. Throws Error, with everything as it was.
+RestoreReport RestoreBackup(const QString& file, const Progress& progress = {});
 
 }  // namespace vorlina

@@ -26,6 +26,10 @@ qint64 BackupManifest::TotalSize() const {
                          [](qint64 sum, const auto& file) { return sum + file.second.size; });
 }
 
+bool IsManifest(const QByteArray& json) {
+  return QJsonDocument::fromJson(json).object().value(u"format").toString() == Format;
+}
+
 QByteArray ToJson(const BackupManifest& manifest) {
   QJsonArray files;
   for (const auto& [name, file] : manifest.files) {

@@ -28,6 +28,12 @@ struct BackupManifest {
   qint64 TotalSize() const;
 };
 
+// More of it than this is no manifest.
+inline constexpr qint64 LargestManifest = 1 << 28;
+
+// Whether a text is a manifest, of this form or a later one.
+bool IsManifest(const QByteArray& json);
+
 QByteArray ToJson(const BackupManifest& manifest);
 // Throws Error for a text that is no manifest, or one of a later form.
 BackupManifest ManifestFromJson(const QByteArray& json);

@@ -2,6 +2,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QStorageInfo>
+#include <algorithm>
 
 #include "base/AppPath.h"
 #include "base/FolderHold.h"
@@ -9,17 +10,12 @@
 #include "catalogs/Backup.h"
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
+#include "store/CatalogSchema.h"
 #include "store/Connection.h"
 #include "store/SampleData.h"
 
 namespace vorlina {
 namespace {
-
-void MakeFolder(const QString& folder) {
-  if (!QDir().mkpath(folder))
-    throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
-                    .arg(QDir::toNativeSeparators(folder)));
-}
 
 // Alone in the folder: neither one of our programs nor another one in the middle of a change.
 void TakeFolder(FolderHold& hold, const QString& folder) {
@@ -30,18 +26,32 @@ void TakeFolder(FolderHold& hold, const QString& folder) {
           .arg(QDir::toNativeSeparators(folder)));
 }
 
+// Before anything is unpacked, and with something to spare: neither a large backup nor one that was made to
+// fill the disk takes the last of it.
+void RequireRoom(const QString& folder, qint64 needed) {
+  constexpr qint64 MostSpared = 1 << 30;
+  const qint64 room = QStorageInfo(folder).bytesAvailable();
+  const qint64 missing = needed - (room - std::min(room / 10, MostSpared));
+  if (missing <= 0) return;
+  QString text =
+      EitherLanguage(u"Sul disco non c'è spazio per il ripristino: servono almeno altri %1."_qs,
+                     u"There is no room on the disk for the restore: at least %1 more are needed."_qs)
+          .arg(QLocale().formattedDataSize(missing));
+  if (const QString former = FormerFolder(folder); QFileInfo::exists(former))
+    text += u' ' + EitherLanguage(
+                       u"La cartella %1 contiene quel che c'era prima dell'ultimo ripristino; se non "
+                       u"serve più, eliminarla."_qs,
+                       u"The folder %1 holds what was there before the last restore; if it is not "
+                       u"needed, delete it."_qs)
+                       .arg(QDir::toNativeSeparators(former));
+  throw Error(text);
+}
+
 BackupManifest Unpack(const QString& file, const QString& staging, const Progress& progress) {
   const QDir target(staging);
-  const qint64 room = QStorageInfo(staging).bytesAvailable();
   const qint64 total = QFileInfo(file).size();
-  // The pictures are stored as they are, so that an archive is hardly smaller than what it holds.
-  if (total > room)
-    throw Error(
-        EitherLanguage(u"Sul disco non c'è spazio per il ripristino: servono almeno altri %1"_qs,
-                       u"There is no room on the disk for the restore: at least %1 more are needed"_qs)
-            .arg(QLocale().formattedDataSize(total - room)));
   qint64 done = 0;
-  BackupManifest manifest = ReadBackup(file, room, [&](const QString& stored, const auto& nextPiece) {
+  BackupManifest manifest = ReadBackup(file, [&](const QString& stored, const auto& nextPiece) {
     MakeFolder(QFileInfo(target.filePath(stored)).path());
     WriteStagedFile(target.filePath(stored), [&](QIODevice& device) {
       for (QByteArray piece = nextPiece(); !piece.isEmpty(); piece = nextPiece()) {
@@ -77,20 +87,29 @@ void MovePaths(Connection& connection, const QString& from, const QString& to) {
 }
 
 // Opens the unpacked database as the program would, which refuses a foreign or a newer one and brings an
-// older one up to date, and fits its paths to where it is going to lie.
+// older one up to date, and fits its paths to where it is going to lie. Nothing is written as long as it may
+// have something that would do more than what was written.
 void PrepareDatabase(const QString& path, const QString& from, const QString& to) {
   Connection connection;
+  connection.Open(ConnectionTextFor(path));
+  RequireTablesAlone(connection);
   OpenCatalogDatabase(connection, path);
   if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty())
     throw Error(EitherLanguage(u"Il database della copia di sicurezza non è integro: %1"_qs,
                                u"The database of the backup is not whole: %1"_qs)
                     .arg(broken.first()));
+  RequireOwnSchema(connection);
   if (!from.isEmpty() && from != to) MovePaths(connection, from, to);
+}
+
+// A swap that could be neither finished nor taken back leaves its journal, and needs what is staged.
+void Abandon(const QString& folder) {
+  if (!IsSwapPending(folder)) QDir(StagingFolder(folder)).removeRecursively();
 }
 
 }  // namespace
 
-BackupManifest RestoreBackup(const QString& file, const Progress& progress) {
+RestoreReport RestoreBackup(const QString& file, const Progress& progress) {
   const QString folder = AppPath();
   MakeFolder(folder);
   FolderHold hold;
@@ -99,14 +118,16 @@ BackupManifest RestoreBackup(const QString& file, const Progress& progress) {
   const QString staging = StagingFolder(folder);
   try {
     MakeFolder(staging + u"/Images"_qs);
+    RequireRoom(folder, ReadManifest(file).TotalSize());
     BackupManifest manifest = Unpack(file, staging, progress);
     PrepareDatabase(QDir(staging).filePath(DatabaseName), manifest.applicationPath, folder);
     SyncVolume(staging);
-    SwapIn(folder);
-    return manifest;
+    return {manifest, SwapIn(folder)};
+  } catch (const DiskFullError& full) {
+    Abandon(folder);
+    throw DiskFullError(folder, full.Cause());
   } catch (...) {
-    // A swap that could be neither finished nor taken back leaves its journal, and needs what is staged.
-    if (!IsSwapPending(folder)) QDir(staging).removeRecursively();
+    Abandon(folder);
     throw;
   }
 }

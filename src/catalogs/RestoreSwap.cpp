@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <algorithm>
 #include <filesystem>
 
@@ -24,6 +25,14 @@ const QStringList Entries{
     u"Catalog.db"_qs, u"Catalog.db-journal"_qs, u"Catalog.db-wal"_qs, u"Catalog.db-shm"_qs, u"Images"_qs,
     u"Layouts"_qs,    u"CardLayout.lyt"_qs};
 
+const QString FormerName = QStringLiteral("Before restore");
+
+// A former state while it is not known yet whether the restore succeeds.
+bool IsDatedName(const QString& name) {
+  static const QRegularExpression date(u"^ \\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d\\.\\d{3}$"_qs);
+  return name.startsWith(FormerName) && date.match(name.mid(FormerName.size())).hasMatch();
+}
+
 constexpr int WaitForOthers = 5000;  // milliseconds
 
 bool Exists(const QString& path) { return QFileInfo::exists(path) || QFileInfo(path).isSymLink(); }
@@ -36,6 +45,22 @@ void Rename(const QString& from, const QString& to) {
                     .arg(QDir::toNativeSeparators(from), QString::fromLocal8Bit(failure.message().c_str())));
 }
 
+// A link goes by itself, not what it leads to.
+void Remove(const QString& path) {
+  const QFileInfo entry(path);
+  if (entry.isSymLink() || !entry.isDir())
+    QFile::remove(path);
+  else
+    QDir(path).removeRecursively();
+}
+
+// Removes a former state, and its folder where nothing else lies in it.
+void RemoveFormer(const QString& path) {
+  if (QFileInfo(path).isSymLink()) return;
+  for (const QString& entry : Entries) Remove(QDir(path).filePath(entry));
+  QDir().rmdir(path);
+}
+
 class Swap {
  public:
   explicit Swap(const QString& folder) : folder_(folder), staging_(StagingFolder(folder)) {}
@@ -43,7 +68,7 @@ class Swap {
   QString JournalPath() const { return QDir(folder_).filePath(u".restore-journal"_qs); }
 
   void Begin() {
-    kept_ = u"Before restore "_qs + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_qs);
+    kept_ = FormerName + u' ' + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_qs);
     for (const QString& entry : Entries) {
       if (Exists(In(folder_, entry))) former_ += entry;
       if (Exists(In(staging_, entry))) coming_ += entry;
@@ -75,7 +100,7 @@ class Swap {
   // Each step is passed over when it was taken already, so that it may begin anew at any of them.
   void Forward() {
     if (completed_) return Clear();
-    QDir(folder_).mkdir(kept_);
+    if (!former_.isEmpty()) MakeFolder(Kept());
     for (const QString& entry : former_)
       if (!Exists(In(Kept(), entry))) Rename(In(folder_, entry), In(Kept(), entry));
     for (const QString& entry : coming_)
@@ -96,12 +121,24 @@ class Swap {
     RemoveJournal();
   }
 
-  // The former state goes only here, once the journal says that the new one is complete. What cannot be
-  // removed stays, and does no harm.
+  // The state before the last restore goes only here, once the journal says that this one is complete. What
+  // cannot be removed stays, and does no harm: the former state then keeps its dated name.
   void Clear() {
-    QDir(Kept()).removeRecursively();
+    if (Exists(Kept()) && kept_ != FormerName) {
+      const QStringList folders = QDir(folder_).entryList(QDir::Dirs | QDir::NoSymLinks);
+      for (const QString& name : folders)
+        if (IsDatedName(name) && name != kept_) RemoveFormer(In(folder_, name));
+      RemoveFormer(FormerFolder(folder_));
+      if (!Exists(FormerFolder(folder_))) QDir(folder_).rename(kept_, FormerName);
+    }
     RemoveStaging();
     RemoveJournal();
+  }
+
+  // Where the former state lies once all is done.
+  QString Former() const {
+    if (former_.isEmpty()) return {};
+    return Exists(Kept()) ? Kept() : FormerFolder(folder_);
   }
 
   bool HasStaging() const { return Exists(staging_); }
@@ -167,10 +204,13 @@ QString Completed() {
 
 QString StagingFolder(const QString& folder) { return QDir(folder).filePath(u".restore"_qs); }
 
-void SwapIn(const QString& folder) {
+QString FormerFolder(const QString& folder) { return QDir(folder).filePath(FormerName); }
+
+QString SwapIn(const QString& folder) {
   Swap swap(folder);
   swap.Begin();
   BringToAnEnd(swap);
+  return swap.Former();
 }
 
 bool IsSwapPending(const QString& folder) { return Exists(Swap(folder).JournalPath()); }

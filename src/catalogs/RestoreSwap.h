@@ -11,9 +11,14 @@ namespace vorlina {
 // The folder in an application folder in which a restore is got ready.
 QString StagingFolder(const QString& folder);
 
+// The folder in an application folder that keeps what was there before the last restore.
+QString FormerFolder(const QString& folder);
+
 // Changes places: what a restore replaces goes to a dated folder, what lies in the staging folder comes in,
-// and when all of it is in place the former goes for good. Throws Error, with everything as it was.
-void SwapIn(const QString& folder);
+// and when all of it is in place the dated folder takes the place of that of the restore before. Gives the
+// folder in which the former state lies now; "" where there was none. Throws Error, with everything as it
+// was.
+QString SwapIn(const QString& folder);
 
 // Whether a change of places was begun and is neither finished nor taken back.
 bool IsSwapPending(const QString& folder);

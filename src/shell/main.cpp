@@ -2,6 +2,7 @@
 
 #include "base/AppPath.h"
 #include "base/Language.h"
+#include "base/SafeFile.h"
 #include "base/WidgetDialogs.h"
 #include "base/WidgetWaiting.h"
 #include "catalogs/RestoreSwap.h"
@@ -36,6 +37,7 @@ int main(int, char** argv) {
   // The program reads no command line.
   int argc = 1;
   WidgetApplication application(argc, argv);
+  TellFileLimitsAsErrors();
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));

@@ -4,9 +4,10 @@
 
 #include <cstring>
 
-#include "base/Error.h"
+#include "base/AppPath.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "base/SafeFile.h"
 #include "store/RowErrors.h"
 
 namespace vorlina {
@@ -25,6 +26,18 @@ bool IsDuplicate(const SQLite::Exception& failure) {
   const int code = failure.getExtendedErrorCode();
   return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ||
          code == SQLITE_CONSTRAINT_ROWID;
+}
+
+// Some calls give the extended code in place of the plain one.
+int PlainCode(const SQLite::Exception& failure) {
+  constexpr int PlainBits = 0xFF;
+  return failure.getErrorCode() & PlainBits;
+}
+
+// What a user may have of the disk being used up, or a limit on the size of files, comes as an I/O error.
+bool IsDiskFull(const SQLite::Exception& failure) {
+  const int code = PlainCode(failure);
+  return code == SQLITE_FULL || ((code == SQLITE_IOERR || code == SQLITE_CANTOPEN) && MeansFullDisk(errno));
 }
 
 QString ConstraintText(const SQLite::Exception& failure) {
@@ -48,7 +61,7 @@ QString ConstraintText(const SQLite::Exception& failure) {
 }
 
 QString FailureText(const SQLite::Exception& failure) {
-  switch (failure.getErrorCode()) {
+  switch (PlainCode(failure)) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       return EitherLanguage(u"Il database è in uso da un altro programma. Chiuderlo e riprovare."_qs,
@@ -58,9 +71,6 @@ QString FailureText(const SQLite::Exception& failure) {
       return EitherLanguage(
           u"Il database è di sola lettura. Controllare i permessi del file e della sua cartella."_qs,
           u"The database is read-only. Check the permissions of the file and of its folder."_qs);
-    case SQLITE_FULL:
-      return EitherLanguage(u"Il disco è pieno. Liberare spazio e riprovare."_qs,
-                            u"The disk is full. Free some space and try again."_qs);
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
       return EitherLanguage(u"Il database è danneggiato. Ripristinare una copia di sicurezza."_qs,
@@ -86,6 +96,7 @@ QString FailureText(const SQLite::Exception& failure) {
 }  // namespace
 
 void ThrowStoreError(const SQLite::Exception& failure) {
+  if (IsDiskFull(failure)) throw DiskFullError(AppPath(), errno);
   if (IsDuplicate(failure)) throw DuplicateError(FailureText(failure), ColumnsIn(failure).split(u", "_qs));
   const int code = failure.getErrorCode();
   if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw LockedError(FailureText(failure));

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <cerrno>
 
 #include "store/LockPatience.h"
 
@@ -22,6 +23,7 @@ Q_DECLARE_LOGGING_CATEGORY(StoreLog)
 template <class Step>
 auto WithStoreErrors(Step&& step) {
   const LockPatience patience;
+  errno = 0;  // whose value tells a full disk from a broken one
   try {
     return step();
   } catch (const SQLite::Exception& failure) {

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 #include <algorithm>
+#include <cerrno>
 
 #include "base/SafeFile.h"
 
@@ -28,8 +29,9 @@ constexpr std::size_t PieceSize = 1 << 18;
 
 la_ssize_t WritePiece(archive* handle, void* device, const void* bytes, std::size_t size) {
   auto* target = static_cast<QIODevice*>(device);
+  errno = 0;
   if (target->write(static_cast<const char*>(bytes), qint64(size)) == qint64(size)) return la_ssize_t(size);
-  archive_set_error(handle, ENOSPC, "%s", target->errorString().toUtf8().constData());
+  archive_set_error(handle, errno, "%s", target->errorString().toUtf8().constData());
   return -1;
 }
 
@@ -56,6 +58,11 @@ using ReadHandle = std::unique_ptr<archive, int (*)(archive*)>;
 // Zip alone, and by the directory at its end: what stands before the entries by themselves is not looked at.
 ReadHandle OpenForReading(const QString& path, Source& source) {
   source.file.setFileName(path);
+  // A pipe would be waited for.
+  if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+    throw Error(EitherLanguage(u"%1 non è un file. Scegliere un altro nome."_qs,
+                               u"%1 is no file. Choose another name."_qs)
+                    .arg(QDir::toNativeSeparators(path)));
   if (!source.file.open(QIODevice::ReadOnly))
     throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
                     .arg(QDir::toNativeSeparators(path), source.file.errorString()));
@@ -87,6 +94,15 @@ bool IsFolder(archive_entry* entry, const QString& name) {
                                u"The archive holds a link or a special file: \"%1\""_qs)
                     .arg(name));
   return type == AE_IFDIR;
+}
+
+// Steps to the next entry; null at the end.
+archive_entry* NextEntry(archive* handle, const QString& path) {
+  archive_entry* entry = nullptr;
+  const int result = archive_read_next_header(handle, &entry);
+  if (result == ARCHIVE_EOF) return nullptr;
+  if (result != ARCHIVE_OK) RefuseDamaged(path, archive_error_string(handle));
+  return entry;
 }
 
 // Counts what comes out of an archive against its limits.
@@ -129,6 +145,10 @@ ZipWriter::~ZipWriter() {
 
 void ZipWriter::Check(qint64 result) {
   if (result >= ARCHIVE_OK) return;
+  if (const int cause = archive_errno(archive_); MeansFullDisk(cause)) {
+    const auto* file = qobject_cast<QFileDevice*>(&device_);
+    throw DiskFullError(file != nullptr ? file->fileName() : QString(), cause);
+  }
   throw Error(
       EitherLanguage(u"Impossibile scrivere l'archivio: %1"_qs, u"The archive cannot be written: %1"_qs)
           .arg(QString::fromUtf8(archive_error_string(archive_))));
@@ -179,11 +199,7 @@ void ReadZip(const QString& path, const ZipLimits& limits, const std::function<v
     meter.CountBytes(got);
     return QByteArray(buffer.constData(), got);
   };
-  for (;;) {
-    archive_entry* entry = nullptr;
-    const int result = archive_read_next_header(handle.get(), &entry);
-    if (result == ARCHIVE_EOF) return;
-    if (result != ARCHIVE_OK) RefuseDamaged(path, archive_error_string(handle.get()));
+  while (archive_entry* entry = NextEntry(handle.get(), path)) {
     QString name = NameOf(entry);
     const bool folder = IsFolder(entry, name);
     if (folder && name.endsWith(u'/')) name.chop(1);
@@ -197,6 +213,33 @@ void ReadZip(const QString& path, const ZipLimits& limits, const std::function<v
   }
 }
 
+std::optional<QByteArray> ReadZipFile(const QString& path, const QString& name, qint64 mostBytes) {
+  Source source;
+  const ReadHandle handle = OpenForReading(path, source);
+  while (archive_entry* entry = NextEntry(handle.get(), path)) {
+    if (NameOf(entry) != name || IsFolder(entry, name)) continue;
+    Meter meter({1, mostBytes, 0}, source.file.size());
+    QByteArray content;
+    QByteArray buffer(qsizetype(PieceSize), Qt::Uninitialized);
+    for (;;) {
+      const la_ssize_t got = archive_read_data(handle.get(), buffer.data(), std::size_t(buffer.size()));
+      if (got < 0) RefuseDamaged(path, archive_error_string(handle.get()));
+      if (got == 0) return content;
+      meter.CountBytes(got);
+      content.append(buffer.constData(), got);
+    }
+  }
+  return {};
+}
+
+QStringList ListZip(const QString& path) {
+  Source source;
+  const ReadHandle handle = OpenForReading(path, source);
+  QStringList names;
+  while (archive_entry* entry = NextEntry(handle.get(), path)) names += NameOf(entry);
+  return names;
+}
+
 void UnpackZip(const QString& path, const QString& folder, const ZipLimits& limits,
                const Progress& progress) {
   const QDir target(folder);
@@ -204,10 +247,7 @@ void UnpackZip(const QString& path, const QString& folder, const ZipLimits& limi
   qint64 done = 0;
   ReadZip(path, limits, [&](ZipEntry& entry) {
     const QString file = target.filePath(entry.name);
-    if (!QDir().mkpath(QFileInfo(file).path()))
-      throw Error(
-          EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
-              .arg(QDir::toNativeSeparators(QFileInfo(file).path())));
+    MakeFolder(QFileInfo(file).path());
     WriteStagedFile(file, [&](QIODevice& device) {
       for (QByteArray piece = entry.nextPiece(); !piece.isEmpty(); piece = entry.nextPiece()) {
         Report(progress, std::min(done += piece.size(), total), total, entry.name);

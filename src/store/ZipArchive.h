@@ -8,8 +8,11 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <functional>
+#include <limits>
 #include <map>
+#include <optional>
 
 #include "base/Progress.h"
 
@@ -27,6 +30,10 @@ struct ZipLimits {
 
 // For an archive that comes from somewhere else, such as a skin.
 inline constexpr ZipLimits ForeignZip{500, 50'000'000, 100};
+
+// For one whose content is bounded otherwise.
+inline constexpr ZipLimits UnlimitedZip{std::numeric_limits<qint64>::max(),
+                                        std::numeric_limits<qint64>::max(), 0};
 
 // What is wrong with a name inside an archive, fit to be shown; empty when nothing is.
 QString ProblemOfZipName(const QString& name);
@@ -78,6 +85,14 @@ struct ZipEntry {
 // visitor leaves of a file is read all the same, so that its checksum is compared. Throws Error: for an
 // archive that is damaged, beyond the limits, or holds anything but files and folders with good names.
 void ReadZip(const QString& path, const ZipLimits& limits, const std::function<void(ZipEntry&)>& visitor);
+
+// The content of one file of an archive by its name, found without reading the others; nothing where there is
+// none. Throws Error as ReadZip does, and for a content of more than so many bytes.
+std::optional<QByteArray> ReadZipFile(const QString& path, const QString& name, qint64 mostBytes);
+
+// The names in an archive as they stand there, which nobody has checked, found without reading the files.
+// Throws Error for a file that is no zip archive.
+QStringList ListZip(const QString& path);
 
 // Unpacks into a folder that exists and is empty. What was unpacked stays when it throws, for the caller to
 // remove. The progress counts the bytes of the archive.

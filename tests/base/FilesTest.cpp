@@ -37,7 +37,13 @@ TEST(SafeFile, AFullDiskLeavesTheFormerFile) {
   // Sizes below and above the buffer of QSaveFile fail in different places.
   for (const int size : {9000, 17000, 400000}) {
     const FullDisk full(8192);
-    EXPECT_THROW(WriteFileSafely(path, QByteArray(size, 'x')), Error) << size;
+    EXPECT_THROW(WriteFileSafely(path, QByteArray(size, 'x')), DiskFullError) << size;
+    EXPECT_THROW(
+        WriteStagedFile(folder.filePath(u"staged"_qs),
+                        [&](QIODevice& device) { return device.write(QByteArray(size, 'x')) == size; }),
+        DiskFullError)
+        << size;
+    QFile::remove(folder.filePath(u"staged"_qs));
     EXPECT_EQ(ContentOf(path), "former") << size;
     EXPECT_EQ(Below(folder.path()), QStringList{u"a.txt"_qs}) << "a temporary file was left";
   }
@@ -76,18 +82,35 @@ TEST(Settings, KeepAnyTextAndGiveTheDefaultUnstored) {
   }
 }
 
-TEST(Settings, ReadWhatAPersonWroteByHand) {
+// What a person wrote is read, and a save changes its own line alone. Neither a lock that another program
+// left nor what a killed save left is in the way.
+TEST(Settings, KeepWhatAPersonWroteByHand) {
   const QTemporaryDir folder;
   SetSettingsFolder(folder.path());
+  const QString path = folder.filePath(u"Norsel/ByHand.settings"_qs);
   ASSERT_TRUE(QDir(folder.path()).mkpath(u"Norsel"_qs));
-  WriteFileSafely(folder.filePath(u"Norsel/ByHand.settings"_qs),
-                  "nonsense\r\n[Riservati]\r\nResizeTo=640\r\n=x\r\n\xff\xfe broken\r\nAlso=yes\r\n");
+  WriteFileSafely(
+      path,
+      "\xEF\xBB\xBFnonsense\r\n# mine\r\n\r\n [Riservati] \r\nResizeTo=640\r\n=x\r\n\xff\xfe broken\r\n"
+      " Also\t=  yes \r\nEmpty=\r\n\r\n# Also=x\r\n[Other]\r\nAlso=no");
+  WriteFileSafely(folder.filePath(u"Norsel/ByHand.settings.lock"_qs), "1\nVorlina\nelsewhere\n");
+  WriteFileSafely(folder.filePath(u"Norsel/.ByHand.settings.saving"_qs), "cut sh");
   const auto value = [](const QString& key) {
     return GetSetting(u"ByHand"_qs, u"Riservati"_qs, key, u"-"_qs);
   };
   EXPECT_EQ(value(u"ResizeTo"_qs), u"640"_qs);
   EXPECT_EQ(value(u"Also"_qs), u"yes"_qs);
+  EXPECT_EQ(value(u"Empty"_qs), u""_qs);
   EXPECT_EQ(value(u"nonsense"_qs), u"-"_qs);
+  SaveSetting(u"ByHand"_qs, u"Riservati"_qs, u"Also"_qs, u" no "_qs);
+  SaveSetting(u"ByHand"_qs, u"Riservati"_qs, u"New"_qs, u"1"_qs);
+  SaveSetting(u"ByHand"_qs, u"Third"_qs, u"Key"_qs, u"2"_qs);
+  EXPECT_EQ(value(u"Also"_qs), u" no "_qs);
+  EXPECT_EQ(ContentOf(path),
+            "\xEF\xBB\xBFnonsense\r\n# mine\r\n\r\n [Riservati] \r\nResizeTo=640\r\n=x\r\n\xff\xfe broken\r\n"
+            " Also\t=  \\sno\\s\r\nEmpty=\r\nNew=1\r\n\r\n# "
+            "Also=x\r\n[Other]\r\nAlso=no\n\r\n[Third]\r\nKey=2\r\n");
+  EXPECT_EQ(Below(folder.filePath(u"Norsel"_qs)).size(), 2) << "the settings, and the lock that is not ours";
 }
 
 TEST(Settings, AFullDiskLeavesTheFormerSettings) {
@@ -95,7 +118,7 @@ TEST(Settings, AFullDiskLeavesTheFormerSettings) {
   Save(u"Kept"_qs, u"former"_qs);
   {
     const FullDisk full(4096);
-    EXPECT_THROW(Save(u"Big"_qs, QString(20000, u'x')), Error);
+    EXPECT_THROW(Save(u"Big"_qs, QString(20000, u'x')), DiskFullError);
   }
   EXPECT_EQ(Setting(u"Kept"_qs), u"former"_qs);
   EXPECT_EQ(Setting(u"Big"_qs), u"default"_qs);

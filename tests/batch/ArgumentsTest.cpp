@@ -39,13 +39,15 @@ TEST(Arguments, WhatMakesNoSenseIsToldWithWhatIsRight) {
       {u"catalogs --to b"_qs, u"has no option --to"_qs},
       {u"catalogs --yes"_qs, u"has no option --yes"_qs},
       {u"delete --catalog 1"_qs, u"needs the option --yes"_qs},
+      {u"restore a"_qs, u"needs the option --yes"_qs},
+      {u"restore a --yes --allow-missing"_qs, u"has no option --allow-missing"_qs},
       {u"clone 1"_qs, u"needs the option --catalog"_qs},
       {u"catalogs --json=1"_qs, u"Unknown option"_qs},
       {u"catalogs more"_qs, u"Too much: more"_qs},
       {u"backup"_qs, u"takes one file name"_qs},
       {u"import --catalog 1"_qs, u"takes one folder"_qs},
       {u"import a"_qs, u"needs the option --catalog"_qs},
-      {u"restore a b"_qs, u"takes one file name"_qs},
+      {u"restore a b --yes"_qs, u"takes one file name"_qs},
   };
   for (const auto& [line, tells] : cases) {
     QString told;

@@ -97,14 +97,47 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
             u"Catalog 110 is deleted\n");
   EXPECT_EQ(Batch(Here({u"delete"_qs, u"--catalog"_qs, u"110"_qs, u"--yes"_qs})).exitCode, 1);
 
-  for (const QString& command : {u"backup"_qs, u"restore"_qs}) {
+  const std::vector<std::pair<QStringList, QStringList>> safety{
+      {{u"backup"_qs}, {u"missing"_qs, u"outside"_qs}}, {{u"restore"_qs, u"--yes"_qs}, {u"former"_qs}}};
+  for (const auto& [command, members] : safety) {
     connection_.Close();
-    const Ran run = Batch(Here({command, u"b.zip"_qs, u"--json"_qs}));
+    const Ran run = Batch(Here(command + QStringList{u"b.zip"_qs, u"--json"_qs}));
     EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
-    EXPECT_EQ(Keys(run.Json()),
-              (QStringList{u"bytes"_qs, u"command"_qs, u"file"_qs, u"files"_qs, u"folder"_qs, u"ok"_qs}));
+    QStringList keys =
+        QStringList{u"bytes"_qs, u"command"_qs, u"file"_qs, u"files"_qs, u"folder"_qs, u"ok"_qs} + members;
+    keys.sort();
+    EXPECT_EQ(Keys(run.Json()), keys);
     EXPECT_EQ(run.Json()[u"files"].toInt(), 17);
   }
+}
+
+TEST_F(CommandsTest, ABackupThatLacksPicturesTellsWhich) {
+  Fill("x", 30);
+  QDir().rename(AppFile(u"Images"_qs), Outside(u"Images"_qs));
+  const QStringList line{u"backup"_qs, u"b.zip"_qs};
+  const Ran refused = Batch(Here(line));
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_TRUE(refused.err.contains(AppFile(u"Images/109-Logo.jpg"_qs))) << refused.err;
+  EXPECT_TRUE(refused.err.contains(u"and 12 more\nPut them back, or add --allow-missing"_qs)) << refused.err;
+  EXPECT_EQ(Batch(Here(line + QStringList{u"--json"_qs})).Json()[u"missing"].toArray().size(), 32);
+  EXPECT_FALSE(QFileInfo::exists(Outside(u"b.zip"_qs)));
+  const Ran allowed = Batch(Here(line + QStringList{u"--allow-missing"_qs}));
+  EXPECT_EQ(allowed.exitCode, 0);
+  EXPECT_TRUE(allowed.out.contains(u"Missing from the backup (32):"_qs)) << allowed.out;
+}
+
+TEST_F(CommandsTest, BackupsAtATimeOntoOneFileEndAsOneGoodFile) {
+  Fill("x", 100);
+  connection_.Close();
+  std::array<QProcess, 3> processes;
+  for (QProcess& process : processes) Start(process, Here({u"backup"_qs, u"b.zip"_qs}));
+  for (QProcess& process : processes) {
+    const Ran run = Ended(process);
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+  }
+  EXPECT_EQ(QDir(outside_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            (QStringList{u"b.zip"_qs, u"photos"_qs}));
+  EXPECT_EQ(Batch(Here({u"restore"_qs, u"--yes"_qs, u"b.zip"_qs})).exitCode, 0);
 }
 
 TEST_F(CommandsTest, FindingsDecideTheExitCode) {
@@ -143,8 +176,8 @@ TEST_F(CommandsTest, WhatCannotBeDoneIsToldAndIsOne) {
       {{u"catalogs"_qs, u"--app"_qs, u"."_qs}, u"does not exist"_qs},
       {Here({u"backup"_qs, u"file"_qs}), u"is no backup"_qs},
       {Here({u"backup"_qs, u"nowhere/b.zip"_qs}), u"nowhere"_qs},
-      {Here({u"restore"_qs, u"nothing.zip"_qs}), u"cannot be read"_qs},
-      {Here({u"restore"_qs, u"broken.zip"_qs}), u"in another program"_qs},
+      {Here({u"restore"_qs, u"--yes"_qs, u"nothing.zip"_qs}), u"cannot be read"_qs},
+      {Here({u"restore"_qs, u"--yes"_qs, u"broken.zip"_qs}), u"in another program"_qs},
   };
   const auto before = FilesIn(folder_.path());
   for (const auto& [line, tells] : cases) {
@@ -160,7 +193,7 @@ TEST_F(CommandsTest, WhatCannotBeDoneIsToldAndIsOne) {
   EXPECT_EQ(Differences(FilesIn(folder_.path()), before), QStringList());
   EXPECT_EQ(FilesIn(outside_.path()).size(), 2U);
   connection_.Close();
-  EXPECT_TRUE(Batch(Here({u"restore"_qs, u"broken.zip"_qs})).err.contains(u"damaged"));
+  EXPECT_TRUE(Batch(Here({u"restore"_qs, u"--yes"_qs, u"broken.zip"_qs})).err.contains(u"damaged"));
 }
 
 TEST_F(CommandsTest, AnImportTellsHowFarItCame) {

@@ -3,6 +3,9 @@
 
 #include <sys/stat.h>
 
+#include <QBuffer>
+
+#include "catalogs/BackupPlace.h"
 #include "store/CatalogDatabase.h"
 #include "support/BackupFiles.h"
 #include "support/FullDisk.h"
@@ -49,9 +52,29 @@ TEST_F(BackupTest, AFormerBackupIsReplacedAndNoOtherFile) {
   connection_.Execute(u"UPDATE Cataloghi SET NomeCatalogo='second'"_qs);
   ASSERT_EQ(Backup(), QString());
   EXPECT_NE(ContentOf(file_), first);
-  WriteFileSafely(file_, "a letter");
-  EXPECT_TRUE(Backup().contains(u"is no backup"));
-  EXPECT_EQ(ContentOf(file_), "a letter");
+  // Other archives too; what bears our names and no list of ours; links, pipes and devices.
+  const auto archive = [](const BackupFiles& files) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    ZipWriter writer(buffer);
+    for (const auto& [name, content] : files) writer.Add(name, content, ZipWriter::Packing::Deflate);
+    writer.Close();
+    return buffer.data();
+  };
+  BackupFiles more = ReadBackupFiles(file_);
+  more[u"mine.txt"_qs] = "x";
+  for (const QByteArray& content :
+       {QByteArray("a letter"), QByteArray(), archive({{u"word/document.xml"_qs, "x"}}), archive(more),
+        archive({{DatabaseName, "x"}, {ManifestName, "{}"}})}) {
+    WriteFileSafely(file_, content);
+    EXPECT_TRUE(Backup().contains(u"is no backup"));
+    EXPECT_EQ(ContentOf(file_), content);
+  }
+  QFile::remove(file_);
+  ASSERT_EQ(mkfifo(file_.toLocal8Bit().constData(), 0600), 0);
+  ASSERT_TRUE(QFile::link(u"nowhere"_qs, Outside(u"link.zip"_qs)));
+  for (const QString& name : {file_, Outside(u"link.zip"_qs), u"/dev/null"_qs})
+    EXPECT_TRUE(FailureOf([&] { WriteBackup(connection_, name); }).contains(u"is no backup")) << name;
   const auto before = FilesIn(folder_.path());
   for (const QString& name : {u"Catalog.db"_qs, u"Images/b.zip"_qs, u"Images"_qs})
     EXPECT_FALSE(FailureOf([&] { WriteBackup(connection_, AppFile(name)); }).isEmpty()) << name;
@@ -70,7 +93,8 @@ TEST_F(BackupTest, WhatFailsLeavesTheFormerBackupAlone) {
     QByteArray picture(150'000, 'x');
     WriteFileSafely(AppFile(u"Images/large.jpg"_qs), picture);
     const FullDisk full(room);
-    EXPECT_FALSE(Backup().isEmpty()) << room;
+    const QString told = Backup();
+    EXPECT_TRUE(told.startsWith(file_ + u" cannot be written: the disk is full")) << told;
     unchanged("full disk");
   }
   QFile::remove(AppFile(u"Images/large.jpg"_qs));
@@ -91,6 +115,75 @@ TEST_F(BackupTest, WhatFailsLeavesTheFormerBackupAlone) {
   connection_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto) VALUES (999,'A')"_qs);
   EXPECT_TRUE(Backup().contains(u"not whole"));
   unchanged("a database that is not whole");
+}
+
+TEST_F(BackupTest, WhatRowsNameIsInItOrNothingIsReplaced) {
+  ASSERT_EQ(Backup(), QString());
+  const QByteArray former = ContentOf(file_);
+  connection_.Execute(
+      u"UPDATE Prodotti SET Immagine='/old/place/Images/x.jpg' WHERE CodiceProdotto='È 4'"_qs);
+  QFile::remove(AppFile(u"Images/109-È 1.jpg"_qs));
+  QFile::remove(AppFile(u"Images/t109-È 2.jpg"_qs));
+  const QStringList lost{AppFile(u"Images/109-È 1.jpg"_qs), u"/old/place/Images/x.jpg"_qs};
+  try {
+    WriteBackup(connection_, file_);
+    FAIL();
+  } catch (const MissingPicturesError& error) {
+    EXPECT_EQ(error.Missing(), lost);
+    EXPECT_TRUE(error.Description().contains(lost[0]));
+  }
+  EXPECT_EQ(ContentOf(file_), former);
+  WriteFileSafely(Outside(u"far.jpg"_qs), "x");
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='È 3'"_qs,
+                      {Outside(u"far.jpg"_qs)});
+  const BackupReport report = WriteBackup(connection_, file_, {}, MissingPictures::Allowed);
+  EXPECT_EQ(report.missing, lost);
+  EXPECT_EQ(report.outside, QStringList{Outside(u"far.jpg"_qs)});
+  EXPECT_NE(ContentOf(file_), former);
+}
+
+// Products that another program deletes while the files are packed, rows first.
+TEST_F(BackupTest, ItsRowsAndItsPicturesBelongTogether) {
+  Connection other;
+  other.Open(ConnectionTextFor(Path()));
+  int left = 5;
+  const Progress deleting = [&](qint64, qint64, const QString& step) {
+    if (!step.startsWith(u"Images/") || left == 1) return true;
+    const QString code = u"È %1"_qs.arg(--left);
+    other.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto=?"_qs, {code});
+    for (const QString& name : {u"109-"_qs, u"t109-"_qs})
+      QFile::remove(AppFile(u"Images/"_qs + name + code + u".jpg"));
+    return true;
+  };
+  WriteBackup(connection_, file_, deleting);
+  EXPECT_EQ(left, 1);
+  const BackupFiles files = ReadBackupFiles(file_);
+  WriteFileSafely(Outside(u"copy.db"_qs), files.at(DatabaseName));
+  other.Open(ConnectionTextFor(Outside(u"copy.db"_qs)));
+  Rows rows(other, u"SELECT Immagine FROM Prodotti"_qs);
+  while (rows.Next())
+    EXPECT_EQ(files.count(u"Images/"_qs + QFileInfo(rows.Value(0).toString()).fileName()), 1U)
+        << rows.Value(0).toString();
+}
+
+TEST_F(BackupTest, WhatKilledRunsLeftGoesAndNothingElse) {
+  const auto leave = [&](const QString& folder) {
+    QDir(outside_.path()).mkdir(folder);
+    for (const QString& name : {u"/archive.zip"_qs, u"/Catalog.db.partial-journal"_qs})
+      WriteFileSafely(Outside(folder + name), "cut short");
+  };
+  leave(u".vorlina-backup-AbCdEf"_qs);
+  leave(u".vorlina-backup-user's"_qs);
+  WriteFileSafely(Outside(u".vorlina-backup-user's/mine"_qs), "x");
+  WriteFileSafely(Outside(u"backup.zip.partial"_qs), "mine");
+  const BackupStaging running(file_);
+  WriteFileSafely(running.Archive(), "going on");
+  ASSERT_EQ(Backup(), QString());
+  auto left = FilesIn(outside_.path());
+  for (const QString& name : {QDir(outside_.path()).relativeFilePath(running.Archive()), u"backup.zip"_qs,
+                              u".vorlina-backup-user's/mine"_qs, u"backup.zip.partial"_qs})
+    EXPECT_EQ(left.erase(name), 1U) << name;
+  EXPECT_TRUE(left.empty()) << left.begin()->first;
 }
 
 TEST_F(BackupTest, ANameThatNoRestoreWouldTakeIsTold) {

@@ -68,9 +68,11 @@ class RestoreTest : public CatalogFixture {
     return FailureOf([&] { RestoreBackup(file_); });
   }
 
-  // "old" or "new", where database, pictures and layouts all belong to it and nothing else is there.
+  // "old" or "new", where database, pictures and layouts all belong to it and nothing else is there but what
+  // was there before.
   QString State() {
-    const auto files = FilesIn(folder_.path());
+    auto files = FilesIn(folder_.path());
+    std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
     QString name;
     {
       Connection connection;
@@ -92,11 +94,18 @@ class RestoreTest : public CatalogFixture {
 
 }  // namespace
 
-TEST_F(RestoreTest, ReplacesEverythingAndLeavesNothingBehind) {
+TEST_F(RestoreTest, ReplacesEverythingAndKeepsWhatWasThereUntilTheNextOne) {
   // The journal of a former change must not be played into the restored database.
   WriteFileSafely(AppFile(u"Catalog.db-journal"_qs), QByteArray(4096, 'j'));
-  EXPECT_EQ(Restore(), QString());
-  EXPECT_EQ(State(), u"new"_qs);
+  auto before = FilesIn(folder_.path());
+  before.erase(u"Catalog.db-journal"_qs);  // whoever asks for a lock sees that it is none
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Restore(), QString());
+    EXPECT_EQ(State(), u"new"_qs);
+    EXPECT_EQ(Differences(FilesIn(FormerFolder(folder_.path())), before), QStringList()) << i;
+    before = FilesIn(folder_.path());
+    std::erase_if(before, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
+  }
 }
 
 TEST_F(RestoreTest, NamesComeBackByteForByte) {
@@ -191,6 +200,58 @@ TEST_F(RestoreTest, ABackupThatIsNotWholeIsRefused) {
   EXPECT_EQ(State(), u"new"_qs);
 }
 
+TEST_F(RestoreTest, OnlyADatabaseThatIsBuiltLikeOursIsTaken) {
+  const BackupFiles whole = ReadBackupFiles(file_);
+  const std::vector<std::pair<const char*, QString>> cases{
+      {"PRAGMA foreign_keys=OFF; DROP TABLE Immagini", u"(Immagini)"_qs},
+      {"CREATE TABLE More (a)", u"(More)"_qs},
+      {"ALTER TABLE Extensions ADD COLUMN More TEXT", u"(Extensions)"_qs},
+      {"ALTER TABLE Extensions RENAME COLUMN C TO D", u"(Extensions)"_qs},
+      {"DROP INDEX SchedePerProdotto", u"(SchedePerProdotto)"_qs},
+      {"DROP INDEX SchedePerProdotto; CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo)",
+       u"(SchedePerProdotto)"_qs},
+      {"DROP TABLE SchedeTecniche; CREATE TABLE SchedeTecniche (IDScheda INTEGER PRIMARY KEY AUTOINCREMENT,"
+       " IDCatalogo INTEGER NOT NULL, CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT, Caratteristica TEXT,"
+       " Valore TEXT); CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo, CodiceProdotto)",
+       u"(SchedeTecniche)"_qs},
+      {"CREATE TRIGGER t AFTER UPDATE ON Prodotti BEGIN DELETE FROM Cataloghi; END", u"(trigger t)"_qs},
+      {"CREATE VIEW v AS SELECT 1", u"(view v)"_qs},
+      {"CREATE VIRTUAL TABLE f USING fts5(a)", u"(shadow f_content)"_qs},
+      {"PRAGMA user_version=0", QString()}};
+  for (const auto& [sql, tells] : cases) {
+    BackupFiles files = whole;
+    const QString database = Outside(u"Catalog.db"_qs);
+    WriteFileSafely(database, files[DatabaseName]);
+    {
+      SQLite::Database changed(database.toStdString(), SQLite::OPEN_READWRITE);
+      RegisterSqlExtensions(changed);
+      changed.exec(sql);
+    }
+    files[DatabaseName] = ContentOf(database);
+    FitManifest(files);
+    WriteBackupFiles(file_, files);
+    const QString told = Restore();
+    EXPECT_TRUE(tells.isEmpty() ? told.isEmpty() : told.contains(tells)) << sql << ": " << told;
+    EXPECT_EQ(State(), tells.isEmpty() ? u"new"_qs : u"old"_qs) << sql;
+  }
+}
+
+// The list says how much is unpacked: more than fits is refused beforehand, more than it says is not
+// unpacked.
+TEST_F(RestoreTest, ABackupThatWouldFillTheDiskIsRefused) {
+  BackupFiles files = ReadBackupFiles(file_);
+  files[u"Images/bomb.jpg"_qs] = QByteArray(5'000'000, 'x');
+  for (const auto& [size, tells] :
+       {std::pair(qint64(1) << 50, u"no room"_qs), {4'000'000, u"not whole"_qs}}) {
+    FitManifest(files, [&, size = size](BackupManifest& manifest) {
+      manifest.files[u"Images/bomb.jpg"_qs].size = size;
+    });
+    WriteBackupFiles(file_, files);
+    EXPECT_TRUE(Restore().contains(tells)) << tells;
+    EXPECT_EQ(State(), u"old"_qs);
+  }
+}
+
 TEST_F(RestoreTest, NobodyLosesTheDatabaseThatHeHasOpen) {
   {
     Connection idle;
@@ -245,6 +306,7 @@ TEST_F(RestoreTest, WhereverItIsCutShortTheNextStartHasTheOldStateOrTheNewOne) {
     ASSERT_TRUE(state == u"old" || state == u"new") << call << ": " << state;
     ++became[state == u"new" ? 1 : 0];
     if (state == u"old") continue;
+    ASSERT_EQ(Differences(FilesIn(FormerFolder(folder_.path())), old), QStringList()) << call;
     for (const QString& entry : {u"Images"_qs, u"Layouts"_qs}) QDir(AppFile(entry)).removeRecursively();
     for (const auto& [name, content] : old) {
       QDir().mkpath(QFileInfo(AppFile(name)).path());

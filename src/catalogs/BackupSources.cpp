@@ -1,0 +1,65 @@
+#include "catalogs/BackupSources.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <algorithm>
+
+#include "store/Connection.h"
+#include "store/SampleData.h"
+
+namespace vorlina {
+namespace {
+
+// What pictures are worked on in; it holds nothing that lasts.
+const QString ScratchName = QStringLiteral("temp.bmp");
+
+void CollectFile(SourceFiles& sources, const QString& name, const QFileInfo& file) {
+  if (file.isFile()) sources.files.push_back({name, file.filePath(), file.size(), file.lastModified()});
+}
+
+void CollectFolder(SourceFiles& sources, const QString& root, const QString& name) {
+  const QFileInfo folder(QDir(root).filePath(name));
+  if (folder.isDir() && !(folder.isReadable() && folder.isExecutable()))
+    sources.unreadable += QDir::toNativeSeparators(folder.filePath());
+  QDirIterator files(folder.filePath(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    files.next();
+    if (files.fileName().compare(ScratchName, Qt::CaseInsensitive) != 0)
+      CollectFile(sources, QDir(root).relativeFilePath(files.filePath()), files.fileInfo());
+  }
+}
+
+}  // namespace
+
+SourceFiles SourcesIn(const QString& root) {
+  SourceFiles sources;
+  CollectFolder(sources, root, u"Images"_qs);
+  CollectFolder(sources, root, u"Layouts"_qs);
+  CollectFile(sources, u"CardLayout.lyt"_qs, QFileInfo(QDir(root).filePath(u"CardLayout.lyt"_qs)));
+  std::sort(sources.files.begin(), sources.files.end(),
+            [](const SourceFile& a, const SourceFile& b) { return a.name < b.name; });
+  return sources;
+}
+
+PictureGaps PictureRows::Compare(Connection& connection, const QSet<QString>& present) {
+  const QString inside = KeyOf(root_ + u"/Images/"_qs);
+  PictureGaps gaps;
+  QSet<QString> seen;
+  for (const SamplePath& column : SamplePaths) {
+    Rows rows(connection, u"SELECT %2 FROM %1 WHERE %2<>''"_qs.arg(QString::fromUtf16(column.table),
+                                                                   QString::fromUtf16(column.column)));
+    while (rows.Next()) {
+      const QString path = rows.Value(0).toString();
+      const QString key = KeyOf(path);
+      if (present.contains(key) || seen.contains(key)) continue;
+      seen.insert(key);
+      // A path that leads elsewhere and to nothing is that of a folder that was moved without its pictures.
+      const bool elsewhere = !key.startsWith(inside) && QFileInfo(path).isFile();
+      (elsewhere ? gaps.outside : gaps.missing) += path;
+    }
+  }
+  return gaps;
+}
+
+}  // namespace vorlina
