@@ -74,6 +74,9 @@ class DataGrid : public QTableView {
   void SetColumnPosition(const QString& key, int position);  // from the left, counted from 0
   void SetAlignment(const QString& key, GridAlignment alignment);
   GridAlignment AlignmentOf(const QString& key) const;
+  // The rows take the height that the wrapped texts of those that are shown need, within bounds; all rows
+  // have one height, so that none has to be measured that is not looked at. So they do when the column's
+  // width changes.
   void SetWordWrap(const QString& key, bool wrap);
 
   // The selected rows as text: the visible bound columns from left to right, drop-downs as shown. Progress,
@@ -154,6 +157,9 @@ class DataGrid : public QTableView {
   void TakeFont();
   void HideColumns();
   void Arrange(const GridLayout& layout, bool moves);
+  void Wrap(int column, bool wrap);
+  bool IsWrapped() const;
+  void FitRowHeight();
   void ShowSort();
   void Refresh();
   bool CloseEditor();
@@ -176,6 +182,7 @@ class DataGrid : public QTableView {
   WidgetRowHeader* rowHeader_;
   WidgetRowDrag* rowDrag_;
   QTimer refresh_;
+  bool arranging_ = false;
   bool leaving_ = false;
   bool hadFocus_ = false;
   bool stays_ = false;  // the press that is held down could not leave the row in edit

@@ -290,3 +290,28 @@ TEST_F(ShownGrid, OneHeightForAllRows) {
   EXPECT_EQ(grid_->rowViewportPosition(4), 4 * (before + 20));
   EXPECT_EQ(Row().EditRow(), -1);
 }
+
+TEST_F(ShownGrid, WrappedTextsMakeTheRowsHigher) {
+  const QString key = u"Note"_qs;
+  const int column = Row().ColumnOf(key);
+  connection_.Execute(u"UPDATE People SET Note=? WHERE Name='Ada'"_qs, {u"several words "_qs.repeated(6)});
+  Row().Refresh();
+  const int single = grid_->rowHeight(0);
+  grid_->SetWordWrap(key, true);
+  const int wrapped = grid_->rowHeight(0);
+  EXPECT_GT(wrapped, 2 * single) << "also where the row itself has no text";
+  EXPECT_EQ(ParseLayout(LayoutText(grid_->Layout())).rowHeight, wrapped);
+  grid_->setColumnWidth(column, 2000);
+  EXPECT_EQ(grid_->rowHeight(0), single);
+  connection_.Execute(u"UPDATE People SET Note=?"_qs, {QString(1000, u'\n')});
+  Row().Refresh();
+  grid_->setColumnWidth(column, 100);
+  EXPECT_GT(grid_->rowHeight(0), wrapped);
+  EXPECT_LT(grid_->rowHeight(0), 12 * single) << "there are other rows as well";
+  GridLayout layout = grid_->Layout();
+  layout.rowHeight = wrapped;
+  grid_->ApplyLayout(layout);
+  EXPECT_EQ(grid_->rowHeight(0), wrapped);
+  grid_->SetWordWrap(key, false);
+  EXPECT_EQ(grid_->rowHeight(0), single);
+}
