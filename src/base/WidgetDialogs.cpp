@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 
 #include "base/Language.h"
 #include "base/Settings.h"
@@ -47,6 +49,16 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
   return box.standardButton(box.clickedButton());
 }
 
+// A text of one line, without its middle where it is too long: the path of a file could be wider than the
+// screen.
+QString Elided(const QString& text, const QWidget& box) {
+  constexpr int MostCharacters = 80;
+  const QFontMetrics metrics = box.fontMetrics();
+  const int width = std::min(MostCharacters * metrics.averageCharWidth(),
+                             box.screen()->availableGeometry().width() * 3 / 4);
+  return metrics.elidedText(text, Qt::ElideMiddle, width);
+}
+
 // "Pictures|*.jpg;*.jpeg|All|*.*" in Qt's form "Pictures (*.jpg *.jpeg);;All (*)".
 QString QtFilter(const QString& filter) {
   const QStringList parts = filter.split(u'|');
@@ -84,10 +96,21 @@ Dialogs::Answer WidgetDialogs::AskWithCancel(QWidget* owner, const QString& text
   }
 }
 
+std::unique_ptr<QInputDialog> WidgetDialogs::InputBox(QWidget* owner, const QString& text,
+                                                      const QString& title, const QString& initial) {
+  auto box = std::make_unique<QInputDialog>(owner);
+  box->setWindowTitle(title);
+  box->setLabelText(Elided(text, *box));
+  for (QLabel* label : box->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  box->setTextValue(initial);
+  return box;
+}
+
 QString WidgetDialogs::Input(QWidget* owner, const QString& text, const QString& title,
                              const QString& initial) {
+  const std::unique_ptr<QInputDialog> box = InputBox(owner, text, title, initial);
   const PlainCursor plain;
-  return QInputDialog::getText(owner, title, text, QLineEdit::Normal, initial);
+  return box->exec() == QDialog::Accepted ? box->textValue() : QString();
 }
 
 QString WidgetDialogs::OpenFile(QWidget* owner, const QString& title, const QString& filter,

@@ -2,7 +2,11 @@
 // plain text.
 #pragma once
 
+#include <memory>
+
 #include "base/Dialogs.h"
+
+class QInputDialog;
 
 namespace vorlina {
 
@@ -15,6 +19,10 @@ class WidgetDialogs : public Dialogs {
   QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& initial) override;
   QString Folder(QWidget* owner, const QString& title, const QString& initial) override;
+
+  // The box that Input shows: its text is plain, and without its middle where it is long.
+  static std::unique_ptr<QInputDialog> InputBox(QWidget* owner, const QString& text, const QString& title,
+                                                const QString& initial);
 
  protected:
   void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override;

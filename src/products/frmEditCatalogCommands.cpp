@@ -30,6 +30,15 @@ constexpr int RestoredWidth = 100;
 
 const QString PictureKey = u"Immagine"_qs;
 
+// So many texts as a box has room for.
+QString FirstLines(const QStringList& texts) {
+  constexpr qsizetype Most = 10;
+  QStringList lines = texts.first(std::min(Most, texts.size()));
+  if (const qsizetype more = texts.size() - lines.size(); more > 0)
+    lines += EitherLanguage(u"... e altri %1"_qs, u"... and %1 more"_qs).arg(more);
+  return lines.join(u"\r\n"_qs);
+}
+
 }  // namespace
 
 void frmEditCatalog::ConnectGrid() {
@@ -202,7 +211,7 @@ void frmEditCatalog::DropFilesOn(int row, const QStringList& files) {
       this, [=, this] { DropFiles(catalog, code, files); }, Qt::QueuedConnection);
 }
 
-// Files that are no pictures are passed over. The first that fails ends it, and the grid stays as it is then.
+// What could not be taken is told at the end, in one box.
 void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringList& files) {
   if (busy_ || Connessione == nullptr) return;
   const QScopedValueRollback<bool> busy(busy_, true);
@@ -211,18 +220,14 @@ void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringLi
         this, EitherLanguage(u"Descrizione immagine per "_qs, u"Image description for "_qs) + file,
         EitherLanguage(u"Aggiungi/modifica immagine"_qs, u"Add/edit image"_qs), {});
   };
-  try {
-    PictureDrop drop(catalog, code, *Connessione);
-    for (const QString& file : files) {
-      const WaitCursor wait;
-      if (PictureDrop::IsPicture(file)) drop.Add(file, ask);
-    }
-  } catch (const std::exception& error) {
-    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
-    return;
-  }
+  QStringList failures;
+  Attempt([&] {
+    const WaitCursor wait;
+    failures = PictureDrop(catalog, code, *Connessione).Add(files, ask);
+  });
   GoToProduct(code, grdProducts->CurrentKey());
   LoadGrid(true);
+  TheDialogs().Message(this, FirstLines(failures), BoxStyle::Stop);
 }
 
 }  // namespace vorlina
