@@ -362,8 +362,6 @@ void DataGrid::SetAcceptsFiles(bool accepts) {
   viewport()->setAcceptDrops(accepts);
 }
 
-void DataGrid::KeepDragging() { rowDrag_->Keep(); }
-
 void DataGrid::Refresh() {
   if (isVisible() && delegate_->Editor() == nullptr) rows_.Refresh();
 }

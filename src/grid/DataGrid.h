@@ -86,8 +86,6 @@ class DataGrid : public QTableView {
 
   // Files may be dropped on rows; at first they may not.
   void SetAcceptsFiles(bool accepts);
-  // To be called when rows were dropped: the drag goes on, until the next drop or Escape.
-  void KeepDragging();
 
   // Enter outside an editor; without it Enter goes to the next cell.
   std::function<void()> OnEnter;

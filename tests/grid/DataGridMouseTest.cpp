@@ -200,21 +200,6 @@ TEST_F(ShownGrid, SelectedRowsAreDragged) {
     EXPECT_EQ(told.last(), u"drop 4"_qs);
   }
 
-  // A drag that is kept follows the pointer without a button, to the next release or Escape.
-  const QMetaObject::Connection keeps =
-      QObject::connect(grid_, &DataGrid::RowDropped, grid_, &DataGrid::KeepDragging);
-  DragTo(StripOf(1), StripOf(3));
-  Release(StripOf(3));
-  QObject::disconnect(keeps);
-  told.clear();
-  Move(PointOf(4, u"Note"_qs));
-  Click(0, u"Note"_qs);
-  EXPECT_EQ(told, (QStringList{u"over 4"_qs, u"over 0"_qs, u"drop 0"_qs}));
-  EXPECT_EQ(Listed(grid_->SelectedRows()), u"0"_qs);
-  grid_->KeepDragging();
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(told.last(), u"cancel"_qs);
-
   Click(StripOf(2));
   EXPECT_EQ(Listed(grid_->SelectedRows()), u"2"_qs) << "a click in the strip selects the row alone";
   told.clear();
