@@ -1,10 +1,10 @@
--- The catalog database, version 1. It is made once, when the program is built, and delivered with it; the program itself
--- creates no table. Later versions come about by the numbered scripts beside this file.
+-- The catalog database, version 2. It is made once, when the program is built, and delivered with it; the program itself
+-- creates no table. What takes an older one to this version stands in KnownMigrations (src/store/CatalogDatabase.cpp).
 --
 -- VORLINA_TEXT compares without regard to letter case in every script: product codes become file names, and file
 -- systems differ on case. BOOLEAN columns hold 0 and 1. Counters never give a number twice (AUTOINCREMENT).
 PRAGMA application_id = 0x566F726C;
-PRAGMA user_version = 1;
+PRAGMA user_version = 2;
 
 CREATE TABLE Cataloghi (
   IDCatalogo INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -58,6 +58,9 @@ CREATE TABLE Prodotti (
   OrdineTemp NUMERIC DEFAULT NULL,
   PRIMARY KEY (IDCatalogo, CodiceProdotto)
 );
+
+-- The products of a catalog in the order in which they came, which is that of the rowid.
+CREATE INDEX ProdottiPerCatalogo ON Prodotti (IDCatalogo);
 
 -- Whether any product has no number yet is asked whenever a catalog is opened. The index holds those alone, so
 -- that numbering a catalog does not have to keep it.

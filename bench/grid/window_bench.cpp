@@ -110,6 +110,8 @@ void Write(Data& data, int catalog) {
 void Move(Data& data, int catalog) {
   const std::string id = std::to_string(catalog);
   const int last = Places + MovedRows;
+  std::vector<qint64> keys;
+  qint64 target = 0;
   Compare(
       "100 rows 100,000 places down" + OfRows(catalog), 7, 2,
       [&] {
@@ -120,7 +122,19 @@ void Move(Data& data, int catalog) {
             .Run();
       },
       [&] {
-        if (MoveBlock(catalog, 1, MovedRows, last, data.connection) != BlockMove::Moved) std::abort();
+        if (!MoveProducts(catalog, keys, target, data.connection)) std::abort();
+      },
+      [&] {
+        const auto numbered = [&](int from, int to) {
+          std::vector<qint64> found;
+          Rows rows(data.connection,
+                    u"SELECT rowid FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp BETWEEN ? AND ?"_qs,
+                    {catalog, from, to});
+          while (rows.Next()) found.push_back(rows.Value(0).toLongLong());
+          return found;
+        };
+        keys = numbered(1, MovedRows);
+        target = numbered(last, last).at(0);
       });
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -80,6 +81,9 @@ void DataGrid::SetUpHeaders() {
   header.setSelectionModel(new QItemSelectionModel(&rows_, &header));
   header.viewport()->installEventFilter(this);
   rowHeader_->viewport()->installEventFilter(this);
+  connect(&header, &QHeaderView::sectionResized, this, [this](int column) {
+    if (!arranging_ && column < rows_.columnCount() && rows_.Column(column).wordWrap) FitRowHeight();
+  });
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
     const bool sorts = column == rows_.SortColumn();
     Q_EMIT HeaderClicked(KeyOf(column), sorts ? rows_.Sorted() : SortDirection::None);
@@ -120,7 +124,7 @@ void DataGrid::TakePalette() {
   viewport()->setPalette(around);
 }
 
-void DataGrid::TakeFont() { rowHeader_->SetLeastHeight(fontMetrics().height() + 6); }
+void DataGrid::TakeFont() { rowHeader_->SetLeastHeight(LeastRowHeight(fontMetrics())); }
 
 QString DataGrid::KeyOf(int column) const {
   return column >= 0 && column < rows_.columnCount() ? rows_.Column(column).key : QString();
@@ -229,23 +233,29 @@ GridLayout DataGrid::Layout() const {
   }
   layout.sortKey = KeyOf(rows_.SortColumn());
   layout.descending = rows_.Sorted() == SortDirection::Descending;
+  layout.rowHeight = rowHeader_->defaultSectionSize();
   return layout;
 }
 
 void DataGrid::ApplyLayout(const GridLayout& layout) {
   Arrange(layout, true);
+  if (layout.rowHeight > 0)
+    rowHeader_->SetRowHeight(layout.rowHeight);
+  else if (IsWrapped())
+    FitRowHeight();
   if (!layout.sortKey.isEmpty() && rows_.ColumnOf(layout.sortKey) >= 0)
     SetSort(layout.sortKey, layout.descending ? SortDirection::Descending : SortDirection::Ascending);
 }
 
 void DataGrid::Arrange(const GridLayout& layout, bool moves) {
+  const QScopedValueRollback<bool> arranging(arranging_, true);
   int place = 0;
   for (const GridColumnLayout& stored : layout.columns) {
     const int column = rows_.ColumnOf(stored.key);
     if (column < 0) continue;
     if (moves) SetColumnPosition(stored.key, place++);
     SetAlignment(stored.key, stored.alignment);
-    SetWordWrap(stored.key, stored.wordWrap);
+    Wrap(column, stored.wordWrap);
     setColumnHidden(column, false);
     if (stored.width > 0) setColumnWidth(column, stored.width);
     setColumnHidden(column, !stored.visible || !rows_.Column(column).visible);
@@ -277,9 +287,39 @@ GridAlignment DataGrid::AlignmentOf(const QString& key) const {
 void DataGrid::SetWordWrap(const QString& key, bool wrap) {
   const int column = rows_.ColumnOf(key);
   if (column < 0 || rows_.Column(column).wordWrap == wrap) return;
+  Wrap(column, wrap);
+  FitRowHeight();
+}
+
+void DataGrid::Wrap(int column, bool wrap) {
   GridColumn description = rows_.Column(column);
-  description.wordWrap = wrap;
-  rows_.SetColumn(column, description);
+  if (std::exchange(description.wordWrap, wrap) != wrap) rows_.SetColumn(column, description);
+}
+
+bool DataGrid::IsWrapped() const {
+  for (int column = 0; column < rows_.columnCount(); ++column)
+    if (rows_.Column(column).wordWrap && !isColumnHidden(column)) return true;
+  return false;
+}
+
+// The rows from the first one that is seen on, as many as a screen shows.
+void DataGrid::FitRowHeight() {
+  constexpr int RowsMeasured = 50;
+  constexpr int MostLines = 10;
+  const int first = std::max(rowAt(0), 0);
+  const int end = std::min(first + RowsMeasured, rows_.rowCount());
+  const int least = LeastRowHeight(fontMetrics());
+  int height = least;
+  const int line = showGrid() ? 1 : 0;  // between two cells
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  for (int column = 0; column < rows_.columnCount(); ++column) {
+    if (!rows_.Column(column).wordWrap || isColumnHidden(column)) continue;
+    option.rect = QRect(0, 0, columnWidth(column) - line, least);
+    for (int row = first; row < end; ++row)
+      height = std::max(height, delegate_->sizeHint(option, rows_.index(row, column)).height() + line);
+  }
+  rowHeader_->SetRowHeight(std::min(height, least + (MostLines - 1) * fontMetrics().lineSpacing()));
 }
 
 // Pictures hold no text.
@@ -321,8 +361,6 @@ void DataGrid::SetAcceptsFiles(bool accepts) {
   setAcceptDrops(accepts);
   viewport()->setAcceptDrops(accepts);
 }
-
-void DataGrid::KeepDragging() { rowDrag_->Keep(); }
 
 void DataGrid::Refresh() {
   if (isVisible() && delegate_->Editor() == nullptr) rows_.Refresh();

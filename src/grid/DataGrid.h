@@ -76,6 +76,9 @@ class DataGrid : public QTableView {
   void SetColumnPosition(const QString& key, int position);  // from the left, counted from 0
   void SetAlignment(const QString& key, GridAlignment alignment);
   GridAlignment AlignmentOf(const QString& key) const;
+  // The rows take the height that the wrapped texts of those that are shown need, within bounds; all rows
+  // have one height, so that none has to be measured that is not looked at. So they do when the column's
+  // width changes.
   void SetWordWrap(const QString& key, bool wrap);
 
   // The selected rows as text: the visible bound columns from left to right, drop-downs as shown. Progress,
@@ -85,8 +88,6 @@ class DataGrid : public QTableView {
 
   // Files may be dropped on rows; at first they may not.
   void SetAcceptsFiles(bool accepts);
-  // To be called when rows were dropped: the drag goes on, until the next drop or Escape.
-  void KeepDragging();
 
   // Enter outside an editor; without it Enter goes to the next cell.
   std::function<void()> OnEnter;
@@ -156,6 +157,9 @@ class DataGrid : public QTableView {
   void TakeFont();
   void HideColumns();
   void Arrange(const GridLayout& layout, bool moves);
+  void Wrap(int column, bool wrap);
+  bool IsWrapped() const;
+  void FitRowHeight();
   void ShowSort();
   void Refresh();
   bool CloseEditor(bool tellsAgain = false);
@@ -180,6 +184,7 @@ class DataGrid : public QTableView {
   WidgetRowHeader* rowHeader_;
   WidgetRowDrag* rowDrag_;
   QTimer refresh_;
+  bool arranging_ = false;
   bool leaving_ = false;
   bool hadFocus_ = false;
   bool stays_ = false;  // the press that is held down could not leave the row in edit

@@ -20,6 +20,7 @@ constexpr int Version = 1;
 // A layout has some twenty columns; what is larger than this is none.
 constexpr qint64 LargestFile = 1'000'000;
 constexpr int WidestColumn = 10'000;
+constexpr int HighestRow = 2'000;
 
 [[noreturn]] void Refuse(const QString& italian, const QString& english) {
   throw Error(EitherLanguage(u"La disposizione della griglia non può essere letta: "_qs + italian,
@@ -53,7 +54,8 @@ QString LayoutText(const GridLayout& layout) {
                            {u"version"_qs, Version},
                            {u"columns"_qs, columns},
                            {u"sort"_qs, layout.sortKey},
-                           {u"descending"_qs, layout.descending}};
+                           {u"descending"_qs, layout.descending},
+                           {u"rowHeight"_qs, layout.rowHeight}};
   return QString::fromUtf8(QJsonDocument(object).toJson());
 }
 
@@ -76,6 +78,7 @@ GridLayout ParseLayout(const QString& text) {
   }
   layout.sortKey = object[u"sort"].toString();
   layout.descending = object[u"descending"].toBool();
+  layout.rowHeight = qBound(0, object[u"rowHeight"].toInt(), HighestRow);
   return layout;
 }
 

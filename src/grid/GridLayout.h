@@ -1,5 +1,6 @@
-// How a user has arranged a grid: the columns' order, widths, alignment and word wrap, and the sort. It is
-// kept as text from one reload to the next, and as a file from one opening of the window to the next.
+// How a user has arranged a grid: the columns' order, widths, alignment and word wrap, the height of the rows
+// and the sort. It is kept as text from one reload to the next, and as a file from one opening of the window
+// to the next.
 #pragma once
 
 #include <QList>
@@ -24,6 +25,7 @@ struct GridLayout {
   QList<GridColumnLayout> columns;  // from left to right
   QString sortKey;                  // of the column that the rows are sorted by; empty for none
   bool descending = false;
+  int rowHeight = 0;  // of all rows, in logical pixels; 0 where none is stored
 
   bool operator==(const GridLayout&) const = default;
 };

@@ -6,15 +6,14 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QStringListModel>
 #include <limits>
 
 #include "base/Helpers.h"
+#include "grid/WidgetDropDown.h"
+#include "grid/WidgetRowHeader.h"
 
 namespace vorlina {
 namespace {
-
-constexpr int DropDownRows = 9;
 
 QLineEdit* LineOf(QWidget* editor) {
   auto* combo = qobject_cast<QComboBox*>(editor);
@@ -26,20 +25,6 @@ QLineEdit* MakeLine(QWidget* parent, const GridColumn& column) {
   line->setFrame(false);
   line->setAlignment(column.alignment);
   return line;
-}
-
-QComboBox* MakeDropDown(QWidget* parent, const Lookup& lookup) {
-  auto* combo = new QComboBox(parent);
-  combo->setEditable(true);
-  combo->setInsertPolicy(QComboBox::NoInsert);
-  combo->setFrame(false);
-  combo->setMaxVisibleItems(DropDownRows);
-  // Else each opening would measure all the texts.
-  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  QStringList texts;
-  for (const LookupItem& item : lookup.Items()) texts += item.text;
-  combo->setModel(new QStringListModel(texts, combo));
-  return combo;
 }
 
 void PaintFrame(QPainter& painter, const QStyleOptionViewItem& cell) {
@@ -95,7 +80,8 @@ QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionVie
   const GridColumn& column = rows_.Column(index.column());
   rows_.Pin(index.row());
   QWidget* editor = column.kind == ColumnKind::Lookup
-                        ? static_cast<QWidget*>(MakeDropDown(parent, column.lookup))
+                        ? static_cast<QWidget*>(
+                              new WidgetDropDown(parent, column.lookup, LeastRowHeight(option.fontMetrics)))
                         : MakeLine(parent, column);
   LineOf(editor)->setMaxLength(std::numeric_limits<int>::max());
   editor->setObjectName(u"editor"_qs);

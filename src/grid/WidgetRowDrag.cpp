@@ -35,10 +35,9 @@ bool WidgetRowDrag::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // The strip would at once select the row alone; that waits for the release, since a drag may come of it. A
-// press between two rows changes their height. Where the drag goes on behind a drop, a press selects as ever:
-// its release is the next drop.
+// press between two rows changes their height.
 bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
-  if (IsDragging()) return phase_ == Phase::Dragging;
+  if (IsDragging()) return true;
   const int row = grid_.rowAt(event.pos().y());
   const bool between = onHeader && grid_.verticalHeader()->viewport()->cursor().shape() == Qt::SplitVCursor;
   const bool drags = row >= 0 && !IsAddNew(row) && !between && event.button() == Qt::LeftButton &&
@@ -52,7 +51,7 @@ bool WidgetRowDrag::Press(const QMouseEvent& event, bool onHeader) {
 }
 
 bool WidgetRowDrag::Move(const QMouseEvent& event) {
-  if (phase_ == Phase::None || (phase_ != Phase::Kept && !(event.buttons() & Qt::LeftButton))) return false;
+  if (phase_ == Phase::None || !(event.buttons() & Qt::LeftButton)) return false;
   const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (phase_ == Phase::Pressed && far) Start();
   if (IsDragging()) Follow(event.pos().y());
@@ -62,19 +61,11 @@ bool WidgetRowDrag::Move(const QMouseEvent& event) {
 void WidgetRowDrag::Start() {
   phase_ = Phase::Cancelled;
   if (MayStart && !MayStart()) return;
-  Begin(Phase::Dragging);
-  Q_EMIT Started();
-}
-
-void WidgetRowDrag::Begin(Phase phase) {
-  phase_ = phase;
+  phase_ = Phase::Dragging;
   grid_.viewport()->setCursor(Qt::DragMoveCursor);
   grid_.verticalHeader()->viewport()->setCursor(Qt::DragMoveCursor);
   scroll_.start();
-}
-
-void WidgetRowDrag::Keep() {
-  if (!IsDragging()) Begin(Phase::Kept);
+  Q_EMIT Started();
 }
 
 bool WidgetRowDrag::Release(const QMouseEvent& event) {
@@ -86,16 +77,13 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
     return onHeader_;
   }
   Follow(event.pos().y());
-  const int row = End();
-  Q_EMIT Dropped(row);
-  return phase == Phase::Dragging;
+  Q_EMIT Dropped(End());
+  return true;
 }
 
 void WidgetRowDrag::Cancel() {
-  const Phase phase = phase_;
-  if (phase == Phase::Pressed || phase == Phase::Dragging) phase_ = Phase::Cancelled;
-  if (phase == Phase::Kept) phase_ = Phase::None;
-  if (phase != Phase::Dragging && phase != Phase::Kept) return;
+  if (phase_ != Phase::Pressed && phase_ != Phase::Dragging) return;
+  if (std::exchange(phase_, Phase::Cancelled) != Phase::Dragging) return;
   End();
   Q_EMIT Cancelled();
 }

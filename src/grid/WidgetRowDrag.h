@@ -18,11 +18,9 @@ class WidgetRowDrag : public QObject {
   // Asked before a drag begins; without it, it may.
   std::function<bool()> MayStart;
 
-  bool IsDragging() const { return phase_ == Phase::Dragging || phase_ == Phase::Kept; }
+  bool IsDragging() const { return phase_ == Phase::Dragging; }
   // Until the button is released nothing else comes of the press either.
   void Cancel();
-  // The drag that has just ended in a drop goes on, without a button held: the next release drops again.
-  void Keep();
 
  Q_SIGNALS:
   // Above the rows it is the first one that is seen, below them, or on the add-new row, the last one. Row -1:
@@ -38,7 +36,7 @@ class WidgetRowDrag : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  enum class Phase { None, Pressed, Dragging, Kept, Cancelled };
+  enum class Phase { None, Pressed, Dragging, Cancelled };
 
   bool Press(const QMouseEvent& event, bool onHeader);
   bool Move(const QMouseEvent& event);
@@ -47,7 +45,6 @@ class WidgetRowDrag : public QObject {
   void Follow(int y);
   void Scroll();
   void Start();
-  void Begin(Phase phase);
   int End();
 
   QTableView& grid_;

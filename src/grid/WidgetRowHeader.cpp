@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <algorithm>
+#include <utility>
 
 #include "grid/RecordsetModel.h"
 
@@ -32,9 +34,15 @@ WidgetRowHeader::WidgetRowHeader(QTableView& grid) : QHeaderView(Qt::Vertical, &
 }
 
 // The row that the user drags takes all others with it, and stays where it is.
-void WidgetRowHeader::Resized(int row, int, int height) {
+void WidgetRowHeader::Resized(int row, int, int height) { ChangeHeight(height, row); }
+
+void WidgetRowHeader::SetRowHeight(int height) {
+  ChangeHeight(std::max(height, minimumSectionSize()), std::max(logicalIndexAt(0), 0));
+}
+
+void WidgetRowHeader::ChangeHeight(int height, int keptRow) {
   if (height == defaultSectionSize()) return;
-  const int above = row * (height - defaultSectionSize());
+  const int above = keptRow * (height - defaultSectionSize());
   {
     // Else each row would tell of its new height.
     const QSignalBlocker quiet(this);
@@ -52,8 +60,9 @@ void WidgetRowHeader::SetCurrentRow(int row) {
 }
 
 void WidgetRowHeader::SetLeastHeight(int height) {
+  const int former = std::exchange(leastHeight_, height);
   setMinimumSectionSize(height);
-  setDefaultSectionSize(height);
+  if (defaultSectionSize() < height || defaultSectionSize() == former || former == 0) SetRowHeight(height);
 }
 
 QSize WidgetRowHeader::sizeHint() const { return {fontMetrics().height() + 8, 0}; }

@@ -1,5 +1,6 @@
 #include "products/PictureDrop.h"
 
+#include <QDir>
 #include <QFile>
 
 #include "base/Error.h"
@@ -9,16 +10,44 @@
 #include "store/Recordset.h"
 
 namespace vorlina {
+namespace {
+
+// A step with our copy of the user's file. What is refused is the user's: the copy's name means nothing to
+// them.
+template <class Step>
+auto OfCopy(const QString& file, const QString& copy, Step&& step) {
+  try {
+    return step(copy);
+  } catch (const Error& error) {
+    throw Error(
+        QString(error.Description()).replace(QDir::toNativeSeparators(copy), QDir::toNativeSeparators(file)));
+  }
+}
+
+QString FailureOf(const QString& file, const std::exception& error) {
+  const QString name = QDir::toNativeSeparators(file);
+  const QString text = DescriptionOf(error);
+  return text.contains(name) ? text : name + u": "_qs + text;
+}
+
+}  // namespace
 
 bool PictureDrop::IsPicture(const QString& file) {
   return file.endsWith(u"jpg"_qs, Qt::CaseInsensitive) || file.endsWith(u"jpeg"_qs, Qt::CaseInsensitive);
 }
 
-void PictureDrop::Add(const QString& file, const AskDescription& ask) {
-  if (HasMainPicture())
-    AddAdditional(file, ask);
-  else
-    AddMain(file);
+QStringList PictureDrop::Add(const QStringList& files, const AskDescription& ask) {
+  QStringList failures;
+  for (const QString& file : files) {
+    if (!IsPicture(file)) continue;
+    const bool additional = HasMainPicture();
+    try {
+      additional ? AddAdditional(file, ask) : AddMain(file);
+    } catch (const std::exception& error) {
+      failures += FailureOf(file, error);
+    }
+  }
+  return failures;
 }
 
 // A lookup that failed and gave nothing would have the picture that is there written over.
@@ -39,9 +68,9 @@ void PictureDrop::AddMain(const QString& file) {
                                u"The file %1 is a picture or a logo elsewhere already. Change the code."_qs)
                     .arg(target));
   CopyPicture(file, target);
-  ResizeImage(target, PictureLimit());
+  OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
   CreateThumbnail(target, ThumbnailLimit);
-  const QSize size = MeasureImage(target);
+  const QSize size = OfCopy(file, target, MeasureImage);
   connection_.Execute(
       u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
       {target, size.height(), size.width(), IDCatalogo_, CodiceProdotto_});
@@ -53,9 +82,10 @@ void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) 
   row.AddNew();
   const QString target = PicturePath(u"%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
   CopyPicture(file, target);
-  const ResizeResult sizes = ResizeImage(target, PictureLimit());
+  const ResizeResult sizes =
+      OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
   if (sizes.source == sizes.target && ReadPictureSettings().reRender) ReRenderImage(target);
-  const QSize size = MeasureImage(target);
+  const QSize size = OfCopy(file, target, MeasureImage);
   row.SetValue(u"IDCatalogo"_qs, IDCatalogo_);
   row.SetValue(u"CodiceProdotto"_qs, CodiceProdotto_);
   row.SetValue(u"Immagine"_qs, target);

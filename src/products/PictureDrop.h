@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace vorlina {
@@ -20,10 +21,11 @@ class PictureDrop {
   // Whether the name ends as a JPEG file's does, in any letter case.
   static bool IsPicture(const QString& file);
 
-  // Adds a picture file. Its row is written once the picture is complete, and no transaction is open while
-  // the description is asked for. Throws Error, also for a product that is gone and for a
-  // main picture whose file another row names; a picture that was copied before it then stays without a row.
-  void Add(const QString& file, const AskDescription& ask);
+  // Adds those of the files that are pictures, in the order given. A row is written once its picture is
+  // complete, and no transaction is open while a description is asked for. Those that cannot be added are
+  // passed over, as is a main picture whose file another row names: gives a text for each, which names it. A
+  // picture that was copied before then stays without a row. Throws Error where the product is gone.
+  QStringList Add(const QStringList& files, const AskDescription& ask);
 
  private:
   bool HasMainPicture() const;

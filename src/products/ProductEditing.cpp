@@ -34,15 +34,17 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   rows.OnRowDeleting = [this](qint64 bookmark) { DeleteProduct(bookmark); };
   rows.OnNotInList = [this](int column, const QString& text) { return AddFilterValue(column, text); };
   connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
-  connect(&rows, &RecordsetModel::RowInserted, this, [this] {
+  const auto offerAgain = [this] {
     try {
       const LockPatience patience;
       OfferDefaults();
     } catch (const Error& error) {
-      // The row itself is written. A new one asks for its code again when it is begun.
+      // What was done is done. A new row asks for its code again when it is begun.
       qCDebug(products) << "no defaults" << error.Description();
     }
-  });
+  };
+  connect(&rows, &RecordsetModel::RowInserted, this, offerAgain);
+  connect(&rows, &RecordsetModel::RowsDeleted, this, offerAgain);
   connect(&rows, &RecordsetModel::RowChanged, this, &ProductEditing::FinishRow);
   connect(&rows, &RecordsetModel::Failed, this, [this] {
     codeChange_.reset();

@@ -53,7 +53,7 @@ struct ProductGridFields {
 };
 
 // The statement of the grid's fifteen bound columns, in their order; "?" stands for the catalog's identifier.
-// The condition of a search is appended as it stands.
+// The condition of a search is appended as it stands. The rows are in the order in which products came.
 QString ProductGridStatement(const ProductGridFields& fields, const QString& CondizioneRicerca);
 
 // The keys of the grid's seventeen columns.

@@ -124,7 +124,9 @@ void frmEditCatalog::LoadForm() {
 // Products that cannot be numbered, as in a database that is read-only, can be looked at all the same.
 void frmEditCatalog::NumberUnnumbered() {
   Attempt([this] {
-    if (rsGriglia.IsOpen() && HasUnnumbered(IDCatalogo, *Connessione)) mnuOrdinePubbl_Click();
+    if (!rsGriglia.IsOpen() || !vorlina::NumberUnnumbered(IDCatalogo, *Connessione)) return;
+    // The grid may be sorted by the numbers.
+    if (grdProducts->Reload()) grdProducts->GoTo(0);
   });
 }
 

@@ -101,7 +101,10 @@ class frmEditCatalog : public QMainWindow {
   void DropFiles(int catalog, const QString& code, const QStringList& files);
 
   void ToggleSort(const QString& key, SortDirection present);
-  void DropRows(int row);
+  // Brings the selected rows to the place of another one in the publication order, and sorts by that. A
+  // selection that has holes is given up. False where nothing was moved, or the row in edit cannot be left.
+  // Throws Error.
+  bool MoveSelectedTo(int row);
   void SortByOrder();
   void mnuOrdinePubbl_Click();
   void mnuCopia_Click();

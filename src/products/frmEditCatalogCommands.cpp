@@ -61,8 +61,11 @@ void frmEditCatalog::ConnectGrid() {
   });
   connect(grdProducts->verticalScrollBar(), &QScrollBar::valueChanged, preview_, &WidgetGridPreview::Hide);
   connect(grdProducts, &DataGrid::RowDragStarted, preview_, &WidgetGridPreview::Hide);
-  connect(grdProducts, &DataGrid::RowDropped, this,
-          [this](int row) { Attempt([=, this] { DropRows(row); }); });
+  connect(grdProducts, &DataGrid::RowDropped, this, [this](int row) {
+    Attempt([=, this] {
+      if (MoveSelectedTo(row)) grdProducts->clearSelection();
+    });
+  });
   grdProducts->SetAcceptsFiles(true);
   // The row is selected only: to go there could bring a message for each move of the drag.
   connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) {
@@ -120,22 +123,22 @@ void frmEditCatalog::ToggleSort(const QString& key, SortDirection present) {
                                                                   : SortDirection::None);
 }
 
-// A row number and an order number are taken for the same thing here, which holds where the grid is sorted by
-// order and the order has no gaps.
-void frmEditCatalog::DropRows(int row) {
+// The products are told by their keys: what is dragged is what the user sees under the hand, however the grid
+// is sorted.
+bool frmEditCatalog::MoveSelectedTo(int row) {
+  if (!grdProducts->LeaveRow()) return false;
   const std::optional<RowBlock> block = BlockOf(grdProducts->SelectedRows());
-  if (!block) return grdProducts->clearSelection();
-  const int count = grdProducts->Rows().RecordCount();
-  const int target = row < 0 ? 1 : std::min(row + 1, count);
-  const WaitCursor wait;
-  switch (MoveBlock(IDCatalogo, block->first + 1, block->last + 1, target, *Connessione)) {
-    case BlockMove::InPlace:
-      return;
-    case BlockMove::NothingToMove:
-      return grdProducts->KeepDragging();
-    case BlockMove::Moved:
-      SortByOrder();
+  if (!block) {
+    grdProducts->clearSelection();
+    return false;
   }
+  const RecordsetModel& rows = grdProducts->Rows();
+  std::vector<qint64> moving;
+  for (int moved = block->first; moved <= block->last; ++moved) moving.push_back(rows.BookmarkOf(moved));
+  const WaitCursor wait;
+  if (!MoveProducts(IDCatalogo, std::move(moving), rows.BookmarkOf(row), *Connessione)) return false;
+  SortByOrder();
+  return true;
 }
 
 void frmEditCatalog::SortByOrder() {
@@ -143,7 +146,6 @@ void frmEditCatalog::SortByOrder() {
   grdProducts->SetSort(grdProducts->Rows().Column(ProductColumn::Ordine).key, SortDirection::Ascending);
   grdProducts->scrollTo(grdProducts->Rows().index(top, grdProducts->currentIndex().column()),
                         QAbstractItemView::PositionAtTop);
-  grdProducts->clearSelection();
 }
 
 void frmEditCatalog::mnuOrdinePubbl_Click() {
@@ -202,7 +204,7 @@ void frmEditCatalog::DropFilesOn(int row, const QStringList& files) {
       this, [=, this] { DropFiles(catalog, code, files); }, Qt::QueuedConnection);
 }
 
-// Files that are no pictures are passed over. The first that fails ends it, and the grid stays as it is then.
+// What could not be taken is told at the end, in one box.
 void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringList& files) {
   if (busy_ || Connessione == nullptr) return;
   const QScopedValueRollback<bool> busy(busy_, true);
@@ -211,18 +213,14 @@ void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringLi
         this, EitherLanguage(u"Descrizione immagine per "_qs, u"Image description for "_qs) + file,
         EitherLanguage(u"Aggiungi/modifica immagine"_qs, u"Add/edit image"_qs), {});
   };
-  try {
-    PictureDrop drop(catalog, code, *Connessione);
-    for (const QString& file : files) {
-      const WaitCursor wait;
-      if (PictureDrop::IsPicture(file)) drop.Add(file, ask);
-    }
-  } catch (const std::exception& error) {
-    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
-    return;
-  }
+  QStringList failures;
+  Attempt([&] {
+    const WaitCursor wait;
+    failures = PictureDrop(catalog, code, *Connessione).Add(files, ask);
+  });
   GoToProduct(code, grdProducts->CurrentKey());
   LoadGrid(true);
+  TheDialogs().Message(this, FirstLines(failures), BoxStyle::Stop);
 }
 
 }  // namespace vorlina

@@ -197,7 +197,9 @@ void OpenExamined(Connection& connection, const QString& path, int schemaVersion
 
 }  // namespace
 
-std::vector<Migration> KnownMigrations() { return {}; }
+std::vector<Migration> KnownMigrations() {
+  return {{2, u"CREATE INDEX IF NOT EXISTS ProdottiPerCatalogo ON Prodotti (IDCatalogo)"_qs}};
+}
 
 void OpenCatalogDatabase(Connection& connection, const QString& path) {
   OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);

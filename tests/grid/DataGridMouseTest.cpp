@@ -200,21 +200,6 @@ TEST_F(ShownGrid, SelectedRowsAreDragged) {
     EXPECT_EQ(told.last(), u"drop 4"_qs);
   }
 
-  // A drag that is kept follows the pointer without a button, to the next release or Escape.
-  const QMetaObject::Connection keeps =
-      QObject::connect(grid_, &DataGrid::RowDropped, grid_, &DataGrid::KeepDragging);
-  DragTo(StripOf(1), StripOf(3));
-  Release(StripOf(3));
-  QObject::disconnect(keeps);
-  told.clear();
-  Move(PointOf(4, u"Note"_qs));
-  Click(0, u"Note"_qs);
-  EXPECT_EQ(told, (QStringList{u"over 4"_qs, u"over 0"_qs, u"drop 0"_qs}));
-  EXPECT_EQ(Listed(grid_->SelectedRows()), u"0"_qs);
-  grid_->KeepDragging();
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(told.last(), u"cancel"_qs);
-
   Click(StripOf(2));
   EXPECT_EQ(Listed(grid_->SelectedRows()), u"2"_qs) << "a click in the strip selects the row alone";
   told.clear();
@@ -289,4 +274,29 @@ TEST_F(ShownGrid, OneHeightForAllRows) {
   EXPECT_EQ(grid_->rowHeight(4), before + 20);
   EXPECT_EQ(grid_->rowViewportPosition(4), 4 * (before + 20));
   EXPECT_EQ(Row().EditRow(), -1);
+}
+
+TEST_F(ShownGrid, WrappedTextsMakeTheRowsHigher) {
+  const QString key = u"Note"_qs;
+  const int column = Row().ColumnOf(key);
+  connection_.Execute(u"UPDATE People SET Note=? WHERE Name='Ada'"_qs, {u"several words "_qs.repeated(6)});
+  Row().Refresh();
+  const int single = grid_->rowHeight(0);
+  grid_->SetWordWrap(key, true);
+  const int wrapped = grid_->rowHeight(0);
+  EXPECT_GT(wrapped, 2 * single) << "also where the row itself has no text";
+  EXPECT_EQ(ParseLayout(LayoutText(grid_->Layout())).rowHeight, wrapped);
+  grid_->setColumnWidth(column, 2000);
+  EXPECT_EQ(grid_->rowHeight(0), single);
+  connection_.Execute(u"UPDATE People SET Note=?"_qs, {QString(1000, u'\n')});
+  Row().Refresh();
+  grid_->setColumnWidth(column, 100);
+  EXPECT_GT(grid_->rowHeight(0), wrapped);
+  EXPECT_LT(grid_->rowHeight(0), 12 * single) << "there are other rows as well";
+  GridLayout layout = grid_->Layout();
+  layout.rowHeight = wrapped;
+  grid_->ApplyLayout(layout);
+  EXPECT_EQ(grid_->rowHeight(0), wrapped);
+  grid_->SetWordWrap(key, false);
+  EXPECT_EQ(grid_->rowHeight(0), single);
 }

@@ -277,6 +277,27 @@ TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
   EXPECT_TRUE(Row().Value(1, u"Colour"_qs).isNull()) << "an emptied drop-down is no value";
 }
 
+TEST_F(ShownGrid, AListIsAsWideAsItsTextsAndAsHighAsTheyAreMany) {
+  const auto screen = window_.screen()->availableGeometry();
+  for (const auto& [count, rows, length] :
+       {std::tuple{1, 2, 5}, {8, 9, 60}, {9, 9, 5}, {300, 9, 60}, {3, 4, 1000}}) {
+    std::vector<LookupItem> items{{1, QString(length, u'W')}};
+    while (int(items.size()) < count) items.push_back({qint64(items.size()) + 1, u"%1"_qs.arg(items.size())});
+    Row().SetLookup(u"Colour"_qs, Lookup(items));
+    grid_->GoTo(1, u"Colour"_qs);
+    Key(Qt::Key_F4);
+    auto* combo = qobject_cast<QComboBox*>(Editor());
+    ASSERT_TRUE(combo != nullptr && combo->view()->isVisible());
+    const QWidget& list = *combo->view();
+    EXPECT_EQ(combo->view()->viewport()->height(), rows * grid_->rowHeight(0)) << count;
+    EXPECT_GE(combo->view()->viewport()->width(),
+              std::min(list.fontMetrics().horizontalAdvance(items[0].text), screen.width() * 9 / 10));
+    EXPECT_LE(list.window()->width(), screen.width()) << count;
+    Key(Qt::Key_Escape);
+    Key(Qt::Key_Escape);
+  }
+}
+
 TEST_F(ShownGrid, AClosedDropDownIsNotChangedUnseen) {
   grid_->GoTo(0, u"Colour"_qs);
   for (const int key : {Qt::Key_Down, Qt::Key_PageUp, Qt::Key_F4}) {

@@ -17,21 +17,22 @@ const QString Order = QStringLiteral("Ordine");
 
 }  // namespace
 
-TEST_F(GridOrder, AnUnnumberedProductHasTheWholeCatalogNumberedAtOpening) {
+TEST_F(GridOrder, OpeningNumbersTheProductsThatHaveNoNumberAlone) {
   struct Case {
-    QVariantList orders;  // of the products a, b, c
+    QVariantList orders;  // of the products a, c, b
     QString after;
   };
   const QVariant none;
-  for (const Case& c : {Case{{1, 2, 3}, u"a1 b2 c3"_qs}, Case{{7, 7, 9}, u"a7 b7 c9"_qs},
-                        Case{{3, 2, none}, u"a1 b2 c3"_qs}, Case{{none, none, none}, u"a1 b2 c3"_qs}}) {
+  for (const Case& c : {Case{{7, 9, 7}, u"a7 b7 c9"_qs}, Case{{3, 2, none}, u"c2 a3 b4"_qs},
+                        Case{{none, none, none}, u"a1 c2 b3"_qs}}) {
     catalog_ = AddCatalog(u"Catalog"_qs);
-    for (int i = 0; i < 3; ++i) AddProduct(catalog_, QString(QChar(u'a' + i)), c.orders[i]);
+    for (int i = 0; i < 3; ++i) AddProduct(catalog_, QStringList{u"a"_qs, u"c"_qs, u"b"_qs}[i], c.orders[i]);
     const int other = AddCatalog(u"Other"_qs);
     AddProduct(other, u"x"_qs);
     Open();
     EXPECT_EQ(Orders(), c.after);
-    EXPECT_EQ(Shown(2, Order), c.after.last(1));
+    EXPECT_EQ(Codes(), u"a c b"_qs) << "as they came";
+    EXPECT_TRUE(c.after.contains(u'b' + Shown(2, Order)));
     EXPECT_TRUE(One(u"OrdineTemp"_qs, u"Prodotti"_qs, u"IDCatalogo=?"_qs, {other}).isNull());
     EXPECT_EQ(grid_->CurrentRow(), 0);
     EXPECT_TRUE(Close());
@@ -119,36 +120,52 @@ TEST_F(GridOrder, ABlockIsDraggedAboveOrBelowOthers) {
   }
 }
 
-TEST_F(GridOrder, ADropInsideTheBlockGoesOnUntilTheNextMouseUpOrEscape) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"e"_qs});
-  Open();
-  for (const bool escapes : {true, false}) {
-    Drag({2, 3, 4}, 3);
-    EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs);
-    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::DragMoveCursor) << "the drag goes on";
-    EXPECT_EQ(grid_->SelectedCount(), 3);
-    if (escapes)
-      Key(Qt::Key_Escape);
-    else
-      Click(0, Code);  // which selects that row alone: it is dropped where it is
-    EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs);
-  }
-  // With Ctrl a press keeps what is selected, and its release drops that.
-  Drag({2, 3, 4}, 3);
-  Click(0, Code, Qt::ControlModifier);
-  EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
-  EXPECT_EQ(Orders(), u"a1 b2 c3 d4 e5"_qs) << "now a is one of the block";
-}
-
-TEST_F(GridOrder, UnderAnotherSortADragCountsTheRowsOnTheScreen) {
+TEST_F(GridOrder, ADropThatChangesNothingEndsTheDrag) {
   AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
   Open();
-  Click(HeadOf(Code));
-  Click(HeadOf(Code));
-  Drag({4}, 1);
-  EXPECT_EQ(Orders(), u"d1 a2 b3 c4"_qs) << "the fourth in the order went to the first place";
-  EXPECT_EQ(Sort() + u' ' + Codes(), u"+Ordine d a b c"_qs);
+  Drag({2, 3}, 3);
+  EXPECT_EQ(grid_->viewport()->cursor().shape(), Qt::ArrowCursor);
+  EXPECT_EQ(grid_->SelectedCount(), 2);
+  Move(PointOf(3, Code));
+  Release(PointOf(3, Code));
+  EXPECT_EQ(Orders(), u"a1 b2 c3 d4"_qs);
+}
+
+// In the order in which they came, behind a sort by another column, and of some that were searched for.
+TEST_F(GridOrder, WhatIsUnderTheHandIsWhatIsMoved) {
+  struct Case {
+    QString sort, search, shown;
+    int from, to;
+    QString after;
+  };
+  const QString came = u"d a c b"_qs;
+  for (const Case& c :
+       {Case{{}, {}, came, 2, 3, u"b1 d2 c3 a4"_qs}, Case{{}, {}, came, 3, 1, u"b1 a2 c3 d4"_qs},
+        Case{Code, {}, u"a b c d"_qs, 1, 4, u"b1 d2 a3 c4"_qs},
+        Case{Order, u" AND CodiceProdotto IN ('c','b')"_qs, u"b c"_qs, 2, 1, u"c1 b2 a3 d4"_qs}}) {
+    catalog_ = AddCatalog(u"Catalog"_qs);
+    for (const auto& [code, order] : {std::pair{u"d"_qs, 3}, {u"a"_qs, 2}, {u"c"_qs, 4}, {u"b"_qs, 1}})
+      AddProduct(catalog_, code, order);
+    Open();
+    window_->CondizioneRicerca = c.search;
+    window_->LoadGrid(true);
+    if (!c.sort.isEmpty()) Click(HeadOf(c.sort));
+    EXPECT_EQ(Codes(), c.shown);
+    Drag({c.from}, c.to);
+    EXPECT_EQ(Orders(), c.after) << c.shown;
+    EXPECT_EQ(Sort(), u"+Ordine"_qs);
+    EXPECT_TRUE(Close());
+  }
+}
+
+TEST_F(GridOrder, DeletionsAreFollowedByTheNumberOfANewProduct) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  Open();
+  EXPECT_EQ(Shown(AddNewRow(), Order), u"4"_qs);
+  Select({2, 3});
+  dialogs_.ExpectQuestion(u"Do you want to delete selected products and their images?\r\nContinue?"_qs, true);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Shown(AddNewRow(), Order), u"2"_qs);
 }
 
 TEST_F(GridOrder, ADragWritesTheRowInEditOrDoesNotBegin) {

@@ -1,7 +1,10 @@
 // Products' pictures in the grid: dropped files, and how they follow their product.
 #include <QFrame>
+#include <QInputDialog>
+#include <QScreen>
 
 #include "GridWindowFixture.h"
+#include "base/WidgetDialogs.h"
 #include "images/ImagePipeline.h"
 #include "support/TestJpeg.h"
 
@@ -72,28 +75,32 @@ TEST_F(GridPictures, AFileThatIsNoPictureReloadsAllTheSame) {
   EXPECT_EQ(Images(), QString()) << "the row for new products takes no files";
 }
 
-TEST_F(GridPictures, ADropThatFailsKeepsWhatCameBefore) {
+TEST_F(GridPictures, FilesThatCannotBeTakenAreToldInOneBox) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
   const QString good = Picture(u"good.jpg"_qs);
-  QDir(Outside(u"."_qs)).mkdir(u"folder.jpg"_qs);
-  WriteFileSafely(Outside(u"damaged.jpg"_qs), "no picture");
-  for (const QString& name : {u"vanished.jpg"_qs, u"folder.jpg"_qs, u"damaged.jpg"_qs}) {
-    const QString file = Outside(name);
-    QString message = FailureOf([&] { CopyFileSafely(file, Outside(u"copy"_qs)); });
-    if (message.isEmpty()) {  // it is copied and then refused
-      const int number = One(u"seq+2"_qs, u"sqlite_sequence"_qs, u"name='Immagini'"_qs).toInt();
-      const QString copied = AppFile(u"Images/%1.jpg"_qs.arg(number));
-      message = FailureOf([&] { MeasureImage(file); }).replace(file, copied);
-    }
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=NULL"_qs);
-    connection_.Execute(u"DELETE FROM Immagini"_qs);
-    dialogs_.ExpectInput(Asks(good), u"kept"_qs);
-    dialogs_.ExpectMessage(message, BoxStyle::Stop);
-    DropFiles(0, {good, good, file, good});
-    EXPECT_EQ(Stored(u"a"_qs, u"Immagine IS NOT NULL"_qs), u"1"_qs) << file;
-    EXPECT_EQ(Count(u"Immagini"_qs), 1) << file;
+  QStringList files;
+  QStringList told;
+  for (int i = 0; i < 12; ++i) {
+    files += Outside(u"%1.jpg"_qs.arg(i));
+    WriteFileSafely(files.last(), "no picture");
+    if (i < 10) told += FailureOf([&] { MeasureImage(files.last()); });
   }
+  dialogs_.ExpectMessage(told.join(u"\r\n"_qs) + u"\r\n... and 2 more"_qs, BoxStyle::Stop);
+  DropFiles(0, files + QStringList{good});
+  EXPECT_EQ(Stored(u"a"_qs, u"Immagine IS NOT NULL"_qs), u"1"_qs);
+  EXPECT_FALSE(Rows().index(0, ProductColumn::ImmaginePicture).data(Qt::DecorationRole).isNull());
+}
+
+TEST_F(GridPictures, TheQuestionForADescriptionShowsTheFileAsItIs) {
+  const QString file = u"/home/"_qs + QString(500, u'x') + u"/a <b>bold<u>b.jpg"_qs;
+  const auto box = WidgetDialogs::InputBox(nullptr, Asks(file), u"Add/edit image"_qs, {});
+  const auto* label = box->findChild<QLabel*>();
+  ASSERT_NE(label, nullptr);
+  EXPECT_EQ(label->textFormat(), Qt::PlainText);
+  EXPECT_TRUE(label->text().startsWith(u"Image description for /home/x"_qs)) << label->text();
+  EXPECT_TRUE(label->text().endsWith(u"x/a <b>bold<u>b.jpg"_qs)) << label->text();
+  EXPECT_LE(box->sizeHint().width(), box->screen()->availableGeometry().width());
 }
 
 TEST_F(GridPictures, FilesOverARowThatCannotBeLeft) {

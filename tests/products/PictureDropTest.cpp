@@ -21,9 +21,9 @@ class PictureDropTest : public CatalogFixture {
     WriteFileSafely(Outside(name), MakeJpeg(MakePhoto(size, 1)));
     return Outside(name);
   }
-  // What was asked goes to asked_.
-  void Drop(const QString& file, const QString& description) {
-    PictureDrop(catalog_, code_, connection_).Add(file, [&](const QString& path) {
+  // Gives what failed; what was asked goes to asked_.
+  QStringList Drop(const QStringList& files, const QString& description) {
+    return PictureDrop(catalog_, code_, connection_).Add(files, [&](const QString& path) {
       asked_ += path;
       EXPECT_FALSE(connection_.InTransaction());
       return description;
@@ -44,16 +44,16 @@ class PictureDropTest : public CatalogFixture {
 }  // namespace
 
 TEST_F(PictureDropTest, TheFirstIsTheMainPictureAndTheOthersAreAdditional) {
-  Drop(Picture(u"a.JPG"_qs), u"never asked"_qs);
+  EXPECT_EQ(Drop({Picture(u"a.JPG"_qs)}, u"never asked"_qs), QStringList());
   EXPECT_EQ(asked_, QStringList());
   EXPECT_EQ(One(u"Width || 'x' || Height"_qs, u"Prodotti"_qs), u"804x603"_qs);
   EXPECT_TRUE(QFile::exists(ThumbnailPath(MainImagePath(catalog_, code_))));
-  Drop(Picture(u"b.jpeg"_qs, {400, 300}), u"the \"side\""_qs);
+  Drop({Picture(u"b.jpeg"_qs, {400, 300})}, u"the \"side\""_qs);
   EXPECT_EQ(asked_, QStringList{Outside(u"b.jpeg"_qs)});
   EXPECT_EQ(One(u"Descrizione"_qs, u"Immagini"_qs, u"CodiceProdotto=?"_qs, {code_}), u"the \"side\""_qs);
   EXPECT_EQ(One(u"Width || 'x' || Height"_qs, u"Immagini"_qs), u"400x300"_qs);
   const int files = int(FilesIn(AppFile(u"Images"_qs)).size());
-  Drop(Picture(u"c.jpg"_qs), QString());
+  Drop({Picture(u"c.jpg"_qs)}, QString());
   EXPECT_EQ(Count(u"Immagini"_qs), 1) << "an empty answer leaves no row";
   EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), std::size_t(files)) << "and no file";
   EXPECT_EQ(Count(u"PExtension"_qs), 0) << "a drop leaves no mark";
@@ -63,25 +63,32 @@ TEST_F(PictureDropTest, TheFirstIsTheMainPictureAndTheOthersAreAdditional) {
 TEST_F(PictureDropTest, NothingOfOthersIsWrittenOver) {
   const QString picture = Picture(u"a.jpg"_qs);
   const auto before = FilesIn(AppFile(u"Images"_qs));
-  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"gone"_qs, connection_).Add(picture, {}); }), QString());
+  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"gone"_qs, connection_).Add({picture}, {}); }), QString());
   const QString taken = MainImagePath(catalog_, u"Logo"_qs);
   WriteFileSafely(taken, "the logo");
   connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {taken, catalog_});
   AddProduct(catalog_, u"Logo"_qs);
-  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"Logo"_qs, connection_).Add(picture, {}); }), QString());
+  EXPECT_TRUE(PictureDrop(catalog_, u"Logo"_qs, connection_).Add({picture}, {}).value(0).startsWith(picture));
   EXPECT_EQ(ContentOf(taken), "the logo");
   QFile::remove(taken);
   EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), before), QStringList());
 }
 
-TEST_F(PictureDropTest, ABadFileIsToldAndHasNoRow) {
-  WriteFileSafely(Outside(u"bad.jpg"_qs), "no picture");
-  EXPECT_TRUE(FailureOf([&] { Drop(Outside(u"bad.jpg"_qs), u"x"_qs); }).contains(u"cannot be read"_qs));
-  EXPECT_TRUE(FailureOf([&] { Drop(Outside(u"gone.jpg"_qs), u"x"_qs); }).contains(u"cannot be read"_qs));
-  EXPECT_TRUE(One(u"Immagine"_qs, u"Prodotti"_qs).isNull());
-  Drop(Picture(u"a.jpg"_qs), {});
-  EXPECT_NE(FailureOf([&] { Drop(Outside(u"bad.jpg"_qs), u"x"_qs); }), QString());
-  EXPECT_EQ(Count(u"Immagini"_qs), 0);
+TEST_F(PictureDropTest, BadFilesAreToldByTheirNamesAndTheOthersAreTaken) {
+  const QString good = Picture(u"good.jpg"_qs);
+  const QString bad = Outside(u"bad.jpg"_qs);
+  const QString cut = Outside(u"cut.JPG"_qs);
+  const QString gone = Outside(u"gone.jpeg"_qs);
+  WriteFileSafely(bad, "no picture");
+  WriteFileSafely(cut, ContentOf(good).chopped(2000));
+  const QStringList failures = Drop({cut, Outside(u"p.png"_qs), bad, good, gone, cut, good}, u"x"_qs);
+  ASSERT_EQ(failures.size(), 4);
+  for (const auto& [i, file] : {std::pair{0, cut}, {1, bad}, {2, gone}, {3, cut}}) {
+    EXPECT_TRUE(failures[i].contains(file)) << failures[i];
+    EXPECT_FALSE(failures[i].contains(u"Images"_qs)) << failures[i];
+  }
+  EXPECT_EQ(One(u"Width"_qs, u"Prodotti"_qs), 804) << "the first good one";
+  EXPECT_EQ(Count(u"Immagini"_qs), 1);
   for (const auto& [name, isPicture] : {std::pair{u"a.JPG"_qs, true}, std::pair{u"a.Jpeg"_qs, true},
                                         std::pair{u"a.png"_qs, false}, std::pair{u"jp"_qs, false}})
     EXPECT_EQ(PictureDrop::IsPicture(name), isPicture) << name;

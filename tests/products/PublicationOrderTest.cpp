@@ -1,4 +1,4 @@
-// The arithmetic of moving a block of products in the publication order.
+// Moving products in the publication order, and numbering them.
 #include "products/PublicationOrder.h"
 
 #include "base/Error.h"
@@ -12,26 +12,31 @@ namespace {
 class PublicationOrderTest : public StoreFixture {
  protected:
   PublicationOrderTest() : catalog_(AddCatalog(u"Catalog"_qs)), other_(AddCatalog(u"Other"_qs)) {
-    for (int i = 1; i <= 9; ++i) {
-      AddProduct(catalog_, QString(QChar(u'a' + i - 1)), i);
-      AddProduct(other_, QString(QChar(u'a' + i - 1)), i);
-    }
+    Fill(other_, u"a1 b2 c3"_qs);
   }
-  // The codes in their order, and the numbers where they are not 1, 2, 3 and so on.
+  // Products of one letter and a number each, in the order in which they come; "-" is none.
+  void Fill(int catalog, const QString& products) {
+    connection_.Execute(u"DELETE FROM Prodotti WHERE IDCatalogo=?"_qs, {catalog});
+    for (const QString& product : products.split(u' '))
+      AddProduct(catalog, product.first(1), product[1] == u'-' ? QVariant() : QVariant(product.mid(1)));
+  }
   QString Order(int catalog) {
-    QString codes;
-    QStringList numbers;
-    Rows rows(
-        connection_,
-        u"SELECT CodiceProdotto,OrdineTemp FROM Prodotti WHERE IDCatalogo=? ORDER BY OrdineTemp,CodiceProdotto"_qs,
-        {catalog});
-    bool plain = true;
-    for (int i = 1; rows.Next(); ++i) {
-      codes += rows.Value(0).toString();
-      numbers += rows.Value(1).isNull() ? u"-"_qs : rows.Value(1).toString();
-      plain = plain && rows.Value(1) == i;
-    }
-    return plain ? codes : codes + u' ' + numbers.join(u',');
+    QStringList products;
+    Rows rows(connection_,
+              u"SELECT CodiceProdotto || IFNULL(OrdineTemp,'-') FROM Prodotti WHERE IDCatalogo=? "
+              "ORDER BY OrdineTemp,rowid"_qs,
+              {catalog});
+    while (rows.Next()) products += rows.Value(0).toString();
+    return products.join(u' ');
+  }
+  qint64 KeyOf(QChar code) {
+    return One(u"rowid"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code})
+        .toLongLong();
+  }
+  bool Move(const QString& codes, QChar target) {
+    std::vector<qint64> keys;
+    for (const QChar code : codes) keys.push_back(KeyOf(code));
+    return MoveProducts(catalog_, keys, KeyOf(target), connection_);
   }
 
   int catalog_;
@@ -40,55 +45,69 @@ class PublicationOrderTest : public StoreFixture {
 
 }  // namespace
 
-TEST_F(PublicationOrderTest, ABlockMovesUpAndDown) {
+TEST_F(PublicationOrderTest, ProductsGoToThePlaceOfAnother) {
   struct Case {
-    int first, last, target;
-    BlockMove outcome;
-    const char16_t* order;
+    const char* name;
+    const char16_t* before;
+    const char16_t* moving;
+    char16_t target;
+    const char16_t* after;
   };
   const Case cases[] = {
-      {4, 6, 2, BlockMove::Moved, u"adefbcghi"},          {9, 9, 1, BlockMove::Moved, u"iabcdefgh"},
-      {7, 9, 1, BlockMove::Moved, u"ghiabcdef"},          {2, 4, 8, BlockMove::Moved, u"aefghbcdi"},
-      {1, 1, 9, BlockMove::Moved, u"bcdefghia"},          {3, 4, 5, BlockMove::Moved, u"abecdfghi"},
-      {4, 6, 4, BlockMove::InPlace, u"abcdefghi"},        {4, 6, 5, BlockMove::NothingToMove, u"abcdefghi"},
-      {4, 6, 6, BlockMove::NothingToMove, u"abcdefghi"},  {9, 9, 20, BlockMove::NothingToMove, u"abcdefghi"},
-      {20, 21, 3, BlockMove::NothingToMove, u"abcdefghi"}};
+      {"up", u"a1 b2 c3 d4 e5 f6", u"de", u'b', u"a1 d2 e3 b4 c5 f6"},
+      {"down", u"a1 b2 c3 d4 e5 f6", u"bc", u'e', u"a1 d2 e3 b4 c5 f6"},
+      {"to the first", u"a1 b2 c3", u"c", u'a', u"c1 a2 b3"},
+      {"to the last", u"a1 b2 c3", u"a", u'c', u"b1 c2 a3"},
+      {"on itself", u"a1 b2 c3", u"bc", u'c', u"a1 b2 c3"},
+      {"onto one that is gone", u"a1 b2 c3", u"bc", u'x', u"a1 b2 c3"},
+      {"one that is gone along", u"a1 b2 c3", u"xc", u'a', u"c1 a2 b3"},
+      {"in another order", u"c1 a2 b3 d4", u"dc", u'b', u"a1 b2 c3 d4"},
+      {"apart, up", u"a1 b2 c3 d4 e5 f6", u"ec", u'b', u"a1 c2 e3 b4 d5 f6"},
+      {"apart, on one between", u"a1 b2 c3 d4 e5 f6", u"be", u'c', u"a1 c2 b3 e4 d5 f6"},
+      {"gaps, up", u"a1 b5 c9 d12 e20", u"d", u'b', u"a1 d5 b9 c12 e20"},
+      {"gaps, down", u"a1 b5 c9 d12 e20", u"b", u'd', u"a1 c5 d9 b12 e20"},
+      {"equal, a gap behind", u"a3 b3 c3 d7", u"c", u'b', u"a3 c4 b5 d7"},
+      {"equal, none behind", u"a3 b3 c3 d4 e5 f8", u"c", u'a', u"c3 a4 b4 d5 e6 f8"},
+      {"equal ones between", u"a1 b2 c2 d3 e4", u"d", u'a', u"d1 a2 b3 c3 e4"},
+      {"without a number", u"a1 b- c3 d-", u"b", u'a', u"b1 a3 c4 d5"},
+      {"onto one without", u"a1 b- c3 d-", u"a", u'b', u"c1 b3 a4 d5"},
+      {"numbers with fractions", u"a1 b1.5 c3", u"c", u'a', u"c1 a2 b3"},
+  };
   for (const Case& one : cases) {
-    connection_.BeginTrans();
-    EXPECT_EQ(MoveBlock(catalog_, one.first, one.last, one.target, connection_), one.outcome)
-        << one.first << '-' << one.last << " to " << one.target;
-    EXPECT_EQ(Order(catalog_), QString::fromUtf16(one.order))
-        << one.first << '-' << one.last << " to " << one.target;
-    EXPECT_EQ(Order(other_), u"abcdefghi") << "another catalog";
-    connection_.RollbackTrans();
+    Fill(catalog_, QString::fromUtf16(one.before));
+    const bool moved = Move(QString::fromUtf16(one.moving), one.target);
+    EXPECT_EQ(moved, QString::fromUtf16(one.before) != QString::fromUtf16(one.after)) << one.name;
+    EXPECT_EQ(Order(catalog_), QString::fromUtf16(one.after)) << one.name;
+    EXPECT_EQ(Order(other_), u"a1 b2 c3") << one.name;
   }
 }
 
-TEST_F(PublicationOrderTest, TiesMoveTogetherAndRowsWithoutANumberStay) {
-  connection_.Execute(u"UPDATE Prodotti SET OrdineTemp=2 WHERE CodiceProdotto='c'"_qs);
-  connection_.Execute(u"UPDATE Prodotti SET OrdineTemp=NULL WHERE CodiceProdotto='i'"_qs);
-  EXPECT_EQ(MoveBlock(catalog_, 4, 4, 2, connection_), BlockMove::Moved);
-  EXPECT_EQ(Order(catalog_), u"iadbcefgh -,1,2,3,3,5,6,7,8");
-  EXPECT_EQ(NuovoOrdine(catalog_, connection_), u"10") << "the rows are counted, not the numbers";
+TEST_F(PublicationOrderTest, OnlyProductsWithoutANumberGetOne) {
+  for (const auto& [before, after] :
+       {std::pair{u"c- a- b-"_qs, u"c1 a2 b3"_qs}, std::pair{u"c7 a- b3"_qs, u"b3 c7 a8"_qs},
+        std::pair{u"c7 a7 b9"_qs, u"c7 a7 b9"_qs}, std::pair{u"c2.5 a- b-"_qs, u"c2.5 a3 b4"_qs}}) {
+    Fill(catalog_, before);
+    EXPECT_EQ(NumberUnnumbered(catalog_, connection_), before.contains(u'-')) << before;
+    EXPECT_EQ(Order(catalog_), after) << before;
+  }
+  EXPECT_EQ(NuovoOrdine(catalog_, connection_), u"4") << "the rows are counted, not the numbers";
 }
 
 TEST_F(PublicationOrderTest, AFailureLeavesTheOrderAsItWas) {
+  Fill(catalog_, u"a1 b2 c3"_qs);
   connection_.Execute(
       u"CREATE TRIGGER Refuse BEFORE UPDATE ON Prodotti WHEN old.CodiceProdotto='b' "
       "BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
-  EXPECT_THROW(MoveBlock(catalog_, 7, 9, 1, connection_), Error);
-  EXPECT_EQ(Order(catalog_), u"abcdefghi");
+  EXPECT_THROW(Move(u"c"_qs, u'a'), Error);
+  EXPECT_EQ(Order(catalog_), u"a1 b2 c3");
   EXPECT_FALSE(connection_.InTransaction());
 }
 
 TEST_F(PublicationOrderTest, WhatIsGoneLeavesNoGap) {
-  std::vector<qint64> bookmarks;
-  {
-    Rows rows(connection_, u"SELECT rowid FROM Prodotti ORDER BY CodiceProdotto DESC"_qs);
-    while (rows.Next()) bookmarks.push_back(rows.Value(0).toLongLong());
-  }
-  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='h'"_qs);
+  Fill(catalog_, u"a1 b2 c3"_qs);
+  const std::vector<qint64> bookmarks = {KeyOf(u'c'), KeyOf(u'b'), KeyOf(u'a')};
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='b'"_qs);
   RenumberProducts(catalog_, bookmarks, connection_);
-  EXPECT_EQ(Order(catalog_), u"igfedcba");
-  EXPECT_EQ(Order(other_), u"abcdefgi 1,2,3,4,5,6,7,9");
+  EXPECT_EQ(Order(catalog_), u"c1 a2");
+  EXPECT_EQ(Order(other_), u"a1 c3");
 }

@@ -204,25 +204,40 @@ TEST_F(DatabaseTest, AWriteThatCannotBeDoneIsToldAndChangesNothing) {
 
 TEST_F(DatabaseTest, AnOlderDatabaseIsMigratedWholeOrNotAtAll) {
   AddCatalog(u"kept"_qs);
-  const std::vector<Migration> good = {{2, u"ALTER TABLE Cataloghi ADD COLUMN Nuova TEXT DEFAULT 'x'"_qs},
-                                       {3, u"UPDATE Cataloghi SET Nuova='y'"_qs}};
+  const std::vector<Migration> good = {
+      {SchemaVersion + 1, u"ALTER TABLE Cataloghi ADD COLUMN Nuova TEXT DEFAULT 'x'"_qs},
+      {SchemaVersion + 2, u"UPDATE Cataloghi SET Nuova='y'"_qs}};
   std::vector<Migration> failing = good;
   failing[1].sql += u"; UPDATE nowhere SET x=1"_qs;
   connection_.Close();
-  EXPECT_TRUE(
-      FailureOf([&] { OpenCatalogDatabase(connection_, Path(), failing, 3); }).contains(u"is as it was"));
+  EXPECT_TRUE(FailureOf([&] {
+                OpenCatalogDatabase(connection_, Path(), failing, SchemaVersion + 2);
+              }).contains(u"is as it was"));
   EXPECT_FALSE(connection_.IsOpen());
   EXPECT_EQ(Refusal(Path()), QString()) << "still of its former version";
 
-  OpenCatalogDatabase(connection_, Path(), good, 3);
+  OpenCatalogDatabase(connection_, Path(), good, SchemaVersion + 2);
   EXPECT_EQ(One(u"Nuova"_qs, u"Cataloghi"_qs), u"y"_qs);
   EXPECT_TRUE(Refusal(Path()).contains(u"newer version"));
   // Each attempt made its copy first, under a name of its own.
-  for (const QString& name : {u"Catalog-v1-backup.db"_qs, u"Catalog-v1-backup-2.db"_qs}) {
+  for (const QString& name : {u"Catalog-v%1-backup.db"_qs, u"Catalog-v%1-backup-2.db"_qs}) {
     Connection copy;
-    OpenCatalogDatabase(copy, AppFile(name));
+    OpenCatalogDatabase(copy, AppFile(name.arg(SchemaVersion)));
     EXPECT_EQ(GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, copy, {}), u"kept"_qs);
   }
+}
+
+TEST_F(DatabaseTest, TheFirstVersionBecomesTheDeliveredOne) {
+  const auto schema = [this] {
+    return One(u"group_concat(name || sql)"_qs,
+               u"(SELECT * FROM sqlite_master WHERE sql<>'' ORDER BY name)"_qs);
+  };
+  const QVariant delivered = schema();
+  connection_.Execute(u"DROP INDEX ProdottiPerCatalogo"_qs);
+  connection_.Execute(u"PRAGMA user_version=1"_qs);
+  connection_.Close();
+  OpenCatalogDatabase(connection_, Path());
+  EXPECT_EQ(schema(), delivered);
 }
 
 TEST_F(DatabaseTest, ABackupIsWholeOrNotThere) {

@@ -110,9 +110,10 @@ TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
     Connection writer;
     OpenCatalogDatabase(
         writer, Path(),
-        {{2, u"ALTER TABLE Prodotti ADD COLUMN Peso REAL"_qs},
-         {3, u"UPDATE Prodotti SET Descrizione='z'; CREATE INDEX i ON Prodotti (Descrizione)"_qs}},
-        3);
+        {{SchemaVersion + 1, u"ALTER TABLE Prodotti ADD COLUMN Peso REAL"_qs},
+         {SchemaVersion + 2,
+          u"UPDATE Prodotti SET Descrizione='z'; CREATE INDEX i ON Prodotti (Descrizione)"_qs}},
+        SchemaVersion + 2);
   });
 }
 

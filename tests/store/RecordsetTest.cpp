@@ -326,7 +326,7 @@ TEST_F(RecordsetTest, AnOrderOfItsOwnComesBeforeTheSourcesOne) {
   struct {
     QString tail;
     QString codes;
-  } const cases[] = {{u"ORDER BY CodiceProdotto DESC"_qs, u"B C A"_qs}, {u"LIMIT 2"_qs, u"B A"_qs}};
+  } const cases[] = {{u"ORDER BY CodiceProdotto DESC"_qs, u"B C A"_qs}, {u"LIMIT 2"_qs, u"B C"_qs}};
   for (const auto& test : cases) {
     Recordset products = OpenProducts(CursorType::Keyset, test.tail);
     products.SetOrder(u"Valore1"_qs);
@@ -339,7 +339,8 @@ TEST_F(RecordsetTest, AnOrderOfItsOwnComesBeforeTheSourcesOne) {
   }
   Recordset products = OpenProducts();
   products.SetOrder(u"VORLINA_RANK(?,IDFiltro1)"_qs, {QByteArray("short")});
-  EXPECT_EQ(CodesOf(products), u"A B C"_qs) << "ranks that are none";
+  Recordset unsorted = OpenProducts();
+  EXPECT_EQ(CodesOf(products), CodesOf(unsorted)) << "ranks that are none";
 }
 
 TEST_F(RecordsetTest, FetchesRowsApartFromTheCurrentOne) {

@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "CatalogLanguage.h"
+#include "CatalogSnapshot.h"
 #include "PublishedNames.h"
 #include "SiteFixture.h"
 #include "TargetMemory.h"
@@ -74,6 +75,14 @@ TEST_F(SiteTest, HoldsOnlyWhatIsPublishedAndNoMarkupFromTexts) {
   EXPECT_TRUE(first.contains("width=\"40\" height=\"30\"")) << "the size of the file itself";
   EXPECT_TRUE(first.indexOf("rel=\"next\"") > 0 && first.indexOf("rel=\"prev\"") < 0)
       << "the publication order, not that of the codes";
+}
+
+TEST_F(SiteTest, ProductsWithoutANumberStandLastAndAsTheyCame) {
+  connection_.Execute(u"UPDATE Prodotti SET OrdineTemp=NULL WHERE CodiceProdotto<>'D/..\\x'"_qs);
+  PluginConnection connection(connection_);
+  QStringList codes;
+  for (const vlhtml::Product& product : vlhtml::ReadSnapshot(connection, 1, false).products) codes += product.code;
+  EXPECT_EQ(codes, (QStringList{u"D/..\\x"_qs, u"B-1"_qs, u"A-1"_qs}));
 }
 
 TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {

@@ -1,0 +1,23 @@
+// The editor of a column with a lookup: an editable drop-down of its texts.
+#pragma once
+
+#include <QComboBox>
+
+#include "grid/Lookup.h"
+
+namespace vorlina {
+
+class WidgetDropDown : public QComboBox {
+ public:
+  // The rows of the list are as high as those of the grid, or as its style needs them.
+  WidgetDropDown(QWidget* parent, const Lookup& lookup, int rowHeight);
+
+  // The list is as wide as its longest text, within the screen, and one row higher than its texts are, up to
+  // nine rows.
+  void showPopup() override;
+
+ private:
+  int LongestTextWidth() const;
+};
+
+}  // namespace vorlina
