@@ -1,12 +1,16 @@
 #include "base/Helpers.h"
 
 #include <QDir>
+#include <QTextDocument>
 
 #include "base/Error.h"
 #include "base/Language.h"
 
 namespace vorlina {
 namespace {
+
+// A tool tip longer than this is broken into lines.
+constexpr qsizetype LongToolTip = 100;
 
 bool IsSeparator(QChar c) { return c == u'\\' || c == u'/'; }
 
@@ -52,6 +56,11 @@ QString OneLine(QString text) {
   for (QChar& c : text)
     if (isBreak(c)) c = u' ';
   return text;
+}
+
+QString PlainToolTip(const QString& text) {
+  if (!Qt::mightBeRichText(text) && text.size() <= LongToolTip) return text;
+  return u"<qt>"_qs + text.toHtmlEscaped().replace(u'\n', u"<br>"_qs) + u"</qt>"_qs;
 }
 
 QString FileNameOf(const QString& path, bool keepExtension) {

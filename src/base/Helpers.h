@@ -23,6 +23,10 @@ QString NullToEmpty(const QVariant& value);
 // at its end.
 QString OneLine(QString text);
 
+// A text as a tool tip that shows it as it is: what looks like markup would be taken for it, and a long text
+// for one line.
+QString PlainToolTip(const QString& text);
+
 // The last segment of a path, where "/" and "\" both separate and a doubled separator counts once. Without
 // the extension, its last four characters are cut, whatever they are; a segment shorter than that throws
 // Error.

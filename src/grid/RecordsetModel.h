@@ -104,8 +104,9 @@ class RecordsetModel : public QAbstractTableModel {
   // An editor opens on the row: what the row holds now is what a change is compared with.
   void Pin(int row);
   // What the user typed into a cell: for a drop-down its text, for the others as setData. A text that a
-  // drop-down does not offer is asked OnNotInList. False where the cell keeps its value.
-  bool SetText(const QModelIndex& index, const QString& text);
+  // drop-down does not offer is asked OnNotInList, without blanks around it. False where the cell keeps its
+  // value.
+  bool SetText(const QModelIndex& index, const QString& typed);
   // Writes the row in edit; nothing happens without one. False, with Failed, where it stays in edit.
   bool Submit();
   void Revert();

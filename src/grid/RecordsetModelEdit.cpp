@@ -44,14 +44,17 @@ void RecordsetModel::Pin(int row) {
   if (const FetchedRow* fetched = RowAt(row)) pinned_ = *fetched;
 }
 
-bool RecordsetModel::SetText(const QModelIndex& index, const QString& text) {
+bool RecordsetModel::SetText(const QModelIndex& index, const QString& typed) {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
   const int row = index.row();
   const int column = index.column();
-  if (Column(column).kind != ColumnKind::Lookup || text.isEmpty()) return ChangeCell(row, column, text);
+  if (Column(column).kind != ColumnKind::Lookup) return ChangeCell(row, column, typed);
   // A text that several values share stays the value it is.
-  if (text == Displayed(row, column)) return ChangeCell(row, column, Value(row, column));
-  std::optional<qint64> value = Column(column).lookup.ValueOf(text);
+  if (typed == Displayed(row, column) && !typed.isEmpty()) return ChangeCell(row, column, Value(row, column));
+  const QString text = typed.trimmed();
+  if (text.isEmpty()) return ChangeCell(row, column, text);
+  std::optional<qint64> value = Column(column).lookup.ValueOf(typed);
+  if (!value) value = Column(column).lookup.ValueOf(text);
   if (!value && OnNotInList && OnNotInList(column, text)) value = Column(column).lookup.ValueOf(text);
   return value && ChangeCell(row, column, *value);
 }

@@ -55,7 +55,7 @@ bool WidgetRowDrag::Move(const QMouseEvent& event) {
   if (phase_ == Phase::None || (phase_ != Phase::Kept && !(event.buttons() & Qt::LeftButton))) return false;
   const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (phase_ == Phase::Pressed && far) Start();
-  if (IsDragging()) Follow(event.pos().y());
+  if (IsDragging()) Follow(event);
   return true;
 }
 
@@ -85,9 +85,12 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
     if (onHeader_) Q_EMIT HeaderClicked(pressedRow_);
     return onHeader_;
   }
-  Follow(event.pos().y());
+  Follow(event);
   const int row = End();
-  Q_EMIT Dropped(row);
+  if (beside_)
+    Q_EMIT Cancelled();
+  else
+    Q_EMIT Dropped(row);
   return phase == Phase::Dragging;
 }
 
@@ -113,11 +116,17 @@ bool WidgetRowDrag::IsAddNew(int row) const {
   return state == int(RowState::AddNew) || state == int(RowState::Added);
 }
 
-void WidgetRowDrag::Follow(int y) {
-  y_ = y;
-  int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+void WidgetRowDrag::Follow(const QMouseEvent& event) {
+  y_ = event.pos().y();
+  beside_ = !grid_.rect().contains(grid_.mapFromGlobal(event.globalPosition().toPoint()));
+  Mark();
+}
+
+void WidgetRowDrag::Mark() {
+  int row = grid_.rowAt(qBound(0, y_, grid_.viewport()->height() - 1));
   if (row < 0) row = grid_.model()->rowCount() - 1;
   if (row >= 0 && IsAddNew(row)) --row;
+  if (beside_) row = -1;
   if (row == row_) return;
   row_ = row;
   Q_EMIT Moved(row);
@@ -131,7 +140,7 @@ void WidgetRowDrag::Scroll() {
   if (beyond == 0) return;
   QScrollBar& bar = *grid_.verticalScrollBar();
   bar.setValue(bar.value() + beyond);
-  Follow(y_);
+  Mark();
 }
 
 }  // namespace vorlina

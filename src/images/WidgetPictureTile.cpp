@@ -2,8 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextDocument>
 
+#include "base/Helpers.h"
 #include "images/WidgetPicture.h"
 
 namespace vorlina {
@@ -13,14 +13,6 @@ constexpr int Margin = 8;  // around the picture, and left and right of the code
 constexpr int Radius = 5;
 constexpr QSize UsualPicture{200, 160};
 constexpr QSize SmallestPicture{72, 56};
-// A tooltip longer than this is broken into lines.
-constexpr int LongToolTip = 100;
-
-// A tooltip that shows the text as it is: what looks like markup would be taken for it.
-QString PlainToolTip(const QString& text) {
-  if (!Qt::mightBeRichText(text) && text.size() <= LongToolTip) return text;
-  return u"<qt>"_qs + text.toHtmlEscaped() + u"</qt>"_qs;
-}
 
 }  // namespace
 

@@ -7,8 +7,11 @@ namespace vorlina {
 
 CellVerdict CheckCell(const QString& key, const QVariant& value, bool isFilter) {
   CellVerdict verdict{{}, value};
-  const QString text = NullToEmpty(value);
+  QString text = NullToEmpty(value);
   if (key.compare(CodeColumn, Qt::CaseInsensitive) == 0) {
+    // A code becomes a file name; a line break that came with a pasted text is not seen in the cell.
+    text = OneLine(text).trimmed();
+    if (!value.isNull()) verdict.value = text;
     if (text.isEmpty())
       verdict.refusals += ByLanguage(u"Specificare un valore per il codice del prodotto"_qs,
                                      u"Insert a value for the product code"_qs);

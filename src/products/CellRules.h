@@ -15,8 +15,8 @@ struct CellVerdict {
   QVariant value;        // what the cell is to hold
 };
 
-// Checks a value that was typed into a cell. A code must be there and fit into a file name, no value holds
-// "|", which refuses a code twice over, and an emptied filter is 0.
+// Checks a value that was typed into a cell. A code must be there and fit into a file name, and has no blanks
+// around it; no value holds "|", which refuses a code twice over, and an emptied filter is 0.
 CellVerdict CheckCell(const QString& key, const QVariant& value, bool isFilter);
 
 }  // namespace vorlina

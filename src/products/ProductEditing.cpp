@@ -88,13 +88,16 @@ void ProductEditing::OfferDefaults() {
 
 void ProductEditing::CheckCell(CellChange& change) {
   const GridColumn& column = rows_.Column(change.column);
-  // A code becomes a file name; a line break that came with a pasted text is not seen in the cell.
-  if (change.column == ProductColumn::Codice) change.newValue = OneLine(NullToEmpty(change.newValue));
   const CellVerdict verdict =
       vorlina::CheckCell(column.key, change.newValue, column.kind == ColumnKind::Lookup);
-  for (const QString& refusal : verdict.refusals) TheDialogs().Message(owner_, refusal, BoxStyle::Stop);
-  change.cancel = !verdict.refusals.isEmpty();
+  change.cancel = Refuses(verdict);
   change.newValue = verdict.value;
+}
+
+// Tells what is refused.
+bool ProductEditing::Refuses(const CellVerdict& verdict) const {
+  for (const QString& refusal : verdict.refusals) TheDialogs().Message(owner_, refusal, BoxStyle::Stop);
+  return !verdict.refusals.isEmpty();
 }
 
 // Inside the row's transaction: its marks and its pictures are written with it, or not at all.
@@ -146,6 +149,7 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
     // Another window may have added it meanwhile.
     OfferFilterValues(column);
     if (rows_.Column(column).lookup.ValueOf(text)) return true;
+    if (Refuses(vorlina::CheckCell(rows_.Column(column).key, text, true))) return false;
     if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
     if (text.contains(u'"')) {
       TheDialogs().Message(owner_,

@@ -9,6 +9,7 @@
 
 #include "base/WaitCursor.h"
 #include "grid/RecordsetModel.h"
+#include "products/CellRules.h"
 #include "products/CodeChange.h"
 #include "products/ProductGridQuery.h"
 
@@ -36,6 +37,7 @@ class ProductEditing : public QObject {
 
  private:
   void CheckCell(CellChange& change);
+  bool Refuses(const CellVerdict& verdict) const;
   void WriteRow(int row, bool added);
   void FinishRow();
   bool AskToDelete();

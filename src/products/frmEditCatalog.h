@@ -94,14 +94,17 @@ class frmEditCatalog : public QMainWindow {
   void PopUpGridMenu(const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void DropFilesOn(int row, const QStringList& files);
+  void DropHeldFiles();
   void DropFiles(int catalog, const QString& code, const QStringList& files);
 
   void ToggleSort(const QString& key, SortDirection present);
   void DropRows(int row);
   void SortByOrder();
+  void MoveRows(bool down);
   void mnuOrdinePubbl_Click();
   void mnuCopia_Click();
   void mnuResizeCol_Click();
+  void mnuAggiorna_Click();
   void ShowCounts();
   void cmdDelete_Click();
   void cmdImmagini_Click();
@@ -121,6 +124,7 @@ class frmEditCatalog : public QMainWindow {
   ProductGridFields fields_;
   int IDCatalogo = 0;
   bool Caricamento = false;
+  std::vector<std::function<void()>> heldDrops_;  // until no box is up
   bool busy_ = false;  // with what must not lose its connection, while events come through
 };
 
