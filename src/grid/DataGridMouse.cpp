@@ -1,5 +1,6 @@
 // What the user does in a grid with the mouse, and what is dragged onto it.
 #include <QApplication>
+#include <QDir>
 #include <QHeaderView>
 #include <QMimeData>
 #include <QMouseEvent>

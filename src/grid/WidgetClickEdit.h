@@ -7,6 +7,8 @@
 #include <QPersistentModelIndex>
 #include <QTimer>
 
+class QMouseEvent;
+
 namespace vorlina {
 
 class DataGrid;
