@@ -1,6 +1,7 @@
 #include "base/CommandIcon.h"
 
 #include <QAction>
+#include <QMenu>
 #include <QToolBar>
 #include <QWidget>
 
@@ -22,7 +23,14 @@ QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
   action->setObjectName(Text(command.key));
   action->setToolTip(Text(command.toolTip.italian));
   action->setShortcut(QKeySequence(Text(command.shortcut)));
-  bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+  QWidget* button = bar.widgetForAction(action);
+  button->setFocusPolicy(Qt::TabFocus);
+  // For a command without a tool tip Qt would show its caption.
+  const auto none = [button] { button->setToolTip({}); };
+  if (Text(command.toolTip.italian).isEmpty()) {
+    QObject::connect(action, &QAction::changed, button, none);
+    none();
+  }
   return action;
 }
 
@@ -32,6 +40,21 @@ void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> com
     action->setText(Text(command.caption.english));
     action->setToolTip(Text(command.toolTip.english));
   }
+}
+
+QAction* AddCommand(QMenu& menu, const MenuCommand& command, QWidget& widget) {
+  QAction* entry = menu.addAction(Text(command.caption.italian));
+  entry->setObjectName(Text(command.key));
+  entry->setShortcut(QKeySequence(Text(command.shortcut)));
+  entry->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  entry->setShortcutVisibleInContextMenu(true);
+  widget.addAction(entry);
+  return entry;
+}
+
+void LocalizeCommands(const QMenu& menu, std::span<const MenuCommand> commands) {
+  for (const MenuCommand& command : commands)
+    menu.findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
 }
 
 }  // namespace vorlina

@@ -8,6 +8,7 @@
 #include "base/Commands.h"
 
 class QAction;
+class QMenu;
 class QToolBar;
 class QWidget;
 
@@ -23,5 +24,12 @@ QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command);
 
 // Lays the English texts over the commands that were added to a window's toolbar.
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands);
+
+// Adds an entry to a menu over a widget, in Italian, under its key as name. Its shortcut, which the menu
+// shows, works while the widget has the focus.
+QAction* AddCommand(QMenu& menu, const MenuCommand& command, QWidget& widget);
+
+// The same for the entries of a menu.
+void LocalizeCommands(const QMenu& menu, std::span<const MenuCommand> commands);
 
 }  // namespace vorlina

@@ -22,6 +22,7 @@ struct ToolbarCommand {
 struct MenuCommand {
   const char16_t* key;
   Caption caption;
+  const char16_t* shortcut = u"";
 };
 
 inline QString Text(const char16_t* text) { return QString::fromUtf16(text); }

@@ -9,6 +9,7 @@
 
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "grid/WidgetClickEdit.h"
 #include "grid/WidgetGridDelegate.h"
 #include "grid/WidgetRowDrag.h"
 #include "grid/WidgetRowHeader.h"
@@ -43,6 +44,8 @@ DataGrid::DataGrid(QWidget* parent)
       rowHeader_(new WidgetRowHeader(*this)) {
   setItemDelegate(delegate_);
   setVerticalHeader(rowHeader_);
+  // The drag sees the mouse before what waits for a click.
+  clickEdit_ = new WidgetClickEdit(*this);
   rowDrag_ = new WidgetRowDrag(*this);
   setModel(&rows_);
   // The view would write a row after it has been left, and so once more where that has failed.
@@ -57,6 +60,7 @@ DataGrid::DataGrid(QWidget* parent)
   SetUpRowDrag();
   TakeFont();
   TakePalette();
+  delegate_->OnEnter = [this] { TakeAndGoDown(); };
   connect(&rows_, &RecordsetModel::Failed, this, &DataGrid::RowFailed);
   connect(qApp, &QApplication::focusChanged, this, &DataGrid::FocusMoved);
   connect(&refresh_, &QTimer::timeout, this, &DataGrid::Refresh);
@@ -85,8 +89,9 @@ void DataGrid::SetUpHeaders() {
     if (!arranging_ && column < rows_.columnCount() && rows_.Column(column).wordWrap) FitRowHeight();
   });
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
-    const bool sorts = column == rows_.SortColumn();
-    Q_EMIT HeaderClicked(KeyOf(column), sorts ? rows_.Sorted() : SortDirection::None);
+    // The head has turned its arrow already, which tells what the rows are sorted by.
+    ShowSort();
+    Q_EMIT HeaderClicked(KeyOf(column), SortOf(KeyOf(column)));
   });
 }
 
@@ -158,11 +163,15 @@ bool DataGrid::Reload() {
 }
 
 DataGrid::Place DataGrid::CurrentPlace() const {
-  return {CurrentRow() >= 0 ? rows_.BookmarkOf(CurrentRow()) : 0, CurrentKey()};
+  return {CurrentRow(), CurrentRow() >= 0 ? rows_.BookmarkOf(CurrentRow()) : 0, CurrentKey()};
 }
 
+// A row that has gone is stood in for by the one that has its place; the add-new row is the last one.
 void DataGrid::ReturnTo(const Place& place) {
-  if (place.bookmark != 0) GoTo(rows_.RowOf(place.bookmark), place.key);
+  if (place.row < 0) return;
+  const int last = rows_.rowCount() - 1;
+  const int row = place.bookmark != 0 ? rows_.RowOf(place.bookmark) : last;
+  GoTo(row >= 0 ? row : std::min(place.row, last), place.key);
 }
 
 bool DataGrid::GoTo(int row, const QString& key) {
@@ -205,6 +214,11 @@ bool DataGrid::SetSort(const QString& key, SortDirection direction) {
   else
     ReturnTo(current);
   return true;
+}
+
+SortDirection DataGrid::SortOf(const QString& key) const {
+  const int column = rows_.ColumnOf(key);
+  return column >= 0 && column == rows_.SortColumn() ? rows_.Sorted() : SortDirection::None;
 }
 
 void DataGrid::ShowSort() {
@@ -266,6 +280,18 @@ void DataGrid::SetColumnPosition(const QString& key, int position) {
   const int column = rows_.ColumnOf(key);
   if (column < 0 || position < 0 || position >= rows_.columnCount()) return;
   horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), position);
+}
+
+void DataGrid::MoveColumn(const QString& key, bool right) {
+  QHeaderView& header = *horizontalHeader();
+  const int column = rows_.ColumnOf(key);
+  if (column < 0) return;
+  const int step = right ? 1 : -1;
+  int place = header.visualIndex(column) + step;
+  while (header.isSectionHidden(header.logicalIndex(place))) place += step;
+  if (place < 0 || place >= header.count()) return;
+  header.moveSection(header.visualIndex(column), place);
+  scrollTo(currentIndex());
 }
 
 void DataGrid::SetAlignment(const QString& key, GridAlignment alignment) {

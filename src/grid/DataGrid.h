@@ -17,6 +17,7 @@
 
 namespace vorlina {
 
+class WidgetClickEdit;
 class WidgetGridDelegate;
 class WidgetRowDrag;
 class WidgetRowHeader;
@@ -62,18 +63,22 @@ class DataGrid : public QTableView {
   bool LeaveRow();
   // The same before the window closes: what was refused and told already is told again.
   bool LeaveForGood();
-  // Deletes the selected rows, or else the current one, as the Delete key does.
+  // Deletes the selected rows, as the Delete key does; none where the current row is the add-new row.
   bool DeleteSelected();
   void SetAllowDelete(bool allowed) { allowDelete_ = allowed; }
 
   // Sorts by one column, or with SortDirection::None in the recordset's own order. False where it cannot.
   bool SetSort(const QString& key, SortDirection direction);
+  // How a column sorts at present.
+  SortDirection SortOf(const QString& key) const;
 
   GridLayout Layout() const;
   // Columns that the layout does not name stay behind those it names; keys that are not there are skipped. A
   // column that the window hides stays hidden; captions are the window's.
   void ApplyLayout(const GridLayout& layout);
   void SetColumnPosition(const QString& key, int position);  // from the left, counted from 0
+  // One place among the columns that are seen, to the left or to the right.
+  void MoveColumn(const QString& key, bool right);
   void SetAlignment(const QString& key, GridAlignment alignment);
   GridAlignment AlignmentOf(const QString& key) const;
   // The rows take the height that the wrapped texts of those that are shown need, within bounds; all rows
@@ -86,6 +91,9 @@ class DataGrid : public QTableView {
   QString CopySelection(const QString& cellSeparator, const QString& rowSeparator,
                         const Progress& progress = {}) const;
 
+  // Where the next new row begins when the one before is left for it; without it where the user stands.
+  void SetNewRowKey(const QString& key) { newRowKey_ = key; }
+
   // Files may be dropped on rows; at first they may not.
   void SetAcceptsFiles(bool accepts);
 
@@ -93,6 +101,8 @@ class DataGrid : public QTableView {
   std::function<void()> OnEnter;
   // Ctrl+C; without it the selection is copied with tabs between the cells, as spreadsheets take it.
   std::function<void()> OnCopy;
+  // Whether a file can be dropped; files of which none can are not taken. Without it all can.
+  std::function<bool(const QString& path)> TakesFile;
 
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
@@ -122,6 +132,7 @@ class DataGrid : public QTableView {
   void reset() override;
 
  protected Q_SLOTS:
+  void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -147,6 +158,7 @@ class DataGrid : public QTableView {
 
  private:
   struct Place {
+    int row;
     qint64 bookmark;
     QString key;
   };
@@ -166,14 +178,21 @@ class DataGrid : public QTableView {
   bool Leave(bool tellsAgain);
   void GoToRefused();
   bool OpenList();
+  void PopUpMenu(Qt::KeyboardModifiers modifiers);
+  void PasteFromClipboard();
+  void TakeAndGoDown();
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);
   bool MayDragTo(int row, const QMouseEvent& event);
   Place CurrentPlace() const;
   void ReturnTo(const Place& place);
   bool IsFirstValue(int column) const;
+  int FirstTyped() const;
   QModelIndex NextCell(int step);
   QModelIndex NeighbourCell(int step) const;
+  QModelIndex CellFor(CursorAction action, Qt::KeyboardModifiers modifiers);
+  bool LeavesGrid(bool next) const;
+  bool TakesOneOf(const QStringList& files) const;
   QList<int> CopiedColumns() const;
   QString KeyOf(int column) const;
   QPoint Own(const QPoint& viewportPosition) const;
@@ -182,10 +201,12 @@ class DataGrid : public QTableView {
   RecordsetModel rows_;
   WidgetGridDelegate* delegate_;
   WidgetRowHeader* rowHeader_;
+  WidgetClickEdit* clickEdit_;
   WidgetRowDrag* rowDrag_;
   QTimer refresh_;
   bool arranging_ = false;
-  bool leaving_ = false;
+  QString newRowKey_;
+  bool leaving_ = false;  // a row, or a cell is being taken over: a box may be up
   bool hadFocus_ = false;
   bool stays_ = false;  // the press that is held down could not leave the row in edit
   bool allowDelete_ = true;

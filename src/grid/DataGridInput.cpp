@@ -1,10 +1,8 @@
-// What the user does in a grid: keys, the mouse, editors, and how a row is left.
+// What the user does in a grid by keys and in its editors, and how a row is left.
 #include <QApplication>
 #include <QClipboard>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
@@ -12,6 +10,7 @@
 #include "base/Language.h"
 #include "base/WidgetProgressBox.h"
 #include "grid/DataGrid.h"
+#include "grid/WidgetClickEdit.h"
 #include "grid/WidgetGridDelegate.h"
 #include "grid/WidgetRowDrag.h"
 #include "grid/WidgetRowHeader.h"
@@ -22,18 +21,7 @@ namespace {
 // From here on a copy shows how far it is.
 constexpr int RowsCopiedAtOnce = 5000;
 
-QStringList FilesOf(const QMimeData& data) {
-  QStringList paths;
-  for (const QUrl& url : data.urls())
-    if (url.isLocalFile()) paths += QDir::toNativeSeparators(url.toLocalFile());
-  return paths;
-}
-
 }  // namespace
-
-QPoint DataGrid::Own(const QPoint& viewportPosition) const {
-  return viewport()->mapTo(this, viewportPosition);
-}
 
 bool DataGrid::LeaveRow() { return Leave(false); }
 
@@ -66,6 +54,13 @@ bool DataGrid::CloseEditor(bool tellsAgain) {
   return delegate_->Editor() == nullptr;
 }
 
+// A cell that takes over what was typed may bring a box. Until it is answered nothing else leaves the row or
+// puts other rows in its place: Qt holds the editor meanwhile.
+void DataGrid::commitData(QWidget* editor) {
+  const QScopedValueRollback<bool> leaving(leaving_, true);
+  QTableView::commitData(editor);
+}
+
 bool DataGrid::MayGoTo(int row) {
   if (delegate_->Editor() == nullptr && (rows_.EditRow() < 0 || rows_.EditRow() == row)) return true;
   if (row == CurrentRow()) return CloseEditor();
@@ -77,13 +72,19 @@ void DataGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
   const bool undone = hint == QAbstractItemDelegate::RevertModelCache;
   if (delegate_->Editor() == editor && delegate_->IsRefused() && !undone) {
     QMetaObject::invokeMethod(
-        editor, [editor] { editor->setFocus(); }, Qt::QueuedConnection);
+        editor,
+        [this, editor] {
+          if (delegate_->Editor() == editor) editor->setFocus();
+        },
+        Qt::QueuedConnection);
     return;
   }
   if (delegate_->Editor() == editor) delegate_->Forget();
-  const bool moves =
-      hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
-  QTableView::closeEditor(editor, moves ? hint : QAbstractItemDelegate::NoHint);
+  const bool next = hint == QAbstractItemDelegate::EditNextItem;
+  const bool moves = next || hint == QAbstractItemDelegate::EditPreviousItem;
+  const bool leaves = moves && LeavesGrid(next);
+  QTableView::closeEditor(editor, moves && !leaves ? hint : QAbstractItemDelegate::NoHint);
+  if (leaves) QWidget::focusNextPrevChild(next);
 }
 
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -93,6 +94,7 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QMetaObject::invokeMethod(
         this,
         [this, column = previous.column()] {
+          if (rows_.EditRow() < 0) return;
           setCurrentIndex(rows_.index(rows_.EditRow(), column));
           GoToRefused();
         },
@@ -174,14 +176,37 @@ QModelIndex DataGrid::NextCell(int step) {
   return next.isValid() ? next : currentIndex();
 }
 
-// Down from a new row leads to the next new one as well.
+// Where the first text or number of a row stands; -1 where there is none.
+int DataGrid::FirstTyped() const {
+  for (int place = 0; place < rows_.columnCount(); ++place) {
+    const int column = horizontalHeader()->logicalIndex(place);
+    const GridColumn& description = rows_.Column(column);
+    if (description.bound && !description.readOnly && description.kind != ColumnKind::Boolean &&
+        !isColumnHidden(column))
+      return column;
+  }
+  return -1;
+}
+
+QModelIndex DataGrid::CellFor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action == MoveNext) return NextCell(1);
+  if (action == MovePrevious) return NextCell(-1);
+  const QModelIndex cell = QTableView::moveCursor(action, modifiers);
+  const int typed = action == MoveHome ? FirstTyped() : -1;
+  return typed >= 0 ? cell.siblingAtColumn(typed) : cell;
+}
+
+// Down from a new row leads to the next new one as well. Where it is left for that one the column is chosen
+// here, in the same event: what is typed next must not go elsewhere.
 QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-  if (action == MoveDown && rows_.StateOf(CurrentRow()) == RowState::Added && !LeaveRow())
-    return currentIndex();
-  const QModelIndex cell = action == MoveNext       ? NextCell(1)
-                           : action == MovePrevious ? NextCell(-1)
-                                                    : QTableView::moveCursor(action, modifiers);
-  return !cell.isValid() || MayGoTo(cell.row()) ? cell : currentIndex();
+  const bool onwards = rows_.IsAddNewRow(CurrentRow()) && (action == MoveDown || action == MoveNext);
+  if (onwards && !CloseEditor()) return currentIndex();
+  const bool added = onwards && rows_.StateOf(CurrentRow()) == RowState::Added;
+  if (added && action == MoveDown && !LeaveRow()) return currentIndex();
+  const QModelIndex cell = CellFor(action, modifiers);
+  if (cell.isValid() && !MayGoTo(cell.row())) return currentIndex();
+  const int start = added && rows_.StateOf(cell.row()) == RowState::AddNew ? rows_.ColumnOf(newRowKey_) : -1;
+  return start >= 0 && !isColumnHidden(start) ? cell.siblingAtColumn(start) : cell;
 }
 
 // Ctrl+Home and Ctrl+End take the selection along, which the base leaves where it can no longer be seen.
@@ -198,15 +223,21 @@ QItemSelectionModel::SelectionFlags DataGrid::selectionCommand(const QModelIndex
   return QTableView::selectionCommand(index, event);
 }
 
-// Tab leaves the grid behind its last cell, and before its first.
-bool DataGrid::focusNextPrevChild(bool next) {
-  const bool goesOn =
-      NeighbourCell(next ? 1 : -1).isValid() || (next && rows_.StateOf(CurrentRow()) == RowState::Added);
-  return goesOn ? QTableView::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
+// Behind the last cell, and before the first.
+bool DataGrid::LeavesGrid(bool next) const {
+  return !NeighbourCell(next ? 1 : -1).isValid() && !(next && rows_.StateOf(CurrentRow()) == RowState::Added);
 }
+
+bool DataGrid::focusNextPrevChild(bool next) {
+  return LeavesGrid(next) ? QWidget::focusNextPrevChild(next) : QTableView::focusNextPrevChild(next);
+}
+
+// The cell takes over what was typed in the same event, so that what is typed next goes to the next one.
+void DataGrid::TakeAndGoDown() { setCurrentIndex(moveCursor(MoveDown, Qt::NoModifier)); }
 
 void DataGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return OnCopy ? OnCopy() : CopyToClipboard();
+  if (event->matches(QKeySequence::Paste)) return PasteFromClipboard();
   switch (event->key()) {
     case Qt::Key_Escape:
       if (rowDrag_->IsDragging()) return rowDrag_->Cancel();
@@ -220,6 +251,9 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
       DeleteSelected();
       return;
+    case Qt::Key_F10:
+      if (event->modifiers().testFlag(Qt::ShiftModifier)) return PopUpMenu(event->modifiers());
+      break;
     case Qt::Key_F4:
       if (OpenList()) return;
       break;
@@ -253,15 +287,40 @@ void DataGrid::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 bool DataGrid::DeleteSelected() {
-  if (!allowDelete_) return false;
   QList<int> rows = SelectedRows();
-  if (rows.isEmpty() && CurrentRow() >= 0 && !rows_.IsAddNewRow(CurrentRow())) rows = {CurrentRow()};
-  if (rows.isEmpty()) return false;
+  if (!allowDelete_ || rows.isEmpty() || rows_.IsAddNewRow(CurrentRow())) return false;
   const int first = rows.first();
   const QString key = CurrentKey();
   if (!rows_.DeleteRows(std::move(rows))) return false;
   GoTo(std::min(first, rows_.rowCount() - 1), key);
   return true;
+}
+
+// As the menu key does: Qt knows that one alone.
+void DataGrid::PopUpMenu(Qt::KeyboardModifiers modifiers) {
+  QWidget* editor = delegate_->Editor();
+  QWidget& asked = editor != nullptr ? *editor : *this;
+  const QPoint middle = asked.rect().center();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, middle, asked.mapToGlobal(middle),
+                         modifiers & ~Qt::KeyboardModifiers(Qt::ShiftModifier));
+  QCoreApplication::sendEvent(&asked, &menu);
+}
+
+// Into the current cell, as if it were typed there: what refuses a typed text refuses this one. Spreadsheets
+// put a line break behind the text of a cell.
+void DataGrid::PasteFromClipboard() {
+  QString text = QApplication::clipboard()->text();
+  if (text.endsWith(u'\n')) text.chop(text.endsWith(u"\r\n"_qs) ? 2 : 1);
+  if (text.isEmpty() || !currentIndex().flags().testFlag(Qt::ItemIsEditable)) return;
+  if (text.contains(u'\t')) {
+    Q_EMIT RowFailed(
+        EitherLanguage(u"Negli appunti ci sono più celle. Copiare il testo di una cella sola."_qs,
+                       u"There are several cells on the clipboard. Copy the text of a single cell."_qs));
+    return;
+  }
+  edit(currentIndex());
+  delegate_->TypeOver(text);
+  CloseEditor();
 }
 
 void DataGrid::CopyToClipboard() {
@@ -277,88 +336,13 @@ void DataGrid::CopyToClipboard() {
   if (!text.isEmpty()) QApplication::clipboard()->setText(text);
 }
 
-void DataGrid::mousePressEvent(QMouseEvent* event) {
-  const QPoint position = event->pos();
-  const QModelIndex cell = indexAt(position);
-  stays_ = cell.isValid() && !MayGoTo(cell.row());
-  if (stays_) return rowDrag_->Cancel();
-  const QPersistentModelIndex kept = cell;
-  // A click on one of several selected rows selects that one alone.
-  setEditTriggers(editTriggers().setFlag(SelectedClicked, SelectedCount() <= 1));
-  QTableView::mousePressEvent(event);
-  Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
-}
-
-// A selection that is dragged beyond the row in edit leaves it.
-bool DataGrid::MayDragTo(int row, const QMouseEvent& event) {
-  if (row < 0 || !(event.buttons() & Qt::LeftButton)) return true;
-  if (!stays_) stays_ = !MayGoTo(row);
-  return !stays_;
-}
-
-void DataGrid::mouseMoveEvent(QMouseEvent* event) {
-  const QModelIndex cell = indexAt(event->pos());
-  Q_EMIT CellHovered(cell.row(), KeyOf(cell.column()), Own(event->pos()));
-  if (MayDragTo(cell.row(), *event)) QTableView::mouseMoveEvent(event);
-}
-
-void DataGrid::leaveEvent(QEvent* event) {
-  Q_EMIT CellHovered(-1, {}, mapFromGlobal(QCursor::pos()));
-  QTableView::leaveEvent(event);
-}
-
-void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (stays_) return;
-  const QModelIndex cell = indexAt(event->pos());
-  QTableView::mouseDoubleClickEvent(event);
-  if (event->button() == Qt::LeftButton) Q_EMIT DoubleClicked(cell.row(), KeyOf(cell.column()));
-}
-
-void DataGrid::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }
-
-void DataGrid::dragMoveEvent(QDragMoveEvent* event) {
-  if (FilesOf(*event->mimeData()).isEmpty()) return event->ignore();
-  const int row = rowAt(event->position().toPoint().y());
-  event->setDropAction(Qt::CopyAction);
-  event->setAccepted(row >= 0 && !rows_.IsAddNewRow(row));
-  if (event->isAccepted()) Q_EMIT FilesOver(row);
-}
-
-void DataGrid::dropEvent(QDropEvent* event) {
-  const QStringList paths = FilesOf(*event->mimeData());
-  const int row = rowAt(event->position().toPoint().y());
-  if (paths.isEmpty() || row < 0 || rows_.IsAddNewRow(row) || !LeaveRow()) return event->ignore();
-  event->setDropAction(Qt::CopyAction);
-  event->accept();
-  Q_EMIT FilesDropped(row, paths);
-}
-
 bool DataGrid::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) clickEdit_->Forget();
   const bool handled = QTableView::event(event);
   if (event->type() == QEvent::WindowActivate) Refresh();
   if (event->type() == QEvent::PaletteChange) TakePalette();
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) TakeFont();
   return handled;
-}
-
-// The column header's presses; a row is left before the strip selects another.
-bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress) {
-    const auto& press = *static_cast<QMouseEvent*>(event);
-    if (watched == horizontalHeader()->viewport()) {
-      const QString key = KeyOf(horizontalHeader()->logicalIndexAt(press.pos()));
-      Q_EMIT HeaderPressed(key, press.button(), horizontalHeader()->mapTo(this, press.pos()));
-    } else if (watched == rowHeader_->viewport()) {
-      const int row = rowAt(press.pos().y());
-      stays_ = row >= 0 && !MayGoTo(row);
-      if (stays_) return true;
-    }
-  }
-  if (event->type() == QEvent::MouseMove && watched == rowHeader_->viewport()) {
-    const auto& move = *static_cast<QMouseEvent*>(event);
-    if (!MayDragTo(rowAt(move.pos().y()), move)) return true;
-  }
-  return QTableView::eventFilter(watched, event);
 }
 
 }  // namespace vorlina

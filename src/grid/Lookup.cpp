@@ -11,6 +11,7 @@ namespace {
 QCollator LocaleCollator() {
   QCollator collator;
   collator.setCaseSensitivity(Qt::CaseInsensitive);
+  collator.setNumericMode(true);
   return collator;
 }
 

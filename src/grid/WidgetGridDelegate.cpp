@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QToolTip>
 #include <limits>
 
 #include "base/Helpers.h"
@@ -25,6 +26,12 @@ QLineEdit* MakeLine(QWidget* parent, const GridColumn& column) {
   line->setFrame(false);
   line->setAlignment(column.alignment);
   return line;
+}
+
+bool IsEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 void PaintFrame(QPainter& painter, const QStyleOptionViewItem& cell) {
@@ -107,6 +114,10 @@ void WidgetGridDelegate::ShowList() {
 
 bool WidgetGridDelegate::eventFilter(QObject* watched, QEvent* event) {
   if (const auto* list = qobject_cast<QAbstractItemView*>(watched)) return FilterList(*list, *event);
+  if (watched == editor_ && IsEnter(*event)) {
+    if (OnEnter) OnEnter();
+    return true;
+  }
   auto* combo = qobject_cast<QComboBox*>(watched);
   if (combo != nullptr && FilterDropDown(*combo, *event)) return true;
   return QStyledItemDelegate::eventFilter(watched, event);
@@ -156,13 +167,33 @@ void WidgetGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index
 }
 
 void WidgetGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
-  QLineEdit* line = LineOf(editor);
-  const auto* combo = qobject_cast<QComboBox*>(editor);
-  const bool changed = line->isModified() || (combo != nullptr && line->text() != index.data().toString());
+  // A box may have been up when the text is taken, and neither need be there behind it.
+  const QPointer<QLineEdit> line = LineOf(editor);
+  const QPersistentModelIndex cell = index;
+  const bool lookup = qobject_cast<QComboBox*>(editor) != nullptr;
+  const bool changed = line->isModified() || (lookup && line->text() != index.data().toString());
   refused_ = changed && !rows_.SetText(index, line->text());
   // A row that has gone meanwhile cannot take anything: its editor is not held open.
-  if (refused_ && rows_.StateOf(index.row()) == RowState::Deleted) refused_ = false;
-  if (!refused_) line->setModified(false);
+  if (refused_ && (!cell.isValid() || rows_.StateOf(cell.row()) == RowState::Deleted)) refused_ = false;
+  if (!refused_ && line != nullptr) line->setModified(false);
+}
+
+void WidgetGridDelegate::TypeOver(const QString& text) const {
+  if (editor_ == nullptr) return;
+  QLineEdit* line = LineOf(editor_);
+  line->selectAll();
+  line->insert(text);
+}
+
+bool WidgetGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                   const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip || !index.isValid() || !rows_.Column(index.column()).bound)
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  const QSize whole = sizeHint(option, index);
+  const bool cut = whole.width() > option.rect.width() || whole.height() > option.rect.height();
+  QToolTip::showText(event->globalPos(), cut ? PlainToolTip(index.data().toString()) : QString(),
+                     view->viewport(), option.rect);
+  return true;
 }
 
 void WidgetGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QStyledItemDelegate>
+#include <functional>
 
 #include "grid/DataGrid.h"
 
@@ -23,6 +24,10 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   void Forget() { editor_ = nullptr; }
   // Opens the list of the drop-down that is open, at the text that is typed there.
   void ShowList();
+  // Types a text over what stands in the open editor.
+  void TypeOver(const QString& text) const;
+  // Enter in the open editor, which goes no further.
+  std::function<void()> OnEnter;
   // Whether the cell has refused what was typed last.
   bool IsRefused() const { return refused_; }
 
@@ -33,6 +38,9 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const override;
+  // The whole text of a cell that shows a part of it.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -54,7 +54,7 @@ bool WidgetRowDrag::Move(const QMouseEvent& event) {
   if (phase_ == Phase::None || !(event.buttons() & Qt::LeftButton)) return false;
   const bool far = (event.pos() - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (phase_ == Phase::Pressed && far) Start();
-  if (IsDragging()) Follow(event.pos().y());
+  if (IsDragging()) Follow(event);
   return true;
 }
 
@@ -76,8 +76,12 @@ bool WidgetRowDrag::Release(const QMouseEvent& event) {
     if (onHeader_) Q_EMIT HeaderClicked(pressedRow_);
     return onHeader_;
   }
-  Follow(event.pos().y());
-  Q_EMIT Dropped(End());
+  Follow(event);
+  const int row = End();
+  if (beside_)
+    Q_EMIT Cancelled();
+  else
+    Q_EMIT Dropped(row);
   return true;
 }
 
@@ -101,11 +105,17 @@ bool WidgetRowDrag::IsAddNew(int row) const {
   return state == int(RowState::AddNew) || state == int(RowState::Added);
 }
 
-void WidgetRowDrag::Follow(int y) {
-  y_ = y;
-  int row = grid_.rowAt(qBound(0, y, grid_.viewport()->height() - 1));
+void WidgetRowDrag::Follow(const QMouseEvent& event) {
+  y_ = event.pos().y();
+  beside_ = !grid_.rect().contains(grid_.mapFromGlobal(event.globalPosition().toPoint()));
+  Mark();
+}
+
+void WidgetRowDrag::Mark() {
+  int row = grid_.rowAt(qBound(0, y_, grid_.viewport()->height() - 1));
   if (row < 0) row = grid_.model()->rowCount() - 1;
   if (row >= 0 && IsAddNew(row)) --row;
+  if (beside_) row = -1;
   if (row == row_) return;
   row_ = row;
   Q_EMIT Moved(row);
@@ -119,7 +129,7 @@ void WidgetRowDrag::Scroll() {
   if (beyond == 0) return;
   QScrollBar& bar = *grid_.verticalScrollBar();
   bar.setValue(bar.value() + beyond);
-  Follow(y_);
+  Mark();
 }
 
 }  // namespace vorlina

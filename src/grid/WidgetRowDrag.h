@@ -24,7 +24,7 @@ class WidgetRowDrag : public QObject {
 
  Q_SIGNALS:
   // Above the rows it is the first one that is seen, below them, or on the add-new row, the last one. Row -1:
-  // there is none.
+  // there is none, or the pointer is beside the grid, where a drop cancels.
   void Started();
   void Moved(int row);
   void Dropped(int row);
@@ -42,7 +42,8 @@ class WidgetRowDrag : public QObject {
   bool Move(const QMouseEvent& event);
   bool Release(const QMouseEvent& event);
   bool IsAddNew(int row) const;
-  void Follow(int y);
+  void Follow(const QMouseEvent& event);
+  void Mark();
   void Scroll();
   void Start();
   int End();
@@ -53,6 +54,7 @@ class WidgetRowDrag : public QObject {
   Phase phase_ = Phase::None;
   int pressedRow_ = -1;
   bool onHeader_ = false;
+  bool beside_ = false;
   int y_ = 0;
   int row_ = -1;
 };

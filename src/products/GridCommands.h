@@ -44,11 +44,22 @@ inline constexpr std::array<ToolbarCommand, 9> GridToolbar{{
     {u"cmdHelp", {u"    Aiuto", u"    Help"}, {u"Aiuto", u"Help"}, u"help", u"F1"},
 }};
 
-// The entries of the menu over the rows.
-inline constexpr std::array<MenuCommand, 3> GridMenu{{
+// The entries of the menu over the rows. Rows do not move by arrows: with Ctrl they select to the end, with
+// Alt they open a list, and window managers take others.
+inline constexpr std::array<MenuCommand, 6> GridMenu{{
     {u"mnuCopia", {u"Copia", u"Copy"}},
     {u"mnuOrdinePubbl", {u"Imposta ordine di pubblicazione", u"Change publishing order"}},
     {u"mnuResizeCol", {u"Ripristina larghezza colonne", u"Restore columns width"}},
+    {u"mnuSpostaSu", {u"Sposta righe in su", u"Move rows up"}, u"Ctrl+Shift+PgUp"},
+    {u"mnuSpostaGiu", {u"Sposta righe in giù", u"Move rows down"}, u"Ctrl+Shift+PgDown"},
+    {u"mnuAggiorna", {u"Aggiorna", u"Refresh"}, u"F5"},
+}};
+
+// The entries of the menu over a column's head beside those that say how its texts stand.
+inline constexpr std::array<MenuCommand, 3> ColumnMenu{{
+    {u"mnuOrdina", {u"Ordina", u"Sort"}, u"Ctrl+Shift+O"},
+    {u"mnuSpostaSinistra", {u"Sposta a sinistra", u"Move left"}, u"Ctrl+Shift+Left"},
+    {u"mnuSpostaDestra", {u"Sposta a destra", u"Move right"}, u"Ctrl+Shift+Right"},
 }};
 
 // The entries of the menu over a column's head that say how its texts stand, in the order of GridAlignment.

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLoggingCategory>
 #include <QMenu>
@@ -41,12 +42,16 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
   grdProducts->setEditTriggers(grdProducts->editTriggers() | QAbstractItemView::DoubleClicked);
+  grdProducts->horizontalHeader()->setMinimumSectionSize(PictureWidth);
   handlers_ = {
       {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
       {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
       {u"mnuCopia"_qs, [this] { mnuCopia_Click(); }},
       {u"mnuOrdinePubbl"_qs, [this] { mnuOrdinePubbl_Click(); }},
       {u"mnuResizeCol"_qs, [this] { mnuResizeCol_Click(); }},
+      {u"mnuSpostaSu"_qs, [this] { MoveRows(false); }},
+      {u"mnuSpostaGiu"_qs, [this] { MoveRows(true); }},
+      {u"mnuAggiorna"_qs, [this] { mnuAggiorna_Click(); }},
   };
   editing_ = std::make_unique<ProductEditing>(grdProducts->Rows(), this);
   preview_ = new WidgetGridPreview(*grdProducts);
@@ -85,12 +90,11 @@ void frmEditCatalog::MakeToolbar() {
 void frmEditCatalog::MakeMenus() {
   mnuGriglia = new QMenu(u"Griglia"_qs, this);
   mnuGriglia->setObjectName(u"mnuGriglia"_qs);
-  for (const MenuCommand& command : GridMenu) {
-    const QString key = Text(command.key);
-    QAction* entry = mnuGriglia->addAction(Text(command.caption.italian), this, [this, key] { Run(key); });
-    entry->setObjectName(key);
-  }
+  for (const MenuCommand& command : GridMenu)
+    connect(AddCommand(*mnuGriglia, command, *grdProducts), &QAction::triggered, this,
+            [this, key = Text(command.key)] { Run(key); });
   mnuColonna = new WidgetColumnMenu(*grdProducts);
+  mnuColonna->OnSort = [this](const QString& key) { ToggleSort(key, grdProducts->SortOf(key)); };
 }
 
 void frmEditCatalog::Run(const QString& key) {
@@ -152,8 +156,7 @@ void frmEditCatalog::Localize_Form() {
   grdProducts->setAccessibleName(u"Products"_qs);
   LocalizeCommands(*this, GridToolbar);
   mnuGriglia->setTitle(u"Grid"_qs);
-  for (const MenuCommand& command : GridMenu)
-    mnuGriglia->findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
+  LocalizeCommands(*mnuGriglia, GridMenu);
   mnuColonna->Localize();
 }
 
@@ -218,12 +221,10 @@ void frmEditCatalog::DecorateColumns(std::vector<GridColumn>& columns) const {
 void frmEditCatalog::PlacePictureColumns() {
   grdProducts->SetColumnPosition(u"Scheda"_qs, 0);
   grdProducts->SetColumnPosition(u"Immagine"_qs, 1);
-  for (const int column : {ProductColumn::SchedaPicture, ProductColumn::ImmaginePicture})
-    grdProducts->setColumnWidth(column, PictureWidth);
   if (Caricamento) grdProducts->setColumnWidth(ProductColumn::Descrizione, DescriptionWidth);
 }
 
-// A drop-down's texts always stand at the left.
+// A drop-down's texts always stand at the left, and the columns of pictures have one width.
 void frmEditCatalog::ArrangeGrid(bool keepLayout) {
   if (!LayoutGriglia.isEmpty() && keepLayout)
     grdProducts->ApplyLayout(ParseLayout(LayoutGriglia));
@@ -231,6 +232,8 @@ void frmEditCatalog::ArrangeGrid(bool keepLayout) {
     LoadLayoutFile();
   for (const NamedField& filter : fields_.filters)
     if (filter.inUse) grdProducts->SetAlignment(filter.key, GridAlignment::Left);
+  for (const int column : {ProductColumn::SchedaPicture, ProductColumn::ImmaginePicture})
+    grdProducts->setColumnWidth(column, PictureWidth);
 }
 
 QString frmEditCatalog::LayoutFile() const { return AppFile(u"Layouts/%1.lyt"_qs.arg(IDCatalogo)); }
@@ -275,6 +278,7 @@ void frmEditCatalog::ShowCounts() {
 
 bool frmEditCatalog::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && Connessione != nullptr) editing_->RefreshFilterValues();
+  if (event->type() == QEvent::WindowUnblocked) DropHeldFiles();
   return QMainWindow::event(event);
 }
 

@@ -98,6 +98,7 @@ class frmEditCatalog : public QMainWindow {
   void PopUpGridMenu(const QPoint& position);
   void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
   void DropFilesOn(int row, const QStringList& files);
+  void DropHeldFiles();
   void DropFiles(int catalog, const QString& code, const QStringList& files);
 
   void ToggleSort(const QString& key, SortDirection present);
@@ -106,9 +107,11 @@ class frmEditCatalog : public QMainWindow {
   // Throws Error.
   bool MoveSelectedTo(int row);
   void SortByOrder();
+  void MoveRows(bool down);
   void mnuOrdinePubbl_Click();
   void mnuCopia_Click();
   void mnuResizeCol_Click();
+  void mnuAggiorna_Click();
   void ShowCounts();
   void cmdDelete_Click();
   void cmdImmagini_Click();
@@ -128,8 +131,9 @@ class frmEditCatalog : public QMainWindow {
   ProductGridFields fields_;
   int IDCatalogo = 0;
   bool Caricamento = false;
-  std::optional<QStringList> refusals_;  // while the window is closing
-  bool busy_ = false;                    // with what must not lose its connection, while events come through
+  std::optional<QStringList> refusals_;           // while the window is closing
+  std::vector<std::function<void()>> heldDrops_;  // until no box is up
+  bool busy_ = false;  // with what must not lose its connection, while events come through
 };
 
 }  // namespace vorlina

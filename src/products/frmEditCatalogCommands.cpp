@@ -42,11 +42,7 @@ void frmEditCatalog::ConnectGrid() {
   connect(grdProducts, &DataGrid::SelectedRowsChanged, this, counts);
   connect(grdProducts, &DataGrid::RowFailed, this, [this](const QString& text) { Refuse(text); });
   connect(editing_.get(), &ProductEditing::Refused, this, [this](const QString& text) { Refuse(text); });
-  // The grid is still leaving the row: where it stands is settled behind it. By then the window may be
-  // closed.
-  connect(
-      &rows, &RecordsetModel::RowInserted, this,
-      [this] { grdProducts->GoTo(grdProducts->CurrentRow(), CodeColumn); }, Qt::QueuedConnection);
+  grdProducts->SetNewRowKey(CodeColumn);
   connect(grdProducts, &DataGrid::CurrentCellChanged, this, [this](int row, const QString& key) {
     preview_->Hide();
     if (key == CodeColumn && grdProducts->Rows().StateOf(row) == RowState::AddNew)
@@ -67,6 +63,7 @@ void frmEditCatalog::ConnectGrid() {
     });
   });
   grdProducts->SetAcceptsFiles(true);
+  grdProducts->TakesFile = &PictureDrop::IsPicture;
   // The row is selected only: to go there could bring a message for each move of the drag.
   connect(grdProducts, &DataGrid::FilesOver, this, [this](int row) {
     grdProducts->selectionModel()->select(grdProducts->Rows().index(row, 0),
@@ -148,6 +145,24 @@ void frmEditCatalog::SortByOrder() {
                         QAbstractItemView::PositionAtTop);
 }
 
+// As a drop of the selected rows on the one above or below them; they stay selected, to be moved on.
+void frmEditCatalog::MoveRows(bool down) {
+  if (!grdProducts->LeaveRow()) return;
+  const RecordsetModel& rows = grdProducts->Rows();
+  const QList<int> selected = grdProducts->SelectedRows();
+  if (selected.isEmpty()) return;
+  const int target = down ? selected.last() + 1 : selected.first() - 1;
+  if (target < 0 || target >= rows.RecordCount()) return;
+  const qint64 first = rows.BookmarkOf(selected.first());
+  const qint64 last = rows.BookmarkOf(selected.last());
+  if (!MoveSelectedTo(target)) return;
+  const auto [top, bottom] = std::minmax({rows.RowOf(first), rows.RowOf(last)});
+  if (top < 0 || bottom - top + 1 != selected.size()) return;
+  grdProducts->selectionModel()->select(QItemSelection(rows.index(top, 0), rows.index(bottom, 0)),
+                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  grdProducts->scrollTo(rows.index(down ? bottom : top, grdProducts->currentIndex().column()));
+}
+
 void frmEditCatalog::mnuOrdinePubbl_Click() {
   if (!grdProducts->LeaveRow()) return;
   const WaitCursor wait;
@@ -170,6 +185,14 @@ void frmEditCatalog::mnuCopia_Click() {
 void frmEditCatalog::mnuResizeCol_Click() {
   for (int column = 0; column < ProductColumn::BoundCount; ++column)
     grdProducts->setColumnWidth(column, RestoredWidth);
+}
+
+// What other windows and programs have written since: rows that came or went, and values of the filters.
+void frmEditCatalog::mnuAggiorna_Click() {
+  if (!grdProducts->LeaveRow()) return;
+  const WaitCursor wait;
+  editing_->RefreshFilterValues();
+  if (grdProducts->Reload()) editing_->OfferDefaults();
 }
 
 void frmEditCatalog::cmdDelete_Click() {
@@ -204,8 +227,17 @@ void frmEditCatalog::DropFilesOn(int row, const QStringList& files) {
       this, [=, this] { DropFiles(catalog, code, files); }, Qt::QueuedConnection);
 }
 
-// What could not be taken is told at the end, in one box.
+// Behind what the box still has to bring to its end.
+void frmEditCatalog::DropHeldFiles() {
+  for (const std::function<void()>& drop : std::exchange(heldDrops_, {}))
+    QMetaObject::invokeMethod(this, drop, Qt::QueuedConnection);
+}
+
+// What could not be taken is told at the end, in one box. A box that came up meanwhile may be asking about a
+// cell: the grid is not filled anew under it.
 void frmEditCatalog::DropFiles(int catalog, const QString& code, const QStringList& files) {
+  if (QApplication::activeModalWidget() != nullptr)
+    return heldDrops_.push_back([=, this] { DropFiles(catalog, code, files); });
   if (busy_ || Connessione == nullptr) return;
   const QScopedValueRollback<bool> busy(busy_, true);
   const auto ask = [this](const QString& file) {

@@ -141,6 +141,7 @@ void RegisterSqlExtensions(SQLite::Database& database) {
         sqlite3_create_collation_v2(handle, "VORLINA_TEXT", SQLITE_UTF8, nullptr, CompareText, nullptr));
   auto collator = std::make_unique<QCollator>();
   collator->setCaseSensitivity(Qt::CaseInsensitive);
+  collator->setNumericMode(true);
   Check(database, sqlite3_create_collation_v2(handle, "VORLINA_LOCALE", SQLITE_UTF8, collator.release(),
                                               CompareByLocale,
                                               [](void* object) { delete static_cast<QCollator*>(object); }));

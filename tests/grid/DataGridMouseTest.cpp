@@ -1,9 +1,13 @@
 // What a grid does apart from editing: selection, order, layout, what is dragged and copied, and many rows.
 #include <QClipboard>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QToolTip>
 
+#include "base/Helpers.h"
 #include "grid/ShownGrid.h"
+#include "support/ScriptedDialogs.h"
 
 using namespace vorlina;
 
@@ -97,6 +101,7 @@ TEST_F(ShownGrid, TellsWhereItIsClicked) {
   Click(head);
   Click(head, {}, Qt::RightButton);
   EXPECT_EQ(told, (QStringList{u"header 1 Note"_qs, u"click 2 Note"_qs, u"header 2 Note"_qs}));
+  EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder) << "the arrow does not turn by itself";
   int enters = 0;
   grid_->OnEnter = [&] { ++enters; };
   grid_->setFocus();
@@ -200,6 +205,11 @@ TEST_F(ShownGrid, SelectedRowsAreDragged) {
     EXPECT_EQ(told.last(), u"drop 4"_qs);
   }
 
+  told.clear();
+  DragTo(StripOf(1), other_->geometry().center());
+  Release(other_->geometry().center());
+  EXPECT_EQ(told.last(), u"cancel"_qs) << "beside the grid nothing is dropped";
+
   Click(StripOf(2));
   EXPECT_EQ(Listed(grid_->SelectedRows()), u"2"_qs) << "a click in the strip selects the row alone";
   told.clear();
@@ -256,10 +266,36 @@ TEST_F(ShownGrid, TakesFilesOnRows) {
   EXPECT_EQ(told.first(), u"over 2"_qs);
   EXPECT_FALSE(drop(2, {QUrl(u"https://example.org/x.jpg"_qs)}));
   EXPECT_FALSE(drop(5, {one})) << "the add-new row";
+  grid_->TakesFile = [](const QString& path) { return path.endsWith(u".JPG"); };
+  EXPECT_FALSE(drop(2, {one}));
+  EXPECT_TRUE(drop(2, {one, two}));
+  QDialog box;
+  box.setObjectName(u"box"_qs);
+  UnexpectedModalGuard::allowed = QStringList{box.objectName()};
+  box.setModal(true);
+  box.show();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+  EXPECT_FALSE(drop(2, {two})) << "not under a box";
+  box.close();
+  UnexpectedModalGuard::allowed.clear();
+  window_.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+  grid_->setFocus();
   Type(u"Ada"_qs);
-  EXPECT_FALSE(drop(2, {one})) << "the row in edit cannot be left";
+  EXPECT_FALSE(drop(2, {two})) << "the row in edit cannot be left";
   EXPECT_EQ(failures_.size(), 1);
   EXPECT_EQ(told.filter(u"drop"_qs), QStringList());
+}
+
+TEST_F(ShownGrid, ACutTextIsWholeInItsToolTip) {
+  connection_.Execute(u"UPDATE People SET Note='<b>'||hex(zeroblob(90)) WHERE Name='Ada'"_qs);
+  Row().Refresh();
+  for (const int row : {0, 1}) {
+    const QPoint at = grid_->visualRect(Row().index(row, Row().ColumnOf(u"Note"_qs))).center();
+    QHelpEvent help(QEvent::ToolTip, at, grid_->viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(grid_->viewport(), &help);
+    EXPECT_EQ(QToolTip::text(), row == 1 ? PlainToolTip(Shown(1, u"Note"_qs)) : QString());
+  }
 }
 
 TEST_F(ShownGrid, OneHeightForAllRows) {

@@ -1,4 +1,6 @@
 // Editing in a grid: cells, rows, and how a row is left.
+#include <QClipboard>
+
 #include "base/Helpers.h"
 #include "grid/ShownGrid.h"
 
@@ -10,6 +12,13 @@ TEST_F(ShownGrid, TypingEditsACellAndLeavingTheRowWritesIt) {
     std::function<void()> leave;
   } const ways[] = {{u"arrow"_qs, [&] { Key(Qt::Key_Down); }},
                     {u"page"_qs, [&] { Key(Qt::Key_PageDown); }},
+                    {u"enter"_qs,
+                     [&] {
+                       const bool open = Editor() != nullptr;
+                       Key(Qt::Key_Return);
+                       EXPECT_EQ(Where(), open ? u"1 Note"_qs : u"0 Colour"_qs);
+                       if (!open) grid_->LeaveRow();
+                     }},
                     {u"click"_qs, [&] { Click(3, u"Name"_qs); }},
                     {u"strip"_qs, [&] { Click(StripOf(2)); }},
                     {u"another control"_qs, [&] { other_->setFocus(); }},
@@ -39,8 +48,8 @@ TEST_F(ShownGrid, TypingEditsACellAndLeavingTheRowWritesIt) {
       EXPECT_EQ(Typed(), text) << "what was there is replaced";
       EXPECT_NE(Stored(u"Note"_qs, u"Carla"_qs), text);
       if (!open) {
-        Key(Qt::Key_Return);
-        EXPECT_EQ(Row().EditRow(), 0) << "Enter takes the cell, not the row";
+        TakeCell();
+        EXPECT_EQ(Row().EditRow(), 0) << "the cell is taken, not the row";
         EXPECT_EQ(Where(), u"0 Note"_qs);
         EXPECT_NE(Stored(u"Note"_qs, u"Carla"_qs), text);
       }
@@ -58,7 +67,7 @@ TEST_F(ShownGrid, EscapeUndoesTheCellAndThenTheRow) {
   EXPECT_EQ(Typed(), u"Carla"_qs) << "F2 keeps what is there";
   Key(Qt::Key_End);
   Type(u" B"_qs);
-  Key(Qt::Key_Return);
+  TakeCell();
   Key(Qt::Key_Right);
   Type(u"note"_qs);
   Key(Qt::Key_Escape);
@@ -110,11 +119,105 @@ TEST_F(ShownGrid, TabGoesThroughTheRowsAndAddsNewOnes) {
   // Behind the last cell, and before the first, the focus goes on.
   for (int i = 0; i < 4; ++i) Key(Qt::Key_Tab);
   EXPECT_TRUE(other_->hasFocus());
+  grid_->setColumnHidden(Row().ColumnOf(u"Active"_qs), true);
+  grid_->setFocus();
+  grid_->GoTo(7, u"Colour"_qs);
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(other_->hasFocus()) << "from the last editor as well";
   Key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_TRUE(grid_->hasFocus());
   grid_->GoTo(0, u"Name"_qs);
   Key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_TRUE(other_->hasFocus());
+}
+
+TEST_F(ShownGrid, AKeyAfterAClickIsTheFirstOfTheCell) {
+  Click(0, u"Name"_qs);
+  Click(0, u"Note"_qs);
+  Type(u"12,50"_qs);
+  EXPECT_EQ(Typed(), u"12,50"_qs);
+  Click(0, u"Name"_qs);
+  Key(Qt::Key_F2);
+  EXPECT_EQ(Typed(), u"Carla"_qs);
+  Click(5, u"Name"_qs);
+  Type(u"Fay"_qs);
+  Click(5, u"Note"_qs);
+  Type(u"new"_qs);
+  Click(0, u"Name"_qs);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"12,50"_qs);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Fay"_qs), u"new"_qs);
+}
+
+TEST_F(ShownGrid, TheNextNewRowBeginsInItsColumnAndNothingElseMoves) {
+  grid_->SetNewRowKey(u"Name"_qs);
+  struct {
+    const char* name;
+    std::function<void()> leave;
+    QString where;
+  } const ways[] = {{"down", [&] { Key(Qt::Key_Down); }, u"6 Name"_qs},
+                    {"enter", [&] { Key(Qt::Key_Return); }, u"7 Name"_qs},
+                    {"up", [&] { Key(Qt::Key_Up); }, u"6 Note"_qs},
+                    {"click", [&] { Click(2, u"Colour"_qs); }, u"2 Colour"_qs},
+                    {"code", [&] { grid_->LeaveRow(); }, u"9 Note"_qs}};
+  int row = 5;
+  for (const auto& way : ways) {
+    grid_->GoTo(row, u"Name"_qs);
+    Type(u"New %1"_qs.arg(row));
+    Key(Qt::Key_Tab);
+    Type(u"note"_qs);
+    way.leave();
+    EXPECT_EQ(Where(), way.where) << way.name;
+    EXPECT_EQ(Row().RecordCount(), ++row) << way.name;
+  }
+  grid_->GoTo(row, u"Name"_qs);
+  Type(u"Last"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Where(), u"11 Name"_qs) << "in one press also from the first editor";
+}
+
+TEST_F(ShownGrid, HomeGoesToTheFirstCellThatCanBeTypedInto) {
+  grid_->SetColumnPosition(u"Active"_qs, 0);
+  grid_->GoTo(3, u"Colour"_qs);
+  Key(Qt::Key_Home);
+  EXPECT_EQ(Where(), u"3 Name"_qs);
+  Key(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(Where(), u"0 Name"_qs);
+}
+
+TEST_F(ShownGrid, TheClipboardIsPastedAsIfItWereTyped) {
+  Row().OnCellChanging = [](CellChange& change) { change.cancel = change.newValue == u"no"_qs; };
+  const auto paste = [&](const QString& key, const QString& text) {
+    grid_->GoTo(0, key);
+    QApplication::clipboard()->setText(text);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    return Shown(0, key);
+  };
+  EXPECT_EQ(paste(u"Note"_qs, u"a cell\r\n"_qs), u"a cell"_qs);
+  EXPECT_EQ(paste(u"Colour"_qs, u"RED"_qs), u"red"_qs);
+  EXPECT_EQ(paste(u"Active"_qs, u"x"_qs), QString());
+  EXPECT_EQ(Row().EditRow(), 0) << "the row is not left";
+  EXPECT_EQ(failures_.size(), 0);
+  EXPECT_EQ(paste(u"Note"_qs, u"two\tcells"_qs), u"a cell"_qs);
+  EXPECT_EQ(failures_.size(), 1);
+  paste(u"Note"_qs, u"no"_qs);
+  EXPECT_EQ(Typed(), u"no"_qs) << "refused, with its editor open";
+}
+
+// A box is up while a cell takes a text: nothing else that comes meanwhile may change the rows under it.
+TEST_F(ShownGrid, NothingLeavesARowWhileACellIsAsked) {
+  Row().OnCellChanging = [&](CellChange& change) {
+    change.cancel = true;
+    EXPECT_FALSE(grid_->LeaveRow());
+    EXPECT_FALSE(grid_->Reload());
+  };
+  for (const auto key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Up}) {
+    grid_->GoTo(1, u"Note"_qs);
+    Type(u"x"_qs);
+    Key(key);
+    EXPECT_EQ(Typed(), u"x"_qs);
+    Key(Qt::Key_Escape);
+  }
 }
 
 // Whichever way the user tries to leave, it is told once, and the grid stays.
@@ -156,7 +259,7 @@ TEST_F(ShownGrid, AFailedWriteKeepsTheRow) {
       SCOPED_TRACE(way.means.toStdString() + (open ? " from the editor" : " from the row"));
       ASSERT_TRUE(grid_->GoTo(0, u"Name"_qs));
       Type(u"Ada"_qs);
-      if (!open) Key(Qt::Key_Return);
+      if (!open) TakeCell();
       way.leave();
       QCoreApplication::processEvents();
       EXPECT_EQ(
@@ -224,7 +327,7 @@ TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
   grid_->GoTo(0, u"Colour"_qs);
   Type(u"gree"_qs);
   EXPECT_EQ(Typed(), u"green"_qs) << "the rest is found";
-  Key(Qt::Key_Return);
+  TakeCell();
   EXPECT_EQ(Row().Value(0, u"Colour"_qs), 1);
   Type(u"RED"_qs);
   Key(Qt::Key_Down, Qt::AltModifier);
@@ -248,7 +351,7 @@ TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
   QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {},
                     combo->view()->visualRect(picked).center());
   ASSERT_NE(Editor(), nullptr) << "the list is not another control";
-  Key(Qt::Key_Return);
+  TakeCell();
   EXPECT_EQ(Row().Value(1, u"Colour"_qs), 1);
 
   const std::function<void()> ways[] = {[&] { Key(Qt::Key_Return); }, [&] { Key(Qt::Key_Tab); },
@@ -345,7 +448,7 @@ TEST_F(ShownGrid, ARowThatOthersChangeWhileItIsEdited) {
   Elsewhere(u"DELETE FROM People WHERE Name='Ada'"_qs);
   Row().Refresh();
   EXPECT_EQ(Typed(), u"mine"_qs) << "what is being typed stays";
-  Key(Qt::Key_Return);
+  TakeCell();
   EXPECT_EQ(failures_.size(), 1);
   EXPECT_EQ(Editor(), nullptr) << "a row that is gone holds nobody";
   EXPECT_EQ(Shown(1, u"Name"_qs), u"#Deleted"_qs);
@@ -353,7 +456,7 @@ TEST_F(ShownGrid, ARowThatOthersChangeWhileItIsEdited) {
   EXPECT_EQ(Where(), u"2 Note"_qs);
 
   Type(u"mine"_qs);
-  Key(Qt::Key_Return);
+  TakeCell();
   Elsewhere(u"DELETE FROM People WHERE Name='Bruno'"_qs);
   Key(Qt::Key_Down);
   EXPECT_EQ(failures_.size(), 2);
@@ -396,18 +499,21 @@ TEST_F(ShownGrid, TheDeleteKeyAsksOnceAndDeletesTheSelection) {
   Key(Qt::Key_Delete);
   EXPECT_EQ(Typed(), QString());
   Key(Qt::Key_Escape);
-  grid_->GoTo(3, u"Name"_qs);
+  grid_->clearSelection();
   asked = 0;
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(asked, 0) << "nothing is selected";
+  grid_->GoTo(3, u"Name"_qs);
   Key(Qt::Key_Delete);
   EXPECT_EQ(asked, 0);
   Type(u"Emma"_qs);
-  Key(Qt::Key_Return);
+  TakeCell();
   Key(Qt::Key_Delete);
   EXPECT_EQ(asked, 0);
   Key(Qt::Key_Escape);
   grid_->GoTo(2, u"Name"_qs);
   Type(u"Carla"_qs);
-  Key(Qt::Key_Return);
+  TakeCell();
   Key(Qt::Key_Delete);
   EXPECT_EQ(Names(), u"Carla Bruno"_qs);
   EXPECT_EQ(Where(), u"2 Name"_qs);

@@ -9,6 +9,12 @@
 
 using namespace vorlina;
 
+TEST(LookupTest, NumbersInTextsSortByTheirValue) {
+  QLocale::setDefault(QLocale(QLocale::Italian));
+  EXPECT_EQ(Lookup({{1, u"P-10"_qs}, {2, u"P-9"_qs}}).Items()[0].value, 2);
+  QLocale::setDefault(QLocale::system());
+}
+
 namespace {
 
 enum { Code, Text, Filter, Public, Catalog, Order, Picture };

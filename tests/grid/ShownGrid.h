@@ -72,6 +72,11 @@ class ShownGrid : public StoreFixture {
     for (const QChar letter : text) QTest::keyClick(window_.windowHandle(), letter.toLatin1());
     QCoreApplication::processEvents();
   }
+  // The cell takes what is typed; the row stays in edit.
+  void TakeCell() {
+    grid_->GoTo(grid_->CurrentRow());
+    QCoreApplication::processEvents();
+  }
   QPoint PointOf(int row, const QString& key) const {
     const QModelIndex cell = grid_->model()->index(row, Row().ColumnOf(key));
     return grid_->viewport()->mapTo(&window_, grid_->visualRect(cell).center());

@@ -27,10 +27,13 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   EXPECT_EQ(Shown(3, Code) + u' ' + Shown(3, u"Ordine"_qs), u"5 4"_qs) << "4 is taken";
   Change(3, Description, u"first"_qs);
   EXPECT_EQ(Stored(u"5"_qs, u"Descrizione||OrdineTemp||Pubblica"_qs), u"first41"_qs);
-  EXPECT_EQ(grid_->CurrentKey(), Code) << "ready for the next one";
+  EXPECT_EQ(grid_->CurrentKey(), Description) << "the user went up, and the column with him";
   EXPECT_EQ(Shown(4, Code) + u' ' + Shown(4, u"Ordine"_qs), u"6 5"_qs);
 
-  Change(4, Code, u"O'Neil 50% 🙂"_qs);
+  Type(4, Code, u"O'Neil 50% 🙂"_qs);
+  grid_->GoTo(4, Description);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(grid_->CurrentKey(), Code) << "ready for the next one";
   EXPECT_EQ(Stored(u"O'Neil 50% 🙂"_qs, u"OrdineTemp"_qs), u"5"_qs) << "the code that was typed";
   for (const QString& name : {u"ImmagineModificata"_qs, u"SchedaModificata"_qs})
     EXPECT_EQ(
@@ -123,6 +126,14 @@ TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
   Type(0, u"Colour"_qs, u"blue"_qs);
   Key(Qt::Key_Escape);
   EXPECT_EQ(Count(u"Filtri"_qs), 1);
+
+  dialogs_.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
+  Type(0, u"Colour"_qs, u"a|b"_qs);
+  Key(Qt::Key_Escape);
+  Change(0, u"Colour"_qs, u" Red "_qs);
+  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs) << "blanks around it are nothing";
+  Change(0, u"Colour"_qs, u"  "_qs);
+  EXPECT_EQ(Stored(u"a"_qs, u"quote(IDFiltro1)"_qs), u"0"_qs);
 
   dialogs_.ExpectQuestion(question(u"19\""_qs), true);
   dialogs_.ExpectMessage(u"You can't insert \" character, replace it with '"_qs, BoxStyle::Information);

@@ -168,6 +168,25 @@ TEST_F(GridOrder, DeletionsAreFollowedByTheNumberOfANewProduct) {
   EXPECT_EQ(Shown(AddNewRow(), Order), u"2"_qs);
 }
 
+TEST_F(GridOrder, KeysSortAndMoveRows) {
+  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
+  Open();
+  grid_->GoTo(0, Code);
+  for (const QString& sort : {u"+Codice"_qs, u"-Codice"_qs, QString()}) {
+    Key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Sort(), sort);
+  }
+  Select({2, 3});
+  for (const auto& [key, after] : {std::pair{Qt::Key_PageDown, u"a1 d2 b3 c4"_qs},
+                                   {Qt::Key_PageDown, u"a1 d2 b3 c4"_qs},
+                                   {Qt::Key_PageUp, u"a1 b2 c3 d4"_qs},
+                                   {Qt::Key_PageUp, u"b1 c2 a3 d4"_qs}}) {
+    Key(key, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Orders(), after);
+    EXPECT_EQ(grid_->SelectedCount(), 2) << "to be moved on";
+  }
+}
+
 TEST_F(GridOrder, ADragWritesTheRowInEditOrDoesNotBegin) {
   AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
   Open();

@@ -101,10 +101,10 @@ class GridWindow : public CatalogFixture {
     event.setCommitString(text);
     QCoreApplication::sendEvent(line, &event);
   }
-  // The same, then Enter: the row stays in edit.
+  // The same, then the cell takes it: the row stays in edit.
   void Type(int row, const QString& key, const QString& text) const {
     Begin(row, key, text);
-    Key(Qt::Key_Return);
+    grid_->GoTo(row);
   }
   // Types into a cell and goes to the row above or below, which writes it.
   void Change(int row, const QString& key, const QString& text) const {

@@ -1,5 +1,6 @@
 // What the grid shows of a catalog, and how it fares beside other windows and programs.
 #include <QElapsedTimer>
+#include <QToolBar>
 #include <thread>
 
 #include "GridWindowFixture.h"
@@ -86,6 +87,24 @@ TEST_F(GridWindowTest, AReloadFindsTheProductAgainByItsCode) {
   EXPECT_EQ(grid_->CurrentRow(), 0) << "the product is gone";
 }
 
+TEST_F(GridWindowTest, KeysReadTheRowsAnewAndOpenTheirMenu) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  AddProduct(catalog_, u"c"_qs, 3);
+  Type(1, Description, u"typed"_qs);
+  Key(Qt::Key_F5);
+  EXPECT_EQ(Codes(), u"a b c"_qs);
+  EXPECT_EQ(Stored(u"b"_qs, Description), u"typed"_qs);
+  EXPECT_EQ(u"%1 %2"_qs.arg(grid_->CurrentRow()).arg(grid_->CurrentKey()), u"1 "_qs + Description);
+  grid_->GoTo(3);
+  Key(Qt::Key_F5);
+  EXPECT_EQ(grid_->CurrentRow(), 3) << "the row for new products is a place as well";
+  Key(Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_TRUE(Find<QMenu>(u"mnuGriglia"_qs)->isVisible());
+  auto* images = Find<QToolBar>(u"tbr"_qs)->widgetForAction(Find<QAction>(u"cmdImmagini"_qs));
+  EXPECT_EQ(images->toolTip(), QString());
+}
+
 TEST_F(GridWindowTest, TwoWindowsOnOneCatalogSeeEachOther) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
@@ -130,8 +149,6 @@ TEST_F(GridWindowTest, ARowThatIsDeletedInTheMiddleOfAnEdit) {
   Begin(1, Description, u"typed"_qs);
   connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='b'"_qs);
   dialogs_.ExpectMessage(u"The row was deleted meanwhile by another window or program."_qs, BoxStyle::Stop);
-  Key(Qt::Key_Return);
-  Key(Qt::Key_Escape);
   Key(Qt::Key_Up);
   EXPECT_EQ(grid_->CurrentRow(), 0);
 

@@ -311,6 +311,16 @@ TEST_F(DatabaseTest, CodesCompareWithoutRegardToCaseInEveryScript) {
             u"a"_qs);
 }
 
+TEST_F(DatabaseTest, NumbersInTextsSortByTheirValue) {
+  QLocale::setDefault(QLocale(QLocale::Italian));
+  connection_.Open(connection_.ConnectionText());
+  QLocale::setDefault(QLocale::system());
+  EXPECT_EQ(One(u"group_concat(t,' ')"_qs,
+                u"(SELECT column1 AS t FROM (VALUES ('P-10'),('p-9'),('A 2')) ORDER BY column1 "
+                "COLLATE VORLINA_LOCALE)"_qs),
+            u"A 2 p-9 P-10"_qs);
+}
+
 TEST_F(DatabaseTest, EveryConnectionHasTheSafeSettings) {
   connection_.Open(connection_.ConnectionText());
   const std::pair<QString, int> settings[] = {{u"synchronous"_qs, 3},
