@@ -196,7 +196,9 @@ TEST_F(GridOrder, ADragWritesTheRowInEditOrDoesNotBegin) {
   EXPECT_EQ(Stored(u"c"_qs, u"Descrizione"_qs), u"typed"_qs);
 
   Type(2, Code, u"a"_qs);
-  dialogs_.ExpectMessage(u"There is already a row with Code \"a\". Choose another value."_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(
+      u"There is already a row with Code \"a\". Choose another value. Press Esc to give up the change."_qs,
+      BoxStyle::Stop);
   Drag({3}, 1);
   EXPECT_EQ(Orders(), u"c1 a2 b3"_qs);
   EXPECT_EQ(Rows().EditRow(), 2);

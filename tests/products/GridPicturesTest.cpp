@@ -103,7 +103,9 @@ TEST_F(GridPictures, FilesOverARowThatCannotBeLeft) {
   AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
   Open();
   Type(0, Code, u"b"_qs);
-  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(
+      u"There is already a row with Code \"b\". Choose another value. Press Esc to give up the change."_qs,
+      BoxStyle::Stop);
   DropFiles(2, {Picture(u"a.jpg"_qs)});  // told once, at the drop
   EXPECT_EQ(Images(), QString());
   EXPECT_EQ(Shown(0, Code), u"b"_qs) << "what was typed is still there";
@@ -170,7 +172,9 @@ TEST_F(GridPictures, ACodeThatCannotBeWrittenLeavesTheFilesAsTheyWere) {
   Open();
   const auto before = FilesIn(AppFile(u"Images"_qs));
   Type(0, Code, u"b"_qs);
-  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(
+      u"There is already a row with Code \"b\". Choose another value. Press Esc to give up the change."_qs,
+      BoxStyle::Stop);
   Key(Qt::Key_Down);
   EXPECT_EQ(Differences(before, FilesIn(AppFile(u"Images"_qs))), QStringList());
   Key(Qt::Key_Escape);

@@ -176,7 +176,9 @@ TEST_F(GridWindowTest, TheRowInEditIsWrittenBeforeTheCatalogIsPublished) {
   Find<QAction>(u"Test.None"_qs)->trigger();
   EXPECT_EQ(Stored(u"a"_qs, Description), u"typed"_qs);
   Type(0, Code, u"b"_qs);
-  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(
+      u"There is already a row with Code \"b\". Choose another value. Press Esc to give up the change."_qs,
+      BoxStyle::Stop);
   Find<QAction>(u"Test.None"_qs)->trigger();
   EXPECT_EQ(Rows().EditRow(), 0) << "nothing is published then";
 }
@@ -259,7 +261,9 @@ TEST_F(GridWindowTest, ARowThatCannotBeWrittenKeepsTheMainWindowOpen) {
   window_->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
   Type(0, Code, u"b"_qs);
-  dialogs_.ExpectMessage(u"There is already a row with Code \"b\". Choose another value."_qs, BoxStyle::Stop);
+  dialogs_.ExpectMessage(
+      u"There is already a row with Code \"b\". Choose another value. Press Esc to give up the change."_qs,
+      BoxStyle::Stop);
   EXPECT_FALSE(main.close());
   EXPECT_TRUE(main.isVisible() && window_->isVisible());
   EXPECT_TRUE(main.cnnCatalog.IsOpen());
