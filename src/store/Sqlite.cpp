@@ -98,7 +98,7 @@ QString FailureText(const SQLite::Exception& failure) {
 void ThrowStoreError(const SQLite::Exception& failure) {
   if (IsDiskFull(failure)) throw DiskFullError(AppPath(), errno);
   if (IsDuplicate(failure)) throw DuplicateError(FailureText(failure), ColumnsIn(failure).split(u", "_qs));
-  const int code = failure.getErrorCode();
+  const int code = PlainCode(failure);
   if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw LockedError(FailureText(failure));
   throw Error(FailureText(failure));
 }
