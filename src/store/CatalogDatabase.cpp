@@ -85,9 +85,8 @@ QString QuickFinding(SQLite::Database& database) {
     SQLite::Statement check = Prepare(database, u"PRAGMA quick_check(1)"_qs);
     return check.executeStep() ? QString::fromUtf8(check.getColumn(0).getText()) : u"ok"_qs;
   } catch (const SQLite::Exception& failure) {
-    const int code = failure.getErrorCode();
-    if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB) return QString::fromUtf8(failure.what());
-    if (code == SQLITE_INTERRUPT) return u"ok"_qs;
+    if (MeansDamage(failure)) return QString::fromUtf8(failure.what());
+    if (failure.getErrorCode() == SQLITE_INTERRUPT) return u"ok"_qs;
     throw;
   }
 }
@@ -115,13 +114,16 @@ Header HeaderOf(SQLite::Database& database) {
 std::optional<Header> HeaderAsItLies(const QString& path) {
   QUrl uri = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
   uri.setQuery(u"immutable=1"_qs);
-  try {
-    SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI);
-    return HeaderOf(database);
-  } catch (const SQLite::Exception& failure) {
-    if (QFileInfo(path + u"-journal"_qs).size() > 0) return {};
-    ThrowStoreError(failure);
-  }
+  const bool unfinished = QFileInfo(path + u"-journal"_qs).size() > 0;
+  return WithStoreErrors([&]() -> std::optional<Header> {
+    try {
+      SQLite::Database database(uri.toEncoded().toStdString(), SQLite::OPEN_READONLY | SQLite::OPEN_URI);
+      return HeaderOf(database);
+    } catch (const SQLite::Exception&) {
+      if (unfinished) return {};
+      throw;
+    }
+  });
 }
 
 void ExamineHeader(const Header& header, const QString& path, int schemaVersion) {
@@ -151,18 +153,34 @@ QString CopyName(const QString& path, int version) {
   return name;
 }
 
-void RunMigrations(Connection& connection, const std::vector<Migration>& migrations, int from,
+// SQLite copies for no connection that is writing.
+void KeepCopy(const QString& path, int version) {
+  Connection reader;
+  reader.Open(ConnectionTextFor(path));
+  BackupDatabase(reader, CopyName(path, version));
+}
+
+// Of several programs that find an older file one brings it up to date, and the others wait for it.
+void RunMigrations(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
                    int schemaVersion) {
+  Transaction transaction(connection);
+  const int from = Number(connection, u"user_version"_qs);
+  if (from == schemaVersion) return;
+  KeepCopy(path, from);
+  for (const Migration& migration : migrations)
+    if (migration.version > from && migration.version <= schemaVersion)
+      WithStoreErrors([&] { connection.Database().exec(migration.sql.toUtf8().toStdString()); });
+  if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty()) throw Error(broken.first());
+  connection.Execute(u"PRAGMA user_version=%1"_qs.arg(schemaVersion));
+  transaction.Commit();
+}
+
+void MigrateWithoutKeys(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
+                        int schemaVersion) {
   // Tables that are made anew would take rows of other tables with them.
   connection.Execute(u"PRAGMA foreign_keys=OFF"_qs);
   try {
-    Transaction transaction(connection);
-    for (const Migration& migration : migrations)
-      if (migration.version > from && migration.version <= schemaVersion)
-        WithStoreErrors([&] { connection.Database().exec(migration.sql.toUtf8().toStdString()); });
-    if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty()) throw Error(broken.first());
-    connection.Execute(u"PRAGMA user_version=%1"_qs.arg(schemaVersion));
-    transaction.Commit();
+    RunMigrations(connection, path, migrations, schemaVersion);
   } catch (...) {
     connection.Execute(u"PRAGMA foreign_keys=ON"_qs);
     throw;
@@ -172,11 +190,11 @@ void RunMigrations(Connection& connection, const std::vector<Migration>& migrati
 
 void Migrate(Connection& connection, const QString& path, const std::vector<Migration>& migrations,
              int schemaVersion) {
-  const int version = Number(connection, u"user_version"_qs);
-  if (version == schemaVersion) return;
+  if (Number(connection, u"user_version"_qs) == schemaVersion) return;
   try {
-    BackupDatabase(connection, CopyName(path, version));
-    RunMigrations(connection, migrations, version, schemaVersion);
+    if (!IsDatabaseWritable(connection))
+      WithStoreErrors([] { throw SQLite::Exception("read-only", SQLITE_READONLY); });
+    MigrateWithoutKeys(connection, path, migrations, schemaVersion);
   } catch (const LockedError&) {
     throw;
   } catch (const Error& error) {

@@ -28,10 +28,14 @@ bool IsDuplicate(const SQLite::Exception& failure) {
          code == SQLITE_CONSTRAINT_ROWID;
 }
 
+// SQLite tells a page that the disk did not give as damage. What the system said last knows better.
+bool IsUnread(int code) { return code == SQLITE_CORRUPT && (errno == EIO || errno == ENXIO); }
+
 // Some calls give the extended code in place of the plain one.
 int PlainCode(const SQLite::Exception& failure) {
   constexpr int PlainBits = 0xFF;
-  return failure.getErrorCode() & PlainBits;
+  const int code = failure.getErrorCode() & PlainBits;
+  return IsUnread(code) ? SQLITE_IOERR : code;
 }
 
 // What a user may have of the disk being used up, or a limit on the size of files, comes as an I/O error.
@@ -83,7 +87,8 @@ QString FailureText(const SQLite::Exception& failure) {
                  u"The database file cannot be read or written (%1). Check the disk, or the connection to "
                  u"it, "
                  "and try again: the data may well be whole."_qs)
-          .arg(QString::fromUtf8(failure.what()));
+          .arg(QString::fromUtf8(IsUnread(failure.getErrorCode()) ? sqlite3_errstr(SQLITE_IOERR)
+                                                                  : failure.what()));
     case SQLITE_CONSTRAINT:
       return ConstraintText(failure);
     default:
@@ -94,6 +99,11 @@ QString FailureText(const SQLite::Exception& failure) {
 }
 
 }  // namespace
+
+bool MeansDamage(const SQLite::Exception& failure) {
+  const int code = PlainCode(failure);
+  return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+}
 
 void ThrowStoreError(const SQLite::Exception& failure) {
   if (IsDiskFull(failure)) throw DiskFullError(AppPath(), errno);

@@ -19,11 +19,14 @@ Q_DECLARE_LOGGING_CATEGORY(StoreLog)
 // Turns a failure of SQLite into an Error that says what to do, in the user's language.
 [[noreturn]] void ThrowStoreError(const SQLite::Exception& failure);
 
+// Whether the file is damaged, and not merely unread. To be asked as soon as the step has failed.
+bool MeansDamage(const SQLite::Exception& failure);
+
 // Runs a step on SQLite and turns its failure into an Error.
 template <class Step>
 auto WithStoreErrors(Step&& step) {
   const LockPatience patience;
-  errno = 0;  // whose value tells a full disk from a broken one
+  errno = 0;  // whose value tells a full disk from a broken one, and that from damage
   try {
     return step();
   } catch (const SQLite::Exception& failure) {

@@ -235,6 +235,16 @@ TEST_F(DatabaseTest, TheFirstVersionBecomesTheDeliveredOne) {
   const QVariant delivered = schema();
   connection_.Execute(u"DROP INDEX ProdottiPerCatalogo"_qs);
   connection_.Execute(u"PRAGMA user_version=1"_qs);
+  connection_.BeginTrans();
+  Connection second;
+  EXPECT_THROW(
+      {
+        const LockPatience patience(0);
+        OpenCatalogDatabase(second, Path());
+      },
+      LockedError);
+  EXPECT_TRUE(QDir(AppPath()).entryList({u"*backup*"_qs}).isEmpty()) << "not before it may write";
+  connection_.RollbackTrans();
   connection_.Close();
   OpenCatalogDatabase(connection_, Path());
   EXPECT_EQ(schema(), delivered);

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <new>
 #include <utility>
 
@@ -47,7 +48,10 @@ const sqlite3_io_methods Methods = {
     1,
     [](sqlite3_file* f) { return Real(f)->pMethods->xClose(Real(f)); },
     [](sqlite3_file* f, void* bytes, int count, sqlite3_int64 at) {
-      if (Fails(true)) return SQLITE_IOERR_READ;
+      if (Fails(true)) {
+        errno = EIO;  // which SQLite turns into damage, from a real disk too
+        return SQLITE_IOERR_CORRUPTFS;
+      }
       return Real(f)->pMethods->xRead(Real(f), bytes, count, at);
     },
     Write,
