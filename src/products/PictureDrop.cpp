@@ -24,6 +24,19 @@ auto OfCopy(const QString& file, const QString& copy, Step&& step) {
   }
 }
 
+// Nothing stays of a picture that cannot be taken, but for a file that lies in "Images" under this name
+// already.
+template <class Step>
+void WholeOrNothing(const QString& file, const PictureFiles& copies, Connection& connection, Step&& step) {
+  const bool isOwn = IsSameFile(file, (copies.main + copies.others).first());
+  try {
+    step();
+  } catch (...) {
+    if (!isOwn) RemoveUnnamedPictures(copies, connection);
+    throw;
+  }
+}
+
 QString FailureOf(const QString& file, const std::exception& error) {
   const QString name = QDir::toNativeSeparators(file);
   const QString text = DescriptionOf(error);
@@ -67,13 +80,15 @@ void PictureDrop::AddMain(const QString& file) {
     throw Error(EitherLanguage(u"Il file %1 è già usato come immagine o logo altrove. Cambiare il codice."_qs,
                                u"The file %1 is a picture or a logo elsewhere already. Change the code."_qs)
                     .arg(target));
-  CopyPicture(file, target);
-  OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
-  CreateThumbnail(target, ThumbnailLimit);
-  const QSize size = OfCopy(file, target, MeasureImage);
-  connection_.Execute(
-      u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
-      {target, size.height(), size.width(), IDCatalogo_, CodiceProdotto_});
+  WholeOrNothing(file, {{target}, {}}, connection_, [&] {
+    CopyPicture(file, target);
+    OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
+    CreateThumbnail(target, ThumbnailLimit);
+    const QSize size = OfCopy(file, target, MeasureImage);
+    connection_.Execute(
+        u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
+        {target, size.height(), size.width(), IDCatalogo_, CodiceProdotto_});
+  });
 }
 
 void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) {
@@ -81,24 +96,26 @@ void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) 
   row.Open(u"SELECT * FROM Immagini WHERE 1=2"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
   row.AddNew();
   const QString target = PicturePath(u"%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
-  CopyPicture(file, target);
-  const ResizeResult sizes =
-      OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
-  if (sizes.source == sizes.target && ReadPictureSettings().reRender) ReRenderImage(target);
-  const QSize size = OfCopy(file, target, MeasureImage);
-  row.SetValue(u"IDCatalogo"_qs, IDCatalogo_);
-  row.SetValue(u"CodiceProdotto"_qs, CodiceProdotto_);
-  row.SetValue(u"Immagine"_qs, target);
-  row.SetValue(u"Height"_qs, size.height());
-  row.SetValue(u"Width"_qs, size.width());
-  const QString description = ask(file);
-  if (description.isEmpty()) {
-    row.CancelUpdate();
-    QFile::remove(target);
-    return;
-  }
-  row.SetValue(u"Descrizione"_qs, description);
-  row.Update();
+  WholeOrNothing(file, {{}, {target}}, connection_, [&] {
+    CopyPicture(file, target);
+    const ResizeResult sizes =
+        OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
+    if (sizes.source == sizes.target && ReadPictureSettings().reRender) ReRenderImage(target);
+    const QSize size = OfCopy(file, target, MeasureImage);
+    row.SetValue(u"IDCatalogo"_qs, IDCatalogo_);
+    row.SetValue(u"CodiceProdotto"_qs, CodiceProdotto_);
+    row.SetValue(u"Immagine"_qs, target);
+    row.SetValue(u"Height"_qs, size.height());
+    row.SetValue(u"Width"_qs, size.width());
+    const QString description = ask(file);
+    if (description.isEmpty()) {
+      row.CancelUpdate();
+      QFile::remove(target);
+      return;
+    }
+    row.SetValue(u"Descrizione"_qs, description);
+    row.Update();
+  });
 }
 
 }  // namespace vorlina

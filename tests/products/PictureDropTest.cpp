@@ -89,6 +89,7 @@ TEST_F(PictureDropTest, BadFilesAreToldByTheirNamesAndTheOthersAreTaken) {
   }
   EXPECT_EQ(One(u"Width"_qs, u"Prodotti"_qs), 804) << "the first good one";
   EXPECT_EQ(Count(u"Immagini"_qs), 1);
+  EXPECT_EQ(QDir(AppFile(u"Images"_qs)).entryList(QDir::Files).size(), 3) << "both with the thumbnail";
   for (const auto& [name, isPicture] : {std::pair{u"a.JPG"_qs, true}, std::pair{u"a.Jpeg"_qs, true},
                                         std::pair{u"a.png"_qs, false}, std::pair{u"jp"_qs, false}})
     EXPECT_EQ(PictureDrop::IsPicture(name), isPicture) << name;

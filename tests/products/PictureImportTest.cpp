@@ -11,6 +11,7 @@
 #include "products/NewCode.h"
 #include "products/PictureImport.h"
 #include "support/CatalogFixture.h"
+#include "support/FaultVfs.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
 #include "support/TestJpeg.h"
@@ -189,6 +190,19 @@ TEST_F(PictureImportTest, ARowThatIsRefusedLeavesNoPicture) {
   EXPECT_TRUE(RunToItsEnd().contains(u"refused"_qs));
   EXPECT_EQ(Descriptions(), QStringList{u"1 a"_qs}) << "row and mark belong together";
   EXPECT_EQ(Findings(), QStringList());
+}
+
+TEST_F(PictureImportTest, AProductThatIsThereAfterAFailingLastSyncCounts) {
+  Put(u"a.jpg"_qs);
+  connection_.Close();
+  const FaultVfs vfs;
+  connection_.Open(ConnectionTextFor(Path()));
+  FaultVfs::FailBehindDeletion();
+  PictureImport import = Import();
+  EXPECT_NE(FailureOf([&] { import.Run({}); }), QString());
+  EXPECT_EQ(import.Imported(), 1);
+  EXPECT_EQ(Findings(), QStringList());
+  connection_.Close();
 }
 
 TEST_F(PictureImportTest, WhatIsPassedOverIsListed) {
