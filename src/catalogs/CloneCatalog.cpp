@@ -215,7 +215,8 @@ bool CatalogClone::IsNamed(const QString& path) {
 
 // Where there is nothing to copy, nothing is to stand there: a leftover would be another picture.
 StagedCopy CatalogClone::CopyFile(const QString& source, const QString& target) {
-  const StagedCopy copied = CopyStagedFile(source, target);
+  const bool isOther = QFile::exists(source) && !IsPictureFile(source);
+  const StagedCopy copied = isOther ? StagedCopy::NotRead : CopyStagedFile(source, target);
   if (copied == StagedCopy::Made) {
     made_ += target;
   } else {

@@ -88,7 +88,9 @@ QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto) {
 
 QString ThumbnailPath(const QString& mainImage) { return PicturePath(u't' + FileNameOf(mainImage, true)); }
 
-bool IsPictureFile(const QString& path) { return QFileInfo(path).isFile(); }
+bool IsPictureFile(const QString& path) {
+  return QFileInfo(path).isFile() && !IsSameFile(path, AppFile(u"Catalog.db"_qs));
+}
 
 void WritePicture(const QString& path, const QByteArray& jpeg) {
   MakeRoom(path);

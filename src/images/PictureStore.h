@@ -40,7 +40,8 @@ QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);
 // The thumbnail's file of a main image: "t" before its name, in the folder "Images".
 QString ThumbnailPath(const QString& mainImage);
 
-// Whether there is a picture's file: a device, a pipe or a folder is none, and waiting for one would not end.
+// Whether there is a picture's file. A device, a pipe or a folder is none, and waiting for one would not end;
+// nor is the database, which would lose its locks when the file is closed again.
 bool IsPictureFile(const QString& path);
 
 // Write a file into "Images", replacing what has its name; a link there is replaced, not followed. Throw

@@ -345,6 +345,7 @@ TEST_F(CloneTest, PicturesThatCannotBeReadAreNamedAndMissingOnesAreNot) {
   const std::vector<std::pair<QString, QString>> cases{{u"gone"_qs, Outside(u"gone.jpg"_qs)},
                                                        {u"pipe"_qs, Outside(u"pipe.jpg"_qs)},
                                                        {u"folder"_qs, outside_.path()},
+                                                       {u"database"_qs, Path()},
                                                        {u"error"_qs, u"/proc/self/mem"_qs}};
   ::mkfifo(QFile::encodeName(Outside(u"pipe.jpg"_qs)).constData(), 0600);
   for (const auto& [code, path] : cases) {
