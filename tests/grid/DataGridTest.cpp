@@ -147,6 +147,10 @@ TEST_F(ShownGrid, AKeyAfterAClickIsTheFirstOfTheCell) {
   Click(0, u"Name"_qs);
   EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"12,50"_qs);
   EXPECT_EQ(Stored(u"Note"_qs, u"Fay"_qs), u"new"_qs);
+  const QModelIndex mark = Row().index(2, Row().ColumnOf(u"Active"_qs));
+  Click(grid_->viewport()->mapTo(&window_, grid_->visualRect(mark).topLeft() + QPoint(10, 10)));
+  EXPECT_EQ(Row().Value(2, u"Active"_qs), 0);
+  EXPECT_EQ(Where(), u"2 Active"_qs) << "also on the check mark itself";
 }
 
 TEST_F(ShownGrid, TheNextNewRowBeginsInItsColumnAndNothingElseMoves) {
