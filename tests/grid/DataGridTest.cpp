@@ -318,6 +318,14 @@ TEST_F(ShownGrid, ARefusedCellKeepsItsEditor) {
   Type(u"t"_qs);
   Key(Qt::Key_Down);
   EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"not"_qs) << "mended in the editor";
+
+  Type(u"no"_qs);
+  grid_->setFocus();
+  EXPECT_TRUE(grid_->DeleteSelected());
+  EXPECT_EQ(grid_->SelectedRows(), QList<int>{1}) << "the editor has gone with its row";
+  Type(u"kept"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Bruno"_qs), u"kept"_qs);
 }
 
 TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {
