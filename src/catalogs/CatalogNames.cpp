@@ -1,6 +1,5 @@
 #include "catalogs/CatalogNames.h"
 
-#include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/SafeFile.h"
@@ -16,15 +15,18 @@ QString Line(const QVariant& value) {
 
 }  // namespace
 
+Error CatalogGone() {
+  return Error(EitherLanguage(u"Il catalogo non esiste più: è stato eliminato altrove"_qs,
+                              u"The catalog is not there any more: it was deleted elsewhere"_qs));
+}
+
 void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString& name) {
   Connection connection;
   connection.Open(connectionText);
   Recordset catalogs;
   catalogs.Open(u"SELECT * FROM CATALOGHI"_qs, connection, CursorType::Keyset, LockType::Optimistic);
   catalogs.SetFilter(u"IDCatalogo"_qs, IDCatalogo);
-  if (catalogs.IsEOF())
-    throw Error(EitherLanguage(u"Il catalogo non esiste più: è stato eliminato altrove"_qs,
-                               u"The catalog is not there any more: it was deleted elsewhere"_qs));
+  if (catalogs.IsEOF()) throw CatalogGone();
   catalogs.SetValue(u"NomeCatalogo"_qs, name);
   catalogs.Update();
 }

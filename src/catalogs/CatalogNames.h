@@ -3,9 +3,13 @@
 
 #include <QString>
 
+#include "base/Error.h"
 #include "store/Recordset.h"
 
 namespace vorlina {
+
+// What is told of a catalog that was deleted by another window or program.
+Error CatalogGone();
 
 // Sets NomeCatalogo of the catalog through a connection of its own. Throws Error.
 void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString& name);

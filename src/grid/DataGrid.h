@@ -184,6 +184,7 @@ class DataGrid : public QTableView {
   void FocusMoved(QWidget* from, QWidget* to);
   bool MayGoTo(int row);
   bool MayDragTo(int row, const QMouseEvent& event);
+  void MakeCurrent(const QModelIndex& cell);
   Place CurrentPlace() const;
   void ReturnTo(const Place& place);
   bool IsFirstValue(int column) const;

@@ -291,7 +291,10 @@ bool DataGrid::DeleteSelected() {
   if (!allowDelete_ || rows.isEmpty() || rows_.IsAddNewRow(CurrentRow())) return false;
   const int first = rows.first();
   const QString key = CurrentKey();
+  const QPersistentModelIndex edited = currentIndex();
   if (!rows_.DeleteRows(std::move(rows))) return false;
+  // With its row the view has given up an editor that refused what was typed.
+  if (!edited.isValid()) delegate_->Forget();
   GoTo(std::min(first, rows_.rowCount() - 1), key);
   return true;
 }

@@ -32,8 +32,22 @@ void DataGrid::mousePressEvent(QMouseEvent* event) {
   stays_ = cell.isValid() && !MayGoTo(cell.row());
   if (stays_) return rowDrag_->Cancel();
   const QPersistentModelIndex kept = cell;
+  const bool checks = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+  if (checks && kept.isValid() && rows_.Column(kept.column()).kind == ColumnKind::Boolean) MakeCurrent(kept);
   QTableView::mousePressEvent(event);
   Q_EMIT CellPressed(kept.isValid() ? kept.row() : -1, KeyOf(kept.column()), event->button(), Own(position));
+}
+
+// A press on a check mark itself leaves the base's current cell where it was: what is typed next would go to
+// another row than the one that was changed. Nothing scrolls before the release.
+void DataGrid::MakeCurrent(const QModelIndex& cell) {
+  const bool scrolls = hasAutoScroll();
+  setAutoScroll(false);
+  const QItemSelectionModel::SelectionFlags rows =
+      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  selectionModel()->setCurrentIndex(
+      cell, selectionModel()->isSelected(cell) ? QItemSelectionModel::NoUpdate : rows);
+  setAutoScroll(scrolls);
 }
 
 // A selection that is dragged beyond the row in edit leaves it.

@@ -164,6 +164,7 @@ void frmCatalogs::EditCatalog(int id, const QString& caption) {
     window->rsCatalogo.Open(rsCataloghi.Source(), *window->Connessione, CursorType::Keyset,
                             LockType::Optimistic);
     window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, id);
+    if (window->rsCatalogo.IsEOF()) throw CatalogGone();
     window->Plugins = plugins_;
     window->LoadForm();
     window->setWindowTitle(PlainTitle(caption));

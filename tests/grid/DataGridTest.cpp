@@ -147,6 +147,10 @@ TEST_F(ShownGrid, AKeyAfterAClickIsTheFirstOfTheCell) {
   Click(0, u"Name"_qs);
   EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"12,50"_qs);
   EXPECT_EQ(Stored(u"Note"_qs, u"Fay"_qs), u"new"_qs);
+  const QModelIndex mark = Row().index(2, Row().ColumnOf(u"Active"_qs));
+  Click(grid_->viewport()->mapTo(&window_, grid_->visualRect(mark).topLeft() + QPoint(10, 10)));
+  EXPECT_EQ(Row().Value(2, u"Active"_qs), 0);
+  EXPECT_EQ(Where(), u"2 Active"_qs) << "also on the check mark itself";
 }
 
 TEST_F(ShownGrid, TheNextNewRowBeginsInItsColumnAndNothingElseMoves) {
@@ -314,6 +318,14 @@ TEST_F(ShownGrid, ARefusedCellKeepsItsEditor) {
   Type(u"t"_qs);
   Key(Qt::Key_Down);
   EXPECT_EQ(Stored(u"Note"_qs, u"Carla"_qs), u"not"_qs) << "mended in the editor";
+
+  Type(u"no"_qs);
+  grid_->setFocus();
+  EXPECT_TRUE(grid_->DeleteSelected());
+  EXPECT_EQ(grid_->SelectedRows(), QList<int>{1}) << "the editor has gone with its row";
+  Type(u"kept"_qs);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Stored(u"Note"_qs, u"Bruno"_qs), u"kept"_qs);
 }
 
 TEST_F(ShownGrid, ADropDownIsTypedIntoOrPickedFrom) {

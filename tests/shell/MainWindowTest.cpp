@@ -192,6 +192,9 @@ TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
   window_->cnnCatalog.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=109"_qs);
   dialogs_.ExpectMessage(u"The catalog is not there any more: it was deleted elsewhere"_qs);
   EXPECT_FALSE(window_->close());
+  dialogs_.ExpectMessage(u"Error: The catalog is not there any more: it was deleted elsewhere"_qs,
+                         BoxStyle::Stop);
+  Press(u"cmdEdit"_qs);
 }
 
 TEST_F(MainWindow, AClickOnTheSelectedLabelRenamesUnlessSomethingElseBegins) {
