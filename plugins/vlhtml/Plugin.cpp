@@ -1,14 +1,7 @@
 #include "Plugin.h"
 
 #include <QApplication>
-#include <QDesktopServices>
-#include <QDir>
-#include <QFileDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QUrl>
+#include <QFileInfo>
 #include <memory>
 
 #include "PluginDialogs.h"
@@ -21,119 +14,6 @@
 static void InitPicture() { Q_INIT_RESOURCE(vlhtml); }
 
 namespace vlhtml {
-namespace {
-
-// The texts that a box shows beside its first one are labels of their own.
-void PlainLabels(const QWidget& box) {
-  for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
-}
-
-// The progress window; the program stays painted while it shows. It comes with the first report, so that it
-// does not show over a question before.
-class WindowProgress : public IVorlinaProgress {
- public:
-  WindowProgress(QWidget* owner, bool italian) : owner_(owner), italian_(italian) {}
-
-  bool Report(int done, int total, const QString& step) override {
-    if (!dialog_) Make();
-    dialog_->setLabelText(step);
-    dialog_->setMaximum(total);
-    dialog_->setValue(done);
-    QApplication::processEvents();
-    return !dialog_->wasCanceled();
-  }
-
- private:
-  void Make() {
-    dialog_ = std::make_unique<QProgressDialog>(
-        QString(), italian_ ? QStringLiteral("&Annulla") : QStringLiteral("&Cancel"), 0, 1, owner_);
-    dialog_->setObjectName(QStringLiteral("prgPublish"));
-    dialog_->setWindowTitle(italian_ ? QStringLiteral("Pubblicazione") : QStringLiteral("Publishing"));
-    dialog_->setWindowModality(Qt::ApplicationModal);
-    dialog_->setMinimumDuration(300);
-    dialog_->setMinimumWidth(360);
-    dialog_->setAutoReset(false);
-    dialog_->setAutoClose(false);
-    PlainLabels(*dialog_);
-  }
-
-  QWidget* owner_;
-  bool italian_;
-  std::unique_ptr<QProgressDialog> dialog_;
-};
-
-// Another catalog's site goes with all its pages, so that nothing but a plain yes replaces it.
-bool AskReplace(QWidget* owner, bool italian, const QString& title, const QString& folder) {
-  QMessageBox box(QMessageBox::Question, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton, owner);
-  box.setObjectName(QStringLiteral("msgReplaceSite"));
-  box.setTextFormat(Qt::PlainText);
-  const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
-  box.setText((italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
-                       : QStringLiteral("The folder holds the site of another catalog%1. Replace it?"))
-                  .arg(named));
-  box.setInformativeText(
-      (italian ? QStringLiteral(
-                     "%1\n\nLe pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
-                     "scegliere un'altra cartella.")
-               : QStringLiteral("%1\n\nThe pages of that site will be deleted. To keep them, answer No and "
-                                "choose another folder."))
-          .arg(QDir::toNativeSeparators(folder)));
-  PlainLabels(box);
-  const QPushButton* yes =
-      box.addButton(italian ? QStringLiteral("&Sì") : QStringLiteral("&Yes"), QMessageBox::YesRole);
-  QPushButton* no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
-  box.setDefaultButton(no);
-  box.setEscapeButton(no);
-  box.exec();
-  return box.clickedButton() == yes;
-}
-
-QString Told(const PublishResult& result, const QString& folder, const Languages& languages) {
-  const bool italian = languages.italian;
-  QString told = QDir::toNativeSeparators(folder);
-  if (languages.siteItalian)
-    told += italian ? QStringLiteral("\n\nLingua del sito: italiano.")
-                    : QStringLiteral("\n\nLanguage of the site: Italian.");
-  else
-    told += italian ? QStringLiteral("\n\nLingua del sito: inglese.")
-                    : QStringLiteral("\n\nLanguage of the site: English.");
-  if (!result.warnings.isEmpty())
-    told += (italian ? QStringLiteral("\n\nAvvisi: %1. I dettagli li elencano.")
-                     : QStringLiteral("\n\nWarnings: %1. The details list them."))
-                .arg(result.warnings.size());
-  return told;
-}
-
-// True when the user wants another language for the site.
-bool ShowResult(QWidget* owner, const PublishResult& result, const QString& folder,
-                const Languages& languages) {
-  const bool italian = languages.italian;
-  QMessageBox box(QMessageBox::Information, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton,
-                  owner);
-  box.setObjectName(QStringLiteral("msgPublished"));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(italian ? QStringLiteral("Il sito è pronto: %1 pagine.").arg(result.pages)
-                      : QStringLiteral("The site is ready: %1 pages.").arg(result.pages));
-  box.setInformativeText(Told(result, folder, languages));
-  PlainLabels(box);
-  box.setDetailedText(result.warnings.join(u'\n'));
-  QPushButton* open = box.addButton(
-      italian ? QStringLiteral("&Apri il sito") : QStringLiteral("&Open the site"), QMessageBox::AcceptRole);
-  QPushButton* language =
-      box.addButton(italian ? QStringLiteral("Altra &lingua…") : QStringLiteral("Other &language…"),
-                    QMessageBox::ActionRole);
-  language->setObjectName(QStringLiteral("cmdLanguage"));
-  QPushButton* close =
-      box.addButton(italian ? QStringLiteral("&Chiudi") : QStringLiteral("&Close"), QMessageBox::RejectRole);
-  box.setDefaultButton(close);
-  box.setEscapeButton(close);
-  box.exec();
-  if (box.clickedButton() == open)
-    QDesktopServices::openUrl(QUrl::fromLocalFile(folder + QStringLiteral("/index.html")));
-  return box.clickedButton() == language;
-}
-
-}  // namespace
 
 QString Plugin::GetPluginName() {
   return italian_ ? QStringLiteral("Sito HTML") : QStringLiteral("HTML site");
@@ -166,16 +46,14 @@ QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
   if (language.isEmpty())
     language = AskSiteLanguage(owner, italian_, LooksItalian(connection, IDCatalogo, italian_));
   if (language.isEmpty()) return {};
-  const QString title = italian_ ? QStringLiteral("Cartella del sito") : QStringLiteral("Folder of the site");
-  const QString folder =
-      QFileDialog::getExistingDirectory(owner, title, RememberedTarget(connection, IDCatalogo));
+  const QString folder = AskTargetFolder(owner, italian_, RememberedTarget(connection, IDCatalogo));
   if (folder.isEmpty()) return {};
   while (!language.isEmpty()) {
     const Languages languages{italian_, language == u"Italian"};
     PublishResult result;
     {
-      WindowProgress progress(owner, italian_);
-      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress,
+      const std::unique_ptr<IVorlinaProgress> progress = MakeProgressWindow(owner, italian_);
+      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, *progress,
                            [&](const QString& other) { return AskReplace(owner, italian_, other, folder); });
     }
     if (!result.complete) return {};
@@ -196,22 +74,10 @@ QVariant Plugin::InstallSkin(QString& skin) {
         AskSkin(owner, italian_, Skins(host_), QFileInfo(CurrentSkin(host_)).fileName());
     name = choice.skin;
     if (!name.isEmpty()) UseSkin(name, host_);
-    if (choice.fromArchive)
-      archive = QFileDialog::getOpenFileName(
-          owner, italian_ ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"), {},
-          QStringLiteral("Skin (*.zip)"));
+    if (choice.fromArchive) archive = AskSkinArchive(owner, italian_);
   }
   if (!archive.isEmpty()) name = InstallSkinArchive(archive, host_);
-  if (name.isEmpty()) return {};
-  QMessageBox box(
-      QMessageBox::Information, QStringLiteral("Vorlina"),
-      (italian_ ? QStringLiteral("La skin \"%1\" sarà usata da ora in poi, per tutti i cataloghi.")
-                : QStringLiteral("The skin \"%1\" will be used from now on, for all catalogs."))
-          .arg(name),
-      QMessageBox::Ok, owner);
-  box.setObjectName(QStringLiteral("msgSkinInstalled"));
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  if (!name.isEmpty()) TellSkinInstalled(owner, italian_, name);
   return {};
 }
 

@@ -6,8 +6,6 @@
 #include <QLoggingCategory>
 #include <QTranslator>
 
-#include "base/Settings.h"
-
 namespace vorlina {
 namespace {
 Q_LOGGING_CATEGORY(base, "vorlina.base", QtInfoMsg)
@@ -29,13 +27,6 @@ void SetLanguage(const QString& language) {
     BaseErrore = 500;
     BaseConferma = 600;
   }
-}
-
-void ChooseLanguage() {
-  QString language = GetSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, QString());
-  if (language.isEmpty())
-    language = LocaleText(LocaleEnglishLanguageName) == u"Italian" ? u"Italian"_qs : u"English"_qs;
-  SetLanguage(language);
 }
 
 void LoadQtTexts() {

@@ -15,11 +15,7 @@ extern int BaseConferma;
 // Scratch text in which a long question is put together before it is shown.
 extern QString Messaggio;
 
-// Settles the language: the setting Generali/Language; where that is empty, Italian on an Italian system,
-// else English, which is not saved. Sets the two bases.
-void ChooseLanguage();
-
-// As ChooseLanguage, with the language given. The comparison is exact.
+// Settles the language and the two bases. The comparison is exact.
 void SetLanguage(const QString& language);
 
 // Brings Qt's own boxes, choosers and menus into the language of the captions, whatever the desktop speaks.

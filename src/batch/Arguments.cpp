@@ -110,6 +110,70 @@ void RequireForm(const QString& command, const Pieces& pieces) {
     Refuse(u"Di troppo: %1"_qs.arg(pieces.words[1]), u"Too much: %1"_qs.arg(pieces.words[1]));
 }
 
+QString HelpInItalian() {
+  return uR"(Uso: vorlina-batch COMANDO [OPZIONI]
+
+Comandi:
+  catalogs                 elenca i cataloghi
+  plugins                  elenca i plug-in di pubblicazione
+  publish --catalog ID --plugin IDENT --to CARTELLA
+                           pubblica un catalogo in una cartella
+  import CARTELLA --catalog ID
+                           fa un prodotto di ogni immagine ".jpg" della cartella
+  clone --catalog ID       duplica un catalogo con le sue immagini
+  delete --catalog ID --yes
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto
+  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
+                           solo di note, come un file che nessuna riga usa
+  backup FILE [--allow-missing]
+                           salva database, immagini e layout in un archivio; con --allow-missing anche se
+                           mancano immagini
+  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c'era
+                           prima resta in "Before restore" fino al prossimo ripristino
+
+Opzioni:
+  --app CARTELLA           usa un'altra cartella dell'applicazione
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
+  --json                   un oggetto JSON al posto del testo
+  --help                   mostra questo aiuto
+  --version                mostra la versione
+
+Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
+)"_qs;
+}
+
+QString HelpInEnglish() {
+  return uR"(Usage: vorlina-batch COMMAND [OPTIONS]
+
+Commands:
+  catalogs                 lists the catalogs
+  plugins                  lists the publishing plug-ins
+  publish --catalog ID --plugin IDENT --to DIR
+                           publishes a catalog into a folder
+  import FOLDER --catalog ID
+                           makes a product of each picture ".jpg" in the folder
+  clone --catalog ID       clones a catalog with its pictures
+  delete --catalog ID --yes
+                           deletes a catalog with its pictures; --yes says that this is meant
+  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
+                           notes, such as a file that no row uses
+  backup FILE [--allow-missing]
+                           saves database, pictures and layouts in one archive; with --allow-missing also when
+                           pictures are missing
+  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
+                           before stays in "Before restore" until the next restore
+
+Options:
+  --app DIR                works on another application folder
+  --language LANGUAGE      Italian or English, for the messages and for what is published
+  --json                   one JSON object instead of text
+  --help                   shows this help
+  --version                shows the version
+
+Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
+)"_qs;
+}
+
 }  // namespace
 
 Arguments ParseArguments(const QStringList& texts) {
@@ -138,66 +202,6 @@ Arguments ParseArguments(const QStringList& texts) {
   return arguments;
 }
 
-QString HelpText() {
-  return EitherLanguage(
-      uR"(Uso: vorlina-batch COMANDO [OPZIONI]
-
-Comandi:
-  catalogs                 elenca i cataloghi
-  plugins                  elenca i plug-in di pubblicazione
-  publish --catalog ID --plugin IDENT --to CARTELLA
-                           pubblica un catalogo in una cartella
-  import CARTELLA --catalog ID
-                           fa un prodotto di ogni immagine ".jpg" della cartella
-  clone --catalog ID       duplica un catalogo con le sue immagini
-  delete --catalog ID --yes
-                           elimina un catalogo con le sue immagini; --yes dice che è voluto
-  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
-                           solo di note, come un file che nessuna riga usa
-  backup FILE [--allow-missing]
-                           salva database, immagini e layout in un archivio; con --allow-missing anche se
-                           mancano immagini
-  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c'era
-                           prima resta in "Before restore" fino al prossimo ripristino
-
-Opzioni:
-  --app CARTELLA           usa un'altra cartella dell'applicazione
-  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
-  --json                   un oggetto JSON al posto del testo
-  --help                   mostra questo aiuto
-  --version                mostra la versione
-
-Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
-)"_qs,
-      uR"(Usage: vorlina-batch COMMAND [OPTIONS]
-
-Commands:
-  catalogs                 lists the catalogs
-  plugins                  lists the publishing plug-ins
-  publish --catalog ID --plugin IDENT --to DIR
-                           publishes a catalog into a folder
-  import FOLDER --catalog ID
-                           makes a product of each picture ".jpg" in the folder
-  clone --catalog ID       clones a catalog with its pictures
-  delete --catalog ID --yes
-                           deletes a catalog with its pictures; --yes says that this is meant
-  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
-                           notes, such as a file that no row uses
-  backup FILE [--allow-missing]
-                           saves database, pictures and layouts in one archive; with --allow-missing also when
-                           pictures are missing
-  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
-                           before stays in "Before restore" until the next restore
-
-Options:
-  --app DIR                works on another application folder
-  --language LANGUAGE      Italian or English, for the messages and for what is published
-  --json                   one JSON object instead of text
-  --help                   shows this help
-  --version                shows the version
-
-Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
-)"_qs);
-}
+QString HelpText() { return EitherLanguage(HelpInItalian(), HelpInEnglish()); }
 
 }  // namespace vorlina

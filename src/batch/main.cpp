@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <csignal>
 
+#include "base/ChooseLanguage.h"
 #include "base/SafeFile.h"
 #include "batch/Arguments.h"
 #include "batch/Commands.h"

@@ -3,7 +3,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <algorithm>
 
 #include "base/SafeFile.h"
 #include "catalogs/BackupPacker.h"
@@ -15,7 +14,6 @@ namespace vorlina {
 namespace {
 
 constexpr int MostAttempts = 3;
-constexpr qsizetype MostPaths = 20;
 
 BackupReport PackAndVerify(Connection& connection, const BackupStaging& staging, const Progress& progress,
                            MissingPictures missing) {
@@ -33,22 +31,6 @@ BackupReport PackAndVerify(Connection& connection, const BackupStaging& staging,
 }
 
 }  // namespace
-
-QString ListOfPaths(const QStringList& paths) {
-  QString list = u"  "_qs + paths.first(std::min(paths.size(), MostPaths)).join(u"\n  ");
-  if (paths.size() > MostPaths)
-    list += u"\n"_qs + EitherLanguage(u"  e altri %1"_qs, u"  and %1 more"_qs).arg(paths.size() - MostPaths);
-  return list;
-}
-
-MissingPicturesError::MissingPicturesError(const QStringList& missing)
-    : Error(EitherLanguage(u"La copia di sicurezza non è stata fatta, e quella di prima è rimasta com'era: "
-                           u"mancano immagini, o non possono essere lette (%1)."_qs,
-                           u"No backup was made, and a former one is as it was: pictures are missing, or "
-                           u"cannot be read (%1)."_qs)
-                .arg(missing.size()) +
-            u'\n' + ListOfPaths(missing)),
-      missing_(missing) {}
 
 BackupReport WriteBackup(Connection& connection, const QString& file, const Progress& progress,
                          MissingPictures missing) {

@@ -7,36 +7,15 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <functional>
 
 #include "base/Progress.h"
 #include "catalogs/BackupManifest.h"
+#include "catalogs/BackupReport.h"
 
 namespace vorlina {
 
 class Connection;
-
-struct BackupReport {
-  BackupManifest manifest;
-  QStringList missing;  // pictures that rows name, and files that could not be read
-  QStringList outside;  // pictures that rows name and that lie outside of "Images"
-};
-
-// Pictures that rows name are not there, so that a backup would lack them.
-class MissingPicturesError : public Error {
- public:
-  explicit MissingPicturesError(const QStringList& missing);
-  const QStringList& Missing() const { return missing_; }
-
- private:
-  QStringList missing_;
-};
-
-// Those of these paths that fit into a message, and how many there are besides.
-QString ListOfPaths(const QStringList& paths);
-
-enum class MissingPictures { Refused, Allowed };
 
 // Writes the backup of the application folder whose database this is. It holds every picture that a row of
 // the database in it names, also while another program changes them. A former backup of that name is

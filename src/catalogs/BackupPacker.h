@@ -7,7 +7,8 @@
 #include <map>
 #include <vector>
 
-#include "catalogs/Backup.h"
+#include "base/Progress.h"
+#include "catalogs/BackupReport.h"
 #include "catalogs/BackupSources.h"
 
 namespace vorlina {

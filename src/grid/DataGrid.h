@@ -22,16 +22,6 @@ class WidgetGridDelegate;
 class WidgetRowDrag;
 class WidgetRowHeader;
 
-struct GridColours {
-  QColor ground;  // where no rows are
-  QColor oddRow;  // the first, the third ...
-  QColor evenRow;
-  QColor target;  // the row under the pointer while rows are dragged
-};
-
-// The light set, or one that fits a dark palette.
-GridColours ColoursFor(const QPalette& palette);
-
 class DataGrid : public QTableView {
   Q_OBJECT
 

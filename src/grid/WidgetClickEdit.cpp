@@ -2,12 +2,11 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-
-#include "grid/DataGrid.h"
+#include <QTableView>
 
 namespace vorlina {
 
-WidgetClickEdit::WidgetClickEdit(DataGrid& grid) : QObject(&grid), grid_(grid) {
+WidgetClickEdit::WidgetClickEdit(QTableView& grid) : QObject(&grid), grid_(grid) {
   grid.viewport()->installEventFilter(this);
   wait_.setSingleShot(true);
   connect(&wait_, &QTimer::timeout, this, &WidgetClickEdit::Open);
@@ -35,8 +34,9 @@ bool WidgetClickEdit::eventFilter(QObject*, QEvent* event) {
 void WidgetClickEdit::Press(const QMouseEvent& event) {
   Forget();
   const QModelIndex cell = grid_.indexAt(event.pos());
-  const bool edits = event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier &&
-                     grid_.selectionModel()->isSelected(cell) && grid_.SelectedCount() <= 1;
+  const QItemSelection selected = grid_.selectionModel()->selection();
+  const bool isAlone = selected.size() == 1 && selected.first().height() == 1 && selected.contains(cell);
+  const bool edits = event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier && isAlone;
   pressed_ = edits ? cell : QModelIndex();
 }
 

@@ -8,14 +8,13 @@
 #include <QTimer>
 
 class QMouseEvent;
+class QTableView;
 
 namespace vorlina {
 
-class DataGrid;
-
 class WidgetClickEdit : public QObject {
  public:
-  explicit WidgetClickEdit(DataGrid& grid);
+  explicit WidgetClickEdit(QTableView& grid);
 
   // The click that waits comes to nothing.
   void Forget() { wait_.stop(); }
@@ -28,7 +27,7 @@ class WidgetClickEdit : public QObject {
   void Release(const QMouseEvent& event);
   void Open();
 
-  DataGrid& grid_;
+  QTableView& grid_;
   QTimer wait_;
   QPersistentModelIndex pressed_;
 };

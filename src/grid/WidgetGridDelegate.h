@@ -6,7 +6,8 @@
 #include <QStyledItemDelegate>
 #include <functional>
 
-#include "grid/DataGrid.h"
+#include "grid/GridColours.h"
+#include "grid/RecordsetModel.h"
 
 class QComboBox;
 

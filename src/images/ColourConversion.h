@@ -3,7 +3,7 @@
 
 #include <QByteArray>
 
-#include "images/JpegCodec.h"
+#include "images/PlanarImage.h"
 
 namespace vorlina {
 

@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "images/ColourProfile.h"
-#include "images/JpegCodec.h"
 #include "images/JpegErrors.h"
+#include "images/JpegHead.h"
 
 namespace vorlina {
 

@@ -1,7 +1,7 @@
 // Scaling and turning of planes.
 #pragma once
 
-#include "images/JpegCodec.h"
+#include "images/PlanarImage.h"
 
 namespace vorlina {
 

@@ -1,7 +1,6 @@
 #include "products/frmEditCatalog.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
@@ -17,6 +16,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "base/SafeFile.h"
 #include "base/WaitCursor.h"
 #include "grid/DataGrid.h"
 #include "products/CellRules.h"
@@ -241,7 +241,7 @@ QString frmEditCatalog::LayoutFile() const { return AppFile(u"Layouts/%1.lyt"_qs
 // A file that is no layout leaves the columns as they are bound.
 void frmEditCatalog::LoadLayoutFile() {
   try {
-    QDir().mkpath(AppFile(u"Layouts"_qs));
+    MakeFolder(AppFile(u"Layouts"_qs));
     if (QFile::exists(LayoutFile())) grdProducts->ApplyLayout(LoadLayout(LayoutFile()));
   } catch (const Error& error) {
     qCDebug(products) << LayoutFile() << error.Description();

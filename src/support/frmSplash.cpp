@@ -5,6 +5,7 @@
 #include <QSysInfo>
 #include <QVersionNumber>
 
+#include "base/ChooseLanguage.h"
 #include "base/Language.h"
 #include "ui_frmSplash.h"
 

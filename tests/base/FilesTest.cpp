@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 
 #include "base/AppPath.h"
+#include "base/ChooseLanguage.h"
 #include "base/Error.h"
 #include "base/Language.h"
 #include "base/SafeFile.h"
