@@ -6,19 +6,16 @@
 // that shows plain text: a label whose text format is said to be plain, in its form or in the same file, or something
 // that is no label. What a variable holds it does not know, and so asks for the helper there too. It does not see texts
 // that reach a tool tip by another way, as a model's ToolTipRole does.
-import { execFileSync } from 'node:child_process';
-import { readFileSync } from 'node:fs';
+import { listed, sources, textOf } from './sources.mjs';
 
-const files = execFileSync('git', ['ls-files', '--cached', '--others', '--exclude-standard', 'src', 'plugins'])
-  .toString().trim().split('\n').filter((file) => /\.(h|cpp)$/.test(file));
-const forms = execFileSync('git', ['ls-files', '--cached', '--others', '--exclude-standard', '*.ui'])
-  .toString().trim().split('\n').filter(Boolean);
-const problems = [];
+const files = sources.filter((file) => /^(?:src|plugins)\//.test(file));
+const forms = listed('*.ui');
+export const problems = [];
 
 // Of each control of a form: whether it shows a text as it is.
 const controls = new Map();
 for (const file of forms)
-  for (const [, kind, name, rest] of readFileSync(file, 'utf8').matchAll(/<widget class="(\w+)" name="(\w+)">(.*?)(?=<widget |<\/widget>)/gs))
+  for (const [, kind, name, rest] of textOf(file).matchAll(/<widget class="(\w+)" name="(\w+)">(.*?)(?=<widget |<\/widget>)/gs))
     controls.set(name, kind !== 'QLabel' || rest.includes('Qt::PlainText'));
 
 // The argument behind the bracket at this place, and where it ends.
@@ -67,7 +64,7 @@ const isHelped = (name, argument) =>
     : /^Plain(?:ToolTip|Title)\(/.test(argument) || (name === 'setToolTip' && /^toolTip\(\)$/.test(argument));
 
 for (const file of files) {
-  const text = readFileSync(file, 'utf8').replace(/^[ \t]*\/\/.*$/gm, '');
+  const text = textOf(file).replace(/^[ \t]*\/\/.*$/gm, '');
   const place = (at) => `${file}:${text.slice(0, at).split('\n').length}`;
   for (const call of text.matchAll(calls)) {
     const [whole, name] = call;
@@ -86,6 +83,4 @@ for (const file of files) {
     if (!text.includes('setTextFormat(Qt::PlainText)')) problems.push(`${file}: the ${kind} ${name} shows markup`);
 }
 
-for (const problem of problems) console.error(problem);
-if (problems.length > 0) process.exit(1);
-console.log(`${files.length} files show texts as they are`);
+export const told = `${files.length} files show texts as they are`;

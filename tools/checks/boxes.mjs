@@ -1,0 +1,23 @@
+// Fails where a message box, question, progress window or chooser is made outside the seam that all of them go through:
+// src/base/Widget* in the program, PluginDialogs in a plug-in. A window of the program is a frm*, so that a bare QDialog
+// made on the spot is a box too.
+//
+// What it sees: Qt's classes by their names. It does not see a window put together from plain widgets.
+import { codeOf, sources } from './sources.mjs';
+
+const boxes = 'MessageBox|InputDialog|ProgressDialog|ErrorMessage|FileDialog|ColorDialog|FontDialog|PrintDialog|PrintPreviewDialog|PageSetupDialog';
+export const problems = [];
+
+const seamOf = (file) => (file.startsWith('plugins/') ? /^plugins\/\w+\/PluginDialogs\.\w+$/ : /^src\/base\/Widget\w+\.\w+$/);
+const isWindow = (file) => /^src\/\w+\/frm\w+\.\w+$/.test(file);
+const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file) && !seamOf(file).test(file));
+
+for (const file of looked) {
+  const box = new RegExp(`\\bQ(?:${boxes}${isWindow(file) ? '' : '|Dialog'})\\b`);
+  codeOf(file).split('\n').forEach((line, at) => {
+    const found = line.match(box);
+    if (found !== null) problems.push(`${file}:${at + 1}: ${found[0]} outside ${file.startsWith('plugins/') ? 'PluginDialogs' : 'src/base/Widget*'}`);
+  });
+}
+
+export const told = `${looked.length} files, all boxes go through one place`;

@@ -1,0 +1,61 @@
+// Fails where a file or folder is made, written, renamed or removed by other means than src/base/SafeFile, but for the
+// places below, and where a place below needs no such leave.
+//
+// What it sees: Qt's and the system's classes, calls and flags by their names, and calls by what the same file declares
+// as a QFile or QDir. It does not see flags that a variable holds, a device that was opened elsewhere, or what SQLite
+// writes. Tests, benchmarks and tools write what is theirs.
+import { codeOf, lineAt, sources } from './sources.mjs';
+
+const kinds = {
+  writes: [/\bQSaveFile\b/, /\bQ(?:IODevice|IODeviceBase|File|FileDevice)::(?:WriteOnly|ReadWrite|Append|Truncate|NewOnly)\b/,
+    /\bQFile::(?:copy|link)\(/, /\bQ(?:Settings|ImageWriter|PdfWriter|LockFile)\b/, /(?:\.|->)save\([^)\s]/, /\bstd::o?fstream\b/,
+    /\bfopen\(/, /\bO_(?:WRONLY|RDWR|CREAT)\b/, /\bcopy_file\(|\b(?:fs|filesystem)::copy\(/, /\barchive_write_(?:open_filename|disk_\w+)\(/],
+  scratch: [/\bQTemporary(?:File|Dir)\b/],
+  folders: [/\bmk(?:path|dir)\(/, /\bcreate_director(?:y|ies)\(/],
+  renames: [/(?:\.|->|::)rename\(/],
+  removes: [/(?<!\bstd)::(?:remove(?:_all)?|moveToTrash)\(/, /\bQDir\(.*\)\.remove\(/, /\bremoveRecursively\(/, /\brmdir\(/, /\bunlink(?:at)?\(/],
+};
+const byVariable = { writes: 'copy|link|resize', removes: 'remove|moveToTrash' };
+
+const seam = 'src/base/SafeFile.cpp';
+const places = {
+  // The program.
+  'src/base/AppPath.cpp': ['scratch', 'whether a folder takes a file is seen by one that goes at once'],
+  'src/base/Settings.cpp': ['removes', 'the file beside, which a killed save left'],
+  'src/store/CatalogDatabase.cpp': ['removes', 'a copy of the database that is not whole'],
+  'src/images/PictureStore.cpp': ['removes', 'the owner of "Images"'],
+  'src/images/ImagePipeline.cpp': ['removes', 'a thumbnail that would show another picture'],
+  'src/catalogs/BackupPlace.cpp': ['scratch removes', 'the folder in which a backup is put together'],
+  'src/catalogs/CloneCatalog.cpp': ['removes', 'what stands under the name of a copy that was not made'],
+  'src/catalogs/Restore.cpp': ['renames removes', 'the folder into which a backup is unpacked'],
+  'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],
+  'src/products/CodeChange.cpp': ['removes', 'a thumbnail that would show another picture'],
+  'src/products/PictureDrop.cpp': ['removes', 'the copy of a picture that the user then does not want'],
+  // The plug-ins, which have nothing of the program but the plug-in headers.
+  'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
+  'plugins/vlhtml/engine/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
+  'plugins/vlhtml/engine/SkinArchive.cpp': ['writes folders renames removes', 'unpacks into a folder that does not count yet'],
+  'plugins/vlhtml/engine/SkinFolders.cpp': ['writes scratch folders renames', 'gives an unpacked skin its name; the name of the one in use'],
+  'plugins/vlhtml/engine/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],
+};
+export const problems = [];
+const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file) && file !== seam);
+
+for (const file of looked) {
+  const code = codeOf(file);
+  const variables = [...code.matchAll(/\bQ(?:File|Dir|TemporaryFile)\b&?\s+(\w+)/g)].map(([, name]) => name).join('|');
+  const leave = new Set((places[file]?.[0] ?? '').split(' ').filter(Boolean));
+  const used = new Set();
+  for (const [kind, patterns] of Object.entries(kinds)) {
+    const all = [...patterns];
+    if (variables !== '' && byVariable[kind] !== undefined) all.push(new RegExp(`\\b(?:${variables})(?:\\.|->)(?:${byVariable[kind]})\\(`));
+    for (const found of code.matchAll(new RegExp(all.map((each) => each.source).join('|'), 'g'))) {
+      used.add(kind);
+      if (!leave.has(kind)) problems.push(`${file}:${lineAt(code, found.index)}: ${found[0]} (${kind}) is for SafeFile to do`);
+    }
+  }
+  for (const kind of leave) if (!used.has(kind)) problems.push(`${file} has leave for "${kind}" and does not need it`);
+}
+for (const file of Object.keys(places)) if (!looked.includes(file)) problems.push(`${file} has leave and is not there`);
+
+export const told = `${looked.length} files write through SafeFile, or have a reason`;
