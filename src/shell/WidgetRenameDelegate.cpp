@@ -9,7 +9,8 @@
 
 namespace vorlina {
 
-WidgetRenameDelegate::WidgetRenameDelegate(QListWidget& list) : QStyledItemDelegate(&list), list_(list) {
+WidgetRenameDelegate::WidgetRenameDelegate(QListWidget& list)
+    : QStyledItemDelegate(&list), list_(list), viewport_(list.viewport()) {
   list.setItemDelegate(this);
   list.installEventFilter(this);
   list.viewport()->installEventFilter(this);
@@ -44,7 +45,7 @@ void WidgetRenameDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
 }
 
 bool WidgetRenameDelegate::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &list_ || watched == list_.viewport()) {
+  if (watched == &list_ || watched == viewport_) {
     WatchList(*event);
     return false;
   }

@@ -41,6 +41,7 @@ class WidgetRenameDelegate : public QStyledItemDelegate {
   bool IsOnSelected(const QEvent& event) const;
 
   QListWidget& list_;
+  const QObject* const viewport_;  // events still come while the list is being destroyed
   mutable QPointer<QWidget> editor_;
   QTimer click_;
   bool pressed_ = false;
