@@ -81,13 +81,15 @@ QVariant Plugin::InstallSkin(QString& skin) {
   return {};
 }
 
-// The language is the one asked for in this run, then the catalog's, then the program's.
+// The language is the one asked for in this run, then the one chosen for the catalog, then that of its texts.
 bool FolderPublisher::PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
                                 IVorlinaProgress& progress) {
   QString language = host_.askedLanguage;
   if (language.isEmpty()) language = RememberedLanguage(connection, IDCatalogo);
-  if (language.isEmpty()) language = host_.language;
-  const Languages languages{host_.language == u"Italian", language == u"Italian"};
+  const bool italian = host_.language == u"Italian";
+  const bool siteItalian =
+      language.isEmpty() ? LooksItalian(connection, IDCatalogo, italian) : language == u"Italian";
+  const Languages languages{italian, siteItalian};
   const PublishResult result =
       PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress);
   for (const QString& warning : result.warnings) progress.Warn(warning);

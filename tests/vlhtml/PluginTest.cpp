@@ -94,7 +94,10 @@ TEST_F(PluginTest, AsksForAFolderPublishesAndRemembersIt) {
 }
 
 TEST_F(PluginTest, TheLanguageOfTheSiteIsTheCatalogs) {
-  EXPECT_EQ(PublishedLanguage({}), u"lang=\"en"_qs) << "nobody chose: the program's";
+  EXPECT_EQ(PublishedLanguage({}), u"lang=\"en"_qs) << "nothing tells: the program's";
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Tazza con il manico'"_qs);
+  EXPECT_EQ(PublishedLanguage({}), u"lang=\"it"_qs) << "nobody chose: that of the texts";
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Cup with a handle'"_qs);
   Publish(site_, u"optItalian"_qs);
   Publish(site_);
   EXPECT_EQ(asked_, 1);

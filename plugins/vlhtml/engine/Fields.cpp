@@ -45,13 +45,6 @@ void Fields::GroupIf(bool condition, const char* name, const Tell& tell) {
     Flag(name, false);
 }
 
-void Fields::ListIf(const char* name, std::size_t count, const TellItem& tell) {
-  if (count > 0)
-    List(name, count, tell);
-  else
-    Flag(name, false);
-}
-
 // Lengths stand before what has one, so that two contents are never told by the same bytes.
 void FieldHash::Add(const char* bytes, std::size_t size) {
   told_ += std::to_string(size);

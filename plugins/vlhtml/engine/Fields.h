@@ -30,7 +30,6 @@ class Fields {
   // An empty text, group or list does not exist for a template.
   void TextIf(const char* name, const std::string& text);
   void GroupIf(bool condition, const char* name, const Tell& tell);
-  void ListIf(const char* name, std::size_t count, const TellItem& tell);
 };
 
 // The hash of what is told under the names that a template uses, or of everything.

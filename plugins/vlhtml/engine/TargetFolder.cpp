@@ -21,7 +21,7 @@ QString Real(const QString& path) {
 void RequireSiteFolder(const QString& target, const QString& applicationFolder, bool italian) {
   const QString site = Real(target);
   const QString application = Real(applicationFolder);
-  bool refused = application.startsWith(site) || site == Real(QDir::homePath());
+  bool refused = application.startsWith(site) || Real(QDir::homePath()).startsWith(site);
   for (const QString& own : {QStringLiteral("Images"), QStringLiteral("PubWiz"), QStringLiteral("Layouts")})
     refused = refused || site.startsWith(application + own + u'/', Qt::CaseInsensitive) ||
               site.startsWith(Real(application + own));
