@@ -104,10 +104,10 @@ TEST_F(TargetTest, IsNoFolderOfTheProgramOrOfSomebodyElse) {
   QDir().mkpath(QDir::homePath());
   QFile::link(AppFile(u"Images"_qs), AppFile(u"link"_qs));
   const auto before = Files(folder_.path());
-  for (const QString& folder : {AppPath(), u"/"_qs, QFileInfo(AppPath()).path(), AppFile(u"Images"_qs),
-                                AppFile(u"Images/new"_qs), AppFile(u"link/new"_qs), AppFile(u"PubWiz"_qs),
-                                AppFile(u"Layouts/x"_qs), QDir::homePath(), folder_.filePath(u"homes"_qs),
-                                AppFile(u"theirs"_qs)})
+  for (const QString& folder :
+       {AppPath(), u"/"_qs, QFileInfo(AppPath()).path(), AppFile(u"Images"_qs), AppFile(u"Images/new"_qs),
+        AppFile(u"link/new"_qs), AppFile(u"PubWiz"_qs), AppFile(u"Layouts/x"_qs), QDir::homePath(),
+        folder_.filePath(u"homes"_qs), AppFile(u"theirs"_qs)})
     EXPECT_TRUE(Publishing(1, folder).contains(u"Choose")) << folder;
   EXPECT_TRUE(Files(folder_.path()) == before);
 }
