@@ -3,7 +3,7 @@ add_library(vorlina_options INTERFACE)
 target_compile_features(vorlina_options INTERFACE cxx_std_20)
 target_compile_options(vorlina_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-  -Wcast-qual -Wimplicit-fallthrough -Werror)
+  -Wcast-qual -Wimplicit-fallthrough $<$<BOOL:${VORLINA_WERROR}>:-Werror>)
 target_compile_definitions(vorlina_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_STRICT_ITERATORS QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)
