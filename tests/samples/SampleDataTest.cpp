@@ -108,7 +108,7 @@ TEST_F(Delivered, EveryRowHasItsPictureAndEveryPictureItsRow) {
     EXPECT_FALSE(seen.contains(content)) << "the picture of another row as well: " << name;
     seen << content;
     const int longer = std::max(image.width(), image.height());
-    EXPECT_TRUE(row[3] == u"2" || (longer >= 1200 && longer <= 1600)) << name;
+    EXPECT_TRUE(row[3] == u"2" || (longer >= 1200 && longer <= 1920)) << name;
     if (row[3] != u"1") continue;
     const QImage thumbnail(DeliveredData() + u"/Images/t" + name, "jpeg");
     EXPECT_EQ(std::max(thumbnail.width(), thumbnail.height()), 200) << name;

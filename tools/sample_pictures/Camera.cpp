@@ -21,7 +21,7 @@ Vec Developed(Vec light) { return {Develop(light.x), Develop(light.y), Develop(l
 
 bool Differ(const Vec& a, const Vec& b) {
   const Vec d = a - b;
-  return std::max({std::abs(d.x), std::abs(d.y), std::abs(d.z)}) > 18;
+  return std::max({std::abs(d.x), std::abs(d.y), std::abs(d.z)}) > 12;
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ QImage TakePicture(const Tracer& tracer, const Camera& camera) {
   for (int y = 0; y < height; ++y)
     for (int x = 0; x < width; ++x) first[at++] = take(x + 0.5, y + 0.5);
 
-  static constexpr double more[4][2] = {{0.125, 0.375}, {0.625, 0.125}, {0.875, 0.625}, {0.375, 0.875}};
+  constexpr int Side = 3;  // of the square of further rays
   QImage picture(width, height, QImage::Format_RGB32);
   for (int y = 0; y < height; ++y) {
     auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
@@ -96,8 +96,9 @@ QImage TakePicture(const Tracer& tracer, const Camera& camera) {
       Vec c = first[here];
       if ((x > 0 && Differ(c, first[here - 1])) || (x + 1 < width && Differ(c, first[here + 1])) ||
           (y > 0 && Differ(c, first[here - row])) || (y + 1 < height && Differ(c, first[here + row]))) {
-        c = c * 0.2;
-        for (const auto& offset : more) c += take(x + offset[0], y + offset[1]) * 0.2;
+        c = {};
+        for (int k = 0; k < Side * Side; ++k)
+          c += take(x + (k % Side + 0.5) / Side, y + (k / Side + 0.5) / Side) * (1.0 / (Side * Side));
       }
       const double dx = double(x) / width - 0.5, dy = double(y) / height - 0.5;
       c = c * (1 - 0.22 * (dx * dx + dy * dy) * 2 * (dx * dx + dy * dy));

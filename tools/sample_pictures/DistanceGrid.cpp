@@ -3,7 +3,7 @@
 namespace vorlina::studio {
 namespace {
 
-constexpr int LongerSide = 230;
+constexpr int LongerSide = 640;
 
 struct Nearest {
   double distance;
@@ -26,6 +26,11 @@ Nearest NearestOn(const std::vector<Vec>& line, bool closed, double x, double y)
     }
   }
   return {std::sqrt(best), along};
+}
+
+// The smooth curve through four values, between the second and the third.
+double Cubic(double a, double b, double c, double d, double t) {
+  return b + 0.5 * t * (c - a + t * (2 * a - 5 * b + 4 * c - d + t * (3 * (b - c) + d - a)));
 }
 
 bool Encloses(const std::vector<Vec>& ring, double x, double y) {
@@ -106,7 +111,16 @@ double DistanceGrid::At(double x, double y) const {
   const float* at = values_.data() + size_t(j) * size_t(columns_) + size_t(i);
   const double below = at[0] + (at[1] - at[0]) * s,
                above = at[columns_] + (at[columns_ + 1] - at[columns_]) * s;
-  const double d = below + (above - below) * t;
+  double d = below + (above - below) * t;
+  // Near the surface, where the normal is taken, straight pieces between the grid's points would show.
+  if (std::abs(d) < 6 * cell_ && i > 0 && j > 0 && i < columns_ - 2 && j < rows_ - 2) {
+    double rows[4];
+    for (int k = 0; k < 4; ++k) {
+      const float* row = at + (k - 1) * columns_;
+      rows[k] = Cubic(double(row[-1]), double(row[0]), double(row[1]), double(row[2]), s);
+    }
+    d = Cubic(rows[0], rows[1], rows[2], rows[3], t);
+  }
   if (cx == x && cy == y) return d;
   return std::sqrt((x - cx) * (x - cx) + (y - cy) * (y - cy) + d * d);
 }

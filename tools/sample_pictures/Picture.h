@@ -7,7 +7,7 @@
 namespace vorlina::studio {
 
 // Raised whenever the same description gives another picture, so that all are taken anew.
-inline constexpr int RendererVersion = 1;
+inline constexpr int RendererVersion = 2;
 
 // Composes and takes the picture. What the view leaves open is chosen by the description's "seed". Throws
 // Error for a description that cannot be read.

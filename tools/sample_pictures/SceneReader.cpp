@@ -40,7 +40,7 @@ Material MaterialFor(const QJsonObject& body, const QJsonObject& form, const QJs
 void ReadShape(Body& body, const QJsonObject& o) {
   if (o.contains(u"rod")) {
     body.kind = Body::Kind::Rod;
-    body.rod = CurveThrough(o[u"rod"].toString(), 10);
+    body.rod = CurveThrough(o[u"rod"].toString(), 48);
     std::tie(body.rodStart, body.rodEnd) = EndsOf(o[u"thick"], 0.5);
     body.flat = o[u"flat"].toDouble(1);
     body.hollow = o[u"hollow"].toDouble();
@@ -50,21 +50,21 @@ void ReadShape(Body& body, const QJsonObject& o) {
       body.grid = std::make_shared<DistanceGrid>(std::move(line));
       body.along = std::make_shared<DistanceGrid>(std::move(along));
     } else {
-      body.rod = CurveThrough(o[u"rod"].toString(), 4);  // looked up piece by piece
+      body.rod = CurveThrough(o[u"rod"].toString(), 10);  // looked up piece by piece
     }
   } else if (o.contains(u"board")) {
     body.kind = Body::Kind::Board;
     body.rounding = o[u"round"].toDouble(0.15);
     body.grid = std::make_shared<DistanceGrid>(
-        DistanceGrid::Solid(CurveThrough(o[u"board"].toString(), 8), false, 0.05));
+        DistanceGrid::Solid(CurveThrough(o[u"board"].toString(), 24), false, 0.05));
     body.halfThickness = o[u"thick"].toDouble(1) / 2;
   } else if (o.contains(u"wall")) {
     const auto [start, end] = EndsOf(o[u"thick"], 0.4);
-    body.line = CurveThrough(o[u"wall"].toString(), 10);
+    body.line = CurveThrough(o[u"wall"].toString(), 48);
     body.rounding = std::min(start, end) / 2;
     body.grid = std::make_shared<DistanceGrid>(DistanceGrid::Wall(body.line, start, end));
   } else {
-    body.line = CurveThrough(o[u"solid"].toString(), 10);
+    body.line = CurveThrough(o[u"solid"].toString(), 48);
     body.rounding = o[u"round"].toDouble(0.06);
     body.grid = std::make_shared<DistanceGrid>(DistanceGrid::Solid(body.line, true, body.rounding));
   }

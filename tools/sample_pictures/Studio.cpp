@@ -8,7 +8,6 @@
 namespace vorlina::studio {
 namespace {
 
-constexpr int MapSide = 260;
 const Vec KeyColour{1.50, 1.44, 1.36};
 const Vec RoomColour{0.42, 0.44, 0.47};
 const Vec FillColour{0.22, 0.23, 0.25};
@@ -52,6 +51,7 @@ Studio::Studio(const Scene& scene, const QJsonObject& view) : scene_(scene) {
   const Box& box = scene.Bounds();
   const Vec size = box.high - box.low;
   extent_ = std::max({size.x, size.y, size.z});
+  depth_ = view[u"depth"].toDouble(extent_);
   middle_ = (box.low + box.high) * 0.5;
   const Paper named = PaperNamed(view[u"backdrop"].toString(u"white"_qs));
   paper_ = ColourOf(QString::fromLatin1(named.paper));
@@ -126,7 +126,7 @@ Vec Studio::Backdrop(Vec from, Vec d) const {
   const double pool = 0.72 + 0.28 * std::exp(-aside * aside);
   const Vec light = KeyColour * (lit * key_.y * 0.62) + (RoomColour + FillColour * 0.5) * open;
   const Vec table = CoverColour(x, z, t) * light * pool;
-  return Mix(table, wall, Smooth(0.6 * extent_, 5.5 * extent_, middle_.z - z));
+  return Mix(table, wall, Smooth(0.6 * depth_, 5.5 * depth_, middle_.z - z));
 }
 
 double Studio::Lit(Vec p, Vec toLamp, double hardness) const {
@@ -165,19 +165,20 @@ Vec Studio::LightAt(Vec p, Vec n, double open) const {
 
 void Studio::CastShadows() {
   const double half = extent_ * 2.2;
+  mapSide_ = int(std::clamp(16 * extent_, 1000.0, 1600.0));
   mapStart_ = -half;
-  mapCell_ = 2 * half / (MapSide - 1);
-  lit_.resize(size_t(MapSide) * MapSide);
+  mapCell_ = 2 * half / (mapSide_ - 1);
+  lit_.resize(size_t(mapSide_) * mapSide_);
   open_.resize(lit_.size());
   static constexpr double lamps[4][2] = {{-0.11, -0.05}, {0.05, -0.12}, {0.11, 0.06}, {-0.05, 0.12}};
-  for (int j = 0; j < MapSide; ++j)
-    for (int i = 0; i < MapSide; ++i) {
+  for (int j = 0; j < mapSide_; ++j)
+    for (int i = 0; i < mapSide_; ++i) {
       const Vec p{middle_.x + mapStart_ + i * mapCell_, 0.001 * extent_,
                   middle_.z + mapStart_ + j * mapCell_};
       double lit = 0;
       for (const auto& lamp : lamps)
         lit += 0.25 * Lit(p, Normalized(key_ + keyAcross_ * lamp[0] + keyUp_ * lamp[1]), 9);
-      const size_t at = size_t(j) * MapSide + size_t(i);
+      const size_t at = size_t(j) * mapSide_ + size_t(i);
       lit_[at] = float(lit);
       double closed = 0;
       for (const double h : {0.02, 0.06, 0.14, 0.3})
@@ -190,12 +191,12 @@ void Studio::CastShadows() {
 void Studio::ShadowAt(double x, double z, double& lit, double& open) const {
   const double u = (x - middle_.x - mapStart_) / mapCell_, v = (z - middle_.z - mapStart_) / mapCell_;
   lit = open = 1;
-  if (!(u >= 0 && v >= 0 && u < MapSide - 1 && v < MapSide - 1)) return;
+  if (!(u >= 0 && v >= 0 && u < mapSide_ - 1 && v < mapSide_ - 1)) return;
   const int i = int(u), j = int(v);
-  const size_t at = size_t(j) * MapSide + size_t(i);
+  const size_t at = size_t(j) * mapSide_ + size_t(i);
   const auto blend = [&](const std::vector<float>& m) {
     return Mix(Mix(double(m[at]), double(m[at + 1]), u - i),
-               Mix(double(m[at + MapSide]), double(m[at + MapSide + 1]), u - i), v - j);
+               Mix(double(m[at + mapSide_]), double(m[at + mapSide_ + 1]), u - i), v - j);
   };
   lit = blend(lit_);
   open = blend(open_);

@@ -34,11 +34,13 @@ class Studio {
 
   const Scene& scene_;
   double extent_;
+  double depth_;  // how far behind the scene the table begins to become the wall
   Vec middle_;
   Vec key_, keyAcross_, keyUp_, strip_;
   Vec paper_, wall_;
   Cover cover_ = Cover::Paper;
   Material planks_;
+  int mapSide_ = 0;  // points along a side of the map of shadows
   double mapStart_ = 0, mapCell_ = 1;
   std::vector<float> lit_, open_;
 };

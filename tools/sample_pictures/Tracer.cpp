@@ -62,6 +62,8 @@ double Tracer::Hit(Vec o, Vec d, double pixel, const Body** body) const {
     const Scene::Nearest near = scene_.At(o + d * t);
     if (near.distance < pixel * t * 0.3 + 1e-5 * studio_.Extent()) {
       *body = near.body;
+      // Right onto the surface: how many steps led here must not show.
+      for (int k = 0; k < 3; ++k) t += 0.9 * scene_.Distance(o + d * t);
       return t;
     }
     t += near.distance;
@@ -105,7 +107,7 @@ Vec Tracer::Opaque(const Body& body, Vec p, Vec n, Vec d, double pixel, int dept
 }
 
 Vec Tracer::Through(const Body& body, Vec p, Vec n, Vec d, double pixel, int depth) const {
-  const double skin = 0.004 * studio_.Extent();
+  const double skin = std::min(0.004 * studio_.Extent(), 0.04);
   const double step = StepFor(body, studio_.Extent());
   const double part = Fresnel(0.045, -Dot(d, n));
   const Vec mirrored = Reflect(d, n);
@@ -115,10 +117,10 @@ Vec Tracer::Through(const Body& body, Vec p, Vec n, Vec d, double pixel, int dep
   Vec at = p - n * skin;
   double path = 0;
   for (int bounce = 0; bounce < 3; ++bounce) {
-    for (int i = 0; i < 90; ++i) {
+    for (int i = 0; i < 240; ++i) {
       const double inside = -scene_.Distance(at);
-      if (inside < 0.15 * skin && i > 0) break;
-      const double stride = std::max(inside, 0.4 * skin);
+      if (inside < 0.05 * skin && i > 0) break;
+      const double stride = std::max(inside, 0.1 * skin);
       at += way * stride;
       path += stride;
     }

@@ -45,7 +45,7 @@ QJsonObject Compose(const QJsonObject& product, const QJsonObject& picture,
     QJsonObject piece = value.toObject();
     const QString code = piece[u"code"].toString(product[u"code"].toString());
     if (!byCode.contains(code)) throw Error(u"a picture names an unknown product: "_qs + code);
-    piece[u"form"] = FormOf(byCode[code][u"form"].toObject(), byCode);
+    if (!piece.contains(u"form")) piece[u"form"] = FormOf(byCode[code][u"form"].toObject(), byCode);
     composed.append(piece);
   }
   const QJsonObject view = Over(product[u"view"].toObject(), picture[u"view"].toObject());
@@ -53,7 +53,7 @@ QJsonObject Compose(const QJsonObject& product, const QJsonObject& picture,
 }
 
 SampleProduct ProductOf(const QJsonObject& o, const SampleCatalog& catalog,
-                        const QHash<QString, QJsonObject>& byCode, int& nextPicture) {
+                        const QHash<QString, QJsonObject>& byCode) {
   SampleProduct p;
   p.catalog = catalog.id;
   p.position = int(catalog.products.size()) + 1;
@@ -69,12 +69,14 @@ SampleProduct ProductOf(const QJsonObject& o, const SampleCatalog& catalog,
   for (const QJsonValue value : o[u"images"].toArray()) {
     const QJsonObject image = value.toObject();
     const QString seed = p.code + u'/' + QString::number(p.pictures.size());
-    p.pictures.push_back({nextPicture++, TextOrNull(image[u"caption"]), Compose(o, image, byCode, seed)});
+    const int id = image[u"picture"].toInt();
+    if (id < 1) throw Error(p.code + u": a picture has no number"_qs);
+    p.pictures.push_back({id, TextOrNull(image[u"caption"]), Compose(o, image, byCode, seed)});
   }
   return p;
 }
 
-SampleCatalog CatalogOf(const QJsonObject& o, int& nextPicture) {
+SampleCatalog CatalogOf(const QJsonObject& o) {
   SampleCatalog catalog;
   catalog.id = o[u"id"].toInt();
   catalog.columns = o[u"catalog"].toObject();
@@ -87,7 +89,7 @@ SampleCatalog CatalogOf(const QJsonObject& o, int& nextPicture) {
   const QJsonArray products = o[u"products"].toArray();
   for (const QJsonValue product : products) byCode[product[u"code"].toString()] = product.toObject();
   for (const QJsonValue product : products)
-    catalog.products.push_back(ProductOf(product.toObject(), catalog, byCode, nextPicture));
+    catalog.products.push_back(ProductOf(product.toObject(), catalog, byCode));
   return catalog;
 }
 
@@ -104,12 +106,11 @@ QJsonObject ReadJsonFile(const QString& path) {
 
 std::vector<SampleCatalog> ReadSampleCatalogs(const QString& folder) {
   std::vector<SampleCatalog> catalogs;
-  int nextPicture = 1;
   const QStringList names = QDir(folder).entryList({u"catalog-*.json"_qs}, QDir::Files, QDir::Name);
   for (const QString& name : names) {
     const QJsonObject o = ReadJsonFile(folder + u'/' + name);
     try {
-      catalogs.push_back(CatalogOf(o, nextPicture));
+      catalogs.push_back(CatalogOf(o));
     } catch (const Error& error) {
       throw Error(name + u": " + error.Description());
     }

@@ -41,7 +41,7 @@ struct SampleCatalog {
   QString LogoName() const { return QString::number(id) + u"-Logo.jpg"; }
 };
 
-// Reads every catalog of the folder, by file name; additional pictures are numbered through from 1. Throws
+// Reads every catalog of the folder, by file name. Throws
 // Error naming the file and the place.
 std::vector<SampleCatalog> ReadSampleCatalogs(const QString& folder);
 
