@@ -6,7 +6,7 @@
 #include <QHash>
 #include <QString>
 
-#include "samples/SampleCatalog.h"
+#include "SampleCatalog.h"
 
 namespace vorlina {
 

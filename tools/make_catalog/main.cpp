@@ -1,5 +1,5 @@
 // Makes the delivered database from the schema, the sample catalogs and their pictures:
-//   make_catalog SCHEMA SAMPLES IMAGES TARGET
+//   make_catalog SCHEMA SAMPLES TARGET
 // The target is only replaced by a database that has passed its checks.
 #include <QCoreApplication>
 #include <QFile>
@@ -32,13 +32,13 @@ void Check(SQLite::Database& database) {
   if (finding != "ok") throw Error(QString::fromStdString(finding));
 }
 
-void MakeDatabase(const QString& file, const QString& schema, const QString& samples, const QString& images) {
+void MakeDatabase(const QString& file, const QString& schema, const QString& samples) {
   SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   RegisterSqlExtensions(database);
   database.exec("PRAGMA foreign_keys = ON");
   database.exec(TextOf(schema).toStdString());
   SQLite::Transaction transaction(database);
-  CatalogWriter writer(database, images);
+  CatalogWriter writer(database, samples + u"/Images");
   for (const SampleCatalog& catalog : ReadSampleCatalogs(samples)) writer.Write(catalog);
   transaction.commit();
   Check(database);
@@ -49,16 +49,16 @@ void MakeDatabase(const QString& file, const QString& schema, const QString& sam
 int main(int argc, char** argv) {
   QCoreApplication app(argc, argv);
   const QStringList words = QCoreApplication::arguments();
-  if (words.size() != 5) {
-    QTextStream(stderr) << "usage: make_catalog SCHEMA SAMPLES IMAGES TARGET\n";
+  if (words.size() != 4) {
+    QTextStream(stderr) << "usage: make_catalog SCHEMA SAMPLES TARGET\n";
     return 2;
   }
   try {
-    const QTemporaryDir beside(QFileInfo(words[4]).absolutePath() + u"/making-XXXXXX");
+    const QTemporaryDir beside(QFileInfo(words[3]).absolutePath() + u"/making-XXXXXX");
     if (!beside.isValid()) throw Error(beside.errorString());
     const QString made = beside.filePath(u"Catalog.db"_qs);
-    MakeDatabase(made, words[1], words[2], words[3]);
-    CopyFileSafely(made, words[4]);
+    MakeDatabase(made, words[1], words[2]);
+    CopyFileSafely(made, words[3]);
     return 0;
   } catch (const std::exception& error) {
     QTextStream(stderr) << "make_catalog: " << DescriptionOf(error) << '\n';
