@@ -1,6 +1,8 @@
 #include "shell/WidgetApplication.h"
 
 #include <QLoggingCategory>
+#include <QScopedValueRollback>
+#include <utility>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -9,15 +11,41 @@
 namespace vorlina {
 namespace {
 Q_LOGGING_CATEGORY(shell, "vorlina.shell", QtInfoMsg)
+
+bool IsInput(QEvent::Type type) {
+  return type == QEvent::KeyPress || type == QEvent::ShortcutOverride || type == QEvent::Shortcut ||
+         type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::Drop ||
+         type == QEvent::WindowActivate;
 }
+}  // namespace
 
 bool WidgetApplication::notify(QObject* receiver, QEvent* event) {
+  const QScopedValueRollback deeper(depth_, depth_ + 1);
+  bool result = false;
   try {
-    return QApplication::notify(receiver, event);
+    result = Deliver(receiver, event);
   } catch (...) {
     ShowUnhandled();
   }
-  return false;
+  if (depth_ == 1 && !closed_.empty())
+    QMetaObject::invokeMethod(this, &WidgetApplication::DeleteClosed, Qt::QueuedConnection);
+  return result;
+}
+
+bool WidgetApplication::Deliver(QObject* receiver, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(receiver);
+  if (widget == nullptr) return QApplication::notify(receiver, event);
+  if (IsInput(event->type()) && widget->window()->isHidden()) return true;
+  if (event->type() != QEvent::DeferredDelete || !widget->isWindow() || depth_ == 1)
+    return QApplication::notify(receiver, event);
+  closed_.emplace_back(widget);
+  return true;
+}
+
+// Queued, since Qt still holds the window that an event was for when the event has been delivered.
+void WidgetApplication::DeleteClosed() {
+  if (depth_ > 1) return;
+  for (const QPointer<QWidget>& window : std::exchange(closed_, {})) delete window.data();
 }
 
 void ShowUnhandled() {

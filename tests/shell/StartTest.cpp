@@ -158,3 +158,37 @@ TEST(Start, WithoutADatabaseAnActivationTellsItOnce) {
   EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
   EXPECT_THROW(static_cast<QObject&>(window).event(&activate), Error);
 }
+
+// A window that shows a box while it is closed already: keys come faster than the window system moves the
+// focus, and the activation of a window comes after its end.
+TEST(Start, AClosedWindowTakesNoInputAndOutlivesTheBoxThatItShows) {
+  struct Window : QWidget {
+    int keys = 0;
+    std::function<void()> activated;
+    void keyPressEvent(QKeyEvent*) override { ++keys; }
+    bool event(QEvent* event) override {
+      if (event->type() == QEvent::User) activated();
+      return QWidget::event(event);
+    }
+  };
+  const QPointer<Window> window(new Window);
+  window->setAttribute(Qt::WA_DeleteOnClose);
+  window->show();
+  bool there = false;
+  window->activated = [&] {
+    window->close();
+    QTest::keyClick(window.data(), Qt::Key_Return);
+    QEventLoop box;
+    QTimer::singleShot(0, &box, [&] {
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      there = !window.isNull();
+      box.quit();
+    });
+    box.exec();
+    EXPECT_EQ(window.isNull() ? -1 : window->keys, 0);
+  };
+  QEvent work(QEvent::User);
+  QCoreApplication::sendEvent(window, &work);
+  EXPECT_TRUE(there);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
+}

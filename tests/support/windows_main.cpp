@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 
 #include "base/Settings.h"
+#include "shell/WidgetApplication.h"
 #include "support/ScriptedDialogs.h"
 
 int main(int argc, char** argv) {
-  QApplication app(argc, argv);
+  vorlina::WidgetApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vorlina"));
   QTemporaryDir settings;
   vorlina::SetSettingsFolder(settings.path());
