@@ -110,8 +110,13 @@ void RequireOwnSchema(Connection& connection) {
       WithStoreErrors([&] { return std::pair(OwnStructure(), StructureOf(connection.Database())); });
   for (const auto& [name, lines] : own)
     if (found.count(name) == 0 || found.at(name) != lines) Refuse(name);
-  for (const auto& entry : found)
-    if (own.count(entry.first) == 0) Refuse(entry.first);
+  const QStringList indexes = WithStoreErrors([&] {
+    return Lines(connection.Database(), u"SELECT name,tbl_name FROM sqlite_schema WHERE type='index'"_qs);
+  });
+  for (const QString& line : indexes) {
+    const qsizetype blank = line.lastIndexOf(u' ');
+    if (own.count(line.mid(blank + 1)) != 0 && own.count(line.left(blank)) == 0) Refuse(line.left(blank));
+  }
 }
 
 }  // namespace vorlina

@@ -9,8 +9,9 @@ class Connection;
 // written would set them off.
 void RequireTablesAlone(Connection& connection);
 
-// Throws Error for a database whose tables, columns, keys and indexes are not those of the program, whether
-// it was made so or brought up to date.
+// Throws Error for a database whose tables of the program's names are built otherwise, whether they were made
+// so or brought up to date, and for one with further indexes on them, which might refuse rows. Tables of
+// other names are a plug-in's own.
 void RequireOwnSchema(Connection& connection);
 
 }  // namespace vorlina

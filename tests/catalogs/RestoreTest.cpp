@@ -204,7 +204,7 @@ TEST_F(RestoreTest, OnlyADatabaseThatIsBuiltLikeOursIsTaken) {
   const BackupFiles whole = ReadBackupFiles(file_);
   const std::vector<std::pair<const char*, QString>> cases{
       {"PRAGMA foreign_keys=OFF; DROP TABLE Immagini", u"(Immagini)"_qs},
-      {"CREATE TABLE More (a)", u"(More)"_qs},
+      {"CREATE UNIQUE INDEX OnlyOne ON Prodotti (CodiceProdotto, Pubblica)", u"(OnlyOne)"_qs},
       {"ALTER TABLE Extensions ADD COLUMN More TEXT", u"(Extensions)"_qs},
       {"ALTER TABLE Extensions RENAME COLUMN C TO D", u"(Extensions)"_qs},
       {"DROP INDEX SchedePerProdotto", u"(SchedePerProdotto)"_qs},
@@ -217,6 +217,7 @@ TEST_F(RestoreTest, OnlyADatabaseThatIsBuiltLikeOursIsTaken) {
       {"CREATE TRIGGER t AFTER UPDATE ON Prodotti BEGIN DELETE FROM Cataloghi; END", u"(trigger t)"_qs},
       {"CREATE VIEW v AS SELECT 1", u"(view v)"_qs},
       {"CREATE VIRTUAL TABLE f USING fts5(a)", u"(shadow f_content)"_qs},
+      {"CREATE TABLE More (a UNIQUE); CREATE INDEX OfMore ON More (a)", QString()},
       {"PRAGMA user_version=0", QString()}};
   for (const auto& [sql, tells] : cases) {
     BackupFiles files = whole;
