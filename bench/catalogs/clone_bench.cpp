@@ -13,6 +13,7 @@
 #include "base/AppPath.h"
 #include "catalogs/CloneCatalog.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 using namespace vorlina;
 

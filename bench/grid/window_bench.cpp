@@ -11,6 +11,7 @@
 #include "grid/DataGrid.h"
 #include "products/PublicationOrder.h"
 #include "products/frmEditCatalog.h"
+#include "store/Transaction.h"
 
 using namespace vorlina;
 
@@ -170,9 +171,11 @@ int main(int argc, char** argv) {
   QTemporaryDir home;
   SetAppPath(home.path());
   Data data(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath());
+  Transaction transaction(data.connection);
   data.connection.Execute(
       u"UPDATE Prodotti SET OrdineTemp=n.place FROM (SELECT rowid AS id, row_number() OVER (PARTITION BY "
       u"IDCatalogo ORDER BY rowid) AS place FROM Prodotti) n WHERE Prodotti.rowid=n.id"_qs);
+  transaction.Commit();
   Painted(data, 2, 11);
   Painted(data, 3, 5);
   Scroll(data, 2);

@@ -8,6 +8,7 @@
 #include "../EmptyDatabase.h"
 #include "base/SafeFile.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 using namespace vorlina;
 

@@ -7,6 +7,7 @@
 #include "base/Helpers.h"
 #include "images/PictureStore.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

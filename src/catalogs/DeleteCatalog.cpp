@@ -4,6 +4,7 @@
 #include "base/Language.h"
 #include "images/PictureStore.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -13,6 +13,7 @@
 #include "store/CatalogSchema.h"
 #include "store/Connection.h"
 #include "store/SampleData.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

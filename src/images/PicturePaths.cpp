@@ -12,6 +12,7 @@
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
 #include "store/SampleData.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -4,6 +4,7 @@
 #include "base/Helpers.h"
 #include "products/CellRules.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 
@@ -20,8 +21,10 @@ void AddFilterValue(int IDCatalogo, int filter, const QString& value, Connection
   const QString name = value.trimmed();
   const QStringList refusals = CheckCell({}, name, true).refusals;
   if (!refusals.isEmpty()) throw Error(refusals.first());
+  Transaction transaction(connection, {"Nuovo valore %1 di un filtro", {name}});
   connection.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) VALUES (?,?,?)"_qs,
                      {IDCatalogo, filter, name});
+  transaction.Commit();
 }
 
 }  // namespace vorlina

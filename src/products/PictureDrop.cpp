@@ -8,6 +8,7 @@
 #include "images/ImagePipeline.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
@@ -85,9 +86,11 @@ void PictureDrop::AddMain(const QString& file) {
     OfCopy(file, target, [](const QString& copy) { return ResizeImage(copy, PictureLimit()); });
     CreateThumbnail(target, ThumbnailLimit);
     const QSize size = OfCopy(file, target, MeasureImage);
+    Transaction transaction(connection_, {"Immagine di %1", {CodiceProdotto_}});
     connection_.Execute(
         u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
         {target, size.height(), size.width(), IDCatalogo_, CodiceProdotto_});
+    transaction.Commit();
   });
 }
 

@@ -12,6 +12,7 @@
 #include "products/NewCode.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -9,6 +9,7 @@
 #include "store/Connection.h"
 #include "store/GetValue.h"
 #include "store/Ranks.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -3,6 +3,7 @@
 #include "base/Dialogs.h"
 #include "base/Language.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

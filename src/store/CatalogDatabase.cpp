@@ -17,6 +17,7 @@
 #include "store/Connection.h"
 #include "store/RowErrors.h"
 #include "store/Sqlite.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -39,6 +39,18 @@ void Configure(SQLite::Database& database) {
       "PRAGMA temp_store=MEMORY");
 }
 
+// Called by SQLite before it stores anything. What is refused is taken back.
+int RefuseUnlessBegun(void* begun) { return *static_cast<const bool*>(begun) ? 0 : 1; }
+
+// A step with files behind the end of a transaction: the rows are as they are.
+void RunStep(const std::function<void()>& step) noexcept {
+  try {
+    step();
+  } catch (const std::exception& error) {
+    qCWarning(StoreLog) << "a step behind a transaction:" << DescriptionOf(error);
+  }
+}
+
 }  // namespace
 
 QString ConnectionTextFor(const QString& path) { return QString::fromUtf16(DataSourceKey) + path; }
@@ -72,6 +84,7 @@ void Connection::OpenFile(const QString& path) {
     auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(),
                                                        SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     Configure(*database);
+    sqlite3_commit_hook(database->getHandle(), RefuseUnlessBegun, &begun_);
     return database;
   });
 }
@@ -133,13 +146,14 @@ void Connection::CommitTrans() {
   Execute(u"COMMIT"_qs);
   begun_ = false;
   counters_.clear();
+  const Steps steps = std::exchange(steps_, {});
+  for (const auto& step : steps.onCommit) RunStep(step);
 }
 
 void Connection::RollbackTrans() {
   const bool givenUp = std::exchange(begun_, false) && !InTransaction();
   if (!givenUp) Execute(u"ROLLBACK"_qs);
-  RestoreCounters();
-  counters_.clear();
+  AfterRollback();
 }
 
 bool Connection::InTransaction() const {
@@ -149,8 +163,22 @@ bool Connection::InTransaction() const {
 void Connection::RollbackIfOpen() noexcept {
   begun_ = false;
   if (InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  AfterRollback();
+}
+
+void Connection::AfterRollback() noexcept {
   RestoreCounters();
-  counters_.clear();
+  TakeBack(0, 0);
+}
+
+// Runs what takes back all steps but the first ones, and forgets them.
+void Connection::TakeBack(std::size_t commits, std::size_t rollbacks) noexcept {
+  steps_.onCommit.resize(commits);
+  while (steps_.onRollback.size() > rollbacks) {
+    const auto step = std::move(steps_.onRollback.back());
+    steps_.onRollback.pop_back();
+    RunStep(step);
+  }
 }
 
 void Connection::KeepCounter(const QString& table, qint64 number) {
@@ -165,37 +193,20 @@ void Connection::KeepCounter(const QString& table, qint64 number) {
 
 // The rollback is done by now; a disk that takes nothing more can at worst let a number be given twice.
 void Connection::RestoreCounters() noexcept {
+  if (counters_.empty()) return;
+  const bool ended = !InTransaction();
   try {
+    if (ended) BeginTrans();
     const std::map<QString, qint64> given = counters_;
     for (const auto& [table, number] : given) KeepCounter(table, number);
+    if (ended) Execute(u"COMMIT"_qs);
   } catch (const std::exception& error) {
     qCWarning(StoreLog) << "keeping the counters:" << error.what();
+    if (ended && InTransaction()) sqlite3_exec(database_->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
   }
-}
-
-Transaction::Transaction(Connection& connection)
-    : connection_(connection), joined_(connection.InTransaction()) {
-  if (joined_)
-    connection_.Execute(u"SAVEPOINT part"_qs);
-  else
-    connection_.BeginTrans();
-}
-
-Transaction::~Transaction() {
-  if (done_) return;
-  if (!joined_) connection_.RollbackIfOpen();
-  if (!joined_ || !connection_.InTransaction()) return;
-  sqlite3_exec(connection_.Database().getHandle(), "ROLLBACK TO part; RELEASE part", nullptr, nullptr,
-               nullptr);
-  connection_.RestoreCounters();
-}
-
-void Transaction::Commit() {
-  if (joined_)
-    connection_.Execute(u"RELEASE part"_qs);
-  else
-    connection_.CommitTrans();
-  done_ = true;
+  if (!ended) return;
+  begun_ = false;
+  counters_.clear();
 }
 
 Rows::Rows(Connection& connection, const QString& sql, const QVariantList& values) {

@@ -1,6 +1,6 @@
-// The connection to a catalog database: SQL without a result, queries walked forward, transactions. Every
-// connection has the safe settings (docs/decisions.md) and the collations and functions that the program's
-// SQL uses:
+// The connection to a catalog database: SQL without a result and queries walked forward. What writes does so
+// inside a transaction (store/Transaction.h). Every connection has the safe settings (docs/decisions.md) and
+// the collations and functions that the program's SQL uses:
 //
 //   VORLINA_TEXT    compares texts without regard to letter case, in every script
 //   VORLINA_LOCALE  sorts as the user's locale does; for ORDER BY alone
@@ -14,6 +14,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -43,7 +44,8 @@ class Connection {
   // Full path of the database file.
   QString DataSource() const;
 
-  // Runs one statement without a result; "?" stands for each value. Throws Error.
+  // Runs one statement without a result; "?" stands for each value. Throws Error, also for one that writes
+  // while no transaction is open: nothing of it is stored then.
   void Execute(const QString& sql, const QVariantList& values = {});
   // How many rows the last statement changed.
   int Changes() const;
@@ -55,6 +57,7 @@ class Connection {
   // belongs to it is saved alone.
   void BeginTrans();
   void CommitTrans();
+  // What was enlisted in the transaction runs behind its end, in either case.
   void RollbackTrans();
   bool InTransaction() const;
   // Rolls back a transaction that somebody left open. Never throws.
@@ -72,9 +75,16 @@ class Connection {
  private:
   friend class Transaction;
   friend class Rows;
+  // What a transaction brings along besides its statements.
+  struct Steps {
+    std::vector<std::function<void()>> onCommit;
+    std::vector<std::function<void()>> onRollback;
+  };
   void OpenFile(const QString& path);
   void RequireTransaction() const;
   void RestoreCounters() noexcept;
+  void AfterRollback() noexcept;
+  void TakeBack(std::size_t commits, std::size_t rollbacks) noexcept;
 
   FolderHold hold_;
   std::unique_ptr<SQLite::Database> database_;
@@ -82,23 +92,7 @@ class Connection {
   QString text_;
   bool begun_ = false;                  // a transaction, which the database may have given up since
   std::map<QString, qint64> counters_;  // given in the open transaction, by table
-};
-
-// A transaction for one procedure: rolled back unless committed. Inside an open one it joins, as a part that
-// is taken back alone, and leaves the end to it.
-class Transaction {
- public:
-  explicit Transaction(Connection& connection);
-  ~Transaction();
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-
-  void Commit();
-
- private:
-  Connection& connection_;
-  bool joined_;
-  bool done_ = false;
+  Steps steps_;                         // of the open transaction
 };
 
 // The rows of a query, walked forward. They are read while they are walked, so they must not outlive the

@@ -7,6 +7,7 @@
 #include "base/Language.h"
 #include "store/Recordset.h"
 #include "store/Sqlite.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 
@@ -109,13 +110,11 @@ std::vector<ColumnChange> Recordset::Changes() const {
 // Writes the row in edit and runs the step behind it, both or nothing. Gives the row's key.
 qint64 Recordset::WriteRow(const std::function<void(qint64 bookmark)>& within) {
   const std::vector<ColumnChange> changes = Changes();
-  std::optional<Transaction> transaction;
-  if (within) transaction.emplace(*connection_);
+  Transaction transaction(*connection_);
   const qint64 key = editMode_ == EditMode::Add ? writer_.Insert(changes) : key_;
   if (editMode_ == EditMode::InProgress) writer_.Update(key, IdentityOf(CurrentRow()), changes);
-  if (!within) return key;
-  within(key);
-  transaction->Commit();
+  if (within) within(key);
+  transaction.Commit();
   return key;
 }
 
@@ -146,7 +145,9 @@ void Recordset::Delete() {
   // The row as it was looked at, which a cancelled edit would forget.
   const Row identity = IdentityOf(CurrentRow());
   CancelUpdate();
+  Transaction transaction(*connection_);
   writer_.Delete(CurrentKey(), identity);
+  transaction.Commit();
   rows_->keys.erase(rows_->keys.begin() + index_);
   if (cursor_ == CursorType::Static) rows_->rows.erase(rows_->rows.begin() + index_);
   generation_ = ++rows_->generation;

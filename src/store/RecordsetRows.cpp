@@ -7,6 +7,7 @@
 #include "store/Recordset.h"
 #include "store/RowErrors.h"
 #include "store/Sqlite.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

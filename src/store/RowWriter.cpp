@@ -8,6 +8,7 @@
 #include "store/Connection.h"
 #include "store/RowErrors.h"
 #include "store/SelectStatement.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {

@@ -1,6 +1,7 @@
 #include "store/SampleData.h"
 
 #include "store/Connection.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 

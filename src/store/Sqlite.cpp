@@ -56,6 +56,9 @@ QString ConstraintText(const SQLite::Exception& failure) {
     case SQLITE_CONSTRAINT_FOREIGNKEY:
       return EitherLanguage(u"La riga fa riferimento a un catalogo o a un prodotto che non esiste più."_qs,
                             u"The row refers to a catalog or a product that no longer exists."_qs);
+    case SQLITE_CONSTRAINT_COMMITHOOK:
+      return EitherLanguage(u"Si è scritto senza iniziare una transazione: nulla è stato salvato."_qs,
+                            u"Something was written without beginning a transaction: nothing was saved."_qs);
     case SQLITE_CONSTRAINT_NOTNULL:
       return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs)
           .arg(columns);

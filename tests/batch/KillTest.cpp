@@ -7,6 +7,7 @@
 #include "batch/BatchFixture.h"
 #include "catalogs/Backup.h"
 #include "support/TestJpeg.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -74,7 +75,7 @@ TEST_F(KillTest, ARestoreLeavesTheOldStateOrTheNewOne) {
     const Ran check = Batch(Here({u"check"_qs, u"--json"_qs}));
     ASSERT_EQ(check.exitCode, 0) << check.out;
     EXPECT_TRUE(check.Json()[u"findings"].toArray().isEmpty()) << check.out;
-    Connection connection;
+    WritingConnection connection;
     OpenCatalogDatabase(connection, Path());
     const QByteArray state =
         GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, connection, {}).toString().toUtf8();
@@ -162,7 +163,7 @@ TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
       pictures += finding.toObject()[u"subject"].toString().endsWith(u".jpg"_qs) &&
                   !finding.toObject()[u"subject"].toString().startsWith(u't');
     EXPECT_LE(pictures, 1) << check.out;
-    Connection connection;
+    WritingConnection connection;
     OpenCatalogDatabase(connection, Path());
     Rows rows(connection, u"SELECT Immagine FROM Prodotti"_qs);
     while (rows.Next()) {
@@ -203,7 +204,7 @@ TEST_F(KillTest, ACloneOrADeletionLeavesAWholeDatabase) {
       ASSERT_EQ(check.exitCode, 0) << check.out;
       for (const auto finding : check.Json()[u"findings"].toArray())
         ASSERT_TRUE(finding.toObject()[u"kind"].toString().endsWith(u"-file"_qs)) << check.out;
-      Connection connection;
+      WritingConnection connection;
       OpenCatalogDatabase(connection, Path());
       const int products = GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, connection, {}).toInt();
       const int after = clones ? 3000 : 0;

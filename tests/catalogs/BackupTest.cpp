@@ -10,6 +10,7 @@
 #include "support/BackupFiles.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -144,7 +145,7 @@ TEST_F(BackupTest, WhatRowsNameIsInItOrNothingIsReplaced) {
 
 // Products that another program deletes while the files are packed, rows first.
 TEST_F(BackupTest, ItsRowsAndItsPicturesBelongTogether) {
-  Connection other;
+  WritingConnection other;
   other.Open(ConnectionTextFor(Path()));
   int left = 5;
   const Progress deleting = [&](qint64, qint64, const QString& step) {

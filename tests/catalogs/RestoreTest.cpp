@@ -13,6 +13,7 @@
 #include "support/BackupFiles.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -75,7 +76,7 @@ class RestoreTest : public CatalogFixture {
     std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
     QString name;
     {
-      Connection connection;
+      WritingConnection connection;
       if (QString refused = FailureOf([&] { OpenCatalogDatabase(connection, Path()); }); !refused.isEmpty())
         return refused;
       if (const auto findings = CheckCatalogs(connection); !findings.empty())
@@ -255,7 +256,7 @@ TEST_F(RestoreTest, ABackupThatWouldFillTheDiskIsRefused) {
 
 TEST_F(RestoreTest, NobodyLosesTheDatabaseThatHeHasOpen) {
   {
-    Connection idle;
+    WritingConnection idle;
     OpenCatalogDatabase(idle, Path());
     EXPECT_TRUE(Restore().contains(u"open in another program"));
   }

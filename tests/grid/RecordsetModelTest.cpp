@@ -6,6 +6,7 @@
 #include "store/LockPatience.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -72,7 +73,7 @@ class RecordsetModelTest : public StoreFixture {
 
   const int catalog_;
   const int other_;
-  Connection second_;
+  WritingConnection second_;
   Recordset products_;
   RecordsetModel model_;
   QAbstractItemModelTester tester_{&model_, QAbstractItemModelTester::FailureReportingMode::Fatal};

@@ -15,6 +15,7 @@
 #include "grid/DataGrid.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 
 namespace vorlina {
 
@@ -143,7 +144,7 @@ class ShownGrid : public StoreFixture {
     second_.Execute(sql);
   }
 
-  Connection second_;
+  WritingConnection second_;
   Recordset people_;
   QWidget window_;
   DataGrid* grid_;

@@ -16,7 +16,7 @@ class GridWindowTest : public GridWindow {
   // A lock that would be waited for for five seconds is given up at once.
   void WaitForNoLock() const { window_->Connessione->Execute(u"PRAGMA busy_timeout=20"_qs); }
   QString LockedText() {
-    return FailureOf([&] { window_->Connessione->Execute(u"UPDATE Cataloghi SET Extras='x'"_qs); });
+    return FailureOf([&] { Write(*window_->Connessione, u"UPDATE Cataloghi SET Extras='x'"_qs); });
   }
 };
 

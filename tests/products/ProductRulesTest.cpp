@@ -9,6 +9,7 @@
 #include "products/CellRules.h"
 #include "products/CodeChange.h"
 #include "products/FilterValues.h"
+#include "store/Transaction.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
 

@@ -23,6 +23,7 @@
 #include "store/GetValue.h"
 #include "support/AppFolder.h"
 #include "support/ScriptedDialogs.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -104,8 +105,8 @@ TEST_F(MainWindow, AFirstStartRebasesTheSamplesAndIsRemembered) {
   EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, u"-"_qs), AppPath());
 
   // A logo that is right already does not hide what was not finished.
-  window_->cnnCatalog.Execute(
-      u"UPDATE Prodotti SET Immagine='/vorlina-sample-data/x.jpg' WHERE IDCatalogo=109"_qs);
+  Write(window_->cnnCatalog,
+        u"UPDATE Prodotti SET Immagine='/vorlina-sample-data/x.jpg' WHERE IDCatalogo=109"_qs);
   window_->close();
   Open();
   EXPECT_EQ(GetValue(u"Immagine"_qs, u"Prodotti"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toString(),
@@ -154,8 +155,8 @@ TEST_F(MainWindow, RenamesInPlace) {
   expected = u"Tab"_qs;
   Rename(expected, Qt::Key_Tab);
   check();
-  window_->cnnCatalog.Execute(
-      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Cataloghi BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  Write(window_->cnnCatalog,
+        u"CREATE TRIGGER Refuse BEFORE UPDATE ON Cataloghi BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
   dialogs_.ExpectMessage(u"refused"_qs);
   Rename(u"other"_qs);
   check();
@@ -171,7 +172,7 @@ TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
     QTest::keyClicks(Editor(), name);
   };
   type(u"Typed"_qs);
-  window_->cnnCatalog.Execute(u"UPDATE Cataloghi SET NomeCatalogo='elsewhere' WHERE IDCatalogo=110"_qs);
+  Write(window_->cnnCatalog, u"UPDATE Cataloghi SET NomeCatalogo='elsewhere' WHERE IDCatalogo=110"_qs);
   window_->ListCatalog();
   ASSERT_NE(Editor(), nullptr);
   EXPECT_NE(Catalogs()->item(1)->text(), u"elsewhere"_qs);
@@ -189,7 +190,7 @@ TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
   Press(u"cmdDelete"_qs);  // asks nothing
 
   type(u"Gone"_qs);
-  window_->cnnCatalog.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=109"_qs);
+  Write(window_->cnnCatalog, u"DELETE FROM Cataloghi WHERE IDCatalogo=109"_qs);
   dialogs_.ExpectMessage(u"The catalog is not there any more: it was deleted elsewhere"_qs);
   EXPECT_FALSE(window_->close());
   dialogs_.ExpectMessage(u"Error: The catalog is not there any more: it was deleted elsewhere"_qs,
@@ -330,7 +331,7 @@ TEST_F(MainWindow, TheSelectionSurvivesComingBackToTheWindow) {
 TEST_F(MainWindow, WritesTheListOfCatalogs) {
   Open();
   Rename(u"Nome"_qs);
-  window_->cnnCatalog.Execute(u"UPDATE Cataloghi SET Descrizione='a'||char(10)||'b' WHERE IDCatalogo=109"_qs);
+  Write(window_->cnnCatalog, u"UPDATE Cataloghi SET Descrizione='a'||char(10)||'b' WHERE IDCatalogo=109"_qs);
   window_->ListCatalog();
   window_->CreaListaCataloghi();
   QFile file(AppFile(u"Cataloghi.txt"_qs));
@@ -383,8 +384,8 @@ TEST_F(MainWindow, ClonesTheSelectedCatalog) {
   EXPECT_EQ(Catalogs()->item(2)->text(), u"Copy of "_qs + name);
   EXPECT_EQ(Catalogs()->currentRow(), 1);
 
-  window_->cnnCatalog.Execute(
-      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  Write(window_->cnnCatalog,
+        u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
   dialogs_.ExpectQuestion(question, true);
   dialogs_.ExpectMessage(u"Impossible to clone the catalog. \r\nrefused"_qs, BoxStyle::Stop);
   Press(u"cmdDuplica"_qs);
@@ -396,7 +397,7 @@ TEST_F(MainWindow, ClonesInItalian) {
   Open();
   const QString question = u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs;
   // More pictures that cannot be read than a box has room for.
-  window_->cnnCatalog.Execute(u"UPDATE Prodotti SET Immagine='/dev/null' WHERE IDCatalogo=109"_qs);
+  Write(window_->cnnCatalog, u"UPDATE Prodotti SET Immagine='/dev/null' WHERE IDCatalogo=109"_qs);
   const int unread =
       GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, window_->cnnCatalog, u"IDCatalogo=109"_qs).toInt();
   dialogs_.ExpectQuestion(question, true);
@@ -407,8 +408,8 @@ TEST_F(MainWindow, ClonesInItalian) {
   Press(u"cmdDuplica"_qs);
   ASSERT_EQ(Catalogs()->count(), 3);
   EXPECT_TRUE(Catalogs()->item(2)->text().startsWith(u"Copia di "_qs));
-  window_->cnnCatalog.Execute(
-      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'no'); END"_qs);
+  Write(window_->cnnCatalog,
+        u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'no'); END"_qs);
   dialogs_.ExpectQuestion(question, true);
   dialogs_.ExpectMessage(u"Impossibile duplicare il catalogo. \r\nno"_qs, BoxStyle::Stop);
   Press(u"cmdDuplica"_qs);
@@ -418,10 +419,10 @@ TEST_F(MainWindow, ClonesInItalian) {
 TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
   Open();
   UnexpectedModalGuard::allowed = {u"WidgetProgressBox"_qs};
-  window_->cnnCatalog.Execute(
-      u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) "
-      "INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) SELECT 110,"
-      "(SELECT CodiceProdotto FROM Prodotti WHERE IDCatalogo=110 LIMIT 1),'missing.jpg' FROM n"_qs);
+  Write(window_->cnnCatalog,
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) "
+        "INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) SELECT 110,"
+        "(SELECT CodiceProdotto FROM Prodotti WHERE IDCatalogo=110 LIMIT 1),'missing.jpg' FROM n"_qs);
   Catalogs()->setCurrentRow(1);
   const QString name = Catalogs()->item(1)->text();
   for (const bool stops : {true, false}) {

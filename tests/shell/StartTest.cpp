@@ -20,6 +20,7 @@
 #include "store/LockPatience.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 #include "support/frmSplash.h"
 
 using namespace vorlina;
@@ -113,7 +114,7 @@ TEST(Start, ALockIsToldOnceAndWaitedFor) {
   const QTemporaryDir folder;
   SetAppPath(folder.path());
   MakeDatabase(AppFile(u"Catalog.db"_qs));
-  Connection other;
+  WritingConnection other;
   other.Open(ConnectionTextFor(AppFile(u"Catalog.db"_qs)));
   other.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('one')"_qs);
   other.Execute(u"BEGIN EXCLUSIVE"_qs);

@@ -12,9 +12,11 @@
 #include "store/CatalogDatabase.h"
 #include "store/RowErrors.h"
 #include "store/SampleData.h"
+#include "store/Transaction.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -39,7 +41,7 @@ class DatabaseTest : public StoreFixture {
   // What opening the file tells; empty when it opens.
   QString Refusal(const QString& path) {
     return FailureOf([&] {
-      Connection connection;
+      WritingConnection connection;
       OpenCatalogDatabase(connection, path);
     });
   }
@@ -122,7 +124,7 @@ TEST_F(DatabaseTest, WhatAKilledRunLeftIsTakenBack) {
   const QByteArray journal = ContentOf(Path() + u"-journal"_qs);
   connection_.RollbackTrans();
   ASSERT_FALSE(journal.isEmpty());
-  Connection other;
+  WritingConnection other;
   const QString path = File(u"half.db"_qs, half);
   File(u"half.db-journal"_qs, journal);
   OpenCatalogDatabase(other, path);
@@ -158,7 +160,7 @@ TEST_F(DatabaseTest, AfterATransactionWasGivenUpNothingIsSavedAlone) {
 TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
   connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
   const LockPatience none(0);
-  Connection other;
+  WritingConnection other;
   EXPECT_THROW(OpenCatalogDatabase(other, Path()), LockedError);
   EXPECT_TRUE(Refusal(Path()).contains(u"in use by another program"));
   connection_.RollbackTrans();
@@ -166,7 +168,7 @@ TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
 }
 
 TEST_F(DatabaseTest, StatementsTogetherWaitOnceForAnotherProgram) {
-  Connection other;
+  WritingConnection other;
   other.Open(ConnectionTextFor(Path()));
   other.Execute(u"BEGIN EXCLUSIVE"_qs);
   int shown = 0;
@@ -221,7 +223,7 @@ TEST_F(DatabaseTest, AnOlderDatabaseIsMigratedWholeOrNotAtAll) {
   EXPECT_TRUE(Refusal(Path()).contains(u"newer version"));
   // Each attempt made its copy first, under a name of its own.
   for (const QString& name : {u"Catalog-v%1-backup.db"_qs, u"Catalog-v%1-backup-2.db"_qs}) {
-    Connection copy;
+    WritingConnection copy;
     OpenCatalogDatabase(copy, AppFile(name.arg(SchemaVersion)));
     EXPECT_EQ(GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, copy, {}), u"kept"_qs);
   }
@@ -236,7 +238,7 @@ TEST_F(DatabaseTest, TheFirstVersionBecomesTheDeliveredOne) {
   connection_.Execute(u"DROP INDEX ProdottiPerCatalogo"_qs);
   connection_.Execute(u"PRAGMA user_version=1"_qs);
   connection_.BeginTrans();
-  Connection second;
+  WritingConnection second;
   EXPECT_THROW(
       {
         const LockPatience patience(0);

@@ -5,9 +5,11 @@
 #include "base/Error.h"
 #include "store/CatalogDatabase.h"
 #include "store/Recordset.h"
+#include "store/Transaction.h"
 #include "support/FaultVfs.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -30,7 +32,7 @@ class FaultTest : public StoreFixture {
 
   // A sum over all tables that tells any change.
   QString Content() {
-    Connection reader;
+    WritingConnection reader;
     reader.Open(ConnectionTextFor(Path()));
     EXPECT_EQ(CheckDatabase(reader), QStringList());
     const QVariant content = GetValue(
@@ -91,7 +93,7 @@ class FaultTest : public StoreFixture {
 
 TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
   FailEachCall([this] {
-    Connection writer;
+    WritingConnection writer;
     writer.Open(ConnectionTextFor(Path()));
     Transaction transaction(writer);
     Recordset images;
@@ -107,7 +109,7 @@ TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
 
 TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
   FailEachCall([this] {
-    Connection writer;
+    WritingConnection writer;
     OpenCatalogDatabase(
         writer, Path(),
         {{SchemaVersion + 1, u"ALTER TABLE Prodotti ADD COLUMN Peso REAL"_qs},
@@ -125,7 +127,7 @@ TEST_F(FaultTest, AReadThatFailsIsNotToldAsDamage) {
       QString told;
       FaultVfs::ArmReads(n, lasting);
       try {
-        Connection reader;
+        WritingConnection reader;
         OpenCatalogDatabase(reader, Path());
         CheckDatabase(reader);
       } catch (const Error& error) {

@@ -4,6 +4,7 @@
 #include "base/Helpers.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
+#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -139,7 +140,7 @@ TEST_F(RecordsetTest, WritesValuesOfEveryKindAndKeepsTheOthers) {
 TEST_F(RecordsetTest, NobodysChangeIsOverwrittenUnseen) {
   Recordset products = OpenProducts();
   products.SetValue(u"Descrizione"_qs, u"mine"_qs);
-  Connection other;
+  WritingConnection other;
   other.Open(connection_.ConnectionText());
   other.Execute(u"UPDATE Prodotti SET Descrizione='theirs' WHERE IDCatalogo=? AND CodiceProdotto='A'"_qs,
                 {catalog_});
@@ -237,7 +238,7 @@ TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
   add(pictures);
   pictures.Update();
   connection_.RollbackTrans();
-  Connection other;
+  WritingConnection other;
   other.Open(connection_.ConnectionText());
   Recordset theirs;
   theirs.Open(u"SELECT * FROM IMMAGINI"_qs, other, CursorType::Keyset, LockType::Optimistic);
@@ -256,7 +257,7 @@ TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
 
 TEST_F(RecordsetTest, ANumberOfARolledBackRowIsNotGivenToAnotherProgram) {
   const auto next = [&] {
-    Connection other;
+    WritingConnection other;
     other.Open(connection_.ConnectionText());
     return GetValue(u"seq"_qs, u"sqlite_sequence"_qs, other, u"name='Immagini'"_qs).toInt() + 1;
   };

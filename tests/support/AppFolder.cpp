@@ -9,6 +9,7 @@
 #include "base/SafeFile.h"
 #include "store/Connection.h"
 #include "store/SampleData.h"
+#include "support/WritingConnection.h"
 
 namespace vorlina {
 namespace {
@@ -31,7 +32,7 @@ AppFolder::AppFolder(int productsWithPictures, bool rebased) {
   QDir(folder_.path()).mkpath(u"Images"_qs);
   CopyFileSafely(delivered, File(u"Catalog.db"_qs));
   SetAppPath(Path());
-  Connection connection;
+  WritingConnection connection;
   connection.Open(ConnectionTextFor(File(u"Catalog.db"_qs)));
   if (productsWithPictures > 0) CopyPictures(connection, productsWithPictures);
   if (rebased) RebaseAllSampleData(connection, Path());

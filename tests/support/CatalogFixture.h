@@ -7,6 +7,7 @@
 
 #include "base/Error.h"
 #include "base/SafeFile.h"
+#include "store/Transaction.h"
 #include "support/StoreFixture.h"
 
 namespace vorlina {

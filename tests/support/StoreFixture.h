@@ -12,6 +12,7 @@
 #include "store/Connection.h"
 #include "store/GetValue.h"
 #include "store/Sqlite.h"
+#include "support/WritingConnection.h"
 
 namespace vorlina {
 
@@ -54,7 +55,7 @@ class StoreFixture : public testing::Test {
   int Count(const QString& table) { return One(u"COUNT(*)"_qs, table).toInt(); }
 
   const QTemporaryDir folder_;
-  Connection connection_;
+  WritingConnection connection_;
 };
 
 }  // namespace vorlina

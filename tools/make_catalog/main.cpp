@@ -11,6 +11,7 @@
 #include "base/Error.h"
 #include "base/SafeFile.h"
 #include "store/Sqlite.h"
+#include "store/Transaction.h"
 
 using namespace vorlina;
 

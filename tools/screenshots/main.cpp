@@ -31,6 +31,7 @@
 #include "images/frmImageViewer.h"
 #include "products/frmEditCatalog.h"
 #include "shell/frmCatalogs.h"
+#include "store/Transaction.h"
 #include "support/frmSplash.h"
 
 using namespace vorlina;
@@ -135,9 +136,15 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   window->close();
 }
 
+void Write(Connection& connection, const QString& sql) {
+  Transaction transaction(connection);
+  connection.Execute(sql);
+  transaction.Commit();
+}
+
 // A catalog without products and without names.
 void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
-  catalogs.cnnCatalog.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('Ceramiche')"_qs);
+  Write(catalogs.cnnCatalog, u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('Ceramiche')"_qs);
   catalogs.ListCatalog();
   auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
   list->setCurrentRow(list->count() - 1);
@@ -145,7 +152,7 @@ void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   auto* window = catalogs.findChild<frmEditCatalog*>();
   photographer.Take(*window, u"frmEditCatalog-empty"_qs);
   window->close();
-  catalogs.cnnCatalog.Execute(u"DELETE FROM Cataloghi WHERE NomeCatalogo='Ceramiche'"_qs);
+  Write(catalogs.cnnCatalog, u"DELETE FROM Cataloghi WHERE NomeCatalogo='Ceramiche'"_qs);
   catalogs.ListCatalog();
 }
 

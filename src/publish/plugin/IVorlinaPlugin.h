@@ -51,6 +51,8 @@ class IVorlinaConnection {
   // Full path of the database file. The folder that holds it is the application folder, with "Images" and
   // "PubWiz".
   virtual QString DataSource() const = 0;
+  // A statement that writes belongs between BeginTrans and CommitTrans. Without a transaction it throws, and
+  // nothing of it is stored.
   virtual void Execute(const QString& sql, const QVariantList& values = {}) = 0;
   // Rows that are neither walked to the end nor released keep others from writing.
   virtual std::unique_ptr<IVorlinaRows> Open(const QString& sql, const QVariantList& values = {}) = 0;

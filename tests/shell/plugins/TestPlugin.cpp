@@ -32,8 +32,10 @@ class TestPlugin : public IVorlinaPlugin {
   // Leaves its mark in the catalog, and a transaction open.
   QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) override {
     Misbehave();
+    connection.BeginTrans();
     connection.Execute(QStringLiteral("UPDATE Cataloghi SET Extras=? WHERE IDCatalogo=?"),
                        {QStringLiteral("published by " TEST_PLUGIN_NAME), IDCatalogo});
+    connection.CommitTrans();
     connection.BeginTrans();
     connection.Execute(QStringLiteral("DELETE FROM Cataloghi"));
     return {};
