@@ -6,15 +6,12 @@
 #include <QFile>
 #include <cstdlib>
 
-#include "store/Sqlite.h"
-
 namespace vorlina {
 
 inline SQLite::Database EmptyDatabase(const QString& path) {
   QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
   if (!schema.open(QIODevice::ReadOnly)) std::abort();
   SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  RegisterSqlExtensions(database);
   database.exec("PRAGMA synchronous=OFF");
   database.exec(schema.readAll().toStdString());
   return database;

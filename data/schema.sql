@@ -1,8 +1,9 @@
 -- The catalog database, version 2. It is made once, when the program is built, and delivered with it; the program itself
--- creates no table. What takes an older one to this version stands in KnownMigrations (src/store/CatalogDatabase.cpp).
+-- creates no table. What takes an older one to this version are the numbered scripts in migrations.
 --
--- VORLINA_TEXT compares without regard to letter case in every script: product codes become file names, and file
--- systems differ on case. BOOLEAN columns hold 0 and 1. Counters never give a number twice (AUTOINCREMENT).
+-- Any SQLite tool can read, check and write it: no column names a collation or function of the program. Codes compare
+-- without regard to letter case, as file systems differ on it; beyond ASCII the program sees to that when it writes one.
+-- BOOLEAN columns hold 0 and 1. Counters never give a number twice (AUTOINCREMENT).
 PRAGMA application_id = 0x566F726C;
 PRAGMA user_version = 2;
 
@@ -39,8 +40,9 @@ CREATE TABLE Cataloghi (
 
 -- IDFiltro1 to IDFiltro5 hold a Filtri.IDValore, or 0 or Null for none: a foreign key cannot say that.
 CREATE TABLE Prodotti (
+  IDProdotto INTEGER PRIMARY KEY AUTOINCREMENT,
   IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,
-  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  CodiceProdotto TEXT NOT NULL COLLATE NOCASE,
   Descrizione TEXT,
   IDFiltro1 INTEGER,
   IDFiltro2 INTEGER,
@@ -56,10 +58,10 @@ CREATE TABLE Prodotti (
   Height INTEGER,
   Width INTEGER,
   OrdineTemp NUMERIC DEFAULT NULL,
-  PRIMARY KEY (IDCatalogo, CodiceProdotto)
+  UNIQUE (IDCatalogo, CodiceProdotto)
 );
 
--- The products of a catalog in the order in which they came, which is that of the rowid.
+-- The products of a catalog in the order in which they came, which is that of IDProdotto.
 CREATE INDEX ProdottiPerCatalogo ON Prodotti (IDCatalogo);
 
 -- Whether any product has no number yet is asked whenever a catalog is opened. The index holds those alone, so
@@ -70,7 +72,7 @@ CREATE TABLE Filtri (
   IDValore INTEGER PRIMARY KEY AUTOINCREMENT,
   IDCatalogo INTEGER NOT NULL REFERENCES Cataloghi (IDCatalogo) ON DELETE CASCADE ON UPDATE CASCADE,
   IDNomeFiltro INTEGER NOT NULL,
-  Valore TEXT COLLATE VORLINA_TEXT,
+  Valore TEXT COLLATE NOCASE,
   Pubblica BOOLEAN NOT NULL DEFAULT TRUE
 );
 CREATE INDEX FiltriPerCatalogo ON Filtri (IDCatalogo, IDNomeFiltro);
@@ -78,7 +80,7 @@ CREATE INDEX FiltriPerCatalogo ON Filtri (IDCatalogo, IDNomeFiltro);
 CREATE TABLE Immagini (
   IDImmagine INTEGER PRIMARY KEY AUTOINCREMENT,
   IDCatalogo INTEGER NOT NULL,
-  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  CodiceProdotto TEXT NOT NULL COLLATE NOCASE,
   Immagine TEXT,
   Height INTEGER,
   Width INTEGER,
@@ -91,7 +93,7 @@ CREATE INDEX ImmaginiPerProdotto ON Immagini (IDCatalogo, CodiceProdotto);
 CREATE TABLE SchedeTecniche (
   IDScheda INTEGER PRIMARY KEY AUTOINCREMENT,
   IDCatalogo INTEGER NOT NULL,
-  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  CodiceProdotto TEXT NOT NULL COLLATE NOCASE,
   Caratteristica TEXT,
   Valore TEXT,
   FOREIGN KEY (IDCatalogo, CodiceProdotto) REFERENCES Prodotti (IDCatalogo, CodiceProdotto)
@@ -115,7 +117,7 @@ CREATE TABLE CExtension (
 CREATE INDEX CExtensionPerNome ON CExtension (IDExtension);
 
 CREATE TABLE PExtension (
-  CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT,
+  CodiceProdotto TEXT NOT NULL COLLATE NOCASE,
   IDCatalogo INTEGER NOT NULL,
   IDExtension INTEGER NOT NULL REFERENCES Extensions (IDExtension) ON DELETE CASCADE ON UPDATE CASCADE,
   Valore TEXT,

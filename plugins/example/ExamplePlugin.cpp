@@ -18,7 +18,7 @@ QByteArray PriceList(IVorlinaConnection& connection, int catalog, IVorlinaProgre
   const auto rows =
       connection.Open(QStringLiteral("SELECT CodiceProdotto, Descrizione, Valore1 FROM Prodotti "
                                      "WHERE IDCatalogo=? AND Pubblica "
-                                     "ORDER BY OrdineTemp IS NULL, OrdineTemp, rowid"),
+                                     "ORDER BY OrdineTemp IS NULL, OrdineTemp, IDProdotto"),
                       {catalog});
   QByteArray list;
   for (int done = 0; rows->Next() && !stopped; ++done) {

@@ -97,8 +97,8 @@ void CatalogClone::CopyCatalogRow(const QString& prefix) {
 
 void CatalogClone::CopyProducts() {
   connection_.Execute(
-      u"INSERT INTO Prodotti (IDCatalogo,%1) SELECT ?,%1 FROM Prodotti WHERE IDCatalogo=?"_qs.arg(
-          QString::fromUtf16(ProductColumns)),
+      u"INSERT INTO Prodotti (IDCatalogo,%1) SELECT ?,%1 FROM Prodotti WHERE IDCatalogo=? ORDER BY IDProdotto"_qs
+          .arg(QString::fromUtf16(ProductColumns)),
       {NewID_, OldID_});
 }
 
@@ -114,10 +114,10 @@ void CatalogClone::CopyFilters() {
       "(IDValore INTEGER PRIMARY KEY, IDNomeFiltro INTEGER, NuovoValore INTEGER)"_qs);
   connection_.Execute(
       u"WITH Copied AS MATERIALIZED (SELECT IDNomeFiltro,Valore,MIN(IDValore) AS NuovoValore FROM Filtri "
-      "WHERE IDCatalogo=?1 GROUP BY IDNomeFiltro,Valore) "
+      "WHERE IDCatalogo=?1 GROUP BY IDNomeFiltro,Valore COLLATE VORLINA_TEXT) "
       "INSERT INTO temp.ValoriDuplicati SELECT F.IDValore,F.IDNomeFiltro,C.NuovoValore FROM Filtri F JOIN "
       "Copied C "
-      "ON C.IDNomeFiltro=F.IDNomeFiltro AND C.Valore=F.Valore WHERE F.IDCatalogo=?2"_qs,
+      "ON C.IDNomeFiltro=F.IDNomeFiltro AND C.Valore=F.Valore COLLATE VORLINA_TEXT WHERE F.IDCatalogo=?2"_qs,
       {NewID_, OldID_});
   QStringList columns;
   for (int n = 1; n <= 5; ++n)
@@ -147,7 +147,7 @@ std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additio
   Rows rows(connection_,
             additional
                 ? u"SELECT IDImmagine,Immagine FROM Immagini WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs
-                : u"SELECT rowid,Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs,
+                : u"SELECT IDProdotto,Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs,
             {NewID_});
   while (rows.Next()) pictures.push_back({rows.Value(0).toLongLong(), rows.Value(1).toString()});
   return pictures;
@@ -155,7 +155,7 @@ std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additio
 
 void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progress) {
   const QString update = additional ? u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs
-                                    : u"UPDATE Prodotti SET Immagine=? WHERE rowid=?"_qs;
+                                    : u"UPDATE Prodotti SET Immagine=? WHERE IDProdotto=?"_qs;
   const std::vector<NamedPicture> pictures = NamedPictures(additional);
   for (const NamedPicture& picture : pictures) taken_.insert(keys_.Of(picture.path));
   for (const NamedPicture& picture : pictures) {

@@ -180,8 +180,7 @@ class RecordsetModel : public QAbstractTableModel {
   QString DuplicateText(const QStringList& columns);
   void ReadAgain(int row);
   void SetField(int column, const QVariant& value);
-  std::vector<RowDeletion> DeletionsOf(const QList<int>& rows);
-  void DropDeleted(const std::vector<RowDeletion>& deleted);
+  void DropDeleted(const std::vector<qint64>& deleted);
 
   Recordset* recordset_ = nullptr;
   Recordset rows_;  // a clone

@@ -125,8 +125,7 @@ void RecordsetModel::BeginNewRow() {
       rows_.SetValue(FieldOf(i), Column(i).defaultValue);
 }
 
-// The user changes what is on the screen: where the cell, or the row itself, has become another one since,
-// that is shown first.
+// The user changes what is on the screen: where the cell has become another one since, that is shown first.
 void RecordsetModel::BeginChange(int row, int column) {
   std::optional<FetchedRow> shown = std::exchange(pinned_, std::nullopt);
   if (!shown || shown->bookmark != BookmarkOf(row)) {
@@ -139,7 +138,6 @@ void RecordsetModel::BeginChange(int row, int column) {
   if (!rows_.RowExists()) throw ConflictError::Deleted();
   const FetchedRow now = rows_.CurrentFetched();
   const auto field = std::size_t(FieldOf(column));
-  if (shown && shown->identity != now.identity) throw ConflictError::Deleted();
   if (shown && shown->values[field] != now.values[field]) throw ConflictError::Changed();
   editRow_ = row;
 }
@@ -220,17 +218,6 @@ void RecordsetModel::EndEdit(int row) {
   ShowAgain(row, row);
 }
 
-std::vector<RowDeletion> RecordsetModel::DeletionsOf(const QList<int>& rows) {
-  std::vector<RowDeletion> deletions;
-  for (const int row : rows) {
-    const FetchedRow* held = cache_.Held(row);
-    RowDeletion deletion{BookmarkOf(row), {}};
-    if (held != nullptr && held->exists) deletion.identity = held->identity;
-    deletions.push_back(std::move(deletion));
-  }
-  return deletions;
-}
-
 bool RecordsetModel::DeleteRows(QList<int> rows) {
   if (!rows_.IsOpen()) return false;
   std::sort(rows.begin(), rows.end());
@@ -238,7 +225,8 @@ bool RecordsetModel::DeleteRows(QList<int> rows) {
   if (!givesUp && !Submit()) return false;
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   rows.removeIf([&](int row) { return row < 0 || row >= RecordCount(); });
-  const std::vector<RowDeletion> deletions = DeletionsOf(rows);
+  std::vector<qint64> deletions;
+  for (const int row : rows) deletions.push_back(BookmarkOf(row));
   if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
   if (givesUp) Revert();
   if (!Attempt([&] { rows_.DeleteRows(deletions, OnRowDeleting); })) {
@@ -252,9 +240,8 @@ bool RecordsetModel::DeleteRows(QList<int> rows) {
 }
 
 // Takes deleted rows out of the list, run by run from below, so that the views keep their place.
-void RecordsetModel::DropDeleted(const std::vector<RowDeletion>& deleted) {
-  std::set<qint64> bookmarks;
-  for (const RowDeletion& deletion : deleted) bookmarks.insert(deletion.bookmark);
+void RecordsetModel::DropDeleted(const std::vector<qint64>& deleted) {
+  const std::set<qint64> bookmarks(deleted.begin(), deleted.end());
   struct Run {
     int first;
     std::vector<qint64> bookmarks;

@@ -12,6 +12,7 @@
 #include "products/CellRules.h"
 #include "products/FilterValues.h"
 #include "products/NewCode.h"
+#include "products/ProductCode.h"
 #include "products/PublicationOrder.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
@@ -29,7 +30,7 @@ constexpr int RetryMilliseconds = 2000;
 
 ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(rows), owner_(owner) {
   rows.OnCellChanging = [this](CellChange& change) { CheckCell(change); };
-  rows.OnRowWriting = [this](int row, qint64, bool added) { WriteRow(row, added); };
+  rows.OnRowWriting = [this](int row, qint64 IDProdotto, bool added) { WriteRow(row, IDProdotto, added); };
   rows.OnRowsDeleting = [this](int) { return AskToDelete(); };
   rows.OnRowDeleting = [this](qint64 bookmark) { DeleteProduct(bookmark); };
   rows.OnNotInList = [this](int column, const QString& text) { return AddFilterValue(column, text); };
@@ -95,15 +96,14 @@ bool ProductEditing::Refuses(const CellVerdict& verdict) {
 }
 
 // Inside the row's transaction: its marks and its pictures are written with it, or not at all.
-void ProductEditing::WriteRow(int row, bool added) {
+void ProductEditing::WriteRow(int row, qint64 IDProdotto, bool added) {
   const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
-  RequireOwn(rows_.Value(row, ProductColumn::IDCatalogo));
+  const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
+  if (former != code) RequireFreeCode(IDCatalogo_, code, IDProdotto, *connection_);
   if (!MarkProductChanged(IDCatalogo_, code, *connection_))
     QMetaObject::invokeMethod(
         this, [this] { TellFaultyExtensions(owner_); }, Qt::QueuedConnection);
-  if (added) return;
-  const QString former = NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
-  if (former == code) return;
+  if (added || former == code) return;
   codeChange_ = std::make_unique<CodeChange>(IDCatalogo_, former, code, *connection_);
   codeChange_->CopyPictures();
 }
@@ -127,19 +127,12 @@ bool ProductEditing::AskToDelete() {
 }
 
 // The files go when the rows are gone: a deletion that fails loses nothing.
-void ProductEditing::DeleteProduct(qint64 bookmark) {
-  Rows product(*connection_, u"SELECT CodiceProdotto, IDCatalogo FROM Prodotti WHERE rowid=?"_qs, {bookmark});
+void ProductEditing::DeleteProduct(qint64 IDProdotto) {
+  Rows product(*connection_, u"SELECT CodiceProdotto FROM Prodotti WHERE IDProdotto=?"_qs, {IDProdotto});
   if (!product.Next()) return;
-  RequireOwn(product.Value(1));
   const PictureFiles files = ProductImageFiles(product.Value(0).toString(), IDCatalogo_, *connection_);
   deletedPictures_.main += files.main;
   deletedPictures_.others += files.others;
-}
-
-// The key of a product that was deleted elsewhere may have passed to another catalog's.
-void ProductEditing::RequireOwn(const QVariant& catalog) const {
-  if (catalog == IDCatalogo_) return;
-  throw ConflictError::Replaced();
 }
 
 bool ProductEditing::AddFilterValue(int column, const QString& text) {

@@ -44,11 +44,10 @@ class ProductEditing : public QObject {
   void OfferCode();
   void CheckCell(CellChange& change);
   bool Refuses(const CellVerdict& verdict);
-  void WriteRow(int row, bool added);
+  void WriteRow(int row, qint64 IDProdotto, bool added);
   void FinishRow();
   bool AskToDelete();
-  void DeleteProduct(qint64 bookmark);
-  void RequireOwn(const QVariant& catalog) const;
+  void DeleteProduct(qint64 IDProdotto);
   bool AddFilterValue(int column, const QString& text);
   void OfferFilterValues(int column);
 

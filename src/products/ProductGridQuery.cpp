@@ -86,7 +86,7 @@ QString ProductGridStatement(const ProductGridFields& fields, const QString& Con
   for (qsizetype i = 0; i < sources.size(); ++i)
     columns += u"Prodotti."_qs + sources[i] + u" AS "_qs + QuoteName(keys[i]);
   return u"SELECT "_qs + columns.join(u", "_qs) + u" FROM Prodotti WHERE Prodotti.IDCatalogo=?"_qs +
-         CondizioneRicerca + u" ORDER BY Prodotti.rowid"_qs;
+         CondizioneRicerca + u" ORDER BY Prodotti.IDProdotto"_qs;
 }
 
 std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int IDCatalogo,

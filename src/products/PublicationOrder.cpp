@@ -54,7 +54,7 @@ struct Span {
 Span SpanOf(int IDCatalogo, const std::vector<qint64>& keys, Connection& connection) {
   Rows rows(connection,
             u"SELECT MIN(OrdineTemp), MAX(OrdineTemp), COUNT(*)=COUNT(OrdineTemp) FROM Prodotti "
-            "WHERE IDCatalogo=? AND rowid IN (SELECT value FROM json_each(?))"_qs,
+            "WHERE IDCatalogo=? AND IDProdotto IN (SELECT value FROM json_each(?))"_qs,
             {IDCatalogo, KeyList(keys)});
   if (!rows.Next()) return {};
   return {rows.Value(0).toDouble(), rows.Value(1).toDouble(), rows.Value(2).toBool()};
@@ -64,10 +64,11 @@ Span SpanOf(int IDCatalogo, const std::vector<qint64>& keys, Connection& connect
 std::vector<Place> PlacesIn(int IDCatalogo, const Span& span, const std::vector<qint64>& moving,
                             Connection& connection) {
   std::vector<Place> places;
-  Rows rows(connection,
-            u"SELECT rowid, OrdineTemp FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp>=? AND OrdineTemp<=? "
-            "ORDER BY OrdineTemp, rowid"_qs,
-            {IDCatalogo, span.from, span.to});
+  Rows rows(
+      connection,
+      u"SELECT IDProdotto, OrdineTemp FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp>=? AND OrdineTemp<=? "
+      "ORDER BY OrdineTemp, IDProdotto"_qs,
+      {IDCatalogo, span.from, span.to});
   while (rows.Next()) {
     const qint64 key = rows.Value(0).toLongLong();
     const bool moves = std::binary_search(moving.begin(), moving.end(), key);
@@ -121,7 +122,7 @@ void WriteNumbers(const std::vector<Place>& places, const std::vector<RankPair>&
     keys.push_back(places[i].key);
   }
   connection.Execute(
-      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?,rowid) WHERE rowid IN (SELECT value FROM "
+      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?,IDProdotto) WHERE IDProdotto IN (SELECT value FROM "
       "json_each(?))"_qs,
       {RankList(std::move(changed)), KeyList(keys)});
 }
@@ -137,7 +138,8 @@ QString NuovoOrdine(int IDCatalogo, Connection& connection) {
 bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
   const auto unnumbered = [&] {
     return Keys(Rows(
-        connection, u"SELECT rowid FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp IS NULL ORDER BY rowid"_qs,
+        connection,
+        u"SELECT IDProdotto FROM Prodotti WHERE IDCatalogo=? AND OrdineTemp IS NULL ORDER BY IDProdotto"_qs,
         {IDCatalogo}));
   };
   if (unnumbered().empty()) return false;
@@ -146,7 +148,7 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
   qint64 number = LastNumber(IDCatalogo, connection);
   for (const qint64 key : unnumbered()) pairs.push_back({key, ++number});
   connection.Execute(
-      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?,rowid) WHERE IDCatalogo=? AND OrdineTemp IS NULL"_qs,
+      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?,IDProdotto) WHERE IDCatalogo=? AND OrdineTemp IS NULL"_qs,
       {RankList(std::move(pairs)), IDCatalogo});
   transaction.Commit();
   return true;
@@ -154,16 +156,17 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
 
 void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection) {
   Transaction transaction(connection);
-  const std::vector<qint64> present = Keys(
-      Rows(connection, u"SELECT rowid FROM Prodotti WHERE IDCatalogo=? ORDER BY rowid"_qs, {IDCatalogo}));
+  const std::vector<qint64> present =
+      Keys(Rows(connection, u"SELECT IDProdotto FROM Prodotti WHERE IDCatalogo=? ORDER BY IDProdotto"_qs,
+                {IDCatalogo}));
   std::vector<RankPair> pairs;
   pairs.reserve(bookmarks.size());
   for (const qint64 bookmark : bookmarks)
     if (std::binary_search(present.begin(), present.end(), bookmark))
       pairs.push_back({bookmark, qint64(pairs.size()) + 1});
   connection.Execute(
-      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?1,rowid) WHERE IDCatalogo=?2 AND "
-      "IFNULL(VORLINA_RANK(?1,rowid),OrdineTemp) IS NOT OrdineTemp"_qs,
+      u"UPDATE Prodotti SET OrdineTemp=VORLINA_RANK(?1,IDProdotto) WHERE IDCatalogo=?2 AND "
+      "IFNULL(VORLINA_RANK(?1,IDProdotto),OrdineTemp) IS NOT OrdineTemp"_qs,
       {RankList(std::move(pairs)), IDCatalogo});
   transaction.Commit();
 }

@@ -15,6 +15,7 @@
 #include "base/Language.h"
 #include "base/SafeFile.h"
 #include "store/Connection.h"
+#include "store/DeliveredSchema.h"
 #include "store/RowErrors.h"
 #include "store/Sqlite.h"
 #include "store/Transaction.h"
@@ -216,9 +217,7 @@ void OpenExamined(Connection& connection, const QString& path, int schemaVersion
 
 }  // namespace
 
-std::vector<Migration> KnownMigrations() {
-  return {{2, u"CREATE INDEX IF NOT EXISTS ProdottiPerCatalogo ON Prodotti (IDCatalogo)"_qs}};
-}
+std::vector<Migration> KnownMigrations() { return {{2, QString::fromUtf8(MigrationTo2)}}; }
 
 void OpenCatalogDatabase(Connection& connection, const QString& path) {
   OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);

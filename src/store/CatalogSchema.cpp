@@ -88,7 +88,6 @@ std::map<QString, QStringList> StructureOf(SQLite::Database& database) {
 
 std::map<QString, QStringList> OwnStructure() {
   SQLite::Database database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  RegisterSqlExtensions(database);
   database.exec(DeliveredSchema);
   return StructureOf(database);
 }

@@ -84,24 +84,12 @@ void Recordset::Analyse() {
             .arg(source_));
 }
 
-// The statement's columns, and behind them those that tell the row from another with the same key.
-QString Recordset::RowColumns() const {
-  QString columns = select_->list;
-  for (const QString& column : writer_.Identity()) columns += u", "_qs + QuoteName(column);
-  return columns;
-}
-
 Recordset::Row Recordset::RowOf(const SQLite::Statement& statement, int first) const {
   Row row;
-  for (int i = first; i < statement.getColumnCount(); ++i) {
-    const bool isField = i - first < fields_.Count();
-    row.push_back(ColumnValue(statement, i, isField && fields_.At(i - first).boolean));
-  }
+  row.reserve(std::size_t(fields_.Count()));
+  for (int i = 0; i < fields_.Count(); ++i)
+    row.push_back(ColumnValue(statement, first + i, fields_.At(i).boolean));
   return row;
-}
-
-Recordset::Row Recordset::IdentityOf(const Row& row) const {
-  return {row.begin() + fields_.Count(), row.end()};
 }
 
 QString Recordset::KeyStatement() const {
@@ -139,7 +127,7 @@ void Recordset::Load() {
     const bool snapshot = cursor_ == CursorType::Static;
     const auto prepare = [&] {
       if (!select_) return Prepare(database, source_);
-      if (snapshot) return Prepare(database, u"SELECT rowid, "_qs + RowColumns() + KeyStatement());
+      if (snapshot) return Prepare(database, u"SELECT rowid, "_qs + select_->list + KeyStatement());
       try {
         return Prepare(database, u"SELECT rowid"_qs + KeyStatement());
       } catch (const SQLite::Exception&) {

@@ -34,14 +34,6 @@ struct FetchedRow {
   qint64 bookmark = 0;
   bool exists = false;           // false where it was deleted meanwhile
   std::vector<QVariant> values;  // of the recordset's columns
-  // The values that tell it from a later row which the database gave the same key.
-  std::vector<QVariant> identity;
-};
-
-// A row to be deleted, with the identity under which it was shown; one that was never shown has none.
-struct RowDeletion {
-  qint64 bookmark = 0;
-  std::optional<std::vector<QVariant>> identity;
 };
 
 class Recordset {
@@ -132,9 +124,9 @@ class Recordset {
   // up.
   void Delete();
   // Deletes rows in one transaction, each after the step with its bookmark; a row that is gone already is
-  // passed over, and one that is another row by now fails. They stay in the list, as rows that somebody else
-  // deleted do, until DropRows takes them out. What was being edited is given up.
-  void DeleteRows(const std::vector<RowDeletion>& rows, const std::function<void(qint64 bookmark)>& before);
+  // passed over. They stay in the list, as rows that somebody else deleted do, until DropRows takes them out.
+  // What was being edited is given up.
+  void DeleteRows(const std::vector<qint64>& rows, const std::function<void(qint64 bookmark)>& before);
   // Takes rows out of the list, not out of the database. The first row is current.
   void DropRows(std::vector<qint64> bookmarks);
   EditMode Editing() const { return editMode_; }
@@ -152,9 +144,7 @@ class Recordset {
 
   void Analyse();
   void Load();
-  QString RowColumns() const;
   Row RowOf(const SQLite::Statement& statement, int first) const;
-  Row IdentityOf(const Row& row) const;
   QString KeyStatement() const;
   QVariantList KeyValues() const;
   QString OrderedTail() const;

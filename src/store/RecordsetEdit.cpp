@@ -16,7 +16,7 @@ std::optional<Recordset::Row> Recordset::FetchRow(qint64 key) const {
     if (rowStatement_ == nullptr)
       rowStatement_ = std::make_shared<SQLite::Statement>(
           Prepare(connection_->Database(),
-                  u"SELECT "_qs + RowColumns() + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
+                  u"SELECT "_qs + select_->list + u" FROM "_qs + select_->from + u" WHERE rowid=?"_qs));
     SQLite::Statement& statement = *rowStatement_;
     struct Reset {
       SQLite::Statement& statement;
@@ -85,11 +85,10 @@ void Recordset::AddNew() {
   edits_.assign(std::size_t(fields_.Count()), {});
   editMode_ = EditMode::Add;
   deleted_ = false;
-  if (writer_.Counter().isEmpty()) return;
+  const int counter = fields_.IndexOfColumn(writer_.Counter());
+  if (counter < 0) return;
   try {
-    const qint64 number = writer_.ReserveNumber();
-    for (int i = 0; i < fields_.Count(); ++i)
-      if (fields_.At(i).column == writer_.Counter()) edits_[std::size_t(i)] = number;
+    edits_[std::size_t(counter)] = writer_.ReserveNumber();
   } catch (...) {
     CancelUpdate();
     throw;
@@ -112,7 +111,7 @@ qint64 Recordset::WriteRow(const std::function<void(qint64 bookmark)>& within) {
   const std::vector<ColumnChange> changes = Changes();
   Transaction transaction(*connection_);
   const qint64 key = editMode_ == EditMode::Add ? writer_.Insert(changes) : key_;
-  if (editMode_ == EditMode::InProgress) writer_.Update(key, IdentityOf(CurrentRow()), changes);
+  if (editMode_ == EditMode::InProgress) writer_.Update(key, changes);
   if (within) within(key);
   transaction.Commit();
   return key;
@@ -142,11 +141,9 @@ void Recordset::Delete() {
   RequireUpdatable();
   RequireRow();
   if (editMode_ == EditMode::Add) return CancelUpdate();
-  // The row as it was looked at, which a cancelled edit would forget.
-  const Row identity = IdentityOf(CurrentRow());
   CancelUpdate();
   Transaction transaction(*connection_);
-  writer_.Delete(CurrentKey(), identity);
+  writer_.Delete(CurrentKey());
   transaction.Commit();
   rows_->keys.erase(rows_->keys.begin() + index_);
   if (cursor_ == CursorType::Static) rows_->rows.erase(rows_->rows.begin() + index_);

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/Error.h"
@@ -46,6 +47,12 @@ int RecordsetFields::IndexOf(const QString& name) const {
   if (found == positions_.constEnd())
     throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(name));
   return *found;
+}
+
+int RecordsetFields::IndexOfColumn(const QString& column) const {
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [&](const Field& field) { return field.column == column; });
+  return column.isEmpty() || found == fields_.end() ? -1 : int(found - fields_.begin());
 }
 
 QStringList RecordsetFields::Names() const {

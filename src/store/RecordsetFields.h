@@ -31,6 +31,8 @@ class RecordsetFields {
   const Field& At(int index) const { return fields_[std::size_t(index)]; }
   // Position of a column by its name in any letter case. Throws Error.
   int IndexOf(const QString& name) const;
+  // Position of the column that shows a table's column; -1 where none does.
+  int IndexOfColumn(const QString& column) const;
   QStringList Names() const;
   // The value as the column takes it: a text of digits as a number where the column holds numbers. Throws
   // Error for another text there, which the database would store as it is.

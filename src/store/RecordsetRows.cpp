@@ -33,16 +33,13 @@ qint64 Recordset::ChangeMark() const {
   return connection_->ChangeMark();
 }
 
-FetchedRow Recordset::CurrentFetched() const {
-  const Row& row = CurrentRow();
-  return {CurrentKey(), true, {row.begin(), row.begin() + fields_.Count()}, IdentityOf(row)};
-}
+FetchedRow Recordset::CurrentFetched() const { return {CurrentKey(), true, CurrentRow()}; }
 
 SQLite::Statement& Recordset::BlockStatement() const {
   if (blockStatement_ == nullptr) {
     const QString marks = QStringList(BlockRows, u"?"_qs).join(u',');
     blockStatement_ = std::make_shared<SQLite::Statement>(
-        Prepare(connection_->Database(), u"SELECT rowid, "_qs + RowColumns() + u" FROM "_qs + select_->from +
+        Prepare(connection_->Database(), u"SELECT rowid, "_qs + select_->list + u" FROM "_qs + select_->from +
                                              u" WHERE rowid IN ("_qs + marks + u')'));
   }
   return *blockStatement_;
@@ -84,24 +81,19 @@ void Recordset::FetchBlock(FetchedRow* rows, int count) const {
       FetchedRow& row = **found;
       row.exists = true;
       row.values = RowOf(statement, 1);
-      row.identity = IdentityOf(row.values);
-      row.values.resize(std::size_t(fields_.Count()));
     }
   });
 }
 
-void Recordset::DeleteRows(const std::vector<RowDeletion>& rows,
+void Recordset::DeleteRows(const std::vector<qint64>& rows,
                            const std::function<void(qint64 bookmark)>& before) {
   RequireUpdatable();
   CancelUpdate();
   Transaction transaction(*connection_);
-  for (const RowDeletion& row : rows) {
-    const std::optional<Row> now = FetchRow(row.bookmark);
-    if (!now) continue;
-    const Row identity = IdentityOf(*now);
-    if (row.identity && *row.identity != identity) throw ConflictError::Replaced();
-    if (before) before(row.bookmark);
-    writer_.Delete(row.bookmark, identity);
+  for (const qint64 row : rows) {
+    if (!FetchRow(row)) continue;
+    if (before) before(row);
+    writer_.Delete(row);
   }
   transaction.Commit();
 }

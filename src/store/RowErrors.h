@@ -34,13 +34,18 @@ class NoNumberError : public Error {
 // Another row has these values already.
 class DuplicateError : public Error {
  public:
-  DuplicateError(const QString& description, QStringList columns)
-      : Error(description), columns_(std::move(columns)) {}
+  explicit DuplicateError(QStringList columns) : Error(TextFor(columns)), columns_(std::move(columns)) {}
 
   // As the database names them: table, dot, column.
   const QStringList& Columns() const noexcept { return columns_; }
 
  private:
+  static QString TextFor(const QStringList& columns) {
+    return EitherLanguage(u"Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore."_qs,
+                          u"There is already a row with the same value (%1). Choose another value."_qs)
+        .arg(columns.join(u", "_qs));
+  }
+
   QStringList columns_;
 };
 
@@ -53,12 +58,6 @@ class ConflictError : public Error {
     return ConflictError(EitherLanguage(
         u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
         u"The row was deleted meanwhile by another window or program."_qs));
-  }
-  // The database gives the key of a deleted row to a later one.
-  static ConflictError Replaced() {
-    return ConflictError(EitherLanguage(
-        u"Una riga è stata sostituita nel frattempo da un'altra finestra o da un altro programma."_qs,
-        u"A row was replaced meanwhile by another window or program."_qs));
   }
   static ConflictError Changed() {
     return ConflictError(EitherLanguage(

@@ -23,19 +23,6 @@ QString CounterOf(Connection& connection, const QString& table) {
   return key.Next() ? key.Value(0).toString() : QString();
 }
 
-// The columns of the primary key, where that is not the row's key itself.
-QStringList IdentityOf(Connection& connection, const QString& table) {
-  QStringList names;
-  QString type;
-  Rows key(connection, u"SELECT name, type FROM pragma_table_info(?) WHERE pk>0 ORDER BY pk"_qs, {table});
-  while (key.Next()) {
-    names += key.Value(0).toString();
-    type = key.Value(1).toString();
-  }
-  const bool isRowKey = names.size() == 1 && type.compare(u"INTEGER", Qt::CaseInsensitive) == 0;
-  return isRowKey ? QStringList() : names;
-}
-
 qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& values) {
   Rows rows(connection, sql, values);
   return rows.Next() ? rows.Value(0).toLongLong() : 0;
@@ -46,7 +33,6 @@ qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& 
 RowWriter::RowWriter(Connection& connection, QString table)
     : connection_(&connection), table_(std::move(table)) {
   counter_ = CounterOf(connection, table_);
-  identity_ = IdentityOf(connection, table_);
 }
 
 qint64 RowWriter::ReserveNumber() {
@@ -77,50 +63,35 @@ qint64 RowWriter::Insert(const std::vector<ColumnChange>& changes) {
   return connection_->LastInsertId();
 }
 
-QString RowWriter::KeyCondition(qint64 key, const std::vector<QVariant>& identity,
-                                QVariantList& values) const {
-  QString condition = u" WHERE rowid=?"_qs;
-  values += key;
-  for (std::size_t i = 0; i < identity.size(); ++i) {
-    condition += u" AND "_qs + QuoteName(identity_[qsizetype(i)]) + u" IS ? COLLATE BINARY"_qs;
-    values += identity[i];
-  }
-  return condition;
-}
-
-void RowWriter::Update(qint64 key, const std::vector<QVariant>& identity,
-                       const std::vector<ColumnChange>& changes) {
+void RowWriter::Update(qint64 key, const std::vector<ColumnChange>& changes) {
   if (changes.empty()) return;
   QStringList settings;
+  QString condition = u" WHERE rowid=?"_qs;
   QVariantList values;
   for (const ColumnChange& change : changes) {
     settings += QuoteName(change.column) + u"=?"_qs;
     values += change.value;
   }
-  QString condition = KeyCondition(key, identity, values);
+  values += key;
   for (const ColumnChange& change : changes) {
     condition += u" AND "_qs + QuoteName(change.column) + u" IS ? COLLATE BINARY"_qs;
     values += change.before;
   }
   connection_->Execute(u"UPDATE "_qs + QuoteName(table_) + u" SET "_qs + settings.join(u',') + condition,
                        values);
-  RequireOneRow(key, identity);
+  RequireOneRow(key);
 }
 
-void RowWriter::RequireOneRow(qint64 key, const std::vector<QVariant>& identity) const {
+void RowWriter::RequireOneRow(qint64 key) const {
   if (connection_->Changes() > 0) return;
-  QVariantList values;
-  const QString condition = KeyCondition(key, identity, values);
-  if (NumberOf(*connection_, u"SELECT COUNT(*) FROM "_qs + QuoteName(table_) + condition, values) == 0)
-    throw ConflictError::Deleted();
+  const QString count = u"SELECT COUNT(*) FROM "_qs + QuoteName(table_) + u" WHERE rowid=?"_qs;
+  if (NumberOf(*connection_, count, {key}) == 0) throw ConflictError::Deleted();
   throw ConflictError::Changed();
 }
 
-void RowWriter::Delete(qint64 key, const std::vector<QVariant>& identity) {
-  QVariantList values;
-  const QString condition = KeyCondition(key, identity, values);
-  connection_->Execute(u"DELETE FROM "_qs + QuoteName(table_) + condition, values);
-  RequireOneRow(key, identity);
+void RowWriter::Delete(qint64 key) {
+  connection_->Execute(u"DELETE FROM "_qs + QuoteName(table_) + u" WHERE rowid=?"_qs, {key});
+  RequireOneRow(key);
 }
 
 }  // namespace vorlina

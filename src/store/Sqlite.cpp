@@ -47,12 +47,6 @@ bool IsDiskFull(const SQLite::Exception& failure) {
 QString ConstraintText(const SQLite::Exception& failure) {
   const QString columns = ColumnsIn(failure);
   switch (failure.getExtendedErrorCode()) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID:
-      return EitherLanguage(u"Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore."_qs,
-                            u"There is already a row with the same value (%1). Choose another value."_qs)
-          .arg(columns);
     case SQLITE_CONSTRAINT_FOREIGNKEY:
       return EitherLanguage(u"La riga fa riferimento a un catalogo o a un prodotto che non esiste più."_qs,
                             u"The row refers to a catalog or a product that no longer exists."_qs);
@@ -110,7 +104,7 @@ bool MeansDamage(const SQLite::Exception& failure) {
 
 void ThrowStoreError(const SQLite::Exception& failure) {
   if (IsDiskFull(failure)) throw DiskFullError(AppPath(), errno);
-  if (IsDuplicate(failure)) throw DuplicateError(FailureText(failure), ColumnsIn(failure).split(u", "_qs));
+  if (IsDuplicate(failure)) throw DuplicateError(ColumnsIn(failure).split(u", "_qs));
   const int code = PlainCode(failure);
   if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw LockedError(FailureText(failure));
   throw Error(FailureText(failure));

@@ -212,7 +212,7 @@ TEST_F(RestoreTest, OnlyADatabaseThatIsBuiltLikeOursIsTaken) {
       {"DROP INDEX SchedePerProdotto; CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo)",
        u"(SchedePerProdotto)"_qs},
       {"DROP TABLE SchedeTecniche; CREATE TABLE SchedeTecniche (IDScheda INTEGER PRIMARY KEY AUTOINCREMENT,"
-       " IDCatalogo INTEGER NOT NULL, CodiceProdotto TEXT NOT NULL COLLATE VORLINA_TEXT, Caratteristica TEXT,"
+       " IDCatalogo INTEGER NOT NULL, CodiceProdotto TEXT NOT NULL COLLATE NOCASE, Caratteristica TEXT,"
        " Valore TEXT); CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo, CodiceProdotto)",
        u"(SchedeTecniche)"_qs},
       {"CREATE TRIGGER t AFTER UPDATE ON Prodotti BEGIN DELETE FROM Cataloghi; END", u"(trigger t)"_qs},

@@ -27,7 +27,7 @@ class RecordsetModelTest : public StoreFixture {
     for (const QString& code : {u"C"_qs, u"A"_qs, u"B"_qs}) AddProduct(catalog_, code);
     connection_.Execute(
         u"UPDATE Prodotti SET IDFiltro1=CASE CodiceProdotto WHEN 'A' THEN 3 WHEN 'B' THEN 1 ELSE "
-        u"0 END, OrdineTemp=rowid"_qs);
+        u"0 END, OrdineTemp=IDProdotto"_qs);
     second_.Open(ConnectionTextFor(Path()));
     QObject::connect(&model_, &RecordsetModel::Failed, [this](const QString& text) { failures_ += text; });
     OpenProducts();
@@ -281,21 +281,6 @@ TEST_F(RecordsetModelTest, WhatOthersDidShowsAndIsNotOverwritten) {
   EXPECT_FALSE(model_.setData(At(1, Text), u"mine"_qs));
   EXPECT_TRUE(model_.DeleteRows({1})) << "it can be taken out of the list";
   EXPECT_EQ(Codes(), u"C B"_qs);
-}
-
-// The database gives the key of the last row to the next one, which may be of another catalog.
-TEST_F(RecordsetModelTest, ARowThatTookAnothersKeyIsLeftAlone) {
-  Codes();
-  model_.Pin(2);
-  const auto replace = [&] {
-    second_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='B'"_qs);
-    second_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto) VALUES (?,'X')"_qs, {other_});
-  };
-  replace();
-  EXPECT_FALSE(model_.DeleteRows({2}));
-  EXPECT_FALSE(model_.setData(At(2, Text), u"mine"_qs));
-  EXPECT_EQ(failures_.size(), 2);
-  EXPECT_EQ(One(u"Descrizione IS NULL"_qs, u"Prodotti"_qs, u"CodiceProdotto='X'"_qs), 1);
 }
 
 TEST_F(RecordsetModelTest, DeletesASelectionWholeOrNotAtAll) {

@@ -159,11 +159,11 @@ TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
 
 TEST_F(GridEditing, ADuplicateCodeStaysInEditUntilEscape) {
   const QString told =
-      u"There is already a row with Code \"B\". Choose another value. Press Esc to give up the change."_qs;
-  AddProducts({u"a"_qs, u"b"_qs});
+      u"There is already a row with Code \"È\". Choose another value. Press Esc to give up the change."_qs;
+  AddProducts({u"a"_qs, u"è"_qs});
   Open();
   for (const int row : {0, AddNewRow()}) {
-    Type(row, Code, u"B "_qs);
+    Type(row, Code, u"È "_qs);
     Type(row, Description, u"x"_qs);
     for (const bool closes : {false, true}) {
       dialogs_.ExpectMessage(told, BoxStyle::Stop);
@@ -176,12 +176,12 @@ TEST_F(GridEditing, ADuplicateCodeStaysInEditUntilEscape) {
     EXPECT_EQ(Rows().EditRow(), row);
     EXPECT_EQ(grid_->CurrentRow(), row);
     EXPECT_EQ(grid_->CurrentKey(), Code) << "where it can be mended";
-    EXPECT_EQ(Shown(row, Code), u"B"_qs);
-    EXPECT_EQ(Orders(), u"a1 b2"_qs);
+    EXPECT_EQ(Shown(row, Code), u"È"_qs);
+    EXPECT_EQ(Orders(), u"a1 è2"_qs);
     Key(Qt::Key_Escape);
     EXPECT_EQ(Rows().EditRow(), -1);
   }
-  EXPECT_EQ(Codes(), u"a b"_qs);
+  EXPECT_EQ(Codes(), u"a è"_qs);
 }
 
 // Also where the user has been told already and works in another window by now.

@@ -13,7 +13,6 @@ using GridSafety = GridWindow;
 namespace {
 
 const QString DeleteQuestion = u"Do you want to delete selected products and their images?\r\nContinue?"_qs;
-const QString Replaced = u"A row was replaced meanwhile by another window or program."_qs;
 
 }  // namespace
 
@@ -59,29 +58,6 @@ TEST_F(GridSafety, ADropWaitsUntilABoxIsAnswered) {
   box.close();
   UnexpectedModalGuard::allowed.clear();
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Stored(u"a"_qs, u"Immagine"_qs).isEmpty(); }));
-}
-
-TEST_F(GridSafety, AKeyThatPassedToAnotherCatalogIsLeftAlone) {
-  const int other = AddCatalog(u"Other"_qs);
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='b'"_qs);
-  AddProduct(other, u"foreign"_qs);
-  EXPECT_TRUE(QTest::qWaitFor([&] {
-    Rows().Refresh();
-    return Shown(1, u"Codice"_qs) == u"foreign";
-  }));
-  dialogs_.ExpectMessage(Replaced + u" Press Esc to see it as it is now."_qs, BoxStyle::Stop);
-  Type(1, u"Descrizione"_qs, u"mine"_qs);
-  Key(Qt::Key_Up);
-  EXPECT_EQ(dialogs_.Left(), 0);
-  Key(Qt::Key_Escape);
-  dialogs_.ExpectQuestion(DeleteQuestion, true);
-  dialogs_.ExpectMessage(Replaced, BoxStyle::Stop);
-  EXPECT_TRUE(grid_->GoTo(1));
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(dialogs_.Left(), 0);
-  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto='foreign' AND Descrizione IS NULL"_qs), 1);
 }
 
 TEST_F(GridSafety, AFilterValueOfAnotherWindowIsShownOnComingBack) {

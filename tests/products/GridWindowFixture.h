@@ -195,7 +195,7 @@ class GridWindow : public CatalogFixture {
   QString Orders() {
     return One(u"group_concat(t,' ')"_qs,
                u"(SELECT CodiceProdotto||IFNULL(OrdineTemp,'-') AS t FROM Prodotti WHERE IDCatalogo=%1 "
-               "ORDER BY OrdineTemp,rowid)"_qs.arg(catalog_))
+               "ORDER BY OrdineTemp,IDProdotto)"_qs.arg(catalog_))
         .toString();
   }
   QString Stored(const QString& code, const QString& expression) {

@@ -32,7 +32,8 @@ class PictureImportTest : public CatalogFixture {
   }
   QStringList Descriptions() {
     QStringList all;
-    Rows rows(connection_, u"SELECT CodiceProdotto || ' ' || Descrizione FROM Prodotti ORDER BY rowid"_qs);
+    Rows rows(connection_,
+              u"SELECT CodiceProdotto || ' ' || Descrizione FROM Prodotti ORDER BY IDProdotto"_qs);
     while (rows.Next()) all += rows.Value(0).toString();
     return all;
   }

@@ -13,9 +13,9 @@ TEST_F(StoreFixture, RowsStandInTheOrderInWhichTheyCameWithoutASort) {
   const int catalog = AddCatalog(u"Catalog"_qs);
   for (const QString& code : {u"2"_qs, u"10"_qs, u"1"_qs}) AddProduct(catalog, code);
   const QString statement = ProductGridStatement({}, {});
-  const QString keys = u"SELECT rowid"_qs + statement.mid(statement.indexOf(u" FROM "_qs));
+  const QString keys = u"SELECT IDProdotto"_qs + statement.mid(statement.indexOf(u" FROM "_qs));
   QStringList codes;
-  Rows rows(connection_, QString(keys).replace(u"rowid FROM"_qs, u"CodiceProdotto FROM"_qs), {catalog});
+  Rows rows(connection_, QString(keys).replace(u"IDProdotto FROM"_qs, u"CodiceProdotto FROM"_qs), {catalog});
   while (rows.Next()) codes += rows.Value(0).toString();
   EXPECT_EQ(codes.join(u' '), u"2 10 1"_qs);
   Rows plan(connection_, u"EXPLAIN QUERY PLAN "_qs + keys, {catalog});

@@ -9,6 +9,8 @@
 #include "products/CellRules.h"
 #include "products/CodeChange.h"
 #include "products/FilterValues.h"
+#include "products/ProductCode.h"
+#include "store/RowErrors.h"
 #include "store/Transaction.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
@@ -151,4 +153,15 @@ TEST_F(CodeChangeTest, AFilterTakesNoValueThatACellRefuses) {
   EXPECT_EQ(FailureOf([&] { AddFilterValue(109, 1, u"a|b"_qs, connection_); }),
             u"| is an invalid character"_qs);
   EXPECT_EQ(One(u"group_concat(Valore)"_qs, u"Filtri"_qs), u"dell'Elba"_qs);
+}
+
+TEST_F(CodeChangeTest, ACodeIsTakenInAnyLetterCase) {
+  const qint64 own = One(u"IDProdotto"_qs, u"Prodotti"_qs, u"CodiceProdotto='È 0'"_qs).toLongLong();
+  EXPECT_TRUE(IsCodeTaken(109, u"è 0"_qs, 0, connection_));
+  EXPECT_FALSE(IsCodeTaken(109, u"è 0"_qs, own, connection_)) << "its own";
+  EXPECT_FALSE(IsCodeTaken(109, u"e 0"_qs, 0, connection_));
+  EXPECT_FALSE(IsCodeTaken(110, u"è 0"_qs, 0, connection_));
+  AddProduct(109, u"x-1"_qs);
+  EXPECT_TRUE(IsCodeTaken(109, u"X-1"_qs, 0, connection_));
+  EXPECT_THROW(RequireFreeCode(109, u"è 0"_qs, 0, connection_), DuplicateError);
 }

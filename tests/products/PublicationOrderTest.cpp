@@ -24,13 +24,13 @@ class PublicationOrderTest : public StoreFixture {
     QStringList products;
     Rows rows(connection_,
               u"SELECT CodiceProdotto || IFNULL(OrdineTemp,'-') FROM Prodotti WHERE IDCatalogo=? "
-              "ORDER BY OrdineTemp,rowid"_qs,
+              "ORDER BY OrdineTemp,IDProdotto"_qs,
               {catalog});
     while (rows.Next()) products += rows.Value(0).toString();
     return products.join(u' ');
   }
   qint64 KeyOf(QChar code) {
-    return One(u"rowid"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code})
+    return One(u"IDProdotto"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code})
         .toLongLong();
   }
   bool Move(const QString& codes, QChar target) {

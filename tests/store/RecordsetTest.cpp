@@ -166,23 +166,6 @@ TEST_F(RecordsetTest, NobodysChangeIsOverwrittenUnseen) {
   EXPECT_EQ(products.Value(u"Codice"_qs), u"B"_qs);
 }
 
-// The database gives the key of a deleted row to the next one that is added.
-TEST_F(RecordsetTest, ARowInThePlaceOfADeletedOneIsNeitherChangedNorDeleted) {
-  for (const bool deletes : {false, true}) {
-    Recordset products = OpenProducts(CursorType::Keyset, u"ORDER BY rowid"_qs);
-    connection_.Execute(u"DELETE FROM Prodotti WHERE IDCatalogo<>?"_qs, {catalog_});
-    products.MoveLast();
-    EXPECT_TRUE(products.Value(u"Descrizione"_qs).isNull());
-    connection_.Execute(u"DELETE FROM Prodotti WHERE rowid=(SELECT MAX(rowid) FROM Prodotti)"_qs);
-    AddProduct(catalog_, deletes ? u"New2"_qs : u"New1"_qs);
-    if (!deletes) products.SetValue(u"Descrizione"_qs, u"meant for another"_qs);
-    EXPECT_THROW(deletes ? products.Delete() : products.Update(), Error);
-    products.CancelUpdate();
-    EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto LIKE 'New_' AND Descrizione IS NULL"_qs),
-              1);
-  }
-}
-
 TEST_F(RecordsetTest, ACodeInUseIsToldAndTheRowStaysInEdit) {
   Recordset products = OpenProducts();
   products.SetValue(u"Codice"_qs, u"b"_qs);

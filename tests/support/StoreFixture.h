@@ -17,8 +17,9 @@
 namespace vorlina {
 
 // Runs the schema on a new file.
-inline void MakeDatabase(const QString& path) {
-  QFile schema(QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql"));
+inline void MakeDatabase(const QString& path,
+                         const QString& script = QStringLiteral(VORLINA_SOURCE_DIR "/data/schema.sql")) {
+  QFile schema(script);
   ASSERT_TRUE(schema.open(QIODevice::ReadOnly));
   SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   RegisterSqlExtensions(database);

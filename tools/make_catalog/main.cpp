@@ -10,7 +10,6 @@
 #include "CatalogWriter.h"
 #include "base/Error.h"
 #include "base/SafeFile.h"
-#include "store/Sqlite.h"
 #include "store/Transaction.h"
 
 using namespace vorlina;
@@ -35,7 +34,6 @@ void Check(SQLite::Database& database) {
 
 void MakeDatabase(const QString& file, const QString& schema, const QString& samples) {
   SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  RegisterSqlExtensions(database);
   database.exec("PRAGMA foreign_keys = ON");
   database.exec(TextOf(schema).toStdString());
   SQLite::Transaction transaction(database);

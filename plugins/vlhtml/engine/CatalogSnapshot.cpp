@@ -64,7 +64,7 @@ ProductIndex ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapsho
       QStringLiteral(
           "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"
           "IDFiltro5,Immagine FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
-          "ORDER BY OrdineTemp IS NULL,OrdineTemp,rowid"),
+          "ORDER BY OrdineTemp IS NULL,OrdineTemp,IDProdotto"),
       {id});
   while (rows->Next()) {
     Product product;
