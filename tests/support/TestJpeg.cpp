@@ -164,25 +164,6 @@ QImage MakeRings(QSize size, double finest) {
   return image;
 }
 
-QImage MakeTextPage(QSize size) {
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  painter.setPen(Qt::black);
-  int y = 0;
-  for (int line = 0; y < size.height(); ++line) {
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(size.height() / (24 + line % 5 * 10));
-    painter.setFont(font);
-    y += font.pixelSize() * 5 / 4;
-    painter.drawText(
-        font.pixelSize(), y,
-        QStringLiteral("Articolo %1: viti a testa svasata 4×40, acciaio inox A2, conf. 250 pz. — € 12,50")
-            .arg(line));
-  }
-  return image;
-}
-
 QImage MakeQuarters(QSize size) {
   QImage image(size, QImage::Format_RGB32);
   QPainter painter(&image);

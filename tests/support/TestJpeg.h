@@ -35,9 +35,6 @@ QImage MakePhoto(QSize size, unsigned seed);
 // Rings that become finer outwards, up to a period of finest pixels.
 QImage MakeRings(QSize size, double finest);
 
-// A page of text of several sizes; needs a QGuiApplication.
-QImage MakeTextPage(QSize size);
-
 // One colour in each quarter: red, green, blue and white, from the upper left clockwise to the lower left.
 QImage MakeQuarters(QSize size);
 

@@ -1,13 +1,15 @@
 // How near the reduced decoding comes to a full one: the structural similarity to a full decode with a
-// Lanczos filter.
+// Lanczos filter. Fails where a picture, or the median, falls below its bound.
+#include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <numbers>
 #include <vector>
 
 #include "images/PictureRendering.h"
-#include "support/Print.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -96,9 +98,30 @@ double Ssim(const Grey& a, const Grey& b) {
   return sum / windows;
 }
 
+// A page of text of several sizes.
+QImage MakeTextPage(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  painter.setPen(Qt::black);
+  int y = 0;
+  for (int line = 0; y < size.height(); ++line) {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(size.height() / (24 + line % 5 * 10));
+    painter.setFont(font);
+    y += font.pixelSize() * 5 / 4;
+    painter.drawText(
+        font.pixelSize(), y,
+        QStringLiteral("Articolo %1: viti a testa svasata 4×40, acciaio inox A2, conf. 250 pz. — € 12,50")
+            .arg(line));
+  }
+  return image;
+}
+
 }  // namespace
 
-TEST(Quality, AReducedDecodeLooksLikeAFullOne) {
+int main(int argc, char** argv) {
+  const QGuiApplication application(argc, argv);
   struct Case {
     const char* name;
     QImage image;
@@ -116,9 +139,10 @@ TEST(Quality, AReducedDecodeLooksLikeAFullOne) {
     const QImage ours = QImage::fromData(FitToLimit(jpeg, 800, {}).jpeg, "jpeg");
     const Grey reference = Scaled(GreyOf(QImage::fromData(jpeg, "jpeg")), ours.size());
     all.push_back(Ssim(GreyOf(ours), reference));
-    EXPECT_GE(all.back(), 0.985) << one.name << ' ' << one.image.width() << " x " << one.image.height();
     std::printf("%-26s %4d x %4d  %.4f\n", one.name, one.image.width(), one.image.height(), all.back());
   }
   std::sort(all.begin(), all.end());
-  EXPECT_GE(all[all.size() / 2], 0.993) << "the median";
+  const double median = all[all.size() / 2];
+  std::printf("the worst %.4f (at least 0.985), the median %.4f (at least 0.993)\n", all.front(), median);
+  return all.front() >= 0.985 && median >= 0.993 ? 0 : 1;
 }
