@@ -3,7 +3,6 @@
 #include <IVorlinaPlugin.h>
 #include <VorlinaNames.h>
 
-#include <QHash>
 #include <stdexcept>
 
 namespace vlhtml {
@@ -12,9 +11,6 @@ namespace {
 std::string Utf8(const QVariant& value) {
   return value.isNull() ? std::string() : value.toString().trimmed().toStdString();
 }
-
-// Products by code: codes compare without regard to case.
-using ProductIndex = QHash<QString, std::size_t>;
 
 void ReadCatalog(IVorlinaConnection& connection, int id, bool italian, CatalogSnapshot& catalog) {
   const auto row = connection.Open(QStringLiteral("SELECT * FROM Cataloghi WHERE IDCatalogo=?"), {id});
@@ -58,8 +54,7 @@ void ReadFilterValues(IVorlinaConnection& connection, int id, CatalogSnapshot& c
   }
 }
 
-ProductIndex ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
-  ProductIndex index;
+void ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
   const auto rows = connection.Open(
       QStringLiteral(
           "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"
@@ -74,38 +69,42 @@ ProductIndex ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapsho
     for (int i = 0; i < 5; ++i) product.filters[std::size_t(i)] = rows->Value(5 + i).toInt();
     if (const QString picture = rows->Value(10).toString(); !picture.isEmpty())
       product.pictures.push_back({picture, product.description});
-    index.insert(product.code.toCaseFolded(), catalog.products.size());
+    catalog.index.insert(product.code.toCaseFolded(), catalog.products.size());
     catalog.products.push_back(std::move(product));
   }
-  return index;
 }
 
-Product* Find(CatalogSnapshot& catalog, const ProductIndex& index, const QVariant& code) {
-  const auto found = index.constFind(code.toString().toCaseFolded());
-  return found == index.constEnd() ? nullptr : &catalog.products[*found];
-}
+// Finds the products of rows that come product by product.
+class Finder {
+ public:
+  explicit Finder(CatalogSnapshot& catalog) : catalog_(catalog) {}
 
-void ReadPictures(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog,
-                  const ProductIndex& index) {
+  Product* Find(const QVariant& code) {
+    if (QString next = code.toString(); next != code_ || product_ == nullptr) {
+      code_ = std::move(next);
+      const auto found = catalog_.index.constFind(code_.toCaseFolded());
+      product_ = found == catalog_.index.constEnd() ? nullptr : &catalog_.products[*found];
+    }
+    return product_;
+  }
+
+ private:
+  CatalogSnapshot& catalog_;
+  QString code_;
+  Product* product_ = nullptr;
+};
+
+void ReadPictures(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
   const auto rows = connection.Open(
-      QStringLiteral(
-          "SELECT CodiceProdotto,Immagine,Descrizione FROM Immagini WHERE IDCatalogo=? ORDER BY IDImmagine"),
+      QStringLiteral("SELECT CodiceProdotto,Immagine,Descrizione FROM Immagini WHERE IDCatalogo=? "
+                     "ORDER BY CodiceProdotto,IDImmagine"),
       {id});
+  Finder products(catalog);
   while (rows->Next()) {
-    Product* product = Find(catalog, index, rows->Value(0));
+    Product* product = products.Find(rows->Value(0));
     const QString source = rows->Value(1).toString();
     if (product != nullptr && !source.isEmpty()) product->pictures.push_back({source, Utf8(rows->Value(2))});
   }
-}
-
-void ReadFeatures(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog,
-                  const ProductIndex& index) {
-  const auto rows = connection.Open(QStringLiteral("SELECT CodiceProdotto,Caratteristica,Valore FROM "
-                                                   "SchedeTecniche WHERE IDCatalogo=? ORDER BY IDScheda"),
-                                    {id});
-  while (rows->Next())
-    if (Product* product = Find(catalog, index, rows->Value(0)); product != nullptr)
-      product->features.push_back({Utf8(rows->Value(1)), Utf8(rows->Value(2))});
 }
 
 }  // namespace
@@ -114,10 +113,20 @@ CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, boo
   CatalogSnapshot catalog;
   ReadCatalog(connection, IDCatalogo, italian, catalog);
   ReadFilterValues(connection, IDCatalogo, catalog);
-  const ProductIndex index = ReadProducts(connection, IDCatalogo, catalog);
-  ReadPictures(connection, IDCatalogo, catalog, index);
-  ReadFeatures(connection, IDCatalogo, catalog, index);
+  ReadProducts(connection, IDCatalogo, catalog);
+  ReadPictures(connection, IDCatalogo, catalog);
   return catalog;
+}
+
+void ReadFeatures(IVorlinaConnection& connection, int IDCatalogo, CatalogSnapshot& catalog) {
+  const auto rows = connection.Open(QStringLiteral("SELECT CodiceProdotto,Caratteristica,Valore FROM "
+                                                   "SchedeTecniche WHERE IDCatalogo=? "
+                                                   "ORDER BY CodiceProdotto,IDScheda"),
+                                    {IDCatalogo});
+  Finder products(catalog);
+  while (rows->Next())
+    if (Product* product = products.Find(rows->Value(0)); product != nullptr)
+      product->features.push_back({Utf8(rows->Value(1)), Utf8(rows->Value(2))});
 }
 
 }  // namespace vlhtml

@@ -1,6 +1,7 @@
 // A catalog as it is published, read once: plain UTF-8 text and paths, without the database.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <array>
 #include <string>
@@ -45,10 +46,13 @@ struct CatalogSnapshot {
   std::array<std::string, 5> filterNames;  // empty: not in use
   std::vector<FilterValue> filterValues;   // published ones, by filter and text
   std::vector<Product> products;           // published ones, in publication order
+  QHash<QString, std::size_t> index;       // of products, by code in folded case
 };
 
-// Reads a catalog. Throws std::runtime_error when there is none with this identifier, and what the connection
-// throws.
+// Reads a catalog but for its features. Throws std::runtime_error when there is none with this identifier,
+// and what the connection throws.
 CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, bool italian);
+// Reads the products' features, while nothing else of the snapshot changes.
+void ReadFeatures(IVorlinaConnection& connection, int IDCatalogo, CatalogSnapshot& catalog);
 
 }  // namespace vlhtml

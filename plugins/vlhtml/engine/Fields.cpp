@@ -18,6 +18,14 @@ std::size_t ControlAt(std::string_view text) {
   return first == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE ? 3 : 0;
 }
 
+// Whether some byte can be the first of a control character, as it is in few texts.
+bool MayHaveControls(const std::string& text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xEF;
+  });
+}
+
 std::string WithoutControls(const std::string& text) {
   std::string clean;
   clean.reserve(text.size());
@@ -94,7 +102,9 @@ QByteArray FieldHash::Result() const {
       .left(16);
 }
 
-void FieldData::Text(const char* name, const std::string& text) { data_[name] = Data{WithoutControls(text)}; }
+void FieldData::Text(const char* name, const std::string& text) {
+  data_[name] = MayHaveControls(text) ? Data{WithoutControls(text)} : Data{text};
+}
 
 void FieldData::Group(const char* name, const Tell& tell) {
   FieldData group;
@@ -104,10 +114,13 @@ void FieldData::Group(const char* name, const Tell& tell) {
 
 void FieldData::List(const char* name, std::size_t count, const TellItem& tell) {
   Data list{Data::type::list};
+  // A list takes copies alone, and copies of all that it has when it grows.
+  auto& items = const_cast<kainjow::mustache::list&>(list.list_value());
+  items.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     FieldData item;
     tell(item, i);
-    list.push_back(item.Take());
+    items.push_back(item.Take());
   }
   data_[name] = std::move(list);
 }

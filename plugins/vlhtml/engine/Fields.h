@@ -35,7 +35,9 @@ class Fields {
 // The hash of what is told under the names that a template uses, or of everything.
 class FieldHash : public Fields {
  public:
-  explicit FieldHash(const std::set<std::string, std::less<>>* names = nullptr) : names_(names) {}
+  explicit FieldHash(const std::set<std::string, std::less<>>* names = nullptr) : names_(names) {
+    told_.reserve(UsualLength);
+  }
   void Text(const char* name, const std::string& text) override;
   void Flag(const char* name, bool value) override;
   void Group(const char* name, const Tell& tell) override;
@@ -44,6 +46,8 @@ class FieldHash : public Fields {
   QByteArray Result() const;
 
  private:
+  static constexpr std::size_t UsualLength = 1024;
+
   bool Begin(const char* name, char kind);
   void Add(const char* bytes, std::size_t size);
 

@@ -7,6 +7,8 @@
 #include <QMap>
 #include <QSet>
 #include <algorithm>
+#include <array>
+#include <vector>
 
 #include "PageMark.h"
 
@@ -34,12 +36,19 @@ QByteArray Digest(const QByteArray& text) {
   return QCryptographicHash::hash(text, QCryptographicHash::Sha1).toHex();
 }
 
-bool ReadEntry(const QByteArray& line, Manifest& manifest) {
-  const QList<QByteArray> parts = line.split('\t');
-  if (parts.size() != 4) return false;
-  const QString name = QString::fromUtf8(parts[3]);
-  manifest.entries.insert(
-      name, {QByteArray::fromHex(parts[0]), {parts[1].toLongLong(), parts[2].toULongLong(nullptr, 16)}});
+// A line without its end.
+bool ReadEntry(QByteArrayView line, Manifest& manifest) {
+  std::array<QByteArray, 3> numbers;
+  for (QByteArray& number : numbers) {
+    const qsizetype end = line.indexOf('\t');
+    if (end < 0) return false;
+    number = line.first(end).toByteArray();
+    line = line.sliced(end + 1);
+  }
+  if (line.contains('\t')) return false;
+  const QString name = QString::fromUtf8(line);
+  manifest.entries.insert(name, {QByteArray::fromHex(numbers[0]),
+                                 {numbers[1].toLongLong(), numbers[2].toULongLong(nullptr, 16)}});
   return IsInside(name);
 }
 
@@ -84,6 +93,7 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
   const qsizetype blank = lines[1].indexOf('\t');
   manifest.site = lines[1].left(blank);
   manifest.title = QString::fromUtf8(lines[1].mid(blank + 1));
+  manifest.entries.reserve(lines.size());
   for (qsizetype i = 2; i < lines.size() - 1; ++i)
     if (!ReadEntry(lines[i], manifest)) return {};
   return manifest;
@@ -95,14 +105,14 @@ Manifest Manifest::OfFolder(const QString& folder) {
 }
 
 QByteArray Manifest::ToText() const {
-  QStringList names = entries.keys();
-  std::sort(names.begin(), names.end());
+  std::vector<decltype(entries)::const_iterator> sorted;
+  sorted.reserve(std::size_t(entries.size()));
+  for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) sorted.push_back(entry);
+  std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.key() < b.key(); });
   QByteArray text = Head + '\n' + site + '\t' + title.simplified().toUtf8() + '\n';
-  for (const QString& name : names) {
-    const ManifestEntry& entry = entries[name];
-    text += entry.input.toHex() + '\t' + QByteArray::number(entry.file.size) + '\t' +
-            QByteArray::number(qulonglong(entry.file.content), 16) + '\t' + name.toUtf8() + '\n';
-  }
+  for (const auto& entry : sorted)
+    text += entry->input.toHex() + '\t' + QByteArray::number(entry->file.size) + '\t' +
+            QByteArray::number(qulonglong(entry->file.content), 16) + '\t' + entry.key().toUtf8() + '\n';
   return text + End + Digest(text) + '\n';
 }
 

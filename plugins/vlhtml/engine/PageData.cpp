@@ -77,6 +77,8 @@ PageData::PageData(const SitePlan& plan, const Skin& skin, bool italian)
   for (int i = 0, step = std::max(1, count / FeaturedProducts);
        i < count && int(featured_.size()) < FeaturedProducts; i += step)
     featured_.push_back(i);
+  for (const PlannedList& list : plan_.filters)
+    filterLinks_.push_back({Std(list.title), Std(list.PageFile(1))});
   // Parts that stand on many pages are hashed once.
   for (int filter = 0; filter < int(linkHashes_.size()); ++filter)
     linkHashes_[std::size_t(filter)] = HashOf([&](Fields& fields) { TellLinks(fields, filter); });
@@ -267,23 +269,24 @@ void PageData::TellProduct(Fields& fields, int position) const {
 void PageData::TellDetails(Fields& fields, const Product& product) const {
   struct Detail {
     const std::string& name;
-    std::string value;
-    const PlannedList* list;
+    const std::string& value;
+    const std::string& file;
   };
+  const std::string noFile;
   std::vector<Detail> details;
   for (std::size_t i = 0; i < 3; ++i)
     if (!catalog_.valueNames[i].empty() && !product.values[i].empty())
-      details.push_back({catalog_.valueNames[i], product.values[i], nullptr});
+      details.push_back({catalog_.valueNames[i], product.values[i], noFile});
   for (std::size_t i = 0; i < 5; ++i)
     if (const auto found = plan_.filterList.constFind(product.filters[i]);
         found != plan_.filterList.constEnd()) {
-      const PlannedList& list = plan_.filters[std::size_t(*found)];
-      details.push_back({catalog_.filterNames[i], Std(list.title), &list});
+      const Link& link = filterLinks_[std::size_t(*found)];
+      details.push_back({catalog_.filterNames[i], link.text, link.file});
     }
   fields.List("details", details.size(), [&](Fields& detail, std::size_t i) {
     detail.Text("name", details[i].name);
     detail.Text("value", details[i].value);
-    detail.TextIf("file", details[i].list == nullptr ? std::string() : Std(details[i].list->PageFile(1)));
+    detail.TextIf("file", details[i].file);
   });
 }
 

@@ -53,6 +53,10 @@ class PageData {
   bool italian_;
   Data site_;
   std::vector<int> featured_;
+  struct Link {
+    std::string text, file;
+  };
+  std::vector<Link> filterLinks_;                 // to the first pages of the plan's filters
   std::array<QByteArray, PageKinds> siteHashes_;  // the template and what all its pages see
   std::array<QByteArray, 6> linkHashes_;          // by the filter's number
   std::vector<QByteArray> cardHashes_;

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -25,13 +26,13 @@ struct Task {
   QStringList files;  // that were published with the page
 };
 
-// The pages, each followed by the files that are published with it.
-std::vector<Task> Tasks(const SitePlan& plan, const PageData& pages, const Skin& skin) {
+// The pages, each followed by the files that are published with it. What a page is made from is left open.
+std::vector<Task> Tasks(const SitePlan& plan, const Skin& skin) {
   std::vector<Task> tasks;
   std::size_t last = 0;
   const auto addPage = [&](const QString& file, const Page& page) {
     last = tasks.size();
-    tasks.push_back({file, pages.InputOf(page), page, {}, {}});
+    tasks.push_back({file, {}, page, {}, {}});
   };
   const auto addCopy = [&](const QString& file, const QByteArray& input, const QString& source) {
     tasks[last].files += file;
@@ -61,9 +62,9 @@ std::vector<Task> Tasks(const SitePlan& plan, const PageData& pages, const Skin&
 }
 
 // The list of files is public, and what files were made from is not.
-void HideInputs(std::vector<Task>& tasks, const SiteKey& key) {
-  for (Task& task : tasks)
-    task.input = key.Digest(key.Site() + task.input + '|' + task.files.join(u'|').toUtf8());
+QByteArray HiddenInput(const Task& task, const PageData& pages, const SiteKey& key) {
+  const QByteArray input = task.source.isEmpty() ? pages.InputOf(task.page) : task.input;
+  return key.Digest(key.Site() + input + '|' + task.files.join(u'|').toUtf8());
 }
 
 // Makes files of the site, on one thread.
@@ -107,13 +108,17 @@ bool MayTake(const QString& folder, const Manifest& former, const QByteArray& si
                      "it, publish from the program Vorlina."));
 }
 
-// The tasks whose files are not what they would be made to be.
-std::optional<std::vector<const Task*>> Pending(const std::vector<Task>& tasks, const Staging& staging,
+// The tasks whose files are not what they would be made to be, with their inputs.
+std::optional<std::vector<const Task*>> Pending(std::vector<Task>& tasks, const PageData& pages,
+                                                const SiteKey& key, const Staging& staging,
                                                 const std::function<bool(int)>& report) {
   std::vector<char> current(tasks.size(), 0);
-  const auto look = [&](std::size_t i) { current[i] = staging.IsCurrent(tasks[i].file, tasks[i].input); };
+  const auto look = [&](std::size_t i) {
+    tasks[i].input = HiddenInput(tasks[i], pages, key);
+    current[i] = staging.IsCurrent(tasks[i].file, tasks[i].input);
+  };
   const auto begin = [&]() -> Work { return look; };
-  if (!staging.Former().entries.isEmpty() && !DoTogether(tasks.size(), begin, report)) return {};
+  if (!DoTogether(tasks.size(), begin, report)) return {};
   std::vector<const Task*> pending;
   for (std::size_t i = 0; i < tasks.size(); ++i)
     if (current[i] == 0) pending.push_back(&tasks[i]);
@@ -127,7 +132,7 @@ bool Build(const std::vector<const Task*>& pending, Staging& staging,
            const std::function<bool(int)>& report) {
   QStringList made;
   for (const Task* task : pending) made += task->file;
-  staging.Begin(coming.entries.keys(), made);
+  staging.Begin(made);
   std::vector<ManifestEntry> entries(pending.size());
   const auto begin = [&]() -> Work {
     return [&, builder = newBuilder()](std::size_t i) { entries[i] = builder->Make(*pending[i]); };
@@ -150,20 +155,27 @@ PublishResult PublishSite(IVorlinaConnection& connection, int IDCatalogo, const 
   Staging staging(folder, italian);
   const SiteKey key(connection, IDCatalogo);
   if (!MayTake(folder, staging.Former(), key.Site(), italian, mayReplace)) return result;
-  if (!progress.Report(0, 1, Told(italian, "Lettura del catalogo", "Reading the catalog"))) return result;
-  const CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo, italian);
-  const SitePlan plan(catalog, application + QStringLiteral("/Images"), languages);
+  const QString reading = Told(italian, "Lettura del catalogo", "Reading the catalog");
+  if (!progress.Report(0, 1, reading)) return result;
+  CatalogSnapshot catalog = ReadSnapshot(connection, IDCatalogo, italian);
+  // The files are looked at while the longest table is read.
+  auto planned =
+      std::async([&] { return SitePlan(catalog, application + QStringLiteral("/Images"), languages); });
+  ReadFeatures(connection, IDCatalogo, catalog);
+  const SitePlan plan = planned.get();
   const Skin skin(skinFolder, italian);
   const PageData pages(plan, skin, languages.siteItalian);
-  std::vector<Task> tasks = Tasks(plan, pages, skin);
-  HideInputs(tasks, key);
+  std::vector<Task> tasks = Tasks(plan, skin);
   result.warnings = plan.warnings;
 
-  const QString comparing = Told(italian, "Confronto con il sito", "Comparing with the site");
-  const auto pending =
-      Pending(tasks, staging, [&](int done) { return progress.Report(done, int(tasks.size()), comparing); });
+  const QString comparing = staging.Former().entries.isEmpty()
+                                ? reading
+                                : Told(italian, "Confronto con il sito", "Comparing with the site");
+  const auto pending = Pending(tasks, pages, key, staging,
+                               [&](int done) { return progress.Report(done, int(tasks.size()), comparing); });
   if (!pending) return result;
   Manifest coming;
+  coming.entries.reserve(qsizetype(tasks.size()));
   coming.site = key.Site();
   coming.title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
   for (const Task& task : tasks) {

@@ -94,9 +94,12 @@ void SiteSwap::Begin(const Manifest& former, const Manifest& coming) {
     throw CannotWrite(staging_, std::make_error_code(std::errc::no_space_on_device), italian_);
 }
 
-QStringList SiteSwap::Run() {
-  const Manifest coming = Manifest::Read(staging_ + u'/' + Manifest::FileName()).value_or(Manifest());
-  const Manifest former = Manifest::Read(staging_ + QStringLiteral("/former.txt")).value_or(Manifest());
+void SiteSwap::GoOn() {
+  Run(Manifest::Read(staging_ + QStringLiteral("/former.txt")).value_or(Manifest()),
+      Manifest::Read(staging_ + u'/' + Manifest::FileName()).value_or(Manifest()));
+}
+
+QStringList SiteSwap::Run(const Manifest& former, const Manifest& coming) {
   try {
     return Forward(former, coming);
   } catch (const std::exception&) {

@@ -25,7 +25,9 @@ class SiteSwap {
   void Begin(const Manifest& former, const Manifest& coming);
   // Brings it to its end, or takes it back and throws std::runtime_error. Gives the files that could not be
   // deleted; they stay in the manifest, so that the next run tries again.
-  QStringList Run();
+  QStringList Run(const Manifest& former, const Manifest& coming);
+  // The same for one that an earlier run began.
+  void GoOn();
 
   // Where the new files are made.
   static QString NewFiles(const QString& staging) { return staging + QStringLiteral("/new"); }

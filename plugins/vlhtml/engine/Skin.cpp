@@ -18,6 +18,47 @@ QByteArray Sha1(QByteArrayView bytes) {
   return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).left(16);
 }
 
+// What the tags of a page see, the innermost last. The library's own takes a name such as "L.home" apart by a
+// stream, which takes longer than the rest of a page.
+class Context : public kainjow::mustache::basic_context<std::string> {
+ public:
+  void push(const Data* data) override { seen_.push_back(data); }
+  void pop() override { seen_.pop_back(); }
+  const Data* get(const std::string& name) const override {
+    if (name == ".") return seen_.back();
+    for (auto data = seen_.rbegin(); data != seen_.rend(); ++data)
+      if (const Data* found = Find(*data, name); found != nullptr) return found;
+    return nullptr;
+  }
+  // A template has its parts in it.
+  const Data* get_partial(const std::string&) const override { return nullptr; }
+
+ private:
+  static const Data* Find(const Data* data, const std::string& name) {
+    const std::size_t dot = name.find('.');
+    if (dot == std::string::npos) return data->get(name);
+    const Data* group = data->get(name.substr(0, dot));
+    return group == nullptr ? nullptr : Find(group, name.substr(dot + 1));
+  }
+
+  std::vector<const Data*> seen_;
+};
+
+// Takes a page in line by line.
+struct Text {
+  std::string all;
+  Text& operator<<(const std::string& piece) {
+    all += piece;
+    return *this;
+  }
+};
+
+// Few texts have anything to escape.
+std::string Escaped(const std::string& text) {
+  const auto isMarkup = [](char c) { return c == '&' || c == '<' || c == '>' || c == '"' || c == '\''; };
+  return std::any_of(text.begin(), text.end(), isMarkup) ? kainjow::mustache::html_escape(text) : text;
+}
+
 }  // namespace
 
 QStringList Skin::NeededFiles() {
@@ -55,13 +96,17 @@ Skin::Parsed Skin::Load(const QString& name) const {
   parsed.text = std::make_unique<kainjow::mustache::mustache>(loaded.text);
   if (const QString error = QString::fromStdString(parsed.text->error_message()); !error.isEmpty())
     RefuseSkin(italian_, file, 0, error, error);
+  parsed.text->set_custom_escape(Escaped);
   return parsed;
 }
 
 std::string Skin::Render(PageKind kind, const Data& site, const Data& data) {
-  kainjow::mustache::context<std::string> context(&site);
+  Context context;
+  context.push(&site);
   context.push(&data);
-  return pages_[std::size_t(kind)].text->render(context);
+  Text page;
+  pages_[std::size_t(kind)].text->render(context, page);
+  return std::move(page.all);
 }
 
 std::vector<Skin::File> Skin::StaticFiles() const {

@@ -80,7 +80,7 @@ void Staging::Recover(const QString& place) {
   if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink()) return;
   SiteSwap swap(target_, place, italian_);
   try {
-    if (swap.IsBegun()) swap.Run();
+    if (swap.IsBegun()) swap.GoOn();
   } catch (const std::runtime_error&) {
     // Taken back, it is no hindrance to what comes now.
     if (swap.IsBegun()) throw;
@@ -95,6 +95,7 @@ bool Staging::IsCurrent(const QString& file, const QByteArray& input) const {
 }
 
 void Staging::RequireRoom(const QStringList& files, const QStringList& folders) const {
+  if (folder_.WasMade()) return;
   for (const QString& file : files) {
     const QFileInfo place(target_ + u'/' + file);
     const bool taken = place.exists() || place.isSymLink();
@@ -131,10 +132,11 @@ void Staging::ChoosePlace() {
   throw CannotWrite(target_, failure, italian_);
 }
 
-void Staging::Begin(const QStringList& files, const QStringList& pending) {
-  RequireRoom(files, Manifest::Folders(files));
+void Staging::Begin(const QStringList& files) {
+  const QStringList folders = Manifest::Folders(files);
+  RequireRoom(files, folders);
   ChoosePlace();
-  for (const QString& folder : Manifest::Folders(pending)) {
+  for (const QString& folder : folders) {
     const QString place = target_ + u'/' + folder;
     const std::error_code failure = QFileInfo(place).isDir() ? Probe(place) : std::error_code();
     if (failure) throw CannotWrite(place, failure, italian_);
@@ -198,7 +200,7 @@ QStringList Staging::Swap(const Manifest& coming) {
   if (SwapWhole(coming)) return {};
   SiteSwap swap(target_, staging_, italian_);
   swap.Begin(former_, coming);
-  return swap.Run();
+  return swap.Run(former_, coming);
 }
 
 }  // namespace vlhtml

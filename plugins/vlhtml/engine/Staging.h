@@ -43,9 +43,9 @@ class Staging {
   const Manifest& Former() const { return former_; }
   // Whether the target's file is still the one that was made from this input.
   bool IsCurrent(const QString& file, const QByteArray& input) const;
-  // Makes the staging folder for a site of these files, of which the pending ones come anew. Throws when one
-  // of them would take the place of something that is not ours, or could not be put in place later.
-  void Begin(const QStringList& files, const QStringList& pending);
+  // Makes the staging folder for these files, those of the site that come anew. Throws when one of them would
+  // take the place of something that is not ours, or could not be put in place later.
+  void Begin(const QStringList& files);
 
   // Writes or copies a file into the staging folder and checks its size; may be called on several threads,
   // each file once. The entry for the manifest is returned. Throws std::runtime_error.

@@ -60,13 +60,12 @@ SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo)
     : IDCatalogo_(IDCatalogo), key_(KeptWithCatalog(connection, IDCatalogo, KeyName).toUtf8()) {
   kept_ = !key_.isEmpty();
   if (!kept_) key_ = RandomKey();
+  site_ = Digest("site " + QByteArray::number(IDCatalogo)).toHex();
 }
 
 void SiteKey::Keep(IVorlinaConnection& connection) const {
   if (!kept_) KeepWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
 }
-
-QByteArray SiteKey::Site() const { return Digest("site " + QByteArray::number(IDCatalogo_)).toHex(); }
 
 QByteArray SiteKey::Digest(const QByteArray& text) const {
   return QCryptographicHash::hash(QByteArray(key_ + text), QCryptographicHash::Sha1).left(16);

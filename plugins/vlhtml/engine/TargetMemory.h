@@ -26,12 +26,12 @@ class SiteKey {
   SiteKey(IVorlinaConnection& connection, int IDCatalogo);
   void Keep(IVorlinaConnection& connection) const;
   // The name of the site, and the digest of a text that nobody can guess the text from.
-  QByteArray Site() const;
+  const QByteArray& Site() const { return site_; }
   QByteArray Digest(const QByteArray& text) const;
 
  private:
   int IDCatalogo_;
-  QByteArray key_;
+  QByteArray key_, site_;
   bool kept_;
 };
 
