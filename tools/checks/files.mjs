@@ -34,8 +34,7 @@ const places = {
   // The plug-ins, which have nothing of the program but the plug-in headers.
   'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
   'plugins/vlhtml/engine/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
-  'plugins/vlhtml/engine/SkinArchive.cpp': ['writes folders renames removes', 'unpacks into a folder that does not count yet'],
-  'plugins/vlhtml/engine/SkinFolders.cpp': ['writes scratch folders renames', 'gives an unpacked skin its name; the name of the one in use'],
+  'plugins/vlhtml/engine/SkinFolders.cpp': ['writes scratch folders renames removes', 'unpacks a skin where it does not count yet, and gives it its name; the name of the one in use'],
   'plugins/vlhtml/engine/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],
 };
 export const problems = [];

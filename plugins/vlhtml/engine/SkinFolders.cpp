@@ -1,14 +1,16 @@
 #include "SkinFolders.h"
 
+#include <ZipReader.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <stdexcept>
 
 #include "Skin.h"
-#include "SkinArchive.h"
 
 namespace vlhtml {
 namespace {
@@ -60,6 +62,77 @@ void Move(const QString& from, const QString& to, bool italian) {
   throw std::runtime_error(text.arg(QDir::toNativeSeparators(from)).toStdString());
 }
 
+[[noreturn]] void RefuseArchive(bool italian, const QString& inItalian, const QString& inEnglish) {
+  const QString text = italian
+                           ? QStringLiteral("L'archivio della skin non può essere usato: %1").arg(inItalian)
+                           : QStringLiteral("The skin archive cannot be used: %1").arg(inEnglish);
+  throw std::runtime_error(text.toStdString());
+}
+
+void RefuseArchive(bool italian, vorlina::ZipFault fault, const QString& name) {
+  using vorlina::ZipFault;
+  switch (fault) {
+    case ZipFault::NoFile:
+    case ZipFault::Unreadable:
+    case ZipFault::NoArchive:
+      RefuseArchive(italian, QStringLiteral("non è un archivio zip"), QStringLiteral("it is no zip archive"));
+    case ZipFault::Damaged:
+      RefuseArchive(italian, QStringLiteral("è danneggiato"), QStringLiteral("it is damaged"));
+    case ZipFault::TooManyFiles:
+      RefuseArchive(italian, QStringLiteral("contiene troppi file"),
+                    QStringLiteral("it holds too many files"));
+    case ZipFault::TooLarge:
+      RefuseArchive(italian, QStringLiteral("è troppo grande"), QStringLiteral("it is too large"));
+    case ZipFault::Twin:
+      RefuseArchive(italian, QStringLiteral("il nome \"%1\" c'è due volte").arg(name),
+                    QStringLiteral("the name \"%1\" is there twice").arg(name));
+    case ZipFault::NoText:
+    case ZipFault::SpecialFile:
+    case ZipFault::BadName:
+      break;
+  }
+  RefuseArchive(italian, QStringLiteral("il nome \"%1\" non è ammesso").arg(name),
+                QStringLiteral("the name \"%1\" is not allowed").arg(name));
+}
+
+// What the systems of those who pack put beside the files.
+bool IsOfTheSystem(const QString& part) {
+  return part == u"__MACOSX" || part.startsWith(u"._") || part == u".DS_Store" || part == u"Thumbs.db" ||
+         part == u"desktop.ini";
+}
+
+// Writes a file of an archive into the folder that it is unpacked to. What is hidden would be no part of a
+// site, which who packed it is to know.
+void TakeFile(vorlina::ZipEntry& entry, const QString& folder, bool italian) {
+  const QStringList parts = entry.name.split(u'/');
+  if (std::any_of(parts.begin(), parts.end(), IsOfTheSystem)) return;
+  if (std::any_of(parts.begin(), parts.end(), [](const QString& part) { return part.startsWith(u'.'); }))
+    RefuseArchive(italian, vorlina::ZipFault::BadName, entry.name);
+  QFile file(folder + u'/' + entry.name);
+  QDir().mkpath(QFileInfo(file).path());
+  bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+  for (QByteArray piece = entry.nextPiece(); written && !piece.isEmpty(); piece = entry.nextPiece())
+    written = file.write(piece) == piece.size();
+  if (!written || !file.flush()) RefuseArchive(italian, file.errorString(), file.errorString());
+}
+
+// Many tools pack the folder itself: then its content is the skin.
+void LiftSingleFolder(const QString& folder) {
+  const QStringList inside = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+  if (inside.size() != 1 || !QFileInfo(folder + u'/' + inside[0]).isDir()) return;
+  const QString aside = folder + QStringLiteral("-lifted");
+  if (QDir().rename(folder + u'/' + inside[0], aside) && QDir().rmdir(folder)) QDir().rename(aside, folder);
+}
+
+void Unpack(const QString& archive, const QString& folder, bool italian) {
+  QDir().mkpath(folder);
+  vorlina::ReadZip(
+      archive, vorlina::ForeignZip,
+      [&](vorlina::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
+      [&](vorlina::ZipEntry& entry) { TakeFile(entry, folder, italian); });
+  LiftSingleFolder(folder);
+}
+
 }  // namespace
 
 QString CurrentSkin(const VorlinaHost& host) {
@@ -93,7 +166,7 @@ QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
   // Unpacked and checked on the same file system, so that it gets its place by a rename.
   QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
-  UnpackSkinArchive(archive, unpacked, italian);
+  Unpack(archive, unpacked, italian);
   Skin(unpacked, italian).StaticFiles();
   QString name = NameOf(archive);
   const QString target = skins + u'/' + name;

@@ -1,10 +1,8 @@
+#include "ZipNames.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 #include <algorithm>
-
-#include "base/Error.h"
-#include "base/Language.h"
-#include "store/ZipArchive.h"
 
 namespace vorlina {
 namespace {
@@ -47,26 +45,15 @@ bool IsGoodSegment(const QString& segment) {
   return std::all_of(characters.begin(), characters.end(), IsAllowed);
 }
 
-[[noreturn]] void RefuseTwin(const QString& name) {
-  throw Error(
-      EitherLanguage(u"L'archivio contiene due volte il nome \"%1\", o nomi che differiscono solo per "
-                     u"maiuscole e minuscole"_qs,
-                     u"The archive holds the name \"%1\" twice, or names that differ in letter case alone"_qs)
-          .arg(name));
-}
-
 }  // namespace
 
-QString ProblemOfZipName(const QString& name) {
+bool IsGoodZipName(const QString& name) {
   const QStringList segments = name.split(u'/');
-  if (name.size() <= LongestName && std::all_of(segments.begin(), segments.end(), IsGoodSegment)) return {};
-  return EitherLanguage(u"Un nome di file non ammesso in un archivio: \"%1\""_qs,
-                        u"A file name that an archive may not hold: \"%1\""_qs)
-      .arg(name);
+  return name.size() <= LongestName && std::all_of(segments.begin(), segments.end(), IsGoodSegment);
 }
 
 void ZipNames::Add(const QString& name, bool folder) {
-  if (const QString problem = ProblemOfZipName(name); !problem.isEmpty()) throw Error(problem);
+  if (!IsGoodZipName(name)) fail_(ZipFault::BadName, name);
   for (qsizetype at = name.indexOf(u'/'); at >= 0; at = name.indexOf(u'/', at + 1))
     AddSpelling(name.left(at), true);
   AddSpelling(name, folder);
@@ -75,7 +62,7 @@ void ZipNames::Add(const QString& name, bool folder) {
 // A folder may come again, spelled as before; a file may not.
 void ZipNames::AddSpelling(const QString& path, bool folder) {
   const auto [known, isNew] = spellings_.try_emplace(path.toCaseFolded(), folder ? path : QString());
-  if (!isNew && (!folder || known->second != path)) RefuseTwin(path);
+  if (!isNew && (!folder || known->second != path)) fail_(ZipFault::Twin, path);
 }
 
 }  // namespace vorlina
