@@ -111,7 +111,15 @@ void ThrowStoreError(const SQLite::Exception& failure) {
 }
 
 SQLite::Statement Prepare(SQLite::Database& database, const QString& sql) {
-  return SQLite::Statement(database, sql.toUtf8().toStdString());
+  SQLite::Statement statement(database, sql.toUtf8().toStdString());
+  // There is nothing to bind to, nor to run, in a text of comments alone.
+  try {
+    statement.clearBindings();
+  } catch (const SQLite::Exception&) {
+    throw Error(EitherLanguage(u"L'istruzione per il database è vuota, o contiene solo commenti."_qs,
+                               u"The statement for the database is empty, or holds comments alone."_qs));
+  }
+  return statement;
 }
 
 void BindValues(SQLite::Statement& statement, const QVariantList& values, int first) {

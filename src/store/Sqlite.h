@@ -34,7 +34,7 @@ auto WithStoreErrors(Step&& step) {
   }
 }
 
-// A prepared statement. Throws SQLite::Exception.
+// A prepared statement. Throws SQLite::Exception, and Error for a text that is no statement.
 SQLite::Statement Prepare(SQLite::Database& database, const QString& sql);
 
 // Binds the values from the given parameter on, counted from 1.

@@ -51,7 +51,10 @@ std::vector<Task> Tasks(const SitePlan& plan, const Skin& skin) {
   for (const PlannedPicture& picture : plan.logo) addPicture(picture);
   for (const Skin::File& file : skin.StaticFiles())
     addCopy(file.name, file.hash, skin.Folder() + u'/' + file.name);
+  // Where the home page is lost together with the list of files, this one still tells what came with it.
+  const std::size_t next = tasks.size();
   addList(plan.all);
+  tasks[next].files = tasks[0].files;
   for (const PlannedList& list : plan.filters) addList(list);
   for (std::size_t i = 0; i < plan.products.size(); ++i) {
     const PlannedProduct& product = plan.products[i];

@@ -19,8 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Path(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
-
 bool Exists(const QString& path) {
   const QFileInfo info(path);
   return info.exists() || info.isSymLink();
@@ -36,7 +34,7 @@ QStringList FilesBelow(const QString& folder) {
 
 std::error_code Rename(const QString& from, const QString& to) {
   std::error_code failure;
-  fs::rename(Path(from), Path(to), failure);
+  fs::rename(SystemPath(from), SystemPath(to), failure);
   return failure;
 }
 
@@ -46,7 +44,7 @@ std::error_code MoveKeeping(const QString& from, const QString& place, const QSt
   if (Exists(place) && !Exists(keep)) {
     QDir().mkpath(QFileInfo(keep).path());
     std::error_code failure;
-    fs::create_hard_link(Path(place), Path(keep), failure);
+    fs::create_hard_link(SystemPath(place), SystemPath(keep), failure);
     if (failure) failure = Rename(place, keep);
     if (failure) return failure;
   }
@@ -65,6 +63,8 @@ void SyncOpened(const QString& path) {
 }
 
 }  // namespace
+
+fs::path SystemPath(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
 
 bool WriteSynced(const QString& path, const QByteArray& bytes) {
   QFile file(path + QStringLiteral(".partial"));

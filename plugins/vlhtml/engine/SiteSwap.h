@@ -10,6 +10,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <filesystem>
 
 #include "Manifest.h"
 
@@ -43,6 +44,9 @@ class SiteSwap {
   QString new_, old_;
   bool italian_;
 };
+
+// A path as the calls of std::filesystem take it.
+std::filesystem::path SystemPath(const QString& path);
 
 // A file that counts as soon as it is there: written beside, brought to the disk with its folder, renamed.
 // False where it could not be written.

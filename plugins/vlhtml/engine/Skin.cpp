@@ -71,7 +71,8 @@ QStringList Skin::NeededFiles() {
 Skin::Skin(const QString& folder, bool italian) : folder_(folder), italian_(italian) {
   for (const QString& name : NeededFiles())
     if (!QFileInfo(folder + u'/' + name).isFile())
-      RefuseSkin(italian_, name, 0, QStringLiteral("manca"), QStringLiteral("it is missing"));
+      RefuseSkin(italian_, name, 0, QStringLiteral("manca. Copiarlo dalla skin \"Standard\""),
+                 QStringLiteral("it is missing. Copy it from the skin \"Standard\""));
   pages_ = {Load(QStringLiteral("home")), Load(QStringLiteral("index")), Load(QStringLiteral("filter")),
             Load(QStringLiteral("product"))};
 }

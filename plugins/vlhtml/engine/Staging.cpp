@@ -15,8 +15,6 @@ namespace fs = std::filesystem;
 
 const QString ProbeName = QStringLiteral("/.vorlina-probe");
 
-fs::path Path(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
-
 // The folder itself where the path is a link to it.
 QString RealPath(const QString& path) {
   const QString real = QFileInfo(path).canonicalFilePath();
@@ -112,8 +110,8 @@ std::error_code Staging::Probe(const QString& folder) const {
   const QString probe = staging_ + QStringLiteral("/probe");
   const QString place = folder + ProbeName;
   std::error_code failure;
-  fs::create_directory(Path(probe), failure);
-  if (!failure) fs::rename(Path(probe), Path(place), failure);
+  fs::create_directory(SystemPath(probe), failure);
+  if (!failure) fs::rename(SystemPath(probe), SystemPath(place), failure);
   QDir().rmdir(failure ? probe : place);
   return failure;
 }
@@ -124,7 +122,7 @@ void Staging::ChoosePlace() {
     if (QFileInfo(place).isSymLink()) continue;
     staging_ = place;
     failure.clear();
-    fs::create_directories(Path(SiteSwap::NewFiles(staging_)), failure);
+    fs::create_directories(SystemPath(SiteSwap::NewFiles(staging_)), failure);
     if (!failure) failure = Probe(target_);
     if (!failure) return;
     Discard(staging_);
@@ -166,11 +164,12 @@ ManifestEntry Staging::Write(const QString& file, const std::string& content, co
 ManifestEntry Staging::Copy(const QString& file, const QString& source, const QByteArray& input) const {
   const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
   std::error_code failure;
-  const auto size = qint64(fs::file_size(Path(source), failure));
-  if (!failure) fs::copy_file(Path(source), Path(staged), fs::copy_options::overwrite_existing, failure);
+  const auto size = qint64(fs::file_size(SystemPath(source), failure));
+  if (!failure)
+    fs::copy_file(SystemPath(source), SystemPath(staged), fs::copy_options::overwrite_existing, failure);
   // The copy calls a full disk an error of input or output.
   std::error_code ignored;
-  if (failure && fs::space(Path(staging_), ignored).available < std::uintmax_t(size))
+  if (failure && fs::space(SystemPath(staging_), ignored).available < std::uintmax_t(size))
     throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
                       italian_);
   if (failure)
@@ -188,7 +187,7 @@ bool Staging::SwapWhole(const Manifest& coming) {
   FolderLock lock;
   std::error_code failure;
   if (!lock.Take(site) || !WriteSynced(site + u'/' + Manifest::FileName(), coming.ToText())) return false;
-  fs::rename(Path(site), Path(target_), failure);
+  fs::rename(SystemPath(site), SystemPath(target_), failure);
   if (failure) QFile::remove(site + u'/' + Manifest::FileName());
   if (failure) return false;
   Discard(staging_);

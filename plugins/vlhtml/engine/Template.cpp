@@ -17,12 +17,8 @@ struct Tag {
   int line = 1;
 };
 
-std::string Trimmed(const std::string& text) {
-  const char* blanks = " \t\r\n\v\f";
-  const std::size_t begin = text.find_first_not_of(blanks);
-  return begin == std::string::npos ? std::string()
-                                    : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
-}
+// Blanks of any kind are left out, those that do not break a line too.
+std::string Trimmed(const std::string& text) { return QString::fromStdString(text).trimmed().toStdString(); }
 
 int LineEnds(const std::string& text, std::size_t begin, std::size_t end) {
   return int(std::count(text.begin() + std::ptrdiff_t(begin), text.begin() + std::ptrdiff_t(end), '\n'));
