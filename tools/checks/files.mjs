@@ -8,11 +8,11 @@ import { codeOf, lineAt, sources } from './sources.mjs';
 
 const kinds = {
   writes: [/\bQSaveFile\b/, /\bQ(?:IODevice|IODeviceBase|File|FileDevice)::(?:WriteOnly|ReadWrite|Append|Truncate|NewOnly)\b/,
-    /\bQFile::(?:copy|link)\(/, /\bQ(?:Settings|ImageWriter|PdfWriter|LockFile)\b/, /(?:\.|->)save\([^)\s]/, /\bstd::o?fstream\b/,
-    /\bfopen\(/, /\bO_(?:WRONLY|RDWR|CREAT)\b/, /\bcopy_file\(|\b(?:fs|filesystem)::copy\(/, /\barchive_write_(?:open_filename|disk_\w+)\(/],
+    /\bQFile::(?:copy|link|resize)\(/, /\bQ(?:Settings|ImageWriter|PdfWriter|LockFile)\b/, /(?:\.|->)save\([^)\s]/, /\bstd::(?:basic_)?(?:o?fstream|filebuf)\b/,
+    /\bf(?:re)?open\(/, /\b(?:creat|pwritev?|mknod(?:at)?)\(/, /\bcreate_(?:hard_link|symlink|directory_symlink)\(|\bresize_file\(|(?<![\w.>])::(?:sym)?link(?:at)?\(/, /\bO_(?:WRONLY|RDWR|CREAT)\b/, /\bcopy_file\(|\b(?:fs|filesystem)::copy\(/, /\barchive_write_(?:open_filename|disk_\w+)\(/],
   scratch: [/\bQTemporary(?:File|Dir)\b/],
   folders: [/\bmk(?:path|dir)\(/, /\bcreate_director(?:y|ies)\(/],
-  renames: [/(?:\.|->|::)rename\(/],
+  renames: [/(?:\.|->|::)rename\(|\brenameat2?\(/],
   removes: [/(?<!\bstd)::(?:remove(?:_all)?|moveToTrash)\(/, /\bQDir\(.*\)\.remove\(/, /\bremoveRecursively\(/, /\brmdir\(/, /\bunlink(?:at)?\(/],
 };
 const byVariable = { writes: 'copy|link|resize', removes: 'remove|moveToTrash' };
