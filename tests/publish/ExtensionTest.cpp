@@ -113,6 +113,7 @@ TEST_F(ExtensionTest, APluginReadsAndWritesThroughItsConnection) {
   EXPECT_TRUE(tells([&] { rows->Value(99); }, u"column \"99\""));
   EXPECT_TRUE(tells([&] { rows->ColumnName(-1); }, u"column \"-1\""));
   EXPECT_TRUE(tells([&] { connection.Execute(u"SELECT * FROM Nowhere"_qs, {}); }, u"cannot run"));
+  EXPECT_TRUE(tells([&] { connection.Open(u"-- nothing"_qs, {}); }, u"comments alone"));
   EXPECT_FALSE(rows->Next());
   EXPECT_FALSE(rows->Next());
   EXPECT_TRUE(tells([&] { rows->Value(0); }, u"where there is no row"));

@@ -21,8 +21,8 @@ inline QByteArray ContentOf(const QString& path) {
 inline QString FailureOf(const std::function<void()>& step) {
   try {
     step();
-  } catch (const Error& error) {
-    return error.Description();
+  } catch (const std::exception& error) {
+    return DescriptionOf(error);
   }
   return {};
 }

@@ -94,9 +94,6 @@ TEST_F(PluginTest, AsksForAFolderPublishesAndRemembersIt) {
 }
 
 TEST_F(PluginTest, TheLanguageOfTheSiteIsTheCatalogs) {
-  EXPECT_EQ(PublishedLanguage({}), u"lang=\"en"_qs) << "nothing tells: the program's";
-  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Tazza con il manico'"_qs);
-  EXPECT_EQ(PublishedLanguage({}), u"lang=\"it"_qs) << "nobody chose: that of the texts";
   connection_.Execute(u"UPDATE Prodotti SET Descrizione='Cup with a handle'"_qs);
   Publish(site_, u"optItalian"_qs);
   Publish(site_);
@@ -141,15 +138,4 @@ TEST_F(PluginTest, AsksBeforeItReplacesAnotherCatalogsSite) {
   SetLanguage(u"Italian"_qs);
   EXPECT_EQ(Publish(site_).second,
             u"La cartella contiene il sito di un altro catalogo (\"c\"). Sostituirlo?"_qs);
-}
-
-TEST_F(PluginTest, NamesItselfInBothLanguages) {
-  for (const auto& [language, name] :
-       {std::pair{u"Italian"_qs, u"Sito HTML"_qs}, {u"English"_qs, u"HTML site"_qs}}) {
-    SetLanguage(language);
-    const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(u"VLHTML.HTML"_qs);
-    EXPECT_EQ(plugin->GetPluginName(), name);
-    EXPECT_FALSE(plugin->GetPluginIcon().pixmap(32, 32).isNull());
-    EXPECT_FALSE(plugin->GetPluginDescription().isEmpty());
-  }
 }

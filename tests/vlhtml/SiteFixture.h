@@ -1,25 +1,23 @@
 // A small catalog, published in a temporary application folder.
 #pragma once
 
-#include <QDirIterator>
-#include <QFileInfo>
 #include <QImage>
 #include <QMap>
 #include <QRegularExpression>
 
 #include "SitePublisher.h"
 #include "publish/PluginConnection.h"
+#include "support/CatalogFixture.h"
 #include "support/Print.h"
-#include "support/StoreFixture.h"
 
 namespace vorlina {
 
 using vlhtml::PublishResult;
 
-class Progress : public IVorlinaProgress {
+class SiteProgress : public IVorlinaProgress {
  public:
   // Stops at the report with this number; -1 never.
-  explicit Progress(int stopAt = -1) : stopAt_(stopAt) {}
+  explicit SiteProgress(int stopAt = -1) : stopAt_(stopAt) {}
   bool Report(int, int, const QString&) override { return stopAt_ < 0 || count_++ < stopAt_; }
 
  private:
@@ -27,21 +25,19 @@ class Progress : public IVorlinaProgress {
   int count_ = 0;
 };
 
-inline QByteArray ContentOf(const QString& path) {
+inline void Write(const QString& path, const QByteArray& content) {
+  QDir().mkpath(QFileInfo(path).path());
   QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(content);
 }
 
 // Every file of a folder with its content.
 inline QMap<QString, QByteArray> Files(const QString& folder) {
-  QMap<QString, QByteArray> files;
-  QDirIterator entries(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-  while (entries.hasNext()) {
-    const QString path = entries.next();
-    files.insert(QDir(folder).relativeFilePath(path), ContentOf(path));
-  }
-  return files;
+  return QMap<QString, QByteArray>(FilesIn(folder));
 }
+
+inline const QString StandardSkin = QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin");
 
 class SiteFixture : public StoreFixture {
  protected:
@@ -82,18 +78,13 @@ class SiteFixture : public StoreFixture {
     ASSERT_TRUE(image.save(path, "jpeg"));
     connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
   }
-  PublishResult Publish(Progress progress = Progress()) {
+  PublishResult Publish(SiteProgress progress = SiteProgress()) {
     PluginConnection connection(connection_);
     return vlhtml::PublishSite(connection, 1, target_, skin_, {true, true}, progress);
   }
   QByteArray Page(const QString& name) { return ContentOf(target_ + u'/' + name); }
   QString Failure() {
-    try {
-      Publish();
-    } catch (const std::exception& error) {
-      return QString::fromUtf8(error.what());
-    }
-    return {};
+    return FailureOf([&] { Publish(); });
   }
   // What lies beside the target: nothing is left there.
   QStringList Beside() {
@@ -106,16 +97,12 @@ class SiteFixture : public StoreFixture {
     if (skin_ == StandardSkin) {
       skin_ = folder_.filePath(u"skin"_qs);
       const QMap<QString, QByteArray> files = Files(StandardSkin);
-      QDir().mkpath(skin_ + u"/assets/fonts"_qs);
       for (auto file = files.cbegin(); file != files.cend(); ++file)
-        QFile::copy(StandardSkin + u'/' + file.key(), skin_ + u'/' + file.key());
+        Write(skin_ + u'/' + file.key(), file.value());
     }
-    QFile file(skin_ + u'/' + name);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
+    Write(skin_ + u'/' + name, content);
   }
 
-  const QString StandardSkin = QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/skin");
   QString skin_ = StandardSkin;
   const QString target_;
 };

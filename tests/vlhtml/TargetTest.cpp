@@ -31,13 +31,6 @@ class Unprivileged {
   Unprivileged& operator=(const Unprivileged&) = delete;
 };
 
-void Write(const QString& path, const QByteArray& content) {
-  QDir().mkpath(QFileInfo(path).path());
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(content);
-}
-
 void SetRights(const QString& path, unsigned rights) {
   EXPECT_EQ(chmod(QFile::encodeName(path).constData(), rights), 0);
 }
@@ -60,17 +53,14 @@ class TargetTest : public SiteFixture {
   QString Publishing(int catalog, const QString& folder, IVorlinaProgress& progress,
                      const vlhtml::MayReplace& mayReplace = {}) {
     PluginConnection connection(connection_);
-    try {
-      const bool complete =
-          vlhtml::PublishSite(connection, catalog, folder, skin_, {false, false}, progress, mayReplace)
-              .complete;
-      return complete ? QString() : u"asked"_qs;
-    } catch (const std::exception& error) {
-      return QString::fromUtf8(error.what());
-    }
+    return FailureOf([&] {
+      if (!vlhtml::PublishSite(connection, catalog, folder, skin_, {false, false}, progress, mayReplace)
+               .complete)
+        throw Error(u"asked"_qs);
+    });
   }
   QString Publishing(int catalog, const QString& folder, const vlhtml::MayReplace& mayReplace = {}) {
-    Progress progress;
+    SiteProgress progress;
     return Publishing(catalog, folder, progress, mayReplace);
   }
   QString ManifestFile() const { return target_ + u"/vorlina-manifest.txt"_qs; }
@@ -129,7 +119,7 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
                                        {AppFile(u"Images/none.jpg"_qs), u"does not exist"_qs}}) {
     connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='B-1'"_qs, {picture});
     PluginConnection connection(connection_);
-    Progress progress;
+    SiteProgress progress;
     const PublishResult result = vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress);
     ASSERT_EQ(result.warnings.size(), 1) << picture;
     EXPECT_TRUE(result.warnings[0].startsWith(u"B-1: ") && result.warnings[0].contains(tells)) << picture;
@@ -165,11 +155,14 @@ TEST_F(TargetTest, TheListTellsNothingOfTheComputer) {
 
 TEST_F(TargetTest, ALostOrCutListIsMadeAnewFromThePages) {
   Write(target_ + u"/about/own.html"_qs, "mine");
-  for (const bool cut : {false, true}) {
+  for (const auto& [lost, cut] :
+       {std::pair{ManifestFile(), false}, {ManifestFile(), true}, {target_ + u"/index.html"_qs, false}}) {
     ASSERT_EQ(Publishing(1, target_), QString());
     const auto before = Files(target_);
     Write(target_ + u"/mine.html"_qs, Page(u"p-b-1.html"_qs).replace("Secondo", "My own"));
-    cut ? QFile::resize(ManifestFile(), 700) : QFile::remove(ManifestFile());
+    QFile::remove(lost);
+    cut ? Write(ManifestFile(), before[u"vorlina-manifest.txt"_qs].left(700))
+        : void(QFile::remove(ManifestFile()));
     EXPECT_EQ(Publishing(1, target_), QString());
     EXPECT_TRUE(QFile::remove(target_ + u"/mine.html"_qs)) << "a page that was changed is not ours";
     EXPECT_TRUE(Files(target_) == before);
@@ -252,12 +245,11 @@ TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
   for (const QString& name : {u"p-b-1.html"_qs, u"images/p-a-1.jpg"_qs}) {
     QFile file(target_ + u'/' + name);
     const QDateTime time = QFileInfo(file).lastModified();
+    Write(file.fileName(), QByteArray(file.size(), '\0'));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.write(QByteArray(file.size(), '\0'));
-    file.flush();
     file.setFileTime(time, QFileDevice::FileModificationTime);
   }
-  Progress progress;
+  SiteProgress progress;
   PluginConnection connection(connection_);
   EXPECT_EQ(vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress).written, 2);
   EXPECT_TRUE(Files(target_) == before);
