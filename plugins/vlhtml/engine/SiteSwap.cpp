@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <filesystem>
+#include <future>
 
 #include "PublishError.h"
 
@@ -89,8 +90,10 @@ SiteSwap::SiteSwap(QString target, QString staging, bool italian)
 bool SiteSwap::IsBegun() const { return Manifest::Read(staging_ + u'/' + Manifest::FileName()).has_value(); }
 
 void SiteSwap::Begin(const Manifest& former, const Manifest& coming) {
-  if (!WriteSynced(staging_ + QStringLiteral("/former.txt"), former.ToText()) ||
-      !WriteSynced(staging_ + u'/' + Manifest::FileName(), coming.ToText()))
+  auto formerText = std::async([&] { return former.ToText(); });
+  const QByteArray comingText = coming.ToText();
+  if (!WriteSynced(staging_ + QStringLiteral("/former.txt"), formerText.get()) ||
+      !WriteSynced(staging_ + u'/' + Manifest::FileName(), comingText))
     throw CannotWrite(staging_, std::make_error_code(std::errc::no_space_on_device), italian_);
 }
 
