@@ -1,8 +1,8 @@
 // Looks at published sites: every page with an HTML validator and for links and pictures that lead nowhere, and a sample
 // of the pages in Chromium, on a desk and on a phone, in light and in dark, with axe-core and with scripts switched off.
 //
-// usage: node check-site.mjs [--shots FOLDER] SITE...
-import { mkdtempSync, mkdirSync, readFileSync, readdirSync, existsSync, rmSync } from 'node:fs';
+// usage: node check-site.mjs SITE...
+import { mkdtempSync, readFileSync, readdirSync, existsSync, rmSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { tmpdir } from 'node:os';
 import { basename, join, resolve } from 'node:path';
@@ -10,9 +10,7 @@ import { pathToFileURL } from 'node:url';
 import { HtmlValidate } from 'html-validate';
 import { chromium } from 'playwright-core';
 
-const args = process.argv.slice(2);
-const shots = args[0] === '--shots' ? args.splice(0, 2)[1] : '';
-const sites = args.map((path) => resolve(path));
+const sites = process.argv.slice(2).map((path) => resolve(path));
 const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
 let passed = 0;
 let failed = 0;
@@ -89,10 +87,6 @@ async function checkInBrowser(browser, site, page, view) {
   await tab.evaluate(axe);
   const result = await tab.evaluate(() => window.axe.run(document, { resultTypes: ['violations'] }));
   for (const violation of result.violations) problems.push(`axe ${violation.id}: ${violation.nodes.map((node) => node.target.join(' ')).slice(0, 3).join(', ')}`);
-  if (shots) {
-    mkdirSync(shots, { recursive: true });
-    await tab.screenshot({ path: join(shots, `${basename(site)}-${page.replace('.html', '')}-${view.name}.png`), fullPage: true });
-  }
   expect(name, problems);
   await context.close();
 }
