@@ -1,72 +1,58 @@
 #include "products/frmEditCatalog.h"
 
 #include <QCloseEvent>
-#include <QFile>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLoggingCategory>
 #include <QMenu>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 
-#include "base/AppPath.h"
 #include "base/CommandIcon.h"
 #include "base/Dialogs.h"
-#include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
-#include "base/SafeFile.h"
-#include "base/WaitCursor.h"
-#include "grid/DataGrid.h"
+#include "products/Attempt.h"
 #include "products/CellRules.h"
 #include "products/GridCommands.h"
-#include "products/ProductEditing.h"
-#include "products/PublicationOrder.h"
 #include "products/WidgetColumnMenu.h"
-#include "products/WidgetGridPreview.h"
+#include "products/WidgetProductGrid.h"
+#include "products/commands/DropPictures.h"
+#include "products/commands/GridContext.h"
+#include "products/commands/OrderCommands.h"
+#include "products/commands/Publish.h"
+#include "products/commands/RowCommands.h"
+#include "products/commands/ShowPictures.h"
 #include "ui_frmEditCatalog.h"
 
 namespace vorlina {
 namespace {
 
-Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
+using GridCommand = void (*)(GridContext&);
 
-// Logical pixels.
-constexpr int PictureWidth = 23;  // 350 of the twips in which the window was designed, 15 to a pixel
-constexpr int DescriptionWidth = 280;
+// What a key of the toolbar or of the menu does; null for one that does nothing, which is disabled.
+GridCommand CommandOf(const QString& key) {
+  static constexpr std::pair<const char16_t*, GridCommand> commands[] = {
+      {u"cmdDelete", DeleteRows},    {u"cmdImmagini", ShowPictures},
+      {u"mnuCopia", CopyRows},       {u"mnuOrdinePubbl", NumberAsShown},
+      {u"mnuSpostaSu", MoveRowsUp},  {u"mnuSpostaGiu", MoveRowsDown},
+      {u"mnuAggiorna", RefreshRows}, {u"mnuResizeCol", RestoreColumnWidths},
+  };
+  for (const auto& [name, command] : commands)
+    if (key == name) return command;
+  return nullptr;
+}
 
 }  // namespace
 
 frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmEditCatalog) {
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
-  grdProducts->setEditTriggers(grdProducts->editTriggers() | QAbstractItemView::DoubleClicked);
-  grdProducts->horizontalHeader()->setMinimumSectionSize(PictureWidth);
-  handlers_ = {
-      {u"cmdDelete"_qs, [this] { cmdDelete_Click(); }},
-      {u"cmdImmagini"_qs, [this] { cmdImmagini_Click(); }},
-      {u"mnuCopia"_qs, [this] { mnuCopia_Click(); }},
-      {u"mnuOrdinePubbl"_qs, [this] { mnuOrdinePubbl_Click(); }},
-      {u"mnuResizeCol"_qs, [this] { mnuResizeCol_Click(); }},
-      {u"mnuSpostaSu"_qs, [this] { MoveRows(false); }},
-      {u"mnuSpostaGiu"_qs, [this] { MoveRows(true); }},
-      {u"mnuAggiorna"_qs, [this] { mnuAggiorna_Click(); }},
-  };
-  editing_ = std::make_unique<ProductEditing>(grdProducts->Rows(), this);
-  preview_ = new WidgetGridPreview(*grdProducts);
-  lblProdotti = new QLabel(this);
-  lblProdotti->setObjectName(u"lblProdotti"_qs);
-  lblSelezionati = new QLabel(this);
-  lblSelezionati->setObjectName(u"lblSelezionati"_qs);
-  lblProdotti->setTextFormat(Qt::PlainText);
-  lblSelezionati->setTextFormat(Qt::PlainText);
-  for (QLabel* label : {lblProdotti, lblSelezionati}) label->setContentsMargins(8, 2, 8, 2);
-  ui_->stb->addWidget(lblProdotti);
-  ui_->stb->addPermanentWidget(lblSelezionati);
+  context_ = std::make_unique<GridContext>(GridContext{.owner = *this, .grid = *grdProducts});
+  MakeStatusBar();
   MakeToolbar();
   MakeMenus();
   ConnectGrid();
+  drops_ = std::make_unique<DropPictures>(*context_);
 }
 
 // Left to the base class, the grid would outlive the members that it works on, and signal to what is no
@@ -80,7 +66,7 @@ void frmEditCatalog::MakeToolbar() {
   for (const ToolbarCommand& command : GridToolbar) {
     const QString key = Text(command.key);
     QAction* action = AddCommand(*ui_->tbr, command);
-    action->setEnabled(handlers_.count(key) > 0);
+    action->setEnabled(CommandOf(key) != nullptr);
     connect(action, &QAction::triggered, this, [this, key] { Run(key); });
   }
   mnuPubblica = new QMenu(this);
@@ -94,30 +80,49 @@ void frmEditCatalog::MakeMenus() {
     connect(AddCommand(*mnuGriglia, command, *grdProducts), &QAction::triggered, this,
             [this, key = Text(command.key)] { Run(key); });
   mnuColonna = new WidgetColumnMenu(*grdProducts);
-  mnuColonna->OnSort = [this](const QString& key) { ToggleSort(key, grdProducts->SortOf(key)); };
+  mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
+}
+
+void frmEditCatalog::MakeStatusBar() {
+  lblProdotti = new QLabel(this);
+  lblProdotti->setObjectName(u"lblProdotti"_qs);
+  lblSelezionati = new QLabel(this);
+  lblSelezionati->setObjectName(u"lblSelezionati"_qs);
+  lblProdotti->setTextFormat(Qt::PlainText);
+  lblSelezionati->setTextFormat(Qt::PlainText);
+  for (QLabel* label : {lblProdotti, lblSelezionati}) label->setContentsMargins(8, 2, 8, 2);
+  ui_->stb->addWidget(lblProdotti);
+  ui_->stb->addPermanentWidget(lblSelezionati);
+}
+
+void frmEditCatalog::ConnectGrid() {
+  const RecordsetModel& rows = grdProducts->Rows();
+  connect(&rows, &QAbstractItemModel::rowsInserted, this, &frmEditCatalog::ShowCounts);
+  connect(&rows, &QAbstractItemModel::rowsRemoved, this, &frmEditCatalog::ShowCounts);
+  connect(&rows, &QAbstractItemModel::modelReset, this, &frmEditCatalog::ShowCounts);
+  connect(grdProducts, &DataGrid::SelectedRowsChanged, this, &frmEditCatalog::ShowCounts);
+  connect(grdProducts, &WidgetProductGrid::Filled, this, &frmEditCatalog::ShowCounts);
+  connect(grdProducts, &DataGrid::RowFailed, this, &frmEditCatalog::Refuse);
+  connect(grdProducts, &DataGrid::HeaderPressed, this,
+          [this](const QString& key, Qt::MouseButton button, const QPoint& position) {
+            if (button == Qt::RightButton) PopUpColumnMenu(key, position);
+          });
+  connect(grdProducts, &DataGrid::CellPressed, this,
+          [this](int row, const QString&, Qt::MouseButton button, const QPoint& position) {
+            if (row >= 0 && button == Qt::RightButton) PopUpGridMenu(position);
+          });
+  connect(grdProducts, &DataGrid::RowDropped, this,
+          [this](int row) { Attempt(this, [=, this] { DropRowsOn(*context_, row); }); });
 }
 
 void frmEditCatalog::Run(const QString& key) {
-  const auto handler = handlers_.find(key);
-  if (handler != handlers_.end()) Attempt(handler->second);
-}
-
-// What fails is told here, as it would be at the top of the event loop: no exception passes through Qt's own
-// handling of keys and of the mouse, which would not end it.
-void frmEditCatalog::Attempt(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const std::exception& error) {
-    TheDialogs().Message(this, DescriptionOf(error), BoxStyle::Stop);
-  }
+  if (const GridCommand command = CommandOf(key)) Attempt(this, [&] { command(*context_); });
 }
 
 void frmEditCatalog::LoadForm() {
   FillPublishMenu();
-  Caricamento = true;
-  LoadCatalog();
-  Caricamento = false;
-  NumberUnnumbered();
+  ShowCatalog(true);
+  NumberNewProducts(*context_);
   // Whoever begins a catalog can type at once.
   if (grdProducts->Rows().RecordCount() == 0) grdProducts->GoTo(0, CodeColumn);
   Localize_Form();
@@ -125,20 +130,19 @@ void frmEditCatalog::LoadForm() {
   grdProducts->setFocus();
 }
 
-// Products that cannot be numbered, as in a database that is read-only, can be looked at all the same.
-void frmEditCatalog::NumberUnnumbered() {
-  Attempt([this] {
-    if (!rsGriglia.IsOpen() || !vorlina::NumberUnnumbered(IDCatalogo, *Connessione)) return;
-    // The grid may be sorted by the numbers.
-    if (grdProducts->Reload()) grdProducts->GoTo(0);
-  });
+void frmEditCatalog::LoadCatalog() { ShowCatalog(false); }
+
+void frmEditCatalog::ShowCatalog(bool first) {
+  context_->connection = Connessione.get();
+  context_->IDCatalogo = rsCatalogo.Value(u"IDCatalogo"_qs).toInt();
+  grdProducts->ShowCatalog(rsCatalogo, *Connessione, first);
 }
 
 // The button itself does nothing: its entries say with what to publish.
 void frmEditCatalog::FillPublishMenu() {
   for (const PluginEntry& plugin : Plugins) {
     QAction* entry = mnuPubblica->addAction(plugin.icon, plugin.name, this, [this, key = plugin.identifier] {
-      Attempt([&] { PublishWith(key); });
+      Attempt(this, [&] { PublishWith(*context_, key); });
     });
     entry->setObjectName(plugin.identifier);
   }
@@ -160,108 +164,24 @@ void frmEditCatalog::Localize_Form() {
   mnuColonna->Localize();
 }
 
-void frmEditCatalog::LoadCatalog() {
-  IDCatalogo = rsCatalogo.Value(u"IDCatalogo"_qs).toInt();
-  fields_ = ProductGridFields::Of(rsCatalogo);
-  editing_->SetCatalog(IDCatalogo, *Connessione);
-  LayoutGriglia.clear();
-  LoadGrid(true);
+void frmEditCatalog::PopUpColumnMenu(const QString& key, const QPoint& position) {
+  mnuColonna->PopUp(key, grdProducts->mapToGlobal(position));
 }
 
-void frmEditCatalog::LoadGrid(bool keepLayout) {
-  const WaitCursor wait;
-  try {
-    if (grdProducts->LeaveRow()) FillGrid(keepLayout);
-  } catch (const std::exception& error) {
-    qCDebug(products) << "the grid was not loaded whole:" << DescriptionOf(error);
-  }
+void frmEditCatalog::PopUpGridMenu(const QPoint& position) {
+  mnuGriglia->findChild<QAction*>(u"mnuCopia"_qs)->setEnabled(grdProducts->SelectedCount() > 0);
+  mnuGriglia->popup(grdProducts->mapToGlobal(position));
 }
 
-void frmEditCatalog::FillGrid(bool keepLayout) {
-  const int row = grdProducts->CurrentRow();
-  const QString code = NullToEmpty(grdProducts->Rows().Value(row, ProductColumn::Codice));
-  const QString key = grdProducts->CurrentKey();
-  const bool shown = grdProducts->Rows().columnCount() > 0;
-  OpenGrid();
-  std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo, *Connessione);
-  DecorateColumns(columns);
-  grdProducts->Bind(rsGriglia, std::move(columns));
-  // Behind the binding, which leaves a column that has another name by now in its place.
-  if (shown && keepLayout) LayoutGriglia = LayoutText(grdProducts->Layout());
-  PlacePictureColumns();
-  ArrangeGrid(keepLayout);
-  GoToProduct(code, key);
-  editing_->OfferDefaults();
-  ShowCounts();
-}
-
-// Where the statement fails the grid is empty; how it was arranged is kept for the next one.
-void frmEditCatalog::OpenGrid() {
-  Recordset fresh;
-  try {
-    fresh.Open(ProductGridStatement(fields_, CondizioneRicerca), *Connessione, CursorType::Keyset,
-               LockType::Optimistic, {IDCatalogo});
-  } catch (const Error&) {
-    if (grdProducts->Rows().columnCount() > 0) LayoutGriglia = LayoutText(grdProducts->Layout());
-    grdProducts->Rows().Unbind();
-    rsGriglia.Close();
-    throw;
-  }
-  rsGriglia = std::move(fresh);
-}
-
-void frmEditCatalog::DecorateColumns(std::vector<GridColumn>& columns) const {
-  for (std::size_t i = 0; i < fields_.filters.size(); ++i)
-    if (fields_.filters[i].inUse) columns[ProductColumn::IDFiltro1 + i].icon = CommandIcon(u"filter"_qs);
-  columns[ProductColumn::SchedaPicture].icon = CommandIcon(u"sheet"_qs);
-  columns[ProductColumn::ImmaginePicture].icon = CommandIcon(u"picture"_qs);
-  columns[ProductColumn::Ordine].alignment = Qt::AlignRight | Qt::AlignVCenter;
-}
-
-void frmEditCatalog::PlacePictureColumns() {
-  grdProducts->SetColumnPosition(u"Scheda"_qs, 0);
-  grdProducts->SetColumnPosition(u"Immagine"_qs, 1);
-  if (Caricamento) grdProducts->setColumnWidth(ProductColumn::Descrizione, DescriptionWidth);
-}
-
-// A drop-down's texts always stand at the left, and the columns of pictures have one width.
-void frmEditCatalog::ArrangeGrid(bool keepLayout) {
-  if (!LayoutGriglia.isEmpty() && keepLayout)
-    grdProducts->ApplyLayout(ParseLayout(LayoutGriglia));
-  else if (Caricamento)
-    LoadLayoutFile();
-  for (const NamedField& filter : fields_.filters)
-    if (filter.inUse) grdProducts->SetAlignment(filter.key, GridAlignment::Left);
-  for (const int column : {ProductColumn::SchedaPicture, ProductColumn::ImmaginePicture})
-    grdProducts->setColumnWidth(column, PictureWidth);
-}
-
-QString frmEditCatalog::LayoutFile() const { return AppFile(u"Layouts/%1.lyt"_qs.arg(IDCatalogo)); }
-
-// A file that is no layout leaves the columns as they are bound.
-void frmEditCatalog::LoadLayoutFile() {
-  try {
-    MakeFolder(AppFile(u"Layouts"_qs));
-    if (QFile::exists(LayoutFile())) grdProducts->ApplyLayout(LoadLayout(LayoutFile()));
-  } catch (const Error& error) {
-    qCDebug(products) << LayoutFile() << error.Description();
-  }
-}
-
-void frmEditCatalog::SaveLayoutFile() {
-  try {
-    if (rsGriglia.IsOpen()) SaveLayout(grdProducts->Layout(), LayoutFile());
-  } catch (const Error& error) {
-    qCDebug(products) << LayoutFile() << error.Description();
-  }
-}
-
-// Without a code, or where the product is not among those shown, the first one; in the code's column where
-// the column is not there any more.
-void frmEditCatalog::GoToProduct(const QString& code, const QString& key) {
-  const RecordsetModel& rows = grdProducts->Rows();
-  const int row = code.isEmpty() ? -1 : rows.FindRow(CodeColumn, code);
-  if (rows.RecordCount() > 0) grdProducts->GoTo(std::max(row, 0), rows.ColumnOf(key) < 0 ? CodeColumn : key);
+// The menu key opens the menu of the rows, with Ctrl that of the column.
+void frmEditCatalog::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard || !grdProducts->currentIndex().isValid()) return;
+  const QRect cell = grdProducts->visualRect(grdProducts->currentIndex());
+  const QPoint position = grdProducts->viewport()->mapTo(grdProducts, cell.bottomLeft());
+  if (event->modifiers().testFlag(Qt::ControlModifier))
+    PopUpColumnMenu(grdProducts->CurrentKey(), position);
+  else
+    PopUpGridMenu(position);
 }
 
 void frmEditCatalog::ShowCounts() {
@@ -277,8 +197,8 @@ void frmEditCatalog::ShowCounts() {
 }
 
 bool frmEditCatalog::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && Connessione != nullptr) editing_->RefreshFilterValues();
-  if (event->type() == QEvent::WindowUnblocked) DropHeldFiles();
+  if (event->type() == QEvent::WindowActivate) grdProducts->RefreshFilterValues();
+  if (event->type() == QEvent::WindowUnblocked) drops_->TakeHeld();
   return QMainWindow::event(event);
 }
 
@@ -310,21 +230,21 @@ void frmEditCatalog::TellWhyOpen(QStringList refusals) {
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (busy_ || !MayClose()) {
+  if (context_->busy || !MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();
   }
-  SaveLayoutFile();
+  grdProducts->SaveLayoutFile();
   ReleaseAll();
   event->accept();
   Q_EMIT Closed();
 }
 
 void frmEditCatalog::ReleaseAll() {
-  grdProducts->Rows().Unbind();
-  rsGriglia.Close();
+  grdProducts->Release();
   rsCatalogo.Close();
+  context_->connection = nullptr;
   Connessione.reset();
 }
 

@@ -44,7 +44,7 @@ TEST_F(GridLayoutWindow, AnArrangementIsFoundAgainAtTheNextOpening) {
   Click(HeadOf(Code));
   RightClickHead(Description);
   Choose(u"mnuTestoACapo"_qs);
-  window_->LoadGrid(true);
+  grid_->LoadGrid(true);
   EXPECT_EQ(Captions(), moved) << "a reload keeps it";
   EXPECT_EQ(Codes(), u"b a"_qs);
   EXPECT_TRUE(Close());
@@ -210,7 +210,7 @@ TEST_F(GridLayoutWindow, NewNamesOfTheCatalogKeepTheColumnsPlaces) {
   window_->rsCatalogo.SetValue(u"NomeValore1"_qs, u"Measure"_qs);
   window_->rsCatalogo.Update();
   window_->LoadCatalog();
-  window_->LoadGrid(false);
+  grid_->LoadGrid(false);
   EXPECT_EQ(Captions(), QString(before).replace(u"Size"_qs, u"Measure"_qs));
   EXPECT_EQ(Width(u"Measure"_qs), 77);
   Change(0, u"Measure"_qs, u"XL"_qs);
@@ -221,13 +221,13 @@ TEST_F(GridLayoutWindow, ASearchThatFailsEmptiesTheGridAndKeepsItsArrangement) {
   Open();
   DragHead(u"Size"_qs, Code);
   const QString before = Captions();
-  window_->CondizioneRicerca = u" AND nonsense"_qs;
-  window_->LoadGrid(true);
+  grid_->CondizioneRicerca = u" AND nonsense"_qs;
+  grid_->LoadGrid(true);
   EXPECT_EQ(Rows().rowCount(), 0);
   Key(Qt::Key_Delete);
   Key(Qt::Key_Down);
-  window_->CondizioneRicerca.clear();
-  window_->LoadGrid(true);
+  grid_->CondizioneRicerca.clear();
+  grid_->LoadGrid(true);
   EXPECT_EQ(Captions(), before);
   EXPECT_EQ(Codes(), u"a b"_qs);
 }

@@ -80,8 +80,8 @@ TEST_F(GridOrder, TheMenuNumbersWhatIsShownAsItIsShown) {
   EXPECT_EQ(grid_->CurrentRow(), 0);
 
   // Under a search the rows that were found are numbered alone.
-  window_->CondizioneRicerca = u" AND CodiceProdotto IN ('a','b')"_qs;
-  window_->LoadGrid(true);
+  grid_->CondizioneRicerca = u" AND CodiceProdotto IN ('a','b')"_qs;
+  grid_->LoadGrid(true);
   Click(PointOf(0, Code), Qt::NoModifier, Qt::RightButton);
   Choose(u"mnuOrdinePubbl"_qs);
   EXPECT_EQ(Orders(), u"b1 d1 a2 c2"_qs);
@@ -147,8 +147,8 @@ TEST_F(GridOrder, WhatIsUnderTheHandIsWhatIsMoved) {
     for (const auto& [code, order] : {std::pair{u"d"_qs, 3}, {u"a"_qs, 2}, {u"c"_qs, 4}, {u"b"_qs, 1}})
       AddProduct(catalog_, code, order);
     Open();
-    window_->CondizioneRicerca = c.search;
-    window_->LoadGrid(true);
+    grid_->CondizioneRicerca = c.search;
+    grid_->LoadGrid(true);
     if (!c.sort.isEmpty()) Click(HeadOf(c.sort));
     EXPECT_EQ(Codes(), c.shown);
     Drag({c.from}, c.to);

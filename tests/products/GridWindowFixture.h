@@ -17,7 +17,7 @@
 
 #include "base/Helpers.h"
 #include "base/Messages.h"
-#include "grid/DataGrid.h"
+#include "products/WidgetProductGrid.h"
 #include "products/frmEditCatalog.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
@@ -64,7 +64,7 @@ class GridWindow : public CatalogFixture {
   }
   void Activate(std::size_t number) {
     window_ = windows_[number].get();
-    grid_ = window_->findChild<DataGrid*>(u"grdProducts"_qs);
+    grid_ = window_->findChild<WidgetProductGrid*>(u"grdProducts"_qs);
     window_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
   }
@@ -217,7 +217,7 @@ class GridWindow : public CatalogFixture {
   ScriptedDialogs dialogs_;
   std::vector<std::unique_ptr<frmEditCatalog>> windows_;
   frmEditCatalog* window_ = nullptr;
-  DataGrid* grid_ = nullptr;
+  WidgetProductGrid* grid_ = nullptr;
   int catalog_;
 
  private:

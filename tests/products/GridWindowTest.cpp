@@ -77,13 +77,13 @@ TEST_F(GridWindowTest, AReloadFindsTheProductAgainByItsCode) {
     const int row = Rows().FindRow(Code, code);
     ASSERT_TRUE(grid_->GoTo(row, Description)) << code;
     connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto=?"_qs, {Shown(0, Code)});
-    window_->LoadGrid(true);
+    grid_->LoadGrid(true);
     EXPECT_EQ(Shown(grid_->CurrentRow(), Code), code);
     EXPECT_EQ(grid_->CurrentRow(), row - 1);
     EXPECT_EQ(grid_->CurrentKey(), Description) << "in the same column";
   }
   connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='È'"_qs);
-  window_->LoadGrid(true);
+  grid_->LoadGrid(true);
   EXPECT_EQ(grid_->CurrentRow(), 0) << "the product is gone";
 }
 
@@ -162,7 +162,7 @@ TEST_F(GridWindowTest, ARowThatIsDeletedInTheMiddleOfAnEdit) {
   EXPECT_EQ(Rows().EditRow(), 2);
   Key(Qt::Key_Escape);
   EXPECT_EQ(Orders(), u"a1"_qs);
-  window_->LoadGrid(true);
+  grid_->LoadGrid(true);
   EXPECT_EQ(Codes(), u"a"_qs);
   EXPECT_TRUE(Close());
 }
@@ -214,7 +214,7 @@ TEST_F(GridWindowTest, ALockThatStaysIsToldAndTheRowStaysInEdit) {
     EXPECT_EQ(grid_->CurrentRow(), 0);
   }
   dialogs_.ExpectMessage(locked, BoxStyle::Stop);
-  window_->LoadGrid(true);
+  grid_->LoadGrid(true);
   EXPECT_EQ(Shown(0, Description), u"typed"_qs) << "a reload does not drop it";
   dialogs_.ExpectMessage(locked, BoxStyle::Stop);
   EXPECT_FALSE(Close());
@@ -257,7 +257,7 @@ TEST_F(GridWindowTest, ARowThatCannotBeWrittenKeepsTheMainWindowOpen) {
   window_ = main.findChild<frmEditCatalog*>();
   ASSERT_NE(window_, nullptr);
   EXPECT_EQ(window_->windowTitle(), u"Catalog"_qs);
-  grid_ = window_->findChild<DataGrid*>(u"grdProducts"_qs);
+  grid_ = window_->findChild<WidgetProductGrid*>(u"grdProducts"_qs);
   window_->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
   Type(0, Code, u"b"_qs);

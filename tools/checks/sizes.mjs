@@ -13,7 +13,6 @@ const MostOfClass = 500;
 const larger = {
   'src/grid DataGrid': 850,
   'src/grid RecordsetModel': 680,
-  'src/products frmEditCatalog': 550,
   'src/shell frmCatalogs': 610,
   'src/store Recordset': 690,
 };

@@ -1,0 +1,78 @@
+// The grid over the products of one catalog: its rows and columns, how they are arranged from one reload and
+// one opening to the next, and what it shows of their pictures. It belongs to the window of a catalog; what
+// the user does with the rows stands in commands/.
+#pragma once
+
+#include <memory>
+
+#include "grid/DataGrid.h"
+#include "products/ProductGridQuery.h"
+#include "store/Recordset.h"
+
+namespace vorlina {
+
+class Connection;
+class ProductEditing;
+class WidgetGridPreview;
+
+class WidgetProductGrid : public DataGrid {
+  Q_OBJECT
+
+ public:
+  explicit WidgetProductGrid(QWidget* parent = nullptr);
+  ~WidgetProductGrid() override;
+
+  // What the grid shows.
+  Recordset rsGriglia;
+  // Text behind the grid's SELECT; empty unless a search is in force.
+  QString CondizioneRicerca;
+  // The grid's layout between two reloads.
+  QString LayoutGriglia;
+
+  // Shows the catalog on which the recordset of Cataloghi stands. The first time the columns are arranged as
+  // they are stored for it. Throws Error where the catalog cannot be read.
+  void ShowCatalog(const Recordset& rsCatalogo, Connection& connection, bool first);
+  // Reopens the grid's recordset and rebuilds the columns; the grid stays on the product it stood on. What
+  // fails ends it and is not told: the grid stays as far as it got. A row in edit that cannot be written
+  // keeps the grid as it is.
+  void LoadGrid(bool keepLayout);
+  // What other windows and programs have written since: rows that came or went, and values of the filters.
+  void ReadAnew();
+  // The values of the filters alone, as ProductEditing.
+  void RefreshFilterValues();
+  void SaveLayoutFile();
+  // Ends what it has to do with the database.
+  void Release();
+
+  // Without a code, or where the product is not among those shown, to the first one; in the code's column
+  // where the column is not there any more.
+  void GoToProduct(const QString& code, const QString& key);
+  // Sorts by a column that is sorted so; the third time its sort is taken away.
+  void ToggleSort(const QString& key, vorlina::SortDirection present);
+
+ Q_SIGNALS:
+  // The grid was filled anew.
+  void Filled();
+
+ private:
+  void ConnectSignals();
+  void FillGrid(bool keepLayout);
+  void OpenGrid();
+  void DecorateColumns(std::vector<GridColumn>& columns) const;
+  void PlacePictureColumns();
+  void ArrangeGrid(bool keepLayout);
+  void LoadLayoutFile();
+  QString LayoutFile() const;
+  QVariant PictureOf(int row, int column, int role);
+  void GoneTo(int row, const QString& key);
+  void PressCell(int row, const QString& key, Qt::MouseButton button, const QPoint& position);
+
+  WidgetGridPreview* preview_;
+  std::unique_ptr<ProductEditing> editing_;
+  Connection* connection_ = nullptr;
+  ProductGridFields fields_;
+  int IDCatalogo_ = 0;
+  bool Caricamento = false;
+};
+
+}  // namespace vorlina

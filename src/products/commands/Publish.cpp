@@ -1,0 +1,18 @@
+#include "products/commands/Publish.h"
+
+#include <QScopedValueRollback>
+
+#include "products/WidgetProductGrid.h"
+#include "products/commands/GridContext.h"
+#include "publish/PluginHost.h"
+
+namespace vorlina {
+
+void PublishWith(GridContext& context, const QString& identifier) {
+  if (context.busy || !context.grid.LeaveRow()) return;
+  const QScopedValueRollback<bool> busy(context.busy, true);
+  const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
+  PublishCatalog(*plugin, *context.connection, context.IDCatalogo);
+}
+
+}  // namespace vorlina
