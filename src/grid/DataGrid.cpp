@@ -1,15 +1,17 @@
 #include "grid/DataGrid.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QHeaderView>
-#include <QPainter>
-#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <algorithm>
 
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "grid/GridClipboard.h"
 #include "grid/GridColours.h"
+#include "grid/GridFiles.h"
+#include "grid/GridKeys.h"
+#include "grid/GridMouse.h"
 #include "grid/WidgetClickEdit.h"
 #include "grid/WidgetGridDelegate.h"
 #include "grid/WidgetRowDrag.h"
@@ -19,24 +21,39 @@ namespace vorlina {
 namespace {
 
 constexpr int RefreshMilliseconds = 2000;
-constexpr int ReportedRows = 1000;
 
 // Beyond this a selection does not follow its rows through a sort: Qt would hold every cell of it.
 constexpr int RowsFollowed = 1000;
-
-Qt::Alignment AlignmentFor(GridAlignment alignment) {
-  const Qt::Alignment across = alignment == GridAlignment::Left     ? Qt::AlignLeft
-                               : alignment == GridAlignment::Centre ? Qt::AlignHCenter
-                                                                    : Qt::AlignRight;
-  return across | Qt::AlignVCenter;
-}
 
 }  // namespace
 
 DataGrid::DataGrid(QWidget* parent)
     : QTableView(parent),
       delegate_(new WidgetGridDelegate(rows_, this)),
-      rowHeader_(new WidgetRowHeader(*this)) {
+      rowHeader_(new WidgetRowHeader(*this)),
+      leaving_(*this, rows_, *delegate_),
+      arrangement_(*this, rows_, *delegate_, *rowHeader_) {
+  SetUpView();
+  SetUpHeaders();
+  SetUpRowDrag();
+  SetUpKeys();
+  SetUpMouse();
+  TakeFont();
+  TakePalette();
+  connect(&rows_, &RecordsetModel::Failed, this, &DataGrid::RowFailed);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* to) { leaving_.FocusMoved(to); });
+  connect(&refresh_, &QTimer::timeout, this, &DataGrid::Refresh);
+  refresh_.start(RefreshMilliseconds);
+}
+
+// What is still connected would reach a grid of which only the base is left.
+DataGrid::~DataGrid() {
+  disconnect(qApp, nullptr, this, nullptr);
+  setModel(nullptr);
+}
+
+void DataGrid::SetUpView() {
   setItemDelegate(delegate_);
   setVerticalHeader(rowHeader_);
   // The drag sees the mouse before what waits for a click.
@@ -51,21 +68,11 @@ DataGrid::DataGrid(QWidget* parent)
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollMode(ScrollPerPixel);
   setMouseTracking(true);
-  SetUpHeaders();
-  SetUpRowDrag();
-  TakeFont();
-  TakePalette();
-  delegate_->OnEnter = [this] { TakeAndGoDown(); };
-  connect(&rows_, &RecordsetModel::Failed, this, &DataGrid::RowFailed);
-  connect(qApp, &QApplication::focusChanged, this, &DataGrid::FocusMoved);
-  connect(&refresh_, &QTimer::timeout, this, &DataGrid::Refresh);
-  refresh_.start(RefreshMilliseconds);
-}
-
-// What is still connected would reach a grid of which only the base is left.
-DataGrid::~DataGrid() {
-  disconnect(qApp, nullptr, this, nullptr);
-  setModel(nullptr);
+  arrangement_.CellOption = [this] {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    return option;
+  };
 }
 
 void DataGrid::SetUpHeaders() {
@@ -78,16 +85,29 @@ void DataGrid::SetUpHeaders() {
   header.setTextElideMode(Qt::ElideRight);
   // Else each painting would ask of every selected row whether all of the column is selected.
   header.setSelectionModel(new QItemSelectionModel(&rows_, &header));
-  header.viewport()->installEventFilter(this);
-  rowHeader_->viewport()->installEventFilter(this);
-  connect(&header, &QHeaderView::sectionResized, this, [this](int column) {
-    if (!arranging_ && column < rows_.columnCount() && rows_.Column(column).wordWrap) FitRowHeight();
-  });
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
     // The head has turned its arrow already, which tells what the rows are sorted by.
-    ShowSort();
-    Q_EMIT HeaderClicked(KeyOf(column), SortOf(KeyOf(column)));
+    arrangement_.ShowSort();
+    const QString key = KeyOf(rows_, column);
+    Q_EMIT HeaderClicked(key, SortOf(key));
   });
+}
+
+void DataGrid::SetUpKeys() {
+  keys_ = std::make_unique<GridKeys>(*this, rows_, *delegate_, leaving_, *rowDrag_);
+  keys_->OnCopy = [this] { CopyToClipboard(cells_, rows_, this); };
+  keys_->OnPaste = [this] { PasteFromClipboard(); };
+  keys_->OnDelete = [this] { DeleteSelected(); };
+  // The cell takes over what was typed in the same event, so that what is typed next goes to the next one.
+  delegate_->OnEnter = [this] { setCurrentIndex(moveCursor(MoveDown, Qt::NoModifier)); };
+}
+
+void DataGrid::SetUpMouse() {
+  mouse_ = new GridMouse(*this, rows_, leaving_, *rowDrag_);
+  connect(mouse_, &GridMouse::HeaderPressed, this, &DataGrid::HeaderPressed);
+  connect(mouse_, &GridMouse::CellPressed, this, &DataGrid::CellPressed);
+  connect(mouse_, &GridMouse::CellHovered, this, &DataGrid::CellHovered);
+  connect(mouse_, &GridMouse::DoubleClicked, this, &DataGrid::DoubleClicked);
 }
 
 void DataGrid::SetUpRowDrag() {
@@ -97,18 +117,12 @@ void DataGrid::SetUpRowDrag() {
   };
   rowDrag_->MayStart = [this] { return LeaveRow(); };
   connect(rowDrag_, &WidgetRowDrag::Started, this, &DataGrid::RowDragStarted);
-  connect(rowDrag_, &WidgetRowDrag::Moved, this, [this, target](int row) {
-    target(row);
-    Q_EMIT RowDragMoved(row);
-  });
-  connect(rowDrag_, &WidgetRowDrag::Dropped, this, [this, target](int row) {
-    target(-1);
-    Q_EMIT RowDropped(row);
-  });
-  connect(rowDrag_, &WidgetRowDrag::Cancelled, this, [this, target] {
-    target(-1);
-    Q_EMIT RowDragCancelled();
-  });
+  connect(rowDrag_, &WidgetRowDrag::Moved, this, target);
+  connect(rowDrag_, &WidgetRowDrag::Moved, this, &DataGrid::RowDragMoved);
+  connect(rowDrag_, &WidgetRowDrag::Dropped, this, [target] { target(-1); });
+  connect(rowDrag_, &WidgetRowDrag::Dropped, this, &DataGrid::RowDropped);
+  connect(rowDrag_, &WidgetRowDrag::Cancelled, this, [target] { target(-1); });
+  connect(rowDrag_, &WidgetRowDrag::Cancelled, this, &DataGrid::RowDragCancelled);
   connect(rowDrag_, &WidgetRowDrag::HeaderClicked, this, [this](int row) {
     setFocus(Qt::MouseFocusReason);
     GoTo(row);
@@ -126,27 +140,25 @@ void DataGrid::TakePalette() {
 
 void DataGrid::TakeFont() { rowHeader_->SetLeastHeight(LeastRowHeight(fontMetrics())); }
 
-QString DataGrid::KeyOf(int column) const {
-  return column >= 0 && column < rows_.columnCount() ? rows_.Column(column).key : QString();
-}
+void DataGrid::SetNewRowKey(const QString& key) { keys_->SetNewRowKey(key); }
 
-QString DataGrid::CurrentKey() const { return KeyOf(currentIndex().column()); }
+void DataGrid::SetOnEnter(std::function<void()> enter) { keys_->OnEnter = std::move(enter); }
+
+void DataGrid::SetAcceptsFiles(bool accepts) {
+  setAcceptDrops(accepts);
+  viewport()->setAcceptDrops(accepts);
+}
 
 bool DataGrid::Bind(Recordset& recordset, std::vector<GridColumn> columns) {
   if (!LeaveRow()) return false;
   const GridLayout held = Layout();
   const bool sameColumns = held.columns.size() == qsizetype(columns.size());
   if (!rows_.Bind(recordset, std::move(columns))) return false;
-  HideColumns();
+  arrangement_.HideColumns();
   // As many columns as before are the same ones, some under other names: they stand where they stood.
-  Arrange(held, !sameColumns);
-  ShowSort();
+  arrangement_.Arrange(held, !sameColumns);
+  arrangement_.ShowSort();
   return true;
-}
-
-void DataGrid::HideColumns() {
-  for (int column = 0; column < rows_.columnCount(); ++column)
-    setColumnHidden(column, !rows_.Column(column).visible);
 }
 
 bool DataGrid::Reload() {
@@ -171,31 +183,25 @@ void DataGrid::ReturnTo(const Place& place) {
 
 bool DataGrid::GoTo(int row, const QString& key) {
   int column = key.isEmpty() ? currentIndex().column() : rows_.ColumnOf(key);
-  if (column < 0 && key.isEmpty())
-    for (int place = 0; place < rows_.columnCount() && (column < 0 || isColumnHidden(column)); ++place)
-      column = horizontalHeader()->logicalIndex(place);
+  if (column < 0 && key.isEmpty()) column = cells_.FirstShown();
   const QModelIndex cell = rows_.index(row, column);
-  if (!cell.isValid() || !MayGoTo(row)) return false;
+  if (!cell.isValid() || !leaving_.MayGoTo(row)) return false;
   setCurrentIndex(cell);  // Shift selects from here
   selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   return true;
 }
 
-QList<int> DataGrid::SelectedRows() const {
-  QList<int> rows;
-  for (const QItemSelectionRange& range : selectionModel()->selection())
-    for (int row = range.top(); row <= range.bottom(); ++row)
-      if (!rows_.IsAddNewRow(row)) rows += row;
-  std::sort(rows.begin(), rows.end());
-  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-  return rows;
-}
-
-int DataGrid::SelectedCount() const {
-  int count = 0;
-  for (const QItemSelectionRange& range : selectionModel()->selection())
-    count += range.height() - (rows_.IsAddNewRow(range.bottom()) ? 1 : 0);
-  return count;
+bool DataGrid::DeleteSelected() {
+  QList<int> rows = SelectedRows();
+  if (rows.isEmpty() || rows_.IsAddNewRow(CurrentRow())) return false;
+  const int first = rows.first();
+  const QString key = CurrentKey();
+  const QPersistentModelIndex edited = currentIndex();
+  if (!rows_.DeleteRows(std::move(rows))) return false;
+  // With its row the view has given up an editor that refused what was typed.
+  if (!edited.isValid()) delegate_->Forget();
+  GoTo(std::min(first, rows_.rowCount() - 1), key);
+  return true;
 }
 
 bool DataGrid::SetSort(const QString& key, SortDirection direction) {
@@ -203,7 +209,7 @@ bool DataGrid::SetSort(const QString& key, SortDirection direction) {
   const Place current = CurrentPlace();
   if (SelectedCount() > RowsFollowed) selectionModel()->clearSelection();
   if (!rows_.SortBy(direction == SortDirection::None ? -1 : rows_.ColumnOf(key), direction)) return false;
-  ShowSort();
+  arrangement_.ShowSort();
   if (currentIndex().isValid())
     scrollTo(currentIndex());
   else
@@ -216,175 +222,151 @@ SortDirection DataGrid::SortOf(const QString& key) const {
   return column >= 0 && column == rows_.SortColumn() ? rows_.Sorted() : SortDirection::None;
 }
 
-void DataGrid::ShowSort() {
-  QHeaderView& header = *horizontalHeader();
-  const bool sorted = rows_.SortColumn() >= 0;
-  header.setSortIndicatorShown(sorted);
-  if (!sorted) return;
-  header.setSortIndicator(rows_.SortColumn(), rows_.Sorted() == SortDirection::Descending
-                                                  ? Qt::DescendingOrder
-                                                  : Qt::AscendingOrder);
-}
-
-GridLayout DataGrid::Layout() const {
-  GridLayout layout;
-  const QHeaderView& header = *horizontalHeader();
-  for (int place = 0; place < rows_.columnCount(); ++place) {
-    const int column = header.logicalIndex(place);
-    const GridColumn& description = rows_.Column(column);
-    const bool hidden = header.isSectionHidden(column);
-    layout.columns += {.key = description.key,
-                       .width = hidden ? 0 : header.sectionSize(column),
-                       .visible = !hidden,
-                       .caption = description.caption,
-                       .alignment = AlignmentOf(description.key),
-                       .wordWrap = description.wordWrap};
-  }
-  layout.sortKey = KeyOf(rows_.SortColumn());
-  layout.descending = rows_.Sorted() == SortDirection::Descending;
-  layout.rowHeight = rowHeader_->defaultSectionSize();
-  return layout;
-}
-
 void DataGrid::ApplyLayout(const GridLayout& layout) {
-  Arrange(layout, true);
-  if (layout.rowHeight > 0)
-    rowHeader_->SetRowHeight(layout.rowHeight);
-  else if (IsWrapped())
-    FitRowHeight();
+  arrangement_.Arrange(layout, true);
+  arrangement_.SetRowHeight(layout.rowHeight);
   if (!layout.sortKey.isEmpty() && rows_.ColumnOf(layout.sortKey) >= 0)
     SetSort(layout.sortKey, layout.descending ? SortDirection::Descending : SortDirection::Ascending);
 }
 
-void DataGrid::Arrange(const GridLayout& layout, bool moves) {
-  const QScopedValueRollback<bool> arranging(arranging_, true);
-  int place = 0;
-  for (const GridColumnLayout& stored : layout.columns) {
-    const int column = rows_.ColumnOf(stored.key);
-    if (column < 0) continue;
-    if (moves) SetColumnPosition(stored.key, place++);
-    SetAlignment(stored.key, stored.alignment);
-    Wrap(column, stored.wordWrap);
-    setColumnHidden(column, false);
-    if (stored.width > 0) setColumnWidth(column, stored.width);
-    setColumnHidden(column, !stored.visible || !rows_.Column(column).visible);
-  }
-}
-
-void DataGrid::SetColumnPosition(const QString& key, int position) {
-  const int column = rows_.ColumnOf(key);
-  if (column < 0 || position < 0 || position >= rows_.columnCount()) return;
-  horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), position);
-}
-
-void DataGrid::MoveColumn(const QString& key, bool right) {
-  QHeaderView& header = *horizontalHeader();
-  const int column = rows_.ColumnOf(key);
-  if (column < 0) return;
-  const int step = right ? 1 : -1;
-  int place = header.visualIndex(column) + step;
-  while (header.isSectionHidden(header.logicalIndex(place))) place += step;
-  if (place < 0 || place >= header.count()) return;
-  header.moveSection(header.visualIndex(column), place);
-  scrollTo(currentIndex());
-}
-
-void DataGrid::SetAlignment(const QString& key, GridAlignment alignment) {
-  const int column = rows_.ColumnOf(key);
-  if (column < 0 || AlignmentOf(key) == alignment) return;
-  GridColumn description = rows_.Column(column);
-  description.alignment = AlignmentFor(alignment);
-  rows_.SetColumn(column, description);
-}
-
-GridAlignment DataGrid::AlignmentOf(const QString& key) const {
-  const int column = rows_.ColumnOf(key);
-  const Qt::Alignment alignment = column < 0 ? Qt::AlignLeft : rows_.Column(column).alignment;
-  return alignment & Qt::AlignRight     ? GridAlignment::Right
-         : alignment & Qt::AlignHCenter ? GridAlignment::Centre
-                                        : GridAlignment::Left;
-}
-
-void DataGrid::SetWordWrap(const QString& key, bool wrap) {
-  const int column = rows_.ColumnOf(key);
-  if (column < 0 || rows_.Column(column).wordWrap == wrap) return;
-  Wrap(column, wrap);
-  FitRowHeight();
-}
-
-void DataGrid::Wrap(int column, bool wrap) {
-  GridColumn description = rows_.Column(column);
-  if (std::exchange(description.wordWrap, wrap) != wrap) rows_.SetColumn(column, description);
-}
-
-bool DataGrid::IsWrapped() const {
-  for (int column = 0; column < rows_.columnCount(); ++column)
-    if (rows_.Column(column).wordWrap && !isColumnHidden(column)) return true;
-  return false;
-}
-
-// The rows from the first one that is seen on, as many as a screen shows.
-void DataGrid::FitRowHeight() {
-  constexpr int RowsMeasured = 50;
-  constexpr int MostLines = 10;
-  const int first = std::max(rowAt(0), 0);
-  const int end = std::min(first + RowsMeasured, rows_.rowCount());
-  const int least = LeastRowHeight(fontMetrics());
-  int height = least;
-  const int line = showGrid() ? 1 : 0;  // between two cells
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
-  for (int column = 0; column < rows_.columnCount(); ++column) {
-    if (!rows_.Column(column).wordWrap || isColumnHidden(column)) continue;
-    option.rect = QRect(0, 0, columnWidth(column) - line, least);
-    for (int row = first; row < end; ++row)
-      height = std::max(height, delegate_->sizeHint(option, rows_.index(row, column)).height() + line);
-  }
-  rowHeader_->SetRowHeight(std::min(height, least + (MostLines - 1) * fontMetrics().lineSpacing()));
-}
-
-// Pictures hold no text.
-QList<int> DataGrid::CopiedColumns() const {
-  QList<int> columns;
-  for (int place = 0; place < rows_.columnCount(); ++place) {
-    const int column = horizontalHeader()->logicalIndex(place);
-    if (rows_.Column(column).bound && !isColumnHidden(column)) columns += column;
-  }
-  return columns;
-}
-
 QString DataGrid::CopySelection(const QString& cellSeparator, const QString& rowSeparator,
                                 const Progress& progress) const {
-  const QList<int> columns = CopiedColumns();
-  const QList<int> rows = SelectedRows();
-  const auto cellText = [&](int row, int column) {
-    const QVariant value = rows_.Value(row, column);
-    switch (rows_.Column(column).kind) {
-      case ColumnKind::Lookup:
-        return rows_.Column(column).lookup.TextOf(value.toLongLong());
-      case ColumnKind::Boolean:
-        return value.toBool() ? EitherLanguage(u"Sì"_qs, u"Yes"_qs) : u"No"_qs;
-      default:
-        return NullToEmpty(value);
-    }
-  };
-  QString text;
-  for (qsizetype i = 0; i < rows.size(); ++i) {
-    if (i % ReportedRows == 0 && progress && !progress(i, rows.size(), {})) return {};
-    if (i > 0) text += rowSeparator;
-    for (qsizetype j = 0; j < columns.size(); ++j)
-      text += (j > 0 ? cellSeparator : QString()) + cellText(rows[i], columns[j]);
-  }
-  return text;
+  return SelectionText(cells_, rows_, cellSeparator, rowSeparator, progress);
 }
 
-void DataGrid::SetAcceptsFiles(bool accepts) {
-  setAcceptDrops(accepts);
-  viewport()->setAcceptDrops(accepts);
+// Into the current cell, as if it were typed there: what refuses a typed text refuses this one.
+void DataGrid::PasteFromClipboard() {
+  const QString text = ClipboardCell();
+  if (text.isEmpty() || !currentIndex().flags().testFlag(Qt::ItemIsEditable)) return;
+  if (text.contains(u'\t')) {
+    Q_EMIT RowFailed(
+        EitherLanguage(u"Negli appunti ci sono più celle. Copiare il testo di una cella sola."_qs,
+                       u"There are several cells on the clipboard. Copy the text of a single cell."_qs));
+    return;
+  }
+  edit(currentIndex());
+  delegate_->TypeOver(text);
+  leaving_.CloseEditor();
 }
 
 void DataGrid::Refresh() {
   if (isVisible() && delegate_->Editor() == nullptr) rows_.Refresh();
+}
+
+void DataGrid::commitData(QWidget* editor) {
+  leaving_.Take([&] { QTableView::commitData(editor); });
+}
+
+// Enter and Escape in an editor concern the cell; the row is written when it is left.
+void DataGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  if (leaving_.Keeps(editor, hint)) return;
+  if (delegate_->Editor() == editor) delegate_->Forget();
+  const bool next = hint == QAbstractItemDelegate::EditNextItem;
+  const bool moves = next || hint == QAbstractItemDelegate::EditPreviousItem;
+  const bool leaves = moves && keys_->LeavesGrid(next);
+  QTableView::closeEditor(editor, moves && !leaves ? hint : QAbstractItemDelegate::NoHint);
+  if (leaves) QWidget::focusNextPrevChild(next);
+}
+
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  rowHeader_->SetCurrentRow(current.row());
+  leaving_.CellChanged(current, previous);
+  Q_EMIT CurrentCellChanged(current.row(), KeyOf(rows_, current.column()));
+}
+
+void DataGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  Q_EMIT SelectedRowsChanged();
+}
+
+void DataGrid::reset() {
+  delegate_->Forget();
+  rowDrag_->Cancel();
+  QTableView::reset();
+  rowHeader_->SetCurrentRow(-1);
+}
+
+// The pictures before the first value, where keys do not stop, are seen again together with it.
+void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QTableView::scrollTo(index, hint);
+  if (!index.isValid() || !cells_.IsFirstValue(index.column())) return;
+  const QHeaderView& header = *horizontalHeader();
+  const int end = header.sectionPosition(index.column()) + header.sectionSize(index.column());
+  if (end <= viewport()->width()) horizontalScrollBar()->setValue(0);
+}
+
+QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const GridKeys::Way way = action == MoveNext       ? GridKeys::Way::Next
+                            : action == MovePrevious ? GridKeys::Way::Previous
+                            : action == MoveDown     ? GridKeys::Way::Down
+                            : action == MoveHome     ? GridKeys::Way::Home
+                                                     : GridKeys::Way::Other;
+  return keys_->CellOn(way, [=, this] { return QTableView::moveCursor(action, modifiers); });
+}
+
+QItemSelectionModel::SelectionFlags DataGrid::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  const std::optional<QItemSelectionModel::SelectionFlags> own = GridKeys::SelectionFor(event);
+  return own ? *own : QTableView::selectionCommand(index, event);
+}
+
+bool DataGrid::focusNextPrevChild(bool next) {
+  return keys_->LeavesGrid(next) ? QWidget::focusNextPrevChild(next) : QTableView::focusNextPrevChild(next);
+}
+
+void DataGrid::keyPressEvent(QKeyEvent* event) {
+  if (!keys_->Press(*event)) QTableView::keyPressEvent(event);
+}
+
+// A letter that comes whole, as from a dead key, opens the editor, but the base keeps it from it.
+void DataGrid::inputMethodEvent(QInputMethodEvent* event) {
+  const bool opens = delegate_->Editor() == nullptr && !event->commitString().isEmpty();
+  QTableView::inputMethodEvent(event);
+  QWidget* editor = delegate_->Editor();
+  if (opens && editor != nullptr) QCoreApplication::sendEvent(editor, event);
+}
+
+void DataGrid::mousePressEvent(QMouseEvent* event) {
+  mouse_->Press(*event, [&] { QTableView::mousePressEvent(event); });
+}
+
+void DataGrid::mouseMoveEvent(QMouseEvent* event) {
+  mouse_->Move(*event, [&] { QTableView::mouseMoveEvent(event); });
+}
+
+void DataGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  mouse_->DoubleClick(*event, [&] { QTableView::mouseDoubleClickEvent(event); });
+}
+
+void DataGrid::leaveEvent(QEvent* event) {
+  mouse_->Leave();
+  QTableView::leaveEvent(event);
+}
+
+void DataGrid::dragMoveEvent(QDragMoveEvent* event) {
+  const GridFiles files = FilesOf(*event, *this, rows_, TakesFile);
+  if (files.paths.isEmpty()) return event->ignore();
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(files.row >= 0);
+  if (event->isAccepted()) Q_EMIT FilesOver(files.row);
+}
+
+void DataGrid::dropEvent(QDropEvent* event) {
+  const GridFiles files = FilesOf(*event, *this, rows_, TakesFile);
+  if (files.paths.isEmpty() || files.row < 0 || !LeaveRow()) return event->ignore();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  Q_EMIT FilesDropped(files.row, files.paths);
+}
+
+bool DataGrid::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) clickEdit_->Forget();
+  const bool handled = QTableView::event(event);
+  if (event->type() == QEvent::WindowActivate) Refresh();
+  if (event->type() == QEvent::PaletteChange) TakePalette();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) TakeFont();
+  return handled;
 }
 
 }  // namespace vorlina

@@ -6,17 +6,21 @@
 // Columns are told by key, rows by number from 0, positions are the grid's own.
 #pragma once
 
-#include <QPointer>
 #include <QTableView>
 #include <QTimer>
 #include <functional>
+#include <memory>
 
 #include "base/Progress.h"
-#include "grid/GridLayout.h"
+#include "grid/GridArrangement.h"
+#include "grid/GridCells.h"
 #include "grid/RecordsetModel.h"
+#include "grid/RowLeaving.h"
 
 namespace vorlina {
 
+class GridKeys;
+class GridMouse;
 class WidgetClickEdit;
 class WidgetGridDelegate;
 class WidgetRowDrag;
@@ -40,41 +44,43 @@ class DataGrid : public QTableView {
 
   // The row of the current cell, -1 without one; its column's key.
   int CurrentRow() const { return currentIndex().row(); }
-  QString CurrentKey() const;
+  QString CurrentKey() const { return KeyOf(rows_, currentIndex().column()); }
   // Moves the current cell and selects its row; an empty key stays in the column. False where the row in edit
   // cannot be left, or there is no such cell.
   bool GoTo(int row, const QString& key = {});
   // The selected rows from above, without the add-new row.
-  QList<int> SelectedRows() const;
-  int SelectedCount() const;
+  QList<int> SelectedRows() const { return cells_.SelectedRows(); }
+  int SelectedCount() const { return cells_.SelectedCount(); }
 
   // Takes over what is being typed and writes the row in edit. False where it must be stayed on: the user was
   // told why.
-  bool LeaveRow();
+  bool LeaveRow() { return leaving_.Leave(); }
   // The same before the window closes: what was refused and told already is told again.
-  bool LeaveForGood();
+  bool LeaveForGood() { return leaving_.Leave(true); }
   // Deletes the selected rows, as the Delete key does; none where the current row is the add-new row.
   bool DeleteSelected();
-  void SetAllowDelete(bool allowed) { allowDelete_ = allowed; }
 
   // Sorts by one column, or with SortDirection::None in the recordset's own order. False where it cannot.
   bool SetSort(const QString& key, SortDirection direction);
   // How a column sorts at present.
   SortDirection SortOf(const QString& key) const;
 
-  GridLayout Layout() const;
+  GridLayout Layout() const { return arrangement_.Layout(); }
   // Columns that the layout does not name stay behind those it names; keys that are not there are skipped. A
   // column that the window hides stays hidden; captions are the window's.
   void ApplyLayout(const GridLayout& layout);
-  void SetColumnPosition(const QString& key, int position);  // from the left, counted from 0
+  // From the left, counted from 0.
+  void SetColumnPosition(const QString& key, int position) { arrangement_.SetColumnPosition(key, position); }
   // One place among the columns that are seen, to the left or to the right.
-  void MoveColumn(const QString& key, bool right);
-  void SetAlignment(const QString& key, GridAlignment alignment);
-  GridAlignment AlignmentOf(const QString& key) const;
+  void MoveColumn(const QString& key, bool right) { arrangement_.MoveColumn(key, right); }
+  void SetAlignment(const QString& key, GridAlignment alignment) {
+    arrangement_.SetAlignment(key, alignment);
+  }
+  GridAlignment AlignmentOf(const QString& key) const { return arrangement_.AlignmentOf(key); }
   // The rows take the height that the wrapped texts of those that are shown need, within bounds; all rows
   // have one height, so that none has to be measured that is not looked at. So they do when the column's
   // width changes.
-  void SetWordWrap(const QString& key, bool wrap);
+  void SetWordWrap(const QString& key, bool wrap) { arrangement_.SetWordWrap(key, wrap); }
 
   // The selected rows as text: the visible bound columns from left to right, drop-downs as shown. Progress,
   // where given, hears of it every thousand rows; where it stops, the text is empty.
@@ -82,15 +88,13 @@ class DataGrid : public QTableView {
                         const Progress& progress = {}) const;
 
   // Where the next new row begins when the one before is left for it; without it where the user stands.
-  void SetNewRowKey(const QString& key) { newRowKey_ = key; }
+  void SetNewRowKey(const QString& key);
 
   // Files may be dropped on rows; at first they may not.
   void SetAcceptsFiles(bool accepts);
 
   // Enter outside an editor; without it Enter goes to the next cell.
-  std::function<void()> OnEnter;
-  // Ctrl+C; without it the selection is copied with tabs between the cells, as spreadsheets take it.
-  std::function<void()> OnCopy;
+  void SetOnEnter(std::function<void()> enter);
   // Whether a file can be dropped; files of which none can are not taken. Without it all can.
   std::function<bool(const QString& path)> TakesFile;
 
@@ -138,13 +142,12 @@ class DataGrid : public QTableView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override { dragMoveEvent(event); }
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   bool event(QEvent* event) override;
   // A letter that no editor takes finds nothing: it would read all the rows.
   void keyboardSearch(const QString&) override {}
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Place {
@@ -153,54 +156,29 @@ class DataGrid : public QTableView {
     QString key;
   };
 
+  void SetUpView();
   void SetUpHeaders();
+  void SetUpKeys();
+  void SetUpMouse();
   void SetUpRowDrag();
   void TakePalette();
   void TakeFont();
-  void HideColumns();
-  void Arrange(const GridLayout& layout, bool moves);
-  void Wrap(int column, bool wrap);
-  bool IsWrapped() const;
-  void FitRowHeight();
-  void ShowSort();
   void Refresh();
-  bool CloseEditor(bool tellsAgain = false);
-  bool Leave(bool tellsAgain);
-  void GoToRefused();
-  bool OpenList();
-  void PopUpMenu(Qt::KeyboardModifiers modifiers);
   void PasteFromClipboard();
-  void TakeAndGoDown();
-  void FocusMoved(QWidget* from, QWidget* to);
-  bool MayGoTo(int row);
-  bool MayDragTo(int row, const QMouseEvent& event);
-  void MakeCurrent(const QModelIndex& cell);
   Place CurrentPlace() const;
   void ReturnTo(const Place& place);
-  bool IsFirstValue(int column) const;
-  int FirstTyped() const;
-  QModelIndex NextCell(int step);
-  QModelIndex NeighbourCell(int step) const;
-  QModelIndex CellFor(CursorAction action, Qt::KeyboardModifiers modifiers);
-  bool LeavesGrid(bool next) const;
-  bool TakesOneOf(const QStringList& files) const;
-  QList<int> CopiedColumns() const;
-  QString KeyOf(int column) const;
-  QPoint Own(const QPoint& viewportPosition) const;
-  void CopyToClipboard();
 
   RecordsetModel rows_;
   WidgetGridDelegate* delegate_;
   WidgetRowHeader* rowHeader_;
+  GridCells cells_{*this, rows_};
+  RowLeaving leaving_;
+  GridArrangement arrangement_;
   WidgetClickEdit* clickEdit_;
   WidgetRowDrag* rowDrag_;
+  std::unique_ptr<GridKeys> keys_;
+  GridMouse* mouse_;
   QTimer refresh_;
-  bool arranging_ = false;
-  QString newRowKey_;
-  bool leaving_ = false;  // a row, or a cell is being taken over: a box may be up
-  bool hadFocus_ = false;
-  bool stays_ = false;  // the press that is held down could not leave the row in edit
-  bool allowDelete_ = true;
 };
 
 }  // namespace vorlina
