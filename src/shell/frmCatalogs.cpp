@@ -1,12 +1,12 @@
 #include "shell/frmCatalogs.h"
 
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QListWidget>
-#include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QUrl>
 
 #include "base/AppPath.h"
 #include "base/CommandIcon.h"
@@ -15,19 +15,21 @@
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Settings.h"
+#include "base/WaitCursor.h"
 #include "catalogs/CatalogNames.h"
-#include "images/PicturePaths.h"
+#include "catalogs/frmNewCatalog.h"
+#include "products/frmEditCatalog.h"
 #include "shell/CatalogCommands.h"
-#include "shell/WidgetRenameDelegate.h"
-#include "store/CatalogDatabase.h"
-#include "store/LockPatience.h"
-#include "store/RowErrors.h"
+#include "shell/CatalogList.h"
+#include "shell/DatabaseRetry.h"
+#include "shell/PublishPane.h"
+#include "shell/SelectedCatalog.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
 namespace {
 
-constexpr int RetryMilliseconds = 2000;
+const char16_t SupportAddress[] = u"support@vorlina.example";
 
 QString NoNewReason(bool locked) {
   if (locked)
@@ -42,42 +44,44 @@ QString NoNewReason(bool locked) {
       "Catalog.db back in its place and start it again."_qs);
 }
 
-// Keeps the same room for each picture, also for one that is small or empty: rows are alike and names
-// aligned.
-class PluginDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    const QSize room = option->decorationSize;
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->features |= QStyleOptionViewItem::HasDecoration;
-    option->decorationSize = room;
-    option->decorationAlignment = Qt::AlignCenter;
-  }
-};
-
 }  // namespace
 
 frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frmCatalogs) {
   ui_->setupUi(this);
+  MakeParts();
   handlers_ = {
-      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }}, {u"cmdEdit"_qs, [this] { EditSelected(); }},
-      {u"cmdDelete"_qs, [this] { Delete_Click(); }},  {u"cmdDuplica"_qs, [this] { DuplicaCatalogo(); }},
-      {u"cmdPublish"_qs, [this] { PressPublish(); }}, {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
-      {u"subSupport"_qs, [this] { MailSupport(); }},
+      {u"cmdNew"_qs, [this] { NewCatalogWizard(); }},
+      {u"cmdEdit"_qs, [this] { EditSelected(); }},
+      {u"cmdDelete"_qs, [this] { DeleteSelected(*catalogs_, cnnCatalog, *this); }},
+      {u"cmdDuplica"_qs, [this] { CloneSelected(*catalogs_, cnnCatalog, *this); }},
+      {u"cmdPublish"_qs, [this] { pane_->Press(); }},
+      {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
+      {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
   MakeToolbar();
-  MakeMenus();
+  MakeHelpMenu();
+  MakePluginMenu();
   ConnectControls();
-  retry_.setObjectName(u"retry"_qs);
-  retry_.setSingleShot(true);
-  retry_.setInterval(RetryMilliseconds);
-  connect(&retry_, &QTimer::timeout, this, &frmCatalogs::Retry);
 }
 
 frmCatalogs::~frmCatalogs() = default;
+
+// What renames in the list sees its keys before the window does.
+void frmCatalogs::MakeParts() {
+  ui_->LstWCatalogs->installEventFilter(this);
+  ui_->lstPlugIns->installEventFilter(this);
+  catalogs_ = std::make_unique<CatalogList>(*ui_->LstWCatalogs, rsCataloghi, cnnCatalog, *this);
+  pane_ = std::make_unique<PublishPane>(*ui_->lstPlugIns, *catalogs_, cnnCatalog, objPlugin);
+  connect(pane_.get(), &PublishPane::Shown, this, &frmCatalogs::ShowPublishPane);
+  connect(pane_.get(), &PublishPane::Described, this,
+          [this](const QString& text) { ui_->lblDescription->setText(text); });
+  database_ = new DatabaseRetry(cnnCatalog, rsCataloghi, *this);
+  database_->MayRetry = [this] { return !IsBusy(); };
+  database_->OnRead = [this] { ListCatalog(); };
+  database_->OnRetried = [this] { OfferNew(); };
+  connect(catalogs_.get(), &CatalogList::FillWanted, this,
+          [this] { database_->UnlessLocked([this] { ListCatalog(); }); });
+}
 
 void frmCatalogs::MakeToolbar() {
   for (const ToolbarCommand& command : ToolbarCommands) {
@@ -89,7 +93,7 @@ void frmCatalogs::MakeToolbar() {
   }
 }
 
-void frmCatalogs::MakeMenus() {
+void frmCatalogs::MakeHelpMenu() {
   mnuHelp_ = new QMenu(this);
   mnuHelp_->setObjectName(u"mnuHelp"_qs);
   for (const MenuCommand& command : HelpCommands) {
@@ -104,7 +108,9 @@ void frmCatalogs::MakeMenus() {
   const bool helps = handlers_.contains(u"cmdHelp"_qs);
   help->setPopupMode(helps ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
   toolbar_.back()->setEnabled(true);
+}
 
+void frmCatalogs::MakePluginMenu() {
   mnuPlugins_ = new QMenu(u"Plugins"_qs, this);
   mnuPlugins_->setObjectName(u"mnuPlugins"_qs);
   mnuInstallPlugin_ = mnuPlugins_->addAction(u"Installa nuovo plugin"_qs);
@@ -124,89 +130,36 @@ void frmCatalogs::ConnectControls() {
     button->setEnabled(handlers_.contains(key));
     connect(button, &QPushButton::clicked, this, [this, key] { Run(key); });
   }
-  connect(ui_->cmdIndietro, &QPushButton::clicked, this, &frmCatalogs::cmdIndietro_Click);
+  connect(ui_->cmdIndietro, &QPushButton::clicked, pane_.get(), &PublishPane::GoBack);
   connect(ui_->LstWCatalogs, &QListWidget::itemDoubleClicked, this, [this] { Run(u"cmdEdit"_qs); });
-  ui_->lstPlugIns->setItemDelegate(new PluginDelegate(ui_->lstPlugIns));
   connect(ui_->lstPlugIns, &QTreeWidget::itemDoubleClicked, this, [this] { Run(u"cmdPublish"_qs); });
-  const auto describe = [this](const QTreeWidgetItem* item) {
-    if (item != nullptr) ui_->lblDescription->setText(item->data(0, TagRole).toString());
-  };
-  connect(ui_->lstPlugIns, &QTreeWidget::itemClicked, this, describe);
-  // Who walks the list by keyboard reads the description as well. At the start there is none.
-  connect(ui_->lstPlugIns, &QTreeWidget::currentItemChanged, this,
-          [this, describe](const QTreeWidgetItem* item) {
-            if (ui_->lstPlugIns->hasFocus()) describe(item);
-          });
-  ui_->LstWCatalogs->installEventFilter(this);
-  ui_->lstPlugIns->installEventFilter(this);
-  // Only kept while the editor is there; stored, and told where that fails, when it is gone.
-  rename_ = new WidgetRenameDelegate(*ui_->LstWCatalogs);
-  connect(rename_, &WidgetRenameDelegate::Renamed, this,
-          [this](const QModelIndex& index, const QString& name) {
-            newName_ = {arrIDCataloghi[std::size_t(index.row())], name};
-          });
-  connect(
-      rename_, &WidgetRenameDelegate::closeEditor, this,
-      [this] {
-        ApplyRename();
-        if (reloadWaits_) ListUnlessLocked();
-      },
-      Qt::QueuedConnection);
-}
-
-// A statement whose failure shows its message and lets the next one run.
-void frmCatalogs::Attempt(const Handler& statement) {
-  try {
-    statement();
-  } catch (const std::exception& error) {
-    ShowError(this, DescriptionOf(error));
-  }
-}
-
-// The same with the database. Another program's lock would fail every one of them: it is waited for and told
-// once, and the rest is left to Retry.
-void frmCatalogs::AttemptOnDatabase(const Handler& statement) {
-  if (locked_) return;
-  Attempt([&] {
-    const LockPatience patience(retrying_ ? 0 : LockPatience::UsualMilliseconds);
-    try {
-      statement();
-    } catch (const LockedError&) {
-      locked_ = true;
-      retry_.start();
-      if (!retrying_) throw;
-    }
-  });
-}
-
-void frmCatalogs::OpenDatabase() {
-  AttemptOnDatabase([this] { OpenCatalogDatabase(cnnCatalog, AppFile(u"Catalog.db"_qs)); });
-  if (!locked_) FirstRun();
-}
-
-void frmCatalogs::OpenList() {
-  AttemptOnDatabase([this] {
-    rsCataloghi.Close();
-    rsCataloghi.Open(u"SELECT * FROM CATALOGHI"_qs, cnnCatalog, CursorType::Keyset, LockType::Optimistic);
-  });
 }
 
 void frmCatalogs::LoadForm() {
-  OpenDatabase();
-  Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
-  OpenList();
-  const PluginChoice plugins = ChosenPlugins();
-  FillPlugins(plugins);
-  Attempt([&] {
-    if (plugins.named && plugins.identifiers.isEmpty()) return;  // as the user wants it
-    QTreeWidgetItem* first = ui_->lstPlugIns->topLevelItem(0);
-    if (first == nullptr)
-      throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è installato"_qs,
-                                 u"No publishing filter is installed"_qs));
-    ui_->lstPlugIns->setCurrentItem(first);
-  });
+  database_->OpenDatabase();
+  database_->Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
+  database_->OpenCatalogs();
+  FillPlugins();
   Localize_Form();
   OfferNew();
+}
+
+void frmCatalogs::FillPlugins() {
+  const PluginChoice choice = ChosenPlugins();
+  const PluginListing listing = ListPlugins(choice, CreatePlugin, [this](const QString& identifier) {
+    const QString text = ByLanguage(u"Errore nella istanza della dll: "_qs, u"Error instancing dll: "_qs);
+    TheDialogs().Message(this, text + identifier);
+  });
+  plugins_ = listing.entries;
+  pane_->Fill(plugins_);
+  for (const SkinEntry& skin : listing.skins) {
+    QAction* entry =
+        mnuInstallaSkin_->addAction(skin.name, this, [this, skin] { InstallSkinFor(skin.identifier); });
+    entry->setObjectName(u"mnuPlugIn_%1"_qs.arg(mnuInstallaSkin_->actions().size() - 1));
+    entry->setData(skin.identifier);
+  }
+  const bool none = choice.named && choice.identifiers.isEmpty();  // as the user wants it
+  if (!none) database_->Attempt([this] { pane_->SelectFirst(); });
 }
 
 // Without a database the wizard would ask for four pages of data that it cannot store.
@@ -216,7 +169,7 @@ void frmCatalogs::OfferNew() {
     handlers_[u"cmdNew"_qs] = [this] { NewCatalogWizard(); };
   else
     handlers_.erase(u"cmdNew"_qs);
-  const QString reason = open ? QString() : NoNewReason(locked_);
+  const QString reason = open ? QString() : NoNewReason(database_->IsLocked());
   const Caption& usual = ToolbarCommands.front().toolTip;
   const QString toolTip = Text(Language == u"English" ? usual.english : usual.italian);
   toolbar_.front()->setEnabled(open && ui_->fmListCatalog->isVisibleTo(this));
@@ -224,37 +177,6 @@ void frmCatalogs::OfferNew() {
   ui_->cmdNew->setEnabled(open);
   ui_->cmdNew->setToolTip(PlainToolTip(reason));
   ui_->cmdNew->setAccessibleDescription(reason);
-}
-
-// At every start: the folder may have been copied or moved since, or laid out anew with settings that are
-// older.
-void frmCatalogs::FirstRun() {
-  AttemptOnDatabase([this] {
-    if (cnnCatalog.IsOpen()) FitPicturePaths(cnnCatalog);
-  });
-  const QString title = ApplicationTitle();
-  if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) == u"True")
-    Attempt([&] { SaveSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"False"_qs); });
-}
-
-void frmCatalogs::FillPlugins(const PluginChoice& plugins) {
-  const PluginListing listing = ListPlugins(plugins, CreatePlugin, [this](const QString& identifier) {
-    const QString text = ByLanguage(u"Errore nella istanza della dll: "_qs, u"Error instancing dll: "_qs);
-    TheDialogs().Message(this, text + identifier);
-  });
-  plugins_ = listing.entries;
-  for (const PluginEntry& entry : plugins_) {
-    auto* item = new QTreeWidgetItem(ui_->lstPlugIns, {entry.name});
-    item->setIcon(0, entry.icon);
-    item->setData(0, KeyRole, entry.identifier);
-    item->setData(0, TagRole, entry.description);
-  }
-  for (const SkinEntry& skin : listing.skins) {
-    QAction* entry =
-        mnuInstallaSkin_->addAction(skin.name, this, [this, skin] { InstallSkinFor(skin.identifier); });
-    entry->setObjectName(u"mnuPlugIn_%1"_qs.arg(mnuInstallaSkin_->actions().size() - 1));
-    entry->setData(skin.identifier);
-  }
 }
 
 void frmCatalogs::Localize_Form() {
@@ -281,38 +203,20 @@ void frmCatalogs::Localize_Form() {
   mnuInstallaSkin_->setTitle(u"Install skin for"_qs);
 }
 
-// The selection is kept by the catalog's identifier, so that coming back to the window does not lose it.
-void frmCatalogs::ListCatalog() {
-  reloadWaits_ = rename_->IsOpen();
-  if (reloadWaits_) return;
-  rename_->Finish();
-  const int before = SelectedCatalogId();
-  rsCataloghi.Requery();
-  arrIDCataloghi.assign(std::size_t(rsCataloghi.RecordCount()) + 1, 0);
-  ui_->LstWCatalogs->clear();
-  const QIcon book = CommandIcon(u"catalog"_qs);
-  for (std::size_t i = 0; !rsCataloghi.IsEOF(); ++i, rsCataloghi.MoveNext()) {
-    arrIDCataloghi[i] = rsCataloghi.Value(u"IDCatalogo"_qs).toInt();
-    auto* item =
-        new QListWidgetItem(book, NullToEmpty(rsCataloghi.Value(u"NomeCatalogo"_qs)), ui_->LstWCatalogs);
-    item->setData(KeyRole, u"_%1"_qs.arg(arrIDCataloghi[i]));
-    item->setFlags(item->flags() | Qt::ItemIsEditable);
-    if (arrIDCataloghi[i] == before) ui_->LstWCatalogs->setCurrentItem(item);
-  }
-  if (ui_->LstWCatalogs->currentRow() < 0) ui_->LstWCatalogs->setCurrentRow(0);
-}
+void frmCatalogs::ListCatalog() { catalogs_->Fill(); }
 
 void frmCatalogs::CreaListaCataloghi() { WriteCatalogList(rsCataloghi, AppFile(u"Cataloghi.txt"_qs)); }
 
-QListWidgetItem* frmCatalogs::SelectedCatalog() const {
-  QListWidgetItem* item = ui_->LstWCatalogs->currentItem();
-  return item != nullptr && item->isSelected() ? item : nullptr;
+// Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.
+// Nor while a plug-in publishes, whose box may not be there yet.
+bool frmCatalogs::IsBusy() const {
+  return objPlugin != nullptr || (cnnCatalog.IsOpen() && cnnCatalog.InTransaction());
 }
 
-// 0 when no catalog is selected.
-int frmCatalogs::SelectedCatalogId() const {
-  const QListWidgetItem* item = SelectedCatalog();
-  return item == nullptr ? 0 : arrIDCataloghi[std::size_t(ui_->LstWCatalogs->row(item))];
+void frmCatalogs::Run(const QString& key) {
+  if (IsBusy() || !catalogs_->EndRename()) return;
+  const auto handler = handlers_.find(key);
+  if (handler != handlers_.end()) handler->second();
 }
 
 bool frmCatalogs::event(QEvent* event) {
@@ -323,41 +227,14 @@ bool frmCatalogs::event(QEvent* event) {
     // or the box would come again without end.
     if (std::exchange(activationFailed_, false)) return result;
     activationFailed_ = true;
-    ListUnlessLocked();
+    database_->UnlessLocked([this] { ListCatalog(); });
     activationFailed_ = false;
   }
   return result;
 }
 
-// The list stays as it is under another program's lock, which coming back to the window does not wait for.
-void frmCatalogs::ListUnlessLocked() {
-  if (locked_) return;
-  try {
-    const LockPatience none(0);
-    ListCatalog();
-  } catch (const LockedError&) {
-    locked_ = true;
-    retry_.start();
-  }
-}
-
-// Reads what a lock has kept from being read, as soon as it has gone.
-void frmCatalogs::Retry() {
-  if (closed_) return;
-  if (IsBusy()) return retry_.start();
-  const QScopedValueRollback<bool> retrying(retrying_, true);
-  locked_ = false;
-  if (!cnnCatalog.IsOpen())
-    OpenDatabase();
-  else if (!rsCataloghi.IsOpen())
-    FirstRun();
-  if (!rsCataloghi.IsOpen()) OpenList();
-  AttemptOnDatabase([this] { ListCatalog(); });
-  OfferNew();
-}
-
 bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress && !rename_->IsOpen()) {
+  if (event->type() == QEvent::KeyPress && !catalogs_->IsRenaming()) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     const bool catalogs = watched == ui_->LstWCatalogs;
@@ -370,15 +247,108 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
-  if (IsBusy() || !EndRename() || !CloseGridWindows()) {
+  if (IsBusy() || !catalogs_->EndRename() || !CloseGridWindows()) {
     event->ignore();
     return;
   }
   closed_ = true;
+  database_->Stop();
   rsCataloghi.Close();
   cnnCatalog.Close();
   event->accept();
   Q_EMIT Closed();
+}
+
+// There is one wizard at a time: pressing New again comes back to it.
+void frmCatalogs::NewCatalogWizard() {
+  if (wizard_ == nullptr || !wizard_->isVisible()) {
+    wizard_ = new frmNewCatalog(this);
+    wizard_->setAttribute(Qt::WA_DeleteOnClose);
+    wizard_->ConnectionText = cnnCatalog.ConnectionText();
+    connect(wizard_, &frmNewCatalog::EditWanted, this, [this](int id, const QString& caption) {
+      ShowNewest();
+      EditCatalog(id, caption);
+    });
+    connect(wizard_, &frmNewCatalog::MainMenuWanted, this, [this] {
+      ComeToFront();
+      ShowNewest();
+    });
+    connect(wizard_, &frmNewCatalog::Cancelled, this, &frmCatalogs::ComeToFront);
+    connect(wizard_, &frmNewCatalog::AnotherWanted, this, [this] {
+      ShowNewest();
+      ui_->cmdNew->click();
+    });
+    wizard_->LoadForm();
+    wizard_->show();
+  }
+  wizard_->activateWindow();
+}
+
+void frmCatalogs::ShowNewest() {
+  ListCatalog();
+  catalogs_->SelectNewest();
+}
+
+void frmCatalogs::EditSelected() {
+  if (const QListWidgetItem* item = catalogs_->Selected()) EditCatalog(catalogs_->SelectedId(), item->text());
+}
+
+// Several can be open at once, also on the same catalog; each has its own connection.
+void frmCatalogs::EditCatalog(int id, const QString& caption) {
+  const WaitCursor wait;
+  try {
+    auto window = std::make_unique<frmEditCatalog>(this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->Connessione = std::make_unique<Connection>();
+    window->Connessione->Open(cnnCatalog.ConnectionText());
+    window->rsCatalogo.Open(rsCataloghi.Source(), *window->Connessione, CursorType::Keyset,
+                            LockType::Optimistic);
+    window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, id);
+    if (window->rsCatalogo.IsEOF()) throw CatalogGone();
+    window->Plugins = plugins_;
+    window->LoadForm();
+    window->setWindowTitle(PlainTitle(caption));
+    connect(window.get(), &frmEditCatalog::Closed, this, &frmCatalogs::ComeToFront);
+    window.release()->show();
+  } catch (const std::exception& error) {
+    ShowError(this, DescriptionOf(error));
+  }
+}
+
+// False where one has a row that cannot be written: it stays, and has told why.
+bool frmCatalogs::CloseGridWindows() {
+  for (frmEditCatalog* window : findChildren<frmEditCatalog*>(QString(), Qt::FindDirectChildrenOnly))
+    if (window->isVisible() && !window->close()) return false;
+  return true;
+}
+
+void frmCatalogs::ComeToFront() {
+  show();
+  activateWindow();
+}
+
+void frmCatalogs::ShowPublishPane(bool show) {
+  ui_->fmPublish->setVisible(show);
+  ui_->fmListCatalog->setVisible(!show);
+  for (const int index : CatalogPaneButtons) {
+    QAction* button = toolbar_[std::size_t(index) - 1];
+    const bool usable = handlers_.contains(button->objectName()) || button == toolbar_.back();
+    button->setEnabled(!show && usable);
+  }
+  QWidget* focus = show ? static_cast<QWidget*>(ui_->lstPlugIns) : ui_->LstWCatalogs;
+  focus->setFocus();
+}
+
+void frmCatalogs::InstallSkinFor(const QString& identifier) {
+  objPlugin = CreatePlugin(identifier);
+  const std::unique_ptr<IVorlinaPlugin> plugin = std::move(objPlugin);
+  QString skin;
+  CallPlugin([&] { plugin->InstallSkin(skin); });
+}
+
+void frmCatalogs::PopUpPlugins() {
+  const QWidget* button = ui_->tbr->widgetForAction(toolbar_[5]);
+  mnuPlugins_->popup(button->mapToGlobal(QPoint(0, button->height())));
 }
 
 }  // namespace vorlina

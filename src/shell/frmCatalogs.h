@@ -6,11 +6,9 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
-#include <QTimer>
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "publish/PluginHost.h"
@@ -18,13 +16,12 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 
-class QListWidgetItem;
-class QTreeWidgetItem;
-
 namespace vorlina {
 
+class CatalogList;
+class DatabaseRetry;
+class PublishPane;
 class frmNewCatalog;
-class WidgetRenameDelegate;
 
 namespace Ui {
 class frmCatalogs;
@@ -42,8 +39,8 @@ class frmCatalogs : public QMainWindow {
   // window is shown.
   void LoadForm();
 
-  // Reloads the list of catalogs and arrIDCataloghi. Runs at every activation; while a name is being typed,
-  // when that ends. Throws Error without a database.
+  // Reloads the list of catalogs. Runs at every activation; while a name is being typed, when that ends.
+  // Throws Error without a database.
   void ListCatalog();
 
   // Writes "Cataloghi.txt" in the application folder: three lines a catalog. Throws Error.
@@ -68,48 +65,26 @@ class frmCatalogs : public QMainWindow {
  private:
   using Handler = std::function<void()>;
 
-  // An item's key and tag: what it stands for, and what it says of itself.
-  static constexpr int KeyRole = Qt::UserRole;
-  static constexpr int TagRole = Qt::UserRole + 1;
-
   void MakeToolbar();
-  void MakeMenus();
+  void MakeHelpMenu();
+  void MakePluginMenu();
+  void MakeParts();
   void ConnectControls();
   void Localize_Form();
-  void Attempt(const Handler& statement);
-  void AttemptOnDatabase(const Handler& statement);
-  void OpenDatabase();
-  void OpenList();
-  void FirstRun();
-  void ListUnlessLocked();
-  void Retry();
-  void FillPlugins(const PluginChoice& plugins);
+  void FillPlugins();
   void OfferNew();
+  bool IsBusy() const;
+  void Run(const QString& key);
 
-  QListWidgetItem* SelectedCatalog() const;
-  int SelectedCatalogId() const;
-  bool EndRename();
-  bool ApplyRename();
   void NewCatalogWizard();
   void EditSelected();
   void EditCatalog(int id, const QString& caption);
   bool CloseGridWindows();
   void ComeToFront();
-  void ShowCatalogs();
-  void AnotherCatalog();
-  void SelectNewest();
-  void Delete_Click();
-  void DuplicaCatalogo();
-  QStringList CloneWithProgress(int id, const QString& name);
-  void PressPublish();
-  void PublishSelected();
+  void ShowNewest();
   void ShowPublishPane(bool show);
-  void cmdIndietro_Click();
   void InstallSkinFor(const QString& identifier);
-  void MailSupport();
   void PopUpPlugins();
-  bool IsBusy() const;
-  void Run(const QString& key);
 
   std::unique_ptr<Ui::frmCatalogs> ui_;
   // What a key of the toolbar or of the help drop-down does. A command that is not here is disabled.
@@ -121,23 +96,11 @@ class frmCatalogs : public QMainWindow {
   QMenu* mnuInstallaSkin_;
   QAction* mnuInstallPlugin_;
   QPointer<frmNewCatalog> wizard_;
-  WidgetRenameDelegate* rename_;
-  // What was typed over a label and is not stored yet.
-  struct NewName {
-    int IDCatalogo;
-    QString name;
-  };
-  std::optional<NewName> newName_;
-  bool reloadWaits_ = false;
-  bool blnPannelloPubblica = false;
-  // True after New, Delete and Clone; nothing reads it.
-  bool blnListaModificata = false;
+  std::unique_ptr<CatalogList> catalogs_;
+  std::unique_ptr<PublishPane> pane_;
+  DatabaseRetry* database_;
   bool activationFailed_ = false;
-  bool locked_ = false;  // another program's lock kept something from being read, which Retry reads
-  bool retrying_ = false;
-  QTimer retry_{this};
   bool closed_ = false;
-  std::vector<int> arrIDCataloghi;
 };
 
 }  // namespace vorlina

@@ -1,0 +1,75 @@
+#include "shell/SelectedCatalog.h"
+
+#include <QListWidget>
+
+#include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "base/Language.h"
+#include "base/Messages.h"
+#include "base/WaitCursor.h"
+#include "base/WidgetProgressBox.h"
+#include "catalogs/CloneCatalog.h"
+#include "catalogs/DeleteCatalog.h"
+#include "shell/CatalogList.h"
+
+namespace vorlina {
+namespace {
+
+// Few pictures take no time worth a box. Gives what the user should know of the copy.
+QStringList CloneWithProgress(int id, const QString& name, Connection& connection, QWidget& owner) {
+  constexpr int Few = 100;
+  const QString prefix = ByLanguage(u"Copia di "_qs, u"Copy of "_qs);
+  CatalogClone clone(id, connection);
+  if (CountPictures(id, connection) <= Few) {
+    const WaitCursor wait;
+    clone.DuplicaCatalogo(prefix, {});
+    return clone.Warnings();
+  }
+  WidgetProgressBox box(&owner, name);
+  clone.DuplicaCatalogo(prefix, box.Reporter());
+  return clone.Warnings();
+}
+
+}  // namespace
+
+void DeleteSelected(CatalogList& catalogs, Connection& connection, QWidget& owner) {
+  try {
+    if (const QListWidgetItem* item = catalogs.Selected(); item != nullptr && !item->text().isEmpty()) {
+      const int id = catalogs.SelectedId();
+      if (!TheDialogs().Ask(&owner, NumberedText(BaseConferma + 0), BoxStyle::QuestionNoFirst)) return;
+      const WaitCursor wait;
+      DeleteCatalog(id, connection);
+    }
+  } catch (const std::exception& error) {
+    ShowError(&owner, DescriptionOf(error));
+    return;
+  }
+  catalogs.Fill();
+}
+
+void CloneSelected(CatalogList& catalogs, Connection& connection, QWidget& owner) {
+  try {
+    if (const QListWidgetItem* item = catalogs.Selected(); item != nullptr && !item->text().isEmpty()) {
+      const int id = catalogs.SelectedId();
+      const QString name = item->text();  // the list may be made anew while the question stands
+      Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
+                             u"Do you want to clone selected catalog and its images?"_qs);
+      if (!TheDialogs().Ask(&owner, Messaggio)) return;
+      const QStringList warnings = CloneWithProgress(id, name, connection, owner);
+      if (!warnings.isEmpty()) TheDialogs().Message(&owner, FirstLines(warnings), BoxStyle::Information);
+    }
+  } catch (const Stopped&) {
+    // The user asked for it, and nothing of the copy is there.
+  } catch (const std::exception& error) {
+    TheDialogs().Message(
+        &owner,
+        ByLanguage(u"Impossibile duplicare il catalogo. "_qs, u"Impossible to clone the catalog. "_qs) +
+            u"\r\n"_qs + DescriptionOf(error),
+        BoxStyle::Stop);
+    return;
+  }
+  catalogs.Fill();
+}
+
+}  // namespace vorlina
