@@ -1,5 +1,7 @@
 #include "grid/WidgetDropDown.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QListView>
 #include <QScreen>
@@ -64,6 +66,16 @@ void WidgetDropDown::showPopup() {
   const int tooMuch = whole - screen()->availableGeometry().width();
   if (tooMuch > 0) list.setMinimumWidth(width - tooMuch);
   QComboBox::showPopup();
+}
+
+// Not the delegate's: a list that goes with its editor would be taken for an editor that loses the focus.
+bool WidgetDropDown::eventFilter(QObject* watched, QEvent* event) {
+  const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+  if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return QComboBox::eventFilter(watched, event);
+  if (view()->currentIndex().isValid()) setCurrentIndex(view()->currentIndex().row());
+  hidePopup();
+  QCoreApplication::sendEvent(this, event);
+  return true;
 }
 
 }  // namespace vorlina

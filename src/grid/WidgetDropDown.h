@@ -16,6 +16,10 @@ class WidgetDropDown : public QComboBox {
   // nine rows.
   void showPopup() override;
 
+ protected:
+  // Of the list, where it is told to watch it: Tab takes over from there, and leaves the cell.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   int LongestTextWidth() const;
 };

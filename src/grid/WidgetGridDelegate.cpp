@@ -108,12 +108,11 @@ void WidgetGridDelegate::ShowList() {
   if (combo == nullptr) return;
   const int typed = combo->findText(combo->currentText(), Qt::MatchFixedString);
   if (typed >= 0) combo->setCurrentIndex(typed);
-  combo->view()->installEventFilter(this);
+  combo->view()->installEventFilter(combo);
   combo->showPopup();
 }
 
 bool WidgetGridDelegate::eventFilter(QObject* watched, QEvent* event) {
-  if (const auto* list = qobject_cast<QAbstractItemView*>(watched)) return FilterList(*list, *event);
   if (watched == editor_ && IsEnter(*event)) {
     if (OnEnter) OnEnter();
     return true;
@@ -142,18 +141,6 @@ bool WidgetGridDelegate::FilterDropDown(QComboBox& combo, QEvent& event) {
     default:
       return false;
   }
-}
-
-// Tab takes over from the open list, and leaves the cell.
-bool WidgetGridDelegate::FilterList(const QAbstractItemView& list, QEvent& event) {
-  auto* combo = qobject_cast<QComboBox*>(editor_);
-  if (combo == nullptr || event.type() != QEvent::KeyPress) return false;
-  const int key = static_cast<QKeyEvent&>(event).key();
-  if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
-  if (list.currentIndex().isValid()) combo->setCurrentIndex(list.currentIndex().row());
-  combo->hidePopup();
-  QCoreApplication::sendEvent(combo, &event);
-  return true;
 }
 
 void WidgetGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

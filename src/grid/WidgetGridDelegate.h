@@ -49,7 +49,6 @@ class WidgetGridDelegate : public QStyledItemDelegate {
 
  private:
   bool FilterDropDown(QComboBox& combo, QEvent& event);
-  bool FilterList(const QAbstractItemView& list, QEvent& event);
 
   RecordsetModel& rows_;
   GridColours colours_;
