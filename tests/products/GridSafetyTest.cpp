@@ -60,17 +60,6 @@ TEST_F(GridSafety, ADropWaitsUntilABoxIsAnswered) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Stored(u"a"_qs, u"Immagine"_qs).isEmpty(); }));
 }
 
-TEST_F(GridSafety, AFilterValueOfAnotherWindowIsShownOnComingBack) {
-  Name(u"NomeFiltro1"_qs, u"Colour"_qs);
-  AddProducts({u"a"_qs});
-  Open();
-  Open();
-  const int red = AddFilterValue(1, u"red"_qs);
-  connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=?"_qs, {red});
-  Activate(0);
-  EXPECT_EQ(Shown(0, u"Colour"_qs), u"red"_qs);
-}
-
 TEST_F(GridSafety, AFilterValueOfAnotherWindowIsNotAddedTwice) {
   Name(u"NomeFiltro1"_qs, u"Colore"_qs);
   AddProducts({u"a"_qs, u"b"_qs});
@@ -82,15 +71,11 @@ TEST_F(GridSafety, AFilterValueOfAnotherWindowIsNotAddedTwice) {
 }
 
 TEST_F(GridSafety, ADoubleClickEdits) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
+  AddProducts({u"a"_qs, u"b"_qs});
   Open();
-  for (int row : {1, 2, 0}) {
-    const QPoint at = PointOf(row, u"Descrizione"_qs);
-    Click(at);
-    QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
-    QCoreApplication::processEvents();
-    EXPECT_NE(Editor(), nullptr) << row;
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(Editor(), nullptr) << row;
-  }
+  const QPoint at = PointOf(1, u"Descrizione"_qs);
+  Click(at);
+  QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
+  QCoreApplication::processEvents();
+  EXPECT_NE(Editor(), nullptr);
 }
