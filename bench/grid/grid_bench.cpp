@@ -16,8 +16,9 @@ constexpr int PageRows = 50;
 struct Grid {
   Grid(Data& data, int catalog) {
     const QString list = QString::fromUtf8(List);
-    recordset.Open(u"SELECT "_qs + list + u" FROM Prodotti WHERE IDCatalogo=?"_qs, data.connection,
-                   CursorType::Keyset, LockType::Optimistic, {catalog});
+    recordset.Open(
+        {.columns = list, .table = u"Prodotti"_qs, .where = u"IDCatalogo=?"_qs, .values = {catalog}},
+        data.connection);
     std::vector<GridColumn> columns;
     for (const QString& name : list.split(u',')) columns.push_back({.key = name, .caption = name});
     columns[5].kind = ColumnKind::Lookup;

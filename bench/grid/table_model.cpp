@@ -38,10 +38,11 @@ void RunOurs(const QString& path, int catalog) {
   Recordset recordset;
   RecordsetModel model;
   const double time = Milliseconds([&] {
-    recordset.Open(
-        u"SELECT CodiceProdotto,Descrizione,Valore1,IDFiltro1,Immagine,OrdineTemp FROM Prodotti "
-        u"WHERE IDCatalogo=?"_qs,
-        connection, CursorType::Keyset, LockType::Optimistic, {catalog});
+    recordset.Open({.columns = u"CodiceProdotto,Descrizione,Valore1,IDFiltro1,Immagine,OrdineTemp"_qs,
+                    .table = u"Prodotti"_qs,
+                    .where = u"IDCatalogo=?"_qs,
+                    .values = {catalog}},
+                   connection);
     std::vector<GridColumn> columns;
     columns.reserve(std::size_t(recordset.Fields().Count()));
     for (int i = 0; i < recordset.Fields().Count(); ++i)

@@ -26,9 +26,8 @@ std::unique_ptr<frmEditCatalog> Edit(Data& data, int catalog) {
   auto window = std::make_unique<frmEditCatalog>();
   window->Connessione = std::make_unique<Connection>();
   window->Connessione->Open(data.connection.ConnectionText());
-  window->rsCatalogo.Open(u"SELECT * FROM CATALOGHI"_qs, *window->Connessione, CursorType::Keyset,
-                          LockType::Optimistic);
-  window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, catalog);
+  window->rsCatalogo.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {catalog}},
+                          *window->Connessione);
   window->LoadForm();
   window->show();
   QApplication::processEvents();

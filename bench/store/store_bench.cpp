@@ -65,8 +65,8 @@ void BareKeys(benchmark::State& state) {
 }
 
 void OpenProducts(Recordset& products, qint64 catalog) {
-  products.Open(u"SELECT * FROM Prodotti WHERE IDCatalogo=?"_qs, TheData().connection, CursorType::Keyset,
-                LockType::Optimistic, {catalog});
+  products.Open({.table = u"Prodotti"_qs, .where = u"IDCatalogo=?"_qs, .values = {catalog}},
+                TheData().connection);
 }
 
 void Keyset(benchmark::State& state) {
@@ -81,11 +81,10 @@ void Keyset(benchmark::State& state) {
 void Page(benchmark::State& state) {
   Recordset products;
   OpenProducts(products, state.range(0));
-  products.SetPageSize(PageRows);
-  const qint64 pages = products.PageCount();
+  const qint64 pages = products.RecordCount() / PageRows;
   qint64 page = 1;
   for ([[maybe_unused]] auto _ : state) {
-    products.SetAbsolutePage(page);
+    products.SetAbsolutePosition((page - 1) * PageRows + 1);
     for (int i = 0; i < PageRows && !products.IsEOF(); ++i, products.MoveNext())
       benchmark::DoNotOptimize(products.Value(1));
     page = page == 1 ? (pages + 1) / 2 : page == pages ? 1 : pages;

@@ -99,14 +99,14 @@ void Rows(benchmark::State& state) {
   OpenPicturePages(products, TheData().connection, 1, u"ORDER BY OrdineTemp"_qs, {});
   qint64 page = 1;
   for ([[maybe_unused]] auto _ : state)
-    benchmark::DoNotOptimize(ReadPicturePage(products, page++ % products.PageCount() + 1).data());
+    benchmark::DoNotOptimize(ReadPicturePage(products, page++ % PicturePageCount(products) + 1).data());
 }
 
 void Opening(benchmark::State& state) {
   for ([[maybe_unused]] auto _ : state) {
     Recordset products;
     OpenPicturePages(products, TheData().connection, 1, u"ORDER BY OrdineTemp"_qs, {});
-    benchmark::DoNotOptimize(products.PageCount());
+    benchmark::DoNotOptimize(PicturePageCount(products));
   }
 }
 

@@ -24,8 +24,7 @@ void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString&
   Connection connection;
   connection.Open(connectionText);
   Recordset catalogs;
-  catalogs.Open(u"SELECT * FROM CATALOGHI"_qs, connection, CursorType::Keyset, LockType::Optimistic);
-  catalogs.SetFilter(u"IDCatalogo"_qs, IDCatalogo);
+  catalogs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo}}, connection);
   if (catalogs.IsEOF()) throw CatalogGone();
   catalogs.SetValue(u"NomeCatalogo"_qs, name);
   catalogs.Update();

@@ -122,8 +122,7 @@ void StoreCatalog(Connection& connection, NewCatalog& catalog) {
   // Nothing equals Null, while a database that was filled by hand may have a catalog 0.
   const QVariant row = catalog.IDCatalogo == 0 ? NullValue() : QVariant(catalog.IDCatalogo);
   Recordset catalogs;
-  catalogs.Open(u"SELECT * FROM CATALOGHI WHERE IDCatalogo=?"_qs, connection, CursorType::Keyset,
-                LockType::Optimistic, {row});
+  catalogs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {row}}, connection);
   StoreRow(catalogs, catalog);
   StoreLogo(catalogs, catalog);
 }

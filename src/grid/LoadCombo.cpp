@@ -13,18 +13,19 @@ namespace {
 
 Q_LOGGING_CATEGORY(grid, "vorlina.grid", QtInfoMsg)
 
-QStandardItemModel* FillModel(Recordset& recordset, const QString& displayColumn, const QString& valueColumn,
-                              QObject* owner) {
-  const RecordsetFields& fields = recordset.Fields();
-  auto* model = new QStandardItemModel(0, fields.Count(), owner);
-  model->setHorizontalHeaderLabels(fields.Names());
-  for (recordset.MoveFirst(); !recordset.IsEOF(); recordset.MoveNext()) {
+void FillModel(Rows& rows, const QString& displayColumn, const QString& valueColumn, QComboBox& combo) {
+  auto* model = new QStandardItemModel(0, rows.ColumnCount(), &combo);
+  int display = 0;
+  for (int i = 0; i < rows.ColumnCount(); ++i)
+    if (rows.ColumnName(i).compare(displayColumn, Qt::CaseInsensitive) == 0) display = i;
+  while (rows.Next()) {
     QList<QStandardItem*> row;
-    for (int i = 0; i < fields.Count(); ++i) row += new QStandardItem(NullToEmpty(recordset.Value(i)));
-    row[fields.IndexOf(displayColumn)]->setData(recordset.Value(valueColumn), ComboValueRole);
+    for (int i = 0; i < rows.ColumnCount(); ++i) row += new QStandardItem(NullToEmpty(rows.Value(i)));
+    row[display]->setData(rows.Value(valueColumn), ComboValueRole);
     model->appendRow(row);
   }
-  return model;
+  combo.setModel(model);
+  combo.setModelColumn(display);
 }
 
 // The drop-down as a table without headers, so that it can show several columns.
@@ -41,14 +42,11 @@ void ShowColumns(QComboBox& combo, const QList<int>& hiddenColumns) {
 
 }  // namespace
 
-void LoadCombo(Recordset& recordset, QComboBox& combo, const QString& sql, const QString& displayColumn,
-               const QString& valueColumn, Connection& connection, const QList<int>& hiddenColumns,
-               const QVariantList& values) {
+void LoadCombo(QComboBox& combo, const QString& sql, const QString& displayColumn, const QString& valueColumn,
+               Connection& connection, const QList<int>& hiddenColumns, const QVariantList& values) {
   try {
-    recordset.Close();
-    recordset.Open(sql, connection, CursorType::Static, LockType::ReadOnly, values);
-    combo.setModel(FillModel(recordset, displayColumn, valueColumn, &combo));
-    combo.setModelColumn(recordset.Fields().IndexOf(displayColumn));
+    Rows rows(connection, sql, values);
+    FillModel(rows, displayColumn, valueColumn, combo);
     ShowColumns(combo, hiddenColumns);
   } catch (const std::exception& error) {
     qCDebug(grid) << "LoadCombo" << sql << DescriptionOf(error);

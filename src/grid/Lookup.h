@@ -21,8 +21,9 @@ class Lookup {
   Lookup() = default;
   explicit Lookup(std::vector<LookupItem> items);
 
-  // As they are shown: sorted by the user's locale.
-  const std::vector<LookupItem>& Items() const { return items_; }
+  // As they are shown: sorted by the user's locale. Sorting waits until somebody asks, since showing a page
+  // of rows does not.
+  const std::vector<LookupItem>& Items() const;
   // "" for a value that is not offered.
   QString TextOf(qint64 value) const;
   // The value of a text in any letter case, the first of those that share it.
@@ -31,9 +32,9 @@ class Lookup {
   QByteArray Ranks() const;
 
  private:
-  std::vector<LookupItem> items_;
-  QHash<qint64, qsizetype> byValue_;
-  QHash<QString, qint64> byText_;  // folded
+  mutable std::vector<LookupItem> items_;
+  mutable bool sorted_ = false;
+  QHash<qint64, QString> byValue_;
 };
 
 }  // namespace vorlina

@@ -8,7 +8,6 @@
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "store/LockPatience.h"
-#include "store/SelectStatement.h"
 
 namespace vorlina {
 namespace {
@@ -220,7 +219,7 @@ QVariant RecordsetModel::Value(int row, int column) const {
 QVariant RecordsetModel::Value(int row, const QString& key) const { return Value(row, ColumnOf(key)); }
 
 QVariant RecordsetModel::FormerValue(int column) const {
-  return rows_.CurrentFetched().values[std::size_t(FieldOf(column))];
+  return rows_.CurrentRow()[std::size_t(FieldOf(column))];
 }
 
 qint64 RecordsetModel::BookmarkOf(int row) const {
@@ -232,9 +231,7 @@ int RecordsetModel::RowOf(qint64 bookmark) const {
 }
 
 int RecordsetModel::FindRow(const QString& key, const QVariant& value) const {
-  if (!rows_.IsOpen()) return -1;
-  Recordset finder = rows_.Clone();
-  return finder.Find(key, value) ? int(finder.AbsolutePosition()) - 1 : -1;
+  return rows_.IsOpen() ? int(rows_.Find(key, value)) - 1 : -1;
 }
 
 int RecordsetModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shownRows_; }
@@ -262,13 +259,13 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     return {};
   if (!description.bound) return OnUnboundData ? OnUnboundData(row, column, role) : QVariant();
   if (role == ValueRole) return Value(row, column);
+  if (role == Qt::CheckStateRole && description.kind != ColumnKind::Boolean) return {};
   const RowState state = StateOf(row);
   if (state == RowState::Deleted) return role == Qt::DisplayRole ? DeletedText() : QVariant();
   if (state == RowState::Unreadable) return role == Qt::DisplayRole ? UnreadableText() : QVariant();
   if (role == Qt::DisplayRole) return Displayed(row, column);
   const QVariant value = Value(row, column);
   if (role == Qt::EditRole) return value.isNull() ? QVariant(QString()) : value;
-  if (description.kind != ColumnKind::Boolean) return {};
   return value.toBool() ? Qt::Checked : Qt::Unchecked;
 }
 

@@ -136,9 +136,8 @@ void RecordsetModel::BeginChange(int row, int column) {
   ShowAgain(row, row);
   rows_.SetAbsolutePosition(qint64(row) + 1);
   if (!rows_.RowExists()) throw ConflictError::Deleted();
-  const FetchedRow now = rows_.CurrentFetched();
   const auto field = std::size_t(FieldOf(column));
-  if (shown && shown->values[field] != now.values[field]) throw ConflictError::Changed();
+  if (shown && shown->values[field] != rows_.CurrentRow()[field]) throw ConflictError::Changed();
   editRow_ = row;
 }
 

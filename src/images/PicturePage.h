@@ -19,10 +19,12 @@ struct PictureTile {
   QString Immagine;  // path of the main image
 };
 
-// Opens the products of the catalog in pages of PictureTiles. The SQL text goes behind the statement and
-// decides the order; "?" stands for each of the values. Only keys are read here. Throws Error.
+// Opens the products of the catalog. The SQL text goes behind the condition on the catalog, as a further one
+// or to decide the order; "?" stands for each of the values. Only keys are read here. Throws Error.
 void OpenPicturePages(Recordset& products, Connection& connection, int IDCatalogo, const QString& extra,
                       const QVariantList& values);
+
+qint64 PicturePageCount(const Recordset& products);
 
 // The tiles of a page, counted from 1, up to the end of the products. A page that does not exist leaves the
 // recordset where it is and goes on from there. Throws Error.

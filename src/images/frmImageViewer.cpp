@@ -34,7 +34,7 @@ frmImageViewer::frmImageViewer(QWidget* parent) : QDialog(parent), ui_(new Ui::f
   connect(ui_->cmdFirst, &QPushButton::clicked, this, [this] { GoTo(1); });
   connect(ui_->cmdBack, &QPushButton::clicked, this, [this] { GoTo(Pagina - 1); });
   connect(ui_->cmdForward, &QPushButton::clicked, this, [this] { GoTo(Pagina + 1); });
-  connect(ui_->cmdLast, &QPushButton::clicked, this, [this] { GoTo(Rs.PageCount()); });
+  connect(ui_->cmdLast, &QPushButton::clicked, this, [this] { GoTo(PicturePageCount(Rs)); });
 }
 
 frmImageViewer::~frmImageViewer() = default;
@@ -95,7 +95,7 @@ void frmImageViewer::GoTo(qint64 page) {
 }
 
 void frmImageViewer::SetPagerButtons() {
-  ui_->cmdForward->setEnabled(Pagina < Rs.PageCount());
+  ui_->cmdForward->setEnabled(Pagina < PicturePageCount(Rs));
   ui_->cmdBack->setEnabled(Pagina > 1);
 }
 
@@ -109,7 +109,7 @@ void frmImageViewer::LoadPage() {
                         ShowThumbnail(tile.Immagine, extPicture[i]->PicturePixels()));
   }
   ui_->lblPages->setText(
-      ByLanguage(u"Pagina %1 di %2"_qs, u"Page %1 of %2"_qs).arg(Pagina).arg(Rs.PageCount()));
+      ByLanguage(u"Pagina %1 di %2"_qs, u"Page %1 of %2"_qs).arg(Pagina).arg(PicturePageCount(Rs)));
 }
 
 // The Tab key comes to one tile, the selected one.

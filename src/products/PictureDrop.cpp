@@ -96,7 +96,7 @@ void PictureDrop::AddMain(const QString& file) {
 
 void PictureDrop::AddAdditional(const QString& file, const AskDescription& ask) {
   Recordset row;
-  row.Open(u"SELECT * FROM Immagini WHERE 1=2"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+  row.Open({.table = u"Immagini"_qs, .where = u"FALSE"_qs}, connection_);
   row.AddNew();
   const QString target = PicturePath(u"%1.jpg"_qs.arg(row.Value(u"IDImmagine"_qs).toLongLong()));
   WholeOrNothing(file, {{}, {target}}, connection_, [&] {

@@ -75,7 +75,8 @@ QStringList ProductGridKeys(const ProductGridFields& fields) {
   return keys + TrailingKeys;
 }
 
-QString ProductGridStatement(const ProductGridFields& fields, const QString& CondizioneRicerca) {
+KeysetQuery ProductGridQuery(const ProductGridFields& fields, int IDCatalogo,
+                             const QString& CondizioneRicerca) {
   QStringList sources = LeadingSources;
   for (const NamedField& field : fields.values) sources += field.column;
   for (const NamedField& field : fields.filters) sources += field.column;
@@ -83,10 +84,12 @@ QString ProductGridStatement(const ProductGridFields& fields, const QString& Con
   const QStringList keys = ProductGridKeys(fields);
   QStringList columns;
   columns.reserve(sources.size());
-  for (qsizetype i = 0; i < sources.size(); ++i)
-    columns += u"Prodotti."_qs + sources[i] + u" AS "_qs + QuoteName(keys[i]);
-  return u"SELECT "_qs + columns.join(u", "_qs) + u" FROM Prodotti WHERE Prodotti.IDCatalogo=?"_qs +
-         CondizioneRicerca + u" ORDER BY Prodotti.IDProdotto"_qs;
+  for (qsizetype i = 0; i < sources.size(); ++i) columns += sources[i] + u" AS "_qs + QuoteName(keys[i]);
+  return {columns.join(u", "_qs),
+          u"Prodotti"_qs,
+          u"Prodotti.IDCatalogo=?"_qs + CondizioneRicerca,
+          u"IDProdotto"_qs,
+          {IDCatalogo}};
 }
 
 std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int IDCatalogo,

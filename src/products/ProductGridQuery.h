@@ -1,4 +1,4 @@
-// The SELECT behind the product grid, made of the names that the user gave the catalog's values and filters.
+// The query behind the product grid, made of the names that the user gave the catalog's values and filters.
 #pragma once
 
 #include <QString>
@@ -11,6 +11,7 @@ namespace vorlina {
 
 class Connection;
 class Recordset;
+struct KeysetQuery;
 
 // A column that begins so is not for the user.
 inline constexpr char16_t HiddenMark = u'_';
@@ -52,9 +53,10 @@ struct ProductGridFields {
   static ProductGridFields Of(const Recordset& rsCatalogo);
 };
 
-// The statement of the grid's fifteen bound columns, in their order; "?" stands for the catalog's identifier.
-// The condition of a search is appended as it stands. The rows are in the order in which products came.
-QString ProductGridStatement(const ProductGridFields& fields, const QString& CondizioneRicerca);
+// The grid's fifteen bound columns of the catalog's products, in the order in which products came. The
+// condition of a search goes behind the one on the catalog as it stands.
+KeysetQuery ProductGridQuery(const ProductGridFields& fields, int IDCatalogo,
+                             const QString& CondizioneRicerca);
 
 // The keys of the grid's seventeen columns.
 QStringList ProductGridKeys(const ProductGridFields& fields);

@@ -99,8 +99,7 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
 void WidgetProductGrid::OpenGrid() {
   Recordset fresh;
   try {
-    fresh.Open(ProductGridStatement(fields_, CondizioneRicerca), *connection_, CursorType::Keyset,
-               LockType::Optimistic, {IDCatalogo_});
+    fresh.Open(ProductGridQuery(fields_, IDCatalogo_, CondizioneRicerca), *connection_);
   } catch (const Error&) {
     if (Rows().columnCount() > 0) LayoutGriglia = LayoutText(Layout());
     Rows().Unbind();

@@ -87,7 +87,7 @@ void DatabaseRetry::SettleStart() {
 void DatabaseRetry::OpenCatalogs() {
   AttemptOnDatabase([this] {
     rsCataloghi_.Close();
-    rsCataloghi_.Open(u"SELECT * FROM CATALOGHI"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+    rsCataloghi_.Open({.table = u"Cataloghi"_qs}, connection_);
   });
 }
 

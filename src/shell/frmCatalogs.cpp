@@ -301,9 +301,8 @@ void frmCatalogs::EditCatalog(int id, const QString& caption) {
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->Connessione = std::make_unique<Connection>();
     window->Connessione->Open(cnnCatalog.ConnectionText());
-    window->rsCatalogo.Open(rsCataloghi.Source(), *window->Connessione, CursorType::Keyset,
-                            LockType::Optimistic);
-    window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, id);
+    window->rsCatalogo.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {id}},
+                            *window->Connessione);
     if (window->rsCatalogo.IsEOF()) throw CatalogGone();
     window->Plugins = plugins_;
     window->LoadForm();

@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
 #include <cmath>
 
 #include "base/Error.h"
@@ -19,27 +18,35 @@ bool IsNumeric(const char* declared) {
   return false;
 }
 
+// The table column behind a column; what is said of it stays as it is for an expression.
+void Describe(Field& field, const QString& table, const char* column, SQLite::Database& database) {
+  const char* declared = nullptr;
+  int counter = 0;
+  if (column == nullptr ||
+      sqlite3_table_column_metadata(database.getHandle(), "main", table.toUtf8().constData(), column,
+                                    &declared, nullptr, nullptr, nullptr, &counter) != SQLITE_OK)
+    return;
+  field.table = table;
+  field.column = QString::fromUtf8(column);
+  field.boolean = sqlite3_stricmp(declared, "BOOLEAN") == 0;
+  field.numeric = IsNumeric(declared);
+  field.counter = counter != 0;
+}
+
 }  // namespace
 
-void RecordsetFields::Read(SQLite::Database& database, const QString& sql) {
+void RecordsetFields::Read(const SQLite::Statement& statement, int first, const QString& table,
+                           SQLite::Database& database) {
   fields_.clear();
   positions_.clear();
-  sqlite3_stmt* prepared = nullptr;
-  const int result =
-      sqlite3_prepare_v2(database.getHandle(), sql.toUtf8().constData(), -1, &prepared, nullptr);
-  if (result != SQLITE_OK) throw SQLite::Exception(database.getHandle(), result);
-  for (int i = 0; i < sqlite3_column_count(prepared); ++i) {
+  for (int i = first; i < statement.getColumnCount(); ++i) {
     Field field;
-    field.name = QString::fromUtf8(sqlite3_column_name(prepared, i));
-    field.table = QString::fromUtf8(sqlite3_column_table_name(prepared, i));
-    field.column = QString::fromUtf8(sqlite3_column_origin_name(prepared, i));
-    field.boolean = sqlite3_stricmp(sqlite3_column_decltype(prepared, i), "BOOLEAN") == 0;
-    field.numeric = IsNumeric(sqlite3_column_decltype(prepared, i));
+    field.name = QString::fromUtf8(statement.getColumnName(i));
+    Describe(field, table, statement.getColumnOriginName(i), database);
     const QString folded = field.name.toCaseFolded();
-    if (!positions_.contains(folded)) positions_.insert(folded, i);
+    if (!positions_.contains(folded)) positions_.insert(folded, Count());
     fields_.push_back(std::move(field));
   }
-  sqlite3_finalize(prepared);
 }
 
 int RecordsetFields::IndexOf(const QString& name) const {
@@ -47,18 +54,6 @@ int RecordsetFields::IndexOf(const QString& name) const {
   if (found == positions_.constEnd())
     throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(name));
   return *found;
-}
-
-int RecordsetFields::IndexOfColumn(const QString& column) const {
-  const auto found = std::find_if(fields_.begin(), fields_.end(),
-                                  [&](const Field& field) { return field.column == column; });
-  return column.isEmpty() || found == fields_.end() ? -1 : int(found - fields_.begin());
-}
-
-QStringList RecordsetFields::Names() const {
-  QStringList names;
-  for (const Field& field : fields_) names += field.name;
-  return names;
 }
 
 QVariant RecordsetFields::Fitted(int index, const QVariant& value) const {
@@ -72,16 +67,6 @@ QVariant RecordsetFields::Fitted(int index, const QVariant& value) const {
   // "inf" and "nan" are numbers to the conversion.
   if (isNumber && std::isfinite(number)) return number;
   throw NoNumberError(value.toString(), field.name);
-}
-
-QString RecordsetFields::Table() const {
-  QString table;
-  for (const Field& field : fields_) {
-    if (field.table.isEmpty()) continue;
-    if (!table.isEmpty() && table != field.table) return {};
-    table = field.table;
-  }
-  return table;
 }
 
 }  // namespace vorlina

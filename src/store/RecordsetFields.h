@@ -4,13 +4,13 @@
 
 #include <QHash>
 #include <QString>
-#include <QStringList>
 #include <QVariant>
 #include <vector>
 
 namespace SQLite {
 class Database;
-}
+class Statement;
+}  // namespace SQLite
 
 namespace vorlina {
 
@@ -20,25 +20,21 @@ struct Field {
   QString column;  // the base column's name; empty for an expression
   bool boolean = false;
   bool numeric = false;  // declared for numbers, BOOLEAN among them
+  bool counter = false;  // the table's AUTOINCREMENT key
 };
 
 class RecordsetFields {
  public:
-  // Asks a statement of its columns. Throws SQLite::Exception.
-  void Read(SQLite::Database& database, const QString& sql);
+  // Asks a statement over one table of its columns, from one on. Throws SQLite::Exception.
+  void Read(const SQLite::Statement& statement, int first, const QString& table, SQLite::Database& database);
 
   int Count() const { return int(fields_.size()); }
   const Field& At(int index) const { return fields_[std::size_t(index)]; }
   // Position of a column by its name in any letter case. Throws Error.
   int IndexOf(const QString& name) const;
-  // Position of the column that shows a table's column; -1 where none does.
-  int IndexOfColumn(const QString& column) const;
-  QStringList Names() const;
   // The value as the column takes it: a text of digits as a number where the column holds numbers. Throws
   // Error for another text there, which the database would store as it is.
   QVariant Fitted(int index, const QVariant& value) const;
-  // The one table that all base columns belong to; empty where there are several or none.
-  QString Table() const;
 
  private:
   std::vector<Field> fields_;

@@ -3,25 +3,13 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "base/Error.h"
-#include "base/Language.h"
 #include "store/Connection.h"
+#include "store/KeysetQuery.h"
 #include "store/RowErrors.h"
-#include "store/SelectStatement.h"
 #include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
-
-// A table's counter is its INTEGER PRIMARY KEY declared AUTOINCREMENT.
-QString CounterOf(Connection& connection, const QString& table) {
-  Rows declared(connection, u"SELECT sql FROM sqlite_schema WHERE type='table' AND name=? COLLATE NOCASE"_qs,
-                {table});
-  if (!declared.Next() || !declared.Value(0).toString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
-    return {};
-  Rows key(connection, u"SELECT name FROM pragma_table_info(?) WHERE pk=1"_qs, {table});
-  return key.Next() ? key.Value(0).toString() : QString();
-}
 
 qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& values) {
   Rows rows(connection, sql, values);
@@ -30,17 +18,12 @@ qint64 NumberOf(Connection& connection, const QString& sql, const QVariantList& 
 
 }  // namespace
 
-RowWriter::RowWriter(Connection& connection, QString table)
-    : connection_(&connection), table_(std::move(table)) {
-  counter_ = CounterOf(connection, table_);
-}
-
-qint64 RowWriter::ReserveNumber() {
+qint64 RowWriter::ReserveNumber(const QString& counter) {
   Transaction transaction(*connection_);
   const qint64 stored =
       NumberOf(*connection_, u"SELECT seq FROM sqlite_sequence WHERE name=? COLLATE NOCASE"_qs, {table_});
   const qint64 largest =
-      NumberOf(*connection_, u"SELECT MAX(%1) FROM %2"_qs.arg(QuoteName(counter_), QuoteName(table_)), {});
+      NumberOf(*connection_, u"SELECT MAX(%1) FROM %2"_qs.arg(QuoteName(counter), QuoteName(table_)), {});
   const qint64 number = std::max(stored, largest) + 1;
   connection_->KeepCounter(table_, number);
   transaction.Commit();

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <utility>
 #include <vector>
 
 namespace vorlina {
@@ -21,12 +22,12 @@ struct ColumnChange {
 class RowWriter {
  public:
   RowWriter() = default;
-  RowWriter(Connection& connection, QString table);
+  RowWriter(Connection& connection, QString table) : connection_(&connection), table_(std::move(table)) {}
 
-  // The name of the table's counter column; empty where it has none.
-  const QString& Counter() const { return counter_; }
-  // The next number of the counter. A number is never given twice, whatever becomes of the row. Throws Error.
-  qint64 ReserveNumber();
+  Connection& Database() const { return *connection_; }
+  // The next number of the table's counter. A number is never given twice, whatever becomes of the row.
+  // Throws Error.
+  qint64 ReserveNumber(const QString& counter);
 
   // Each throws Error, with nothing written; a row that was changed is told apart from one that was deleted.
   qint64 Insert(const std::vector<ColumnChange>& changes);
@@ -38,7 +39,6 @@ class RowWriter {
 
   Connection* connection_ = nullptr;
   QString table_;
-  QString counter_;
 };
 
 }  // namespace vorlina

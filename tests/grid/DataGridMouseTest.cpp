@@ -77,8 +77,7 @@ TEST_F(ShownGrid, ItsLayoutIsKept) {
 
   DataGrid fresh;
   Recordset again;
-  again.Open(u"SELECT ID As _ID, Name, Note, Colour, Active FROM People"_qs, connection_, CursorType::Keyset,
-             LockType::Optimistic);
+  again.Open(Query(), connection_);
   fresh.Bind(again, Columns());
   GridLayout stored = layout;
   stored.columns.removeIf([](const GridColumnLayout& column) { return column.key == u"Active"_qs; });

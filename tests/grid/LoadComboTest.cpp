@@ -17,8 +17,7 @@ TEST_F(LoadComboTest, ShowsTheDisplayColumnAndKeepsTheValue) {
                         {catalog, value});
   const QString sql = u"SELECT VALORE,IDVALORE FROM FILTRI WHERE IDCATALOGO=? ORDER BY VALORE"_qs;
   QComboBox combo;
-  Recordset values;
-  LoadCombo(values, combo, sql, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1}, {catalog});
+  LoadCombo(combo, sql, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1}, {catalog});
   ASSERT_EQ(combo.count(), 2);
   EXPECT_EQ(combo.itemText(0), u"Blu \"d'oro\""_qs);
   EXPECT_EQ(combo.itemData(0), 2);
@@ -28,8 +27,8 @@ TEST_F(LoadComboTest, ShowsTheDisplayColumnAndKeepsTheValue) {
   // Filled anew when a value has come, and left as it is when the query fails.
   connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) VALUES (?,1,'Ambra')"_qs,
                       {catalog});
-  LoadCombo(values, combo, sql, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1}, {catalog});
+  LoadCombo(combo, sql, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1}, {catalog});
   EXPECT_EQ(combo.count(), 3);
-  LoadCombo(values, combo, u"SELECT nothing"_qs, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1});
+  LoadCombo(combo, u"SELECT nothing"_qs, u"VALORE"_qs, u"IDVALORE"_qs, connection_, {1});
   EXPECT_EQ(combo.itemText(0), u"Ambra"_qs);
 }

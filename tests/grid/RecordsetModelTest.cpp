@@ -35,10 +35,13 @@ class RecordsetModelTest : public StoreFixture {
   }
 
   void OpenProducts() {
-    products_.Open(
-        u"SELECT CodiceProdotto As [Codice], Descrizione, IDFiltro1 As [Colore \"d'oro\"], Pubblica, "
-        u"IDCatalogo As _IDCatalogo, OrdineTemp As Ordine FROM Prodotti NOT INDEXED WHERE IDCatalogo=?"_qs,
-        connection_, CursorType::Keyset, LockType::Optimistic, {catalog_});
+    products_.Open({u"CodiceProdotto As [Codice], Descrizione, IDFiltro1 As [Colore \"d'oro\"], Pubblica, "
+                    "IDCatalogo As _IDCatalogo, OrdineTemp As Ordine"_qs,
+                    u"Prodotti"_qs,
+                    u"IDCatalogo=?"_qs,
+                    u"IDProdotto"_qs,
+                    {catalog_}},
+                   connection_);
   }
   std::vector<GridColumn> Columns() const {
     std::vector<GridColumn> columns(7);
@@ -228,8 +231,7 @@ TEST_F(RecordsetModelTest, AddsRowsAtTheBottom) {
   EXPECT_EQ(model_.rowCount(), 5);
   EXPECT_EQ(Stored(u"Descrizione"_qs, u"7"_qs), u"new"_qs);
   EXPECT_EQ(One(u"ExtensionName"_qs, u"Extensions"_qs), u"7+"_qs);
-  products_.SetBookmark(model_.BookmarkOf(3));
-  EXPECT_EQ(products_.Value(u"Codice"_qs), u"7"_qs) << "the window's own recordset knows the row";
+  EXPECT_EQ(products_.PositionOf(model_.BookmarkOf(3)), 4) << "the window's own recordset knows the row";
 
   // The code is taken, and then what belongs to the row fails: the row stays in edit, nothing is written.
   model_.setData(At(4, Code), u"7"_qs);
@@ -291,7 +293,7 @@ TEST_F(RecordsetModelTest, DeletesASelectionWholeOrNotAtAll) {
   QList<qint64> told;
   model_.OnRowsDeleting = [&](int count) { return asked = count, answer; };
   model_.OnRowDeleting = [&](qint64 bookmark) {
-    products_.SetBookmark(bookmark);
+    products_.SetAbsolutePosition(products_.PositionOf(bookmark));
     if (products_.Value(0) == u"n5"_qs) throw std::runtime_error("in use");
     told += bookmark;
   };
@@ -362,9 +364,11 @@ TEST_F(RecordsetModelTest, ALockedDatabaseIsToldAndTheRowKept) {
 // Nothing keeps a user from giving a value the name of another column.
 TEST_F(RecordsetModelTest, ColumnsThatShareANameStayApart) {
   products_.Close();
-  products_.Open(
-      u"SELECT CodiceProdotto As [Codice], Valore1 As [Codice] FROM Prodotti WHERE IDCatalogo=?"_qs,
-      connection_, CursorType::Keyset, LockType::Optimistic, {catalog_});
+  products_.Open({.columns = u"CodiceProdotto As [Codice], Valore1 As [Codice]"_qs,
+                  .table = u"Prodotti"_qs,
+                  .where = u"IDCatalogo=?"_qs,
+                  .values = {catalog_}},
+                 connection_);
   model_.Bind(products_, {{.key = u"Codice"_qs, .field = 0}, {.key = u"Codice"_qs, .field = 1}});
   const int row = model_.FindRow(u"Codice"_qs, u"A"_qs);
   model_.setData(At(row, 1), u"value"_qs);

@@ -48,9 +48,11 @@ class ShownGrid : public StoreFixture {
 
   void Open() {
     people_.Close();
-    people_.Open(u"SELECT ID As _ID, Name, Note, Colour, Active FROM People NOT INDEXED"_qs, connection_,
-                 CursorType::Keyset, LockType::Optimistic);
+    people_.Open(Query(), connection_);
     ASSERT_TRUE(grid_->Bind(people_, Columns()));
+  }
+  static KeysetQuery Query(const QString& columns = u"ID As _ID, Name, Note, Colour, Active"_qs) {
+    return {columns, u"People"_qs, {}, u"ID"_qs, {}};
   }
   static std::vector<GridColumn> Columns() {
     return {{.key = u"Picture"_qs, .bound = false},

@@ -52,9 +52,8 @@ class GridWindow : public CatalogFixture {
     window->Connessione = std::make_unique<Connection>();
     window->Connessione->Open(connection_.ConnectionText());
     window->Connessione->Execute(u"PRAGMA synchronous=OFF"_qs);
-    window->rsCatalogo.Open(u"SELECT * FROM Cataloghi"_qs, *window->Connessione, CursorType::Keyset,
-                            LockType::Optimistic);
-    window->rsCatalogo.SetFilter(u"IDCatalogo"_qs, catalog_);
+    window->rsCatalogo.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {catalog_}},
+                            *window->Connessione);
     window->Plugins = plugins_;
     window->LoadForm();
     window->resize(1300, 500);

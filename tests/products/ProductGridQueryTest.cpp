@@ -12,13 +12,13 @@ using namespace vorlina;
 TEST_F(StoreFixture, RowsStandInTheOrderInWhichTheyCameWithoutASort) {
   const int catalog = AddCatalog(u"Catalog"_qs);
   for (const QString& code : {u"2"_qs, u"10"_qs, u"1"_qs}) AddProduct(catalog, code);
-  const QString statement = ProductGridStatement({}, {});
-  const QString keys = u"SELECT IDProdotto"_qs + statement.mid(statement.indexOf(u" FROM "_qs));
+  const KeysetQuery query = ProductGridQuery({}, catalog, {});
+  const QString tail = u" FROM Prodotti WHERE "_qs + query.where + u" ORDER BY "_qs + query.order;
   QStringList codes;
-  Rows rows(connection_, QString(keys).replace(u"IDProdotto FROM"_qs, u"CodiceProdotto FROM"_qs), {catalog});
+  Rows rows(connection_, u"SELECT CodiceProdotto"_qs + tail, query.values);
   while (rows.Next()) codes += rows.Value(0).toString();
   EXPECT_EQ(codes.join(u' '), u"2 10 1"_qs);
-  Rows plan(connection_, u"EXPLAIN QUERY PLAN "_qs + keys, {catalog});
+  Rows plan(connection_, u"EXPLAIN QUERY PLAN SELECT rowid"_qs + tail, query.values);
   while (plan.Next()) EXPECT_FALSE(plan.Value(3).toString().contains(u"TEMP B-TREE"_qs));
 }
 
@@ -40,14 +40,13 @@ TEST_F(StoreFixture, TheGridHasFifteenColumnsWhateverTheNames) {
   for (const Case& one : cases) {
     connection_.Execute(u"UPDATE Cataloghi SET NomeValore2=?, NomeFiltro3=?"_qs, {one.value, one.filter});
     Recordset rsCatalogo;
-    rsCatalogo.Open(u"SELECT * FROM Cataloghi"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+    rsCatalogo.Open({.table = u"Cataloghi"_qs}, connection_);
     const ProductGridFields fields = ProductGridFields::Of(rsCatalogo);
     EXPECT_EQ(fields.values[1].key, one.valueKey);
     EXPECT_EQ(fields.filters[2].key, one.filterKey);
     EXPECT_EQ(fields.NumeroFiltri, one.filters);
     Recordset rsGriglia;
-    rsGriglia.Open(ProductGridStatement(fields, u" AND CodiceProdotto LIKE 'o''n%'"_qs), connection_,
-                   CursorType::Keyset, LockType::Optimistic, {catalog});
+    rsGriglia.Open(ProductGridQuery(fields, catalog, u" AND CodiceProdotto LIKE 'o''n%'"_qs), connection_);
     ASSERT_EQ(rsGriglia.Fields().Count(), 15);
     ASSERT_EQ(rsGriglia.RecordCount(), 1);
     EXPECT_EQ(rsGriglia.Value(0), u"O'Neil"_qs);

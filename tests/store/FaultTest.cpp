@@ -97,7 +97,7 @@ TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
     writer.Open(ConnectionTextFor(Path()));
     Transaction transaction(writer);
     Recordset images;
-    images.Open(u"SELECT * FROM IMMAGINI WHERE 1=2"_qs, writer, CursorType::Keyset, LockType::Optimistic);
+    images.Open({.table = u"Immagini"_qs, .where = u"FALSE"_qs}, writer);
     images.AddNew();
     images.SetValue(u"IDCatalogo"_qs, 1);
     images.SetValue(u"CodiceProdotto"_qs, u"P9"_qs);

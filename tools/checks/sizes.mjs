@@ -12,7 +12,6 @@ const MostOfClass = 500;
 // Classes with more than one duty. Until they are taken apart they do not grow beyond these lines.
 const larger = {
   'src/grid RecordsetModel': 680,
-  'src/store Recordset': 690,
 };
 export const problems = [];
 

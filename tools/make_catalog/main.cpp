@@ -10,7 +10,6 @@
 #include "CatalogWriter.h"
 #include "base/Error.h"
 #include "base/SafeFile.h"
-#include "store/Transaction.h"
 
 using namespace vorlina;
 

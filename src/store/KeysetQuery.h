@@ -1,0 +1,24 @@
+// Which rows a recordset shows, with the pieces of the SELECT apart, so that keys and rows can be asked for
+// alone.
+#pragma once
+
+#include <QString>
+#include <QVariantList>
+
+namespace vorlina {
+
+struct KeysetQuery {
+  QString columns = u"*"_qs;  // as behind SELECT
+  QString table = {};         // one table, under its own name
+  QString where = {};         // a condition, "?" for each value; empty for every row
+  QString order = {};         // as behind ORDER BY; empty for whatever order the database finds
+  QVariantList values = {};
+};
+
+// A name in double quotes, for tables, columns and aliases.
+inline QString QuoteName(const QString& name) {
+  QString quoted = name;
+  return u'"' + quoted.replace(u'"', u"\"\""_qs) + u'"';
+}
+
+}  // namespace vorlina
