@@ -49,6 +49,8 @@ class Data {
           "n");
     }
     connection.Open(ConnectionTextFor(path));
+    // The bare statements write without a transaction of the program's.
+    sqlite3_commit_hook(connection.Database().getHandle(), nullptr, nullptr);
     for (int i = 0; i < FilterCount; ++i)
       lookup.push_back({i + 1, u"Colour "_qs + QString::number((i + 1) * 7919 % FilterCount)});
   }

@@ -102,12 +102,6 @@ TEST_F(RecordsetModelTest, ShowsValuesByTheirKind) {
     return role == Qt::DecorationRole ? model_.Value(row, u"Codice"_qs) : QVariant();
   };
   EXPECT_EQ(At(2, Picture).data(Qt::DecorationRole), u"B"_qs);
-  GridColumn wrapped = model_.Column(Code);
-  wrapped.caption = u"Codice"_qs;
-  wrapped.alignment = Qt::AlignCenter;
-  model_.SetColumn(Code, wrapped);
-  EXPECT_EQ(model_.headerData(Code, Qt::Horizontal), u"Codice"_qs);
-  EXPECT_EQ(At(0, Code).data(Qt::TextAlignmentRole).value<Qt::Alignment>(), Qt::AlignCenter);
   model_.SetAddNewRow(false);
   EXPECT_EQ(model_.rowCount(), 3);
   model_.SetAddNewRow(true);

@@ -133,22 +133,6 @@ TEST_F(DatabaseTest, AForeignDatabaseIsNotEvenTidiedUp) {
   EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), files);
 }
 
-TEST_F(DatabaseTest, WhatAKilledRunLeftIsTakenBack) {
-  AddCatalog(u"kept"_qs);
-  connection_.Execute(u"PRAGMA cache_size=1"_qs);
-  connection_.BeginTrans();
-  for (int i = 0; i < 300; ++i) AddCatalog(u"lost"_qs + QString(300, u'x'));
-  const QByteArray half = ContentOf(Path());
-  const QByteArray journal = ContentOf(Path() + u"-journal"_qs);
-  connection_.RollbackTrans();
-  ASSERT_FALSE(journal.isEmpty());
-  WritingConnection other;
-  const QString path = File(u"half.db"_qs, half);
-  File(u"half.db-journal"_qs, journal);
-  OpenCatalogDatabase(other, path);
-  EXPECT_EQ(GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, other, {}), 1);
-}
-
 TEST_F(DatabaseTest, PartsOfATransactionAreTakenBackAlone) {
   Transaction outer(connection_);
   AddCatalog(u"first"_qs);
@@ -311,26 +295,6 @@ TEST_F(DatabaseTest, EveryFailureOfTheFileSystemLeavesAWholeDatabase) {
     EXPECT_TRUE(CheckDatabase(connection_).isEmpty()) << limit;
   }
   EXPECT_GT(failures, 3);
-}
-
-TEST_F(DatabaseTest, WhatBelongsToARowGoesAndChangesWithIt) {
-  const int catalog = AddCatalog(u"c"_qs);
-  AddProduct(catalog, u"D'1"_qs);
-  connection_.Execute(u"INSERT INTO Extensions (ExtensionName,P) VALUES ('x',TRUE)"_qs);
-  for (const QString& table :
-       {u"Immagini (IDCatalogo,CodiceProdotto)"_qs, u"SchedeTecniche (IDCatalogo,CodiceProdotto)"_qs})
-    connection_.Execute(u"INSERT INTO "_qs + table + u" VALUES (?,'d''1')"_qs, {catalog});
-  connection_.Execute(u"INSERT INTO PExtension (IDCatalogo,CodiceProdotto,IDExtension) VALUES (?,?,1)"_qs,
-                      {catalog, u"D'1"_qs});
-  connection_.Execute(u"INSERT INTO CExtension (IDCatalogo,IDExtension) VALUES (?,1)"_qs, {catalog});
-  connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro) VALUES (?,1)"_qs, {catalog});
-  connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto='È \"2\" 50%'"_qs);
-  for (const QString& table : {u"Immagini"_qs, u"SchedeTecniche"_qs, u"PExtension"_qs})
-    EXPECT_EQ(One(u"CodiceProdotto"_qs, table), u"È \"2\" 50%"_qs) << table;
-  connection_.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=?"_qs, {catalog});
-  for (const QString& table : {u"Prodotti"_qs, u"Immagini"_qs, u"SchedeTecniche"_qs, u"PExtension"_qs,
-                               u"CExtension"_qs, u"Filtri"_qs})
-    EXPECT_EQ(Count(table), 0) << table;
 }
 
 TEST_F(DatabaseTest, TextsMatchWithoutRegardToCaseInEveryScriptAndSortByLocale) {

@@ -164,16 +164,6 @@ TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
   EXPECT_TRUE(std::is_sorted(given.begin(), given.end()));
 }
 
-TEST_F(RecordsetTest, ANumberOfARolledBackRowIsNotGivenToAnotherProgram) {
-  Recordset pictures = OpenPictures(connection_);
-  connection_.BeginTrans();
-  const qint64 given = AddPicture(pictures);
-  connection_.RollbackTrans();
-  Connection other;
-  other.Open(connection_.ConnectionText());
-  EXPECT_GE(GetValue(u"seq"_qs, u"sqlite_sequence"_qs, other, u"name='Immagini'"_qs).toLongLong(), given);
-}
-
 TEST_F(RecordsetTest, AColumnOfNumbersTakesNumbersAlone) {
   Recordset products = OpenProducts();
   for (const auto& [field, value] :
