@@ -18,9 +18,10 @@
 #include "base/AppPath.h"
 #include "base/Language.h"
 #include "base/SafeFile.h"
-#include "images/ImagePipeline.h"
 #include "images/JpegCodec.h"
+#include "images/PictureFolder.h"
 #include "images/PicturePage.h"
+#include "images/PictureRendering.h"
 #include "images/ScreenPicture.h"
 #include "images/frmImageViewer.h"
 

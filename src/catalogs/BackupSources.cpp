@@ -5,8 +5,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "store/Connection.h"
-#include "store/SampleData.h"
+#include "images/PictureStore.h"
 
 namespace vorlina {
 namespace {
@@ -46,19 +45,14 @@ PictureGaps PictureRows::Compare(Connection& connection, const QSet<QString>& pr
   const QString inside = KeyOf(root_ + u"/Images/"_qs);
   PictureGaps gaps;
   QSet<QString> seen;
-  for (const SamplePath& column : SamplePaths) {
-    Rows rows(connection, u"SELECT %2 FROM %1 WHERE %2<>''"_qs.arg(QString::fromUtf16(column.table),
-                                                                   QString::fromUtf16(column.column)));
-    while (rows.Next()) {
-      const QString path = rows.Value(0).toString();
-      const QString key = KeyOf(path);
-      if (present.contains(key) || seen.contains(key)) continue;
-      seen.insert(key);
-      // A path that leads elsewhere and to nothing is that of a folder that was moved without its pictures.
-      const bool elsewhere = !key.startsWith(inside) && QFileInfo(path).isFile();
-      (elsewhere ? gaps.outside : gaps.missing) += path;
-    }
-  }
+  ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
+    const QString key = KeyOf(picture.path);
+    if (present.contains(key) || seen.contains(key)) return;
+    seen.insert(key);
+    // A path that leads elsewhere and to nothing is that of a folder that was moved without its pictures.
+    const bool elsewhere = !key.startsWith(inside) && QFileInfo(picture.path).isFile();
+    (elsewhere ? gaps.outside : gaps.missing) += picture.path;
+  });
   return gaps;
 }
 

@@ -9,6 +9,7 @@
 
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
@@ -61,22 +62,17 @@ const KindText& TextOf(FindingKind kind) {
                        [=](const KindText& text) { return text.kind == kind; });
 }
 
-// The columns that name pictures, with what tells the row. Main images have thumbnails.
-struct PictureQuery {
-  const char16_t* table;
-  const char16_t* sql;
-  bool thumbnails;
-};
-
-const PictureQuery PictureQueries[] = {
-    {u"Cataloghi", u"SELECT IDCatalogo, Logo FROM Cataloghi WHERE Logo<>''", false},
-    {u"Prodotti", u"SELECT IDCatalogo || ' ' || CodiceProdotto, Immagine FROM Prodotti WHERE Immagine<>''",
-     true},
-    {u"Immagini",
-     u"SELECT IDCatalogo || ' ' || CodiceProdotto || ' ' || IDImmagine, Immagine FROM Immagini "
-     "WHERE Immagine<>''",
-     false},
-};
+// What tells the row.
+QString SubjectOf(const NamedPicture& picture) {
+  switch (picture.use) {
+    case PictureUse::Logo:
+      return u"Cataloghi %1"_qs.arg(picture.IDCatalogo);
+    case PictureUse::Main:
+      return u"Prodotti %1 "_qs.arg(picture.IDCatalogo) + picture.CodiceProdotto;
+    default:
+      return u"Immagini %1 "_qs.arg(picture.IDCatalogo) + picture.CodiceProdotto + u" %1"_qs.arg(picture.row);
+  }
+}
 
 class Check {
  public:
@@ -88,7 +84,7 @@ class Check {
   std::vector<Finding> Run() {
     for (const QString& text : CheckDatabase(connection_)) Add(FindingKind::Database, text);
     ReadFolder();
-    for (const PictureQuery& query : PictureQueries) CheckPictures(query);
+    ForEachNamedPicture(connection_, [this](const NamedPicture& picture) { CheckPicture(picture); });
     for (int filter = 1; filter <= 5; ++filter) CheckFilter(filter);
     CheckFiles();
     std::stable_sort(findings_.begin(), findings_.end(),
@@ -107,27 +103,20 @@ class Check {
     while (files.hasNext()) present_.insert(files.next().mid(images_.size()));
   }
 
-  void CheckPictures(const PictureQuery& query) {
-    Rows rows(connection_, QString::fromUtf16(query.sql));
-    while (rows.Next()) {
-      const QString subject = QString::fromUtf16(query.table) + u' ' + rows.Value(0).toString();
-      CheckPicture(subject, rows.Value(1).toString(), query.thumbnails);
-    }
-  }
-
-  void CheckPicture(const QString& subject, const QString& path, bool thumbnail) {
-    const QString name = folder_.NameOf(path);
+  void CheckPicture(const NamedPicture& picture) {
+    const QString name = folder_.NameOf(picture.path);
     if (name.isEmpty()) {
-      Add(IsPictureFile(path) ? FindingKind::OutsidePicture : FindingKind::MissingPicture, subject, path);
+      Add(IsPictureFile(picture.path) ? FindingKind::OutsidePicture : FindingKind::MissingPicture,
+          SubjectOf(picture), picture.path);
       return;
     }
     used_.insert(name);
-    if (!present_.contains(name)) Add(FindingKind::MissingPicture, subject, path);
-    if (!thumbnail) return;
-    const QString thumbnailName = u't' + name;
-    used_.insert(thumbnailName);
-    if (present_.contains(name) && !present_.contains(thumbnailName))
-      Add(FindingKind::MissingThumbnail, subject, FolderOf(path) + u't' + FileNameOf(path, true));
+    if (!present_.contains(name)) Add(FindingKind::MissingPicture, SubjectOf(picture), picture.path);
+    if (picture.use != PictureUse::Main) return;
+    const QString thumbnail = ThumbnailName(name);
+    used_.insert(thumbnail);
+    if (present_.contains(name) && !present_.contains(thumbnail))
+      Add(FindingKind::MissingThumbnail, SubjectOf(picture), QDir::toNativeSeparators(images_ + thumbnail));
   }
 
   void CheckFilter(int filter) {

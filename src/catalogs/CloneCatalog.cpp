@@ -2,17 +2,15 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLoggingCategory>
 
 #include "base/Helpers.h"
+#include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/Connection.h"
 #include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
-
-Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
 
 // Columns that a copied row takes over as they are.
 const char16_t CatalogColumns[] =
@@ -38,7 +36,9 @@ int CountPictures(int IDCatalogo, Connection& connection) {
 int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progress) {
   bool ending = false;
   try {
-    Transaction transaction(connection_);
+    Transaction transaction(connection_, {"Duplicazione del catalogo %1", {QString::number(OldID_)}});
+    PictureChange files(transaction, connection_);
+    files_ = &files;
     total_ = CountPictures(OldID_, connection_);
     CopyCatalogRow(prefix);
     CopyProducts();
@@ -47,15 +47,12 @@ int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progres
     CopyRest();
     CopiaImmaginiDuplicate(true, progress);
     // The files are on the disk before a row names them.
-    SyncFiles(made_);
+    files.Sync();
     ending = true;
     transaction.Commit();
   } catch (const std::exception& error) {
     // A disk that fails at the very end has the clone reported as failed, although its rows are there.
-    if (!ending || !IsStored()) {
-      RemoveUnnamedPictures({{}, made_}, connection_);
-      throw;
-    }
+    if (!ending || !IsStored()) throw;
     diskError_ = DescriptionOf(error);
   }
   return NewID_;
@@ -142,8 +139,8 @@ void CatalogClone::CopyRest() {
   connection_.KeepCounter(u"Immagini"_qs, connection_.LastInsertId());
 }
 
-std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additional) const {
-  std::vector<NamedPicture> pictures;
+std::vector<CatalogClone::Picture> CatalogClone::PicturesToCopy(bool additional) const {
+  std::vector<Picture> pictures;
   Rows rows(connection_,
             additional
                 ? u"SELECT IDImmagine,Immagine FROM Immagini WHERE IDCatalogo=? AND Immagine IS NOT NULL"_qs
@@ -156,9 +153,9 @@ std::vector<CatalogClone::NamedPicture> CatalogClone::NamedPictures(bool additio
 void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progress) {
   const QString update = additional ? u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs
                                     : u"UPDATE Prodotti SET Immagine=? WHERE IDProdotto=?"_qs;
-  const std::vector<NamedPicture> pictures = NamedPictures(additional);
-  for (const NamedPicture& picture : pictures) taken_.insert(keys_.Of(picture.path));
-  for (const NamedPicture& picture : pictures) {
+  const std::vector<Picture> pictures = PicturesToCopy(additional);
+  for (const Picture& picture : pictures) taken_.insert(keys_.Of(picture.path));
+  for (const Picture& picture : pictures) {
     Report(progress, done_++, total_, FileNameOf(picture.path, true));
     connection_.Execute(update, {CopyPicture(picture, additional), picture.key});
   }
@@ -166,22 +163,22 @@ void CatalogClone::CopiaImmaginiDuplicate(bool additional, const Progress& progr
 
 // Copies the file into "Images", wherever it lies, and gives the copy's path, also where there was none to
 // copy.
-QString CatalogClone::CopyPicture(const NamedPicture& picture, bool additional) {
+QString CatalogClone::CopyPicture(const Picture& picture, bool additional) {
   const QString name = FileNameOf(picture.path, true);
   if (name.isEmpty() || name == u"." || name == u"..") return picture.path;
   const qsizetype dot = name.lastIndexOf(u'.');
   const QString number = QString::number(picture.key) + (dot < 0 ? QString() : name.mid(dot));
   QString target = ChoosePath(additional ? QStringList{number} : NewNames(name));
-  if (CopyFile(picture.path, target) == StagedCopy::NotRead) unread_ += picture.path;
-  if (!additional) CopyFile(FolderOf(picture.path) + u't' + name, ThumbnailPath(target));
+  const PictureUse use = additional ? PictureUse::Additional : PictureUse::Main;
+  if (files_->CopyStaged(use, picture.path, target) == StagedCopy::NotRead) unread_ += picture.path;
   return target;
 }
 
 // The old catalog's number gives way to the new one wherever it stands before a hyphen, in a product's code
 // too. Where that is another picture's name, it does so at the head alone.
 QStringList CatalogClone::NewNames(const QString& name) const {
-  const QString before = QString::number(OldID_) + u'-';
-  const QString after = QString::number(NewID_) + u'-';
+  const QString before = CatalogPrefix(OldID_);
+  const QString after = CatalogPrefix(NewID_);
   QStringList names{QString(name).replace(before, after)};
   if (name.startsWith(before)) names += after + name.mid(before.size());
   return names;
@@ -193,7 +190,7 @@ QString CatalogClone::ChoosePath(const QStringList& names) {
   for (const QString& name : names)
     if (IsFree(path = PicturePath(name))) break;
   for (int i = 1; !IsFree(path); ++i)
-    path = PicturePath(QString::number(NewID_) + u'-' + QString::number(i) + u'-' + names.last());
+    path = PicturePath(CatalogPrefix(NewID_) + CatalogPrefix(i) + names.last());
   taken_.insert(keys_.Of(path));
   return path;
 }
@@ -209,22 +206,10 @@ bool CatalogClone::IsFree(const QString& path) {
 bool CatalogClone::IsNamed(const QString& path) {
   if (!named_) {
     named_.emplace();
-    ForEachNamedPath(connection_, {}, [this](const QString& named) { named_->insert(keys_.Of(named)); });
+    ForEachNamedPicture(connection_,
+                        [this](const NamedPicture& picture) { named_->insert(keys_.Of(picture.path)); });
   }
   return named_->contains(keys_.Of(path));
-}
-
-// Where there is nothing to copy, nothing is to stand there: a leftover would be another picture.
-StagedCopy CatalogClone::CopyFile(const QString& source, const QString& target) {
-  const bool isOther = QFile::exists(source) && !IsPictureFile(source);
-  const StagedCopy copied = isOther ? StagedCopy::NotRead : CopyStagedFile(source, target);
-  if (copied == StagedCopy::Made) {
-    made_ += target;
-  } else {
-    qCDebug(catalogs) << "not copied" << source;
-    QFile::remove(target);
-  }
-  return copied;
 }
 
 }  // namespace vorlina

@@ -9,11 +9,11 @@
 
 #include "base/PathKeys.h"
 #include "base/Progress.h"
-#include "base/SafeFile.h"
 
 namespace vorlina {
 
 class Connection;
+class PictureChange;
 
 // How many pictures a catalog's rows name, the additional ones included.
 int CountPictures(int IDCatalogo, Connection& connection);
@@ -35,7 +35,7 @@ class CatalogClone {
   QStringList Warnings() const;
 
  private:
-  struct NamedPicture {
+  struct Picture {
     qint64 key;  // of the product row, or IDImmagine
     QString path;
   };
@@ -45,21 +45,20 @@ class CatalogClone {
   void CopyFilters();
   void CopyRest();
   void CopiaImmaginiDuplicate(bool additional, const Progress& progress);
-  std::vector<NamedPicture> NamedPictures(bool additional) const;
-  QString CopyPicture(const NamedPicture& picture, bool additional);
+  std::vector<Picture> PicturesToCopy(bool additional) const;
+  QString CopyPicture(const Picture& picture, bool additional);
   QStringList NewNames(const QString& name) const;
   QString ChoosePath(const QStringList& names);
   bool IsFree(const QString& path);
   bool IsNamed(const QString& path);
-  StagedCopy CopyFile(const QString& source, const QString& target);
   bool IsStored();
 
   int OldID_;
   int NewID_ = 0;
   Connection& connection_;
+  PictureChange* files_ = nullptr;  // of the transaction
   int done_ = 0;
   int total_ = 0;
-  QStringList made_;    // files, in order
   QStringList unread_;  // files that are there
   QString diskError_;   // that came once the rows were there
   PathKeys keys_;

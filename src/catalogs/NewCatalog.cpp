@@ -6,10 +6,12 @@
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Messages.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
+#include "images/PictureStore.h"
 #include "publish/EscapedNames.h"
 #include "store/GetValue.h"
 #include "store/Recordset.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
@@ -47,7 +49,8 @@ void SetNames(Recordset& catalogs, const QString& column, const QStringList& nam
     catalogs.SetValue(column + QString::number(i + 1), TextOrNull(EscapeName(names[i])));
 }
 
-void StoreRow(Recordset& catalogs, NewCatalog& catalog) {
+void StoreRow(Recordset& catalogs, NewCatalog& catalog, Connection& connection) {
+  Transaction transaction(connection, {"Nuovo catalogo %1", {catalog.NomeCatalogo}});
   // A row that an earlier attempt stored may have been deleted since.
   if (catalogs.IsEOF()) catalogs.AddNew();
   catalogs.SetValue(u"NomeCatalogo"_qs, catalog.NomeCatalogo);
@@ -57,17 +60,20 @@ void StoreRow(Recordset& catalogs, NewCatalog& catalog) {
   for (auto text = catalog.company.cbegin(); text != catalog.company.cend(); ++text)
     catalogs.SetValue(text.key(), TextOrNull(text.value()));
   catalogs.Update();
+  transaction.Commit();
   catalog.IDCatalogo = catalogs.Value(u"IDCatalogo"_qs).toInt();
 }
 
-void StoreLogo(Recordset& catalogs, const NewCatalog& catalog) {
+void StoreLogo(Recordset& catalogs, const NewCatalog& catalog, Connection& connection) {
   if (catalog.LogoPath.isEmpty() || !QFileInfo::exists(catalog.LogoPath)) return;
-  const QString target = PicturePath(QString::number(catalog.IDCatalogo) + u"-Logo.jpg"_qs);
-  CopyPicture(catalog.LogoPath, target);
+  Transaction transaction(connection, {"Logo di %1", {catalog.NomeCatalogo}});
+  const QString target = LogoPath(catalog.IDCatalogo);
+  PictureChange(transaction, connection).Take(catalog.LogoPath, target);
   catalogs.SetValue(u"Logo"_qs, target);
   catalogs.SetValue(u"Height"_qs, catalog.logoSize.height());
   catalogs.SetValue(u"Width"_qs, catalog.logoSize.width());
   catalogs.Update();
+  transaction.Commit();
 }
 
 }  // namespace
@@ -123,8 +129,8 @@ void StoreCatalog(Connection& connection, NewCatalog& catalog) {
   const QVariant row = catalog.IDCatalogo == 0 ? NullValue() : QVariant(catalog.IDCatalogo);
   Recordset catalogs;
   catalogs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {row}}, connection);
-  StoreRow(catalogs, catalog);
-  StoreLogo(catalogs, catalog);
+  StoreRow(catalogs, catalog, connection);
+  StoreLogo(catalogs, catalog, connection);
 }
 
 QString CatalogCaption(const QString& name, const QVariant& description) {

@@ -138,9 +138,9 @@ class RecordsetModel : public QAbstractTableModel {
   std::function<void(int row, qint64 bookmark, bool added)> OnRowWriting;
   // Once for a deletion, before anything is; false leaves all as it is.
   std::function<bool(int count)> OnRowsDeleting;
-  // Per row, inside the deletion's transaction. What cannot be rolled back, as files, belongs behind it, into
-  // RowsDeleted. An exception ends the deletion with nothing deleted.
-  std::function<void(qint64 bookmark)> OnRowDeleting;
+  // Deletes the rows in place of the recordset, with what belongs to them, all or none. Those that are gone
+  // are no failure. An exception ends the deletion with nothing deleted.
+  std::function<void(const std::vector<qint64>& bookmarks)> DeleteBy;
   // True where SetLookup has made the text known meanwhile.
   std::function<bool(int column, const QString& text)> OnNotInList;
   // The data of unbound columns.

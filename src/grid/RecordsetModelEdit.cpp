@@ -228,7 +228,7 @@ bool RecordsetModel::DeleteRows(QList<int> rows) {
   for (const int row : rows) deletions.push_back(BookmarkOf(row));
   if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
   if (givesUp) Revert();
-  if (!Attempt([&] { rows_.DeleteRows(deletions, OnRowDeleting); })) {
+  if (!Attempt([&] { DeleteBy ? DeleteBy(deletions) : rows_.DeleteRows(deletions, {}); })) {
     cache_.Clear();
     ShowAgain(0, shownRows_ - 1);
     return false;

@@ -2,20 +2,16 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLoggingCategory>
 #include <algorithm>
 
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Settings.h"
-#include "store/Connection.h"
-#include "store/GetValue.h"
+#include "images/PictureFolder.h"
 
 namespace vorlina {
 namespace {
-
-Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 // A file of more than this is no photograph, and is not taken into memory.
 constexpr qint64 LargestFile = 512LL * 1024 * 1024;
@@ -43,14 +39,11 @@ auto OfFile(const QString& path, Step&& step) {
   }
 }
 
-// A step whose failure is passed over, with a line in the log.
-template <class Step>
-void Skipping(const QString& what, Step&& step) {
-  try {
-    step();
-  } catch (const std::exception& error) {
-    qCDebug(images) << what << DescriptionOf(error);
-  }
+template <class Preparation>
+PreparedPicture PrepareFile(const QString& path, Preparation&& prepare) {
+  const double limit = PictureLimit();
+  const PictureSettings settings = ReadPictureSettings();
+  return OfFile(path, [&](const QByteArray& jpeg) { return prepare(jpeg, limit, settings); });
 }
 
 }  // namespace
@@ -81,10 +74,6 @@ QByteArray ReadPictureFile(const QString& path) {
   return jpeg;
 }
 
-QSize MeasureImage(const QString& path) {
-  return OfFile(path, [](const QByteArray& jpeg) { return UprightSize(ReadJpegHead(jpeg)); });
-}
-
 QSize MeasureWholeImage(const QString& path) {
   return OfFile(path, [](const QByteArray& jpeg) {
     DecodeJpeg(jpeg, QSize(1, 1));
@@ -92,54 +81,8 @@ QSize MeasureWholeImage(const QString& path) {
   });
 }
 
-ResizeResult ResizeImage(const QString& path, double limit) {
-  const FittedJpeg fitted =
-      OfFile(path, [=](const QByteArray& jpeg) { return FitToLimit(jpeg, limit, ReadPictureSettings()); });
-  if (!fitted.jpeg.isEmpty()) Skipping(path, [&] { WritePicture(path, fitted.jpeg); });
-  return fitted.sizes;
-}
+PreparedPicture PrepareMainFile(const QString& path) { return PrepareFile(path, PrepareMain); }
 
-void CreateThumbnail(const QString& path, double limit) {
-  QByteArray thumbnail;
-  Skipping(path, [&] { thumbnail = RenderThumbnail(ReadPictureFile(path), limit); });
-  StoreThumbnail(path, thumbnail);
-}
-
-void StoreThumbnail(const QString& path, const QByteArray& thumbnail) {
-  Skipping(path, [&] {
-    try {
-      if (thumbnail.isEmpty()) throw Error(u"no thumbnail"_qs);
-      WritePicture(ThumbnailPath(path), thumbnail);
-    } catch (const Error&) {
-      QFile::remove(ThumbnailPath(path));
-      throw;
-    }
-  });
-}
-
-void ReRenderImage(const QString& path) {
-  Skipping(path,
-           [&] { WritePicture(path, RenderAgain(ReadPictureFile(path), ReadPictureSettings().quality)); });
-}
-
-PictureFiles ProductImageFiles(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
-  const QString where = u"IDCatalogo=? AND CodiceProdotto=?"_qs;
-  PictureFiles files;
-  Skipping(u"ProductImageFiles"_qs, [&] {
-    const QString image = NullToEmpty(
-        GetValue(u"Immagine"_qs, u"Prodotti"_qs, connection, where, {IDCatalogo, CodiceProdotto}));
-    if (!image.isEmpty()) files.main += image;
-  });
-  Skipping(u"ProductImageFiles"_qs, [&] {
-    Rows rows(connection, u"SELECT Immagine FROM Immagini WHERE "_qs + where, {IDCatalogo, CodiceProdotto});
-    while (rows.Next()) files.others += NullToEmpty(rows.Value(0));
-  });
-  return files;
-}
-
-void DeleteProductImages(const QString& CodiceProdotto, int IDCatalogo, Connection& connection) {
-  RemoveUnnamedPictures(ProductImageFiles(CodiceProdotto, IDCatalogo, connection), connection,
-                        {IDCatalogo, CodiceProdotto, true});
-}
+PreparedPicture PrepareAdditionalFile(const QString& path) { return PrepareFile(path, PrepareAdditional); }
 
 }  // namespace vorlina

@@ -8,6 +8,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
+#include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
@@ -110,7 +111,7 @@ int Fit(Connection& connection) {
   paths.erase(paths.begin(), others);
   const std::vector<Move> moves = MovesOf(paths, connection);
   if (samples == 0 && moves.empty()) return 0;
-  Transaction transaction(connection);
+  Transaction transaction(connection, {"Percorsi delle immagini adattati a questa cartella", {}});
   if (samples > 0) RebaseAllSampleData(connection, AppPath());
   const int changed = samples + Make(moves, connection);
   transaction.Commit();

@@ -88,6 +88,34 @@ QByteArray RenderAgain(const QByteArray& jpeg, int quality) {
   return EncodeJpeg(Prepared(DecodeJpeg(jpeg, {}), head, head.size), quality);
 }
 
+PreparedPicture PrepareMain(const QByteArray& jpeg, double limit, const PictureSettings& settings) {
+  FittedJpeg fitted = FitToLimit(jpeg, limit, settings);
+  const bool stays = fitted.jpeg.isEmpty();
+  PreparedPicture picture{fitted.jpeg, {}, stays ? UprightSize(ReadJpegHead(jpeg)) : fitted.image.Size()};
+  try {
+    picture.thumbnail = stays ? RenderThumbnail(jpeg, ThumbnailLimit)
+                              : RenderThumbnail(std::move(fitted.image), ThumbnailLimit);
+  } catch (const std::exception& error) {
+    // A missing thumbnail is not reported: the picture itself is shown in its place.
+    qCDebug(images) << "no thumbnail:" << DescriptionOf(error);
+  }
+  return picture;
+}
+
+PreparedPicture PrepareAdditional(const QByteArray& jpeg, double limit, const PictureSettings& settings) {
+  FittedJpeg fitted = FitToLimit(jpeg, limit, settings);
+  PreparedPicture picture{fitted.jpeg, {}, {}};
+  if (fitted.sizes.source == fitted.sizes.target && settings.reRender) {
+    try {
+      picture.jpeg = RenderAgain(fitted.jpeg.isEmpty() ? jpeg : fitted.jpeg, settings.quality);
+    } catch (const std::exception& error) {
+      qCDebug(images) << "not encoded again:" << DescriptionOf(error);
+    }
+  }
+  picture.size = UprightSize(ReadJpegHead(picture.jpeg.isEmpty() ? jpeg : picture.jpeg));
+  return picture;
+}
+
 qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings) {
   const qint64 pixels = qint64(head.size.width()) * head.size.height();
   const qint64 limitPixels = qint64(limit * limit);

@@ -30,6 +30,16 @@ struct FittedJpeg {
   PlanarImage image;  // what was encoded: upright, in sRGB
 };
 
+// A picture as it is to be stored.
+struct PreparedPicture {
+  QByteArray jpeg;       // empty where the file is to be copied as it is
+  QByteArray thumbnail;  // empty where it could not be made, and for an additional image
+  QSize size;            // of the upright picture
+};
+
+// The limit of a thumbnail's longer side, in pixels.
+inline constexpr int ThumbnailLimit = 200;
+
 // The size of the upright picture.
 QSize UprightSize(const JpegHead& head);
 
@@ -45,6 +55,12 @@ QByteArray RenderThumbnail(PlanarImage image, double limit);
 
 // The picture in its own size, decoded and encoded. Throws Error.
 QByteArray RenderAgain(const QByteArray& jpeg, int quality);
+
+// A main image: fitted, with its thumbnail. Throws Error for a picture that cannot be decoded whole.
+PreparedPicture PrepareMain(const QByteArray& jpeg, double limit, const PictureSettings& settings);
+// An additional image: fitted, and encoded once more where it was not shrunk and the settings say so. Throws
+// Error as above.
+PreparedPicture PrepareAdditional(const QByteArray& jpeg, double limit, const PictureSettings& settings);
 
 // An estimate of the bytes that FitToLimit takes besides the picture's own.
 qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings);

@@ -5,42 +5,34 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMultiHash>
-#include <filesystem>
-#include <system_error>
 
-#include "base/AppPath.h"
-#include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Language.h"
-#include "base/SafeFile.h"
+#include "images/PictureFolder.h"
 #include "store/Connection.h"
+#include "store/Ranks.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
-QString NameIn(const QString& path) {
-  const QString clean = QDir::fromNativeSeparators(path);
-  return clean.mid(clean.lastIndexOf(u'/') + 1);
-}
-
-// What has the name goes where it is no file of its own: it would be written through.
-void MakeRoom(const QString& path) {
-  if (!PictureFolder().Holds(path))
-    throw Error(EitherLanguage(
-                    u"Il file %1 non viene scritto: non si trova nella cartella \"Images\" del programma."_qs,
-                    u"The file %1 is not written: it does not lie in the program's folder \"Images\"."_qs)
-                    .arg(path));
-  const QFileInfo file(path);
-  if (file.isSymLink() || (file.exists() && !file.isFile())) QFile::remove(path);
-}
+QString NameIn(const QString& path) { return path.mid(path.lastIndexOf(u'/') + 1); }
 
 void Remove(const QString& path) {
   if (!QFile::remove(path)) qCDebug(images) << "not removed" << path;
 }
 
-void RemoveUnnamed(const PictureFiles& files, Connection& connection, const ExceptProduct& except) {
+// What has the name goes where it is no file of its own: it would be written through.
+void MakeRoom(const QString& path) {
+  const QFileInfo file(path);
+  if (file.isSymLink() || (file.exists() && !file.isFile())) Remove(path);
+}
+
+// Removes those of the files that lie in "Images" and that no row names.
+void RemoveUnnamed(const PictureFiles& files, Connection& connection) {
+  if (files.main.isEmpty() && files.others.isEmpty()) return;
   PictureFolder folder;
   QStringList ours;
   const auto take = [&](const QString& path) {
@@ -58,96 +50,167 @@ void RemoveUnnamed(const PictureFiles& files, Connection& connection, const Exce
     thumbnails += ThumbnailPath(path);
   }
   if (ours.isEmpty()) return;
-  const QSet<QString> named = NamedPictures(ours + thumbnails, connection, except);
+  const QSet<QString> named = NamedPictures(ours + thumbnails, connection);
   for (const QString& path : ours)
     if (!named.contains(path)) Remove(path);
   for (const QString& path : withThumbnail)
     if (!named.contains(path) && !named.contains(ThumbnailPath(path))) Remove(ThumbnailPath(path));
 }
 
+QStringList Paths(Connection& connection, const QString& sql, const QVariantList& values) {
+  QStringList paths;
+  Rows rows(connection, sql, values);
+  while (rows.Next()) paths += rows.Value(0).toString();
+  return paths;
+}
+
 }  // namespace
 
-PictureFolder::PictureFolder() : PictureFolder(AppFile(u"Images"_qs)) {}
-
-PictureFolder::PictureFolder(const QString& folder) : folder_(keys_.FolderOf(folder + u'/')) {}
-
-QString PictureFolder::NameOf(const QString& path) {
-  QString name = NameIn(path);
-  if (name.isEmpty() || name == u"." || name == u"..") return {};
-  const QString folder = keys_.FolderOf(path);
-  if (folder == folder_) return name;
-  if (!folder.startsWith(folder_ + u'/')) return {};
-  return folder.mid(folder_.size() + 1) + u'/' + name;
+void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell) {
+  Rows rows(
+      connection,
+      u"SELECT 0,IDCatalogo,IDCatalogo,'',Logo FROM Cataloghi WHERE Logo<>'' "
+      "UNION ALL SELECT 1,IDProdotto,IDCatalogo,CodiceProdotto,Immagine FROM Prodotti WHERE Immagine<>'' "
+      "UNION ALL SELECT 2,IDImmagine,IDCatalogo,CodiceProdotto,Immagine FROM Immagini "
+      "WHERE Immagine<>''"_qs);
+  while (rows.Next())
+    tell({PictureUse(rows.Value(0).toInt()), rows.Value(1).toLongLong(), rows.Value(2).toInt(),
+          rows.Value(3).toString(), rows.Value(4).toString()});
 }
 
-QString PicturePath(const QString& name) { return AppFile(u"Images/"_qs + name); }
-
-QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto) {
-  return PicturePath(QString::number(IDCatalogo) + u'-' + CodiceProdotto + u".jpg"_qs);
-}
-
-QString ThumbnailPath(const QString& mainImage) { return PicturePath(u't' + FileNameOf(mainImage, true)); }
-
-bool IsPictureFile(const QString& path) {
-  return QFileInfo(path).isFile() && !IsSameFile(path, AppFile(u"Catalog.db"_qs));
-}
-
-void WritePicture(const QString& path, const QByteArray& jpeg) {
-  MakeRoom(path);
-  WriteFileSafely(path, jpeg);
-}
-
-void CopyPicture(const QString& source, const QString& target) {
-  // The source may be what a link under the target's name leads to.
-  const QString file = QFileInfo(target).isSymLink() ? QFileInfo(source).canonicalFilePath() : QString();
-  MakeRoom(target);
-  CopyFileSafely(file.isEmpty() ? source : file, target);
-}
-
-void ForEachNamedPath(Connection& connection, const ExceptProduct& except,
-                      const std::function<void(const QString& path)>& tell) {
-  Rows rows(connection,
-            u"SELECT Immagine FROM Prodotti WHERE Immagine<>'' AND NOT (IDCatalogo=?1 AND CodiceProdotto=?2) "
-            "UNION ALL SELECT Immagine FROM Immagini WHERE Immagine<>'' AND NOT (?3 AND IDCatalogo=?1 AND "
-            "CodiceProdotto=?2) "
-            "UNION ALL SELECT Logo FROM Cataloghi WHERE Logo<>''"_qs,
-            {except.IDCatalogo, except.CodiceProdotto, except.additionalToo});
-  while (rows.Next()) tell(rows.Value(0).toString());
-}
-
-bool IsSameFile(const QString& a, const QString& b) {
-  std::error_code failure;
-  return std::filesystem::equivalent(QFileInfo(a).filesystemFilePath(), QFileInfo(b).filesystemFilePath(),
-                                     failure);
-}
-
-QSet<QString> NamedPictures(const QStringList& files, Connection& connection, const ExceptProduct& except) {
+QSet<QString> NamedPictures(const QStringList& files, Connection& connection, qint64 exceptProduct) {
   PathKeys keys;
   QMultiHash<QString, QString> byName;
-  for (const QString& file : files) byName.insert(NameIn(file).toCaseFolded(), file);
+  const auto nameIn = [](const QString& path) { return NameIn(QDir::fromNativeSeparators(path)); };
+  for (const QString& file : files) byName.insert(nameIn(file).toCaseFolded(), file);
   QSet<QString> named;
-  ForEachNamedPath(connection, except, [&](const QString& path) {
-    const QString name = NameIn(path);
+  ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
+    if (picture.use == PictureUse::Main && picture.row == exceptProduct) return;
+    const QString name = nameIn(picture.path);
     const auto [first, last] = byName.equal_range(name.toCaseFolded());
     for (auto file = first; file != last; ++file)
       // Of two letter cases only the system can tell whether they are one file.
-      if (keys.Of(path) == keys.Of(*file) && (NameIn(*file) == name || IsSameFile(path, *file)))
+      if (keys.Of(picture.path) == keys.Of(*file) &&
+          (nameIn(*file) == name || IsSameFile(picture.path, *file)))
         named.insert(*file);
   });
   return named;
 }
 
-bool IsPictureNamed(const QString& path, Connection& connection, const ExceptProduct& except) {
-  return !NamedPictures({path}, connection, except).isEmpty();
+bool IsPictureNameFree(const QString& path, Connection& connection, qint64 exceptProduct) {
+  return !QFile::exists(path) || NamedPictures({path}, connection, exceptProduct).isEmpty();
 }
 
-void RemoveUnnamedPictures(const PictureFiles& files, Connection& connection,
-                           const ExceptProduct& except) noexcept {
-  try {
-    RemoveUnnamed(files, connection, except);
-  } catch (const std::exception& error) {
-    qCDebug(images) << "pictures not removed" << DescriptionOf(error);
+PictureFiles PicturesOfProducts(const std::vector<qint64>& products, Connection& connection) {
+  const QVariantList keys{KeyList(products)};
+  return {Paths(connection,
+                u"SELECT Immagine FROM Prodotti WHERE IDProdotto IN (SELECT value FROM json_each(?)) AND "
+                "Immagine<>''"_qs,
+                keys),
+          Paths(connection,
+                u"SELECT I.Immagine FROM Prodotti P JOIN Immagini I USING (IDCatalogo,CodiceProdotto) WHERE "
+                "P.IDProdotto IN (SELECT value FROM json_each(?)) AND I.Immagine<>''"_qs,
+                keys)};
+}
+
+PictureFiles PicturesOfCatalog(int IDCatalogo, Connection& connection) {
+  const QVariantList catalog{IDCatalogo};
+  // The row of a clone names the logo of the catalog from which it was made.
+  return {Paths(connection, u"SELECT Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine<>''"_qs, catalog),
+          Paths(connection,
+                u"SELECT Immagine FROM Immagini WHERE IDCatalogo=?1 AND Immagine<>'' "
+                "UNION ALL SELECT Logo FROM Cataloghi WHERE IDCatalogo=?1 AND Logo<>''"_qs,
+                catalog) +
+              QStringList{LogoPath(IDCatalogo)}};
+}
+
+struct PictureChange::Files {
+  PictureFolder folder;
+  PictureFiles made;
+  PictureFiles retired;
+  QStringList staged;
+
+  QStringList& Made(PictureUse use) { return use == PictureUse::Main ? made.main : made.others; }
+
+  void RequireInside(const QString& path) {
+    if (!folder.Holds(path))
+      throw Error(
+          EitherLanguage(
+              u"Il file %1 non viene scritto: non si trova nella cartella \"Images\" del programma."_qs,
+              u"The file %1 is not written: it does not lie in the program's folder \"Images\"."_qs)
+              .arg(path));
   }
+
+  // A file that stands under the name already is taken back as if it had been made: no row names it.
+  void Take(PictureUse use, const QString& source, const QString& target, const QByteArray& jpeg) {
+    RequireInside(target);
+    if (!IsSameFile(source, target)) Made(use) += target;
+    // The source may be what a link under the target's name leads to.
+    const QString file = QFileInfo(target).isSymLink() ? QFileInfo(source).canonicalFilePath() : source;
+    MakeRoom(target);
+    if (jpeg.isEmpty())
+      CopyFileSafely(file, target);
+    else
+      WriteFileSafely(target, jpeg);
+  }
+};
+
+PictureChange::PictureChange(Transaction& transaction, Connection& connection)
+    : files_(std::make_shared<Files>()) {
+  transaction.OnCommit([files = files_, &connection] { RemoveUnnamed(files->retired, connection); });
+  transaction.OnRollback([files = files_, &connection] { RemoveUnnamed(files->made, connection); });
+}
+
+void PictureChange::TakeMain(const QString& source, const QString& target, const PreparedPicture& picture) {
+  files_->Take(PictureUse::Main, source, target, picture.jpeg);
+  const QString thumbnail = ThumbnailPath(target);
+  try {
+    MakeRoom(thumbnail);
+    if (picture.thumbnail.isEmpty()) throw Error(u"there is none"_qs);
+    WriteFileSafely(thumbnail, picture.thumbnail);
+  } catch (const Error& error) {
+    qCDebug(images) << thumbnail << error.Description();
+    QFile::remove(thumbnail);
+  }
+}
+
+void PictureChange::Take(const QString& source, const QString& target, const PreparedPicture& picture) {
+  files_->Take(PictureUse::Additional, source, target, picture.jpeg);
+}
+
+void PictureChange::CopyMain(const QString& source, const QString& target) {
+  files_->Take(PictureUse::Main, source, target, {});
+  const QString thumbnail = ThumbnailPath(target);
+  MakeRoom(thumbnail);
+  if (IsPictureFile(ThumbnailPath(source)))
+    CopyFileSafely(ThumbnailPath(source), thumbnail);
+  else
+    QFile::remove(thumbnail);
+}
+
+StagedCopy PictureChange::CopyStaged(PictureUse use, const QString& source, const QString& target) {
+  files_->RequireInside(target);
+  files_->Made(use) += target;
+  const auto copy = [this](const QString& from, const QString& to) {
+    const bool isOther = QFile::exists(from) && !IsPictureFile(from);
+    const StagedCopy copied = isOther ? StagedCopy::NotRead : CopyStagedFile(from, to);
+    if (copied == StagedCopy::Made)
+      files_->staged += to;
+    else
+      QFile::remove(to);
+    return copied;
+  };
+  const StagedCopy copied = copy(source, target);
+  if (copied != StagedCopy::Made) qCDebug(images) << "not copied" << source;
+  if (use == PictureUse::Main) copy(FolderOf(source) + ThumbnailName(source), ThumbnailPath(target));
+  return copied;
+}
+
+void PictureChange::Sync() const { SyncFiles(files_->staged); }
+
+void PictureChange::Retire(const PictureFiles& files) {
+  files_->retired.main += files.main;
+  files_->retired.others += files.others;
 }
 
 }  // namespace vorlina

@@ -1,53 +1,43 @@
-// The folder "Images" of the application folder in use: what lies in it, which rows name its files, and the
-// one way in which picture files get there and are taken away. A path in a row is data of uncertain origin:
-// whatever it says, nothing outside of that folder is written or removed.
+// The files in "Images": which rows name them, and the one way in which they get there and are taken away.
+// Whatever a row says, nothing outside of that folder is written or removed.
 #pragma once
 
-#include <QByteArray>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
+#include <vector>
 
-#include "base/PathKeys.h"
+#include "base/SafeFile.h"
+#include "images/PictureRendering.h"
 
 namespace vorlina {
 
 class Connection;
+class Transaction;
 
-// Tells whether paths lead into a folder of pictures, at first that of the application folder in use.
-class PictureFolder {
- public:
-  PictureFolder();
-  explicit PictureFolder(const QString& folder);
+enum class PictureUse { Logo, Main, Additional };
 
-  // The file's name below the folder, with "/" behind each folder in between; "" where the path leads
-  // elsewhere, as it may through "..", or through a link of a folder.
-  QString NameOf(const QString& path);
-  bool Holds(const QString& path) { return !NameOf(path).isEmpty(); }
-  // The key of the file, equal for every way of writing its path.
-  QString KeyOf(const QString& path) { return keys_.Of(path); }
-
- private:
-  PathKeys keys_;
-  QString folder_;
+// A row that names a picture.
+struct NamedPicture {
+  PictureUse use = PictureUse::Main;
+  qint64 row = 0;  // IDCatalogo, the product's key, or IDImmagine
+  int IDCatalogo = 0;
+  QString CodiceProdotto;  // "" for a logo
+  QString path;
 };
 
-// The full path of a name in "Images", with native separators.
-QString PicturePath(const QString& name);
-// The file of a product's main image: "Images", catalog, code.
-QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);
-// The thumbnail's file of a main image: "t" before its name, in the folder "Images".
-QString ThumbnailPath(const QString& mainImage);
+// Tells every row that names a picture: logos, main images, additional ones. Throws Error.
+void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell);
 
-// Whether there is a picture's file. A device, a pipe or a folder is none, and waiting for one would not end;
-// nor is the database, which would lose its locks when the file is closed again.
-bool IsPictureFile(const QString& path);
+// Those of the files that a row names, however it writes the path; the main image of one product may be left
+// aside. Throws Error.
+QSet<QString> NamedPictures(const QStringList& files, Connection& connection, qint64 exceptProduct = 0);
 
-// Write a file into "Images", replacing what has its name; a link there is replaced, not followed. Throw
-// Error where it cannot be written, and for a path that leads out of "Images".
-void WritePicture(const QString& path, const QByteArray& jpeg);
-void CopyPicture(const QString& source, const QString& target);
+// Whether a picture can take the name: there is no file, or one that no row names but for the main image of
+// that product. Throws Error.
+bool IsPictureNameFree(const QString& path, Connection& connection, qint64 exceptProduct = 0);
 
 // Files that rows name or named.
 struct PictureFiles {
@@ -55,30 +45,40 @@ struct PictureFiles {
   QStringList others;  // additional pictures and logos
 };
 
-// The rows of a product that do not count when it is asked who names a file.
-struct ExceptProduct {
-  int IDCatalogo = 0;
-  QString CodiceProdotto;
-  bool additionalToo = false;  // its additional pictures as well as its main one
+// The files that the rows of these products name, or all rows of a catalog, with the file that is its logo by
+// its name. Throw Error.
+PictureFiles PicturesOfProducts(const std::vector<qint64>& products, Connection& connection);
+PictureFiles PicturesOfCatalog(int IDCatalogo, Connection& connection);
+
+// What a transaction does in "Images". The files that it takes in go again where its rows are not stored;
+// those that it gives up go once they are. Either way a file stays that a row names. A kill at any moment
+// leaves at most files without a row.
+class PictureChange {
+ public:
+  // Enlists itself in the transaction.
+  PictureChange(Transaction& transaction, Connection& connection);
+
+  // Take a picture into "Images", replacing what has the name; a link there is replaced, not followed. A
+  // picture without bytes of its own is copied as it is. Throw Error where it cannot be written, and for a
+  // name that leads out of "Images". A main image's thumbnail that cannot be written is missing; an older one
+  // would show another picture.
+  void TakeMain(const QString& source, const QString& target, const PreparedPicture& picture);
+  void Take(const QString& source, const QString& target, const PreparedPicture& picture = {});
+  // A main image under another name, with its thumbnail. Throws Error.
+  void CopyMain(const QString& source, const QString& target);
+
+  // Copies for a whole catalog, not brought to the disk before Sync. Of a main image the thumbnail that lies
+  // beside it comes along. Where there is nothing to copy nothing has the name afterwards. Throw Error.
+  StagedCopy CopyStaged(PictureUse use, const QString& source, const QString& target);
+  void Sync() const;
+
+  // Gives files up, of main images with their thumbnails. What cannot be removed stays, with a line in the
+  // log.
+  void Retire(const PictureFiles& files);
+
+ private:
+  struct Files;
+  std::shared_ptr<Files> files_;
 };
-
-// Tells every path that a row names: of a product, an additional picture or a catalog's logo. Throws Error.
-void ForEachNamedPath(Connection& connection, const ExceptProduct& except,
-                      const std::function<void(const QString& path)>& tell);
-
-// Whether two paths, however they are written, lead to one file that is there.
-bool IsSameFile(const QString& a, const QString& b);
-
-// Those of the files that a row names, however it writes the path. Throws Error.
-QSet<QString> NamedPictures(const QStringList& files, Connection& connection,
-                            const ExceptProduct& except = {});
-
-// Whether a row names the file. Throws Error.
-bool IsPictureNamed(const QString& path, Connection& connection, const ExceptProduct& except = {});
-
-// Removes those of the files that lie in "Images" and that no row names, main images with their thumbnails.
-// Never fails: where the rows cannot be read, or a file cannot be removed, files stay.
-void RemoveUnnamedPictures(const PictureFiles& files, Connection& connection,
-                           const ExceptProduct& except = {}) noexcept;
 
 }  // namespace vorlina

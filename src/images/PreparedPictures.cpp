@@ -87,7 +87,7 @@ PreparedPicture PreparedPictures::WithinBudget(const QString& file, const QByteA
     const qint64 bytes = RenderingMemory(ReadJpegHead(jpeg), limit_, settings_) + jpeg.size();
     Reserve(bytes);
     reserved = bytes;
-    PreparedPicture picture = Render(jpeg);
+    PreparedPicture picture = PrepareMain(jpeg, limit_, settings_);
     Release(reserved);
     return picture;
   } catch (const Error& error) {
@@ -97,22 +97,6 @@ PreparedPicture PreparedPictures::WithinBudget(const QString& file, const QByteA
     Release(reserved);
     throw;
   }
-}
-
-PreparedPicture PreparedPictures::Render(const QByteArray& jpeg) {
-  FittedJpeg fitted = FitToLimit(jpeg, limit_, settings_);
-  PreparedPicture picture;
-  const bool stays = fitted.jpeg.isEmpty();
-  picture.size = stays ? UprightSize(ReadJpegHead(jpeg)) : fitted.image.Size();
-  picture.jpeg = fitted.jpeg;
-  try {
-    picture.thumbnail = stays ? RenderThumbnail(jpeg, ThumbnailLimit)
-                              : RenderThumbnail(std::move(fitted.image), ThumbnailLimit);
-  } catch (const std::exception&) {
-    // A missing thumbnail is not reported: the picture itself is shown in its place.
-    picture.thumbnail.clear();
-  }
-  return picture;
 }
 
 void PreparedPictures::Reserve(qint64 bytes) {

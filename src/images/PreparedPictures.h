@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSize>
 #include <QStringList>
 #include <condition_variable>
 #include <exception>
@@ -14,12 +13,6 @@
 #include "images/PictureRendering.h"
 
 namespace vorlina {
-
-struct PreparedPicture {
-  QByteArray jpeg;       // empty where the file is to be copied as it is
-  QByteArray thumbnail;  // empty where it could not be made
-  QSize size;            // of the upright picture that is to be stored
-};
 
 // What Next gives is as if each file were prepared at that moment, one after the other. Memory is bounded: a
 // few pictures wait to be taken, and the workers share a budget for decoding.
@@ -46,7 +39,6 @@ class PreparedPictures {
   void Work();
   Outcome Prepare(const QString& file);
   PreparedPicture WithinBudget(const QString& file, const QByteArray& jpeg);
-  PreparedPicture Render(const QByteArray& jpeg);
 
   // Decoding of so many bytes may begin. One picture that needs more than the budget is decoded alone.
   void Reserve(qint64 bytes);

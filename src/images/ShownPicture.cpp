@@ -4,7 +4,7 @@
 
 #include "base/Error.h"
 #include "images/FitPicture.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "images/ScreenPicture.h"
 
 namespace vorlina {

@@ -12,7 +12,4 @@ class Connection;
 // The values of a filter, as a drop-down. Throws Error.
 Lookup FilterValues(int IDCatalogo, int filter, Connection& connection);
 
-// Gives a filter another value, without the blanks around it. Throws Error, also for one that no cell takes.
-void AddFilterValue(int IDCatalogo, int filter, const QString& value, Connection& connection);
-
 }  // namespace vorlina

@@ -6,35 +6,32 @@
 #include <QStringList>
 #include <functional>
 
-namespace vorlina {
+#include "products/ProductStore.h"
 
-class Connection;
+namespace vorlina {
 
 class PictureDrop {
  public:
   // Gives the description of an additional picture, asked for with the dropped file's path; "" gives it up.
   using AskDescription = std::function<QString(const QString& file)>;
 
-  PictureDrop(int IDCatalogo, QString CodiceProdotto, Connection& connection)
-      : IDCatalogo_(IDCatalogo), CodiceProdotto_(std::move(CodiceProdotto)), connection_(connection) {}
+  PictureDrop(const ProductKey& product, Connection& connection)
+      : code_(product.CodiceProdotto), products_(product.IDCatalogo, connection) {}
 
   // Whether the name ends as a JPEG file's does, in any letter case.
   static bool IsPicture(const QString& file);
 
   // Adds those of the files that are pictures, in the order given. A row is written once its picture is
-  // complete, and no transaction is open while a description is asked for. Those that cannot be added are
-  // passed over, as is a main picture whose file another row names: gives a text for each, which names it. A
-  // picture that was copied before then stays without a row. Throws Error where the product is gone.
+  // complete, nothing of a picture before its description is given, and no transaction is open while that is
+  // asked for. Those that cannot be added are passed over, as is a main picture whose file another row names:
+  // gives a text for each, which names it. Throws Error where the product is gone.
   QStringList Add(const QStringList& files, const AskDescription& ask);
 
  private:
-  bool HasMainPicture() const;
-  void AddMain(const QString& file);
-  void AddAdditional(const QString& file, const AskDescription& ask);
+  void AddImage(qint64 product, const QString& file, const AskDescription& ask);
 
-  int IDCatalogo_;
-  QString CodiceProdotto_;
-  Connection& connection_;
+  QString code_;
+  ProductStore products_;
 };
 
 }  // namespace vorlina

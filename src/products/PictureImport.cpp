@@ -9,23 +9,13 @@
 
 #include "base/Settings.h"
 #include "images/ImagePipeline.h"
-#include "products/NewCode.h"
-#include "publish/ExtensionManager.h"
-#include "store/Connection.h"
+#include "images/PictureFolder.h"
 #include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
-
-// The picture itself, or the file as it is.
-void StorePicture(const QString& source, const QString& target, const PreparedPicture& picture) {
-  if (picture.jpeg.isEmpty())
-    CopyPicture(source, target);
-  else
-    WritePicture(target, picture.jpeg);
-}
 
 // The setting is a note for whoever looks into a failure: an import does not end for it.
 void NoteLast(const QString& source) {
@@ -58,7 +48,10 @@ QStringList PassedOverIn(const QString& folder, const QStringList& files) {
 }  // namespace
 
 PictureImport::PictureImport(QString folder, int IDCatalogo, Connection& connection)
-    : folder_(std::move(folder)), IDCatalogo_(IDCatalogo), connection_(connection) {
+    : folder_(std::move(folder)),
+      IDCatalogo_(IDCatalogo),
+      connection_(connection),
+      products_(IDCatalogo, connection) {
   const QDir directory(folder_);
   if (!directory.exists() || !QFileInfo(folder_).isReadable())
     throw Error(EitherLanguage(u"Impossibile leggere la cartella %1"_qs, u"The folder %1 cannot be read"_qs)
@@ -83,46 +76,24 @@ bool PictureImport::Run(const Progress& progress) {
 void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures) {
   // It is waited for before the transaction, which keeps other programs from giving away the code.
   const PreparedPicture picture = pictures.Next();
-  PictureFiles made;
-  bool marked = true;
+  const QString name = QFileInfo(source).fileName();
+  QString code;
   bool ending = false;
   try {
-    Transaction transaction(connection_);
-    const QString code = FreeCode();
-    const QString target = MainImagePath(IDCatalogo_, code);
-    made.main += target;
-    StorePicture(source, target, picture);
+    Transaction transaction(connection_, {"Importazione di %1", {name}});
+    code = products_.FreePictureCode();
+    const qint64 product = products_.Add({{u"CodiceProdotto"_qs, code}, {u"Descrizione"_qs, name.chopped(4)}},
+                                         ProductMarks::Picture);
+    products_.SetMainImage(product, source, picture);
     // After the picture: what the setting names was imported whole, should the program end at the next one.
     NoteLast(source);
-    StoreThumbnail(target, picture.thumbnail);
-    marked = InsertProduct(code, QFileInfo(source).fileName().chopped(4), target, picture.size);
     ending = true;
     transaction.Commit();
   } catch (...) {
-    RemoveUnnamedPictures(made, connection_);
     // A disk that fails at the very end has the product reported as failed, although it is there.
-    if (ending && QFile::exists(made.main.first())) ++imported_;
+    if (ending && QFile::exists(MainImagePath(IDCatalogo_, code))) ++imported_;
     throw;
   }
-  if (!marked) TellFaultyExtensions();
-}
-
-// A number whose file no row names: a product may have been given another code since.
-QString PictureImport::FreeCode() const {
-  for (QString code;;) {
-    code = NuovoCodice(IDCatalogo_, connection_, code.toLongLong());
-    const QString target = MainImagePath(IDCatalogo_, code);
-    if (!QFile::exists(target) || !IsPictureNamed(target, connection_)) return code;
-  }
-}
-
-bool PictureImport::InsertProduct(const QString& code, const QString& description, const QString& target,
-                                  QSize size) {
-  connection_.Execute(
-      u"INSERT INTO PRODOTTI (IDCATALOGO,CODICEPRODOTTO,DESCRIZIONE,IMMAGINE,HEIGHT,WIDTH) "
-      "VALUES (?,?,?,?,?,?)"_qs,
-      {IDCatalogo_, code, description, target, size.height(), size.width()});
-  return SetExtension(ImmagineModificata, u"1"_qs, IDCatalogo_, code, connection_);
 }
 
 }  // namespace vorlina

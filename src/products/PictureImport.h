@@ -6,10 +6,9 @@
 
 #include "base/Progress.h"
 #include "images/PreparedPictures.h"
+#include "products/ProductStore.h"
 
 namespace vorlina {
-
-class Connection;
 
 class PictureImport {
  public:
@@ -34,12 +33,11 @@ class PictureImport {
 
  private:
   void ImportNext(const QString& file, PreparedPictures& pictures);
-  QString FreeCode() const;
-  bool InsertProduct(const QString& code, const QString& description, const QString& target, QSize size);
 
   QString folder_;
   int IDCatalogo_;
   Connection& connection_;
+  ProductStore products_;
   QStringList files_;       // names
   QStringList passedOver_;  // names
   int imported_ = 0;

@@ -8,11 +8,9 @@
 #include "base/Helpers.h"
 #include "base/Language.h"
 #include "base/Messages.h"
-#include "images/ImagePipeline.h"
+#include "base/WaitCursor.h"
 #include "products/CellRules.h"
 #include "products/FilterValues.h"
-#include "products/NewCode.h"
-#include "products/ProductCode.h"
 #include "products/PublicationOrder.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
@@ -30,9 +28,15 @@ constexpr int RetryMilliseconds = 2000;
 
 ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(rows), owner_(owner) {
   rows.OnCellChanging = [this](CellChange& change) { CheckCell(change); };
-  rows.OnRowWriting = [this](int row, qint64 IDProdotto, bool added) { WriteRow(row, IDProdotto, added); };
+  rows.OnRowWriting = [this](int, qint64 product, bool added) {
+    const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
+    Products().Saved(product, former, ProductMarks::Both);
+  };
   rows.OnRowsDeleting = [this](int) { return AskToDelete(); };
-  rows.OnRowDeleting = [this](qint64 bookmark) { DeleteProduct(bookmark); };
+  rows.DeleteBy = [this](const std::vector<qint64>& products) {
+    const WaitCursor wait;
+    Products().Delete(products);
+  };
   rows.OnNotInList = [this](int column, const QString& text) { return AddFilterValue(column, text); };
   connect(&rows, &RecordsetModel::RowInserting, this, &ProductEditing::OfferCode);
   const auto offerAgain = [this] {
@@ -46,15 +50,6 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
   };
   connect(&rows, &RecordsetModel::RowInserted, this, offerAgain);
   connect(&rows, &RecordsetModel::RowsDeleted, this, offerAgain);
-  connect(&rows, &RecordsetModel::RowChanged, this, &ProductEditing::FinishRow);
-  connect(&rows, &RecordsetModel::Failed, this, [this] {
-    codeChange_.reset();
-    deleting_.reset();
-  });
-  connect(&rows, &RecordsetModel::RowsDeleted, this, [this] {
-    RemoveUnnamedPictures(std::exchange(deletedPictures_, {}), *connection_);
-    deleting_.reset();
-  });
 }
 
 void ProductEditing::SetCatalog(int IDCatalogo, Connection& connection) {
@@ -63,7 +58,7 @@ void ProductEditing::SetCatalog(int IDCatalogo, Connection& connection) {
 }
 
 void ProductEditing::OfferCode() {
-  rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, NuovoCodice(IDCatalogo_, *connection_));
+  rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, Products().NuovoCodice());
 }
 
 // A new row asks for its code again when it is begun.
@@ -95,22 +90,12 @@ bool ProductEditing::Refuses(const CellVerdict& verdict) {
   return !verdict.refusals.isEmpty();
 }
 
-// Inside the row's transaction: its marks and its pictures are written with it, or not at all.
-void ProductEditing::WriteRow(int row, qint64 IDProdotto, bool added) {
-  const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
-  const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
-  if (former != code) RequireFreeCode(IDCatalogo_, code, IDProdotto, *connection_);
-  if (!MarkProductChanged(IDCatalogo_, code, *connection_))
-    QMetaObject::invokeMethod(
-        this, [this] { TellFaultyExtensions(owner_); }, Qt::QueuedConnection);
-  if (added || former == code) return;
-  codeChange_ = std::make_unique<CodeChange>(IDCatalogo_, former, code, *connection_);
-  codeChange_->CopyPictures();
-}
-
-void ProductEditing::FinishRow() {
-  if (codeChange_ != nullptr) codeChange_->Finish();
-  codeChange_.reset();
+// The box waits until the grid is done with the row.
+ProductStore ProductEditing::Products() {
+  return {IDCatalogo_, *connection_, [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { TellFaultyExtensions(owner_); }, Qt::QueuedConnection);
+          }};
 }
 
 bool ProductEditing::AskToDelete() {
@@ -120,19 +105,7 @@ bool ProductEditing::AskToDelete() {
       "Procedere con l'eliminazione?"_qs,
       u"Do you want to delete selected products and their images?\r\n"
       "Continue?"_qs);
-  if (!TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst)) return false;
-  deletedPictures_ = {};
-  deleting_.emplace();
-  return true;
-}
-
-// The files go when the rows are gone: a deletion that fails loses nothing.
-void ProductEditing::DeleteProduct(qint64 IDProdotto) {
-  Rows product(*connection_, u"SELECT CodiceProdotto FROM Prodotti WHERE IDProdotto=?"_qs, {IDProdotto});
-  if (!product.Next()) return;
-  const PictureFiles files = ProductImageFiles(product.Value(0).toString(), IDCatalogo_, *connection_);
-  deletedPictures_.main += files.main;
-  deletedPictures_.others += files.others;
+  return TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst);
 }
 
 bool ProductEditing::AddFilterValue(int column, const QString& text) {
@@ -149,7 +122,7 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
                            BoxStyle::Information);
       return false;
     }
-    vorlina::AddFilterValue(IDCatalogo_, column - ProductColumn::IDFiltro1 + 1, text, *connection_);
+    Products().FilterValue(column - ProductColumn::IDFiltro1 + 1, text);
     OfferFilterValues(column);
     return true;
   } catch (const std::exception& error) {

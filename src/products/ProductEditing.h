@@ -3,15 +3,11 @@
 #pragma once
 
 #include <QObject>
-#include <memory>
-#include <optional>
 
-#include "base/WaitCursor.h"
 #include "grid/RecordsetModel.h"
-#include "images/PictureStore.h"
 #include "products/CellRules.h"
-#include "products/CodeChange.h"
 #include "products/ProductGridQuery.h"
+#include "products/ProductStore.h"
 
 class QWidget;
 
@@ -44,10 +40,8 @@ class ProductEditing : public QObject {
   void OfferCode();
   void CheckCell(CellChange& change);
   bool Refuses(const CellVerdict& verdict);
-  void WriteRow(int row, qint64 IDProdotto, bool added);
-  void FinishRow();
+  ProductStore Products();
   bool AskToDelete();
-  void DeleteProduct(qint64 IDProdotto);
   bool AddFilterValue(int column, const QString& text);
   void OfferFilterValues(int column);
 
@@ -55,9 +49,6 @@ class ProductEditing : public QObject {
   QWidget* owner_;
   int IDCatalogo_ = 0;
   Connection* connection_ = nullptr;
-  std::unique_ptr<CodeChange> codeChange_;  // of the row that is being written
-  PictureFiles deletedPictures_;            // of the products that are being deleted
-  std::optional<WaitCursor> deleting_;
 };
 
 }  // namespace vorlina

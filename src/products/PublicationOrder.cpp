@@ -23,14 +23,6 @@ struct Place {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-// Keys as json_each takes them.
-QString KeyList(const std::vector<qint64>& keys) {
-  QString list = u"["_qs;
-  for (const qint64 key : keys) list += QString::number(key) + u',';
-  if (!keys.empty()) list.chop(1);
-  return list + u']';
-}
-
 std::vector<qint64> Keys(Rows&& rows) {
   std::vector<qint64> keys;
   while (rows.Next()) keys.push_back(rows.Value(0).toLongLong());
@@ -143,7 +135,7 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
         {IDCatalogo}));
   };
   if (unnumbered().empty()) return false;
-  Transaction transaction(connection);
+  Transaction transaction(connection, {"Numerazione dei prodotti senza numero", {}});
   std::vector<RankPair> pairs;
   qint64 number = LastNumber(IDCatalogo, connection);
   for (const qint64 key : unnumbered()) pairs.push_back({key, ++number});
@@ -155,7 +147,7 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
 }
 
 void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection) {
-  Transaction transaction(connection);
+  Transaction transaction(connection, {"Ordine di pubblicazione del catalogo", {}});
   const std::vector<qint64> present =
       Keys(Rows(connection, u"SELECT IDProdotto FROM Prodotti WHERE IDCatalogo=? ORDER BY IDProdotto"_qs,
                 {IDCatalogo}));
@@ -181,7 +173,7 @@ bool MoveProducts(int IDCatalogo, std::vector<qint64> moving, qint64 target, Con
   if (std::binary_search(moving.begin(), moving.end(), target)) return false;
   std::vector<qint64> concerned = moving;
   concerned.push_back(target);
-  Transaction transaction(connection);
+  Transaction transaction(connection, {"Spostamento di %1 prodotti", {QString::number(moving.size())}});
   Span span = SpanOf(IDCatalogo, concerned, connection);
   if (!span.complete) {
     NumberUnnumbered(IDCatalogo, connection);

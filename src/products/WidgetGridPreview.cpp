@@ -5,7 +5,7 @@
 #include <QFrame>
 
 #include "images/FitPicture.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "images/WidgetPicture.h"
 
 namespace vorlina {

@@ -62,13 +62,4 @@ void SetProductExtension(const QString& name, const QVariant& value, int IDCatal
       {IDCatalogo, CodiceProdotto, value, name});
 }
 
-bool MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection) {
-  Transaction transaction(connection);
-  bool stored = true;
-  for (const QString& mark : {ImmagineModificata, SchedaModificata})
-    stored = SetExtension(mark, u"1"_qs, IDCatalogo, CodiceProdotto, connection) && stored;
-  transaction.Commit();
-  return stored;
-}
-
 }  // namespace vorlina

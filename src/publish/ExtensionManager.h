@@ -11,10 +11,6 @@ namespace vorlina {
 
 class Connection;
 
-// The marks that a product gets when its picture or its data change; their value is "1".
-inline const QString ImmagineModificata = QStringLiteral("ImmagineModificata");
-inline const QString SchedaModificata = QStringLiteral("SchedaModificata");
-
 // Keeps a value under a name. A new name gets its level from this call for good: a product's with a product
 // code, a catalog's with "". Where the name's entry has no level nothing is stored, and the answer is false:
 // to be told by TellFaultyExtensions. All in one transaction. Throws Error.
@@ -30,9 +26,5 @@ void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatal
                          const QString& CodiceProdotto, Connection& connection);
 void SetProductExtension(const QString& name, const QVariant& value, int IDCatalogo,
                          const QString& CodiceProdotto, Connection& connection);
-
-// Both marks of a product whose row was changed or added, in one transaction: first the picture's, then the
-// data's. False as in SetExtension.
-[[nodiscard]] bool MarkProductChanged(int IDCatalogo, const QString& CodiceProdotto, Connection& connection);
 
 }  // namespace vorlina

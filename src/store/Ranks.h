@@ -1,11 +1,20 @@
-// The list of places that VORLINA_RANK looks a number up in, bound as one value.
+// Lists of numbers, bound to a statement as one value.
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <algorithm>
 #include <vector>
 
 namespace vorlina {
+
+// The numbers as json_each gives them one by one.
+inline QString KeyList(const std::vector<qint64>& keys) {
+  QString list = u"["_qs;
+  for (const qint64 key : keys) list += QString::number(key) + u',';
+  if (!keys.empty()) list.chop(1);
+  return list + u']';
+}
 
 struct RankPair {
   qint64 number;

@@ -2,6 +2,7 @@
 // copied or moved find the pictures that came along.
 #include "images/PictureStore.h"
 
+#include "images/PictureFolder.h"
 #include "images/PicturePaths.h"
 #include "store/SampleData.h"
 #include "support/CatalogFixture.h"
@@ -30,6 +31,19 @@ class PictureStoreTest : public CatalogFixture {
   QString Named(const QString& code) {
     return One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto=?"_qs, {code}).toString();
   }
+  // A change that is stored, or taken back.
+  QString Change(const std::function<void(PictureChange&)>& step, bool stored = true) {
+    return FailureOf([&] {
+      Transaction transaction(connection_);
+      PictureChange change(transaction, connection_);
+      step(change);
+      if (stored) transaction.Commit();
+    });
+  }
+  QString FilesNow() const {
+    const QStringList names = QDir(PicturePath({})).entryList(QDir::Files);
+    return names.join(u' ');
+  }
   static QString Put(const QString& name) {
     WriteFileSafely(PicturePath(name), "picture");
     return PicturePath(name);
@@ -57,32 +71,61 @@ TEST_F(PictureStoreTest, OnlyWhatLiesInImagesIsWrittenOrRemoved) {
     EXPECT_EQ(PictureFolder().NameOf(path), name) << path;
     Put(u"x.jpg"_qs);
     Put(u"tx.jpg"_qs);
-    EXPECT_EQ(FailureOf([to = path] { WritePicture(to, "new"); }).isEmpty(), !name.isEmpty()) << path;
-    RemoveUnnamedPictures({{path}, {path}}, connection_);
+    const PreparedPicture picture{"new", "new", {}};
+    const auto take = [&, to = path](PictureChange& change) { change.TakeMain({}, to, picture); };
+    EXPECT_EQ(Change(take).isEmpty(), !name.isEmpty()) << path;
+    Change([to = path](PictureChange& change) { change.Retire({{to}, {to}}); });
     EXPECT_EQ(QFile::exists(PicturePath(u"x.jpg"_qs)), name.isEmpty()) << path;
     EXPECT_EQ(QFile::exists(PicturePath(u"tx.jpg"_qs)), name.isEmpty()) << path;
   }
   // A link in the folder is replaced and removed, not what it leads to.
-  WritePicture(PicturePath(u"linked.jpg"_qs), "new");
   QFile::link(Outside(u"new.jpg"_qs), PicturePath(u"dangling.jpg"_qs));
-  CopyPicture(PicturePath(u"linked.jpg"_qs), PicturePath(u"dangling.jpg"_qs));
-  EXPECT_EQ(CopyStagedFile(PicturePath(u"linked.jpg"_qs), PicturePath(u"link"_qs)), StagedCopy::Made);
+  EXPECT_EQ(Change([&](PictureChange& change) {
+              change.Take({}, PicturePath(u"linked.jpg"_qs), {"new", {}, {}});
+              change.Take(PicturePath(u"linked.jpg"_qs), PicturePath(u"dangling.jpg"_qs));
+              EXPECT_EQ(
+                  change.CopyStaged(PictureUse::Logo, PicturePath(u"linked.jpg"_qs), PicturePath(u"link"_qs)),
+                  StagedCopy::Made);
+            }),
+            QString());
   EXPECT_EQ(ContentOf(PicturePath(u"link"_qs)), "new");
   EXPECT_EQ(Differences(FilesIn(outside_.path()), outside), QStringList());
   EXPECT_TRUE(QFile::exists(Path()));
 }
 
 TEST_F(PictureStoreTest, AFileThatAnyRowNamesStaysHoweverItIsWritten) {
+  QFile::remove(PicturePath(u"linked.jpg"_qs));
   for (const QString& name : {u"1.jpg"_qs, u"2.jpg"_qs, u"t2.jpg"_qs, u"3.jpg"_qs, u"t3.jpg"_qs}) Put(name);
   Name(u"a"_qs, Outside(u"into/1.jpg"_qs));
   Name(u"b"_qs, AppPath() + u"/Images/./t2.jpg"_qs);
   Name(u"c"_qs, Outside(u"3.jpg"_qs));
   connection_.Execute(u"UPDATE Cataloghi SET Logo=?"_qs, {PicturePath(u"T3.jpg"_qs)});
   const QStringList files{PicturePath(u"1.jpg"_qs), PicturePath(u"2.jpg"_qs), PicturePath(u"3.jpg"_qs)};
-  RemoveUnnamedPictures({files, {}}, connection_);
-  QStringList left;
-  for (const QString& name : QDir(PicturePath({})).entryList(QDir::Files)) left += name;
-  EXPECT_EQ(left, (QStringList{u"1.jpg"_qs, u"linked.jpg"_qs, u"t2.jpg"_qs}));
+  const auto retire = [&](PictureChange& change) { change.Retire({files, {}}); };
+  const QString before = FilesNow();
+  Change(retire, false);
+  EXPECT_EQ(FilesNow(), before) << "what is taken back gives nothing up";
+  Change(retire);
+  EXPECT_EQ(FilesNow(), u"1.jpg t2.jpg");
+}
+
+// What a change takes in goes again with its rows: not what a row names, nor the user's own file in its
+// place.
+TEST_F(PictureStoreTest, WhatIsTakenBackLeavesNothing) {
+  QFile::remove(PicturePath(u"linked.jpg"_qs));
+  for (const QString& name : {u"1.jpg"_qs, u"t1.jpg"_qs, u"own.jpg"_qs, u"named.jpg"_qs}) Put(name);
+  Name(u"a"_qs, PicturePath(u"named.jpg"_qs));
+  const QString outside = Outside(u"Images/b.jpg"_qs);
+  const auto steps = [&](PictureChange& change) {
+    change.TakeMain(outside, PicturePath(u"2.jpg"_qs), {{}, "thumbnail", {}});
+    change.TakeMain(PicturePath(u"own.jpg"_qs), PicturePath(u"own.jpg"_qs), {"new", {}, {}});
+    change.Take(outside, PicturePath(u"named.jpg"_qs));
+    change.CopyMain(PicturePath(u"1.jpg"_qs), PicturePath(u"3.jpg"_qs));
+    change.CopyStaged(PictureUse::Main, PicturePath(u"1.jpg"_qs), PicturePath(u"4.jpg"_qs));
+    EXPECT_EQ(FilesNow(), u"1.jpg 2.jpg 3.jpg 4.jpg named.jpg own.jpg t1.jpg t2.jpg t3.jpg t4.jpg");
+  };
+  EXPECT_EQ(Change(steps, false), QString());
+  EXPECT_EQ(FilesNow(), u"1.jpg named.jpg own.jpg t1.jpg");
 }
 
 TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {

@@ -9,7 +9,7 @@
 #include <QTimer>
 
 #include "base/Settings.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
 #include "support/CatalogFixture.h"

@@ -2,7 +2,8 @@
 #include <QFrame>
 
 #include "GridWindowFixture.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
+#include "products/ProductStore.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -19,13 +20,34 @@ class GridPictures : public GridWindow {
     return Outside(name);
   }
   // Gives a product a main picture and its thumbnail.
-  QString GivePicture(const QString& code) {
-    QString path = MainImagePath(catalog_, code);
+  QString GivePicture(const QString& code) { return GivePicture(code, catalog_); }
+  QString GivePicture(const QString& code, int catalog) {
+    QString path = MainImagePath(catalog, code);
     WriteFileSafely(path, MakeJpeg(MakePhoto({80, 60}, 1)));
     WriteFileSafely(ThumbnailPath(path), MakeJpeg(MakePhoto({40, 30}, 2)));
     connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
-                        {path, catalog_, code});
+                        {path, catalog, code});
     return path;
+  }
+  // A catalog's products, what belongs to them, and its files, without the catalog's own number.
+  QStringList StateOf(int catalog) {
+    QStringList state;
+    for (const QString& sql :
+         {u"SELECT CodiceProdotto,Descrizione,OrdineTemp,Pubblica,SchedaTecnica,Immagine FROM Prodotti"_qs,
+          u"SELECT 'Immagini',CodiceProdotto FROM Immagini"_qs,
+          u"SELECT 'SchedeTecniche',CodiceProdotto FROM SchedeTecniche"_qs,
+          u"SELECT CodiceProdotto,IDExtension,Valore FROM PExtension"_qs}) {
+      vorlina::Rows rows(connection_, sql + u" WHERE IDCatalogo=? ORDER BY 1,2"_qs, {catalog});
+      while (rows.Next()) {
+        QStringList values;
+        for (int i = 0; i < rows.ColumnCount(); ++i) values += rows.Value(i).toString();
+        state += values.join(u'|').replace(CatalogPrefix(catalog), u"#-"_qs);
+      }
+    }
+    for (const auto& [name, content] : FilesIn(AppFile(u"Images"_qs)))
+      if (name.contains(CatalogPrefix(catalog)))
+        state += QString(name).replace(CatalogPrefix(catalog), u"#-"_qs) + QString::number(content.size());
+    return state;
   }
   QString Images() const {
     QStringList names = QDir(AppFile(u"Images"_qs)).entryList(QDir::Files, QDir::Name);
@@ -57,47 +79,57 @@ TEST_F(GridPictures, FilesThatCannotBeTakenAreToldInOneBox) {
   QStringList told;
   for (const QString& file : files) {
     WriteFileSafely(file, "no picture");
-    told += FailureOf([&] { MeasureImage(file); });
+    told += u"The file %1 cannot be read: it is no JPEG picture"_qs.arg(file);
   }
   dialogs_.ExpectMessage(told.join(u"\r\n"_qs), BoxStyle::Stop);
   DropFiles(0, files + QStringList{Picture(u"good.jpg"_qs)});
   EXPECT_EQ(Stored(u"a"_qs, u"Immagine IS NOT NULL"_qs), u"1"_qs);
 }
 
-TEST_F(GridPictures, ANewCodeTakesItsPicturesAlong) {
-  AddProducts({u"a"_qs, u"b"_qs});
-  const QString former = GivePicture(u"a"_qs);
-  const QByteArray picture = ContentOf(former);
-  Open();
+// Rows, files and marks are the same whether a product is worked in the grid or by a call.
+TEST_F(GridPictures, TheGridLeavesWhatTheStoreLeaves) {
   const QString code = u"O'Neil 50% 🙂"_qs;
-  Change(0, Code, code);
-  const QString target = MainImagePath(catalog_, code);
-  EXPECT_EQ(Stored(code, u"Immagine"_qs), target);
-  EXPECT_EQ(ContentOf(target), picture);
-  EXPECT_FALSE(QFile::exists(former) || QFile::exists(ThumbnailPath(former)));
-  EXPECT_EQ(Rows().Value(0, ProductColumn::Immagine), target) << "the grid knows the new path";
-}
-
-TEST_F(GridPictures, DeletedProductsTakeTheirFilesButNotThoseOfOthers) {
-  const QString code = u"b'Neil 50% 🙂"_qs;
-  AddProducts({u"a"_qs, code, u"c"_qs});
-  const QString kept = GivePicture(u"a"_qs);
-  GivePicture(code);
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='c'"_qs, {kept});
-  const QString additional = AppFile(u"Images/7.jpg"_qs);
-  WriteFileSafely(additional, "x");
-  connection_.Execute(
-      u"INSERT INTO Immagini (IDImmagine,IDCatalogo,CodiceProdotto,Immagine) VALUES (7,?,?,?)"_qs,
-      {catalog_, code, additional});
+  const int other = AddCatalog(u"Other"_qs);
+  for (const int catalog : {other, catalog_}) {
+    for (const QString& product : {u"a"_qs, u"b"_qs}) {
+      AddProduct(catalog, product, product == u"a" ? 1 : 2);
+      GivePicture(product, catalog);
+      for (const QString& table : {u"Immagini"_qs, u"SchedeTecniche"_qs})
+        connection_.Execute(u"INSERT INTO "_qs + table + u" (IDCatalogo,CodiceProdotto) VALUES (?,?)"_qs,
+                            {catalog, product});
+    }
+  }
   Open();
-  Select({1, 2});
-  dialogs_.ExpectQuestion(Question, false);
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(Images().split(u'.').size(), 6) << "a No leaves all five";
+  Change(0, Code, code);
+  EXPECT_EQ(Rows().Value(0, ProductColumn::Immagine), MainImagePath(catalog_, code))
+      << "the new path is known";
+  Change(2, Description, u"new"_qs);
+  Select({2});
   dialogs_.ExpectQuestion(Question, true);
   Key(Qt::Key_Delete);
-  EXPECT_EQ(Codes(), u"c"_qs);
-  EXPECT_EQ(Images(), u"%1-a.jpg t%1-a.jpg"_qs.arg(catalog_)) << "c names them";
+  ProductStore store(other, connection_);
+  store.Change(store.Find(u"a"_qs), {{u"CodiceProdotto"_qs, code}}, ProductMarks::Both);
+  store.Add({{u"Descrizione"_qs, u"new"_qs}, {u"OrdineTemp"_qs, 3}}, ProductMarks::Both);
+  store.Delete({store.Find(u"b"_qs)});
+  EXPECT_EQ(StateOf(catalog_), StateOf(other));
+  EXPECT_EQ(StateOf(other).size(), 10) << StateOf(other).join(u"; "_qs);
+
+  // Another letter case of the same code.
+  Change(0, Code, u"o'neil 50% 🙂"_qs);
+  EXPECT_TRUE(QFile::exists(Stored(u"o'neil 50% 🙂"_qs, u"Immagine"_qs)));
+}
+
+TEST_F(GridPictures, ProductsAreDeletedWithTheirFilesAfterAQuestion) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  GivePicture(u"a"_qs);
+  Open();
+  Select({1});
+  dialogs_.ExpectQuestion(Question, false);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Images().split(u' ').size(), 2) << "a No leaves all";
+  dialogs_.ExpectQuestion(Question, true);
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Codes() + Images(), u"b"_qs);
 }
 
 TEST_F(GridPictures, APressOnThePictureShowsItUntilThePointerLeaves) {

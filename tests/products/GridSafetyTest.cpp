@@ -2,7 +2,7 @@
 // lost.
 #include <QDialog>
 
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "products/GridWindowFixture.h"
 #include "support/TestJpeg.h"
 

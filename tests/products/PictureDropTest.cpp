@@ -3,8 +3,7 @@
 
 #include <QImage>
 
-#include "catalogs/CatalogCheck.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
 #include "support/TestJpeg.h"
@@ -23,17 +22,11 @@ class PictureDropTest : public CatalogFixture {
   }
   // Gives what failed; what was asked goes to asked_.
   QStringList Drop(const QStringList& files, const QString& description) {
-    return PictureDrop(catalog_, code_, connection_).Add(files, [&](const QString& path) {
+    return PictureDrop({catalog_, code_}, connection_).Add(files, [&](const QString& path) {
       asked_ += path;
       EXPECT_FALSE(connection_.InTransaction());
       return description;
     });
-  }
-  QStringList Findings() {
-    QStringList all;
-    for (const Finding& finding : CheckCatalogs(connection_))
-      all += NameOf(finding.kind) + u' ' + finding.subject;
-    return all;
   }
 
   const QString code_ = QStringLiteral("O'Neil 50%");
@@ -63,12 +56,16 @@ TEST_F(PictureDropTest, TheFirstIsTheMainPictureAndTheOthersAreAdditional) {
 TEST_F(PictureDropTest, NothingOfOthersIsWrittenOver) {
   const QString picture = Picture(u"a.jpg"_qs);
   const auto before = FilesIn(AppFile(u"Images"_qs));
-  EXPECT_NE(FailureOf([&] { PictureDrop(catalog_, u"gone"_qs, connection_).Add({picture}, {}); }), QString());
+  EXPECT_NE(FailureOf([&] {
+              PictureDrop({catalog_, u"gone"_qs}, connection_).Add({picture}, {});
+            }),
+            QString());
   const QString taken = MainImagePath(catalog_, u"Logo"_qs);
   WriteFileSafely(taken, "the logo");
   connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {taken, catalog_});
   AddProduct(catalog_, u"Logo"_qs);
-  EXPECT_TRUE(PictureDrop(catalog_, u"Logo"_qs, connection_).Add({picture}, {}).value(0).startsWith(picture));
+  EXPECT_TRUE(
+      PictureDrop({catalog_, u"Logo"_qs}, connection_).Add({picture}, {}).value(0).startsWith(picture));
   EXPECT_EQ(ContentOf(taken), "the logo");
   QFile::remove(taken);
   EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), before), QStringList());

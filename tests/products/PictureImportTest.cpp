@@ -6,9 +6,6 @@
 #include <QImage>
 
 #include "base/Settings.h"
-#include "catalogs/CatalogCheck.h"
-#include "images/ImagePipeline.h"
-#include "products/NewCode.h"
 #include "products/PictureImport.h"
 #include "support/CatalogFixture.h"
 #include "support/FaultVfs.h"
@@ -35,12 +32,6 @@ class PictureImportTest : public CatalogFixture {
     Rows rows(connection_,
               u"SELECT CodiceProdotto || ' ' || Descrizione FROM Prodotti ORDER BY IDProdotto"_qs);
     while (rows.Next()) all += rows.Value(0).toString();
-    return all;
-  }
-  QStringList Findings() {
-    QStringList all;
-    for (const Finding& finding : CheckCatalogs(connection_))
-      all += NameOf(finding.kind) + u' ' + finding.subject;
     return all;
   }
   QString Named(const QString& code) const { return QString::number(catalog_) + u'-' + code + u".jpg"_qs; }
@@ -89,19 +80,20 @@ TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
 }
 
 TEST_F(PictureImportTest, CodesAreTheFreeNumbersAboveTheCount) {
-  EXPECT_EQ(NuovoCodice(catalog_, connection_), u"1");
+  EXPECT_EQ(ProductStore(catalog_, connection_).NuovoCodice(), u"1");
   for (const QString& code : {u"1"_qs, u"2"_qs, u"4"_qs}) AddProduct(catalog_, code);
-  EXPECT_EQ(NuovoCodice(catalog_, connection_), u"5") << "3 lies below, 4 is taken";
+  EXPECT_EQ(ProductStore(catalog_, connection_).NuovoCodice(), u"5") << "3 lies below, 4 is taken";
   AddProduct(catalog_, u"6"_qs);
   for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs}) Put(name);
   EXPECT_EQ(RunToItsEnd(), QString());
   EXPECT_EQ(Descriptions().mid(4), (QStringList{u"5 a"_qs, u"7 b"_qs}));
-  EXPECT_EQ(NuovoCodice(catalog_ + 1, connection_), u"1") << "another catalog's codes do not count";
+  EXPECT_EQ(ProductStore(catalog_ + 1, connection_).NuovoCodice(), u"1")
+      << "another catalog's codes do not count";
   // A product that was given another code since may still have its picture under the number.
   const QString kept = AppFile(u"Images/"_qs + Named(u"8"_qs));
   connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='1'"_qs, {kept});
   WriteFileSafely(kept, "kept");
-  EXPECT_EQ(NuovoCodice(catalog_, connection_), u"8");
+  EXPECT_EQ(ProductStore(catalog_, connection_).NuovoCodice(), u"8");
   EXPECT_EQ(RunToItsEnd(), QString());
   EXPECT_EQ(Descriptions().mid(6), (QStringList{u"9 a"_qs, u"10 b"_qs}));
   EXPECT_EQ(ContentOf(kept), "kept");

@@ -1,15 +1,12 @@
-// What a cell accepts, and what follows a changed code.
+// What a cell accepts, and what belongs to a product that is added, changed or deleted.
 #include <unistd.h>
 
 #include <memory>
 
 #include "base/Helpers.h"
-#include "catalogs/CatalogCheck.h"
-#include "images/ImagePipeline.h"
+#include "images/PictureFolder.h"
 #include "products/CellRules.h"
-#include "products/CodeChange.h"
-#include "products/FilterValues.h"
-#include "products/ProductCode.h"
+#include "products/ProductStore.h"
 #include "store/RowErrors.h"
 #include "store/Transaction.h"
 #include "support/CatalogFixture.h"
@@ -35,8 +32,6 @@ TEST(CellRules, RefuseInTheirOrder) {
                         {u"Codice"_qs, u"a/b"_qs, false, {fileName}, u"a/b"_qs},
                         {u"codice"_qs, u"a|b"_qs, false, {fileName, bar}, u"a|b"_qs},
                         {u"Codice"_qs, u"O'Neil 50% 🚪"_qs, false, {}, u"O'Neil 50% 🚪"_qs},
-                        {u"Codice"_qs, u" R'5 \n"_qs, false, {}, u"R'5"_qs},
-                        {u"Codice"_qs, u"  "_qs, false, {empty}, QString()},
                         {u"Descrizione"_qs, u" a|b"_qs, false, {bar}, u" a|b"_qs},
                         {u"Descrizione"_qs, QString(), false, {}, QString()},
                         {u"Colore"_qs, QString(), true, {}, 0},
@@ -56,34 +51,32 @@ TEST(CellRules, RefuseInTheirOrder) {
 
 namespace {
 
-class CodeChangeTest : public CatalogFixture {
+class ProductStoreTest : public CatalogFixture {
  protected:
-  CodeChangeTest() {
+  ProductStoreTest() {
     Fill("x", 3);
     connection_.Execute(
         u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica) VALUES (109,'È 0','Peso')"_qs);
   }
-  // Gives a product another code, as the grid does when it writes the row.
+  // Gives a product another code.
   void Change(const QString& code, bool fails = false, const QString& former = u"È 0"_qs) {
-    CodeChange change(109, former, code, connection_);
     Transaction transaction(connection_);
-    connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto=? WHERE CodiceProdotto=?"_qs, {code, former});
-    change.CopyPictures();
-    if (fails) return;
-    transaction.Commit();
-    change.Finish();
+    store_.Change(store_.Find(former), {{u"CodiceProdotto"_qs, code}}, ProductMarks::None);
+    if (!fails) transaction.Commit();
   }
-  QStringList Findings() {
-    QStringList all;
-    for (const Finding& finding : CheckCatalogs(connection_))
-      all += NameOf(finding.kind) + u' ' + finding.subject;
-    return all;
+  QString Marks(const QString& code) {
+    return One(u"group_concat(ExtensionName||'='||Valore)"_qs,
+               u"PExtension JOIN Extensions USING (IDExtension)"_qs, u"CodiceProdotto=?"_qs, {code})
+        .toString();
   }
+
+  int told_ = 0;
+  ProductStore store_{109, connection_, [this] { ++told_; }};
 };
 
 }  // namespace
 
-TEST_F(CodeChangeTest, ThePicturesFollow) {
+TEST_F(ProductStoreTest, ThePicturesFollow) {
   const QByteArray picture = ContentOf(MainImagePath(109, u"È 0"_qs));
   Change(u"O'Neil"_qs);
   EXPECT_EQ(ContentOf(MainImagePath(109, u"O'Neil"_qs)), picture);
@@ -94,14 +87,14 @@ TEST_F(CodeChangeTest, ThePicturesFollow) {
   EXPECT_EQ(Findings(), QStringList());
 }
 
-TEST_F(CodeChangeTest, AFailureTakesTheCopiesBack) {
+TEST_F(ProductStoreTest, AFailureTakesTheCopiesBack) {
   const auto files = FilesIn(AppFile(u"Images"_qs));
   Change(u"new"_qs, true);
   EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
   EXPECT_EQ(Findings(), QStringList());
 }
 
-TEST_F(CodeChangeTest, WhatIsNotTheProductsOwnKeepsItsName) {
+TEST_F(ProductStoreTest, WhatIsNotTheProductsOwnKeepsItsName) {
   const QString image = u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs;
   const QString shared = MainImagePath(109, u"È 0"_qs);
   connection_.Execute(image, {shared, u"È 1"_qs});
@@ -113,20 +106,13 @@ TEST_F(CodeChangeTest, WhatIsNotTheProductsOwnKeepsItsName) {
   Change(u"outside"_qs);
   EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='outside'"_qs), Outside(u"own.jpg"_qs));
   EXPECT_TRUE(QFile::exists(Outside(u"own.jpg"_qs)));
-}
-
-TEST_F(CodeChangeTest, ALogoIsNotWrittenOver) {
-  const QString logo = AppFile(u"Images/109-Logo.jpg"_qs);
-  const QByteArray picture = ContentOf(logo);
-  Change(u"logo"_qs);
-  connection_.Execute(u"UPDATE Prodotti SET CodiceProdotto='È 0' WHERE CodiceProdotto='logo'"_qs);
-  Change(u"Logo"_qs);
-  EXPECT_EQ(ContentOf(logo), picture);
-  EXPECT_EQ(Findings(), QStringList());
+  const QByteArray logo = ContentOf(LogoPath(109));
+  Change(u"Logo"_qs, false, u"È 2"_qs);
+  EXPECT_EQ(ContentOf(LogoPath(109)), logo);
 }
 
 // As a file system that does not tell letter cases apart shows one file under two names.
-TEST_F(CodeChangeTest, OneFileUnderTwoNamesIsNotDeleted) {
+TEST_F(ProductStoreTest, OneFileUnderTwoNamesIsNotDeleted) {
   const QString former = MainImagePath(109, u"È 0"_qs);
   ASSERT_EQ(::link(QFile::encodeName(former), QFile::encodeName(MainImagePath(109, u"è 0"_qs))), 0);
   Change(u"è 0"_qs);
@@ -134,7 +120,7 @@ TEST_F(CodeChangeTest, OneFileUnderTwoNamesIsNotDeleted) {
   EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='è 0'"_qs), former);
 }
 
-TEST_F(CodeChangeTest, TwoProductsChangePlaces) {
+TEST_F(ProductStoreTest, TwoProductsChangePlaces) {
   const QByteArray first = ContentOf(MainImagePath(109, u"È 0"_qs));
   const QByteArray second = ContentOf(MainImagePath(109, u"È 1"_qs));
   WriteFileSafely(ThumbnailPath(MainImagePath(109, u"between"_qs)), "left by something else");
@@ -147,21 +133,73 @@ TEST_F(CodeChangeTest, TwoProductsChangePlaces) {
   EXPECT_EQ(ContentOf(MainImagePath(109, u"È 0"_qs)), second);
 }
 
-TEST_F(CodeChangeTest, AFilterTakesNoValueThatACellRefuses) {
-  SetLanguage(u"English"_qs);
-  AddFilterValue(109, 1, u" dell'Elba "_qs, connection_);
-  EXPECT_EQ(FailureOf([&] { AddFilterValue(109, 1, u"a|b"_qs, connection_); }),
-            u"| is an invalid character"_qs);
-  EXPECT_EQ(One(u"group_concat(Valore)"_qs, u"Filtri"_qs), u"dell'Elba"_qs);
+TEST_F(ProductStoreTest, AnAddedProductGetsTheMarksThatAreAskedFor) {
+  const std::vector<std::pair<ProductMarks, QString>> cases{
+      {ProductMarks::None, QString()},
+      {ProductMarks::Picture, u"ImmagineModificata=1"_qs},
+      {ProductMarks::Both, u"ImmagineModificata=1,SchedaModificata=1"_qs}};
+  int code = 3;
+  for (const auto& [marks, stored] : cases) {
+    const qint64 product = store_.Add({{u"Descrizione"_qs, u"new"_qs}}, marks);
+    EXPECT_EQ(store_.ValueOf(product, u"CodiceProdotto"_qs), QString::number(++code));
+    EXPECT_EQ(Marks(QString::number(code)), stored);
+  }
+  EXPECT_EQ(told_, 0);
+  connection_.Execute(u"UPDATE Extensions SET P=FALSE"_qs);
+  store_.Change(store_.Find(u"4"_qs), {{u"OrdineTemp"_qs, 7}}, ProductMarks::Both);
+  EXPECT_EQ(told_, 1) << "once for both, when the row is stored";
+  EXPECT_EQ(One(u"OrdineTemp"_qs, u"Prodotti"_qs, u"CodiceProdotto='4'"_qs), 7);
 }
 
-TEST_F(CodeChangeTest, ACodeIsTakenInAnyLetterCase) {
-  const qint64 own = One(u"IDProdotto"_qs, u"Prodotti"_qs, u"CodiceProdotto='È 0'"_qs).toLongLong();
-  EXPECT_TRUE(IsCodeTaken(109, u"è 0"_qs, 0, connection_));
-  EXPECT_FALSE(IsCodeTaken(109, u"è 0"_qs, own, connection_)) << "its own";
-  EXPECT_FALSE(IsCodeTaken(109, u"e 0"_qs, 0, connection_));
-  EXPECT_FALSE(IsCodeTaken(110, u"è 0"_qs, 0, connection_));
-  AddProduct(109, u"x-1"_qs);
-  EXPECT_TRUE(IsCodeTaken(109, u"X-1"_qs, 0, connection_));
-  EXPECT_THROW(RequireFreeCode(109, u"è 0"_qs, 0, connection_), DuplicateError);
+// Rows, marks and files are as they were.
+TEST_F(ProductStoreTest, WhatIsRefusedLeavesNothing) {
+  SetLanguage(u"English"_qs);
+  AddProduct(109, u"X-1"_qs);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  const qint64 product = store_.Find(u"È 0"_qs);
+  const auto change = [&](const QString& column, const QVariant& value) {
+    return FailureOf([&] { store_.Change(product, {{column, value}}, ProductMarks::Both); });
+  };
+  EXPECT_THROW(store_.Change(product, {{u"CodiceProdotto"_qs, u"È 1"_qs}}, ProductMarks::Both),
+               DuplicateError);
+  for (const QString& taken : {u"È 1"_qs, u"è 1"_qs, u"x-1"_qs})
+    EXPECT_THROW(store_.Add({{u"CodiceProdotto"_qs, taken}}, ProductMarks::Both), DuplicateError) << taken;
+  EXPECT_TRUE(store_.IsCodeTaken(u"è 0"_qs) && store_.IsCodeTaken(u"x-1"_qs));
+  EXPECT_FALSE(store_.IsCodeTaken(u"è 0"_qs, product) || store_.IsCodeTaken(u"e 0"_qs));
+  EXPECT_FALSE(ProductStore(110, connection_).IsCodeTaken(u"è 0"_qs));
+  EXPECT_TRUE(change(u"CodiceProdotto"_qs, u"a/b"_qs).contains(u"invalid character"));
+  EXPECT_TRUE(change(u"OrdineTemp"_qs, u"abc"_qs).contains(u"no number"));
+  connection_.Execute(
+      u"CREATE TRIGGER Refuse BEFORE INSERT ON PExtension WHEN (SELECT COUNT(*) FROM PExtension)=1 "
+      "BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
+  EXPECT_EQ(change(u"CodiceProdotto"_qs, u"new"_qs), u"refused") << "at the second mark";
+  connection_.Execute(u"DROP TRIGGER Refuse"_qs);
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='È 2'"_qs);
+  EXPECT_THROW(store_.Change(product + 2, {}, ProductMarks::Both), ConflictError);
+  EXPECT_EQ(One(u"group_concat(CodiceProdotto)"_qs, u"Prodotti"_qs), u"X-1,È 0,È 1"_qs);
+  EXPECT_EQ(Count(u"PExtension"_qs), 0);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+}
+
+TEST_F(ProductStoreTest, DeletedProductsTakeTheirFilesButNotThoseOfOthers) {
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='È 2'"_qs,
+                      {MainImagePath(109, u"È 1"_qs)});
+  QFile::remove(MainImagePath(109, u"È 2"_qs));
+  QFile::remove(ThumbnailPath(MainImagePath(109, u"È 2"_qs)));
+  const int other = AddCatalog(u"Other"_qs);
+  AddProduct(other, u"other"_qs);
+  const qint64 first = store_.Find(u"È 0"_qs);
+  store_.Delete({first, first + 1, 999, ProductStore(other, connection_).Find(u"other"_qs)});
+  EXPECT_EQ(One(u"group_concat(CodiceProdotto)"_qs, u"Prodotti"_qs), u"È 2,other"_qs);
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 3U) << "the logo, and the picture that È 2 names";
+  EXPECT_EQ(Findings(), QStringList());
+}
+
+TEST_F(ProductStoreTest, AFiltersValueIsFoundOrAdded) {
+  SetLanguage(u"English"_qs);
+  const qint64 value = store_.FilterValue(1, u" dell'Èlba "_qs);
+  EXPECT_EQ(store_.FilterValue(1, u"DELL'èLBA"_qs), value);
+  EXPECT_NE(store_.FilterValue(2, u"dell'Èlba"_qs), value);
+  EXPECT_EQ(FailureOf([&] { store_.FilterValue(1, u"a|b"_qs); }), u"| is an invalid character"_qs);
+  EXPECT_EQ(One(u"group_concat(IDNomeFiltro||Valore)"_qs, u"Filtri"_qs), u"1dell'Èlba,2dell'Èlba"_qs);
 }

@@ -77,17 +77,6 @@ TEST_F(ExtensionTest, ANameWithoutALevelIsAnsweredAndWithBothIsTheCatalogs) {
   EXPECT_EQ(Count(u"CExtension"_qs), 1);
 }
 
-TEST_F(ExtensionTest, AChangedProductGetsBothMarksOrNone) {
-  EXPECT_TRUE(MarkProductChanged(catalog_, code_, connection_));
-  EXPECT_EQ(One(u"group_concat(ExtensionName)"_qs, u"Extensions"_qs),
-            u"ImmagineModificata,SchedaModificata"_qs);
-  EXPECT_EQ(One(u"COUNT(*)"_qs, u"PExtension"_qs, u"Valore='1' AND CodiceProdotto=?"_qs, {code_}), 2);
-  connection_.Execute(u"DELETE FROM Extensions"_qs);
-  connection_.Execute(u"INSERT INTO Extensions (ExtensionName,P) VALUES ('ImmagineModificata',TRUE)"_qs);
-  EXPECT_THROW(static_cast<void>(MarkProductChanged(catalog_, u"gone"_qs, connection_)), Error);
-  EXPECT_EQ(Count(u"PExtension"_qs), 0);
-}
-
 TEST_F(ExtensionTest, APluginReadsAndWritesThroughItsConnection) {
   PluginConnection connection(connection_);
   connection.BeginTrans();

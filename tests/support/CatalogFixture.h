@@ -7,6 +7,7 @@
 
 #include "base/Error.h"
 #include "base/SafeFile.h"
+#include "catalogs/CatalogCheck.h"
 #include "store/Transaction.h"
 #include "support/StoreFixture.h"
 
@@ -78,6 +79,13 @@ inline void FillCatalog(Connection& connection, const QString& folder, const QBy
 
 class CatalogFixture : public StoreFixture {
  protected:
+  // What the check finds, each as its kind and its row or file.
+  QStringList Findings() {
+    QStringList all;
+    for (const Finding& finding : CheckCatalogs(connection_))
+      all += NameOf(finding.kind) + u' ' + finding.subject;
+    return all;
+  }
   void Fill(const QByteArray& mark, int products) { FillCatalog(connection_, AppPath(), mark, products); }
   QString Outside(const QString& name) const { return outside_.filePath(name); }
 

@@ -1,10 +1,11 @@
 // Fails where a file or folder is made, written, renamed or removed by other means than src/base/SafeFile, but for the
-// places below, and where a place below needs no such leave.
+// places below, and where a place below needs no such leave. Fails where the program makes the name of a picture of its
+// own outside of src/images/PictureFolder, or writes a picture by SafeFile outside of src/images/PictureStore.
 //
 // What it sees: Qt's and the system's classes, calls and flags by their names, and calls by what the same file declares
 // as a QFile or QDir. It does not see flags that a variable holds, a device that was opened elsewhere, or what SQLite
 // writes. Tests, benchmarks and tools write what is theirs.
-import { codeOf, lineAt, sources } from './sources.mjs';
+import { codeOf, lineAt, sources, textOf } from './sources.mjs';
 
 const kinds = {
   writes: [/\bQSaveFile\b/, /\bQ(?:IODevice|IODeviceBase|File|FileDevice)::(?:WriteOnly|ReadWrite|Append|Truncate|NewOnly)\b/,
@@ -24,13 +25,9 @@ const places = {
   'src/base/Settings.cpp': ['removes', 'the file beside, which a killed save left'],
   'src/store/CatalogDatabase.cpp': ['removes', 'a copy of the database that is not whole'],
   'src/images/PictureStore.cpp': ['removes', 'the owner of "Images"'],
-  'src/images/ImagePipeline.cpp': ['removes', 'a thumbnail that would show another picture'],
   'src/catalogs/BackupPlace.cpp': ['scratch removes', 'the folder in which a backup is put together'],
-  'src/catalogs/CloneCatalog.cpp': ['removes', 'what stands under the name of a copy that was not made'],
   'src/catalogs/Restore.cpp': ['renames removes', 'the folder into which a backup is unpacked'],
   'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],
-  'src/products/CodeChange.cpp': ['removes', 'a thumbnail that would show another picture'],
-  'src/products/PictureDrop.cpp': ['removes', 'the copy of a picture that the user then does not want'],
   // The plug-ins, which have nothing of the program but the plug-in headers.
   'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
   'plugins/vlhtml/engine/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
@@ -55,6 +52,20 @@ for (const file of looked) {
   }
   for (const kind of leave) if (!used.has(kind)) problems.push(`${file} has leave for "${kind}" and does not need it`);
 }
+// Pictures have one owner. Of names it sees "t" or a catalog's number put before something, and endings put behind it.
+const names = [/\bu?'t'\s*\+/, /\+\s*u?'-'/, /(?:\+\s*|%\d)u?"?\.jpg"/, /-Logo\b/];
+const owners = { 'src/images/PictureFolder.cpp': names, 'src/images/PictureStore.cpp': [/\b(?:Write|Copy)(?:FileSafely|StagedFile)\(/] };
+const [namer, writer] = Object.keys(owners);
+const tell = (file, text, patterns, owner) => {
+  for (const pattern of patterns)
+    for (const found of text.matchAll(new RegExp(pattern.source, 'g')))
+      if (file !== owner) problems.push(`${file}:${lineAt(text, found.index)}: ${found[0]} is for ${owner} to do`);
+};
+for (const file of looked.filter((each) => each.startsWith('src/'))) {
+  tell(file, textOf(file).replace(/\/\/[^\n]*/g, ''), owners[namer], namer);
+  if (/^src\/(?:images|products)\//.test(file)) tell(file, codeOf(file), owners[writer], writer);
+}
+
 for (const file of Object.keys(places)) if (!looked.includes(file)) problems.push(`${file} has leave and is not there`);
 
 export const told = `${looked.length} files write through SafeFile, or have a reason`;

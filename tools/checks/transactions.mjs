@@ -6,9 +6,7 @@
 import { codeOf, lineAt, sources, textOf } from './sources.mjs';
 
 const writing = /"\s*(?:INSERT|UPDATE|DELETE|REPLACE|CREATE|DROP|ALTER)\b/g;
-const places = {
-  'src/products/CodeChange.cpp': 'part of the transaction in which the row of the changed code is saved',
-};
+const places = {};
 export const problems = [];
 const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file));
 

@@ -55,7 +55,7 @@ void DropPictures::Take(int catalog, const QString& code, const QStringList& fil
   QStringList failures;
   Attempt(&context_.owner, [&] {
     const WaitCursor wait;
-    failures = PictureDrop(catalog, code, *context_.connection).Add(files, ask);
+    failures = PictureDrop({catalog, code}, *context_.connection).Add(files, ask);
   });
   context_.grid.GoToProduct(code, context_.grid.CurrentKey());
   context_.grid.LoadGrid(true);
