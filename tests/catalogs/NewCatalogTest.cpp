@@ -21,7 +21,6 @@ class NewCatalogTest : public CatalogFixture {
   NewCatalog Minimal() const {
     NewCatalog catalog;
     catalog.NomeCatalogo = u"a"_qs;
-    catalog.valueNames = QStringList{{}, {}, {}};
     catalog.filterNames = QStringList{u"f"_qs, {}, {}, {}, {}};
     return catalog;
   }
@@ -36,52 +35,84 @@ class NewCatalogTest : public CatalogFixture {
   QString LogoFile(const NewCatalog& catalog) const {
     return AppFile(u"Images/%1-Logo.jpg"_qs.arg(catalog.IDCatalogo));
   }
-  // Columns of the one row, "-" for Null.
-  QStringList Row(const QStringList& columns) {
-    Rows rows(connection_, u"SELECT "_qs + columns.join(u',') + u" FROM Cataloghi"_qs);
-    EXPECT_TRUE(rows.Next());
+  // Columns of the one row, separated by blanks, "-" for Null.
+  QString Row(const QString& columns) {
+    EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
     QStringList texts;
-    for (int i = 0; i < columns.size(); ++i)
-      texts += rows.Value(i).isNull() ? u"-"_qs : rows.Value(i).toString();
-    EXPECT_FALSE(rows.Next()) << "one row, and no more";
-    return texts;
+    for (const QString& column : columns.split(u' '))
+      texts += One(u"ifnull(%1,'-')"_qs.arg(column), u"Cataloghi"_qs).toString();
+    return texts.join(u' ');
   }
-  const QStringList logoColumns_{u"Logo"_qs, u"Width"_qs, u"Height"_qs};
   const QByteArray logo_ = MakeJpeg(MakePhoto({40, 30}, 1));
 };
 
 }  // namespace
 
-TEST_F(NewCatalogTest, TheStoredFormOfANameHasFiftyCharacters) {
-  const QString emoji = u"\U0001F600"_qs;
+// Language, name, names of values and names of filters.
+TEST(CatalogNames, AreRefusedInTheirOrder) {
   const std::vector<std::pair<QString, QString>> cases{
-      {QString(13, u'.'), QString(12, u'.')},
-      {QString(12, u'.') + u"ab"_qs, QString(12, u'.') + u"ab"_qs},
-      {QString(12, u'.') + u"abc"_qs, QString(12, u'.') + u"ab"_qs},
-      {QString(51, u'x'), QString(50, u'x')},
-      {QString(26, u'\\'), QString(25, u'\\')},
-      {QString(48, u'x') + emoji, QString(48, u'x') + emoji},
-      {QString(49, u'x') + emoji, QString(49, u'x')},
-      {QString(49, u'x') + emoji[0], QString(49, u'x')},
-      {{}, {}},
-  };
+      {u"English||È,è|f"_qs, u"Catalog name required|You can't insert value fields with the same name"_qs},
+      {u"English|a|x,X,x|codice"_qs,
+       u"You can't insert value fields with the same name"
+       "|You can't insert value fields with the same name"_qs},
+      {u"English|a|CODE,code|f"_qs,
+       u"You can't insert value fields with the same name"
+       "|The name 'CODE' is not allowed for a value field."_qs},
+      {u"English|a|codice,Descrizione,|f,,,,g"_qs, {}},
+      {u"Italian|a|Code,,Description|f"_qs, {}},
+      {u"Italian||x,,Codice|f"_qs,
+       u"Inserire almeno un nome di catalogo"
+       "|Il nome 'Codice' non è consentito per  un campo valore."_qs},
+      {u"Italian|a||,Colore"_qs, u"Inserire almeno un criterio di filtraggio"_qs},
+      {u"Italian|a||Colore,,,colore"_qs, u"Non è possibile inserire filtri con nome uguale"_qs},
+      {u"Italian|a||Codice,a,A"_qs, u"Il nome 'Codice' non è consentito per un campo filtro."_qs},
+      {u"English|a||,description"_qs,
+       u"Insert at least a filter name"
+       "|The name 'description' is not allowed for a filter field."_qs},
+      // A value and a filter.
+      {u"English|a|b,COLORE|c,Colore"_qs,
+       u"Can't create catalog. You can't insert value fields with the same "
+       "names as filter fields."_qs}};
+  for (const auto& [typed, told] : cases) {
+    const QStringList parts = typed.split(u'|');
+    SetLanguage(parts[0]);
+    NewCatalog catalog;
+    catalog.NomeCatalogo = parts[1];
+    catalog.valueNames = parts[2].split(u',');
+    catalog.filterNames = parts[3].split(u',');
+    const QStringList messages =
+        CheckGeneral(catalog) + CheckFilters(catalog) + CheckValueFilterNames(catalog);
+    EXPECT_EQ(messages.join(u'|'), told) << typed;
+  }
+  SetLanguage(u"italian"_qs);
+  EXPECT_EQ(CheckGeneral({}), QStringList{QString()}) << "refused in silence";
+}
+
+TEST(CatalogNames, InTheirStoredFormHaveFiftyCharacters) {
+  const QString emoji = u"\U0001F600"_qs;
+  const QString dots(12, u'.');
+  const std::vector<std::pair<QString, QString>> cases{{dots + u'.', dots},
+                                                       {dots + u"ab"_qs, dots + u"ab"_qs},
+                                                       {dots + u"abc"_qs, dots + u"ab"_qs},
+                                                       {QString(26, u'\\'), QString(25, u'\\')},
+                                                       {QString(48, u'x') + emoji, QString(48, u'x') + emoji},
+                                                       {QString(49, u'x') + emoji, QString(49, u'x')},
+                                                       {{}, {}}};
   for (const auto& [typed, kept] : cases) EXPECT_EQ(FitEscapedName(typed), kept) << typed;
 }
 
-TEST_F(NewCatalogTest, TheCaptionCutsALongDescriptionToItsBeginning) {
+TEST(CatalogNames, OfAWindowAreCutToTheirBeginning) {
   const std::vector<std::pair<QVariant, QString>> cases{
       {NullValue(), u"Nome"_qs},
-      {QString(u""_qs), u"Nome - "_qs},
       {QString(99, u'x'), u"Nome - "_qs + QString(99, u'x')},
       {QString(100, u'x'), u"Nome - xxxxxxxxxx..."_qs},
-  };
+      {u"xxxxxxxxx\U0001F600"_qs.repeated(10), u"Nome - xxxxxxxxx..."_qs}};
   for (const auto& [description, caption] : cases)
     EXPECT_EQ(CatalogCaption(u"Nome"_qs, description), caption);
 }
 
 TEST_F(NewCatalogTest, TheSamplesNeverOfferTheirCompany) {
   const QStringList columns{u"Azienda"_qs, u"cap"_qs, u"Fax"_qs};
-  EXPECT_TRUE(OfferedCompany(connection_, columns).isEmpty());
   connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,Azienda) VALUES (109,'sample'),(110,'sample')"_qs);
   EXPECT_TRUE(OfferedCompany(connection_, columns).isEmpty());
   connection_.Execute(
@@ -92,48 +123,36 @@ TEST_F(NewCatalogTest, TheSamplesNeverOfferTheirCompany) {
 }
 
 TEST_F(NewCatalogTest, ALogoIsMeasuredUprightAndMustBeWhole) {
-  JpegForm turned;
-  turned.exif = MakeExif(6);
-  EXPECT_EQ(MeasureWholeImage(Write(u"t.jpg"_qs, MakeJpeg(MakePhoto({40, 30}, 1), turned))), QSize(30, 40));
+  const QByteArray turned = MakeJpeg(MakePhoto({40, 30}, 1), {.exif = MakeExif(6)});
+  EXPECT_EQ(MeasureWholeImage(Write(u"t.jpg"_qs, turned)), QSize(30, 40));
   for (const QByteArray& bytes :
-       {logo_.left(logo_.size() / 2), QByteArray("\x89PNG\r\n\x1a\n"), QByteArray()}) {
-    try {
-      MeasureWholeImage(Write(u"bad.jpg"_qs, bytes));
-      ADD_FAILURE();
-    } catch (const Error& error) {
-      EXPECT_TRUE(error.Description().contains(u"bad.jpg")) << error.Description();
-    }
-  }
+       {logo_.left(logo_.size() / 2), QByteArray("\x89PNG\r\n\x1a\n"), QByteArray()})
+    EXPECT_TRUE(FailureOf([&] { MeasureWholeImage(Write(u"bad.jpg"_qs, bytes)); }).contains(u"bad.jpg"));
 }
 
 TEST_F(NewCatalogTest, NamesAreStoredEscapedWithTheirGapsAndTextsAsTheyAre) {
+  // A row that somebody gave the number of none.
+  connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo) VALUES (0,'zero')"_qs);
   NewCatalog catalog = Minimal();
-  catalog.NomeCatalogo = u"L'anno \"nuovo\" [100%] \\ ./*:#&-%$"_qs;
+  catalog.NomeCatalogo = u"L'anno\"nuovo\"[100%]\\./*:#&-%$"_qs;
   catalog.valueNames = QStringList{{}, u"a.b]'"_qs, {}};
   catalog.filterNames = QStringList{u"x\\y"_qs, {}, {}, u"/*:#&-%$"_qs, {}};
   catalog.company = {{u"Citta"_qs, u"L'Aquila"_qs}, {u"url"_qs, {}}, {u"Logo"_qs, {}}};
   StoreCatalog(connection_, catalog);
-  EXPECT_EQ(Row({u"NomeCatalogo"_qs, u"Descrizione"_qs, u"NomeValore1"_qs, u"NomeValore2"_qs}),
-            (QStringList{catalog.NomeCatalogo, u"-"_qs, u"-"_qs, u"a\\046b]'"_qs}));
-  EXPECT_EQ(Row({u"NomeFiltro1"_qs, u"NomeFiltro2"_qs, u"NomeFiltro4"_qs, u"NomeFiltro5"_qs}),
-            (QStringList{u"x\\\\y"_qs, u"-"_qs, u"\\047\\042\\058\\035\\038\\045\\037\\036"_qs, u"-"_qs}));
-  EXPECT_EQ(Row({u"IDCatalogo"_qs, u"Citta"_qs, u"URL"_qs, u"Logo"_qs, u"Width"_qs}),
-            (QStringList{QString::number(catalog.IDCatalogo), u"L'Aquila"_qs, u"-"_qs, u"-"_qs, u"-"_qs}));
-  EXPECT_TRUE(FilesIn(AppFile(u"Images"_qs)).empty());
-}
-
-TEST_F(NewCatalogTest, ANewCatalogTakesNobodysRow) {
-  connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo) VALUES (0,'zero')"_qs);
-  NewCatalog catalog = Minimal();
-  StoreCatalog(connection_, catalog);
-  EXPECT_EQ(Count(u"Cataloghi"_qs), 2);
   EXPECT_NE(catalog.IDCatalogo, 0);
+  connection_.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=0 AND NomeCatalogo='zero'"_qs);
+  EXPECT_EQ(Row(u"NomeCatalogo Descrizione NomeValore1 NomeValore2"_qs),
+            QString(catalog.NomeCatalogo + u" - - a\\046b]'"_qs));
+  EXPECT_EQ(Row(u"NomeFiltro1 NomeFiltro2 NomeFiltro4 NomeFiltro5"_qs),
+            u"x\\\\y - \\047\\042\\058\\035\\038\\045\\037\\036 -"_qs);
+  EXPECT_EQ(Row(u"IDCatalogo Citta URL Logo Width"_qs), u"%1 L'Aquila - - -"_qs.arg(catalog.IDCatalogo));
+  EXPECT_TRUE(FilesIn(AppFile(u"Images"_qs)).empty());
 }
 
 TEST_F(NewCatalogTest, TheLogoIsCopiedAsItIsUnlessItVanished) {
   NewCatalog catalog = WithLogo();
   StoreCatalog(connection_, catalog);
-  EXPECT_EQ(Row(logoColumns_), (QStringList{LogoFile(catalog), u"40"_qs, u"30"_qs}));
+  EXPECT_EQ(Row(u"Logo Width Height"_qs), QString(LogoFile(catalog) + u" 40 30"_qs));
   EXPECT_EQ(ContentOf(LogoFile(catalog)), logo_);
   EXPECT_EQ(ContentOf(catalog.LogoPath), logo_);
 
@@ -141,7 +160,7 @@ TEST_F(NewCatalogTest, TheLogoIsCopiedAsItIsUnlessItVanished) {
   catalog = WithLogo();
   QFile::remove(catalog.LogoPath);
   StoreCatalog(connection_, catalog);
-  EXPECT_EQ(Row(logoColumns_), (QStringList{catalog.LogoPath, u"-"_qs, u"-"_qs}));
+  EXPECT_EQ(Row(u"Logo Width Height"_qs), QString(catalog.LogoPath + u" - -"_qs));
 }
 
 TEST_F(NewCatalogTest, AFullDiskLeavesTheRowAndNoHalfLogoAndAnotherAttemptGoesOnWithIt) {
@@ -153,7 +172,7 @@ TEST_F(NewCatalogTest, AFullDiskLeavesTheRowAndNoHalfLogoAndAnotherAttemptGoesOn
     const FullDisk full(100'000);
     EXPECT_NE(FailureOf([&] { StoreCatalog(connection_, catalog); }), QString());
   }
-  EXPECT_EQ(Row(logoColumns_), (QStringList{catalog.LogoPath, u"-"_qs, u"-"_qs}));
+  EXPECT_EQ(Row(u"Logo Width Height"_qs), QString(catalog.LogoPath + u" - -"_qs));
   EXPECT_TRUE(FilesIn(AppFile(u"Images"_qs)).empty());
   EXPECT_FALSE(connection_.InTransaction());
 
@@ -161,12 +180,11 @@ TEST_F(NewCatalogTest, AFullDiskLeavesTheRowAndNoHalfLogoAndAnotherAttemptGoesOn
   catalog.filterNames = QStringList{{}, u"g"_qs, {}, {}, {}};
   StoreCatalog(connection_, catalog);
   EXPECT_EQ(catalog.IDCatalogo, first);
-  EXPECT_EQ(Row({u"NomeFiltro1"_qs, u"NomeFiltro2"_qs, u"Logo"_qs}),
-            (QStringList{u"-"_qs, u"g"_qs, LogoFile(catalog)}));
+  EXPECT_EQ(Row(u"NomeFiltro1 NomeFiltro2 Logo"_qs), QString(u"- g "_qs + LogoFile(catalog)));
 
   // Somebody deletes the row before the next attempt: it is made anew.
   connection_.Execute(u"DELETE FROM Cataloghi"_qs);
   StoreCatalog(connection_, catalog);
   EXPECT_NE(catalog.IDCatalogo, first);
-  EXPECT_EQ(Row(logoColumns_).value(0), LogoFile(catalog));
+  EXPECT_EQ(Row(u"Logo"_qs), LogoFile(catalog));
 }

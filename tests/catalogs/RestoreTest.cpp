@@ -13,7 +13,6 @@
 #include "support/BackupFiles.h"
 #include "support/FullDisk.h"
 #include "support/Print.h"
-#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -72,22 +71,35 @@ class RestoreTest : public CatalogFixture {
   // "old" or "new", where database, pictures and layouts all belong to it and nothing else is there but what
   // was there before.
   QString State() {
-    auto files = FilesIn(folder_.path());
-    std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
-    QString name;
-    {
-      WritingConnection connection;
-      if (QString refused = FailureOf([&] { OpenCatalogDatabase(connection, Path()); }); !refused.isEmpty())
-        return refused;
-      if (const auto findings = CheckCatalogs(connection); !findings.empty())
-        return NameOf(findings[0].kind) + u' ' + findings[0].subject;
-      name = GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, connection, {}).toString();
-    }
-    const bool isOld = name == u"old";
+    Connection connection;
+    if (QString refused = FailureOf([&] { OpenCatalogDatabase(connection, Path()); }); !refused.isEmpty())
+      return refused;
+    for (const Finding& finding : CheckCatalogs(connection)) return NameOf(finding.kind) + finding.subject;
+    const QString name = GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, connection, {}).toString();
+    connection.Close();
+    const auto files = Files();
     for (const auto& [file, content] : files)
       if (file.startsWith(u"Images/") && !content.startsWith(name.toUtf8())) return u"picture "_qs + file;
-    const std::size_t meant = isOld ? 6 * 2 + 2 + 1 + 1 : 4 * 2 + 2 + 1;
+    const std::size_t meant = name == u"old" ? 6 * 2 + 2 + 1 + 1 : 4 * 2 + 2 + 1;
     return files.size() == meant ? name : u"%1, %2 files"_qs.arg(name).arg(files.size());
+  }
+  std::map<QString, QByteArray> Files() const {
+    auto files = FilesIn(folder_.path());
+    std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
+    return files;
+  }
+  // A backup whose database was changed by statements that no connection of ours would run.
+  BackupFiles Changed(BackupFiles files, const QString& sql) const {
+    const QString path = Outside(u"Catalog.db"_qs);
+    WriteFileSafely(path, files[DatabaseName]);
+    {
+      SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
+      RegisterSqlExtensions(database);
+      database.exec(sql.toStdString());
+    }
+    files[DatabaseName] = ContentOf(path);
+    FitManifest(files);
+    return files;
   }
 
   const QString file_ = Outside(u"backup.zip"_qs);
@@ -104,8 +116,7 @@ TEST_F(RestoreTest, ReplacesEverythingAndKeepsWhatWasThereUntilTheNextOne) {
     EXPECT_EQ(Restore(), QString());
     EXPECT_EQ(State(), u"new"_qs);
     EXPECT_EQ(Differences(FilesIn(FormerFolder(folder_.path())), before), QStringList()) << i;
-    before = FilesIn(folder_.path());
-    std::erase_if(before, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
+    before = Files();
   }
 }
 
@@ -124,139 +135,95 @@ TEST_F(RestoreTest, NamesComeBackByteForByte) {
 }
 
 TEST_F(RestoreTest, PathsPointToWhereItIsRestored) {
-  struct Case {
-    QString from;
-    QString stored;
-    QString expected;  // below the application folder, or as it was
-  };
-  const std::vector<Case> cases{
-      {u"/other/place"_qs, u"/other/place/Images/109-A.jpg"_qs, u"Images/109-A.jpg"_qs},
-      {u"C:\\Ditta\\L'app"_qs, u"C:\\Ditta\\L'app\\Images\\109-A.jpg"_qs, u"Images/109-A.jpg"_qs},
-      {u"/other"_qs, u"/otherwise/Images/109-A.jpg"_qs, QString()},
-      {u"/other"_qs, u"/Other/Images/109-A.jpg"_qs, QString()}};
+  // From where the backup was made, what its row names, and what becomes of that.
+  const QString there = u"Images/109-A.jpg"_qs;
+  const std::vector<std::array<QString, 3>> cases{
+      {u"/other/place"_qs, u"/other/place/Images/109-A.jpg"_qs, there},
+      {u"C:\\Ditta\\L'app"_qs, u"C:\\Ditta\\L'app\\Images\\109-A.jpg"_qs, there},
+      {u"/other"_qs, u"/otherwise/Images/109-A.jpg"_qs, {}},
+      {u"/other"_qs, u"/Other/Images/109-A.jpg"_qs, {}}};
   const BackupFiles whole = ReadBackupFiles(file_);
-  for (const Case& c : cases) {
-    BackupFiles files = whole;
-    WriteFileSafely(Outside(u"Catalog.db"_qs), files[DatabaseName]);
-    connection_.Open(ConnectionTextFor(Outside(u"Catalog.db"_qs)));
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='È 1'"_qs, {c.stored});
-    connection_.Close();
-    files[DatabaseName] = ContentOf(Outside(u"Catalog.db"_qs));
-    FitManifest(files, [&](BackupManifest& manifest) { manifest.applicationPath = c.from; });
+  for (const auto& [from, stored, expected] : cases) {
+    BackupFiles files = Changed(whole, u"UPDATE Prodotti SET Immagine='%1' WHERE CodiceProdotto='È 1'"_qs.arg(
+                                           QString(stored).replace(u"'"_qs, u"''"_qs)));
+    FitManifest(files, [&, from = from](BackupManifest& manifest) { manifest.applicationPath = from; });
     WriteBackupFiles(file_, files);
     SetAppPath(Outside(u"fresh"_qs));
-    ASSERT_EQ(Restore(), QString()) << c.from;
+    ASSERT_EQ(Restore(), QString()) << from;
     connection_.Open(ConnectionTextFor(AppFile(DatabaseName)));
-    EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='È 1'"_qs).toString(),
-              c.expected.isEmpty() ? c.stored : AppFile(c.expected))
-        << c.from;
+    EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='È 1'"_qs),
+              expected.isEmpty() ? stored : AppFile(expected))
+        << from;
     connection_.Close();
   }
 }
 
-TEST_F(RestoreTest, ABackupThatIsNotWholeIsRefused) {
+TEST_F(RestoreTest, WhatIsNotWholeOrNotBuiltLikeOursIsRefused) {
   const BackupFiles whole = ReadBackupFiles(file_);
-  const auto damageDatabase = [](BackupFiles& files, int at, char byte) { files[DatabaseName][at] = byte; };
-  struct Case {
-    const char* name;
-    std::function<void(BackupFiles&)> change;
-    bool fitManifest;
-    QString tells;
+  const QString picture = u"Images/7.jpg"_qs;
+  using Change = std::function<BackupFiles(BackupFiles)>;
+  const auto put = [](const QString& name, const QByteArray& content) -> Change {
+    return [=](BackupFiles files) { return files[name] = content, files; };
   };
-  const std::vector<Case> cases{
-      {"a changed picture", [](BackupFiles& f) { f[u"Images/7.jpg"_qs][3] = '!'; }, false, u"not whole"_qs},
-      {"a missing picture", [](BackupFiles& f) { f.erase(u"Images/7.jpg"_qs); }, false, u"not whole"_qs},
-      {"a file too many", [](BackupFiles& f) { f[u"Images/8.jpg"_qs] = "x"; }, false, u"not whole"_qs},
-      {"no manifest", [](BackupFiles& f) { f.erase(ManifestName); }, false, u"no backup of Vorlina"_qs},
-      {"another manifest", [](BackupFiles& f) { f[ManifestName] = "{}"; }, false, u"no backup of Vorlina"_qs},
-      {"a later form", [](BackupFiles& f) { f[ManifestName].replace("\"version\":1", "\"version\":2"); },
-       false, u"newer version"_qs},
-      {"a name of its own making",
-       [](BackupFiles& f) {
-         f[ManifestName].replace("\"name\":\"Images/7.jpg\"",
-                                 R"("stored": "Images/7.jpg", "name": "Images/../../x")");
-       },
-       false, u"does not belong"_qs},
-      {"a program", [](BackupFiles& f) { f[u"PubWiz/Evil.so"_qs] = "x"; }, true, u"does not belong"_qs},
-      {"no database", [](BackupFiles& f) { f.erase(DatabaseName); }, true, u"not whole"_qs},
-      {"an empty database", [](BackupFiles& f) { f[DatabaseName].clear(); }, true, u"empty"_qs},
-      {"a newer schema", [&](BackupFiles& f) { damageDatabase(f, 63, 9); }, true, u"newer version"_qs},
-      {"a foreign database", [&](BackupFiles& f) { damageDatabase(f, 68, 'X'); }, true,
-       u"no database of Vorlina"_qs},
-      {"a damaged database",
-       [&](BackupFiles& f) { f[DatabaseName].replace(4096, 500, QByteArray(500, 'z')); }, true,
-       u"damaged"_qs},
+  const auto without = [](const QString& name) -> Change {
+    return [=](BackupFiles files) { return files.erase(name), files; };
   };
-  for (const Case& c : cases) {
-    BackupFiles files = whole;
-    c.change(files);
-    if (c.fitManifest) FitManifest(files);
-    WriteBackupFiles(file_, files);
+  const auto list = [](const QByteArray& before, const QByteArray& after) -> Change {
+    return [=](BackupFiles files) { return files[ManifestName].replace(before, after), files; };
+  };
+  const auto fit = [](const Change& change) -> Change {
+    return [=](BackupFiles files) { return files = change(files), FitManifest(files), files; };
+  };
+  const auto sql = [this](const QString& statements) -> Change {
+    return [=, this](const BackupFiles& files) { return Changed(files, statements); };
+  };
+  // The list says how much is unpacked: more than fits is refused beforehand, more than it says not unpacked.
+  const auto bomb = [](qint64 size) -> Change {
+    return [=](BackupFiles files) {
+      files[u"Images/bomb.jpg"_qs] = QByteArray(5'000'000, 'x');
+      FitManifest(files,
+                  [=](BackupManifest& manifest) { manifest.files[u"Images/bomb.jpg"_qs].size = size; });
+      return files;
+    };
+  };
+  QByteArray damaged = whole.at(DatabaseName);
+  damaged.replace(4096, 500, QByteArray(500, 'z'));
+  const std::vector<std::pair<QString, Change>> cases{
+      {u"not whole"_qs, put(picture, "changed")},
+      {u"not whole"_qs, without(picture)},
+      {u"not whole"_qs, put(u"Images/8.jpg"_qs, "x")},
+      {u"not whole"_qs, fit(without(DatabaseName))},
+      {u"no backup of Vorlina"_qs, put(ManifestName, "{}")},
+      {u"newer version"_qs, list(R"("version":1)", R"("version":2)")},
+      {u"does not belong"_qs,
+       list(R"("name":"Images/7.jpg")", R"("stored":"Images/7.jpg","name":"../../x")")},
+      {u"does not belong"_qs, fit(put(u"PubWiz/Evil.so"_qs, "a program"))},
+      {u"no room"_qs, bomb(qint64(1) << 50)},
+      {u"not whole"_qs, bomb(4'000'000)},
+      {u"damaged"_qs, fit(put(DatabaseName, damaged))},
+      {u"(Immagini)"_qs, sql(u"PRAGMA foreign_keys=OFF; DROP TABLE Immagini"_qs)},
+      {u"(OnlyOne)"_qs, sql(u"CREATE UNIQUE INDEX OnlyOne ON Prodotti (CodiceProdotto, Pubblica)"_qs)},
+      {u"(Extensions)"_qs, sql(u"ALTER TABLE Extensions RENAME COLUMN C TO D"_qs)},
+      {u"(SchedePerProdotto)"_qs, sql(u"DROP INDEX SchedePerProdotto; CREATE INDEX SchedePerProdotto ON "
+                                      "SchedeTecniche (IDCatalogo)"_qs)},
+      {u"(PExtension)"_qs, sql(u"PRAGMA writable_schema=ON; UPDATE sqlite_schema SET "
+                               "sql=replace(sql,'ON DELETE CASCADE','') WHERE name='PExtension'"_qs)},
+      {u"(trigger t)"_qs,
+       sql(u"CREATE TRIGGER t AFTER UPDATE ON Prodotti BEGIN DELETE FROM Cataloghi; END"_qs)},
+      {u"(view v)"_qs, sql(u"CREATE VIEW v AS SELECT 1"_qs)},
+      {u"(shadow f_content)"_qs, sql(u"CREATE VIRTUAL TABLE f USING fts5(a)"_qs)},
+      {{}, sql(u"CREATE TABLE More (a UNIQUE); CREATE INDEX OfMore ON More (a)"_qs)}};
+  for (const auto& [tells, change] : cases) {
+    WriteBackupFiles(file_, change(whole));
     const QString told = Restore();
-    EXPECT_TRUE(told.contains(c.tells)) << c.name << ": " << told;
-    EXPECT_EQ(State(), u"old"_qs) << c.name;
-  }
-  WriteBackupFiles(file_, whole);
-  EXPECT_EQ(Restore(), QString()) << "and the unchanged one is taken";
-  EXPECT_EQ(State(), u"new"_qs);
-}
-
-TEST_F(RestoreTest, OnlyADatabaseThatIsBuiltLikeOursIsTaken) {
-  const BackupFiles whole = ReadBackupFiles(file_);
-  const std::vector<std::pair<const char*, QString>> cases{
-      {"PRAGMA foreign_keys=OFF; DROP TABLE Immagini", u"(Immagini)"_qs},
-      {"CREATE UNIQUE INDEX OnlyOne ON Prodotti (CodiceProdotto, Pubblica)", u"(OnlyOne)"_qs},
-      {"ALTER TABLE Extensions ADD COLUMN More TEXT", u"(Extensions)"_qs},
-      {"ALTER TABLE Extensions RENAME COLUMN C TO D", u"(Extensions)"_qs},
-      {"DROP INDEX SchedePerProdotto", u"(SchedePerProdotto)"_qs},
-      {"DROP INDEX SchedePerProdotto; CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo)",
-       u"(SchedePerProdotto)"_qs},
-      {"DROP TABLE SchedeTecniche; CREATE TABLE SchedeTecniche (IDScheda INTEGER PRIMARY KEY AUTOINCREMENT,"
-       " IDCatalogo INTEGER NOT NULL, CodiceProdotto TEXT NOT NULL COLLATE NOCASE, Caratteristica TEXT,"
-       " Valore TEXT); CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo, CodiceProdotto)",
-       u"(SchedeTecniche)"_qs},
-      {"CREATE TRIGGER t AFTER UPDATE ON Prodotti BEGIN DELETE FROM Cataloghi; END", u"(trigger t)"_qs},
-      {"CREATE VIEW v AS SELECT 1", u"(view v)"_qs},
-      {"CREATE VIRTUAL TABLE f USING fts5(a)", u"(shadow f_content)"_qs},
-      {"CREATE TABLE More (a UNIQUE); CREATE INDEX OfMore ON More (a)", QString()},
-      {"PRAGMA user_version=0", QString()}};
-  for (const auto& [sql, tells] : cases) {
-    BackupFiles files = whole;
-    const QString database = Outside(u"Catalog.db"_qs);
-    WriteFileSafely(database, files[DatabaseName]);
-    {
-      SQLite::Database changed(database.toStdString(), SQLite::OPEN_READWRITE);
-      RegisterSqlExtensions(changed);
-      changed.exec(sql);
-    }
-    files[DatabaseName] = ContentOf(database);
-    FitManifest(files);
-    WriteBackupFiles(file_, files);
-    const QString told = Restore();
-    EXPECT_TRUE(tells.isEmpty() ? told.isEmpty() : told.contains(tells)) << sql << ": " << told;
-    EXPECT_EQ(State(), tells.isEmpty() ? u"new"_qs : u"old"_qs) << sql;
-  }
-}
-
-// The list says how much is unpacked: more than fits is refused beforehand, more than it says is not
-// unpacked.
-TEST_F(RestoreTest, ABackupThatWouldFillTheDiskIsRefused) {
-  BackupFiles files = ReadBackupFiles(file_);
-  files[u"Images/bomb.jpg"_qs] = QByteArray(5'000'000, 'x');
-  for (const auto& [size, tells] :
-       {std::pair(qint64(1) << 50, u"no room"_qs), {4'000'000, u"not whole"_qs}}) {
-    FitManifest(files, [&, size = size](BackupManifest& manifest) {
-      manifest.files[u"Images/bomb.jpg"_qs].size = size;
-    });
-    WriteBackupFiles(file_, files);
-    EXPECT_TRUE(Restore().contains(tells)) << tells;
-    EXPECT_EQ(State(), u"old"_qs);
+    EXPECT_TRUE(tells.isEmpty() ? told.isEmpty() : told.contains(tells)) << tells << ": " << told;
+    EXPECT_EQ(State(), tells.isEmpty() ? u"new"_qs : u"old"_qs) << tells;
   }
 }
 
 TEST_F(RestoreTest, NobodyLosesTheDatabaseThatHeHasOpen) {
   {
-    WritingConnection idle;
+    Connection idle;
     OpenCatalogDatabase(idle, Path());
     EXPECT_TRUE(Restore().contains(u"open in another program"));
   }
@@ -290,7 +257,7 @@ TEST_F(RestoreTest, AFullDiskOrAStopLeavesTheOldState) {
 TEST_F(RestoreTest, WhereverItIsCutShortTheNextStartHasTheOldStateOrTheNewOne) {
   // A copy of the old state for each time.
   const auto old = FilesIn(folder_.path());
-  int became[2] = {0, 0};
+  std::map<QString, int> became;
   bool ended = false;
   for (int call = 1; !ended; ++call) {
     ASSERT_LT(call, 500);
@@ -306,7 +273,7 @@ TEST_F(RestoreTest, WhereverItIsCutShortTheNextStartHasTheOldStateOrTheNewOne) {
     ASSERT_EQ(FailureOf([] { FinishInterruptedRestore(); }), QString()) << call;
     const QString state = State();
     ASSERT_TRUE(state == u"old" || state == u"new") << call << ": " << state;
-    ++became[state == u"new" ? 1 : 0];
+    ++became[state];
     if (state == u"old") continue;
     ASSERT_EQ(Differences(FilesIn(FormerFolder(folder_.path())), old), QStringList()) << call;
     for (const QString& entry : {u"Images"_qs, u"Layouts"_qs}) QDir(AppFile(entry)).removeRecursively();
@@ -316,21 +283,11 @@ TEST_F(RestoreTest, WhereverItIsCutShortTheNextStartHasTheOldStateOrTheNewOne) {
     }
   }
   // Else the calls were not counted.
-  EXPECT_GT(became[0], 5);
-  EXPECT_GT(became[1], 10);
+  EXPECT_GT(became[u"old"_qs], 5);
+  EXPECT_GT(became[u"new"_qs], 10);
 }
 
-TEST_F(RestoreTest, WhenTheChangeOfPlacesFailsItIsTakenBack) {
-  // What is staged cannot take the place of a folder that is not empty and that the journal does not know.
-  QDir().mkpath(StagingFolder(folder_.path()) + u"/Images"_qs);
-  WriteFileSafely(
-      AppFile(u".restore-journal"_qs),
-      R"({"kept":"Before restore","former":["Catalog.db"],"coming":["Images"],"completed":false})");
-  EXPECT_TRUE(FailureOf([] { FinishInterruptedRestore(); }).contains(u"cannot be moved"));
-  EXPECT_EQ(State(), u"old"_qs);
-}
-
-TEST_F(RestoreTest, AJournalThatCannotBeReadTouchesNothing) {
+TEST_F(RestoreTest, AJournalThatCannotBeFollowedChangesNothing) {
   const QByteArray bytes[] = {"", "{}", R"({"kept":"../x","former":[],"coming":["Images"]})",
                               R"({"kept":"k","former":["../x"],"coming":["../y"]})"};
   for (const QByteArray& content : bytes) {
@@ -338,6 +295,12 @@ TEST_F(RestoreTest, AJournalThatCannotBeReadTouchesNothing) {
     EXPECT_TRUE(FailureOf([] { FinishInterruptedRestore(); }).contains(u"cannot be read"))
         << content.constData();
   }
-  QFile::remove(AppFile(u".restore-journal"_qs));
+  // What is staged cannot take the place of a folder that is not empty and that the journal does not know:
+  // what was done by then is taken back.
+  QDir().mkpath(StagingFolder(folder_.path()) + u"/Images"_qs);
+  WriteFileSafely(
+      AppFile(u".restore-journal"_qs),
+      R"({"kept":"Before restore","former":["Catalog.db"],"coming":["Images"],"completed":false})");
+  EXPECT_TRUE(FailureOf([] { FinishInterruptedRestore(); }).contains(u"cannot be moved"));
   EXPECT_EQ(State(), u"old"_qs);
 }
