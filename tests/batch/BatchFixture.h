@@ -1,7 +1,7 @@
 // Runs vorlina-batch as a program of its own, with settings and a home of its own.
 #pragma once
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -70,9 +70,8 @@ class BatchFixture : public CatalogFixture {
     Start(process, arguments);
     while (!QFileInfo::exists(file) && !process.waitForFinished(0)) {
     }
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.nsecsElapsed() < 1000LL * microseconds) {
+    const QDeadlineTimer end(std::chrono::microseconds{microseconds});
+    while (!end.hasExpired()) {
     }
     process.kill();
     return Ended(process).killed;
