@@ -9,16 +9,12 @@
 #include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
+#include "support/CatalogFixture.h"
 #include "support/FullDisk.h"
 
 using namespace vorlina;
 
 namespace {
-
-QByteArray ContentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
 
 QStringList Below(const QString& folder) {
   return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -65,12 +61,12 @@ TEST(SafeFile, AWriterThatThrowsOrRefusesLeavesTheFormerFile) {
 
 TEST(SafeFile, CopiesWholeAndTellsAMissingSource) {
   const QTemporaryDir folder;
-  const QString source = folder.filePath(u"source"_qs);
-  WriteFileSafely(source, QByteArray(700001, 'y'));
-  CopyFileSafely(source, folder.filePath(u"target"_qs));
-  EXPECT_EQ(ContentOf(folder.filePath(u"target"_qs)), ContentOf(source));
-  EXPECT_THROW(CopyFileSafely(folder.filePath(u"gone"_qs), folder.filePath(u"target"_qs)), Error);
-  EXPECT_EQ(QFileInfo(folder.filePath(u"target"_qs)).size(), 700001);
+  const QString target = folder.filePath(u"target"_qs);
+  const QByteArray content(700001, 'y');
+  WriteFileSafely(folder.filePath(u"source"_qs), content);
+  CopyFileSafely(folder.filePath(u"source"_qs), target);
+  EXPECT_THROW(CopyFileSafely(folder.filePath(u"gone"_qs), target), Error);
+  EXPECT_EQ(ContentOf(target), content);
 }
 
 TEST(Settings, KeepAnyTextAndGiveTheDefaultUnstored) {
@@ -115,64 +111,47 @@ TEST(Settings, KeepWhatAPersonWroteByHand) {
 }
 
 TEST(Settings, AFullDiskLeavesTheFormerSettings) {
-  SetLanguage(u"English"_qs);
   Save(u"Kept"_qs, u"former"_qs);
   {
     const FullDisk full(4096);
     EXPECT_THROW(Save(u"Big"_qs, QString(20000, u'x')), DiskFullError);
   }
-  EXPECT_EQ(Setting(u"Kept"_qs), u"former"_qs);
-  EXPECT_EQ(Setting(u"Big"_qs), u"default"_qs);
   Save(u"After"_qs, u"works"_qs);
-  EXPECT_EQ(Setting(u"Kept"_qs) + Setting(u"After"_qs), u"formerworks"_qs);
+  EXPECT_EQ(Setting(u"Kept"_qs) + Setting(u"Big"_qs) + Setting(u"After"_qs), u"formerdefaultworks"_qs);
 }
 
 TEST(Language, ComesFromTheSettingOrTheSystemAndIsNotSaved) {
-  struct Case {
-    const char16_t* setting;
-    const char16_t* language;
-    int baseErrore;
-  };
-  for (const Case& c : {Case{u"Italian", u"Italian", 200}, Case{u"English", u"English", 500},
-                        Case{u"italian", u"italian", 0}, Case{u"", u"English", 500}}) {
-    SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, QString::fromUtf16(c.setting));
+  for (const auto& [setting, language, base] : {std::tuple{u"Italian"_qs, u"Italian"_qs, 200},
+                                                {u"English"_qs, u"English"_qs, 500},
+                                                {u"italian"_qs, u"italian"_qs, 0},
+                                                {u""_qs, u"English"_qs, 500}}) {
+    SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, setting);
     ChooseLanguage();
-    EXPECT_EQ(Language, QString::fromUtf16(c.language));
-    EXPECT_EQ(BaseErrore, c.baseErrore);
-    EXPECT_EQ(GetSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, u"-"_qs),
-              QString::fromUtf16(c.setting));
+    EXPECT_EQ(Language, language);
+    EXPECT_EQ(BaseErrore, base);
+    EXPECT_EQ(GetSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, u"-"_qs), setting);
   }
-}
-
-TEST(AppPath, FilesBelowItAreNativeAndAbsolute) {
-  const QTemporaryDir folder;
-  SetAppPath(folder.path() + u"/x/../"_qs);
-  EXPECT_EQ(AppPath(), QDir::toNativeSeparators(folder.path()));
-  EXPECT_EQ(AppFile(u"Images/1.jpg"_qs), QDir::toNativeSeparators(folder.path() + u"/Images/1.jpg"_qs));
 }
 
 // What a user's own folder gets from a delivered folder that cannot be written, and what a second start
 // leaves alone.
 TEST(AppPath, TheUsersFolderIsFilledOnceAndThenKept) {
   const QDir delivered(DeliveredPath());
-  ASSERT_TRUE(delivered.mkpath(u"Images"_qs) && delivered.mkpath(u"PubWiz/Own"_qs));
-  WriteFileSafely(delivered.filePath(u"Images/1.jpg"_qs), "delivered");
-  WriteFileSafely(delivered.filePath(u"PubWiz/Own/skin.txt"_qs), "delivered");
-  WriteFileSafely(delivered.filePath(u"PubWiz/Own.so"_qs), "library");
-  WriteFileSafely(delivered.filePath(u"Catalog.db"_qs), "delivered");
+  const QStringList names{u"Images/1.jpg"_qs, u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs,
+                          u"Catalog.db"_qs};
+  for (const QString& name : names) {
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(delivered.filePath(name)).path()));
+    WriteFileSafely(delivered.filePath(name), "delivered");
+  }
   const QTemporaryDir user;
-  SetAppPath(user.path());
+  SetAppPath(user.path() + u"/x/../"_qs);
+  EXPECT_EQ(AppPath(), QDir::toNativeSeparators(user.path()));
   PrepareAppPath();
-  EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "delivered");
-  EXPECT_EQ(ContentOf(AppFile(u"Images/1.jpg"_qs)), "delivered");
-  EXPECT_EQ(ContentOf(AppFile(u"PubWiz/Own/skin.txt"_qs)), "delivered");
-  EXPECT_FALSE(QFileInfo::exists(AppFile(u"PubWiz/Own.so"_qs)));
-
+  for (const QString& name : names)
+    EXPECT_EQ(ContentOf(AppFile(name)), name.endsWith(u".so") ? "(missing)" : "delivered")
+        << name.toStdString();
   WriteFileSafely(AppFile(u"Catalog.db"_qs), "the user's");
-  WriteFileSafely(delivered.filePath(u"Catalog.db"_qs), "newer");
   PrepareAppPath();
   EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "the user's");
-  for (const QString& name :
-       {u"Images/1.jpg"_qs, u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs, u"Catalog.db"_qs})
-    QFile::remove(delivered.filePath(name));
+  for (const QString& name : names) QFile::remove(delivered.filePath(name));
 }
