@@ -152,5 +152,5 @@ TEST_F(KillTest, ACloneOrADeletionLeavesAWholeDatabase) {
   KillOften(16, {QStringList{u"clone"_qs} + of109, prepare,
                  [&](int i) { return AppFile(u"Images/201-È %1.jpg"_qs.arg(i * 45)); }, check(2 * Products)});
   KillOften(16, {QStringList{u"delete"_qs, u"--yes"_qs} + of109, prepare,
-                 [&](int) { return Path() + u"-journal"_qs; }, check(0)});
+                 [&](int) { return QString(Path() + u"-journal"_qs); }, check(0)});
 }
