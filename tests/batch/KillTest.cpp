@@ -135,8 +135,11 @@ TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
 // Cloning leaves the copy whole or not at all, and deletion the catalog whole or not at all: what is left is
 // at most files without a row.
 TEST_F(KillTest, ACloneOrADeletionLeavesAWholeDatabase) {
-  constexpr int Products = 800;
+  constexpr int Products = 720;
   Fill("x", Products);
+  connection_.Execute(
+      u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) WITH RECURSIVE n(i) AS "
+      "(SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<8000) SELECT 109,'È 0','Peso',i FROM n"_qs);
   connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo) VALUES (200,'other')"_qs);
   const auto prepare = Remembered();
   const QStringList of109 = Here({u"--catalog"_qs, u"109"_qs});

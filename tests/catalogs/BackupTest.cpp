@@ -67,8 +67,9 @@ TEST_F(BackupTest, AFormerBackupIsReplacedAndNoOtherFile) {
   }
   QFile::remove(file_);
   QFile::remove(Outside(u"other.zip"_qs));
+  ASSERT_EQ(Backup(Outside(u"other.zip"_qs)), QString());
   ASSERT_EQ(mkfifo(file_.toLocal8Bit().constData(), 0600), 0);
-  ASSERT_TRUE(QFile::link(u"nowhere"_qs, Outside(u"link.zip"_qs)));
+  ASSERT_TRUE(QFile::link(u"other.zip"_qs, Outside(u"link.zip"_qs)));
   for (const QString& name : {file_, Outside(u"link.zip"_qs), u"/dev/null"_qs})
     EXPECT_TRUE(Backup(name).contains(u"is no backup")) << name;
   const auto before = FilesIn(folder_.path());

@@ -275,6 +275,7 @@ TEST(Rendering, ADamagedOrForeignPictureIsRefusedWithItsReason) {
 TEST(Rendering, WhatIsOnlyUnusualIsTaken) {
   const QByteArray jpeg = MakeJpeg(MakePhoto({900, 600}, 1));
   const QByteArray body = jpeg.chopped(2);
+  const QByteArray scans = MakeJpeg(MakePhoto({900, 600}, 1), {.progressive = true});
   QByteArray scan = jpeg;  // the last three bytes of its head say which coefficients it holds
   const qsizetype head = jpeg.indexOf("\xFF\xDA");
   scan.replace(head + 2 + scan[head + 3] - 3, 3, QByteArray(3, '\0'));
@@ -284,6 +285,7 @@ TEST(Rendering, WhatIsOnlyUnusualIsTaken) {
       {"bytes behind the end", jpeg + QByteArray(3000, 'x')},
       {"a scan without its parameters", scan},
       {"bytes before the scan", QByteArray(jpeg).insert(head, "stray")},
+      {"bytes between scans", QByteArray(scans).insert(scans.lastIndexOf("\xFF\xC4"), "stray")},
       {"zeros before the end", body + QByteArray(15, '\0') + "\xFF\xD9"},
       {"another version of JFIF", version}};
   for (const auto& [name, bytes] : cases) {

@@ -296,8 +296,8 @@ TEST_F(MainWindow, ALongCloneShowsItsProgressAndCanBeStopped) {
   UnexpectedModalGuard::allowed = {u"WidgetProgressBox"_qs};
   AddProduct(110, u"a"_qs);
   connection_.Execute(
-      u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) "
-      "INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) SELECT 110,'a','missing.jpg' FROM n"_qs);
+      u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+      "SELECT i+1 FROM n WHERE i<3000) SELECT 110,'a','missing.jpg' FROM n"_qs);
   Catalogs()->setCurrentRow(1);
   for (const bool stops : {true, false}) {
     QString text;

@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <cerrno>
-#include <new>
 #include <utility>
 
 namespace vorlina {
@@ -26,62 +25,40 @@ bool Fails(bool reads = false) {
   return fails;
 }
 
-// SQLite's file object, with the real one right behind it.
-struct File {
-  sqlite3_file base;
-  sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
-};
+// The real calls, and the tables in their place: all files of a test lie on one file system, but the
+// database alone is locked.
+sqlite3_vfs* real = nullptr;
+sqlite3_vfs fault;
+sqlite3_io_methods calls;
+sqlite3_io_methods faultCalls[2];
 
-File* Own(sqlite3_file* file) { return reinterpret_cast<File*>(file); }
-sqlite3_file* Real(sqlite3_file* file) { return Own(file)->Real(); }
-
+int Read(sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
+  if (!Fails(true)) return calls.xRead(file, bytes, count, at);
+  errno = EIO;  // which SQLite turns into damage, from a real disk too
+  return SQLITE_IOERR_CORRUPTFS;
+}
 int Write(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 at) {
-  return Fails() ? SQLITE_FULL : Real(file)->pMethods->xWrite(Real(file), bytes, count, at);
+  return Fails() ? SQLITE_FULL : calls.xWrite(file, bytes, count, at);
 }
 // Nothing here pulls the plug, so the disk is not waited for.
 int Sync(sqlite3_file*, int) { return Fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; }
 int Truncate(sqlite3_file* file, sqlite3_int64 size) {
-  return Fails() ? SQLITE_IOERR_TRUNCATE : Real(file)->pMethods->xTruncate(Real(file), size);
+  return Fails() ? SQLITE_IOERR_TRUNCATE : calls.xTruncate(file, size);
 }
 
-const sqlite3_io_methods Methods = {
-    1,
-    [](sqlite3_file* f) { return Real(f)->pMethods->xClose(Real(f)); },
-    [](sqlite3_file* f, void* bytes, int count, sqlite3_int64 at) {
-      if (Fails(true)) {
-        errno = EIO;  // which SQLite turns into damage, from a real disk too
-        return SQLITE_IOERR_CORRUPTFS;
-      }
-      return Real(f)->pMethods->xRead(Real(f), bytes, count, at);
-    },
-    Write,
-    Truncate,
-    Sync,
-    [](sqlite3_file* f, sqlite3_int64* size) { return Real(f)->pMethods->xFileSize(Real(f), size); },
-    [](sqlite3_file* f, int lock) { return Real(f)->pMethods->xLock(Real(f), lock); },
-    [](sqlite3_file* f, int lock) { return Real(f)->pMethods->xUnlock(Real(f), lock); },
-    [](sqlite3_file* f, int* result) { return Real(f)->pMethods->xCheckReservedLock(Real(f), result); },
-    [](sqlite3_file* f, int what, void* value) {
-      return Real(f)->pMethods->xFileControl(Real(f), what, value);
-    },
-    [](sqlite3_file* f) { return Real(f)->pMethods->xSectorSize(Real(f)); },
-    [](sqlite3_file* f) { return Real(f)->pMethods->xDeviceCharacteristics(Real(f)); },
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-};
-
-sqlite3_vfs* real = nullptr;
-sqlite3_vfs fault;
-
 int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
-  File* const own = new (file) File{};
+  file->pMethods = nullptr;
   if ((flags & SQLITE_OPEN_MAIN_JOURNAL) != 0 && Fails()) return SQLITE_CANTOPEN;
-  const int result = real->xOpen(real, name, own->Real(), flags, outFlags);
-  own->base.pMethods = own->Real()->pMethods == nullptr ? nullptr : &Methods;
+  const int result = real->xOpen(real, name, file, flags, outFlags);
+  if (file->pMethods == nullptr) return result;
+  sqlite3_io_methods& own = faultCalls[(flags & SQLITE_OPEN_MAIN_DB) != 0 ? 0 : 1];
+  calls = own = *file->pMethods;
+  own.iVersion = 1;
+  own.xRead = Read;
+  own.xWrite = Write;
+  own.xSync = Sync;
+  own.xTruncate = Truncate;
+  file->pMethods = &own;
   return result;
 }
 
@@ -98,7 +75,6 @@ int Delete(sqlite3_vfs*, const char* name, int) {
 FaultVfs::FaultVfs() {
   real = sqlite3_vfs_find(nullptr);
   fault = *real;
-  fault.szOsFile = int(sizeof(File)) + real->szOsFile;
   fault.zName = "fault";
   fault.pNext = nullptr;
   fault.xOpen = Open;

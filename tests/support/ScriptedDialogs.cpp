@@ -9,8 +9,15 @@
 
 namespace vorlina {
 namespace {
+
 Dialogs* current = nullptr;
-}
+
+QString MessageBox(const QString& text, BoxStyle style) { return u"message %1: "_qs.arg(int(style)) + text; }
+QString Question(const QString& text) { return u"question: "_qs + text; }
+QString InputBox(const QString& text) { return u"input: "_qs + text; }
+const QString FileChooser = QStringLiteral("file");
+
+}  // namespace
 
 ScriptedDialogs::ScriptedDialogs() : before_(current) {
   current = this;
@@ -18,84 +25,52 @@ ScriptedDialogs::ScriptedDialogs() : before_(current) {
 }
 
 ScriptedDialogs::~ScriptedDialogs() {
-  for (const Step& step : script_) ADD_FAILURE() << "never shown: " << step.text.toStdString();
+  for (const Step& step : script_) ADD_FAILURE() << "never shown: " << step.box.toStdString();
   current = before_;
   InstallDialogs(before_);
 }
 
 void ScriptedDialogs::ExpectMessage(const QString& text, BoxStyle style) {
-  script_.push_back({Kind::Message, text, style, {}});
+  script_.push_back({MessageBox(text, style), {}});
 }
 void ScriptedDialogs::ExpectQuestion(const QString& text, bool answer) {
-  script_.push_back({Kind::Question, text, BoxStyle::Question, answer});
-}
-void ScriptedDialogs::ExpectAskWithCancel(const QString& text, Answer answer) {
-  script_.push_back({Kind::AskWithCancel, text, BoxStyle::Question, answer});
+  script_.push_back({Question(text), answer ? u"yes"_qs : QString()});
 }
 void ScriptedDialogs::ExpectInput(const QString& text, const QString& answer) {
-  script_.push_back({Kind::Input, text, BoxStyle::Plain, answer});
+  script_.push_back({InputBox(text), answer});
 }
-void ScriptedDialogs::ExpectFile(const QString& answer) {
-  script_.push_back({Kind::File, {}, BoxStyle::Plain, answer});
-}
-void ScriptedDialogs::ExpectFolder(const QString& answer) {
-  script_.push_back({Kind::Folder, {}, BoxStyle::Plain, answer});
-}
+void ScriptedDialogs::ExpectFile(const QString& answer) { script_.push_back({FileChooser, answer}); }
 
-ScriptedDialogs::Step ScriptedDialogs::Take(Kind kind, const QString& text) {
-  Step step{kind, text, BoxStyle::Plain, {}};
+QString ScriptedDialogs::Take(const QString& box) {
   if (script_.empty()) {
-    ADD_FAILURE() << "a box that nobody scripted: " << text.toStdString();
-    return step;
+    ADD_FAILURE() << "a box that nobody scripted: " << box.toStdString();
+    return {};
   }
-  step = script_.front();
+  const Step step = script_.front();
   script_.pop_front();
-  EXPECT_EQ(int(step.kind), int(kind)) << text.toStdString();
-  if (kind != Kind::File && kind != Kind::Folder) {
-    EXPECT_EQ(step.text.toStdString(), text.toStdString());
-  }
-  return step;
+  EXPECT_EQ(step.box.toStdString(), box.toStdString());
+  return step.answer;
 }
 
 void ScriptedDialogs::ShowMessage(QWidget*, const QString& text, BoxStyle style, const QString&) {
-  const Step step = Take(Kind::Message, text);
-  EXPECT_EQ(int(step.style), int(style)) << text.toStdString();
+  Take(MessageBox(text, style));
 }
-
 bool ScriptedDialogs::ShowQuestion(QWidget*, const QString& text, BoxStyle, const QString&) {
-  const Step step = Take(Kind::Question, text);
-  const bool* answer = std::get_if<bool>(&step.answer);
-  return answer != nullptr && *answer;
+  return !Take(Question(text)).isEmpty();
 }
-
 Dialogs::Answer ScriptedDialogs::AskWithCancel(QWidget*, const QString& text, const QString&) {
-  const Step step = Take(Kind::AskWithCancel, text);
-  const Answer* answer = std::get_if<Answer>(&step.answer);
-  return answer != nullptr ? *answer : Answer::Cancel;
+  return Take(Question(text)).isEmpty() ? Answer::Cancel : Answer::Yes;
 }
-
 QString ScriptedDialogs::Input(QWidget*, const QString& text, const QString&, const QString&) {
-  const Step step = Take(Kind::Input, text);
-  const QString* answer = std::get_if<QString>(&step.answer);
-  return answer != nullptr ? *answer : QString();
+  return Take(InputBox(text));
 }
-
-QString ScriptedDialogs::OpenFile(QWidget*, const QString& title, const QString&, const QString&) {
-  const Step step = Take(Kind::File, title);
-  const QString* answer = std::get_if<QString>(&step.answer);
-  return answer != nullptr ? *answer : QString();
+QString ScriptedDialogs::OpenFile(QWidget*, const QString&, const QString&, const QString&) {
+  return Take(FileChooser);
 }
-
-QString ScriptedDialogs::SaveFile(QWidget* owner, const QString& title, const QString& filter,
-                                  const QString&) {
-  return OpenFile(owner, title, filter, {});
+QString ScriptedDialogs::SaveFile(QWidget*, const QString&, const QString&, const QString&) {
+  return Take(FileChooser);
 }
-
-QString ScriptedDialogs::Folder(QWidget*, const QString& title, const QString&) {
-  const Step step = Take(Kind::Folder, title);
-  const QString* answer = std::get_if<QString>(&step.answer);
-  return answer != nullptr ? *answer : QString();
-}
+QString ScriptedDialogs::Folder(QWidget*, const QString&, const QString&) { return Take(u"folder"_qs); }
 
 QStringList UnexpectedModalGuard::allowed;
 

@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <deque>
-#include <variant>
 
 #include "base/Dialogs.h"
 
@@ -17,10 +16,8 @@ class ScriptedDialogs : public Dialogs {
 
   void ExpectMessage(const QString& text, BoxStyle style = BoxStyle::Plain);
   void ExpectQuestion(const QString& text, bool answer);
-  void ExpectAskWithCancel(const QString& text, Answer answer);
   void ExpectInput(const QString& text, const QString& answer);
-  void ExpectFile(const QString& answer);    // the next open or save chooser gives this path
-  void ExpectFolder(const QString& answer);  // the next folder chooser gives this path
+  void ExpectFile(const QString& answer);  // the next open or save chooser gives this path
   // How many scripted boxes have not been shown yet.
   qsizetype Left() const { return qsizetype(script_.size()); }
 
@@ -37,14 +34,12 @@ class ScriptedDialogs : public Dialogs {
   bool ShowQuestion(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override;
 
  private:
-  enum class Kind { Message, Question, AskWithCancel, Input, File, Folder };
+  // A box as a line, such as "message 16: text"; a chooser's is without text. "" answers No and Cancel.
   struct Step {
-    Kind kind;
-    QString text;
-    BoxStyle style;
-    std::variant<std::monostate, bool, Answer, QString> answer;
+    QString box;
+    QString answer;
   };
-  Step Take(Kind kind, const QString& text);
+  QString Take(const QString& box);
 
   std::deque<Step> script_;
   Dialogs* before_;

@@ -17,8 +17,9 @@ inline void Write(Connection& connection, const QString& sql, const QVariantList
 class WritingConnection : public Connection {
  public:
   void Execute(const QString& sql, const QVariantList& values = {}) {
-    static const QRegularExpression writes(u"^\\s*(INSERT|UPDATE|DELETE|REPLACE|CREATE|DROP|ALTER|PRAGMA user_version=)\\b"_qs,
-                                           QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression writes(
+        u"^\\s*(INSERT|UPDATE|DELETE|REPLACE|CREATE|DROP|ALTER|PRAGMA user_version=)\\b"_qs,
+        QRegularExpression::CaseInsensitiveOption);
     if (InTransaction() || !sql.contains(writes)) return Connection::Execute(sql, values);
     Write(*this, sql, values);
   }

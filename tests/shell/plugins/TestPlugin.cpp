@@ -22,8 +22,10 @@ class TestPlugin : public IVorlinaPlugin {
 #ifdef TEST_PLUGIN_THROWS
     throw 42;
 #endif
+    connection.BeginTrans();
     connection.Execute(QStringLiteral("UPDATE Cataloghi SET Extras=? WHERE IDCatalogo=?"),
                        {QStringLiteral("published by " TEST_PLUGIN_NAME), IDCatalogo});
+    connection.CommitTrans();
     connection.BeginTrans();
     connection.Execute(QStringLiteral("DELETE FROM Cataloghi"));
     return {};
