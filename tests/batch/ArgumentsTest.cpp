@@ -13,12 +13,9 @@ TEST(Arguments, AreReadInAnyOrder) {
   for (const QString& line : {u"publish --catalog 109 --plugin A.B --to out --app x --json"_qs,
                               u"--json --to=out --app=x publish --plugin=A.B --catalog=109"_qs}) {
     const Arguments arguments = ParseArguments(line.split(u' '));
-    EXPECT_EQ(arguments.command, u"publish"_qs);
-    EXPECT_EQ(arguments.catalog, 109);
-    EXPECT_EQ(arguments.plugin, u"A.B"_qs);
-    EXPECT_EQ(arguments.target, u"out"_qs);
-    EXPECT_EQ(arguments.application, u"x"_qs);
-    EXPECT_TRUE(arguments.json);
+    EXPECT_EQ(QStringList({arguments.command, arguments.plugin, arguments.target, arguments.application}),
+              u"publish A.B out x"_qs.split(u' '));
+    EXPECT_TRUE(arguments.json && arguments.catalog == 109);
   }
   EXPECT_EQ(ParseArguments({u"backup"_qs, u"--"_qs, u"--json"_qs}).file, u"--json"_qs);
   EXPECT_TRUE(ParseArguments({u"nonsense"_qs, u"-h"_qs}).help);

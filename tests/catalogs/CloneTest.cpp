@@ -252,43 +252,6 @@ TEST_F(CloneTest, ACatalogThatCannotBeDeletedKeepsItsFiles) {
   EXPECT_EQ(ContentOf(Outside(u"logo.jpg"_qs)), "the user's own") << "a logo that was never copied";
 }
 
-// However a path is written, and whichever column names it: what another catalog needs stays.
-TEST_F(CloneTest, AFileThatIsNamedInAnotherWayIsTheSameFile) {
-  QFile::link(AppPath(), Outside(u"link"_qs));
-  const int other = AddCatalog(u"Other"_qs);
-  const QString logo = Put(Named(u"Logo"_qs));
-  const QString picture = Put(Named(u"a"_qs));
-  const QString shown = Put(u"shared.jpg"_qs);
-  AddProduct(catalog_, u"a"_qs);
-  AddProduct(other, u"b"_qs);
-  AddProduct(other, u"c"_qs);
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='a'"_qs, {picture});
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='b'"_qs,
-                      {Outside(QString(u"link/Images/"_qs + Named(u"a"_qs)))});
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='c'"_qs, {shown});
-  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs,
-                      {QString(AppPath() + u"//Images/"_qs + Named(u"Logo"_qs)), other});
-  connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {shown, catalog_});
-  DeleteCatalog(catalog_, connection_);
-  for (const QString& file : {logo, picture, shown}) EXPECT_TRUE(QFile::exists(file)) << file;
-}
-
-TEST_F(CloneTest, LeftoversAndForeignFilesDoNotGetIntoAClone) {
-  AddProduct(catalog_, u"m"_qs);
-  AddProduct(catalog_, u"n"_qs);
-  const int next = catalog_ + 1;
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='m'"_qs,
-                      {AppFile(u"Images/"_qs + Named(u"m"_qs))});  // there is no such file
-  Put(Named(next, u"m"_qs), "of a clone that was cut short");
-  WriteFileSafely(Outside(Named(u"n"_qs)), "n");
-  WriteFileSafely(Outside(u't' + Named(next, u"n"_qs)), "the user's own");
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='n'"_qs,
-                      {Outside(Named(u"n"_qs))});
-  Clone();
-  EXPECT_FALSE(QFile::exists(AppFile(u"Images/"_qs + Named(next, u"m"_qs))));
-  EXPECT_EQ(ContentOf(Outside(u't' + Named(next, u"n"_qs))), "the user's own");
-}
-
 TEST_F(CloneTest, ACommitThatFailsLeavesNoFiles) {
   AddWholeProduct(OddCode);
   const auto files = FilesIn(AppFile(u"Images"_qs));

@@ -230,17 +230,6 @@ TEST_F(MainWindow, PluginsThatMisbehaveAreToldAndTheOthersWork) {
   EXPECT_EQ(Extras(109), u"published by Test.Good"_qs);
 }
 
-TEST_F(MainWindow, WithoutSettingsOrWithNoneNamedNoPluginIsTold) {
-  UsePlugins({});
-  Open();
-  EXPECT_EQ(Plugins()->topLevelItemCount(), 0);
-  const QString title = ApplicationTitle();
-  QCoreApplication::setApplicationName(u"Newcomer"_qs);
-  Open();
-  EXPECT_EQ(Plugins()->topLevelItemCount(), 2);
-  QCoreApplication::setApplicationName(title);
-}
-
 TEST_F(MainWindow, WritesTheListOfCatalogs) {
   connection_.Execute(u"UPDATE Cataloghi SET Descrizione='a'||char(10)||'b' WHERE IDCatalogo=109"_qs);
   Open();

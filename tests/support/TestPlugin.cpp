@@ -1,4 +1,8 @@
 // A publishing plug-in for tests, built once for each way in which a plug-in can behave.
+#include <QFile>
+#include <QThread>
+#include <stdexcept>
+
 #include "IVorlinaPlugin.h"
 
 #ifndef TEST_PLUGIN_IID
@@ -7,7 +11,7 @@
 
 namespace {
 
-class TestPlugin : public IVorlinaPlugin {
+class TestPlugin : public IVorlinaPlugin, public IVorlinaFolderPublisher {
  public:
   QString GetPluginName() override { return QStringLiteral(TEST_PLUGIN_NAME); }
   QIcon GetPluginIcon() override {
@@ -16,6 +20,7 @@ class TestPlugin : public IVorlinaPlugin {
     return pixmap;
   }
   QString GetPluginDescription() override { return QStringLiteral("describes " TEST_PLUGIN_NAME); }
+  QVariant InstallSkin(QString&) override { return {}; }
 
   // Leaves its mark in the catalog, and a transaction open.
   QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) override {
@@ -30,7 +35,25 @@ class TestPlugin : public IVorlinaPlugin {
     connection.Execute(QStringLiteral("DELETE FROM Cataloghi"));
     return {};
   }
-  QVariant InstallSkin(QString&) override { return {}; }
+
+  // Goes on until it is asked to stop, and says beside the folder that it has begun.
+  bool PublishTo(IVorlinaConnection& connection, int, const QString& folder,
+                 IVorlinaProgress& progress) override {
+    connection.BeginTrans();
+    connection.Execute(QStringLiteral("DELETE FROM Cataloghi"));
+#ifdef TEST_PLUGIN_THROWS
+    throw std::runtime_error("the paper is used up");
+#endif
+    connection.RollbackTrans();
+    QFile(folder + QStringLiteral(".begun")).open(QIODevice::WriteOnly);
+    while (progress.Report(1, 1000, QStringLiteral("page"))) QThread::msleep(1);
+    return false;
+  }
+
+#ifdef TEST_PLUGIN_PAINTS
+ private:
+  QPixmap picture_{8, 8};
+#endif
 };
 
 class TestFactory : public QObject, public IVorlinaPluginFactory {
@@ -42,6 +65,11 @@ class TestFactory : public QObject, public IVorlinaPluginFactory {
   std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost&) override {
     return std::make_unique<TestPlugin>();
   }
+#ifndef TEST_PLUGIN_WINDOWS
+  std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost&) override {
+    return std::make_unique<TestPlugin>();
+  }
+#endif
 };
 
 }  // namespace
