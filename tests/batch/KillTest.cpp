@@ -1,9 +1,9 @@
-// Real kills at random moments: afterwards there is the old state or the new one, and never neither.
+// Real kills at random moments: afterwards there is the old state or the new one, and never neither. A
+// restore is cut short at each of its steps beside its own code, and publishing beside its engine.
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
 #include "batch/BatchFixture.h"
-#include "catalogs/Backup.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -81,33 +81,6 @@ class KillTest : public BatchFixture {
 };
 
 }  // namespace
-
-TEST_F(KillTest, ARestoreLeavesTheOldStateOrTheNewOne) {
-  constexpr int Products = 400;
-  Fill("new", Products);
-  WriteBackup(connection_, Outside(u"new.zip"_qs));
-  connection_.Execute(u"DELETE FROM Cataloghi"_qs);
-  Fill("old", Products);
-  WriteBackup(connection_, Outside(u"old.zip"_qs));
-  connection_.Close();
-  QMap<QByteArray, int> became;
-  KillOften(12, {Here({u"restore"_qs, u"--yes"_qs, u"new.zip"_qs}),
-                 [&] {
-                   ASSERT_EQ(Batch(Here({u"restore"_qs, u"--yes"_qs, u"old.zip"_qs})).exitCode, 0);
-                 },
-                 [&](int) { return AppFile(u".restore-journal"_qs); },
-                 [&](int) {
-                   EXPECT_EQ(Findings(), QStringList());
-                   auto files = FilesIn(folder_.path());
-                   std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before"); });
-                   const QByteArray state = files[u"Images/7.jpg"_qs].left(3);
-                   ++became[state];
-                   for (const auto& [name, content] : files)
-                     ASSERT_TRUE(name == u"Catalog.db" || content.startsWith(state)) << name;
-                   ASSERT_EQ(files.size(), std::size_t(2 * Products + 3)) << "something was left behind";
-                 }});
-  EXPECT_TRUE(became["old"] > 0 && became["new"] > 0);
-}
 
 TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
   const int catalog = AddCatalog(u"Catalog"_qs);
