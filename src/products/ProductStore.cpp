@@ -105,7 +105,7 @@ qint64 ProductStore::Add(ProductValues values, ProductMarks marks) {
   if (code.isNull()) code = NuovoCodice();
   values[u"IDCatalogo"_qs] = IDCatalogo_;
   Recordset row;
-  row.Open(u"SELECT * FROM Prodotti WHERE 1=2"_qs, connection_, CursorType::Keyset, LockType::Optimistic);
+  row.Open({.table = u"Prodotti"_qs, .where = u"FALSE"_qs}, connection_);
   row.AddNew();
   qint64 added = 0;
   Write(row, values, [&](qint64 product) { Saved(added = product, {}, marks); });
@@ -116,8 +116,10 @@ qint64 ProductStore::Add(ProductValues values, ProductMarks marks) {
 void ProductStore::Change(qint64 product, const ProductValues& values, ProductMarks marks) {
   Transaction transaction(connection_, {"Modifica di %1", {CodeOf(product)}});
   Recordset row;
-  row.Open(u"SELECT * FROM Prodotti WHERE IDCatalogo=? AND IDProdotto=?"_qs, connection_, CursorType::Keyset,
-           LockType::Optimistic, {IDCatalogo_, product});
+  row.Open({.table = u"Prodotti"_qs,
+            .where = u"IDCatalogo=? AND IDProdotto=?"_qs,
+            .values = {IDCatalogo_, product}},
+           connection_);
   const QString former = row.Value(CodeField).toString();
   Write(row, values, [&](qint64) { Saved(product, former, marks); });
   transaction.Commit();
