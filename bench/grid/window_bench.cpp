@@ -7,11 +7,11 @@
 
 #include "GridData.h"
 #include "base/AppPath.h"
-#include "base/Language.h"
 #include "grid/DataGrid.h"
 #include "products/PublicationOrder.h"
 #include "products/frmEditCatalog.h"
 #include "store/Transaction.h"
+#include "support/Language.h"
 
 using namespace vorlina;
 

@@ -16,7 +16,6 @@
 
 #include "../EmptyDatabase.h"
 #include "base/AppPath.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
 #include "images/JpegCodec.h"
 #include "images/PictureFolder.h"
@@ -24,6 +23,7 @@
 #include "images/PictureRendering.h"
 #include "images/ScreenPicture.h"
 #include "images/frmImageViewer.h"
+#include "support/Language.h"
 
 using namespace vorlina;
 

@@ -5,6 +5,8 @@
 #include <QToolBar>
 #include <QWidget>
 
+#include "base/Texts.h"
+
 // The pictures lie in a static library, from which they come when they are asked for.
 static void InitPictures() { Q_INIT_RESOURCE(commands); }
 
@@ -19,15 +21,15 @@ QIcon CommandIcon(const QString& name) {
 }
 
 QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
-  QAction* action = bar.addAction(CommandIcon(Text(command.icon)), Text(command.caption.italian));
+  QAction* action = bar.addAction(CommandIcon(Text(command.icon)), Texts::tr(command.caption));
   action->setObjectName(Text(command.key));
-  action->setToolTip(Text(command.toolTip.italian));
+  action->setToolTip(Texts::tr(command.toolTip));
   action->setShortcut(QKeySequence(Text(command.shortcut)));
   QWidget* button = bar.widgetForAction(action);
   button->setFocusPolicy(Qt::TabFocus);
   // For a command without a tool tip Qt would show its caption.
   const auto none = [button] { button->setToolTip({}); };
-  if (Text(command.toolTip.italian).isEmpty()) {
+  if (*command.toolTip == 0) {
     QObject::connect(action, &QAction::changed, button, none);
     none();
   }
@@ -37,13 +39,13 @@ QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands) {
   for (const ToolbarCommand& command : commands) {
     auto* action = window.findChild<QAction*>(Text(command.key));
-    action->setText(Text(command.caption.english));
-    action->setToolTip(Text(command.toolTip.english));
+    action->setText(Texts::tr(command.caption));
+    action->setToolTip(Texts::tr(command.toolTip));
   }
 }
 
 QAction* AddCommand(QMenu& menu, const MenuCommand& command, QWidget& widget) {
-  QAction* entry = menu.addAction(Text(command.caption.italian));
+  QAction* entry = menu.addAction(Texts::tr(command.caption));
   entry->setObjectName(Text(command.key));
   entry->setShortcut(QKeySequence(Text(command.shortcut)));
   entry->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -54,7 +56,7 @@ QAction* AddCommand(QMenu& menu, const MenuCommand& command, QWidget& widget) {
 
 void LocalizeCommands(const QMenu& menu, std::span<const MenuCommand> commands) {
   for (const MenuCommand& command : commands)
-    menu.findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
+    menu.findChild<QAction*>(Text(command.key))->setText(Texts::tr(command.caption));
 }
 
 }  // namespace vorlina

@@ -18,14 +18,14 @@ namespace vorlina {
 // entry is selected.
 QIcon CommandIcon(const QString& name);
 
-// Adds a command to a toolbar, in Italian, under its key as name; the button is worked by the keyboard as
+// Adds a command to a toolbar under its key as name; the button is worked by the keyboard as
 // well.
 QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command);
 
-// Lays the English texts over the commands that were added to a window's toolbar.
+// Brings the commands that were added to a window's toolbar into the language in use.
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands);
 
-// Adds an entry to a menu over a widget, in Italian, under its key as name. Its shortcut, which the menu
+// Adds an entry to a menu over a widget under its key as name. Its shortcut, which the menu
 // shows, works while the widget has the focus.
 QAction* AddCommand(QMenu& menu, const MenuCommand& command, QWidget& widget);
 

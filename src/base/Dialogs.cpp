@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -30,9 +30,7 @@ QString BrowseForFolder(const QString& title, QWidget* owner) {
 
 void ShowError(QWidget* owner, const QString& description) {
   TheDialogs().Message(owner,
-                       ByLanguage(u"Errore: "_qs, u"Error: "_qs).isEmpty()
-                           ? QString()
-                           : ByLanguage(u"Errore: "_qs, u"Error: "_qs) + description,
+                       Texts::tr("Errore: ").isEmpty() ? QString() : Texts::tr("Errore: ") + description,
                        BoxStyle::Stop);
 }
 

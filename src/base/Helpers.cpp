@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -39,9 +39,7 @@ double NullToZero(const QVariant& value) {
   if (value.isNull()) return 0;
   bool ok = false;
   const double number = value.toDouble(&ok);
-  if (!ok)
-    throw Error(
-        EitherLanguage(u"\"%1\" non è un numero"_qs, u"\"%1\" is not a number"_qs).arg(value.toString()));
+  if (!ok) throw Error(Texts::tr("\"%1\" non è un numero").arg(value.toString()));
   return number;
 }
 
@@ -62,8 +60,7 @@ QString OneLine(QString text) {
 QString FirstLines(const QStringList& lines) {
   constexpr qsizetype Most = 10;
   QStringList first = lines.first(std::min(lines.size(), Most));
-  if (lines.size() > Most)
-    first += EitherLanguage(u"... e altri %1"_qs, u"... and %1 more"_qs).arg(lines.size() - Most);
+  if (lines.size() > Most) first += Texts::tr("... e altri %1").arg(lines.size() - Most);
   return first.join(u"\r\n"_qs);
 }
 
@@ -78,10 +75,7 @@ QString FileNameOf(const QString& path, bool keepExtension) {
   const QString single = WithSingleSeparators(path);
   QString segment = single.mid(LastSeparator(single) + 1);
   if (keepExtension) return segment;
-  if (segment.size() < 4)
-    throw Error(
-        EitherLanguage(u"Il nome di file \"%1\" è troppo corto"_qs, u"The file name \"%1\" is too short"_qs)
-            .arg(segment));
+  if (segment.size() < 4) throw Error(Texts::tr("Il nome di file \"%1\" è troppo corto").arg(segment));
   return segment.chopped(4);
 }
 

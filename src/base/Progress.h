@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 
@@ -15,7 +15,7 @@ using Progress = std::function<bool(qint64 done, qint64 total, const QString& st
 // What work throws that was asked to stop, once it has put everything back as it was.
 class Stopped : public Error {
  public:
-  Stopped() : Error(EitherLanguage(u"Operazione interrotta"_qs, u"Stopped on request"_qs)) {}
+  Stopped() : Error(Texts::tr("Operazione interrotta")) {}
 };
 
 // Reports where work stands. Throws Stopped when it is asked to stop; an empty progress never is.

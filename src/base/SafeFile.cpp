@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/Language.h"
+#include "base/Texts.h"
 
 #ifdef Q_OS_LINUX
 #include <linux/fs.h>
@@ -28,8 +28,8 @@ namespace vorlina {
 namespace {
 
 [[noreturn]] void FailReading(const QFile& file, const QString& reason) {
-  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-                  .arg(QDir::toNativeSeparators(file.fileName()), reason));
+  throw Error(
+      Texts::tr("Impossibile leggere il file %1: %2").arg(QDir::toNativeSeparators(file.fileName()), reason));
 }
 
 // Why, as far as the file knows: of a write that succeeded in part it knows nothing.
@@ -38,21 +38,16 @@ QString ReasonOf(const QFileDevice& file) {
 }
 
 QString ReasonOf(int cause) {
-  return cause != 0
-             ? qt_error_string(cause)
-             : EitherLanguage(u"ne è stata scritta solo una parte"_qs, u"only a part of it was written"_qs);
+  return cause != 0 ? qt_error_string(cause) : Texts::tr("ne è stata scritta solo una parte");
 }
 
 QString FullDiskText(int cause) {
   // A limit on the size of files, the user's own or that of an old file system, looks like a full disk too.
   if (cause == EFBIG)
-    return EitherLanguage(
-        u"Impossibile scrivere %1: il disco è pieno, o non accetta file così grandi. Liberare spazio o "
-        u"scegliere un altro disco, e riprovare."_qs,
-        u"%1 cannot be written: the disk is full, or takes no file of this size. Free some space or choose "
-        u"another disk, and try again."_qs);
-  return EitherLanguage(u"Impossibile scrivere %1: il disco è pieno. Liberare spazio e riprovare."_qs,
-                        u"%1 cannot be written: the disk is full. Free some space and try again."_qs);
+    return Texts::tr(
+        "Impossibile scrivere %1: il disco è pieno, o non accetta file così grandi. Liberare spazio o "
+        "scegliere un altro disco, e riprovare.");
+  return Texts::tr("Impossibile scrivere %1: il disco è pieno. Liberare spazio e riprovare.");
 }
 
 #ifndef Q_OS_LINUX
@@ -125,9 +120,8 @@ bool MeansFullDisk(int cause) {
 
 void FailWriting(const QString& path, int cause, const QString& reason) {
   if (MeansFullDisk(cause)) throw DiskFullError(path, cause);
-  throw Error(
-      EitherLanguage(u"Impossibile scrivere il file %1: %2"_qs, u"The file %1 cannot be written: %2"_qs)
-          .arg(QDir::toNativeSeparators(path), reason.isEmpty() ? ReasonOf(cause) : reason));
+  throw Error(Texts::tr("Impossibile scrivere il file %1: %2")
+                  .arg(QDir::toNativeSeparators(path), reason.isEmpty() ? ReasonOf(cause) : reason));
 }
 
 void TellFileLimitsAsErrors() {
@@ -140,8 +134,7 @@ void MakeFolder(const QString& folder) {
   errno = 0;
   if (QDir().mkpath(folder)) return;
   if (MeansFullDisk(errno)) throw DiskFullError(folder, errno);
-  throw Error(EitherLanguage(u"Impossibile creare la cartella %1"_qs, u"The folder %1 cannot be created"_qs)
-                  .arg(QDir::toNativeSeparators(folder)));
+  throw Error(Texts::tr("Impossibile creare la cartella %1").arg(QDir::toNativeSeparators(folder)));
 }
 
 void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer) {
@@ -176,7 +169,7 @@ void WriteFileSafely(const QString& path, const QByteArray& bytes) {
 
 void CopyFileSafely(const QString& source, const QString& target) {
   QFile from(source);
-  if (!IsFileOrMissing(source)) FailReading(from, EitherLanguage(u"non è un file"_qs, u"it is no file"_qs));
+  if (!IsFileOrMissing(source)) FailReading(from, Texts::tr("non è un file"));
   if (!from.open(QIODevice::ReadOnly)) FailReading(from, from.errorString());
   WriteFileSafely(target, [&](QIODevice& device) {
     const Copied copied = CopyContent(from, static_cast<QFileDevice&>(device));

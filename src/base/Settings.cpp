@@ -8,8 +8,8 @@
 
 #include "base/Error.h"
 #include "base/FolderHold.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -172,12 +172,10 @@ void SaveLine(const QString& path, const QString& section, const QString& key, c
   MakeFolder(folder);
   FolderHold hold;
   if (!hold.TakeAlone(folder, WaitForOthers))
-    throw Error(EitherLanguage(u"un altro programma le sta salvando. Riprovare."_qs,
-                               u"another program is saving them. Try again."_qs));
+    throw Error(Texts::tr("un altro programma le sta salvando. Riprovare."));
   QByteArray bytes;
   if (!ReadLines(path, bytes))
-    throw Error(EitherLanguage(u"il file non può essere letto. Controllarne i permessi."_qs,
-                               u"the file cannot be read. Check its permissions."_qs));
+    throw Error(Texts::tr("il file non può essere letto. Controllarne i permessi."));
   SettingsLines lines(bytes);
   if (const QString former = lines.Value(section, key); !former.isNull() && former == value) return;
   lines.SetValue(section, key, value);
@@ -204,8 +202,7 @@ void SaveSetting(const QString& application, const QString& section, const QStri
   } catch (const DiskFullError& full) {
     throw DiskFullError(path, full.Cause());
   } catch (const Error& error) {
-    throw Error(EitherLanguage(u"Impossibile salvare le impostazioni in %1: %2"_qs,
-                               u"The settings cannot be saved in %1: %2"_qs)
+    throw Error(Texts::tr("Impossibile salvare le impostazioni in %1: %2")
                     .arg(QDir::toNativeSeparators(path), error.Description()));
   }
 }

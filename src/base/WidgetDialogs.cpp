@@ -8,8 +8,8 @@
 #include <QMessageBox>
 #include <QScreen>
 
-#include "base/Language.h"
 #include "base/Settings.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 
 namespace vorlina {
@@ -37,9 +37,9 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(initial);
   const std::pair<QMessageBox::StandardButton, QString> words[] = {
-      {QMessageBox::Yes, ByLanguage(u"&Sì"_qs, u"&Yes"_qs)},
-      {QMessageBox::No, ByLanguage(u"&No"_qs, u"&No"_qs)},
-      {QMessageBox::Cancel, ByLanguage(u"Annulla"_qs, u"Cancel"_qs)},
+      {QMessageBox::Yes, Texts::tr("&Sì")},
+      {QMessageBox::No, Texts::tr("&No")},
+      {QMessageBox::Cancel, Texts::tr("Annulla")},
   };
   for (const auto& [button, word] : words)
     if (QAbstractButton* found = box.button(button); found != nullptr && !word.isEmpty())

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -20,7 +20,7 @@ WidgetProgressBox::WidgetProgressBox(QWidget* owner, const QString& text) : QPro
   label->setTextFormat(Qt::PlainText);
   label->setText(fontMetrics().elidedText(text, Qt::ElideRight, 600));
   setLabel(label);
-  setCancelButtonText(EitherLanguage(u"&Annulla"_qs, u"&Cancel"_qs));
+  setCancelButtonText(Texts::tr("&Annulla"));
   setWindowTitle(u"Vorlina"_qs);
   setWindowModality(Qt::ApplicationModal);
   setMinimumWidth(fontMetrics().averageCharWidth() * 50);

@@ -4,7 +4,7 @@
 #include <functional>
 #include <map>
 
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -31,9 +31,7 @@ const std::map<QString, CommandForm>& CommandForms() {
   return forms;
 }
 
-[[noreturn]] void Refuse(const QString& italian, const QString& english) {
-  throw UsageError(EitherLanguage(italian, english));
-}
+[[noreturn]] void Refuse(const QString& why) { throw UsageError(why); }
 
 // Options and what they are followed by, and the rest in its order.
 struct Pieces {
@@ -58,14 +56,13 @@ Pieces Split(const QStringList& texts) {
     } else if (flags.contains(text == u"-h" ? name : text)) {
       pieces.options[name] = QString();
     } else if (!valued.contains(name)) {
-      Refuse(u"Opzione sconosciuta: %1"_qs.arg(text), u"Unknown option: %1"_qs.arg(text));
+      Refuse(Texts::tr("Opzione sconosciuta: %1").arg(text));
     } else if (pieces.options.count(name) > 0) {
-      Refuse(u"L'opzione %1 compare due volte"_qs.arg(name), u"The option %1 is given twice"_qs.arg(name));
+      Refuse(Texts::tr("L'opzione %1 compare due volte").arg(name));
     } else {
       const bool joined = text.contains(u'=');
       const QString value = joined ? text.mid(name.size() + 1) : texts.value(++i);
-      if (value.isEmpty())
-        Refuse(u"Manca il valore dopo %1"_qs.arg(name), u"The value after %1 is missing"_qs.arg(name));
+      if (value.isEmpty()) Refuse(Texts::tr("Manca il valore dopo %1").arg(name));
       pieces.options[name] = value;
     }
   }
@@ -77,41 +74,61 @@ int CatalogNumber(const QString& text) {
   const int id = text.toInt(&isNumber);
   if (!isNumber || id <= 0)
     Refuse(
-        u"--catalog vuole il numero di un catalogo, non \"%1\". Il comando \"catalogs\" li elenca."_qs.arg(
-            text),
-        u"--catalog takes the number of a catalog, not \"%1\". The command \"catalogs\" lists them."_qs.arg(
-            text));
+        Texts::tr("--catalog vuole il numero di un catalogo, non \"%1\". Il comando \"catalogs\" li elenca.")
+            .arg(text));
   return id;
 }
 
 // Every option that the command needs, none that it does not know, and a file where it takes one.
 void RequireForm(const QString& command, const Pieces& pieces) {
   const auto form = CommandForms().find(command);
-  if (form == CommandForms().end())
-    Refuse(u"Comando sconosciuto: %1"_qs.arg(command), u"Unknown command: %1"_qs.arg(command));
+  if (form == CommandForms().end()) Refuse(Texts::tr("Comando sconosciuto: %1").arg(command));
   const QStringList& needed = form->second.options;
   for (const QString& option : needed)
     if (pieces.options.count(option) == 0)
-      Refuse(u"Il comando %1 vuole l'opzione %2"_qs.arg(command, option),
-             u"The command %1 needs the option %2"_qs.arg(command, option));
+      Refuse(Texts::tr("Il comando %1 vuole l'opzione %2").arg(command, option));
   for (const auto& [option, value] : pieces.options)
     if (!needed.contains(option) && !form->second.others.contains(option) && option != u"--app" &&
         option != u"--json" && option != u"--language")
-      Refuse(u"Il comando %1 non ha l'opzione %2"_qs.arg(command, option),
-             u"The command %1 has no option %2"_qs.arg(command, option));
+      Refuse(Texts::tr("Il comando %1 non ha l'opzione %2").arg(command, option));
   const qsizetype words = pieces.words.size() - 1;
   if (form->second.word == Word::File && words != 1)
-    Refuse(u"Il comando %1 vuole un nome di file"_qs.arg(command),
-           u"The command %1 takes one file name"_qs.arg(command));
+    Refuse(Texts::tr("Il comando %1 vuole un nome di file").arg(command));
   if (form->second.word == Word::Folder && words != 1)
-    Refuse(u"Il comando %1 vuole una cartella"_qs.arg(command),
-           u"The command %1 takes one folder"_qs.arg(command));
-  if (form->second.word == Word::None && words > 0)
-    Refuse(u"Di troppo: %1"_qs.arg(pieces.words[1]), u"Too much: %1"_qs.arg(pieces.words[1]));
+    Refuse(Texts::tr("Il comando %1 vuole una cartella").arg(command));
+  if (form->second.word == Word::None && words > 0) Refuse(Texts::tr("Di troppo: %1").arg(pieces.words[1]));
 }
 
-QString HelpInItalian() {
-  return uR"(Uso: vorlina-batch COMANDO [OPZIONI]
+}  // namespace
+
+Arguments ParseArguments(const QStringList& texts) {
+  const Pieces pieces = Split(texts);
+  const auto value = [&](const QString& option) {
+    const auto found = pieces.options.find(option);
+    return found == pieces.options.end() ? QString() : found->second;
+  };
+  Arguments arguments;
+  arguments.help = pieces.options.count(u"--help"_qs) > 0;
+  arguments.version = pieces.options.count(u"--version"_qs) > 0;
+  arguments.json = pieces.options.count(u"--json"_qs) > 0;
+  if (arguments.help || arguments.version) return arguments;
+  if (pieces.words.isEmpty()) Refuse(Texts::tr("Manca il comando"));
+  arguments.command = pieces.words[0];
+  RequireForm(arguments.command, pieces);
+  arguments.application = value(u"--app"_qs);
+  arguments.language = value(u"--language"_qs);
+  if (!arguments.language.isEmpty() && !HasTexts(arguments.language))
+    Refuse(Texts::tr("La lingua è Italian o English"));
+  arguments.allowMissing = pieces.options.count(u"--allow-missing"_qs) > 0;
+  arguments.plugin = value(u"--plugin"_qs);
+  arguments.target = value(u"--to"_qs);
+  arguments.file = pieces.words.value(1);
+  if (pieces.options.count(u"--catalog"_qs) > 0) arguments.catalog = CatalogNumber(value(u"--catalog"_qs));
+  return arguments;
+}
+
+QString HelpText() {
+  return Texts::tr(R"(Uso: vorlina-batch COMANDO [OPZIONI]
 
 Comandi:
   catalogs                 elenca i cataloghi
@@ -139,69 +156,7 @@ Opzioni:
   --version                mostra la versione
 
 Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
-)"_qs;
+)");
 }
-
-QString HelpInEnglish() {
-  return uR"(Usage: vorlina-batch COMMAND [OPTIONS]
-
-Commands:
-  catalogs                 lists the catalogs
-  plugins                  lists the publishing plug-ins
-  publish --catalog ID --plugin IDENT --to DIR
-                           publishes a catalog into a folder
-  import FOLDER --catalog ID
-                           makes a product of each picture ".jpg" in the folder
-  clone --catalog ID       clones a catalog with its pictures
-  delete --catalog ID --yes
-                           deletes a catalog with its pictures; --yes says that this is meant
-  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
-                           notes, such as a file that no row uses
-  backup FILE [--allow-missing]
-                           saves database, pictures and layouts in one archive; with --allow-missing also when
-                           pictures are missing
-  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
-                           before stays in "Before restore" until the next restore
-
-Options:
-  --app DIR                works on another application folder
-  --language LANGUAGE      Italian or English, for the messages and for what is published
-  --json                   one JSON object instead of text
-  --help                   shows this help
-  --version                shows the version
-
-Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
-)"_qs;
-}
-
-}  // namespace
-
-Arguments ParseArguments(const QStringList& texts) {
-  const Pieces pieces = Split(texts);
-  const auto value = [&](const QString& option) {
-    const auto found = pieces.options.find(option);
-    return found == pieces.options.end() ? QString() : found->second;
-  };
-  Arguments arguments;
-  arguments.help = pieces.options.count(u"--help"_qs) > 0;
-  arguments.version = pieces.options.count(u"--version"_qs) > 0;
-  arguments.json = pieces.options.count(u"--json"_qs) > 0;
-  if (arguments.help || arguments.version) return arguments;
-  if (pieces.words.isEmpty()) Refuse(u"Manca il comando"_qs, u"The command is missing"_qs);
-  arguments.command = pieces.words[0];
-  RequireForm(arguments.command, pieces);
-  arguments.application = value(u"--app"_qs);
-  arguments.language = value(u"--language"_qs);
-  if (!arguments.language.isEmpty() && arguments.language != u"Italian" && arguments.language != u"English")
-    Refuse(u"La lingua è Italian o English"_qs, u"The language is Italian or English"_qs);
-  arguments.allowMissing = pieces.options.count(u"--allow-missing"_qs) > 0;
-  arguments.plugin = value(u"--plugin"_qs);
-  arguments.target = value(u"--to"_qs);
-  arguments.file = pieces.words.value(1);
-  if (pieces.options.count(u"--catalog"_qs) > 0) arguments.catalog = CatalogNumber(value(u"--catalog"_qs));
-  return arguments;
-}
-
-QString HelpText() { return EitherLanguage(HelpInItalian(), HelpInEnglish()); }
 
 }  // namespace vorlina

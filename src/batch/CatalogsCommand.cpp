@@ -1,6 +1,7 @@
 #include <QJsonArray>
 
 #include "base/AppPath.h"
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "batch/Output.h"
 
@@ -25,10 +26,8 @@ Outcome RunCatalogs(Connection& connection) {
   }
   Outcome outcome;
   outcome.json = {{u"folder"_qs, AppPath()}, {u"catalogs"_qs, catalogs}};
-  outcome.text = Table(
-      {EitherLanguage(u"Numero"_qs, u"Number"_qs), EitherLanguage(u"Nome"_qs, u"Name"_qs),
-       EitherLanguage(u"Prodotti"_qs, u"Products"_qs), EitherLanguage(u"Pubblicati"_qs, u"Published"_qs)},
-      lines);
+  outcome.text =
+      Table({Texts::tr("Numero"), Texts::tr("Nome"), Texts::tr("Prodotti"), Texts::tr("Pubblicati")}, lines);
   return outcome;
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "base/AppPath.h"
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "catalogs/CatalogCheck.h"
 
@@ -17,18 +18,14 @@ QString TextOf(const std::vector<Finding>& findings) {
   for (auto first = findings.begin(); first != findings.end();) {
     const auto last = std::find_if(first, findings.end(),
                                    [&](const Finding& finding) { return finding.kind != first->kind; });
-    const QString kind = IsDamage(first->kind) ? EitherLanguage(u"DANNO"_qs, u"DAMAGE"_qs)
-                                               : EitherLanguage(u"Nota"_qs, u"Note"_qs);
+    const QString kind = IsDamage(first->kind) ? Texts::tr("DANNO") : Texts::tr("Nota");
     lines += u"%1: %2 (%3)"_qs.arg(kind, TitleOf(first->kind)).arg(last - first);
     if (const QString advice = AdviceOn(first->kind); !advice.isEmpty()) lines += u"  "_qs + advice;
     const auto shown = first + std::min(last - first, MostLines);
     for (auto finding = first; finding != shown; ++finding)
       lines +=
           u"  "_qs + finding->subject + (finding->detail.isEmpty() ? QString() : u": "_qs + finding->detail);
-    if (shown != last)
-      lines += EitherLanguage(u"  e altri %1; --json li elenca tutti"_qs,
-                              u"  and %1 more; --json lists them all"_qs)
-                   .arg(last - shown);
+    if (shown != last) lines += Texts::tr("  e altri %1; --json li elenca tutti").arg(last - shown);
     first = last;
   }
   return lines.join(u'\n');
@@ -49,9 +46,8 @@ Outcome RunCheck(Connection& connection) {
   Outcome outcome;
   outcome.ok = damage == 0;
   outcome.json = {{u"folder"_qs, AppPath()}, {u"damage"_qs, qint64(damage)}, {u"findings"_qs, list}};
-  outcome.text = findings.empty() ? EitherLanguage(u"Tutto in ordine"_qs, u"Everything is in order"_qs)
-                                  : TextOf(findings);
-  if (damage > 0) outcome.error = EitherLanguage(u"Danni trovati: %1"_qs, u"Damage found: %1"_qs).arg(damage);
+  outcome.text = findings.empty() ? Texts::tr("Tutto in ordine") : TextOf(findings);
+  if (damage > 0) outcome.error = Texts::tr("Danni trovati: %1").arg(damage);
   return outcome;
 }
 

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "base/AppPath.h"
+#include "base/Texts.h"
 #include "batch/Output.h"
 #include "catalogs/RestoreSwap.h"
 #include "images/PicturePaths.h"
@@ -17,8 +18,8 @@ void SettleApplicationFolder(const Arguments& arguments) {
   const bool restores = arguments.command == u"restore";
   if (!arguments.application.isEmpty()) {
     if (!restores && !QFileInfo(arguments.application).isDir())
-      throw Error(EitherLanguage(u"La cartella %1 non esiste"_qs, u"The folder %1 does not exist"_qs)
-                      .arg(QDir::toNativeSeparators(arguments.application)));
+      throw Error(
+          Texts::tr("La cartella %1 non esiste").arg(QDir::toNativeSeparators(arguments.application)));
     SetAppPath(arguments.application);
   }
   // First of all: what is delivered must not be copied to where a restore is half done.
@@ -40,10 +41,8 @@ void OpenCatalogs(Connection& connection) {
 
 void RequireCatalog(Connection& connection, int catalog) {
   if (GetValue(u"COUNT(*)"_qs, u"Cataloghi"_qs, connection, u"IDCatalogo=?"_qs, {catalog}).toInt() == 0)
-    throw Error(
-        EitherLanguage(u"Il catalogo %1 non esiste. Il comando \"catalogs\" elenca quelli che ci sono."_qs,
-                       u"There is no catalog %1. The command \"catalogs\" lists those that there are."_qs)
-            .arg(catalog));
+    throw Error(Texts::tr("Il catalogo %1 non esiste. Il comando \"catalogs\" elenca quelli che ci sono.")
+                    .arg(catalog));
 }
 
 Outcome RunCommand(const Arguments& arguments, const Progress& progress) {

@@ -1,15 +1,14 @@
 #include "batch/ConsoleDialogs.h"
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "batch/Output.h"
 
 namespace vorlina {
 namespace {
 
 [[noreturn]] void RefuseToAsk(const QString& text) {
-  throw Error(
-      EitherLanguage(u"Qui non si può rispondere: %1"_qs, u"This cannot be answered here: %1"_qs).arg(text));
+  throw Error(Texts::tr("Qui non si può rispondere: %1").arg(text));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "products/PictureImport.h"
 
@@ -9,17 +10,13 @@ namespace vorlina {
 namespace {
 
 QString ImportedText(int imported) {
-  return imported == 1
-             ? EitherLanguage(u"Importato 1 prodotto"_qs, u"Imported 1 product"_qs)
-             : EitherLanguage(u"Importati %1 prodotti"_qs, u"Imported %1 products"_qs).arg(imported);
+  return imported == 1 ? Texts::tr("Importato 1 prodotto") : Texts::tr("Importati %1 prodotti").arg(imported);
 }
 
 QStringList PassedOverLines(const QStringList& names) {
   QStringList lines;
   for (const QString& name : names)
-    lines += EitherLanguage(u"Non importato: %1 (non è un file, o il nome non è leggibile)"_qs,
-                            u"Not imported: %1 (it is no file, or its name cannot be read)"_qs)
-                 .arg(name);
+    lines += Texts::tr("Non importato: %1 (non è un file, o il nome non è leggibile)").arg(name);
   return lines;
 }
 
@@ -31,8 +28,7 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
   PictureImport import(folder, arguments.catalog, connection);
   Outcome outcome;
   if (import.Count() == 0) {
-    outcome.error = EitherLanguage(u"Nessuna immagine 'jpg' nella cartella selezionata"_qs,
-                                   u"No'jpg' images in the selected folder"_qs);
+    outcome.error = Texts::tr("Nessuna immagine 'jpg' nella cartella selezionata");
   } else {
     try {
       if (!import.Run(progress)) outcome.error = Stopped().Description();

@@ -1,5 +1,6 @@
 #include <QJsonArray>
 
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "batch/Output.h"
 #include "publish/PluginHost.h"
@@ -56,15 +57,12 @@ Outcome RunPlugins() {
                                {u"description"_qs, listed.description},
                                {u"publishesToFolder"_qs, listed.publishesToFolder},
                                {u"error"_qs, listed.error}});
-    const QString usable = listed.publishesToFolder ? EitherLanguage(u"sì"_qs, u"yes"_qs) : u"no"_qs;
+    const QString usable = listed.publishesToFolder ? Texts::tr("sì") : u"no"_qs;
     lines.push_back({identifier, usable, (listed.error.isEmpty() ? listed.name : listed.error).simplified()});
   }
   Outcome outcome;
   outcome.json = {{u"plugins"_qs, plugins}};
-  outcome.text =
-      Table({EitherLanguage(u"Identificatore"_qs, u"Identifier"_qs),
-             EitherLanguage(u"Con publish"_qs, u"With publish"_qs), EitherLanguage(u"Nome"_qs, u"Name"_qs)},
-            lines);
+  outcome.text = Table({Texts::tr("Identificatore"), Texts::tr("Con publish"), Texts::tr("Nome")}, lines);
   return outcome;
 }
 

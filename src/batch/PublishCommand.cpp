@@ -2,6 +2,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "publish/PluginHost.h"
 
@@ -28,9 +29,7 @@ std::unique_ptr<IVorlinaFolderPublisher> PublisherOf(const QString& identifier, 
   CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreateFolderPublisher(host); });
   if (publisher == nullptr)
     throw Error(
-        EitherLanguage(
-            u"Il plug-in %1 non pubblica senza finestre. Pubblicare il catalogo dal programma Vorlina."_qs,
-            u"The plug-in %1 does not publish without windows. Publish the catalog from the program Vorlina."_qs)
+        Texts::tr("Il plug-in %1 non pubblica senza finestre. Pubblicare il catalogo dal programma Vorlina.")
             .arg(identifier));
   return publisher;
 }
@@ -56,13 +55,11 @@ Outcome RunPublish(Connection& connection, const Arguments& arguments, const Pro
                   {u"warnings"_qs, QJsonArray::fromStringList(pluginProgress.warnings)}};
   if (complete)
     outcome.text = (pluginProgress.warnings
-                    << EitherLanguage(u"Il catalogo %1 è pubblicato in %2"_qs,
-                                      u"Catalog %1 is published in %2"_qs)
+                    << Texts::tr("Il catalogo %1 è pubblicato in %2")
                            .arg(QString::number(arguments.catalog), QDir::toNativeSeparators(folder)))
                        .join(u'\n');
   else
-    outcome.error = EitherLanguage(u"Pubblicazione interrotta. La cartella %1 è com'era."_qs,
-                                   u"Publishing was stopped. The folder %1 is as it was."_qs)
+    outcome.error = Texts::tr("Pubblicazione interrotta. La cartella %1 è com'era.")
                         .arg(QDir::toNativeSeparators(folder));
   return outcome;
 }

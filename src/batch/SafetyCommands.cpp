@@ -4,6 +4,7 @@
 #include <QLocale>
 
 #include "base/AppPath.h"
+#include "base/Texts.h"
 #include "batch/Commands.h"
 #include "catalogs/Backup.h"
 
@@ -34,23 +35,17 @@ Outcome RunBackup(Connection& connection, const Arguments& arguments, const Prog
     const BackupReport report =
         WriteBackup(connection, file, progress,
                     arguments.allowMissing ? MissingPictures::Allowed : MissingPictures::Refused);
-    Outcome outcome = OutcomeOf(file, report.manifest,
-                                EitherLanguage(u"Salvati in %1 e verificati: %2 file, %3"_qs,
-                                               u"Saved in %1 and verified: %2 files, %3"_qs));
-    Add(outcome, u"missing"_qs, report.missing,
-        EitherLanguage(u"Mancano nella copia di sicurezza (%1):"_qs, u"Missing from the backup (%1):"_qs));
+    Outcome outcome = OutcomeOf(file, report.manifest, Texts::tr("Salvati in %1 e verificati: %2 file, %3"));
+    Add(outcome, u"missing"_qs, report.missing, Texts::tr("Mancano nella copia di sicurezza (%1):"));
     Add(outcome, u"outside"_qs, report.outside,
-        EitherLanguage(u"Fuori dalla cartella \"Images\", e quindi non nella copia di sicurezza (%1):"_qs,
-                       u"Outside of the folder \"Images\", and so not in the backup (%1):"_qs));
+        Texts::tr("Fuori dalla cartella \"Images\", e quindi non nella copia di sicurezza (%1):"));
     return outcome;
   } catch (const MissingPicturesError& error) {
     Outcome outcome;
     outcome.ok = false;
     outcome.json = {{u"missing"_qs, QJsonArray::fromStringList(error.Missing())}};
-    outcome.error =
-        error.Description() + u'\n' +
-        EitherLanguage(u"Rimetterle al loro posto, o aggiungere --allow-missing per salvare il resto."_qs,
-                       u"Put them back, or add --allow-missing to save the rest."_qs);
+    outcome.error = error.Description() + u'\n' +
+                    Texts::tr("Rimetterle al loro posto, o aggiungere --allow-missing per salvare il resto.");
     return outcome;
   }
 }
@@ -58,16 +53,12 @@ Outcome RunBackup(Connection& connection, const Arguments& arguments, const Prog
 Outcome RunRestore(const Arguments& arguments, const Progress& progress) {
   const QString file = QFileInfo(arguments.file).absoluteFilePath();
   const RestoreReport report = RestoreBackup(file, progress);
-  Outcome outcome =
-      OutcomeOf(file, report.manifest,
-                EitherLanguage(u"Ripristinati da %1: %2 file, %3"_qs, u"Restored from %1: %2 files, %3"_qs));
+  Outcome outcome = OutcomeOf(file, report.manifest, Texts::tr("Ripristinati da %1: %2 file, %3"));
   const QString former = QDir::toNativeSeparators(report.former);
   outcome.json[u"former"_qs] = former;
   if (!former.isEmpty())
     outcome.text +=
-        u'\n' + EitherLanguage(u"Quel che c'era prima resta in %1 fino al prossimo ripristino."_qs,
-                               u"What was there before stays in %1 until the next restore."_qs)
-                    .arg(former);
+        u'\n' + Texts::tr("Quel che c'era prima resta in %1 fino al prossimo ripristino.").arg(former);
   return outcome;
 }
 

@@ -4,12 +4,12 @@
 #include <QLoggingCategory>
 #include <csignal>
 
-#include "base/ChooseLanguage.h"
 #include "base/SafeFile.h"
 #include "batch/Arguments.h"
 #include "batch/Commands.h"
 #include "batch/ConsoleDialogs.h"
 #include "batch/Output.h"
+#include "support/Language.h"
 
 using namespace vorlina;
 

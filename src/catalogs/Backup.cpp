@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "catalogs/BackupPacker.h"
 #include "catalogs/BackupPlace.h"
 #include "store/Connection.h"
@@ -25,8 +26,7 @@ BackupReport PackAndVerify(Connection& connection, const BackupStaging& staging,
       packer.Advance(piece.size(), name);
   });
   if (read.files != report.manifest.files)
-    throw Error(EitherLanguage(u"La copia di sicurezza non è leggibile così come è stata scritta"_qs,
-                               u"The backup does not read as it was written"_qs));
+    throw Error(Texts::tr("La copia di sicurezza non è leggibile così come è stata scritta"));
   return report;
 }
 
@@ -60,10 +60,8 @@ BackupManifest ReadManifest(const QString& file) {
 BackupManifest ReadBackup(const QString& file, const BackupVisitor& visitor) {
   const auto require = [&](bool whole) {
     if (whole) return;
-    throw Error(
-        EitherLanguage(u"La copia di sicurezza %1 non è integra: il contenuto non è quello del suo elenco"_qs,
-                       u"The backup %1 is not whole: its content is not what its list says"_qs)
-            .arg(QDir::toNativeSeparators(file)));
+    throw Error(Texts::tr("La copia di sicurezza %1 non è integra: il contenuto non è quello del suo elenco")
+                    .arg(QDir::toNativeSeparators(file)));
   };
   BackupManifest manifest = ReadManifest(file);
   std::map<QString, ManifestFile> meant;  // by stored name
@@ -72,9 +70,7 @@ BackupManifest ReadBackup(const QString& file, const BackupVisitor& visitor) {
   ReadZip(file, UnlimitedZip, [&](ZipEntry& entry) {
     if (entry.name == ManifestName) return;
     if (!IsBackupName(entry.name))
-      throw Error(EitherLanguage(u"\"%1\" non appartiene a una copia di sicurezza di Vorlina"_qs,
-                                 u"\"%1\" does not belong into a backup of Vorlina"_qs)
-                      .arg(entry.name));
+      throw Error(Texts::tr("\"%1\" non appartiene a una copia di sicurezza di Vorlina").arg(entry.name));
     const auto found = meant.find(entry.name);
     require(found != meant.end());
     QCryptographicHash hash(QCryptographicHash::Sha256);

@@ -6,7 +6,7 @@
 #include <numeric>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/ZipArchive.h"
 
 namespace vorlina {
@@ -15,9 +15,7 @@ namespace {
 const QString Format = QStringLiteral("vorlina-backup");
 constexpr int FormatVersion = 1;
 
-[[noreturn]] void Refuse(const QString& italian, const QString& english) {
-  throw Error(EitherLanguage(italian, english));
-}
+[[noreturn]] void Refuse(const QString& why) { throw Error(why); }
 
 }  // namespace
 
@@ -50,11 +48,9 @@ QByteArray ToJson(const BackupManifest& manifest) {
 BackupManifest ManifestFromJson(const QByteArray& json) {
   const QJsonObject object = QJsonDocument::fromJson(json).object();
   if (object.value(u"format").toString() != Format)
-    Refuse(u"L'archivio non è una copia di sicurezza di Vorlina"_qs,
-           u"The archive is no backup of Vorlina"_qs);
+    Refuse(Texts::tr("L'archivio non è una copia di sicurezza di Vorlina"));
   if (object.value(u"version").toInt() > FormatVersion)
-    Refuse(u"La copia di sicurezza è stata creata da una versione più recente di Vorlina"_qs,
-           u"The backup was made by a newer version of Vorlina"_qs);
+    Refuse(Texts::tr("La copia di sicurezza è stata creata da una versione più recente di Vorlina"));
   BackupManifest manifest;
   manifest.schemaVersion = object.value(u"schemaVersion").toInt();
   manifest.applicationPath = object.value(u"applicationPath").toString();
@@ -64,9 +60,7 @@ BackupManifest ManifestFromJson(const QByteArray& json) {
     const QJsonObject file = value.toObject();
     const QString name = file.value(u"name").toString();
     if (!IsBackupName(name) || !ProblemOfZipName(name).isEmpty())
-      throw Error(EitherLanguage(u"\"%1\" non appartiene a una copia di sicurezza di Vorlina"_qs,
-                                 u"\"%1\" does not belong into a backup of Vorlina"_qs)
-                      .arg(name));
+      throw Error(Texts::tr("\"%1\" non appartiene a una copia di sicurezza di Vorlina").arg(name));
     manifest.files[name] = {file.value(u"stored").toString(name), file.value(u"size").toInteger(),
                             file.value(u"sha256").toString().toLatin1()};
   }

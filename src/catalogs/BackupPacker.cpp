@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "catalogs/BackupPlace.h"
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
@@ -19,16 +20,15 @@ constexpr qint64 PieceSize = 1 << 18;
 constexpr int MostRounds = 10;
 
 [[noreturn]] void FailReading(const QFile& file) {
-  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
+  throw Error(Texts::tr("Impossibile leggere il file %1: %2")
                   .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
 }
 
 }  // namespace
 
 ChangingError::ChangingError()
-    : Error(EitherLanguage(
-          u"Un altro programma sta modificando le immagini. Attendere che finisca e riprovare."_qs,
-          u"Another program is changing the pictures. Wait until it has finished and try again."_qs)) {}
+    : Error(Texts::tr("Un altro programma sta modificando le immagini. Attendere che finisca e riprovare.")) {
+}
 
 BackupPacker::BackupPacker(Connection& connection, const BackupStaging& staging, const Progress& progress,
                            MissingPictures missing)

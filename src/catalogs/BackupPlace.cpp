@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "catalogs/BackupManifest.h"
 #include "store/ZipArchive.h"
 
@@ -54,18 +54,15 @@ void RequireReplaceable(const QString& file, const QString& root) {
   const QFileInfo target(file);
   const bool isThere = target.exists() || target.isSymLink();
   if (isThere && (target.isSymLink() || !target.isFile() || !IsBackup(file)))
-    throw Error(EitherLanguage(u"%1 esiste e non è una copia di sicurezza. Scegliere un altro nome."_qs,
-                               u"%1 exists and is no backup. Choose another name."_qs)
+    throw Error(Texts::tr("%1 esiste e non è una copia di sicurezza. Scegliere un altro nome.")
                     .arg(QDir::toNativeSeparators(file)));
   const QString folder = QFileInfo(target.absolutePath()).canonicalFilePath() + u'/';
   const QString inside =
       QDir(QFileInfo(root).canonicalFilePath()).relativeFilePath(folder + target.fileName());
   for (const QString& own : {u"Images/"_qs, u"Layouts/"_qs, u".restore"_qs, DatabaseName})
     if (inside.startsWith(own))
-      throw Error(
-          EitherLanguage(u"La copia di sicurezza non può stare in %1. Scegliere un'altra cartella."_qs,
-                         u"The backup cannot lie in %1. Choose another folder."_qs)
-              .arg(QDir::toNativeSeparators(file)));
+      throw Error(Texts::tr("La copia di sicurezza non può stare in %1. Scegliere un'altra cartella.")
+                      .arg(QDir::toNativeSeparators(file)));
 }
 
 BackupStaging::BackupStaging(const QString& target) {

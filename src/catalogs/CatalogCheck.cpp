@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
@@ -20,42 +20,23 @@ namespace {
 struct KindText {
   FindingKind kind;
   const char16_t* name;
-  const char16_t* italian;
-  const char16_t* english;
+  const char* title;
 };
 
 const KindText KindTexts[] = {
-    {FindingKind::Database, u"database", u"Database danneggiato", u"Damage in the database"},
-    {FindingKind::MissingPicture, u"missing-picture", u"Immagini che mancano", u"Pictures that are missing"},
-    {FindingKind::DanglingFilter, u"dangling-filter", u"Prodotti con un valore di filtro che non esiste",
-     u"Products with a filter value that does not exist"},
-    {FindingKind::MissingThumbnail, u"missing-thumbnail", u"Miniature che mancano",
-     u"Thumbnails that are missing"},
-    {FindingKind::OutsidePicture, u"outside-picture", u"Immagini fuori dalla cartella \"Images\"",
-     u"Pictures outside of the folder \"Images\""},
-    {FindingKind::UnusedFile, u"unused-file", u"File in \"Images\" che nessuna riga usa",
-     u"Files in \"Images\" that no row uses"},
-    {FindingKind::TemporaryFile, u"temporary-file", u"File temporanei rimasti in \"Images\"",
-     u"Temporary files left in \"Images\""},
+    {FindingKind::Database, u"database", QT_TRANSLATE_NOOP("Texts", "Database danneggiato")},
+    {FindingKind::MissingPicture, u"missing-picture", QT_TRANSLATE_NOOP("Texts", "Immagini che mancano")},
+    {FindingKind::DanglingFilter, u"dangling-filter",
+     QT_TRANSLATE_NOOP("Texts", "Prodotti con un valore di filtro che non esiste")},
+    {FindingKind::MissingThumbnail, u"missing-thumbnail",
+     QT_TRANSLATE_NOOP("Texts", "Miniature che mancano")},
+    {FindingKind::OutsidePicture, u"outside-picture",
+     QT_TRANSLATE_NOOP("Texts", "Immagini fuori dalla cartella \"Images\"")},
+    {FindingKind::UnusedFile, u"unused-file",
+     QT_TRANSLATE_NOOP("Texts", "File in \"Images\" che nessuna riga usa")},
+    {FindingKind::TemporaryFile, u"temporary-file",
+     QT_TRANSLATE_NOOP("Texts", "File temporanei rimasti in \"Images\"")},
 };
-
-// What the user can do about a kind of finding; both texts are empty where there is nothing to do.
-std::pair<const char16_t*, const char16_t*> AdviceTexts(FindingKind kind) {
-  switch (kind) {
-    case FindingKind::MissingPicture:
-      return {
-          u"Rimettere ogni file in \"Images\" con lo stesso nome: alla prossima apertura la riga lo ritrova.",
-          u"Put each file back into \"Images\" under the same name: the next start finds it again."};
-    case FindingKind::OutsidePicture:
-      return {
-          u"Copiare ogni file in \"Images\" con lo stesso nome: dalla prossima apertura la riga usa la "
-          u"copia.",
-          u"Copy each file into \"Images\" under the same name: the row uses the copy from the next start "
-          u"on."};
-    default:
-      return {u"", u""};
-  }
-}
 
 const KindText& TextOf(FindingKind kind) {
   return *std::find_if(std::begin(KindTexts), std::end(KindTexts),
@@ -155,13 +136,20 @@ bool IsDamage(FindingKind kind) { return kind <= FindingKind::DanglingFilter; }
 
 QString NameOf(FindingKind kind) { return QString::fromUtf16(TextOf(kind).name); }
 
-QString TitleOf(FindingKind kind) {
-  return EitherLanguage(QString::fromUtf16(TextOf(kind).italian), QString::fromUtf16(TextOf(kind).english));
-}
+QString TitleOf(FindingKind kind) { return Texts::tr(TextOf(kind).title); }
 
 QString AdviceOn(FindingKind kind) {
-  const auto [italian, english] = AdviceTexts(kind);
-  return EitherLanguage(QString::fromUtf16(italian), QString::fromUtf16(english));
+  switch (kind) {
+    case FindingKind::MissingPicture:
+      return Texts::tr(
+          "Rimettere ogni file in \"Images\" con lo stesso nome: alla prossima apertura la riga lo ritrova.");
+    case FindingKind::OutsidePicture:
+      return Texts::tr(
+          "Copiare ogni file in \"Images\" con lo stesso nome: dalla prossima apertura la riga usa la "
+          "copia.");
+    default:
+      return {};
+  }
 }
 
 std::vector<Finding> CheckCatalogs(Connection& connection) { return Check(connection).Run(); }

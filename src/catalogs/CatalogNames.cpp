@@ -1,8 +1,8 @@
 #include "catalogs/CatalogNames.h"
 
 #include "base/Helpers.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -15,10 +15,7 @@ QString Line(const QVariant& value) {
 
 }  // namespace
 
-Error CatalogGone() {
-  return Error(EitherLanguage(u"Il catalogo non esiste più: è stato eliminato altrove"_qs,
-                              u"The catalog is not there any more: it was deleted elsewhere"_qs));
-}
+Error CatalogGone() { return Error(Texts::tr("Il catalogo non esiste più: è stato eliminato altrove")); }
 
 void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString& name) {
   Connection connection;

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "base/Helpers.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/Connection.h"
@@ -61,14 +62,11 @@ int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progres
 QStringList CatalogClone::Warnings() const {
   QStringList warnings;
   for (const QString& path : unread_)
-    warnings += EitherLanguage(u"L'immagine %1 non può essere letta e manca nella copia"_qs,
-                               u"The picture %1 cannot be read, and the copy lacks it"_qs)
+    warnings += Texts::tr("L'immagine %1 non può essere letta e manca nella copia")
                     .arg(QDir::toNativeSeparators(path));
   if (!diskError_.isEmpty())
-    warnings +=
-        EitherLanguage(u"La copia è fatta, ma il disco ha segnalato un errore. Controllare il disco. (%1)"_qs,
-                       u"The copy is made, but the disk reported an error. Check the disk. (%1)"_qs)
-            .arg(diskError_);
+    warnings += Texts::tr("La copia è fatta, ma il disco ha segnalato un errore. Controllare il disco. (%1)")
+                    .arg(diskError_);
   return warnings;
 }
 
@@ -82,8 +80,7 @@ void CatalogClone::CopyCatalogRow(const QString& prefix) {
       u"INSERT INTO Cataloghi (NomeCatalogo,%1) SELECT ?||COALESCE(NomeCatalogo,''),%1 FROM Cataloghi "
       "WHERE IDCatalogo=?"_qs.arg(QString::fromUtf16(CatalogColumns)),
       {prefix, OldID_});
-  if (connection_.Changes() != 1)
-    throw Error(EitherLanguage(u"Il catalogo non esiste più"_qs, u"The catalog does not exist any more"_qs));
+  if (connection_.Changes() != 1) throw Error(Texts::tr("Il catalogo non esiste più"));
   NewID_ = int(connection_.LastInsertId());
   connection_.KeepCounter(u"Cataloghi"_qs, NewID_);
   connection_.Execute(

@@ -1,7 +1,7 @@
 #include "catalogs/DeleteCatalog.h"
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/PictureStore.h"
 #include "store/Connection.h"
 #include "store/Transaction.h"
@@ -18,8 +18,7 @@ bool IsThere(Connection& connection, int IDCatalogo) {
 
 void DeleteCatalog(int IDCatalogo, Connection& connection) {
   // The other one might take it back when the user was told that it is done.
-  if (connection.InTransaction())
-    throw Error(EitherLanguage(u"Un'altra operazione è in corso"_qs, u"Another operation is going on"_qs));
+  if (connection.InTransaction()) throw Error(Texts::tr("Un'altra operazione è in corso"));
   bool ending = false;
   try {
     Transaction transaction(connection, {"Eliminazione del catalogo %1", {QString::number(IDCatalogo)}});
@@ -32,11 +31,9 @@ void DeleteCatalog(int IDCatalogo, Connection& connection) {
     // A disk that fails at the very end has the deletion reported as failed, and may still give the rows back
     // after a power failure. Their files stay then.
     if (!ending || IsThere(connection, IDCatalogo)) throw;
-    throw Error(
-        EitherLanguage(
-            u"Il catalogo è eliminato, ma il disco ha segnalato un errore; i file delle sue immagini restano in \"Images\". Controllare il disco. (%1)"_qs,
-            u"The catalog is deleted, but the disk reported an error; its picture files stay in \"Images\". Check the disk. (%1)"_qs)
-            .arg(error.Description()));
+    throw Error(Texts::tr("Il catalogo è eliminato, ma il disco ha segnalato un errore; i file delle sue "
+                          "immagini restano in \"Images\". Controllare il disco. (%1)")
+                    .arg(error.Description()));
   }
 }
 

@@ -4,28 +4,26 @@
 #include <algorithm>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
-#include "base/Messages.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "publish/EscapedNames.h"
 #include "store/GetValue.h"
 #include "store/Recordset.h"
 #include "store/Transaction.h"
+#include "support/Language.h"
+#include "support/Messages.h"
 
 namespace vorlina {
 namespace {
 
-// The product grid has columns of its own by these names.
-bool IsReserved(const QString& name) {
-  const QString lower = name.toLower();
-  if (Language == u"Italian") return lower == u"codice" || lower == u"descrizione";
-  if (Language == u"English") return lower == u"code" || lower == u"description";
-  return false;
-}
-
 bool SameName(const QString& a, const QString& b) {
   return !a.isEmpty() && a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// The product grid has columns of its own by these names.
+bool IsReserved(const QString& name) {
+  return SameName(name, Texts::tr("Codice")) || SameName(name, Texts::tr("Descrizione"));
 }
 
 // Each name is compared with those behind it. A reserved name ends the check, the other faults do not.
@@ -36,7 +34,7 @@ void CheckNames(const QStringList& names, const QString& alike, const QString& r
                                    [&](const QString& other) { return SameName(names[i], other); });
     if (twin != names.end()) messages += alike;
     if (IsReserved(names[i])) {
-      messages += ByLanguage(u"Il nome '"_qs, u"The name '"_qs) + names[i] + reservedBehind;
+      messages += Texts::tr("Il nome '") + names[i] + reservedBehind;
       return;
     }
   }
@@ -81,20 +79,16 @@ void StoreLogo(Recordset& catalogs, const NewCatalog& catalog, Connection& conne
 QStringList CheckGeneral(const NewCatalog& catalog) {
   QStringList messages;
   if (catalog.NomeCatalogo.isEmpty()) messages += NumberedText(BaseErrore + 0);
-  CheckNames(
-      catalog.valueNames, NumberedText(BaseErrore + 4),
-      ByLanguage(u"' non è consentito per  un campo valore."_qs, u"' is not allowed for a value field."_qs),
-      messages);
+  CheckNames(catalog.valueNames, NumberedText(BaseErrore + 4),
+             Texts::tr("' non è consentito per  un campo valore."), messages);
   return messages;
 }
 
 QStringList CheckFilters(const NewCatalog& catalog) {
   QStringList messages;
   if (catalog.filterNames.value(0).isEmpty()) messages += NumberedText(BaseErrore + 1);
-  CheckNames(
-      catalog.filterNames, NumberedText(BaseErrore + 3),
-      ByLanguage(u"' non è consentito per un campo filtro."_qs, u"' is not allowed for a filter field."_qs),
-      messages);
+  CheckNames(catalog.filterNames, NumberedText(BaseErrore + 3),
+             Texts::tr("' non è consentito per un campo filtro."), messages);
   return messages;
 }
 

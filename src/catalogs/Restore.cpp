@@ -7,6 +7,7 @@
 #include "base/AppPath.h"
 #include "base/FolderHold.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "catalogs/Backup.h"
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
@@ -21,10 +22,8 @@ namespace {
 // Alone in the folder: neither one of our programs nor another one in the middle of a change.
 void TakeFolder(FolderHold& hold, const QString& folder) {
   if (hold.TakeAlone(folder, 0) && !IsDatabaseLocked(QDir(folder).filePath(DatabaseName))) return;
-  throw Error(
-      EitherLanguage(u"I cataloghi in %1 sono aperti in un altro programma. Chiuderlo e riprovare."_qs,
-                     u"The catalogs in %1 are open in another program. Close it and try again."_qs)
-          .arg(QDir::toNativeSeparators(folder)));
+  throw Error(Texts::tr("I cataloghi in %1 sono aperti in un altro programma. Chiuderlo e riprovare.")
+                  .arg(QDir::toNativeSeparators(folder)));
 }
 
 // Before anything is unpacked, and with something to spare: neither a large backup nor one that was made to
@@ -34,16 +33,12 @@ void RequireRoom(const QString& folder, qint64 needed) {
   const qint64 room = QStorageInfo(folder).bytesAvailable();
   const qint64 missing = needed - (room - std::min(room / 10, MostSpared));
   if (missing <= 0) return;
-  QString text =
-      EitherLanguage(u"Sul disco non c'è spazio per il ripristino: servono almeno altri %1."_qs,
-                     u"There is no room on the disk for the restore: at least %1 more are needed."_qs)
-          .arg(QLocale().formattedDataSize(missing));
+  QString text = Texts::tr("Sul disco non c'è spazio per il ripristino: servono almeno altri %1.")
+                     .arg(QLocale().formattedDataSize(missing));
   if (const QString former = FormerFolder(folder); QFileInfo::exists(former))
-    text += u' ' + EitherLanguage(
-                       u"La cartella %1 contiene quel che c'era prima dell'ultimo ripristino; se non "
-                       u"serve più, eliminarla."_qs,
-                       u"The folder %1 holds what was there before the last restore; if it is not "
-                       u"needed, delete it."_qs)
+    text += u' ' + Texts::tr(
+                       "La cartella %1 contiene quel che c'era prima dell'ultimo ripristino; se non "
+                       "serve più, eliminarla.")
                        .arg(QDir::toNativeSeparators(former));
   throw Error(text);
 }
@@ -65,8 +60,7 @@ BackupManifest Unpack(const QString& file, const QString& staging, const Progres
   // Files that the archive holds under a number get their names.
   for (const auto& [name, entry] : manifest.files)
     if (entry.stored != name && !QFile::rename(target.filePath(entry.stored), target.filePath(name)))
-      throw Error(EitherLanguage(u"Impossibile scrivere il file %1"_qs, u"The file %1 cannot be written"_qs)
-                      .arg(name));
+      throw Error(Texts::tr("Impossibile scrivere il file %1").arg(name));
   return manifest;
 }
 
@@ -96,9 +90,7 @@ void PrepareDatabase(const QString& path, const QString& from, const QString& to
   RequireTablesAlone(connection);
   OpenCatalogDatabase(connection, path);
   if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty())
-    throw Error(EitherLanguage(u"Il database della copia di sicurezza non è integro: %1"_qs,
-                               u"The database of the backup is not whole: %1"_qs)
-                    .arg(broken.first()));
+    throw Error(Texts::tr("Il database della copia di sicurezza non è integro: %1").arg(broken.first()));
   RequireOwnSchema(connection);
   if (!from.isEmpty() && from != to) MovePaths(connection, from, to);
 }

@@ -13,8 +13,8 @@
 #include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/FolderHold.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -41,7 +41,7 @@ void Rename(const QString& from, const QString& to) {
   std::error_code failure;
   std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), failure);
   if (failure)
-    throw Error(EitherLanguage(u"Impossibile spostare %1: %2"_qs, u"%1 cannot be moved: %2"_qs)
+    throw Error(Texts::tr("Impossibile spostare %1: %2")
                     .arg(QDir::toNativeSeparators(from), QString::fromLocal8Bit(failure.message().c_str())));
 }
 
@@ -86,12 +86,9 @@ class Swap {
     coming_ = Names(journal.value(u"coming"));
     completed_ = journal.value(u"completed").toBool();
     if (kept_.isEmpty() || kept_.contains(u'/') || coming_.isEmpty())
-      throw Error(
-          EitherLanguage(u"Il file %1 non è leggibile, quindi un ripristino interrotto non può essere "
-                         u"concluso. I dati sono nelle cartelle accanto."_qs,
-                         u"The file %1 cannot be read, so that an interrupted restore cannot be finished. "
-                         u"The data is in the folders beside it."_qs)
-              .arg(QDir::toNativeSeparators(JournalPath())));
+      throw Error(Texts::tr("Il file %1 non è leggibile, quindi un ripristino interrotto non può essere "
+                            "concluso. I dati sono nelle cartelle accanto.")
+                      .arg(QDir::toNativeSeparators(JournalPath())));
     return true;
   }
 
@@ -195,10 +192,7 @@ void BringToAnEnd(Swap& swap) {
   }
 }
 
-QString Completed() {
-  return EitherLanguage(u"Un ripristino interrotto è stato portato a termine"_qs,
-                        u"An interrupted restore was brought to its end"_qs);
-}
+QString Completed() { return Texts::tr("Un ripristino interrotto è stato portato a termine"); }
 
 }  // namespace
 
@@ -222,9 +216,7 @@ QString FinishInterruptedRestore() {
   if (!hold.TakeAlone(folder, WaitForOthers)) {
     // Without a journal everything is in its place, and whoever is at work there sees to the rest.
     if (!IsSwapPending(folder)) return {};
-    throw Error(
-        EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
-                       u"The catalogs are being restored. Wait until that has finished and try again."_qs));
+    throw Error(Texts::tr("È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."));
   }
   return FinishInterruptedRestore(folder);
 }

@@ -10,12 +10,13 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
-#include "base/Messages.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/ImagePipeline.h"
 #include "images/frmImage.h"
 #include "store/Connection.h"
+#include "support/Language.h"
+#include "support/Messages.h"
 #include "ui_frmNewCatalog.h"
 
 // The pictures lie in a static library, from which they come when they are asked for.
@@ -105,7 +106,7 @@ void frmNewCatalog::LoadForm() {
   const bool english = Language == u"English";
   BaseTesti = english ? 406 : 106;
   BasePulsanti = english ? 401 : 101;
-  TitoloForm = english ? u"New catalog creation"_qs : u"Creazione nuovo catalogo"_qs;
+  TitoloForm = Texts::tr("Creazione nuovo catalogo");
   setWindowTitle(PlainTitle(TitoloForm));
   StepCorrente = 1;
   if (ui_->framesteps->count() != StepCount) throw Error(u"Numero di pannelli insufficiente"_qs);
@@ -124,26 +125,8 @@ void frmNewCatalog::CaptionButtons() {
 }
 
 void frmNewCatalog::Localize_Form() {
-  QAction* clear = findChild<QAction*>(u"cmdClearLogo"_qs);
-  clear->setText(u"Togli il logo"_qs);
-  if (Language != u"English") return;
-  clear->setText(u"Remove the logo"_qs);
-  const std::pair<QLabel*, const char16_t*> labels[] = {
-      {ui_->lblCatalogName, u"Name"},     {ui_->lblCatalogDescription, u"Description"},
-      {ui_->lblValue_0, u"1st Value"},    {ui_->lblValue_1, u"2nd Value"},
-      {ui_->lblValue_2, u"3rd Value"},    {ui_->lblFilter_0, u"1st Filter"},
-      {ui_->lblFilter_1, u"2nd Filter"},  {ui_->lblFilter_2, u"3rd Filter"},
-      {ui_->lblFilter_3, u"4th Filter"},  {ui_->lblFilter_4, u"5th Filter"},
-      {ui_->lblAzienda, u"Company name"}, {ui_->lblIndirizzo, u"Address"},
-      {ui_->lblCitta, u"City"},           {ui_->lblProvincia, u"Prov./State"},
-      {ui_->lblCap, u"Zip code"},         {ui_->lblStato, u"Country"},
-      {ui_->lblUrl, u"Web site"},         {ui_->lblExtras, u"Additional information"},
-  };
-  for (const auto& [label, text] : labels) label->setText(QString::fromUtf16(text));
-  ui_->cmdBrowse->setText(u"Browse..."_qs);
-  ui_->optWizEnd_0->setText(u"Add data to the catalog"_qs);
-  ui_->optWizEnd_1->setText(u"Create another catalog"_qs);
-  ui_->optWizEnd_2->setText(u"Back to main menu"_qs);
+  ui_->retranslateUi(this);
+  findChild<QAction*>(u"cmdClearLogo"_qs)->setText(Texts::tr("Togli il logo"));
 }
 
 void frmNewCatalog::cmdNav_Click(int index) {

@@ -6,7 +6,7 @@
 #include <QScrollBar>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "grid/GridClipboard.h"
 #include "grid/GridColours.h"
 #include "grid/GridFiles.h"
@@ -239,9 +239,7 @@ void DataGrid::PasteFromClipboard() {
   const QString text = ClipboardCell();
   if (text.isEmpty() || !currentIndex().flags().testFlag(Qt::ItemIsEditable)) return;
   if (text.contains(u'\t')) {
-    Q_EMIT RowFailed(
-        EitherLanguage(u"Negli appunti ci sono più celle. Copiare il testo di una cella sola."_qs,
-                       u"There are several cells on the clipboard. Copy the text of a single cell."_qs));
+    Q_EMIT RowFailed(Texts::tr("Negli appunti ci sono più celle. Copiare il testo di una cella sola."));
     return;
   }
   edit(currentIndex());

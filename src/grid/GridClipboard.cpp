@@ -4,7 +4,7 @@
 #include <QClipboard>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "base/WidgetProgressBox.h"
 #include "grid/GridCells.h"
 #include "grid/RecordsetModel.h"
@@ -23,7 +23,7 @@ QString CellText(const RecordsetModel& rows, int row, int column) {
     case ColumnKind::Lookup:
       return rows.Column(column).lookup.TextOf(value.toLongLong());
     case ColumnKind::Boolean:
-      return value.toBool() ? EitherLanguage(u"Sì"_qs, u"Yes"_qs) : u"No"_qs;
+      return value.toBool() ? Texts::tr("Sì") : u"No"_qs;
     default:
       return NullToEmpty(value);
   }
@@ -52,7 +52,7 @@ void CopyToClipboard(const GridCells& cells, const RecordsetModel& rows, QWidget
   if (count < RowsCopiedAtOnce) {
     text = SelectionText(cells, rows, u"\t"_qs, u"\n"_qs);
   } else {
-    WidgetProgressBox box(owner, EitherLanguage(u"Copia in corso..."_qs, u"Copying..."_qs));
+    WidgetProgressBox box(owner, Texts::tr("Copia in corso..."));
     text = SelectionText(cells, rows, u"\t"_qs, u"\n"_qs, box.Reporter());
   }
   if (!text.isEmpty()) QApplication::clipboard()->setText(text);

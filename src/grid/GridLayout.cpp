@@ -8,8 +8,8 @@
 #include <QSet>
 
 #include "base/Error.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -22,9 +22,8 @@ constexpr qint64 LargestFile = 1'000'000;
 constexpr int WidestColumn = 10'000;
 constexpr int HighestRow = 2'000;
 
-[[noreturn]] void Refuse(const QString& italian, const QString& english) {
-  throw Error(EitherLanguage(u"La disposizione della griglia non può essere letta: "_qs + italian,
-                             u"The grid's layout cannot be read: "_qs + english));
+[[noreturn]] void Refuse(const QString& why) {
+  throw Error(Texts::tr("La disposizione della griglia non può essere letta: ") + why);
 }
 
 QJsonObject ObjectOf(const GridColumnLayout& column) {
@@ -62,12 +61,9 @@ QString LayoutText(const GridLayout& layout) {
 GridLayout ParseLayout(const QString& text) {
   QJsonParseError error;
   const QJsonObject object = QJsonDocument::fromJson(text.toUtf8(), &error).object();
-  if (error.error != QJsonParseError::NoError)
-    Refuse(u"il testo è incompleto"_qs, u"the text is incomplete"_qs);
-  if (object[u"format"].toString() != QString::fromUtf16(Format))
-    Refuse(u"è di un altro formato"_qs, u"it is of another format"_qs);
-  if (object[u"version"].toInt() != Version)
-    Refuse(u"è di un'altra versione"_qs, u"it is of another version"_qs);
+  if (error.error != QJsonParseError::NoError) Refuse(Texts::tr("il testo è incompleto"));
+  if (object[u"format"].toString() != QString::fromUtf16(Format)) Refuse(Texts::tr("è di un altro formato"));
+  if (object[u"version"].toInt() != Version) Refuse(Texts::tr("è di un'altra versione"));
   GridLayout layout;
   QSet<QString> keys;
   for (const QJsonValue value : object[u"columns"].toArray()) {
@@ -88,8 +84,7 @@ void SaveLayout(const GridLayout& layout, const QString& path) {
 
 GridLayout LoadLayout(const QString& path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
-    Refuse(QDir::toNativeSeparators(path), QDir::toNativeSeparators(path));
+  if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile) Refuse(QDir::toNativeSeparators(path));
   return ParseLayout(QString::fromUtf8(file.readAll()));
 }
 

@@ -6,7 +6,7 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/LockPatience.h"
 
 namespace vorlina {
@@ -18,7 +18,7 @@ constexpr qint64 LookMilliseconds = 100;
 // A cell shows no more characters than fit on any screen, since laying out a text costs by its length.
 constexpr qsizetype ShownCharacters = 2000;
 
-QString DeletedText() { return EitherLanguage(u"#Eliminata"_qs, u"#Deleted"_qs); }
+QString DeletedText() { return Texts::tr("#Eliminata"); }
 QVariant HeadOf(const GridColumn& column, int role) {
   switch (role) {
     case Qt::DisplayRole:
@@ -36,7 +36,7 @@ QVariant HeadOf(const GridColumn& column, int role) {
   }
 }
 
-QString UnreadableText() { return EitherLanguage(u"#Non leggibile"_qs, u"#Unreadable"_qs); }
+QString UnreadableText() { return Texts::tr("#Non leggibile"); }
 
 }  // namespace
 

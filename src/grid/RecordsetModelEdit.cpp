@@ -5,7 +5,7 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "grid/RecordsetModel.h"
 #include "store/LockPatience.h"
 #include "store/RowErrors.h"
@@ -23,10 +23,7 @@ QString WithHint(const QString& description, const QString& hint) {
 
 }  // namespace
 
-QString GiveUpHint() {
-  return EitherLanguage(u"Premere Esc per rinunciare alla modifica."_qs,
-                        u"Press Esc to give up the change."_qs);
-}
+QString GiveUpHint() { return Texts::tr("Premere Esc per rinunciare alla modifica."); }
 
 // An editor that is opened over Null and left empty changes nothing. What the user types into the add-new row
 // begins it, even where it is the default.
@@ -161,8 +158,7 @@ std::optional<QString> RecordsetModel::FailureOf(const std::function<void()>& st
     const QString text = DuplicateText(error.Columns());
     return WithHint(text.isEmpty() ? error.Description() : text, hint);
   } catch (const ConflictError& error) {
-    const QString asItIs =
-        EitherLanguage(u"Premere Esc per vederla com'è ora."_qs, u"Press Esc to see it as it is now."_qs);
+    const QString asItIs = Texts::tr("Premere Esc per vederla com'è ora.");
     return WithHint(error.Description(), editRow_ >= 0 ? asItIs : QString());
   } catch (const std::exception& error) {
     return WithHint(DescriptionOf(error), hint);
@@ -180,9 +176,7 @@ QString RecordsetModel::DuplicateText(const QStringList& columns) {
     if (refusedColumn_ < 0) refusedColumn_ = i;
   }
   if (named.isEmpty()) return {};
-  return EitherLanguage(u"Esiste già una riga con %1. Scegliere un altro valore."_qs,
-                        u"There is already a row with %1. Choose another value."_qs)
-      .arg(named.join(u", "_qs));
+  return Texts::tr("Esiste già una riga con %1. Scegliere un altro valore.").arg(named.join(u", "_qs));
 }
 
 bool RecordsetModel::Submit() {

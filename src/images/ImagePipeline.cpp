@@ -6,8 +6,8 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
 #include "base/Settings.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 
 namespace vorlina {
@@ -22,9 +22,7 @@ double Reserved(const QString& key, double fallback) {
   try {
     return NullToZero(text);
   } catch (const Error& error) {
-    throw Error(EitherLanguage(u"Impostazione %1 nella sezione [Riservati]: %2"_qs,
-                               u"Setting %1 in the section [Riservati]: %2"_qs)
-                    .arg(key, error.Description()));
+    throw Error(Texts::tr("Impostazione %1 nella sezione [Riservati]: %2").arg(key, error.Description()));
   }
 }
 
@@ -56,19 +54,15 @@ PictureSettings ReadPictureSettings() {
 double PictureLimit() { return Reserved(u"ResizeTo"_qs, 800); }
 
 void RefuseFile(const QString& path, const QString& reason) {
-  throw Error(EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-                  .arg(QDir::toNativeSeparators(path), reason));
+  throw Error(Texts::tr("Impossibile leggere il file %1: %2").arg(QDir::toNativeSeparators(path), reason));
 }
 
 QByteArray ReadPictureFile(const QString& path) {
   QFile file(path);
-  if (file.exists() && !IsPictureFile(path))
-    RefuseFile(path, EitherLanguage(u"non è un file"_qs, u"it is no file"_qs));
+  if (file.exists() && !IsPictureFile(path)) RefuseFile(path, Texts::tr("non è un file"));
   if (!file.open(QIODevice::ReadOnly)) RefuseFile(path, file.errorString());
-  if (file.size() > LargestFile)
-    RefuseFile(path, EitherLanguage(u"supera i 512 MB"_qs, u"it is larger than 512 MB"_qs));
-  if (!IsJpeg(file.peek(3)))
-    RefuseFile(path, EitherLanguage(u"non è un'immagine JPEG"_qs, u"it is no JPEG picture"_qs));
+  if (file.size() > LargestFile) RefuseFile(path, Texts::tr("supera i 512 MB"));
+  if (!IsJpeg(file.peek(3))) RefuseFile(path, Texts::tr("non è un'immagine JPEG"));
   QByteArray jpeg = file.readAll();
   if (file.error() != QFileDevice::NoError) RefuseFile(path, file.errorString());
   return jpeg;

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/ColourConversion.h"
 #include "images/ExifOrientation.h"
 
@@ -13,10 +13,7 @@ namespace {
 void RefuseSize(QSize size) {
   if (size.width() > LargestSide || size.height() > LargestSide ||
       qint64(size.width()) * size.height() > LargestPixels)
-    throw Error(EitherLanguage(u"l'immagine è troppo grande (%1 x %2 punti)"_qs,
-                               u"the picture is too large (%1 x %2 pixels)"_qs)
-                    .arg(size.width())
-                    .arg(size.height()));
+    throw Error(Texts::tr("l'immagine è troppo grande (%1 x %2 punti)").arg(size.width()).arg(size.height()));
 }
 
 // Of the decoder's scales those by halves look best. What they leave out shows where hardly anything is left
@@ -45,7 +42,7 @@ qint64 CoefficientBytes(jpeg_decompress_struct& info) {
 
 JpegDecompressor::JpegDecompressor(const QByteArray& jpeg) {
   info_.err = errors_.Install();
-  if (!IsJpeg(jpeg)) throw Error(EitherLanguage(u"non è un'immagine JPEG"_qs, u"it is no JPEG picture"_qs));
+  if (!IsJpeg(jpeg)) throw Error(Texts::tr("non è un'immagine JPEG"));
   const bool done = TryHead(jpeg);
   try {
     Check(done);
@@ -155,9 +152,8 @@ bool JpegDecompressor::TryProfile(JOCTET** data, unsigned* size) {
 
 void JpegDecompressor::Check(bool done) const {
   if (!done)
-    throw Error(EitherLanguage(u"l'immagine è danneggiata o incompleta (%1)"_qs,
-                               u"the picture is damaged or incomplete (%1)"_qs)
-                    .arg(QString::fromLatin1(errors_.text)));
+    throw Error(
+        Texts::tr("l'immagine è danneggiata o incompleta (%1)").arg(QString::fromLatin1(errors_.text)));
 }
 
 void JpegDecompressor::ReadMarkers() {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/JpegCodec.h"
 #include "images/JpegErrors.h"
 
@@ -75,10 +75,7 @@ class Compressor {
 };
 
 void Check(bool done, const Compressor& compressor) {
-  if (!done)
-    throw Error(EitherLanguage(u"L'immagine JPEG non può essere scritta: %1"_qs,
-                               u"The JPEG picture cannot be written: %1"_qs)
-                    .arg(compressor.Reason()));
+  if (!done) throw Error(Texts::tr("L'immagine JPEG non può essere scritta: %1").arg(compressor.Reason()));
 }
 
 // A band of one plane's rows, widened to whole blocks by repeating the last sample, and by the last row below
@@ -114,9 +111,7 @@ void RequireStorable(const PlanarImage& image) {
     storable = Subsampling(planes[0].width, planes[i].width) != 0 &&
                Subsampling(planes[0].height, planes[i].height) != 0 && planes[i].width == planes[1].width &&
                planes[i].height == planes[1].height;
-  if (!storable)
-    throw Error(EitherLanguage(u"L'immagine non ha una forma che si possa scrivere"_qs,
-                               u"The picture has no form that can be written"_qs));
+  if (!storable) throw Error(Texts::tr("L'immagine non ha una forma che si possa scrivere"));
 }
 
 }  // namespace

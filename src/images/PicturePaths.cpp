@@ -7,7 +7,7 @@
 #include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
@@ -124,11 +124,9 @@ int FitPicturePaths(Connection& connection) {
   try {
     return Fit(connection);
   } catch (const Error& error) {
-    throw Error(
-        EitherLanguage(
-            u"I percorsi delle immagini non sono stati adattati a questa cartella; alla prossima apertura si riprova. %1"_qs,
-            u"The paths of the pictures were not fitted to this folder; the next start tries again. %1"_qs)
-            .arg(error.Description()));
+    throw Error(Texts::tr("I percorsi delle immagini non sono stati adattati a questa cartella; alla "
+                          "prossima apertura si riprova. %1")
+                    .arg(error.Description()));
   }
 }
 

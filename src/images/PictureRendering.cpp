@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/ColourConversion.h"
 #include "images/Resample.h"
 
@@ -34,9 +34,7 @@ bool IsShrunk(const JpegHead& head, double limit, const PictureSettings& setting
 
 // Scales a decoded picture to a size (both as stored), brings it to sRGB and turns it upright.
 PlanarImage Prepared(PlanarImage image, const JpegHead& head, QSize size) {
-  if (LongerSide(size) > LargestSide)
-    throw Error(EitherLanguage(u"L'immagine diventerebbe troppo grande"_qs,
-                               u"The picture would become too large"_qs));
+  if (LongerSide(size) > LargestSide) throw Error(Texts::tr("L'immagine diventerebbe troppo grande"));
   image = Resample(std::move(image), size);
   ConvertToSrgb(image, head.iccProfile);
   return Upright(std::move(image), head.orientation);

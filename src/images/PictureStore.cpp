@@ -7,7 +7,7 @@
 #include <QMultiHash>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "store/Connection.h"
 #include "store/Ranks.h"
@@ -135,9 +135,7 @@ struct PictureChange::Files {
   void RequireInside(const QString& path) {
     if (!folder.Holds(path))
       throw Error(
-          EitherLanguage(
-              u"Il file %1 non viene scritto: non si trova nella cartella \"Images\" del programma."_qs,
-              u"The file %1 is not written: it does not lie in the program's folder \"Images\"."_qs)
+          Texts::tr("Il file %1 non viene scritto: non si trova nella cartella \"Images\" del programma.")
               .arg(path));
   }
 

@@ -6,7 +6,6 @@
 #include <QScreen>
 
 #include "base/Error.h"
-#include "base/Language.h"
 #include "base/Settings.h"
 #include "base/WindowPlace.h"
 #include "images/ShownPicture.h"
@@ -62,11 +61,7 @@ void frmImage::LoadForm() {
   Move->start();
 }
 
-void frmImage::Localize_Form() {
-  if (Language != u"English") return;
-  setWindowTitle(u"Image"_qs);
-  ui_->Picture1->setAccessibleName(u"Image"_qs);
-}
+void frmImage::Localize_Form() { ui_->retranslateUi(this); }
 
 // The first place is the centre of the screen, the window's corner standing there.
 void frmImage::MoveToStoredPlace() {

@@ -7,7 +7,7 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/WidgetPicture.h"
 #include "images/WidgetPictureTile.h"
@@ -21,8 +21,7 @@ Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 constexpr int Columns = 3;
 
 QString Describe(const PictureTile& tile) {
-  return ByLanguage(u"Codice: "_qs + tile.CodiceProdotto + u" Descrizione: "_qs + tile.Descrizione,
-                    u"Code: "_qs + tile.CodiceProdotto + u" Description: "_qs + tile.Descrizione);
+  return Texts::tr("Codice: ") + tile.CodiceProdotto + Texts::tr(" Descrizione: ") + tile.Descrizione;
 }
 
 }  // namespace
@@ -51,18 +50,7 @@ void frmImageViewer::MakeTiles() {
   }
 }
 
-void frmImageViewer::Localize_Form() {
-  if (Language != u"English") return;
-  setWindowTitle(u"Catalog images"_qs);
-  const std::pair<QPushButton*, QString> names[] = {{ui_->cmdFirst, u"First page"_qs},
-                                                    {ui_->cmdBack, u"Previous page"_qs},
-                                                    {ui_->cmdForward, u"Next page"_qs},
-                                                    {ui_->cmdLast, u"Last page"_qs}};
-  for (const auto& [button, name] : names) {
-    button->setAccessibleName(name);
-    button->setToolTip(PlainToolTip(name));
-  }
-}
+void frmImageViewer::Localize_Form() { ui_->retranslateUi(this); }
 
 QString frmImageViewer::ShowCatalog(const QString& extra, const QVariantList& values) {
   QString code;
@@ -108,8 +96,7 @@ void frmImageViewer::LoadPage() {
     extPicture[i]->Show(tile.CodiceProdotto, description,
                         ShowThumbnail(tile.Immagine, extPicture[i]->PicturePixels()));
   }
-  ui_->lblPages->setText(
-      ByLanguage(u"Pagina %1 di %2"_qs, u"Page %1 of %2"_qs).arg(Pagina).arg(PicturePageCount(Rs)));
+  ui_->lblPages->setText(Texts::tr("Pagina %1 di %2").arg(Pagina).arg(PicturePageCount(Rs)));
 }
 
 // The Tab key comes to one tile, the selected one.

@@ -1,6 +1,7 @@
 // The commands of the product grid's window as data.
 #pragma once
 
+#include <QCoreApplication>
 #include <array>
 
 #include "base/Commands.h"
@@ -9,61 +10,46 @@ namespace vorlina {
 
 // The toolbar's buttons in order.
 inline constexpr std::array<ToolbarCommand, 9> GridToolbar{{
-    {u"cmdNew", {u"Nuovo", u"New"}, {u"Inserisci un nuovo prodotto", u"Insert new item"}, u"new", u"Ctrl+N"},
-    {u"cmdEdit",
-     {u"  Modifica", u"  Edit"},
-     {u"Modifica il prodotto selezionato", u"Edit selected item"},
-     u"edit",
-     u"Ctrl+M"},
-    {u"cmdDelete",
-     {u"  Elimina", u"  Delete"},
-     {u"Elimina il prodotto selezionato", u"Delete selected item"},
-     u"delete",
-     u""},
-    {u"cmdSearch",
-     {u"Cerca", u"Search"},
-     {u"Cerca un prodotto", u"Search for an item"},
-     u"search",
-     u"Ctrl+F"},
-    {u"cmdImmagini", {u"Immagini", u"Images"}, {u"", u""}, u"images", u"Ctrl+I"},
-    {u"cmdProperties",
-     {u"Proprietà", u"Properties"},
-     {u"Imposta le proprietà del catalogo", u"Edit catalog properties"},
-     u"properties",
-     u""},
-    {u"cmdPublish",
-     {u"Pubblica", u"Publish"},
-     {u"Pubblica il catalogo", u"Publish catalog"},
-     u"publish",
-     u""},
-    {u"cmdImporta",
-     {u"Importa", u"Import..."},
-     {u"Importazione da una cartella di immagini", u"Import from image folder"},
-     u"import",
-     u""},
-    {u"cmdHelp", {u"    Aiuto", u"    Help"}, {u"Aiuto", u"Help"}, u"help", u"F1"},
+    {u"cmdNew", QT_TRANSLATE_NOOP("Texts", "Nuovo"),
+     QT_TRANSLATE_NOOP("Texts", "Inserisci un nuovo prodotto"), u"new", u"Ctrl+N"},
+    {u"cmdEdit", QT_TRANSLATE_NOOP("Texts", "  Modifica"),
+     QT_TRANSLATE_NOOP("Texts", "Modifica il prodotto selezionato"), u"edit", u"Ctrl+M"},
+    {u"cmdDelete", QT_TRANSLATE_NOOP("Texts", "  Elimina"),
+     QT_TRANSLATE_NOOP("Texts", "Elimina il prodotto selezionato"), u"delete", u""},
+    {u"cmdSearch", QT_TRANSLATE_NOOP("Texts", "Cerca"), QT_TRANSLATE_NOOP("Texts", "Cerca un prodotto"),
+     u"search", u"Ctrl+F"},
+    {u"cmdImmagini", QT_TRANSLATE_NOOP("Texts", "Immagini"), "", u"images", u"Ctrl+I"},
+    {u"cmdProperties", QT_TRANSLATE_NOOP("Texts", "Proprietà"),
+     QT_TRANSLATE_NOOP("Texts", "Imposta le proprietà del catalogo"), u"properties", u""},
+    {u"cmdPublish", QT_TRANSLATE_NOOP("Texts", "Pubblica"),
+     QT_TRANSLATE_NOOP("Texts", "Pubblica il catalogo"), u"publish", u""},
+    {u"cmdImporta", QT_TRANSLATE_NOOP("Texts", "Importa"),
+     QT_TRANSLATE_NOOP("Texts", "Importazione da una cartella di immagini"), u"import", u""},
+    {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "    Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help",
+     u"F1"},
 }};
 
 // The entries of the menu over the rows. Rows do not move by arrows: with Ctrl they select to the end, with
 // Alt they open a list, and window managers take others.
 inline constexpr std::array<MenuCommand, 6> GridMenu{{
-    {u"mnuCopia", {u"Copia", u"Copy"}},
-    {u"mnuOrdinePubbl", {u"Imposta ordine di pubblicazione", u"Change publishing order"}},
-    {u"mnuResizeCol", {u"Ripristina larghezza colonne", u"Restore columns width"}},
-    {u"mnuSpostaSu", {u"Sposta righe in su", u"Move rows up"}, u"Ctrl+Shift+PgUp"},
-    {u"mnuSpostaGiu", {u"Sposta righe in giù", u"Move rows down"}, u"Ctrl+Shift+PgDown"},
-    {u"mnuAggiorna", {u"Aggiorna", u"Refresh"}, u"F5"},
+    {u"mnuCopia", QT_TRANSLATE_NOOP("Texts", "Copia")},
+    {u"mnuOrdinePubbl", QT_TRANSLATE_NOOP("Texts", "Imposta ordine di pubblicazione")},
+    {u"mnuResizeCol", QT_TRANSLATE_NOOP("Texts", "Ripristina larghezza colonne")},
+    {u"mnuSpostaSu", QT_TRANSLATE_NOOP("Texts", "Sposta righe in su"), u"Ctrl+Shift+PgUp"},
+    {u"mnuSpostaGiu", QT_TRANSLATE_NOOP("Texts", "Sposta righe in giù"), u"Ctrl+Shift+PgDown"},
+    {u"mnuAggiorna", QT_TRANSLATE_NOOP("Texts", "Aggiorna"), u"F5"},
 }};
 
 // The entries of the menu over a column's head beside those that say how its texts stand.
 inline constexpr std::array<MenuCommand, 3> ColumnMenu{{
-    {u"mnuOrdina", {u"Ordina", u"Sort"}, u"Ctrl+Shift+O"},
-    {u"mnuSpostaSinistra", {u"Sposta a sinistra", u"Move left"}, u"Ctrl+Shift+Left"},
-    {u"mnuSpostaDestra", {u"Sposta a destra", u"Move right"}, u"Ctrl+Shift+Right"},
+    {u"mnuOrdina", QT_TRANSLATE_NOOP("Texts", "Ordina"), u"Ctrl+Shift+O"},
+    {u"mnuSpostaSinistra", QT_TRANSLATE_NOOP("Texts", "Sposta a sinistra"), u"Ctrl+Shift+Left"},
+    {u"mnuSpostaDestra", QT_TRANSLATE_NOOP("Texts", "Sposta a destra"), u"Ctrl+Shift+Right"},
 }};
 
 // The entries of the menu over a column's head that say how its texts stand, in the order of GridAlignment.
-inline constexpr std::array<Caption, 3> AlignmentMenu{
-    {{u"Sinistra", u"Left"}, {u"Centrato", u"Center"}, {u"Destra", u"Right"}}};
+inline constexpr std::array<const char*, 3> AlignmentMenu{{QT_TRANSLATE_NOOP("Texts", "Sinistra"),
+                                                           QT_TRANSLATE_NOOP("Texts", "Centrato"),
+                                                           QT_TRANSLATE_NOOP("Texts", "Destra")}};
 
 }  // namespace vorlina

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "base/Settings.h"
+#include "base/Texts.h"
 #include "images/ImagePipeline.h"
 #include "images/PictureFolder.h"
 #include "store/Transaction.h"
@@ -54,8 +55,7 @@ PictureImport::PictureImport(QString folder, int IDCatalogo, Connection& connect
       products_(IDCatalogo, connection) {
   const QDir directory(folder_);
   if (!directory.exists() || !QFileInfo(folder_).isReadable())
-    throw Error(EitherLanguage(u"Impossibile leggere la cartella %1"_qs, u"The folder %1 cannot be read"_qs)
-                    .arg(QDir::toNativeSeparators(folder_)));
+    throw Error(Texts::tr("Impossibile leggere la cartella %1").arg(QDir::toNativeSeparators(folder_)));
   files_ = directory.entryList({u"*.jpg"_qs}, QDir::Files, QDir::Name | QDir::IgnoreCase);
   passedOver_ = PassedOverIn(folder_, files_);
 }

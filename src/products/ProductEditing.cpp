@@ -6,8 +6,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
-#include "base/Messages.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "products/CellRules.h"
 #include "products/FilterValues.h"
@@ -16,6 +15,8 @@
 #include "store/Connection.h"
 #include "store/LockPatience.h"
 #include "store/RowErrors.h"
+#include "support/Language.h"
+#include "support/Messages.h"
 
 namespace vorlina {
 namespace {
@@ -99,12 +100,10 @@ ProductStore ProductEditing::Products() {
 }
 
 bool ProductEditing::AskToDelete() {
-  Messaggio = ByLanguage(
-      u"Eliminare gli articoli selezionati e le immagini ad essi relative?\r\n"
+  Messaggio = Texts::tr(
+      "Eliminare gli articoli selezionati e le immagini ad essi relative?\r\n"
       "L'operazione non potrà essere annullata.\r\n"
-      "Procedere con l'eliminazione?"_qs,
-      u"Do you want to delete selected products and their images?\r\n"
-      "Continue?"_qs);
+      "Procedere con l'eliminazione?");
   return TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst);
 }
 
@@ -116,9 +115,7 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
     if (Refuses(vorlina::CheckCell(rows_.Column(column).key, text, true))) return false;
     if (!TheDialogs().Ask(owner_, NumberedText(BaseConferma + 1) + u": "_qs + text)) return false;
     if (text.contains(u'"')) {
-      TheDialogs().Message(owner_,
-                           ByLanguage(u"Non è possibile inserire il carattere \", sostituirlo con '"_qs,
-                                      u"You can't insert \" character, replace it with '"_qs),
+      TheDialogs().Message(owner_, Texts::tr("Non è possibile inserire il carattere \", sostituirlo con '"),
                            BoxStyle::Information);
       return false;
     }
@@ -126,11 +123,10 @@ bool ProductEditing::AddFilterValue(int column, const QString& text) {
     OfferFilterValues(column);
     return true;
   } catch (const std::exception& error) {
-    TheDialogs().Message(owner_,
-                         ByLanguage(u"Errore durante l'inserimento del nuovo valore per il filtro. "_qs,
-                                    u"Error inserting a new value for the filter. "_qs) +
-                             DescriptionOf(error),
-                         BoxStyle::Stop);
+    TheDialogs().Message(
+        owner_,
+        Texts::tr("Errore durante l'inserimento del nuovo valore per il filtro. ") + DescriptionOf(error),
+        BoxStyle::Stop);
     return false;
   }
 }

@@ -3,7 +3,7 @@
 #include <QStringList>
 
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "products/FilterValues.h"
 #include "publish/EscapedNames.h"
 #include "store/Recordset.h"
@@ -94,9 +94,8 @@ KeysetQuery ProductGridQuery(const ProductGridFields& fields, int IDCatalogo,
 
 std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int IDCatalogo,
                                            Connection& connection) {
-  std::vector<GridColumn> columns{
-      Described(LeadingKeys[0], ByLanguage(u"Codice"_qs, u"Code"_qs)),
-      Described(LeadingKeys[1], ByLanguage(u"Descrizione"_qs, u"Description"_qs))};
+  std::vector<GridColumn> columns{Described(LeadingKeys[0], Texts::tr("Codice")),
+                                  Described(LeadingKeys[1], Texts::tr("Descrizione"))};
   columns.reserve(ProductColumn::ImmaginePicture + 1);
   for (const NamedField& field : fields.values)
     columns.push_back(Described(field.key, UnescapeName(field.name)));
@@ -107,16 +106,15 @@ std::vector<GridColumn> ProductGridColumns(const ProductGridFields& fields, int 
     if (field.inUse) column.lookup = FilterValues(IDCatalogo, int(i) + 1, connection);
     columns.push_back(std::move(column));
   }
-  columns.push_back(
-      Described(TrailingKeys[0], ByLanguage(u"Pubblica"_qs, u"Publish"_qs), ColumnKind::Boolean));
+  columns.push_back(Described(TrailingKeys[0], Texts::tr("Pubblica"), ColumnKind::Boolean));
   columns.back().defaultValue = true;  // the table's own, so that a new row shows what it will be
   columns.push_back(Described(TrailingKeys[1], {}, ColumnKind::Boolean));
   columns.push_back(Described(TrailingKeys[2], {}));
   columns.push_back(Described(TrailingKeys[3], {}, ColumnKind::Number));
   columns.back().defaultValue = IDCatalogo;
-  columns.push_back(Described(TrailingKeys[4], ByLanguage(u"Ordine"_qs, u"Order"_qs), ColumnKind::Number));
-  columns.push_back(Picture(TrailingKeys[5], EitherLanguage(u"Scheda tecnica"_qs, u"Tech data"_qs)));
-  columns.push_back(Picture(TrailingKeys[6], EitherLanguage(u"Immagine"_qs, u"Picture"_qs)));
+  columns.push_back(Described(TrailingKeys[4], Texts::tr("Ordine"), ColumnKind::Number));
+  columns.push_back(Picture(TrailingKeys[5], Texts::tr("Scheda tecnica")));
+  columns.push_back(Picture(TrailingKeys[6], Texts::tr("Immagine")));
   for (std::size_t i = 0; i < ProductColumn::BoundCount; ++i) columns[i].field = int(i);
   return columns;
 }

@@ -4,7 +4,7 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "products/CellRules.h"
@@ -21,9 +21,8 @@ namespace {
 const QString CodeField = u"CodiceProdotto"_qs;
 
 ConflictError Gone() {
-  return ConflictError(EitherLanguage(
-      u"Il prodotto è stato eliminato nel frattempo da un'altra finestra o da un altro programma."_qs,
-      u"The product was deleted meanwhile by another window or program."_qs));
+  return ConflictError(
+      Texts::tr("Il prodotto è stato eliminato nel frattempo da un'altra finestra o da un altro programma."));
 }
 
 bool IsAscii(const QString& text) {
@@ -174,9 +173,8 @@ void ProductStore::SetMainImage(qint64 product, const QString& source, const Pre
   const QString code = CodeOf(product);
   const QString target = MainImagePath(IDCatalogo_, code);
   if (!IsPictureNameFree(target, connection_, product))
-    throw Error(EitherLanguage(u"Il file %1 è già usato come immagine o logo altrove. Cambiare il codice."_qs,
-                               u"The file %1 is a picture or a logo elsewhere already. Change the code."_qs)
-                    .arg(target));
+    throw Error(
+        Texts::tr("Il file %1 è già usato come immagine o logo altrove. Cambiare il codice.").arg(target));
   PictureChange(transaction, connection_).TakeMain(source, target, picture);
   connection_.Execute(u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDProdotto=?"_qs,
                       {target, picture.size.height(), picture.size.width(), product});

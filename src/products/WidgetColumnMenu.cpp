@@ -3,21 +3,22 @@
 #include <QActionGroup>
 
 #include "base/CommandIcon.h"
+#include "base/Texts.h"
 #include "grid/DataGrid.h"
 #include "products/GridCommands.h"
 
 namespace vorlina {
 
-WidgetColumnMenu::WidgetColumnMenu(DataGrid& grid) : QMenu(u"Colonna"_qs, &grid), grid_(grid) {
+WidgetColumnMenu::WidgetColumnMenu(DataGrid& grid) : QMenu(&grid), grid_(grid) {
   setObjectName(u"mnuColonna"_qs);
-  mnuTestoACapo = addAction(u"Testo a capo"_qs);
+  mnuTestoACapo = addAction(QString());
   mnuTestoACapo->setObjectName(u"mnuTestoACapo"_qs);
   mnuTestoACapo->setCheckable(true);
-  mnuAllineamento = addMenu(u"Allineamento"_qs);
+  mnuAllineamento = addMenu(QString());
   mnuAllineamento->setObjectName(u"mnuAllineamento"_qs);
   auto* alignments = new QActionGroup(this);
   for (std::size_t i = 0; i < AlignmentMenu.size(); ++i) {
-    QAction* entry = mnuAllineamento->addAction(Text(AlignmentMenu[i].italian));
+    QAction* entry = mnuAllineamento->addAction(QString());
     entry->setObjectName(u"mnuTipoAllineamento_%1"_qs.arg(i));
     entry->setCheckable(true);
     alignments->addAction(entry);
@@ -32,11 +33,11 @@ WidgetColumnMenu::WidgetColumnMenu(DataGrid& grid) : QMenu(u"Colonna"_qs, &grid)
 }
 
 void WidgetColumnMenu::Localize() {
-  setTitle(u"Columns"_qs);
-  mnuTestoACapo->setText(u"Wordwrap"_qs);
-  mnuAllineamento->setTitle(u"Alignment"_qs);
+  setTitle(Texts::tr("Colonna"));
+  mnuTestoACapo->setText(Texts::tr("Testo a capo"));
+  mnuAllineamento->setTitle(Texts::tr("Allineamento"));
   for (std::size_t i = 0; i < AlignmentMenu.size(); ++i)
-    mnuTipoAllineamento[i]->setText(Text(AlignmentMenu[i].english));
+    mnuTipoAllineamento[i]->setText(Texts::tr(AlignmentMenu[i]));
   LocalizeCommands(*this, ColumnMenu);
 }
 

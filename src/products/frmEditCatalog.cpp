@@ -10,7 +10,7 @@
 #include "base/CommandIcon.h"
 #include "base/Dialogs.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "products/Attempt.h"
 #include "products/CellRules.h"
 #include "products/GridCommands.h"
@@ -22,6 +22,7 @@
 #include "products/commands/Publish.h"
 #include "products/commands/RowCommands.h"
 #include "products/commands/ShowPictures.h"
+#include "support/Language.h"
 #include "ui_frmEditCatalog.h"
 
 namespace vorlina {
@@ -74,7 +75,7 @@ void frmEditCatalog::MakeToolbar() {
 }
 
 void frmEditCatalog::MakeMenus() {
-  mnuGriglia = new QMenu(u"Griglia"_qs, this);
+  mnuGriglia = new QMenu(this);
   mnuGriglia->setObjectName(u"mnuGriglia"_qs);
   for (const MenuCommand& command : GridMenu)
     connect(AddCommand(*mnuGriglia, command, *grdProducts), &QAction::triggered, this,
@@ -154,12 +155,9 @@ void frmEditCatalog::FillPublishMenu() {
 }
 
 void frmEditCatalog::Localize_Form() {
-  if (Language != u"English") return;
-  setWindowTitle(u"Edit catalog"_qs);
-  ui_->tbr->setWindowTitle(u"Commands"_qs);
-  grdProducts->setAccessibleName(u"Products"_qs);
+  ui_->retranslateUi(this);
   LocalizeCommands(*this, GridToolbar);
-  mnuGriglia->setTitle(u"Grid"_qs);
+  mnuGriglia->setTitle(Texts::tr("Griglia"));
   LocalizeCommands(*mnuGriglia, GridMenu);
   mnuColonna->Localize();
 }
@@ -188,11 +186,9 @@ void frmEditCatalog::ShowCounts() {
   const int count = grdProducts->Rows().RecordCount();
   const int selected = grdProducts->SelectedCount();
   const QLocale locale;
-  lblProdotti->setText((count == 1 ? EitherLanguage(u"%1 prodotto"_qs, u"%1 product"_qs)
-                                   : EitherLanguage(u"%1 prodotti"_qs, u"%1 products"_qs))
-                           .arg(locale.toString(count)));
-  lblSelezionati->setText((selected == 1 ? EitherLanguage(u"%1 selezionato"_qs, u"%1 selected"_qs)
-                                         : EitherLanguage(u"%1 selezionati"_qs, u"%1 selected"_qs))
+  lblProdotti->setText(
+      (count == 1 ? Texts::tr("%1 prodotto") : Texts::tr("%1 prodotti")).arg(locale.toString(count)));
+  lblSelezionati->setText((selected == 1 ? Texts::tr("%1 selezionato") : Texts::tr("%1 selezionati"))
                               .arg(locale.toString(selected)));
 }
 
@@ -219,12 +215,10 @@ bool frmEditCatalog::MayClose() {
 }
 
 void frmEditCatalog::TellWhyOpen(QStringList refusals) {
-  if (refusals.isEmpty())
-    refusals += EitherLanguage(u"Il valore scritto nella riga non è stato accettato."_qs,
-                               u"The value that was typed into the row was not accepted."_qs);
+  if (refusals.isEmpty()) refusals += Texts::tr("Il valore scritto nella riga non è stato accettato.");
   QString& last = refusals.last();
   if (!last.endsWith(u'.')) last += u'.';
-  if (!last.contains(EitherLanguage(u"Premere Esc "_qs, u"Press Esc "_qs))) last += u' ' + GiveUpHint();
+  if (!last.contains(Texts::tr("Premere Esc "))) last += u' ' + GiveUpHint();
   activateWindow();
   TheDialogs().Message(this, refusals.join(u"\r\n"_qs), BoxStyle::Stop);
 }

@@ -1,7 +1,7 @@
 #include "publish/ExtensionManager.h"
 
 #include "base/Dialogs.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/Transaction.h"
 
@@ -38,10 +38,7 @@ bool SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
 }
 
 void TellFaultyExtensions(QWidget* owner) {
-  TheDialogs().Message(owner,
-                       ByLanguage(u"Errore nella tabella Extensions"_qs,
-                                  u"Error in Extensions table. Please contact technical support"_qs),
-                       BoxStyle::Information);
+  TheDialogs().Message(owner, Texts::tr("Errore nella tabella Extensions"), BoxStyle::Information);
 }
 
 void SetCatalogExtension(const QString& name, const QVariant& value, int IDCatalogo, const QString&,

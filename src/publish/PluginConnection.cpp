@@ -4,7 +4,7 @@
 #include <list>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -38,14 +38,13 @@ class PluginSession {
 namespace {
 
 // A mistake of the plug-in, told to a user who cannot mend it.
-Error Mistake(const QString& italian, const QString& english) {
-  return Error(EitherLanguage(italian + u" Chiedere una versione corretta a chi ha fatto il plug-in."_qs,
-                              english + u" Ask the maker of the plug-in for a corrected version."_qs));
+Error Mistake(const QString& what) {
+  return Error(what + Texts::tr(" Chiedere una versione corretta a chi ha fatto il plug-in."));
 }
 
 Error NoColumn(const QString& column) {
-  return Mistake(u"Il plug-in legge la colonna \"%1\", che la sua interrogazione non ha."_qs.arg(column),
-                 u"The plug-in reads the column \"%1\", which its query does not have."_qs.arg(column));
+  return Mistake(
+      Texts::tr("Il plug-in legge la colonna \"%1\", che la sua interrogazione non ha.").arg(column));
 }
 
 class PluginRows : public IVorlinaRows {
@@ -68,8 +67,7 @@ class PluginRows : public IVorlinaRows {
   QVariant Value(int column) const override {
     const Rows& rows = WithColumn(column);
     if (place_ != Place::OnRow)
-      throw Mistake(u"Il plug-in legge un valore dove non c'è nessuna riga."_qs,
-                    u"The plug-in reads a value where there is no row."_qs);
+      throw Mistake(Texts::tr("Il plug-in legge un valore dove non c'è nessuna riga."));
     return rows.Value(column);
   }
   QVariant Value(const QString& column) const override {
@@ -100,11 +98,9 @@ class PluginRows : public IVorlinaRows {
 
 Connection& PluginSession::Own() const {
   if (QThread::currentThread() != thread_)
-    throw Mistake(u"Il plug-in usa la connessione da un altro thread."_qs,
-                  u"The plug-in uses the connection from another thread."_qs);
+    throw Mistake(Texts::tr("Il plug-in usa la connessione da un altro thread."));
   if (connection_ == nullptr)
-    throw Mistake(u"Il plug-in usa la connessione dopo la fine della sua chiamata."_qs,
-                  u"The plug-in uses the connection after its call has ended."_qs);
+    throw Mistake(Texts::tr("Il plug-in usa la connessione dopo la fine della sua chiamata."));
   return *connection_;
 }
 

@@ -14,10 +14,11 @@
 #include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
 #include "base/Settings.h"
+#include "base/Texts.h"
 #include "publish/PluginConnection.h"
 #include "store/Connection.h"
+#include "support/Language.h"
 
 namespace vorlina {
 namespace {
@@ -32,15 +33,12 @@ const QString LibrarySuffix = QStringLiteral(".so");
 
 QString LibraryOf(const QString& identifier) {
   if (identifier.isEmpty() || !IsValidFileName(identifier))
-    throw Error(
-        EitherLanguage(u"\"%1\" non è il nome di un plug-in"_qs, u"\"%1\" is not the name of a plug-in"_qs)
-            .arg(identifier));
+    throw Error(Texts::tr("\"%1\" non è il nome di un plug-in").arg(identifier));
   for (const QString& folder : {AppPath(), DeliveredPath()}) {
     QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
     if (QFileInfo::exists(path)) return path;
   }
-  throw Error(EitherLanguage(u"Il plug-in %1 non è installato: manca il file %2"_qs,
-                             u"The plug-in %1 is not installed: the file %2 is missing"_qs)
+  throw Error(Texts::tr("Il plug-in %1 non è installato: manca il file %2")
                   .arg(identifier, AppFile(u"PubWiz/"_qs + identifier + LibrarySuffix)));
 }
 
@@ -50,19 +48,16 @@ void CheckVersion(const QPluginLoader& loader) {
   if (version == QStringLiteral(VORLINA_PLUGIN_IID)) return;
   const QString path = QDir::toNativeSeparators(loader.fileName());
   if (version.startsWith(u"vorlina."))
-    throw Error(EitherLanguage(
-                    u"%1 è fatto per un'altra versione di Vorlina (%2). Installarne una versione adatta."_qs,
-                    u"%1 is made for another version of Vorlina (%2). Install a version that fits."_qs)
-                    .arg(path, version));
-  throw Error(
-      EitherLanguage(u"%1 non è un plug-in di Vorlina"_qs, u"%1 is not a plug-in of Vorlina"_qs).arg(path));
+    throw Error(
+        Texts::tr("%1 è fatto per un'altra versione di Vorlina (%2). Installarne una versione adatta.")
+            .arg(path, version));
+  throw Error(Texts::tr("%1 non è un plug-in di Vorlina").arg(path));
 }
 
 // Thrown where a statement has nothing to work on because an earlier one failed, which was logged then.
 class FollowingFailure : public Error {
  public:
-  FollowingFailure()
-      : Error(EitherLanguage(u"Il plug-in non è disponibile"_qs, u"The plug-in is not available"_qs)) {}
+  FollowingFailure() : Error(Texts::tr("Il plug-in non è disponibile")) {}
 };
 
 template <class T>
@@ -92,7 +87,7 @@ class ListedPlugin {
     Try([&] { name = Needed(plugin_).GetPluginName(); });
     Try([&] {
       Needed(icon);
-      if (IsListed()) throw Error(EitherLanguage(u"è già nell'elenco"_qs, u"is in the list already"_qs));
+      if (IsListed()) throw Error(Texts::tr("è già nell'elenco"));
     });
     Try([&] {
       if (IsListed()) throw FollowingFailure();
@@ -128,12 +123,11 @@ class ListedPlugin {
 }  // namespace
 
 QString DefaultPlugins() {
-  return ByLanguage(u"VLFlash.FlashCD;VLFlash.FlashHTML;VLWord.WordCat;VLHTML.HTML"_qs,
-                    u"VLFlash.FlashCD;VLFlash.FlashHTML;VLWord.WordCat"_qs);
+  const QString both = u"VLFlash.FlashCD;VLFlash.FlashHTML;VLWord.WordCat"_qs;
+  return Language == u"English" ? both : both + u";VLHTML.HTML"_qs;
 }
 
 PluginChoice ChosenPlugins() {
-  if (DefaultPlugins().isEmpty()) return {};
   const QString missing(1, QChar());  // which no text holds
   const QString named = GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, missing);
   if (named != missing) return {named.isEmpty() ? QStringList() : named.split(u';'), true};
@@ -166,16 +160,12 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
     if (!loader->load()) {
       const QString reason = loader->errorString();
       loader.reset();
-      throw Error(EitherLanguage(u"Impossibile caricare il plug-in %1: %2"_qs,
-                                 u"The plug-in %1 cannot be loaded: %2"_qs)
-                      .arg(identifier, reason));
+      throw Error(Texts::tr("Impossibile caricare il plug-in %1: %2").arg(identifier, reason));
     }
   }
   auto* factory = qobject_cast<IVorlinaPluginFactory*>(loader->instance());
   if (factory == nullptr)
-    throw Error(EitherLanguage(u"%1 non offre l'interfaccia dei plug-in di Vorlina"_qs,
-                               u"%1 does not offer the plug-in interface of Vorlina"_qs)
-                    .arg(identifier));
+    throw Error(Texts::tr("%1 non offre l'interfaccia dei plug-in di Vorlina").arg(identifier));
   return *factory;
 }
 
@@ -184,8 +174,7 @@ VorlinaHost HostOfPlugins() { return {Language, AppPath(), DeliveredPath()}; }
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
   std::unique_ptr<IVorlinaPlugin> plugin;
   CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins()); });
-  if (plugin == nullptr)
-    throw Error(EitherLanguage(u"%1 non crea nessun plug-in"_qs, u"%1 makes no plug-in"_qs).arg(identifier));
+  if (plugin == nullptr) throw Error(Texts::tr("%1 non crea nessun plug-in").arg(identifier));
   return plugin;
 }
 
@@ -200,9 +189,7 @@ void CallPlugin(const std::function<void()>& call) {
     told = DescriptionOf(error);
   } catch (...) {
   }
-  if (told.trimmed().isEmpty())
-    told = EitherLanguage(u"Il plug-in ha segnalato un errore sconosciuto"_qs,
-                          u"The plug-in reported an unknown error"_qs);
+  if (told.trimmed().isEmpty()) told = Texts::tr("Il plug-in ha segnalato un errore sconosciuto");
   throw Error(told);
 }
 

@@ -7,7 +7,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "catalogs/CatalogNames.h"
 #include "shell/WidgetRenameDelegate.h"
 #include "store/Connection.h"
@@ -79,18 +79,15 @@ bool CatalogList::ApplyRename() {
   if (!newName_) return true;
   const NewName typed = *std::exchange(newName_, std::nullopt);
   if (typed.name.trimmed().isEmpty()) {
-    TheDialogs().Message(
-        &owner_,
-        ByLanguage(u"Inserire un nome valido per il catalogo"_qs, u"Insert a valid name for the catalog"_qs),
-        BoxStyle::Information, u"Attenzione"_qs);
+    TheDialogs().Message(&owner_, Texts::tr("Inserire un nome valido per il catalogo"), BoxStyle::Information,
+                         u"Attenzione"_qs);
     return false;
   }
   try {
     Rename(typed);
     return true;
   } catch (const std::exception& error) {
-    TheDialogs().Message(&owner_, DescriptionOf(error), BoxStyle::Plain,
-                         ByLanguage(u"Attenzione"_qs, u"Warning"_qs));
+    TheDialogs().Message(&owner_, DescriptionOf(error), BoxStyle::Plain, Texts::tr("Attenzione"));
     return false;
   }
 }

@@ -6,7 +6,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "shell/CatalogList.h"
 
 namespace vorlina {
@@ -60,16 +60,12 @@ void PublishPane::Fill(const std::vector<PluginEntry>& plugins) {
 
 void PublishPane::SelectFirst() {
   QTreeWidgetItem* first = list_.topLevelItem(0);
-  if (first == nullptr)
-    throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è installato"_qs,
-                               u"No publishing filter is installed"_qs));
+  if (first == nullptr) throw Error(Texts::tr("Nessun filtro di pubblicazione è installato"));
   list_.setCurrentItem(first);
 }
 
 void PublishPane::Press() {
-  if (catalogs_.Count() == 0)
-    throw Error(
-        EitherLanguage(u"Non c'è nessun catalogo da pubblicare"_qs, u"There is no catalog to publish"_qs));
+  if (catalogs_.Count() == 0) throw Error(Texts::tr("Non c'è nessun catalogo da pubblicare"));
   if (catalogs_.Selected() != nullptr) Q_EMIT Shown(true);
   try {
     if (blnPannelloPubblica && PublishWithSelected()) {
@@ -87,22 +83,19 @@ void PublishPane::Press() {
 bool PublishPane::PublishWithSelected() {
   const QTreeWidgetItem* plugin = list_.currentItem();
   if (plugin == nullptr || !plugin->isSelected())
-    throw Error(EitherLanguage(u"Nessun filtro di pubblicazione è selezionato"_qs,
-                               u"No publishing filter is selected"_qs));
+    throw Error(Texts::tr("Nessun filtro di pubblicazione è selezionato"));
   if (!plugin->text(0).isEmpty()) {
     Publish();
     return true;
   }
-  TheDialogs().Message(list_.window(),
-                       ByLanguage(u"Selezionare un filtro di pubblicazione per il catalogo"_qs,
-                                  u"Select a publishing filter"_qs),
+  TheDialogs().Message(list_.window(), Texts::tr("Selezionare un filtro di pubblicazione per il catalogo"),
                        BoxStyle::Information);
   return false;
 }
 
 void PublishPane::Publish() {
   const int id = catalogs_.SelectedId();
-  if (id == 0) throw Error(EitherLanguage(u"Nessun catalogo è selezionato"_qs, u"No catalog is selected"_qs));
+  if (id == 0) throw Error(Texts::tr("Nessun catalogo è selezionato"));
   plugin_ = CreatePlugin(list_.currentItem()->data(0, KeyRole).toString());
   PublishCatalog(*plugin_, connection_, id);
 }

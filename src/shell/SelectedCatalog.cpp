@@ -5,13 +5,14 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
-#include "base/Messages.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "base/WidgetProgressBox.h"
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
 #include "shell/CatalogList.h"
+#include "support/Language.h"
+#include "support/Messages.h"
 
 namespace vorlina {
 namespace {
@@ -19,7 +20,7 @@ namespace {
 // Few pictures take no time worth a box. Gives what the user should know of the copy.
 QStringList CloneWithProgress(int id, const QString& name, Connection& connection, QWidget& owner) {
   constexpr int Few = 100;
-  const QString prefix = ByLanguage(u"Copia di "_qs, u"Copy of "_qs);
+  const QString prefix = Texts::tr("Copia di ");
   CatalogClone clone(id, connection);
   if (CountPictures(id, connection) <= Few) {
     const WaitCursor wait;
@@ -53,8 +54,7 @@ void CloneSelected(CatalogList& catalogs, Connection& connection, QWidget& owner
     if (const QListWidgetItem* item = catalogs.Selected(); item != nullptr && !item->text().isEmpty()) {
       const int id = catalogs.SelectedId();
       const QString name = item->text();  // the list may be made anew while the question stands
-      Messaggio = ByLanguage(u"Duplicare il catalogo selezionato e le immagini ad esso relative?"_qs,
-                             u"Do you want to clone selected catalog and its images?"_qs);
+      Messaggio = Texts::tr("Duplicare il catalogo selezionato e le immagini ad esso relative?");
       if (!TheDialogs().Ask(&owner, Messaggio)) return;
       const QStringList warnings = CloneWithProgress(id, name, connection, owner);
       if (!warnings.isEmpty()) TheDialogs().Message(&owner, FirstLines(warnings), BoxStyle::Information);
@@ -62,11 +62,9 @@ void CloneSelected(CatalogList& catalogs, Connection& connection, QWidget& owner
   } catch (const Stopped&) {
     // The user asked for it, and nothing of the copy is there.
   } catch (const std::exception& error) {
-    TheDialogs().Message(
-        &owner,
-        ByLanguage(u"Impossibile duplicare il catalogo. "_qs, u"Impossible to clone the catalog. "_qs) +
-            u"\r\n"_qs + DescriptionOf(error),
-        BoxStyle::Stop);
+    TheDialogs().Message(&owner,
+                         Texts::tr("Impossibile duplicare il catalogo. ") + u"\r\n"_qs + DescriptionOf(error),
+                         BoxStyle::Stop);
     return;
   }
   catalogs.Fill();

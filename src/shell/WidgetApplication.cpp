@@ -6,7 +6,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -49,7 +49,7 @@ void WidgetApplication::DeleteClosed() {
 }
 
 void ShowUnhandled() {
-  QString description = EitherLanguage(u"Errore sconosciuto"_qs, u"Unknown error"_qs);
+  QString description = Texts::tr("Errore sconosciuto");
   try {
     throw;
   } catch (const std::exception& error) {

@@ -13,8 +13,8 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
 #include "base/Settings.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "catalogs/CatalogNames.h"
 #include "catalogs/frmNewCatalog.h"
@@ -24,6 +24,7 @@
 #include "shell/DatabaseRetry.h"
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
+#include "support/Language.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
@@ -33,15 +34,12 @@ const char16_t SupportAddress[] = u"support@vorlina.example";
 
 QString NoNewReason(bool locked) {
   if (locked)
-    return EitherLanguage(
-        u"Non è possibile creare un catalogo finché un altro programma tiene il database. Chiudere quel "
-        "programma."_qs,
-        u"No catalog can be made as long as another program holds the database. Close that program."_qs);
-  return EitherLanguage(
-      u"Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
-      "rimettere il file Catalog.db al suo posto e avviarlo di nuovo."_qs,
-      u"No catalog can be made: the database of the catalogs is not open. Close the program, put the file "
-      "Catalog.db back in its place and start it again."_qs);
+    return Texts::tr(
+        "Non è possibile creare un catalogo finché un altro programma tiene il database. Chiudere quel "
+        "programma.");
+  return Texts::tr(
+      "Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, "
+      "rimettere il file Catalog.db al suo posto e avviarlo di nuovo.");
 }
 
 }  // namespace
@@ -98,7 +96,7 @@ void frmCatalogs::MakeHelpMenu() {
   mnuHelp_->setObjectName(u"mnuHelp"_qs);
   for (const MenuCommand& command : HelpCommands) {
     const QString key = Text(command.key);
-    QAction* entry = mnuHelp_->addAction(Text(command.caption.italian), this, [this, key] { Run(key); });
+    QAction* entry = mnuHelp_->addAction(Texts::tr(command.caption), this, [this, key] { Run(key); });
     entry->setObjectName(key);
     entry->setEnabled(handlers_.contains(key));
   }
@@ -111,12 +109,12 @@ void frmCatalogs::MakeHelpMenu() {
 }
 
 void frmCatalogs::MakePluginMenu() {
-  mnuPlugins_ = new QMenu(u"Plugins"_qs, this);
+  mnuPlugins_ = new QMenu(this);
   mnuPlugins_->setObjectName(u"mnuPlugins"_qs);
-  mnuInstallPlugin_ = mnuPlugins_->addAction(u"Installa nuovo plugin"_qs);
+  mnuInstallPlugin_ = mnuPlugins_->addAction(QString());
   mnuInstallPlugin_->setObjectName(u"mnuInstallPlugin"_qs);
   mnuInstallPlugin_->setEnabled(false);
-  mnuInstallaSkin_ = mnuPlugins_->addMenu(u"Installa skin per"_qs);
+  mnuInstallaSkin_ = mnuPlugins_->addMenu(QString());
   mnuInstallaSkin_->setObjectName(u"mnuInstallaSkin"_qs);
 }
 
@@ -147,7 +145,7 @@ void frmCatalogs::LoadForm() {
 void frmCatalogs::FillPlugins() {
   const PluginChoice choice = ChosenPlugins();
   const PluginListing listing = ListPlugins(choice, CreatePlugin, [this](const QString& identifier) {
-    const QString text = ByLanguage(u"Errore nella istanza della dll: "_qs, u"Error instancing dll: "_qs);
+    const QString text = Texts::tr("Errore nella istanza della dll: ");
     TheDialogs().Message(this, text + identifier);
   });
   plugins_ = listing.entries;
@@ -170,8 +168,7 @@ void frmCatalogs::OfferNew() {
   else
     handlers_.erase(u"cmdNew"_qs);
   const QString reason = open ? QString() : NoNewReason(database_->IsLocked());
-  const Caption& usual = ToolbarCommands.front().toolTip;
-  const QString toolTip = Text(Language == u"English" ? usual.english : usual.italian);
+  const QString toolTip = Texts::tr(ToolbarCommands.front().toolTip);
   toolbar_.front()->setEnabled(open && ui_->fmListCatalog->isVisibleTo(this));
   toolbar_.front()->setToolTip(PlainToolTip(open ? toolTip : reason));
   ui_->cmdNew->setEnabled(open);
@@ -179,28 +176,17 @@ void frmCatalogs::OfferNew() {
   ui_->cmdNew->setAccessibleDescription(reason);
 }
 
+// The hint beside the plug-ins is there in Italian alone.
 void frmCatalogs::Localize_Form() {
-  if (Language != u"English") return;
-  setWindowTitle(u"Vorlina - Catalogs"_qs);
-  ui_->Label1->setText(u"Available catalogs"_qs);
-  ui_->LstWCatalogs->setAccessibleName(u"Available catalogs"_qs);
-  ui_->cmdNew->setText(u"&New"_qs);
-  ui_->Edit->setText(u"&Edit"_qs);
-  ui_->Delete->setText(u"&Delete"_qs);
-  ui_->cmdPublish->setText(u"&Publish"_qs);
-  ui_->lstPlugIns->headerItem()->setText(0, u"Available filters"_qs);
-  ui_->lstPlugIns->setAccessibleName(u"Available filters"_qs);
-  ui_->Label3->setText(u"Details"_qs);
-  ui_->lblDescription->setText({});
-  ui_->Label2->setText(u"Double click to publish"_qs);
-  ui_->cmdIndietro->setText(u"<< &Back"_qs);
-  ui_->tbr->setWindowTitle(u"Commands"_qs);
+  const QString description = Language == u"English" ? QString() : ui_->lblDescription->text();
+  ui_->retranslateUi(this);
+  ui_->lblDescription->setText(description);
   LocalizeCommands(*ui_->tbr, ToolbarCommands);
   for (const MenuCommand& command : HelpCommands)
-    mnuHelp_->findChild<QAction*>(Text(command.key))->setText(Text(command.caption.english));
-  mnuPlugins_->setTitle(u"Plugins"_qs);
-  mnuInstallPlugin_->setText(u"Install new plugin"_qs);
-  mnuInstallaSkin_->setTitle(u"Install skin for"_qs);
+    mnuHelp_->findChild<QAction*>(Text(command.key))->setText(Texts::tr(command.caption));
+  mnuPlugins_->setTitle(Texts::tr("Plugins"));
+  mnuInstallPlugin_->setText(Texts::tr("Installa nuovo plugin"));
+  mnuInstallaSkin_->setTitle(Texts::tr("Installa skin per"));
 }
 
 void frmCatalogs::ListCatalog() { catalogs_->Fill(); }

@@ -1,7 +1,6 @@
 #include <QIcon>
 
 #include "base/AppPath.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/WidgetDialogs.h"
 #include "base/WidgetWaiting.h"
@@ -52,7 +51,6 @@ int main(int, char** argv) {
   QObject::connect(&splash, &frmSplash::Ended, &catalogs, [&] { ShowMainWindow(catalogs); });
   QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] { QApplication::exit(0); });
   splash.LoadSplash();
-  LoadQtTexts();
   splash.show();
   return QApplication::exec();
 }

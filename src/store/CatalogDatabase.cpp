@@ -12,8 +12,8 @@
 #include <optional>
 
 #include "base/Error.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/DeliveredSchema.h"
 #include "store/RowErrors.h"
@@ -27,11 +27,9 @@ namespace {
 // before backups.
 constexpr qint64 QuickCheckMilliseconds = 300;
 
-[[noreturn]] void Refuse(const QString& path, const QString& italian, const QString& english) {
+[[noreturn]] void Refuse(const QString& path, const QString& why) {
   const QString name = QDir::toNativeSeparators(path);
-  throw Error(
-      EitherLanguage(u"Il file %1 non può essere usato: "_qs, u"The file %1 cannot be used: "_qs).arg(name) +
-      EitherLanguage(italian, english));
+  throw Error(Texts::tr("Il file %1 non può essere usato: ").arg(name) + why);
 }
 
 int Number(Connection& connection, const QString& pragma) {
@@ -39,7 +37,7 @@ int Number(Connection& connection, const QString& pragma) {
   return rows.Next() ? rows.Value(0).toInt() : 0;
 }
 
-QStringList Texts(Connection& connection, const QString& sql) {
+QStringList TextColumn(Connection& connection, const QString& sql) {
   QStringList texts;
   Rows rows(connection, sql);
   while (rows.Next()) texts += rows.Value(0).toString();
@@ -130,11 +128,10 @@ std::optional<Header> HeaderAsItLies(const QString& path) {
 
 void ExamineHeader(const Header& header, const QString& path, int schemaVersion) {
   if (header.applicationId != ApplicationId)
-    Refuse(path, u"non è un database di Vorlina. Ripristinare una copia di sicurezza."_qs,
-           u"it is no database of Vorlina. Restore a backup."_qs);
+    Refuse(path, Texts::tr("non è un database di Vorlina. Ripristinare una copia di sicurezza."));
   if (header.version > schemaVersion)
-    Refuse(path, u"è stato creato da una versione più recente di Vorlina. Aggiornare il programma."_qs,
-           u"it was made by a newer version of Vorlina. Update the program."_qs);
+    Refuse(path,
+           Texts::tr("è stato creato da una versione più recente di Vorlina. Aggiornare il programma."));
 }
 
 // Everything else that is asked before the first write.
@@ -142,8 +139,7 @@ void Examine(Connection& connection, const QString& path, int schemaVersion) {
   const Header header = WithStoreErrors([&] { return HeaderOf(connection.Database()); });
   ExamineHeader(header, path, schemaVersion);
   if (const QString damage = QuickDamage(connection); !damage.isEmpty())
-    Refuse(path, u"è danneggiato. Ripristinare una copia di sicurezza. ("_qs + damage + u')',
-           u"it is damaged. Restore a backup. ("_qs + damage + u')');
+    Refuse(path, Texts::tr("è danneggiato. Ripristinare una copia di sicurezza. (") + damage + u')');
 }
 
 // A name beside the database that is not taken.
@@ -200,15 +196,15 @@ void Migrate(Connection& connection, const QString& path, const std::vector<Migr
   } catch (const LockedError&) {
     throw;
   } catch (const Error& error) {
-    Refuse(path, u"non è stato possibile aggiornarlo, ed è rimasto com'era. "_qs + error.Description(),
-           u"it could not be updated, and is as it was. "_qs + error.Description());
+    Refuse(path,
+           Texts::tr("non è stato possibile aggiornarlo, ed è rimasto com'era. ") + error.Description());
   }
 }
 
 void OpenExamined(Connection& connection, const QString& path, int schemaVersion) {
   const QFileInfo file(path);
   if (file.isFile() && file.size() == 0)
-    Refuse(path, u"è vuoto. Ripristinare una copia di sicurezza."_qs, u"it is empty. Restore a backup."_qs);
+    Refuse(path, Texts::tr("è vuoto. Ripristinare una copia di sicurezza."));
   if (file.isFile())
     if (const auto header = HeaderAsItLies(path)) ExamineHeader(*header, path, schemaVersion);
   connection.Open(ConnectionTextFor(path));
@@ -231,8 +227,8 @@ void OpenCatalogDatabase(Connection& connection, const QString& path,
     OpenExamined(connection, path, schemaVersion);
     Migrate(connection, path, migrations, schemaVersion);
     // A file that somebody set to another mode; a no-op otherwise.
-    if (Texts(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete")
-      Texts(connection, u"PRAGMA journal_mode=DELETE"_qs);
+    if (TextColumn(connection, u"PRAGMA journal_mode"_qs).value(0) != u"delete")
+      TextColumn(connection, u"PRAGMA journal_mode=DELETE"_qs);
   } catch (const LockedError& error) {
     connection.Close();
     throw LockedError(name + u": "_qs + error.Description());
@@ -257,9 +253,7 @@ void BackupDatabase(Connection& connection, const QString& path) {
     Connection copied;
     copied.Open(ConnectionTextFor(temporary));
     if (const QStringList broken = CheckDatabase(copied); !broken.isEmpty())
-      throw Error(EitherLanguage(u"La copia del database non è integra: %1"_qs,
-                                 u"The copy of the database is not whole: %1"_qs)
-                      .arg(broken.first()));
+      throw Error(Texts::tr("La copia del database non è integra: %1").arg(broken.first()));
     copied.Close();
     MoveFileSafely(temporary, path);
   } catch (...) {
@@ -285,14 +279,13 @@ bool IsDatabaseWritable(Connection& connection) {
 }
 
 QStringList CheckDatabase(Connection& connection) {
-  QStringList findings = Texts(connection, u"PRAGMA integrity_check"_qs);
+  QStringList findings = TextColumn(connection, u"PRAGMA integrity_check"_qs);
   findings.removeAll(u"ok"_qs);
   for (const QString& finding : findings) RequireReadable(finding);
   Rows orphans(connection, u"PRAGMA foreign_key_check"_qs);
   while (orphans.Next())
     findings +=
-        EitherLanguage(u"%1, riga %2: fa riferimento a una riga di %3 che non esiste"_qs,
-                       u"%1, row %2: refers to a row of %3 that does not exist"_qs)
+        Texts::tr("%1, riga %2: fa riferimento a una riga di %3 che non esiste")
             .arg(orphans.Value(0).toString(), orphans.Value(1).toString(), orphans.Value(2).toString());
   return findings;
 }

@@ -6,7 +6,7 @@
 #include <QStringList>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/DeliveredSchema.h"
 #include "store/Sqlite.h"
@@ -15,10 +15,8 @@ namespace vorlina {
 namespace {
 
 [[noreturn]] void Refuse(const QString& what) {
-  throw Error(EitherLanguage(u"Il database non ha la struttura di un database di Vorlina (%1). Scegliere "
-                             u"un'altra copia di sicurezza."_qs,
-                             u"The database is not built as a database of Vorlina is (%1). Choose another "
-                             u"backup."_qs)
+  throw Error(Texts::tr("Il database non ha la struttura di un database di Vorlina (%1). Scegliere "
+                        "un'altra copia di sicurezza.")
                   .arg(what));
 }
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/LockPatience.h"
 #include "store/Sqlite.h"
 
@@ -19,8 +19,7 @@ const char16_t DataSourceKey[] = u"Data Source=";
 QString SourceOf(const QString& text) {
   const QString key = QString::fromUtf16(DataSourceKey);
   if (!text.startsWith(key, Qt::CaseInsensitive))
-    throw Error(
-        EitherLanguage(u"Testo di connessione non valido: %1"_qs, u"Not a connection text: %1"_qs).arg(text));
+    throw Error(Texts::tr("Testo di connessione non valido: %1").arg(text));
   return text.mid(key.size());
 }
 
@@ -71,14 +70,11 @@ void Connection::Open(const QString& connectionText) {
 
 void Connection::OpenFile(const QString& path) {
   if (!hold_.Share(QFileInfo(path).absolutePath(), LockPatience::UsualMilliseconds))
-    throw Error(
-        EitherLanguage(u"È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."_qs,
-                       u"The catalogs are being restored. Wait until that has finished and try again."_qs));
+    throw Error(Texts::tr("È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare."));
   if (!QFileInfo(path).isFile())
     throw Error(
-        EitherLanguage(
-            u"Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma."_qs,
-            u"The database %1 does not exist. Restore a backup or install the program again."_qs)
+        Texts::tr(
+            "Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma.")
             .arg(QDir::toNativeSeparators(path)));
   database_ = WithStoreErrors([&] {
     auto database = std::make_unique<SQLite::Database>(path.toUtf8().toStdString(),
@@ -99,8 +95,7 @@ void Connection::Close() {
 QString Connection::DataSource() const { return SourceOf(text_); }
 
 SQLite::Database& Connection::Database() const {
-  if (database_ == nullptr)
-    throw Error(EitherLanguage(u"Il database non è aperto"_qs, u"The database is not open"_qs));
+  if (database_ == nullptr) throw Error(Texts::tr("Il database non è aperto"));
   return *database_;
 }
 
@@ -132,9 +127,8 @@ qint64 Connection::LastInsertId() const { return Database().getLastInsertRowid()
 
 void Connection::RequireTransaction() const {
   if (begun_ && !InTransaction())
-    throw Error(EitherLanguage(
-        u"Il database ha annullato l'operazione in corso: nessuna sua modifica è stata salvata."_qs,
-        u"The database gave up the operation under way: none of its changes was saved."_qs));
+    throw Error(
+        Texts::tr("Il database ha annullato l'operazione in corso: nessuna sua modifica è stata salvata."));
 }
 
 void Connection::BeginTrans() {
@@ -234,7 +228,7 @@ QVariant Rows::Value(int column) const {
 QVariant Rows::Value(const QString& column) const {
   for (int i = 0; i < ColumnCount(); ++i)
     if (ColumnName(i).compare(column, Qt::CaseInsensitive) == 0) return Value(i);
-  throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(column));
+  throw Error(Texts::tr("La colonna %1 non esiste").arg(column));
 }
 
 }  // namespace vorlina

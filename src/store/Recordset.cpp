@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/RowErrors.h"
 #include "store/Transaction.h"
 
@@ -21,9 +21,7 @@ void Recordset::Open(const KeysetQuery& query, Connection& connection) {
 void Recordset::Close() { *this = Recordset(); }
 
 void Recordset::RequireOpen() const {
-  if (!IsOpen())
-    throw Error(EitherLanguage(u"L'elenco non è aperto: manca il database"_qs,
-                               u"The list is not open: there is no database"_qs));
+  if (!IsOpen()) throw Error(Texts::tr("L'elenco non è aperto: manca il database"));
 }
 
 void Recordset::Requery() {
@@ -113,7 +111,7 @@ const RecordsetFields& Recordset::Fields() const {
 
 const Row& Recordset::CurrentRow() const {
   if (Editing() != EditMode::None) return edit_.Before();
-  if (IsEOF()) throw Error(EitherLanguage(u"Nessuna riga è selezionata"_qs, u"There is no current row"_qs));
+  if (IsEOF()) throw Error(Texts::tr("Nessuna riga è selezionata"));
   if (!current_ && !RowExists()) throw ConflictError::Deleted();
   return *current_;
 }
@@ -132,8 +130,7 @@ QVariant Recordset::Value(int column) const {
 void Recordset::SetValue(int column, const QVariant& value) {
   const Field& field = Fields().At(column);
   if (field.column.isEmpty() || (field.counter && Editing() != EditMode::Add))
-    throw Error(EitherLanguage(u"La colonna %1 non è modificabile"_qs, u"The column %1 cannot be changed"_qs)
-                    .arg(field.name));
+    throw Error(Texts::tr("La colonna %1 non è modificabile").arg(field.name));
   const QVariant fitted = Fields().Fitted(column, value);
   if (Editing() == EditMode::None) edit_.BeginChange(key_, CurrentRow());
   edit_.Set(column, fitted);

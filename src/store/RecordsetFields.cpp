@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "store/RowErrors.h"
 #include "store/Sqlite.h"
 
@@ -51,8 +51,7 @@ void RecordsetFields::Read(const SQLite::Statement& statement, int first, const 
 
 int RecordsetFields::IndexOf(const QString& name) const {
   const auto found = positions_.constFind(name.toCaseFolded());
-  if (found == positions_.constEnd())
-    throw Error(EitherLanguage(u"La colonna %1 non esiste"_qs, u"There is no column %1"_qs).arg(name));
+  if (found == positions_.constEnd()) throw Error(Texts::tr("La colonna %1 non esiste").arg(name));
   return *found;
 }
 

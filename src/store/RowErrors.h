@@ -4,7 +4,7 @@
 #include <QStringList>
 
 #include "base/Error.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 
@@ -24,8 +24,7 @@ class NoNumberError : public Error {
 
  private:
   static QString TextFor(const QString& value, const QString& column) {
-    return EitherLanguage(u"\"%1\" non è un numero adatto a %2"_qs, u"\"%1\" is no number fit for %2"_qs)
-        .arg(value, column);
+    return Texts::tr("\"%1\" non è un numero adatto a %2").arg(value, column);
   }
 
   QString value_;
@@ -41,8 +40,7 @@ class DuplicateError : public Error {
 
  private:
   static QString TextFor(const QStringList& columns) {
-    return EitherLanguage(u"Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore."_qs,
-                          u"There is already a row with the same value (%1). Choose another value."_qs)
+    return Texts::tr("Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore.")
         .arg(columns.join(u", "_qs));
   }
 
@@ -55,14 +53,12 @@ class ConflictError : public Error {
   using Error::Error;
 
   static ConflictError Deleted() {
-    return ConflictError(EitherLanguage(
-        u"La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."_qs,
-        u"The row was deleted meanwhile by another window or program."_qs));
+    return ConflictError(
+        Texts::tr("La riga è stata eliminata nel frattempo da un'altra finestra o da un altro programma."));
   }
   static ConflictError Changed() {
-    return ConflictError(EitherLanguage(
-        u"La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."_qs,
-        u"The row was changed meanwhile by another window or program."_qs));
+    return ConflictError(
+        Texts::tr("La riga è stata modificata nel frattempo da un'altra finestra o da un altro programma."));
   }
 };
 

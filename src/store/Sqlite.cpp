@@ -6,8 +6,8 @@
 
 #include "base/AppPath.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 #include "store/RowErrors.h"
 
 namespace vorlina {
@@ -48,14 +48,11 @@ QString ConstraintText(const SQLite::Exception& failure) {
   const QString columns = ColumnsIn(failure);
   switch (failure.getExtendedErrorCode()) {
     case SQLITE_CONSTRAINT_FOREIGNKEY:
-      return EitherLanguage(u"La riga fa riferimento a un catalogo o a un prodotto che non esiste più."_qs,
-                            u"The row refers to a catalog or a product that no longer exists."_qs);
+      return Texts::tr("La riga fa riferimento a un catalogo o a un prodotto che non esiste più.");
     case SQLITE_CONSTRAINT_COMMITHOOK:
-      return EitherLanguage(u"Si è scritto senza iniziare una transazione: nulla è stato salvato."_qs,
-                            u"Something was written without beginning a transaction: nothing was saved."_qs);
+      return Texts::tr("Si è scritto senza iniziare una transazione: nulla è stato salvato.");
     case SQLITE_CONSTRAINT_NOTNULL:
-      return EitherLanguage(u"Manca un valore obbligatorio (%1)."_qs, u"A required value is missing (%1)."_qs)
-          .arg(columns);
+      return Texts::tr("Manca un valore obbligatorio (%1).").arg(columns);
     default:
       return QString::fromUtf8(failure.what());
   }
@@ -65,32 +62,25 @@ QString FailureText(const SQLite::Exception& failure) {
   switch (PlainCode(failure)) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return EitherLanguage(u"Il database è in uso da un altro programma. Chiuderlo e riprovare."_qs,
-                            u"The database is in use by another program. Close it and try again."_qs);
+      return Texts::tr("Il database è in uso da un altro programma. Chiuderlo e riprovare.");
     case SQLITE_READONLY:
     case SQLITE_PERM:
-      return EitherLanguage(
-          u"Il database è di sola lettura. Controllare i permessi del file e della sua cartella."_qs,
-          u"The database is read-only. Check the permissions of the file and of its folder."_qs);
+      return Texts::tr(
+          "Il database è di sola lettura. Controllare i permessi del file e della sua cartella.");
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      return EitherLanguage(u"Il database è danneggiato. Ripristinare una copia di sicurezza."_qs,
-                            u"The database is damaged. Restore a backup."_qs);
+      return Texts::tr("Il database è danneggiato. Ripristinare una copia di sicurezza.");
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
-      return EitherLanguage(
-                 u"Il file del database non può essere letto o scritto (%1). Controllare il disco, o il "
-                 "collegamento con esso, e riprovare: i dati possono essere integri."_qs,
-                 u"The database file cannot be read or written (%1). Check the disk, or the connection to "
-                 u"it, "
-                 "and try again: the data may well be whole."_qs)
+      return Texts::tr(
+                 "Il file del database non può essere letto o scritto (%1). Controllare il disco, o il "
+                 "collegamento con esso, e riprovare: i dati possono essere integri.")
           .arg(QString::fromUtf8(IsUnread(failure.getErrorCode()) ? sqlite3_errstr(SQLITE_IOERR)
                                                                   : failure.what()));
     case SQLITE_CONSTRAINT:
       return ConstraintText(failure);
     default:
-      return EitherLanguage(u"Il database non può eseguire l'operazione (%1)."_qs,
-                            u"The database cannot run the operation (%1)."_qs)
+      return Texts::tr("Il database non può eseguire l'operazione (%1).")
           .arg(QString::fromUtf8(failure.what()));
   }
 }
@@ -116,8 +106,7 @@ SQLite::Statement Prepare(SQLite::Database& database, const QString& sql) {
   try {
     statement.clearBindings();
   } catch (const SQLite::Exception&) {
-    throw Error(EitherLanguage(u"L'istruzione per il database è vuota, o contiene solo commenti."_qs,
-                               u"The statement for the database is empty, or holds comments alone."_qs));
+    throw Error(Texts::tr("L'istruzione per il database è vuota, o contiene solo commenti."));
   }
   return statement;
 }

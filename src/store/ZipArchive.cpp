@@ -10,6 +10,7 @@
 #include <cerrno>
 
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -18,42 +19,29 @@ QString TextOf(ZipFault fault, const QString& about, const QString& path) {
   const QString file = QDir::toNativeSeparators(path);
   switch (fault) {
     case ZipFault::NoFile:
-      return EitherLanguage(u"%1 non è un file. Scegliere un altro nome."_qs,
-                            u"%1 is no file. Choose another name."_qs)
-          .arg(file);
+      return Texts::tr("%1 non è un file. Scegliere un altro nome.").arg(file);
     case ZipFault::Unreadable:
-      return EitherLanguage(u"Impossibile leggere il file %1: %2"_qs, u"The file %1 cannot be read: %2"_qs)
-          .arg(file, about);
+      return Texts::tr("Impossibile leggere il file %1: %2").arg(file, about);
     case ZipFault::NoArchive:
     case ZipFault::Damaged:
-      return EitherLanguage(u"L'archivio %1 è danneggiato o non è un archivio zip (%2)"_qs,
-                            u"The archive %1 is damaged, or is no zip archive (%2)"_qs)
-          .arg(file, about);
+      return Texts::tr("L'archivio %1 è danneggiato o non è un archivio zip (%2)").arg(file, about);
     case ZipFault::NoText:
-      return EitherLanguage(u"L'archivio contiene un nome di file che non è in UTF-8"_qs,
-                            u"The archive holds a file name that is not in UTF-8"_qs);
+      return Texts::tr("L'archivio contiene un nome di file che non è in UTF-8");
     case ZipFault::SpecialFile:
-      return EitherLanguage(u"L'archivio contiene un collegamento o un file speciale: \"%1\""_qs,
-                            u"The archive holds a link or a special file: \"%1\""_qs)
-          .arg(about);
+      return Texts::tr("L'archivio contiene un collegamento o un file speciale: \"%1\"").arg(about);
     case ZipFault::BadName:
-      return EitherLanguage(u"Un nome di file non ammesso in un archivio: \"%1\""_qs,
-                            u"A file name that an archive may not hold: \"%1\""_qs)
-          .arg(about);
+      return Texts::tr("Un nome di file non ammesso in un archivio: \"%1\"").arg(about);
     case ZipFault::Twin:
-      return EitherLanguage(
-                 u"L'archivio contiene due volte il nome \"%1\", o nomi che differiscono solo per "
-                 u"maiuscole e minuscole"_qs,
-                 u"The archive holds the name \"%1\" twice, or names that differ in letter case alone"_qs)
+      return Texts::tr(
+                 "L'archivio contiene due volte il nome \"%1\", o nomi che differiscono solo per "
+                 "maiuscole e minuscole")
           .arg(about);
     case ZipFault::TooManyFiles:
-      return EitherLanguage(u"L'archivio contiene troppi file"_qs, u"The archive holds too many files"_qs);
+      return Texts::tr("L'archivio contiene troppi file");
     case ZipFault::TooLarge:
       break;
   }
-  return EitherLanguage(u"Il contenuto dell'archivio è troppo grande (al massimo %1 MB)"_qs,
-                        u"The content of the archive is too large (at most %1 MB)"_qs)
-      .arg(about);
+  return Texts::tr("Il contenuto dell'archivio è troppo grande (al massimo %1 MB)").arg(about);
 }
 
 ZipFail FailFor(const QString& path) {
@@ -89,9 +77,8 @@ void ZipWriter::Check(qint64 result) {
     const auto* file = qobject_cast<QFileDevice*>(&device_);
     throw DiskFullError(file != nullptr ? file->fileName() : QString(), cause);
   }
-  throw Error(
-      EitherLanguage(u"Impossibile scrivere l'archivio: %1"_qs, u"The archive cannot be written: %1"_qs)
-          .arg(QString::fromUtf8(archive_error_string(archive_))));
+  throw Error(Texts::tr("Impossibile scrivere l'archivio: %1")
+                  .arg(QString::fromUtf8(archive_error_string(archive_))));
 }
 
 void ZipWriter::Add(const QString& name, qint64 size, Packing packing,
@@ -114,9 +101,7 @@ void ZipWriter::Add(const QString& name, qint64 size, Packing packing,
       Check(ARCHIVE_FATAL);
   }
   if (written != size)
-    throw Error(EitherLanguage(u"Il file \"%1\" è cambiato mentre veniva letto. Riprovare."_qs,
-                               u"The file \"%1\" changed while it was read. Try again."_qs)
-                    .arg(name));
+    throw Error(Texts::tr("Il file \"%1\" è cambiato mentre veniva letto. Riprovare.").arg(name));
   Check(archive_write_finish_entry(archive_));
 }
 

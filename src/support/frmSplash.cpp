@@ -5,8 +5,8 @@
 #include <QSysInfo>
 #include <QVersionNumber>
 
-#include "base/ChooseLanguage.h"
-#include "base/Language.h"
+#include "base/Texts.h"
+#include "support/Language.h"
 #include "ui_frmSplash.h"
 
 // The pictures lie in a static library, from which they come when they are asked for.
@@ -29,8 +29,7 @@ const char16_t LegalLine[] = u"Copyright © 2026 Norsel";
 
 }  // namespace
 
-QString ItalianVersionText() { return u"Versione "_qs + VersionNumbers(); }
-QString EnglishVersionText() { return u"Version "_qs + VersionNumbers(); }
+QString VersionText() { return Texts::tr("Versione ") + VersionNumbers(); }
 
 QIcon ProgramIcon() {
   InitPictures();
@@ -52,7 +51,6 @@ frmSplash::~frmSplash() = default;
 
 void frmSplash::LoadSplash() {
   ui_->picIcon->setPixmap(ProgramIcon().pixmap(QSize(96, 96), devicePixelRatioF()));
-  ui_->lblVersion->setText(ItalianVersionText());
   ui_->lblPlatform->setText(PlatformText());
   ui_->lblCopyright->setText(QString::fromUtf16(LegalLine));
   ui_->lblCompany->setText(QCoreApplication::organizationName());
@@ -63,12 +61,10 @@ void frmSplash::LoadSplash() {
 }
 
 void frmSplash::Localize_Form() {
-  if (Language != u"English") return;
-  setWindowTitle({});
-  ui_->lblVersion->setText(EnglishVersionText());
+  ui_->retranslateUi(this);
+  if (Language == u"English") setWindowTitle({});
+  ui_->lblVersion->setText(VersionText());
   ui_->lblPlatform->setText(PlatformText());
-  ui_->lblCompany->setText(u"Norsel"_qs);
-  ui_->lblCopyright->setText(QString::fromUtf16(LegalLine));
 }
 
 void frmSplash::mousePressEvent(QMouseEvent*) { EndByUser(); }

@@ -14,8 +14,7 @@ class frmSplash;
 }
 
 // "Versione 1.0.0" or "Version 1.0.0": major, minor and revision of the running program.
-QString ItalianVersionText();
-QString EnglishVersionText();
+QString VersionText();
 
 // The program's own picture.
 QIcon ProgramIcon();

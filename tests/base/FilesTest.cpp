@@ -4,13 +4,12 @@
 #include <QTemporaryDir>
 
 #include "base/AppPath.h"
-#include "base/ChooseLanguage.h"
 #include "base/Error.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "support/CatalogFixture.h"
 #include "support/FullDisk.h"
+#include "support/Language.h"
 
 using namespace vorlina;
 
@@ -123,7 +122,7 @@ TEST(Settings, AFullDiskLeavesTheFormerSettings) {
 TEST(Language, ComesFromTheSettingOrTheSystemAndIsNotSaved) {
   for (const auto& [setting, language, base] : {std::tuple{u"Italian"_qs, u"Italian"_qs, 200},
                                                 {u"English"_qs, u"English"_qs, 500},
-                                                {u"italian"_qs, u"italian"_qs, 0},
+                                                {u"italian"_qs, u"italian"_qs, 200},
                                                 {u""_qs, u"English"_qs, 500}}) {
     SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, setting);
     ChooseLanguage();

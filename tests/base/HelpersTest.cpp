@@ -5,8 +5,9 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
-#include "base/Messages.h"
+#include "base/Texts.h"
+#include "support/Language.h"
+#include "support/Messages.h"
 
 using namespace vorlina;
 
@@ -54,8 +55,11 @@ TEST(Messages, SpeakTheLanguageAndNoneInAnother) {
   EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Cancel"_qs);
   SetLanguage(u"Italian"_qs);
   EXPECT_EQ(NumberedText(BaseConferma + 1), u"Inserire il nuovo valore in tabella ?"_qs);
-  LoadQtTexts();
   EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Annulla"_qs);
+  SetLanguage(u"English"_qs);
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Cancel"_qs);
+  EXPECT_EQ(NumberedText(408).left(31), u"Insert here the company informa"_qs) << "the steps' order differs";
   SetLanguage(u"italian"_qs);
-  EXPECT_EQ(NumberedText(BaseErrore + 4) + ByLanguage(u"a"_qs, u"b"_qs), QString());
+  EXPECT_EQ(NumberedText(BaseErrore) + Texts::tr("Annulla"),
+            u"Inserire almeno un nome di catalogoAnnulla"_qs);
 }

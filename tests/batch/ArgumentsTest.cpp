@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/Language.h"
 #include "batch/Output.h"
+#include "support/Language.h"
 #include "support/Print.h"
 
 using namespace vorlina;

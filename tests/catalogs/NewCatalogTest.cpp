@@ -85,7 +85,7 @@ TEST(CatalogNames, AreRefusedInTheirOrder) {
     EXPECT_EQ(messages.join(u'|'), told) << typed;
   }
   SetLanguage(u"italian"_qs);
-  EXPECT_EQ(CheckGeneral({}), QStringList{QString()}) << "refused in silence";
+  EXPECT_EQ(CheckGeneral({}), QStringList(u"Inserire almeno un nome di catalogo"_qs)) << "never in silence";
 }
 
 TEST(CatalogNames, InTheirStoredFormHaveFiftyCharacters) {

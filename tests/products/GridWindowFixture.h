@@ -16,10 +16,10 @@
 #include <vector>
 
 #include "base/Helpers.h"
-#include "base/Messages.h"
 #include "products/WidgetProductGrid.h"
 #include "products/frmEditCatalog.h"
 #include "support/CatalogFixture.h"
+#include "support/Messages.h"
 #include "support/Print.h"
 #include "support/ScriptedDialogs.h"
 

@@ -10,12 +10,12 @@
 
 #include "base/AppPath.h"
 #include "base/Error.h"
-#include "base/Language.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
+#include "support/Language.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
 #include "support/WritingConnection.h"

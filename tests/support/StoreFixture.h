@@ -8,10 +8,10 @@
 #include <QTemporaryDir>
 
 #include "base/AppPath.h"
-#include "base/Language.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
 #include "store/Sqlite.h"
+#include "support/Language.h"
 #include "support/WritingConnection.h"
 
 namespace vorlina {

@@ -14,11 +14,11 @@ const arrows = {
   support: ['base'],
   grid: ['base', 'store'],
   images: ['base', 'store'],
-  publish: ['plug-in headers', 'base', 'store'],
-  catalogs: ['base', 'store', 'images', 'publish'],
-  products: ['base', 'store', 'grid', 'images', 'publish'],
+  publish: ['plug-in headers', 'base', 'store', 'support'],
+  catalogs: ['base', 'store', 'support', 'images', 'publish'],
+  products: ['base', 'store', 'support', 'grid', 'images', 'publish'],
   shell: ['plug-in headers', 'base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
-  batch: ['base', 'store', 'images', 'publish', 'catalogs', 'products'],
+  batch: ['base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
 };
 export const problems = [];
 

@@ -31,7 +31,7 @@ const argumentAt = (text, open) => {
 };
 
 const literal = '(?:u?"(?:[^"\\\\]|\\\\.)*"(?:_qs)?\\s*)+';
-const ownCall = '(?:Text|ByLanguage|EitherLanguage|NumberedText|QStringLiteral|QString|QString::fromUtf16|PlainToolTip|PlainTitle)\\(';
+const ownCall = '(?:Text|Texts::tr|NumberedText|QStringLiteral|QString|QString::fromUtf16|PlainToolTip|PlainTitle)\\(';
 const ownText = new RegExp(`^(?:${literal}|\\{\\}|${ownCall}.*)$`, 's');
 // "a ? b : c" is the program's own where b and c are.
 const isOwn = (argument) => {

@@ -22,7 +22,6 @@
 
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
-#include "base/Language.h"
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
 #include "catalogs/frmNewCatalog.h"

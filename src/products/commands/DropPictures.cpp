@@ -5,7 +5,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Helpers.h"
-#include "base/Language.h"
+#include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "products/Attempt.h"
 #include "products/PictureDrop.h"
@@ -48,9 +48,8 @@ void DropPictures::Take(int catalog, const QString& code, const QStringList& fil
   if (context_.busy || context_.connection == nullptr) return;
   const QScopedValueRollback<bool> busy(context_.busy, true);
   const auto ask = [this](const QString& file) {
-    return TheDialogs().Input(
-        &context_.owner, EitherLanguage(u"Descrizione immagine per "_qs, u"Image description for "_qs) + file,
-        EitherLanguage(u"Aggiungi/modifica immagine"_qs, u"Add/edit image"_qs), {});
+    return TheDialogs().Input(&context_.owner, Texts::tr("Descrizione immagine per ") + file,
+                              Texts::tr("Aggiungi/modifica immagine"), {});
   };
   QStringList failures;
   Attempt(&context_.owner, [&] {

@@ -1,0 +1,1511 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="it">
+<context>
+    <name>Texts</name>
+    <message>
+        <source>Errore: </source>
+        <translation>Error: </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non è un numero</source>
+        <translation>&quot;%1&quot; is not a number</translation>
+    </message>
+    <message>
+        <source>... e altri %1</source>
+        <translation>... and %1 more</translation>
+    </message>
+    <message>
+        <source>Il nome di file &quot;%1&quot; è troppo corto</source>
+        <translation>The file name &quot;%1&quot; is too short</translation>
+    </message>
+    <message>
+        <source>Operazione interrotta</source>
+        <translation>Stopped on request</translation>
+    </message>
+    <message>
+        <source>Impossibile leggere il file %1: %2</source>
+        <translation>The file %1 cannot be read: %2</translation>
+    </message>
+    <message>
+        <source>ne è stata scritta solo una parte</source>
+        <translation>only a part of it was written</translation>
+    </message>
+    <message>
+        <source>Impossibile scrivere %1: il disco è pieno, o non accetta file così grandi. Liberare spazio o scegliere un altro disco, e riprovare.</source>
+        <translation>%1 cannot be written: the disk is full, or takes no file of this size. Free some space or choose another disk, and try again.</translation>
+    </message>
+    <message>
+        <source>Impossibile scrivere %1: il disco è pieno. Liberare spazio e riprovare.</source>
+        <translation>%1 cannot be written: the disk is full. Free some space and try again.</translation>
+    </message>
+    <message>
+        <source>Impossibile scrivere il file %1: %2</source>
+        <translation>The file %1 cannot be written: %2</translation>
+    </message>
+    <message>
+        <source>Impossibile creare la cartella %1</source>
+        <translation>The folder %1 cannot be created</translation>
+    </message>
+    <message>
+        <source>non è un file</source>
+        <translation>it is no file</translation>
+    </message>
+    <message>
+        <source>un altro programma le sta salvando. Riprovare.</source>
+        <translation>another program is saving them. Try again.</translation>
+    </message>
+    <message>
+        <source>il file non può essere letto. Controllarne i permessi.</source>
+        <translation>the file cannot be read. Check its permissions.</translation>
+    </message>
+    <message>
+        <source>Impossibile salvare le impostazioni in %1: %2</source>
+        <translation>The settings cannot be saved in %1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Sì</source>
+        <translation>&amp;Yes</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;No</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Opzione sconosciuta: %1</source>
+        <translation>Unknown option: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione %1 compare due volte</source>
+        <translation>The option %1 is given twice</translation>
+    </message>
+    <message>
+        <source>Manca il valore dopo %1</source>
+        <translation>The value after %1 is missing</translation>
+    </message>
+    <message>
+        <source>--catalog vuole il numero di un catalogo, non &quot;%1&quot;. Il comando &quot;catalogs&quot; li elenca.</source>
+        <translation>--catalog takes the number of a catalog, not &quot;%1&quot;. The command &quot;catalogs&quot; lists them.</translation>
+    </message>
+    <message>
+        <source>Comando sconosciuto: %1</source>
+        <translation>Unknown command: %1</translation>
+    </message>
+    <message>
+        <source>Il comando %1 vuole l&apos;opzione %2</source>
+        <translation>The command %1 needs the option %2</translation>
+    </message>
+    <message>
+        <source>Il comando %1 non ha l&apos;opzione %2</source>
+        <translation>The command %1 has no option %2</translation>
+    </message>
+    <message>
+        <source>Il comando %1 vuole un nome di file</source>
+        <translation>The command %1 takes one file name</translation>
+    </message>
+    <message>
+        <source>Il comando %1 vuole una cartella</source>
+        <translation>The command %1 takes one folder</translation>
+    </message>
+    <message>
+        <source>Di troppo: %1</source>
+        <translation>Too much: %1</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>The command is missing</translation>
+    </message>
+    <message>
+        <source>La lingua è Italian o English</source>
+        <translation>The language is Italian or English</translation>
+    </message>
+    <message>
+        <source>Uso: vorlina-batch COMANDO [OPZIONI]
+
+Comandi:
+  catalogs                 elenca i cataloghi
+  plugins                  elenca i plug-in di pubblicazione
+  publish --catalog ID --plugin IDENT --to CARTELLA
+                           pubblica un catalogo in una cartella
+  import CARTELLA --catalog ID
+                           fa un prodotto di ogni immagine &quot;.jpg&quot; della cartella
+  clone --catalog ID       duplica un catalogo con le sue immagini
+  delete --catalog ID --yes
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto
+  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
+                           solo di note, come un file che nessuna riga usa
+  backup FILE [--allow-missing]
+                           salva database, immagini e layout in un archivio; con --allow-missing anche se
+                           mancano immagini
+  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c&apos;era
+                           prima resta in &quot;Before restore&quot; fino al prossimo ripristino
+
+Opzioni:
+  --app CARTELLA           usa un&apos;altra cartella dell&apos;applicazione
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
+  --json                   un oggetto JSON al posto del testo
+  --help                   mostra questo aiuto
+  --version                mostra la versione
+
+Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
+</source>
+        <translation>Usage: vorlina-batch COMMAND [OPTIONS]
+
+Commands:
+  catalogs                 lists the catalogs
+  plugins                  lists the publishing plug-ins
+  publish --catalog ID --plugin IDENT --to DIR
+                           publishes a catalog into a folder
+  import FOLDER --catalog ID
+                           makes a product of each picture &quot;.jpg&quot; in the folder
+  clone --catalog ID       clones a catalog with its pictures
+  delete --catalog ID --yes
+                           deletes a catalog with its pictures; --yes says that this is meant
+  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
+                           notes, such as a file that no row uses
+  backup FILE [--allow-missing]
+                           saves database, pictures and layouts in one archive; with --allow-missing also when
+                           pictures are missing
+  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
+                           before stays in &quot;Before restore&quot; until the next restore
+
+Options:
+  --app DIR                works on another application folder
+  --language LANGUAGE      Italian or English, for the messages and for what is published
+  --json                   one JSON object instead of text
+  --help                   shows this help
+  --version                shows the version
+
+Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
+</translation>
+    </message>
+    <message>
+        <source>Copia di </source>
+        <translation>Copy of </translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 è duplicato nel catalogo %2</source>
+        <translation>Catalog %1 is cloned as catalog %2</translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 è eliminato</source>
+        <translation>Catalog %1 is deleted</translation>
+    </message>
+    <message>
+        <source>Numero</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>Nome</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Prodotti</source>
+        <translation>Products</translation>
+    </message>
+    <message>
+        <source>Pubblicati</source>
+        <translation>Published</translation>
+    </message>
+    <message>
+        <source>DANNO</source>
+        <translation>DAMAGE</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>  e altri %1; --json li elenca tutti</source>
+        <translation>  and %1 more; --json lists them all</translation>
+    </message>
+    <message>
+        <source>Tutto in ordine</source>
+        <translation>Everything is in order</translation>
+    </message>
+    <message>
+        <source>Danni trovati: %1</source>
+        <translation>Damage found: %1</translation>
+    </message>
+    <message>
+        <source>La cartella %1 non esiste</source>
+        <translation>The folder %1 does not exist</translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 non esiste. Il comando &quot;catalogs&quot; elenca quelli che ci sono.</source>
+        <translation>There is no catalog %1. The command &quot;catalogs&quot; lists those that there are.</translation>
+    </message>
+    <message>
+        <source>Qui non si può rispondere: %1</source>
+        <translation>This cannot be answered here: %1</translation>
+    </message>
+    <message>
+        <source>Importato 1 prodotto</source>
+        <translation>Imported 1 product</translation>
+    </message>
+    <message>
+        <source>Importati %1 prodotti</source>
+        <translation>Imported %1 products</translation>
+    </message>
+    <message>
+        <source>Non importato: %1 (non è un file, o il nome non è leggibile)</source>
+        <translation>Not imported: %1 (it is no file, or its name cannot be read)</translation>
+    </message>
+    <message>
+        <source>Nessuna immagine &apos;jpg&apos; nella cartella selezionata</source>
+        <translation>No&apos;jpg&apos; images in the selected folder</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>Identificatore</source>
+        <translation>Identifier</translation>
+    </message>
+    <message>
+        <source>Con publish</source>
+        <translation>With publish</translation>
+    </message>
+    <message>
+        <source>Il plug-in %1 non pubblica senza finestre. Pubblicare il catalogo dal programma Vorlina.</source>
+        <translation>The plug-in %1 does not publish without windows. Publish the catalog from the program Vorlina.</translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 è pubblicato in %2</source>
+        <translation>Catalog %1 is published in %2</translation>
+    </message>
+    <message>
+        <source>Pubblicazione interrotta. La cartella %1 è com&apos;era.</source>
+        <translation>Publishing was stopped. The folder %1 is as it was.</translation>
+    </message>
+    <message>
+        <source>Salvati in %1 e verificati: %2 file, %3</source>
+        <translation>Saved in %1 and verified: %2 files, %3</translation>
+    </message>
+    <message>
+        <source>Mancano nella copia di sicurezza (%1):</source>
+        <translation>Missing from the backup (%1):</translation>
+    </message>
+    <message>
+        <source>Fuori dalla cartella &quot;Images&quot;, e quindi non nella copia di sicurezza (%1):</source>
+        <translation>Outside of the folder &quot;Images&quot;, and so not in the backup (%1):</translation>
+    </message>
+    <message>
+        <source>Rimetterle al loro posto, o aggiungere --allow-missing per salvare il resto.</source>
+        <translation>Put them back, or add --allow-missing to save the rest.</translation>
+    </message>
+    <message>
+        <source>Ripristinati da %1: %2 file, %3</source>
+        <translation>Restored from %1: %2 files, %3</translation>
+    </message>
+    <message>
+        <source>Quel che c&apos;era prima resta in %1 fino al prossimo ripristino.</source>
+        <translation>What was there before stays in %1 until the next restore.</translation>
+    </message>
+    <message>
+        <source>La copia di sicurezza non è leggibile così come è stata scritta</source>
+        <translation>The backup does not read as it was written</translation>
+    </message>
+    <message>
+        <source>La copia di sicurezza %1 non è integra: il contenuto non è quello del suo elenco</source>
+        <translation>The backup %1 is not whole: its content is not what its list says</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non appartiene a una copia di sicurezza di Vorlina</source>
+        <translation>&quot;%1&quot; does not belong into a backup of Vorlina</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio non è una copia di sicurezza di Vorlina</source>
+        <translation>The archive is no backup of Vorlina</translation>
+    </message>
+    <message>
+        <source>La copia di sicurezza è stata creata da una versione più recente di Vorlina</source>
+        <translation>The backup was made by a newer version of Vorlina</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta modificando le immagini. Attendere che finisca e riprovare.</source>
+        <translation>Another program is changing the pictures. Wait until it has finished and try again.</translation>
+    </message>
+    <message>
+        <source>%1 esiste e non è una copia di sicurezza. Scegliere un altro nome.</source>
+        <translation>%1 exists and is no backup. Choose another name.</translation>
+    </message>
+    <message>
+        <source>La copia di sicurezza non può stare in %1. Scegliere un&apos;altra cartella.</source>
+        <translation>The backup cannot lie in %1. Choose another folder.</translation>
+    </message>
+    <message>
+        <source>  e altri %1</source>
+        <translation>  and %1 more</translation>
+    </message>
+    <message>
+        <source>La copia di sicurezza non è stata fatta, e quella di prima è rimasta com&apos;era: mancano immagini, o non possono essere lette (%1).</source>
+        <translation>No backup was made, and a former one is as it was: pictures are missing, or cannot be read (%1).</translation>
+    </message>
+    <message>
+        <source>Database danneggiato</source>
+        <translation>Damage in the database</translation>
+    </message>
+    <message>
+        <source>Immagini che mancano</source>
+        <translation>Pictures that are missing</translation>
+    </message>
+    <message>
+        <source>Prodotti con un valore di filtro che non esiste</source>
+        <translation>Products with a filter value that does not exist</translation>
+    </message>
+    <message>
+        <source>Miniature che mancano</source>
+        <translation>Thumbnails that are missing</translation>
+    </message>
+    <message>
+        <source>Immagini fuori dalla cartella &quot;Images&quot;</source>
+        <translation>Pictures outside of the folder &quot;Images&quot;</translation>
+    </message>
+    <message>
+        <source>File in &quot;Images&quot; che nessuna riga usa</source>
+        <translation>Files in &quot;Images&quot; that no row uses</translation>
+    </message>
+    <message>
+        <source>File temporanei rimasti in &quot;Images&quot;</source>
+        <translation>Temporary files left in &quot;Images&quot;</translation>
+    </message>
+    <message>
+        <source>Rimettere ogni file in &quot;Images&quot; con lo stesso nome: alla prossima apertura la riga lo ritrova.</source>
+        <translation>Put each file back into &quot;Images&quot; under the same name: the next start finds it again.</translation>
+    </message>
+    <message>
+        <source>Copiare ogni file in &quot;Images&quot; con lo stesso nome: dalla prossima apertura la riga usa la copia.</source>
+        <translation>Copy each file into &quot;Images&quot; under the same name: the row uses the copy from the next start on.</translation>
+    </message>
+    <message>
+        <source>Il catalogo non esiste più: è stato eliminato altrove</source>
+        <translation>The catalog is not there any more: it was deleted elsewhere</translation>
+    </message>
+    <message>
+        <source>L&apos;immagine %1 non può essere letta e manca nella copia</source>
+        <translation>The picture %1 cannot be read, and the copy lacks it</translation>
+    </message>
+    <message>
+        <source>La copia è fatta, ma il disco ha segnalato un errore. Controllare il disco. (%1)</source>
+        <translation>The copy is made, but the disk reported an error. Check the disk. (%1)</translation>
+    </message>
+    <message>
+        <source>Il catalogo non esiste più</source>
+        <translation>The catalog does not exist any more</translation>
+    </message>
+    <message>
+        <source>Il catalogo è eliminato, ma il disco ha segnalato un errore; i file delle sue immagini restano in &quot;Images&quot;. Controllare il disco. (%1)</source>
+        <translation>The catalog is deleted, but the disk reported an error; its picture files stay in &quot;Images&quot;. Check the disk. (%1)</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra operazione è in corso</source>
+        <translation>Another operation is going on</translation>
+    </message>
+    <message>
+        <source>Creazione nuovo catalogo</source>
+        <translation>New catalog creation</translation>
+    </message>
+    <message>
+        <source>Togli il logo</source>
+        <translation>Remove the logo</translation>
+    </message>
+    <message>
+        <source>Codice</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Descrizione</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>Il nome &apos;</source>
+        <translation>The name &apos;</translation>
+    </message>
+    <message>
+        <source>&apos; non è consentito per  un campo valore.</source>
+        <translation>&apos; is not allowed for a value field.</translation>
+    </message>
+    <message>
+        <source>&apos; non è consentito per un campo filtro.</source>
+        <translation>&apos; is not allowed for a filter field.</translation>
+    </message>
+    <message>
+        <source>I cataloghi in %1 sono aperti in un altro programma. Chiuderlo e riprovare.</source>
+        <translation>The catalogs in %1 are open in another program. Close it and try again.</translation>
+    </message>
+    <message>
+        <source>Sul disco non c&apos;è spazio per il ripristino: servono almeno altri %1.</source>
+        <translation>There is no room on the disk for the restore: at least %1 more are needed.</translation>
+    </message>
+    <message>
+        <source>La cartella %1 contiene quel che c&apos;era prima dell&apos;ultimo ripristino; se non serve più, eliminarla.</source>
+        <translation>The folder %1 holds what was there before the last restore; if it is not needed, delete it.</translation>
+    </message>
+    <message>
+        <source>Impossibile scrivere il file %1</source>
+        <translation>The file %1 cannot be written</translation>
+    </message>
+    <message>
+        <source>Il database della copia di sicurezza non è integro: %1</source>
+        <translation>The database of the backup is not whole: %1</translation>
+    </message>
+    <message>
+        <source>Impossibile spostare %1: %2</source>
+        <translation>%1 cannot be moved: %2</translation>
+    </message>
+    <message>
+        <source>Il file %1 non è leggibile, quindi un ripristino interrotto non può essere concluso. I dati sono nelle cartelle accanto.</source>
+        <translation>The file %1 cannot be read, so that an interrupted restore cannot be finished. The data is in the folders beside it.</translation>
+    </message>
+    <message>
+        <source>Un ripristino interrotto è stato portato a termine</source>
+        <translation>An interrupted restore was brought to its end</translation>
+    </message>
+    <message>
+        <source>È in corso un ripristino dei cataloghi. Attendere che finisca e riprovare.</source>
+        <translation>The catalogs are being restored. Wait until that has finished and try again.</translation>
+    </message>
+    <message>
+        <source>Sì</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Negli appunti ci sono più celle. Copiare il testo di una cella sola.</source>
+        <translation>There are several cells on the clipboard. Copy the text of a single cell.</translation>
+    </message>
+    <message>
+        <source>Copia in corso...</source>
+        <translation>Copying...</translation>
+    </message>
+    <message>
+        <source>La disposizione della griglia non può essere letta: </source>
+        <translation>The grid&apos;s layout cannot be read: </translation>
+    </message>
+    <message>
+        <source>il testo è incompleto</source>
+        <translation>the text is incomplete</translation>
+    </message>
+    <message>
+        <source>è di un altro formato</source>
+        <translation>it is of another format</translation>
+    </message>
+    <message>
+        <source>è di un&apos;altra versione</source>
+        <translation>it is of another version</translation>
+    </message>
+    <message>
+        <source>#Eliminata</source>
+        <translation>#Deleted</translation>
+    </message>
+    <message>
+        <source>#Non leggibile</source>
+        <translation>#Unreadable</translation>
+    </message>
+    <message>
+        <source>Premere Esc per rinunciare alla modifica.</source>
+        <translation>Press Esc to give up the change.</translation>
+    </message>
+    <message>
+        <source>Premere Esc per vederla com&apos;è ora.</source>
+        <translation>Press Esc to see it as it is now.</translation>
+    </message>
+    <message>
+        <source>Esiste già una riga con %1. Scegliere un altro valore.</source>
+        <translation>There is already a row with %1. Choose another value.</translation>
+    </message>
+    <message>
+        <source>Codice: </source>
+        <translation>Code: </translation>
+    </message>
+    <message>
+        <source> Descrizione: </source>
+        <translation> Description: </translation>
+    </message>
+    <message>
+        <source>Pagina %1 di %2</source>
+        <translation>Page %1 of %2</translation>
+    </message>
+    <message>
+        <source>Impostazione %1 nella sezione [Riservati]: %2</source>
+        <translation>Setting %1 in the section [Riservati]: %2</translation>
+    </message>
+    <message>
+        <source>supera i 512 MB</source>
+        <translation>it is larger than 512 MB</translation>
+    </message>
+    <message>
+        <source>non è un&apos;immagine JPEG</source>
+        <translation>it is no JPEG picture</translation>
+    </message>
+    <message>
+        <source>l&apos;immagine è troppo grande (%1 x %2 punti)</source>
+        <translation>the picture is too large (%1 x %2 pixels)</translation>
+    </message>
+    <message>
+        <source>l&apos;immagine è danneggiata o incompleta (%1)</source>
+        <translation>the picture is damaged or incomplete (%1)</translation>
+    </message>
+    <message>
+        <source>L&apos;immagine JPEG non può essere scritta: %1</source>
+        <translation>The JPEG picture cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;immagine non ha una forma che si possa scrivere</source>
+        <translation>The picture has no form that can be written</translation>
+    </message>
+    <message>
+        <source>I percorsi delle immagini non sono stati adattati a questa cartella; alla prossima apertura si riprova. %1</source>
+        <translation>The paths of the pictures were not fitted to this folder; the next start tries again. %1</translation>
+    </message>
+    <message>
+        <source>L&apos;immagine diventerebbe troppo grande</source>
+        <translation>The picture would become too large</translation>
+    </message>
+    <message>
+        <source>Il file %1 non viene scritto: non si trova nella cartella &quot;Images&quot; del programma.</source>
+        <translation>The file %1 is not written: it does not lie in the program&apos;s folder &quot;Images&quot;.</translation>
+    </message>
+    <message>
+        <source>Specificare un valore per il codice del prodotto</source>
+        <translation>Insert a value for the product code</translation>
+    </message>
+    <message>
+        <source>I caratteri \ / : * &quot; ? &lt; &gt; | non sono consentiti nel codice del prodotto</source>
+        <translation>\ / : * &quot; ? &lt; &gt; | are invalid character in product code</translation>
+    </message>
+    <message>
+        <source>Il carattere | non è consentito</source>
+        <translation>| is an invalid character</translation>
+    </message>
+    <message>
+        <source>%1 prodotto</source>
+        <translation>%1 product</translation>
+    </message>
+    <message>
+        <source>%1 prodotti</source>
+        <translation>%1 products</translation>
+    </message>
+    <message>
+        <source>%1 selezionato</source>
+        <translation>%1 selected</translation>
+    </message>
+    <message>
+        <source>%1 selezionati</source>
+        <translation>%1 selected</translation>
+    </message>
+    <message>
+        <source>Il valore scritto nella riga non è stato accettato.</source>
+        <translation>The value that was typed into the row was not accepted.</translation>
+    </message>
+    <message>
+        <source>Premere Esc </source>
+        <translation>Press Esc </translation>
+    </message>
+    <message>
+        <source>Descrizione immagine per </source>
+        <translation>Image description for </translation>
+    </message>
+    <message>
+        <source>Aggiungi/modifica immagine</source>
+        <translation>Add/edit image</translation>
+    </message>
+    <message>
+        <source>Il prodotto è stato eliminato nel frattempo da un&apos;altra finestra o da un altro programma.</source>
+        <translation>The product was deleted meanwhile by another window or program.</translation>
+    </message>
+    <message>
+        <source>Il file %1 è già usato come immagine o logo altrove. Cambiare il codice.</source>
+        <translation>The file %1 is a picture or a logo elsewhere already. Change the code.</translation>
+    </message>
+    <message>
+        <source>Impossibile leggere la cartella %1</source>
+        <translation>The folder %1 cannot be read</translation>
+    </message>
+    <message>
+        <source>Eliminare gli articoli selezionati e le immagini ad essi relative?<byte value="xd"/>
+L&apos;operazione non potrà essere annullata.<byte value="xd"/>
+Procedere con l&apos;eliminazione?</source>
+        <translation>Do you want to delete selected products and their images?<byte value="xd"/>
+Continue?</translation>
+    </message>
+    <message>
+        <source>Non è possibile inserire il carattere &quot;, sostituirlo con &apos;</source>
+        <translation>You can&apos;t insert &quot; character, replace it with &apos;</translation>
+    </message>
+    <message>
+        <source>Errore durante l&apos;inserimento del nuovo valore per il filtro. </source>
+        <translation>Error inserting a new value for the filter. </translation>
+    </message>
+    <message>
+        <source>Pubblica</source>
+        <translation>Publish</translation>
+    </message>
+    <message>
+        <source>Ordine</source>
+        <translation>Order</translation>
+    </message>
+    <message>
+        <source>Scheda tecnica</source>
+        <translation>Tech data</translation>
+    </message>
+    <message>
+        <source>Immagine</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>Errore nella tabella Extensions</source>
+        <translation>Error in Extensions table. Please contact technical support</translation>
+    </message>
+    <message>
+        <source> Chiedere una versione corretta a chi ha fatto il plug-in.</source>
+        <translation> Ask the maker of the plug-in for a corrected version.</translation>
+    </message>
+    <message>
+        <source>Il plug-in legge la colonna &quot;%1&quot;, che la sua interrogazione non ha.</source>
+        <translation>The plug-in reads the column &quot;%1&quot;, which its query does not have.</translation>
+    </message>
+    <message>
+        <source>Il plug-in legge un valore dove non c&apos;è nessuna riga.</source>
+        <translation>The plug-in reads a value where there is no row.</translation>
+    </message>
+    <message>
+        <source>Il plug-in usa la connessione da un altro thread.</source>
+        <translation>The plug-in uses the connection from another thread.</translation>
+    </message>
+    <message>
+        <source>Il plug-in usa la connessione dopo la fine della sua chiamata.</source>
+        <translation>The plug-in uses the connection after its call has ended.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non è il nome di un plug-in</source>
+        <translation>&quot;%1&quot; is not the name of a plug-in</translation>
+    </message>
+    <message>
+        <source>Il plug-in %1 non è installato: manca il file %2</source>
+        <translation>The plug-in %1 is not installed: the file %2 is missing</translation>
+    </message>
+    <message>
+        <source>%1 è fatto per un&apos;altra versione di Vorlina (%2). Installarne una versione adatta.</source>
+        <translation>%1 is made for another version of Vorlina (%2). Install a version that fits.</translation>
+    </message>
+    <message>
+        <source>%1 non è un plug-in di Vorlina</source>
+        <translation>%1 is not a plug-in of Vorlina</translation>
+    </message>
+    <message>
+        <source>Il plug-in non è disponibile</source>
+        <translation>The plug-in is not available</translation>
+    </message>
+    <message>
+        <source>è già nell&apos;elenco</source>
+        <translation>is in the list already</translation>
+    </message>
+    <message>
+        <source>Impossibile caricare il plug-in %1: %2</source>
+        <translation>The plug-in %1 cannot be loaded: %2</translation>
+    </message>
+    <message>
+        <source>%1 non offre l&apos;interfaccia dei plug-in di Vorlina</source>
+        <translation>%1 does not offer the plug-in interface of Vorlina</translation>
+    </message>
+    <message>
+        <source>%1 non crea nessun plug-in</source>
+        <translation>%1 makes no plug-in</translation>
+    </message>
+    <message>
+        <source>Il plug-in ha segnalato un errore sconosciuto</source>
+        <translation>The plug-in reported an unknown error</translation>
+    </message>
+    <message>
+        <source>Non è possibile creare un catalogo finché un altro programma tiene il database. Chiudere quel programma.</source>
+        <translation>No catalog can be made as long as another program holds the database. Close that program.</translation>
+    </message>
+    <message>
+        <source>Non è possibile creare un catalogo: il database dei cataloghi non è aperto. Chiudere il programma, rimettere il file Catalog.db al suo posto e avviarlo di nuovo.</source>
+        <translation>No catalog can be made: the database of the catalogs is not open. Close the program, put the file Catalog.db back in its place and start it again.</translation>
+    </message>
+    <message>
+        <source>Nessun filtro di pubblicazione è installato</source>
+        <translation>No publishing filter is installed</translation>
+    </message>
+    <message>
+        <source>Errore nella istanza della dll: </source>
+        <translation>Error instancing dll: </translation>
+    </message>
+    <message>
+        <source>Inserire un nome valido per il catalogo</source>
+        <translation>Insert a valid name for the catalog</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Duplicare il catalogo selezionato e le immagini ad esso relative?</source>
+        <translation>Do you want to clone selected catalog and its images?</translation>
+    </message>
+    <message>
+        <source>Impossibile duplicare il catalogo. </source>
+        <translation>Impossible to clone the catalog. </translation>
+    </message>
+    <message>
+        <source>Non c&apos;è nessun catalogo da pubblicare</source>
+        <translation>There is no catalog to publish</translation>
+    </message>
+    <message>
+        <source>Nessun filtro di pubblicazione è selezionato</source>
+        <translation>No publishing filter is selected</translation>
+    </message>
+    <message>
+        <source>Selezionare un filtro di pubblicazione per il catalogo</source>
+        <translation>Select a publishing filter</translation>
+    </message>
+    <message>
+        <source>Nessun catalogo è selezionato</source>
+        <translation>No catalog is selected</translation>
+    </message>
+    <message>
+        <source>Errore sconosciuto</source>
+        <translation>Unknown error</translation>
+    </message>
+    <message>
+        <source>Il file %1 non può essere usato: </source>
+        <translation>The file %1 cannot be used: </translation>
+    </message>
+    <message>
+        <source>non è un database di Vorlina. Ripristinare una copia di sicurezza.</source>
+        <translation>it is no database of Vorlina. Restore a backup.</translation>
+    </message>
+    <message>
+        <source>è stato creato da una versione più recente di Vorlina. Aggiornare il programma.</source>
+        <translation>it was made by a newer version of Vorlina. Update the program.</translation>
+    </message>
+    <message>
+        <source>è danneggiato. Ripristinare una copia di sicurezza. (</source>
+        <translation>it is damaged. Restore a backup. (</translation>
+    </message>
+    <message>
+        <source>non è stato possibile aggiornarlo, ed è rimasto com&apos;era. </source>
+        <translation>it could not be updated, and is as it was. </translation>
+    </message>
+    <message>
+        <source>è vuoto. Ripristinare una copia di sicurezza.</source>
+        <translation>it is empty. Restore a backup.</translation>
+    </message>
+    <message>
+        <source>La copia del database non è integra: %1</source>
+        <translation>The copy of the database is not whole: %1</translation>
+    </message>
+    <message>
+        <source>%1, riga %2: fa riferimento a una riga di %3 che non esiste</source>
+        <translation>%1, row %2: refers to a row of %3 that does not exist</translation>
+    </message>
+    <message>
+        <source>Il database non ha la struttura di un database di Vorlina (%1). Scegliere un&apos;altra copia di sicurezza.</source>
+        <translation>The database is not built as a database of Vorlina is (%1). Choose another backup.</translation>
+    </message>
+    <message>
+        <source>Testo di connessione non valido: %1</source>
+        <translation>Not a connection text: %1</translation>
+    </message>
+    <message>
+        <source>Il database %1 non esiste. Ripristinare una copia di sicurezza o reinstallare il programma.</source>
+        <translation>The database %1 does not exist. Restore a backup or install the program again.</translation>
+    </message>
+    <message>
+        <source>Il database non è aperto</source>
+        <translation>The database is not open</translation>
+    </message>
+    <message>
+        <source>Il database ha annullato l&apos;operazione in corso: nessuna sua modifica è stata salvata.</source>
+        <translation>The database gave up the operation under way: none of its changes was saved.</translation>
+    </message>
+    <message>
+        <source>La colonna %1 non esiste</source>
+        <translation>There is no column %1</translation>
+    </message>
+    <message>
+        <source>L&apos;elenco non è aperto: manca il database</source>
+        <translation>The list is not open: there is no database</translation>
+    </message>
+    <message>
+        <source>Nessuna riga è selezionata</source>
+        <translation>There is no current row</translation>
+    </message>
+    <message>
+        <source>La riga è stata eliminata nel frattempo da un&apos;altra finestra o da un altro programma.</source>
+        <translation>The row was deleted meanwhile by another window or program.</translation>
+    </message>
+    <message>
+        <source>La colonna %1 non è modificabile</source>
+        <translation>The column %1 cannot be changed</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non è un numero adatto a %2</source>
+        <translation>&quot;%1&quot; is no number fit for %2</translation>
+    </message>
+    <message>
+        <source>La riga è stata modificata nel frattempo da un&apos;altra finestra o da un altro programma.</source>
+        <translation>The row was changed meanwhile by another window or program.</translation>
+    </message>
+    <message>
+        <source>Esiste già una riga con lo stesso valore (%1). Scegliere un altro valore.</source>
+        <translation>There is already a row with the same value (%1). Choose another value.</translation>
+    </message>
+    <message>
+        <source>La riga fa riferimento a un catalogo o a un prodotto che non esiste più.</source>
+        <translation>The row refers to a catalog or a product that no longer exists.</translation>
+    </message>
+    <message>
+        <source>Si è scritto senza iniziare una transazione: nulla è stato salvato.</source>
+        <translation>Something was written without beginning a transaction: nothing was saved.</translation>
+    </message>
+    <message>
+        <source>Manca un valore obbligatorio (%1).</source>
+        <translation>A required value is missing (%1).</translation>
+    </message>
+    <message>
+        <source>Il database è in uso da un altro programma. Chiuderlo e riprovare.</source>
+        <translation>The database is in use by another program. Close it and try again.</translation>
+    </message>
+    <message>
+        <source>Il database è di sola lettura. Controllare i permessi del file e della sua cartella.</source>
+        <translation>The database is read-only. Check the permissions of the file and of its folder.</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato. Ripristinare una copia di sicurezza.</source>
+        <translation>The database is damaged. Restore a backup.</translation>
+    </message>
+    <message>
+        <source>Il file del database non può essere letto o scritto (%1). Controllare il disco, o il collegamento con esso, e riprovare: i dati possono essere integri.</source>
+        <translation>The database file cannot be read or written (%1). Check the disk, or the connection to it, and try again: the data may well be whole.</translation>
+    </message>
+    <message>
+        <source>Il database non può eseguire l&apos;operazione (%1).</source>
+        <translation>The database cannot run the operation (%1).</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio %1 è danneggiato o non è un archivio zip (%2)</source>
+        <translation>The archive %1 is damaged, or is no zip archive (%2)</translation>
+    </message>
+    <message>
+        <source>%1 non è un file. Scegliere un altro nome.</source>
+        <translation>%1 is no file. Choose another name.</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio contiene un nome di file che non è in UTF-8</source>
+        <translation>The archive holds a file name that is not in UTF-8</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio contiene un collegamento o un file speciale: &quot;%1&quot;</source>
+        <translation>The archive holds a link or a special file: &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio contiene troppi file</source>
+        <translation>The archive holds too many files</translation>
+    </message>
+    <message>
+        <source>Il contenuto dell&apos;archivio è troppo grande (al massimo %1 MB)</source>
+        <translation>The content of the archive is too large (at most %1 MB)</translation>
+    </message>
+    <message>
+        <source>Impossibile scrivere l&apos;archivio: %1</source>
+        <translation>The archive cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>Il file &quot;%1&quot; è cambiato mentre veniva letto. Riprovare.</source>
+        <translation>The file &quot;%1&quot; changed while it was read. Try again.</translation>
+    </message>
+    <message>
+        <source>L&apos;archivio contiene due volte il nome &quot;%1&quot;, o nomi che differiscono solo per maiuscole e minuscole</source>
+        <translation>The archive holds the name &quot;%1&quot; twice, or names that differ in letter case alone</translation>
+    </message>
+    <message>
+        <source>Un nome di file non ammesso in un archivio: &quot;%1&quot;</source>
+        <translation>A file name that an archive may not hold: &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Versione </source>
+        <translation>Version </translation>
+    </message>
+    <message>
+        <source>Inserire almeno un nome di catalogo</source>
+        <translation>Catalog name required</translation>
+    </message>
+    <message>
+        <source>Inserire almeno un criterio di filtraggio</source>
+        <translation>Insert at least a filter name</translation>
+    </message>
+    <message>
+        <source>Selezionare un immagine valida</source>
+        <translation>Select a valid image</translation>
+    </message>
+    <message>
+        <source>Non è possibile inserire filtri con nome uguale</source>
+        <translation>You can&apos;t insert filters with the same name</translation>
+    </message>
+    <message>
+        <source>Non è possibile inserire campi valore con nome uguale</source>
+        <translation>You can&apos;t insert value fields with the same name</translation>
+    </message>
+    <message>
+        <source>Procedere all&apos;eliminazione del catalogo e di tutte le immagini ad esso associate ?</source>
+        <translation>Do you want to delete selected catalog and its images?</translation>
+    </message>
+    <message>
+        <source>Inserire il nuovo valore in tabella ?</source>
+        <translation>Do you want to insert a new item in the table?</translation>
+    </message>
+    <message>
+        <source>Aggiungere una scheda tecnica per il prodotto?</source>
+        <translation>Do you want to add tech data for the selected product?</translation>
+    </message>
+    <message>
+        <source>Procedere all&apos;eliminazione dei prodotti selezionati?</source>
+        <translation>Do you want to delete the selected product?</translation>
+    </message>
+    <message>
+        <source>Salvare le modifiche effettuate ?</source>
+        <translation>Do you want to save?</translation>
+    </message>
+    <message>
+        <source>Procedere all&apos;eliminazione del filtro:</source>
+        <translation>Do you want to delete the selected filter</translation>
+    </message>
+    <message>
+        <source>e di tutti i valori ad esso relativi</source>
+        <translation>and all data belonging to it?</translation>
+    </message>
+    <message>
+        <source>Impossibile eliminare il filtro. Utilizzare la maschera proprietà del catalogo.</source>
+        <translation>Can&apos;t delete the filter. Use catalog properties form.</translation>
+    </message>
+    <message>
+        <source>Impossibile creare il catalogo. Non è possibile inserire campi valori con gli stessi nomi di campi filtro.</source>
+        <translation>Can&apos;t create catalog. You can&apos;t insert value fields with the same names as filter fields.</translation>
+    </message>
+    <message>
+        <source>Eliminando l&apos;immagine principale saranno eliminate anche tutte le altre. Procedere?</source>
+        <translation>Deleting main image will delete all the others. Continue?</translation>
+    </message>
+    <message>
+        <source>Eliminare l&apos;immagine selezionata?</source>
+        <translation>Delete selected image?</translation>
+    </message>
+    <message>
+        <source>Procedendo verranno eliminate tutte le immagini supplementari. Procedere?</source>
+        <translation>All the additional images will be deleted. Continue?</translation>
+    </message>
+    <message>
+        <source>Griglia</source>
+        <translation>Grid</translation>
+    </message>
+    <message>
+        <source>Nuovo</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Inserisci un nuovo prodotto</source>
+        <translation>Insert new item</translation>
+    </message>
+    <message>
+        <source>  Modifica</source>
+        <translation>  Edit</translation>
+    </message>
+    <message>
+        <source>Modifica il prodotto selezionato</source>
+        <translation>Edit selected item</translation>
+    </message>
+    <message>
+        <source>  Elimina</source>
+        <translation>  Delete</translation>
+    </message>
+    <message>
+        <source>Elimina il prodotto selezionato</source>
+        <translation>Delete selected item</translation>
+    </message>
+    <message>
+        <source>Cerca</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Cerca un prodotto</source>
+        <translation>Search for an item</translation>
+    </message>
+    <message>
+        <source>Immagini</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Proprietà</source>
+        <translation>Properties</translation>
+    </message>
+    <message>
+        <source>Imposta le proprietà del catalogo</source>
+        <translation>Edit catalog properties</translation>
+    </message>
+    <message>
+        <source>Pubblica il catalogo</source>
+        <translation>Publish catalog</translation>
+    </message>
+    <message>
+        <source>Importa</source>
+        <translation>Import...</translation>
+    </message>
+    <message>
+        <source>Importazione da una cartella di immagini</source>
+        <translation>Import from image folder</translation>
+    </message>
+    <message>
+        <source>    Aiuto</source>
+        <translation>    Help</translation>
+    </message>
+    <message>
+        <source>Aiuto</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Imposta ordine di pubblicazione</source>
+        <translation>Change publishing order</translation>
+    </message>
+    <message>
+        <source>Ripristina larghezza colonne</source>
+        <translation>Restore columns width</translation>
+    </message>
+    <message>
+        <source>Sposta righe in su</source>
+        <translation>Move rows up</translation>
+    </message>
+    <message>
+        <source>Sposta righe in giù</source>
+        <translation>Move rows down</translation>
+    </message>
+    <message>
+        <source>Aggiorna</source>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>Ordina</source>
+        <translation>Sort</translation>
+    </message>
+    <message>
+        <source>Sposta a sinistra</source>
+        <translation>Move left</translation>
+    </message>
+    <message>
+        <source>Sposta a destra</source>
+        <translation>Move right</translation>
+    </message>
+    <message>
+        <source>Sinistra</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>Centrato</source>
+        <translation>Center</translation>
+    </message>
+    <message>
+        <source>Destra</source>
+        <translation>Right</translation>
+    </message>
+    <message>
+        <source>Colonna</source>
+        <translation>Columns</translation>
+    </message>
+    <message>
+        <source>Testo a capo</source>
+        <translation>Wordwrap</translation>
+    </message>
+    <message>
+        <source>Allineamento</source>
+        <translation>Alignment</translation>
+    </message>
+    <message>
+        <source> Nuovo</source>
+        <translation> New</translation>
+    </message>
+    <message>
+        <source>Crea un nuovo catalogo</source>
+        <translation>Create new catalog</translation>
+    </message>
+    <message>
+        <source>Modifica il catalogo selezionato</source>
+        <translation>Edit selected catalog</translation>
+    </message>
+    <message>
+        <source>  Elimina </source>
+        <translation>  Delete </translation>
+    </message>
+    <message>
+        <source>Elimina il catalogo selezionato</source>
+        <translation>Delete selected catalog</translation>
+    </message>
+    <message>
+        <source>Duplica</source>
+        <translation>Clone</translation>
+    </message>
+    <message>
+        <source>Duplica il catalogo selezionato</source>
+        <translation>Clone selected catalog</translation>
+    </message>
+    <message>
+        <source>Pubblica il catalogo selezionato</source>
+        <translation>Publish selected catalog</translation>
+    </message>
+    <message>
+        <source>   Plug-Ins</source>
+        <translation>   Plug-Ins</translation>
+    </message>
+    <message>
+        <source>Installa nuovi plug-ins</source>
+        <translation>Install new plug-ins</translation>
+    </message>
+    <message>
+        <source>   Aiuto</source>
+        <translation>   Help</translation>
+    </message>
+    <message>
+        <source>Supporto</source>
+        <translation>Support</translation>
+    </message>
+    <message>
+        <source>Aggiornamenti</source>
+        <translation>Updates</translation>
+    </message>
+    <message>
+        <source>Tour</source>
+        <translation>Tour</translation>
+    </message>
+    <message>
+        <source>Opzioni</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Informazioni su...</source>
+        <translation>About Vorlina...</translation>
+    </message>
+    <message>
+        <source>Plugins</source>
+        <translation>Plugins</translation>
+    </message>
+    <message>
+        <source>Installa nuovo plugin</source>
+        <translation>Install new plugin</translation>
+    </message>
+    <message>
+        <source>Installa skin per</source>
+        <translation>Install skin for</translation>
+    </message>
+    <message>
+        <source>L&apos;istruzione per il database è vuota, o contiene solo commenti.</source>
+        <translation>The statement for the database is empty, or holds comments alone.</translation>
+    </message>
+</context>
+<context>
+    <name>Wizard</name>
+    <message>
+        <source>Avanti &gt;&gt;</source>
+        <translation>&amp;Next &gt;&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;&lt; Indietro</source>
+        <translation>&lt;&lt; &amp;Back</translation>
+    </message>
+    <message>
+        <source>Fine</source>
+        <translation>&amp;Finish</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Aiuto ?</source>
+        <translation>Help &amp;?</translation>
+    </message>
+    <message>
+        <source>Dati generali del catalogo: vengono qui inseriti i dati che caratterizzano il catalogo come ad esempio la denominazione dei campi di descrizione da mostrare insieme ai prodotti</source>
+        <translation>Insert here general data for the catalog like title, description and products fields name</translation>
+    </message>
+    <message>
+        <source>Impostazione dei campi di filtraggio: è possibile impostare la denominazione dei campi caratteristici che serviranno per eseguire operazioni di filtraggio sui dati da parte dell&apos;utente del catalogo</source>
+        <translation>Insert here up to five fields name to be used as search filter by the user</translation>
+    </message>
+    <message>
+        <source>Generazione catalogo completata: sarà ora possibile inserire i valori per i campi di filtraggio e i dati dei prodotti da inserire nel catalogo</source>
+        <translation>Catalog generation completed: now you can insert new values for filtering fileds  and products data</translation>
+    </message>
+    <message>
+        <source>Informazioni Aziendali: inserire le informazioni aziendali in modo da dare agli utenti del catalogo tutti i vostri recapiti</source>
+        <translation>Insert here the company information to be used by the user to contact you</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmCatalogs</name>
+    <message>
+        <source>Vorlina - Cataloghi</source>
+        <translation>Vorlina - Catalogs</translation>
+    </message>
+    <message>
+        <source>Cataloghi disponibili</source>
+        <translation>Available catalogs</translation>
+    </message>
+    <message>
+        <source>&amp;Nuovo</source>
+        <translation>&amp;New</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>&amp;Delete</translation>
+    </message>
+    <message>
+        <source>&amp;Pubblica</source>
+        <translation>&amp;Publish</translation>
+    </message>
+    <message>
+        <source>Filtri disponibili</source>
+        <translation>Available filters</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Fare clic su un filtro per leggerne la descrizione.</source>
+        <translation>Click a filter to read its description.</translation>
+    </message>
+    <message>
+        <source>&lt;&lt; &amp;Indietro</source>
+        <translation>&lt;&lt; &amp;Back</translation>
+    </message>
+    <message>
+        <source>Fare doppio clic per pubblicare</source>
+        <translation>Double click to publish</translation>
+    </message>
+    <message>
+        <source>Comandi</source>
+        <translation>Commands</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmEditCatalog</name>
+    <message>
+        <source>Modifica catalogo</source>
+        <translation>Edit catalog</translation>
+    </message>
+    <message>
+        <source>Prodotti</source>
+        <translation>Products</translation>
+    </message>
+    <message>
+        <source>Comandi</source>
+        <translation>Commands</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmImage</name>
+    <message>
+        <source>Immagine</source>
+        <translation>Image</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmImageViewer</name>
+    <message>
+        <source>Visualizza immagini</source>
+        <translation>Catalog images</translation>
+    </message>
+    <message>
+        <source>&lt;&lt;</source>
+        <translation>&lt;&lt;</translation>
+    </message>
+    <message>
+        <source>Prima pagina</source>
+        <translation>First page</translation>
+    </message>
+    <message>
+        <source>&lt;</source>
+        <translation>&lt;</translation>
+    </message>
+    <message>
+        <source>Pagina precedente</source>
+        <translation>Previous page</translation>
+    </message>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>Pagina successiva</source>
+        <translation>Next page</translation>
+    </message>
+    <message>
+        <source>&gt;&gt;</source>
+        <translation>&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Ultima pagina</source>
+        <translation>Last page</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmNewCatalog</name>
+    <message>
+        <source>Creazione nuovo catalogo</source>
+        <translation>New catalog creation</translation>
+    </message>
+    <message>
+        <source>Nome</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Descrizione</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>1° Valore</source>
+        <translation>1st Value</translation>
+    </message>
+    <message>
+        <source>2° Valore</source>
+        <translation>2nd Value</translation>
+    </message>
+    <message>
+        <source>3° Valore</source>
+        <translation>3rd Value</translation>
+    </message>
+    <message>
+        <source>1° Filtro</source>
+        <translation>1st Filter</translation>
+    </message>
+    <message>
+        <source>2° Filtro</source>
+        <translation>2nd Filter</translation>
+    </message>
+    <message>
+        <source>3° Filtro</source>
+        <translation>3rd Filter</translation>
+    </message>
+    <message>
+        <source>4° Filtro</source>
+        <translation>4th Filter</translation>
+    </message>
+    <message>
+        <source>5° Filtro</source>
+        <translation>5th Filter</translation>
+    </message>
+    <message>
+        <source>Nome società</source>
+        <translation>Company name</translation>
+    </message>
+    <message>
+        <source>Indirizzo</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Città</source>
+        <translation>City</translation>
+    </message>
+    <message>
+        <source>Pr.</source>
+        <translation>Prov./State</translation>
+    </message>
+    <message>
+        <source>Cap</source>
+        <translation>Zip code</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>Tel.</source>
+        <translation>Tel.</translation>
+    </message>
+    <message>
+        <source>Fax.</source>
+        <translation>Fax.</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Sito Internet</source>
+        <translation>Web site</translation>
+    </message>
+    <message>
+        <source>Informazioni aggiuntive</source>
+        <translation>Additional information</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Sfoglia...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Aggiungi dati al catalogo appena creato</source>
+        <translation>Add data to the catalog</translation>
+    </message>
+    <message>
+        <source>Crea un altro catalogo</source>
+        <translation>Create another catalog</translation>
+    </message>
+    <message>
+        <source>Torna al menù principale</source>
+        <translation>Back to main menu</translation>
+    </message>
+    <message>
+        <source>Aiuto ?</source>
+        <translation>Help &amp;?</translation>
+    </message>
+    <message>
+        <source>&lt;&lt; Indietro</source>
+        <translation>&lt;&lt; &amp;Back</translation>
+    </message>
+    <message>
+        <source>Avanti &gt;&gt;</source>
+        <translation>&amp;Next &gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Fine</source>
+        <translation>&amp;Finish</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmSplash</name>
+    <message>
+        <source>Vorlina</source>
+        <translation>Vorlina</translation>
+    </message>
+    <message>
+        <source>Versione</source>
+        <translation>Version</translation>
+    </message>
+</context>
+</TS>
