@@ -11,7 +11,7 @@ const MostOfClass = 500;
 
 // Classes with more than one duty. Until they are taken apart they do not grow beyond these lines.
 const larger = {
-  'src/grid RecordsetModel': 680,
+  'src/grid RecordsetModel': 665,
 };
 export const problems = [];
 
