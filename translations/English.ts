@@ -1214,6 +1214,70 @@ Continue?</translation>
         <source>L&apos;istruzione per il database è vuota, o contiene solo commenti.</source>
         <translation>The statement for the database is empty, or holds comments alone.</translation>
     </message>
+    <message>
+        <source>Nuovo nome di un catalogo: %1</source>
+        <translation>New name of a catalog: %1</translation>
+    </message>
+    <message>
+        <source>Duplicazione del catalogo %1</source>
+        <translation>Clone of catalog %1</translation>
+    </message>
+    <message>
+        <source>Eliminazione del catalogo %1</source>
+        <translation>Deletion of catalog %1</translation>
+    </message>
+    <message>
+        <source>Nuovo catalogo %1</source>
+        <translation>New catalog %1</translation>
+    </message>
+    <message>
+        <source>Logo di %1</source>
+        <translation>Logo of %1</translation>
+    </message>
+    <message>
+        <source>Percorsi delle immagini adattati a questa cartella</source>
+        <translation>Picture paths fitted to this folder</translation>
+    </message>
+    <message>
+        <source>Importazione di %1</source>
+        <translation>Import of %1</translation>
+    </message>
+    <message>
+        <source>Nuovo prodotto %1</source>
+        <translation>New product %1</translation>
+    </message>
+    <message>
+        <source>Modifica di %1</source>
+        <translation>Change of %1</translation>
+    </message>
+    <message>
+        <source>Eliminazione di %1 prodotti</source>
+        <translation>Deletion of %1 products</translation>
+    </message>
+    <message>
+        <source>Immagine di %1</source>
+        <translation>Picture of %1</translation>
+    </message>
+    <message>
+        <source>Immagine aggiuntiva di %1</source>
+        <translation>Additional picture of %1</translation>
+    </message>
+    <message>
+        <source>Nuovo valore %1 di un filtro</source>
+        <translation>New value %1 of a filter</translation>
+    </message>
+    <message>
+        <source>Numerazione dei prodotti senza numero</source>
+        <translation>Numbers for products without one</translation>
+    </message>
+    <message>
+        <source>Ordine di pubblicazione del catalogo</source>
+        <translation>Publication order of the catalog</translation>
+    </message>
+    <message>
+        <source>Spostamento di %1 prodotti</source>
+        <translation>Move of %1 products</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -3,6 +3,7 @@
 #include "base/Helpers.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
+#include "store/Transaction.h"
 
 namespace vorlina {
 namespace {
@@ -20,11 +21,13 @@ Error CatalogGone() { return Error(Texts::tr("Il catalogo non esiste più: è st
 void RenameCatalog(const QString& connectionText, int IDCatalogo, const QString& name) {
   Connection connection;
   connection.Open(connectionText);
+  Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Nuovo nome di un catalogo: %1"), {name}});
   Recordset catalogs;
   catalogs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo}}, connection);
   if (catalogs.IsEOF()) throw CatalogGone();
   catalogs.SetValue(u"NomeCatalogo"_qs, name);
   catalogs.Update();
+  transaction.Commit();
 }
 
 void WriteCatalogList(Recordset& catalogs, const QString& path) {

@@ -37,7 +37,8 @@ int CountPictures(int IDCatalogo, Connection& connection) {
 int CatalogClone::DuplicaCatalogo(const QString& prefix, const Progress& progress) {
   bool ending = false;
   try {
-    Transaction transaction(connection_, {"Duplicazione del catalogo %1", {QString::number(OldID_)}});
+    Transaction transaction(
+        connection_, {QT_TRANSLATE_NOOP("Texts", "Duplicazione del catalogo %1"), {QString::number(OldID_)}});
     PictureChange files(transaction, connection_);
     files_ = &files;
     total_ = CountPictures(OldID_, connection_);

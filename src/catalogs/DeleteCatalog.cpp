@@ -21,7 +21,8 @@ void DeleteCatalog(int IDCatalogo, Connection& connection) {
   if (connection.InTransaction()) throw Error(Texts::tr("Un'altra operazione è in corso"));
   bool ending = false;
   try {
-    Transaction transaction(connection, {"Eliminazione del catalogo %1", {QString::number(IDCatalogo)}});
+    Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Eliminazione del catalogo %1"),
+                                         {QString::number(IDCatalogo)}});
     PictureChange(transaction, connection).Retire(PicturesOfCatalog(IDCatalogo, connection));
     connection.Execute(u"DELETE FROM Filtri WHERE IDCatalogo=?"_qs, {IDCatalogo});
     connection.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=?"_qs, {IDCatalogo});

@@ -48,7 +48,8 @@ void SetNames(Recordset& catalogs, const QString& column, const QStringList& nam
 }
 
 void StoreRow(Recordset& catalogs, NewCatalog& catalog, Connection& connection) {
-  Transaction transaction(connection, {"Nuovo catalogo %1", {catalog.NomeCatalogo}});
+  Transaction transaction(connection,
+                          {QT_TRANSLATE_NOOP("Texts", "Nuovo catalogo %1"), {catalog.NomeCatalogo}});
   // A row that an earlier attempt stored may have been deleted since.
   if (catalogs.IsEOF()) catalogs.AddNew();
   catalogs.SetValue(u"NomeCatalogo"_qs, catalog.NomeCatalogo);
@@ -64,7 +65,7 @@ void StoreRow(Recordset& catalogs, NewCatalog& catalog, Connection& connection) 
 
 void StoreLogo(Recordset& catalogs, const NewCatalog& catalog, Connection& connection) {
   if (catalog.LogoPath.isEmpty() || !QFileInfo::exists(catalog.LogoPath)) return;
-  Transaction transaction(connection, {"Logo di %1", {catalog.NomeCatalogo}});
+  Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Logo di %1"), {catalog.NomeCatalogo}});
   const QString target = LogoPath(catalog.IDCatalogo);
   PictureChange(transaction, connection).Take(catalog.LogoPath, target);
   catalogs.SetValue(u"Logo"_qs, target);

@@ -111,7 +111,8 @@ int Fit(Connection& connection) {
   paths.erase(paths.begin(), others);
   const std::vector<Move> moves = MovesOf(paths, connection);
   if (samples == 0 && moves.empty()) return 0;
-  Transaction transaction(connection, {"Percorsi delle immagini adattati a questa cartella", {}});
+  Transaction transaction(
+      connection, {QT_TRANSLATE_NOOP("Texts", "Percorsi delle immagini adattati a questa cartella"), {}});
   if (samples > 0) RebaseAllSampleData(connection, AppPath());
   const int changed = samples + Make(moves, connection);
   transaction.Commit();

@@ -80,7 +80,7 @@ void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures
   QString code;
   bool ending = false;
   try {
-    Transaction transaction(connection_, {"Importazione di %1", {name}});
+    Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Importazione di %1"), {name}});
     code = products_.FreePictureCode();
     const qint64 product = products_.Add({{u"CodiceProdotto"_qs, code}, {u"Descrizione"_qs, name.chopped(4)}},
                                          ProductMarks::Picture);

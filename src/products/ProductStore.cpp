@@ -100,7 +100,7 @@ QString ProductStore::CodeOf(qint64 product) const { return ValueOf(product, Cod
 
 qint64 ProductStore::Add(ProductValues values, ProductMarks marks) {
   QVariant& code = values[CodeField];
-  Transaction transaction(connection_, {"Nuovo prodotto %1", {code.toString()}});
+  Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Nuovo prodotto %1"), {code.toString()}});
   if (code.isNull()) code = NuovoCodice();
   values[u"IDCatalogo"_qs] = IDCatalogo_;
   Recordset row;
@@ -113,7 +113,7 @@ qint64 ProductStore::Add(ProductValues values, ProductMarks marks) {
 }
 
 void ProductStore::Change(qint64 product, const ProductValues& values, ProductMarks marks) {
-  Transaction transaction(connection_, {"Modifica di %1", {CodeOf(product)}});
+  Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Modifica di %1"), {CodeOf(product)}});
   Recordset row;
   row.Open({.table = u"Prodotti"_qs,
             .where = u"IDCatalogo=? AND IDProdotto=?"_qs,
@@ -126,7 +126,9 @@ void ProductStore::Change(qint64 product, const ProductValues& values, ProductMa
 
 void ProductStore::Saved(qint64 product, const QString& formerCode, ProductMarks marks) {
   const QString code = CodeOf(product);
-  Transaction part(connection_, {formerCode.isEmpty() ? "Nuovo prodotto %1" : "Modifica di %1", {code}});
+  Transaction part(connection_, {formerCode.isEmpty() ? QT_TRANSLATE_NOOP("Texts", "Nuovo prodotto %1")
+                                                      : QT_TRANSLATE_NOOP("Texts", "Modifica di %1"),
+                                 {code}});
   if (code != formerCode) RequireCode(code, product);
   Mark(code, marks, part);
   if (!formerCode.isEmpty() && code != formerCode) TakePicturesAlong(product, code, part);
@@ -159,7 +161,8 @@ void ProductStore::TakePicturesAlong(qint64 product, const QString& code, Transa
 }
 
 void ProductStore::Delete(const std::vector<qint64>& products) {
-  Transaction transaction(connection_, {"Eliminazione di %1 prodotti", {QString::number(products.size())}});
+  Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Eliminazione di %1 prodotti"),
+                                        {QString::number(products.size())}});
   PictureChange(transaction, connection_).Retire(PicturesOfProducts(products, connection_));
   connection_.Execute(
       u"DELETE FROM Prodotti WHERE IDCatalogo=? AND IDProdotto IN (SELECT value FROM json_each(?))"_qs,
@@ -168,7 +171,7 @@ void ProductStore::Delete(const std::vector<qint64>& products) {
 }
 
 void ProductStore::SetMainImage(qint64 product, const QString& source, const PreparedPicture& picture) {
-  Transaction transaction(connection_, {"Immagine di %1", {CodeOf(product)}});
+  Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Immagine di %1"), {CodeOf(product)}});
   // Another program may have changed it until the transaction began.
   const QString code = CodeOf(product);
   const QString target = MainImagePath(IDCatalogo_, code);
@@ -183,7 +186,8 @@ void ProductStore::SetMainImage(qint64 product, const QString& source, const Pre
 
 void ProductStore::AddImage(qint64 product, const QString& source, const PreparedPicture& picture,
                             const QString& description) {
-  Transaction transaction(connection_, {"Immagine aggiuntiva di %1", {CodeOf(product)}});
+  Transaction transaction(connection_,
+                          {QT_TRANSLATE_NOOP("Texts", "Immagine aggiuntiva di %1"), {CodeOf(product)}});
   const QString code = CodeOf(product);
   connection_.Execute(
       u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Height,Width,Descrizione) VALUES (?,?,?,?,?)"_qs,
@@ -200,7 +204,7 @@ qint64 ProductStore::FilterValue(int filter, const QString& value) {
   const QString name = value.trimmed();
   const QStringList refusals = CheckCell({}, name, true).refusals;
   if (!refusals.isEmpty()) throw Error(refusals.first());
-  Transaction transaction(connection_, {"Nuovo valore %1 di un filtro", {name}});
+  Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Nuovo valore %1 di un filtro"), {name}});
   Rows found(connection_,
              u"SELECT IDValore FROM Filtri WHERE IDCatalogo=? AND IDNomeFiltro=? AND Valore=? COLLATE "
              "VORLINA_TEXT ORDER BY IDValore"_qs,

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "base/Helpers.h"
+#include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
 #include "store/Ranks.h"
@@ -135,7 +136,8 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
         {IDCatalogo}));
   };
   if (unnumbered().empty()) return false;
-  Transaction transaction(connection, {"Numerazione dei prodotti senza numero", {}});
+  Transaction transaction(connection,
+                          {QT_TRANSLATE_NOOP("Texts", "Numerazione dei prodotti senza numero"), {}});
   std::vector<RankPair> pairs;
   qint64 number = LastNumber(IDCatalogo, connection);
   for (const qint64 key : unnumbered()) pairs.push_back({key, ++number});
@@ -147,7 +149,8 @@ bool NumberUnnumbered(int IDCatalogo, Connection& connection) {
 }
 
 void RenumberProducts(int IDCatalogo, const std::vector<qint64>& bookmarks, Connection& connection) {
-  Transaction transaction(connection, {"Ordine di pubblicazione del catalogo", {}});
+  Transaction transaction(connection,
+                          {QT_TRANSLATE_NOOP("Texts", "Ordine di pubblicazione del catalogo"), {}});
   const std::vector<qint64> present =
       Keys(Rows(connection, u"SELECT IDProdotto FROM Prodotti WHERE IDCatalogo=? ORDER BY IDProdotto"_qs,
                 {IDCatalogo}));
@@ -173,7 +176,8 @@ bool MoveProducts(int IDCatalogo, std::vector<qint64> moving, qint64 target, Con
   if (std::binary_search(moving.begin(), moving.end(), target)) return false;
   std::vector<qint64> concerned = moving;
   concerned.push_back(target);
-  Transaction transaction(connection, {"Spostamento di %1 prodotti", {QString::number(moving.size())}});
+  Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Spostamento di %1 prodotti"),
+                                       {QString::number(moving.size())}});
   Span span = SpanOf(IDCatalogo, concerned, connection);
   if (!span.complete) {
     NumberUnnumbered(IDCatalogo, connection);

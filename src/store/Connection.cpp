@@ -141,6 +141,7 @@ void Connection::CommitTrans() {
   begun_ = false;
   counters_.clear();
   const Steps steps = std::exchange(steps_, {});
+  if (!steps.label.IsEmpty()) qCDebug(StoreLog) << "stored:" << steps.label.Shown();
   for (const auto& step : steps.onCommit) RunStep(step);
 }
 
@@ -162,6 +163,7 @@ void Connection::RollbackIfOpen() noexcept {
 
 void Connection::AfterRollback() noexcept {
   RestoreCounters();
+  steps_.label = {};
   TakeBack(0, 0);
 }
 

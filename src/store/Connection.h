@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "base/FolderHold.h"
+#include "store/ChangeLabel.h"
 
 namespace vorlina {
 
@@ -79,6 +80,7 @@ class Connection {
   struct Steps {
     std::vector<std::function<void()>> onCommit;
     std::vector<std::function<void()>> onRollback;
+    ChangeLabel label;
   };
   void OpenFile(const QString& path);
   void RequireTransaction() const;

@@ -4,14 +4,20 @@
 
 #include <utility>
 
+#include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/Sqlite.h"
 
 namespace vorlina {
 
+QString ChangeLabel::Shown() const {
+  QString shown = Texts::tr(text);
+  for (const QString& value : values) shown = shown.arg(value);
+  return shown;
+}
+
 Transaction::Transaction(Connection& connection, ChangeLabel label)
     : connection_(connection),
-      label_(std::move(label)),
       joined_(connection.InTransaction()),
       commits_(connection.steps_.onCommit.size()),
       rollbacks_(connection.steps_.onRollback.size()) {
@@ -19,6 +25,8 @@ Transaction::Transaction(Connection& connection, ChangeLabel label)
     connection_.Execute(u"SAVEPOINT part"_qs);
   else
     connection_.BeginTrans();
+  ChangeLabel& kept = connection_.steps_.label;
+  if (kept.IsEmpty()) kept = std::move(label);
 }
 
 Transaction::~Transaction() {
@@ -45,7 +53,6 @@ void Transaction::Commit() {
   else
     connection_.CommitTrans();
   done_ = true;
-  if (!joined_ && label_.text != nullptr) qCDebug(StoreLog) << "stored:" << label_.text << label_.values;
 }
 
 }  // namespace vorlina

@@ -1,21 +1,14 @@
 // The unit of work: rows that are written together, and the steps with files that belong to them.
 #pragma once
 
-#include <QString>
-#include <QStringList>
 #include <cstddef>
 #include <functional>
+
+#include "store/ChangeLabel.h"
 
 namespace vorlina {
 
 class Connection;
-
-// What a transaction does, for people: an Italian source text with "%1" and so on for the values. It is kept
-// as it is and translated when it is shown.
-struct ChangeLabel {
-  const char* text = nullptr;
-  QStringList values;
-};
 
 // A transaction for one procedure: rolled back unless committed. Inside an open one it joins, as a part that
 // is taken back alone, and leaves the end to it. No box is shown as long as one is open.
@@ -23,7 +16,8 @@ class Transaction {
  public:
   using Step = std::function<void()>;
 
-  // Throws Error, LockedError where another program writes for longer than LockPatience says.
+  // The first label of a transaction and its parts is that of the whole. Throws Error, LockedError where
+  // another program writes for longer than LockPatience says.
   explicit Transaction(Connection& connection, ChangeLabel label = {});
   ~Transaction();
   Transaction(const Transaction&) = delete;
@@ -43,7 +37,6 @@ class Transaction {
 
  private:
   Connection& connection_;
-  ChangeLabel label_;
   bool joined_;
   bool done_ = false;
   std::size_t commits_;  // steps that the transaction had when this part began
