@@ -96,23 +96,13 @@ TEST_F(BackupTest, WhatFailsLeavesTheFormerBackupAlone) {
   }
   QFile::remove(AppFile(u"Images/large.jpg"_qs));
 
-  for (int stopAt = 0;; ++stopAt) {
+  for (int stopAt = 0; stopAt < 9; ++stopAt) {
     int steps = 0;
-    try {
-      WriteBackup(connection_, Outside(u"other.zip"_qs),
-                  [&](qint64, qint64, const QString&) { return steps++ < stopAt; });
-      break;
-    } catch (const Stopped&) {
-      unchanged("stopped");
-    }
+    EXPECT_THROW(
+        WriteBackup(connection_, file_, [&](qint64, qint64, const QString&) { return steps++ < stopAt; }),
+        Stopped);
+    unchanged("stopped");
   }
-  QFile::remove(Outside(u"other.zip"_qs));
-
-  WriteFileSafely(AppFile(u"Images/a:b.jpg"_qs), "x");
-  EXPECT_TRUE(Backup().contains(u"a:b.jpg"));
-  unchanged("a name that no restore would take");
-  QFile::remove(AppFile(u"Images/a:b.jpg"_qs));
-
   connection_.Execute(u"PRAGMA foreign_keys=OFF"_qs);
   connection_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto) VALUES (999,'A')"_qs);
   EXPECT_TRUE(Backup().contains(u"not whole"));

@@ -120,20 +120,6 @@ TEST_F(RestoreTest, ReplacesEverythingAndKeepsWhatWasThereUntilTheNextOne) {
   }
 }
 
-TEST_F(RestoreTest, NamesComeBackByteForByte) {
-  // The same letters, put together and apart; and names that are at the end of what a file system takes.
-  const QStringList names{u"Images/\u00E9.jpg"_qs, u"Images/e\u0301.jpg"_qs, u"Layouts/u\u0308.lyt"_qs,
-                          u"Images/"_qs + QString(251, u'n') + u".jpg"_qs};
-  for (const QString& name : names) WriteFileSafely(AppFile(name), name.toUtf8());
-  connection_.Open(ConnectionTextFor(Path()));
-  WriteBackup(connection_, file_);
-  connection_.Close();
-  SetAppPath(Outside(u"fresh"_qs));
-  ASSERT_EQ(Restore(), QString());
-  for (const QString& name : names) EXPECT_EQ(ContentOf(AppFile(name)), name.toUtf8()) << name;
-  EXPECT_EQ(FilesIn(AppPath()).size(), FilesIn(folder_.path()).size());
-}
-
 TEST_F(RestoreTest, PathsPointToWhereItIsRestored) {
   // From where the backup was made, what its row names, and what becomes of that.
   const QString there = u"Images/109-A.jpg"_qs;

@@ -12,11 +12,6 @@ namespace {
 
 Dialogs* current = nullptr;
 
-QString MessageBox(const QString& text, BoxStyle style) { return u"message %1: "_qs.arg(int(style)) + text; }
-QString Question(const QString& text) { return u"question: "_qs + text; }
-QString InputBox(const QString& text) { return u"input: "_qs + text; }
-const QString FileChooser = QStringLiteral("file");
-
 }  // namespace
 
 ScriptedDialogs::ScriptedDialogs() : before_(current) {
@@ -30,17 +25,6 @@ ScriptedDialogs::~ScriptedDialogs() {
   InstallDialogs(before_);
 }
 
-void ScriptedDialogs::ExpectMessage(const QString& text, BoxStyle style) {
-  script_.push_back({MessageBox(text, style), {}});
-}
-void ScriptedDialogs::ExpectQuestion(const QString& text, bool answer) {
-  script_.push_back({Question(text), answer ? u"yes"_qs : QString()});
-}
-void ScriptedDialogs::ExpectInput(const QString& text, const QString& answer) {
-  script_.push_back({InputBox(text), answer});
-}
-void ScriptedDialogs::ExpectFile(const QString& answer) { script_.push_back({FileChooser, answer}); }
-
 QString ScriptedDialogs::Take(const QString& box) {
   if (script_.empty()) {
     ADD_FAILURE() << "a box that nobody scripted: " << box.toStdString();
@@ -53,22 +37,22 @@ QString ScriptedDialogs::Take(const QString& box) {
 }
 
 void ScriptedDialogs::ShowMessage(QWidget*, const QString& text, BoxStyle style, const QString&) {
-  Take(MessageBox(text, style));
+  Take(u"message %1: "_qs.arg(int(style)) + text);
 }
 bool ScriptedDialogs::ShowQuestion(QWidget*, const QString& text, BoxStyle, const QString&) {
-  return !Take(Question(text)).isEmpty();
+  return !Take(u"question: "_qs + text).isEmpty();
 }
 Dialogs::Answer ScriptedDialogs::AskWithCancel(QWidget*, const QString& text, const QString&) {
-  return Take(Question(text)).isEmpty() ? Answer::Cancel : Answer::Yes;
+  return Take(u"question: "_qs + text).isEmpty() ? Answer::Cancel : Answer::Yes;
 }
 QString ScriptedDialogs::Input(QWidget*, const QString& text, const QString&, const QString&) {
-  return Take(InputBox(text));
+  return Take(u"input: "_qs + text);
 }
 QString ScriptedDialogs::OpenFile(QWidget*, const QString&, const QString&, const QString&) {
-  return Take(FileChooser);
+  return Take(u"file"_qs);
 }
 QString ScriptedDialogs::SaveFile(QWidget*, const QString&, const QString&, const QString&) {
-  return Take(FileChooser);
+  return Take(u"file"_qs);
 }
 QString ScriptedDialogs::Folder(QWidget*, const QString&, const QString&) { return Take(u"folder"_qs); }
 

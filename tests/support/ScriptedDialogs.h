@@ -14,10 +14,17 @@ class ScriptedDialogs : public Dialogs {
   ScriptedDialogs();
   ~ScriptedDialogs() override;
 
-  void ExpectMessage(const QString& text, BoxStyle style = BoxStyle::Plain);
-  void ExpectQuestion(const QString& text, bool answer);
-  void ExpectInput(const QString& text, const QString& answer);
-  void ExpectFile(const QString& answer);  // the next open or save chooser gives this path
+  void ExpectMessage(const QString& text, BoxStyle style = BoxStyle::Plain) {
+    script_.push_back({u"message %1: "_qs.arg(int(style)) + text, {}});
+  }
+  void ExpectQuestion(const QString& text, bool answer) {
+    script_.push_back({u"question: "_qs + text, answer ? u"yes"_qs : QString()});
+  }
+  void ExpectInput(const QString& text, const QString& answer) {
+    script_.push_back({u"input: "_qs + text, answer});
+  }
+  // The next open or save chooser gives this path.
+  void ExpectFile(const QString& answer) { script_.push_back({u"file"_qs, answer}); }
   // How many scripted boxes have not been shown yet.
   qsizetype Left() const { return qsizetype(script_.size()); }
 

