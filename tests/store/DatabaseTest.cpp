@@ -133,20 +133,6 @@ TEST_F(DatabaseTest, AForeignDatabaseIsNotEvenTidiedUp) {
   EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), files);
 }
 
-TEST_F(DatabaseTest, PartsOfATransactionAreTakenBackAlone) {
-  Transaction outer(connection_);
-  AddCatalog(u"first"_qs);
-  EXPECT_THROW(
-      {
-        Transaction inner(connection_);
-        AddCatalog(u"half"_qs);
-        AddProduct(77, u"of no catalog"_qs);
-      },
-      Error);
-  outer.Commit();
-  EXPECT_EQ(One(u"group_concat(NomeCatalogo)"_qs, u"Cataloghi"_qs), u"first"_qs);
-}
-
 // As on a full disk: what a step that goes on writes next must not be saved alone.
 TEST_F(DatabaseTest, AfterATransactionWasGivenUpNothingIsSavedAlone) {
   AddCatalog(u"kept"_qs);
@@ -157,16 +143,6 @@ TEST_F(DatabaseTest, AfterATransactionWasGivenUpNothingIsSavedAlone) {
   connection_.RollbackTrans();
   EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
   AddCatalog(u"whole"_qs);
-}
-
-TEST_F(DatabaseTest, AnotherProgramThatHoldsTheFileIsTold) {
-  connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
-  const LockPatience none(0);
-  WritingConnection other;
-  EXPECT_THROW(OpenCatalogDatabase(other, Path()), LockedError);
-  EXPECT_TRUE(Refusal(Path()).contains(u"in use by another program"));
-  connection_.RollbackTrans();
-  EXPECT_EQ(Refusal(Path()), QString());
 }
 
 TEST_F(DatabaseTest, StatementsTogetherWaitOnceForAnotherProgram) {
@@ -193,31 +169,6 @@ TEST_F(DatabaseTest, StatementsTogetherWaitOnceForAnotherProgram) {
   EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
 }
 
-TEST_F(DatabaseTest, AnOlderDatabaseIsMigratedWholeOrNotAtAll) {
-  AddCatalog(u"kept"_qs);
-  const std::vector<Migration> good = {
-      {SchemaVersion + 1, u"ALTER TABLE Cataloghi ADD COLUMN Nuova TEXT DEFAULT 'x'"_qs},
-      {SchemaVersion + 2, u"UPDATE Cataloghi SET Nuova='y'"_qs}};
-  std::vector<Migration> failing = good;
-  failing[1].sql += u"; UPDATE nowhere SET x=1"_qs;
-  connection_.Close();
-  EXPECT_TRUE(FailureOf([&] {
-                OpenCatalogDatabase(connection_, Path(), failing, SchemaVersion + 2);
-              }).contains(u"is as it was"));
-  EXPECT_FALSE(connection_.IsOpen());
-  EXPECT_EQ(Refusal(Path()), QString()) << "still of its former version";
-
-  OpenCatalogDatabase(connection_, Path(), good, SchemaVersion + 2);
-  EXPECT_EQ(One(u"Nuova"_qs, u"Cataloghi"_qs), u"y"_qs);
-  EXPECT_TRUE(Refusal(Path()).contains(u"newer version"));
-  // Each attempt made its copy first, under a name of its own.
-  for (const QString& name : {u"Catalog-v%1-backup.db"_qs, u"Catalog-v%1-backup-2.db"_qs}) {
-    WritingConnection copy;
-    OpenCatalogDatabase(copy, AppFile(name.arg(SchemaVersion)));
-    EXPECT_EQ(GetValue(u"NomeCatalogo"_qs, u"Cataloghi"_qs, copy, {}), u"kept"_qs);
-  }
-}
-
 // With all that is in it; what is made of it any SQLite tool can read, check and write.
 TEST_F(DatabaseTest, TheFirstVersionBecomesTheDeliveredOne) {
   connection_.Close();
@@ -239,10 +190,18 @@ TEST_F(DatabaseTest, TheFirstVersionBecomesTheDeliveredOne) {
   EXPECT_TRUE(QDir(AppPath()).entryList({u"*backup*"_qs}).isEmpty()) << "not before it may write";
   connection_.RollbackTrans();
   connection_.Close();
+  const auto open = [&](const std::vector<Migration>& steps) {
+    OpenCatalogDatabase(connection_, Path(), steps, SchemaVersion);
+  };
+  EXPECT_TRUE(FailureOf([&] {
+                open({{2, u"DELETE FROM Prodotti; UPDATE nowhere SET x=1"_qs}});
+              }).contains(u"is as it was"));
+  EXPECT_FALSE(connection_.IsOpen());
   OpenCatalogDatabase(connection_, Path());
   EXPECT_NO_THROW(RequireOwnSchema(connection_));
   EXPECT_EQ(ContentLines(), before);
-  EXPECT_TRUE(QFile::exists(AppFile(u"Catalog-v1-backup.db"_qs)));
+  for (const QString& name : {u"Catalog-v1-backup.db"_qs, u"Catalog-v1-backup-2.db"_qs})
+    EXPECT_TRUE(QFile::exists(AppFile(name))) << "each attempt makes its copy first";
 
   connection_.Close();
   SQLite::Database plain(Path().toStdString(), SQLite::OPEN_READWRITE);
@@ -273,7 +232,7 @@ TEST_F(DatabaseTest, ABackupIsWholeOrNotThere) {
   EXPECT_FALSE(QFileInfo::exists(target + u".partial"_qs));
 }
 
-TEST_F(DatabaseTest, EveryFailureOfTheFileSystemLeavesAWholeDatabase) {
+TEST_F(DatabaseTest, AFullDiskLeavesAWholeDatabase) {
   // The limit on the file's growth fails the n-th page that a transaction writes.
   const int catalog = AddCatalog(u"c"_qs);
   for (int i = 0; i < 50; ++i) AddProduct(catalog, u"p%1"_qs.arg(i));
@@ -283,14 +242,11 @@ TEST_F(DatabaseTest, EveryFailureOfTheFileSystemLeavesAWholeDatabase) {
     const QString told = FailureOf([&] {
       const FullDisk full(static_cast<unsigned long>(limit));
       Transaction transaction(connection_);
-      for (int i = 0; i < 20; ++i)
-        AddProduct(catalog, u"n%1-%2"_qs.arg(limit).arg(i).leftJustified(900, u'x'));
+      for (int i = 0; i < 20; ++i) AddProduct(catalog, u"n%1"_qs.arg(i).leftJustified(900, u'x'));
       connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto LIKE 'n%'"_qs);
       transaction.Commit();
     });
-    failures += told.isEmpty() ? 0 : 1;
-    EXPECT_TRUE(told.isEmpty() || told.startsWith(AppPath() + u" cannot be written: the disk is full"))
-        << told;
+    failures += told.startsWith(AppPath() + u" cannot be written: the disk is full") ? 1 : 0;
     EXPECT_EQ(Count(u"Prodotti"_qs), 50) << limit;
     EXPECT_TRUE(CheckDatabase(connection_).isEmpty()) << limit;
   }
@@ -303,8 +259,6 @@ TEST_F(DatabaseTest, TextsMatchWithoutRegardToCaseInEveryScriptAndSortByLocale) 
   for (const QString& other : {u"caffè-2"_qs, u"σας"_qs, u"Z"_qs, u"é"_qs, u"A"_qs})
     for (const QString& condition : {u"LIKE ?"_qs, u"=? COLLATE VORLINA_TEXT"_qs})
       EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto "_qs + condition, {other}), 1) << other;
-  AddProduct(catalog, u"caffe-2"_qs);
-  EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"CodiceProdotto LIKE 'CAFF_-%'"_qs), 2);
   QLocale::setDefault(QLocale(QLocale::Italian));
   connection_.Open(connection_.ConnectionText());
   QLocale::setDefault(QLocale::system());
@@ -314,31 +268,10 @@ TEST_F(DatabaseTest, TextsMatchWithoutRegardToCaseInEveryScriptAndSortByLocale) 
             u"A 2 p-9 P-10"_qs);
 }
 
-TEST_F(DatabaseTest, EveryConnectionHasTheSafeSettings) {
-  connection_.Open(connection_.ConnectionText());
-  const std::pair<QString, int> settings[] = {{u"synchronous"_qs, 3},
-                                              {u"foreign_keys"_qs, 1},
-                                              {u"trusted_schema"_qs, 0},
-                                              {u"mmap_size"_qs, 0},
-                                              {u"cell_size_check"_qs, 1}};
-  for (const auto& [name, value] : settings) {
-    Rows rows(connection_, u"PRAGMA "_qs + name);
-    ASSERT_TRUE(rows.Next());
-    EXPECT_EQ(rows.Value(0), value) << name;
-  }
+TEST_F(DatabaseTest, NoConnectionWritesTheSchemaOrMakesAFile) {
   EXPECT_THROW(connection_.Execute(u"SELECT \"a text in double quotes\""_qs), Error);
   connection_.Execute(u"PRAGMA writable_schema=ON"_qs);
   EXPECT_THROW(connection_.Execute(u"UPDATE sqlite_schema SET sql=''"_qs), Error);
   EXPECT_THROW(connection_.Open(ConnectionTextFor(AppFile(u"missing.db"_qs))), Error);
   EXPECT_FALSE(QFileInfo::exists(AppFile(u"missing.db"_qs)));
-}
-
-TEST_F(DatabaseTest, LookupsTellNullFromFailure) {
-  EXPECT_EQ(One(u"Valore"_qs, u"Filtri"_qs).typeId(), NullValue().typeId());
-  EXPECT_FALSE(One(u"Valore"_qs, u"nowhere"_qs).isValid());
-  EXPECT_FALSE(One(u"COUNT("_qs, u"Filtri"_qs).isValid());
-  AddCatalog(u"it's \"quoted\""_qs);
-  EXPECT_EQ(One(u"NomeCatalogo"_qs, u"cataloghi"_qs), u"it's \"quoted\""_qs);
-  connection_.Close();
-  EXPECT_FALSE(One(u"COUNT(*)"_qs, u"Filtri"_qs).isValid());
 }

@@ -23,10 +23,12 @@ class TransactionTest : public StoreFixture {
 TEST_F(TransactionTest, StepsRunOnceTheRowsAreStoredOrTakenBack) {
   {
     Transaction whole(connection_);
+    AddCatalog(u"kept"_qs);
     Enlist(whole, u"a"_qs);
     {
       const Transaction lost(connection_);
       Transaction part(connection_);
+      AddCatalog(u"lost"_qs);
       Enlist(part, u"b"_qs);
       part.Commit();
       EXPECT_EQ(done_, QStringList());
@@ -40,6 +42,7 @@ TEST_F(TransactionTest, StepsRunOnceTheRowsAreStoredOrTakenBack) {
     whole.Commit();
   }
   EXPECT_EQ(done_.join(u' '), u"-b +a +c +d"_qs);
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1) << "the whole without its part";
   done_.clear();
   {
     Transaction lost(connection_);
