@@ -111,7 +111,6 @@ TEST_F(CloneTest, ACloneIsEqualAndStandsAlone) {
       2);
   EXPECT_EQ(One(u"Immagine"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {clone, OddCode}),
             AppFile(u"Images/"_qs + Named(clone, OddCode)));
-  EXPECT_EQ(ContentOf(AppFile(u"Images/t"_qs + Named(clone, OddCode))), "picturet" + Named(OddCode).toUtf8());
   EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), files.size() + 6);
   EXPECT_EQ(Findings(), QStringList());
 
@@ -203,7 +202,6 @@ TEST_F(CloneTest, AFailureOrAStopLeavesNeitherRowsNorFiles) {
   EXPECT_EQ(Count(u"Prodotti"_qs), 5);
   EXPECT_EQ(Findings(), QStringList());
   EXPECT_EQ(RowsOf(Clone()), rows) << "and it can be done again";
-  EXPECT_NE(FailureOf([&] { CatalogClone(999, connection_).DuplicaCatalogo({}, {}); }), QString());
 }
 
 TEST_F(CloneTest, ADeletedCatalogTakesWhatIsItsOwnAndNothingElse) {

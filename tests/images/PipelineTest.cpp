@@ -23,12 +23,6 @@ class PipelineTest : public StoreFixture {
   static void Set(const QString& key, const QString& value) {
     SaveSetting(ApplicationTitle(), u"Riservati"_qs, key, value);
   }
-  ~PipelineTest() override {
-    for (const auto& [key, value] :
-         {std::pair{u"ResizeJPG"_qs, u"1"_qs}, std::pair{u"ReRenderJPG"_qs, u"1"_qs},
-          std::pair{u"ResizeTo"_qs, u"800"_qs}, std::pair{u"ReRenderQuality"_qs, u"100"_qs}})
-      Set(key, value);
-  }
   const QByteArray large_ = MakeJpeg(MakePhoto({1600, 1200}, 1));
 };
 

@@ -1,13 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-
-#include "base/AppPath.h"
-#include "base/Error.h"
-#include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "publish/PluginHost.h"
-#include "support/Language.h"
+#include "support/CatalogFixture.h"
 #include "support/Print.h"
 
 using namespace vorlina;
@@ -15,36 +8,23 @@ using namespace vorlina;
 namespace {
 
 // An application folder whose "PubWiz" holds the test plug-ins.
-class PluginHost : public testing::Test {
+class PluginHost : public CatalogFixture {
  protected:
-  PluginHost() {
-    SetLanguage(u"English"_qs);
-    EXPECT_TRUE(QFile::link(QStringLiteral(TEST_PLUGINS), folder_.filePath(u"PubWiz"_qs)));
-    SetAppPath(folder_.path());
+  PluginHost() { EXPECT_TRUE(QFile::link(QStringLiteral(TEST_PLUGINS), AppFile(u"PubWiz"_qs))); }
+  static QString Creating(const QString& identifier) {
+    return FailureOf([&] { CreatePlugin(identifier); });
   }
-
-  static QString FailureOf(const QString& identifier) {
-    try {
-      CreatePlugin(identifier);
-      return u"(none)"_qs;
-    } catch (const Error& error) {
-      return error.Description();
-    }
-  }
-
-  const QTemporaryDir folder_;
 };
 
 }  // namespace
 
 TEST_F(PluginHost, TellsWhyALibraryCannotBeUsed) {
-  WriteFileSafely(folder_.filePath(u"text"_qs), "no library at all");
-  EXPECT_EQ(FailureOf(u"Test.Good"_qs), u"(none)"_qs);
-  EXPECT_TRUE(FailureOf(u"Test.Older"_qs).contains(u"made for another version of Vorlina"));
-  EXPECT_TRUE(FailureOf(u"Test.Foreign"_qs).contains(u"is not a plug-in of Vorlina"));
-  EXPECT_TRUE(FailureOf(u"Test.Missing"_qs).contains(u"is not installed"));
+  EXPECT_EQ(Creating(u"Test.Good"_qs), QString());
+  EXPECT_TRUE(Creating(u"Test.Older"_qs).contains(u"made for another version of Vorlina"));
+  EXPECT_TRUE(Creating(u"Test.Foreign"_qs).contains(u"is not a plug-in of Vorlina"));
+  EXPECT_TRUE(Creating(u"Test.Missing"_qs).contains(u"is not installed"));
   for (const QString& name : {u""_qs, u"../../etc/passwd"_qs, u"a\\b"_qs})
-    EXPECT_TRUE(FailureOf(name).contains(u"is not the name of a plug-in")) << name;
+    EXPECT_TRUE(Creating(name).contains(u"is not the name of a plug-in")) << name;
 }
 
 TEST_F(PluginHost, PluginsAreThoseThatTheSettingsNameOrElseWhatThereIs) {

@@ -1,24 +1,17 @@
 // Starts on what a user can meet: a missing, foreign or broken database.
-#include <gtest/gtest.h>
-
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
-#include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
-#include "support/Language.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
-#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -33,28 +26,23 @@ class RecordingDialogs : public ScriptedDialogs {
   void ShowMessage(QWidget*, const QString& text, BoxStyle, const QString&) override { shown += text; }
 };
 
-class Start : public testing::Test {
+class Start : public StoreFixture {
  protected:
-  Start() {
-    SetLanguage(u"English"_qs);
-    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, QString());
-    SetAppPath(folder_.path());
-  }
-  const QTemporaryDir folder_;
-  const QString path_ = folder_.filePath(u"Catalog.db"_qs);
+  Start() { SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, QString()); }
 };
 
 }  // namespace
 
 TEST_F(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
   const QByteArray content = QByteArray("not a database ").repeated(100);
-  WriteFileSafely(path_, content);
+  connection_.Close();
+  WriteFileSafely(Path(), content);
   RecordingDialogs dialogs;
   frmCatalogs window;
   window.LoadForm();
   EXPECT_TRUE(dialogs.shown.value(0).contains(u"Catalog.db"));
   EXPECT_FALSE(window.findChild<QPushButton*>(u"cmdNew"_qs)->isEnabled());
-  QFile file(path_);
+  QFile file(Path());
   EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), content);
   // The box that tells of a failed reload gives the activation back to the window, which must not bring the
   // box again.
@@ -65,11 +53,8 @@ TEST_F(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
 
 // One box, and the list comes as soon as the other program lets go.
 TEST_F(Start, ALockIsToldOnceAndWaitedFor) {
-  MakeDatabase(path_);
-  WritingConnection other;
-  other.Open(ConnectionTextFor(path_));
-  other.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('one')"_qs);
-  other.Execute(u"BEGIN EXCLUSIVE"_qs);
+  connection_.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('one')"_qs);
+  connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
   RecordingDialogs dialogs;
   frmCatalogs window;
   {
@@ -83,11 +68,11 @@ TEST_F(Start, ALockIsToldOnceAndWaitedFor) {
   const auto* create = window.findChild<QPushButton*>(u"cmdNew"_qs);
   EXPECT_FALSE(create->isEnabled()) << "it would have nowhere to store";
   window.findChild<QTimer*>(u"retry"_qs)->start(0);
-  other.RollbackTrans();
+  connection_.RollbackTrans();
   EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 1; }));
   EXPECT_TRUE(create->isEnabled());
   // While the list is up a lock leaves it as it is.
-  other.Execute(u"BEGIN EXCLUSIVE"_qs);
+  connection_.Execute(u"BEGIN EXCLUSIVE"_qs);
   EXPECT_NO_THROW(static_cast<QObject&>(window).event(&activate));
   EXPECT_EQ(list->count(), 1);
   EXPECT_EQ(dialogs.shown.filter(u"database"_qs).size(), 1);
@@ -95,7 +80,7 @@ TEST_F(Start, ALockIsToldOnceAndWaitedFor) {
 
 // A window that shows a box while it is closed already: keys come faster than the window system moves the
 // focus, and the activation of a window comes after its end.
-TEST_F(Start, AClosedWindowTakesNoInputAndOutlivesTheBoxThatItShows) {
+TEST(ClosedWindow, TakesNoInputAndOutlivesTheBoxThatItShows) {
   struct Window : QWidget {
     int keys = 0;
     std::function<void()> activated;

@@ -103,7 +103,6 @@ TEST_F(SkinTest, TheStandardSkinCanAlwaysBeChosenAgain) {
   EXPECT_EQ(Installing(path), QString());
   EXPECT_EQ(vlhtml::Skins(host_).join(u' '), u"Standard Standard-2"_qs);
   EXPECT_THROW(vlhtml::UseSkin(u"Standard"_qs, host_), std::runtime_error) << "it is not there";
-  EXPECT_TRUE(vlhtml::CurrentSkin(host_).endsWith(u"/Standard-2"));
   for (const QString& name : standard_.keys())
     Write(host_.deliveredFolder + u"/PubWiz/VLHTML.HTML/Skins/Standard/"_qs + name, standard_[name]);
   vlhtml::UseSkin(u"Standard"_qs, host_);
