@@ -4,22 +4,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QScrollBar>
-#include <QTest>
 #include <QVBoxLayout>
 
-#include "grid/DataGrid.h"
+#include "grid/GridHands.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
 #include "support/WritingConnection.h"
 
 namespace vorlina {
 
-class ShownGrid : public StoreFixture {
+class ShownGrid : public StoreFixture, public GridHands {
  protected:
   ShownGrid() {
     connection_.Execute(
@@ -66,11 +61,8 @@ class ShownGrid : public StoreFixture {
             {.key = u"Active"_qs, .caption = u"Active"_qs, .kind = ColumnKind::Boolean}};
   }
 
-  // To whatever has the focus.
-  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(window_.windowHandle(), Qt::Key(key), modifiers);
-    QCoreApplication::processEvents();
-  }
+  QWidget& Window() const override { return window_; }
+  DataGrid& Grid() const override { return *grid_; }
   void Type(const QString& text) {
     for (const QChar letter : text) QTest::keyClick(window_.windowHandle(), letter.toLatin1());
     QCoreApplication::processEvents();
@@ -80,58 +72,14 @@ class ShownGrid : public StoreFixture {
     grid_->GoTo(grid_->CurrentRow());
     QCoreApplication::processEvents();
   }
-  QPoint PointOf(int row, const QString& key) const {
-    const QModelIndex cell = grid_->model()->index(row, Row().ColumnOf(key));
-    return grid_->viewport()->mapTo(&window_, grid_->visualRect(cell).center());
-  }
   QPoint StripOf(int row) const {
     const QRect strip = grid_->verticalHeader()->geometry();
     return grid_->mapTo(&window_, QPoint(strip.center().x(), 0)) +
            QPoint(0, PointOf(row, u"Name"_qs).y() - grid_->y());
   }
-  void Press(const QPoint& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::mousePress(window_.windowHandle(), Qt::LeftButton, modifiers, point);
-  }
-  void Move(const QPoint& point) {
-    QTest::mouseMove(window_.windowHandle(), point);
-    QCoreApplication::processEvents();
-  }
-  void Release(const QPoint& point) {
-    QTest::mouseRelease(window_.windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
-    QCoreApplication::processEvents();
-  }
-  void Click(const QPoint& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-             Qt::MouseButton button = Qt::LeftButton) {
-    QTest::mouseClick(window_.windowHandle(), button, modifiers, point);
-    QCoreApplication::processEvents();
-  }
-  void Click(int row, const QString& key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    Click(PointOf(row, key), modifiers);
-  }
-  // Presses on the point and drags in small steps to the other; the button stays down.
-  void DragTo(const QPoint& from, const QPoint& to) {
-    Press(from);
-    for (int step = 1; step <= 5; ++step) Move(from + (to - from) * step / 5);
-  }
-
   RecordsetModel& Row() const { return grid_->Rows(); }
-  // The open editor, or null.
-  QWidget* Editor() const {
-    QWidget* found = nullptr;
-    for (QWidget* editor : grid_->viewport()->findChildren<QWidget*>(u"editor"_qs))
-      if (editor->isVisible()) found = editor;
-    return found;
-  }
-  QString Typed() const {
-    QWidget* editor = Editor();
-    if (auto* combo = qobject_cast<QComboBox*>(editor)) return combo->currentText();
-    auto* line = qobject_cast<QLineEdit*>(editor);
-    return line != nullptr ? line->text() : u"no editor"_qs;
-  }
+  QString Typed() const { return Editor() != nullptr ? Editor()->text() : u"no editor"_qs; }
   QString Where() const { return u"%1 %2"_qs.arg(grid_->CurrentRow()).arg(grid_->CurrentKey()); }
-  QString Shown(int row, const QString& key) const {
-    return grid_->model()->index(row, Row().ColumnOf(key)).data().toString();
-  }
   QString Names() const {
     QStringList names;
     for (int row = 0; row < Row().RecordCount(); ++row) names += Shown(row, u"Name"_qs);
@@ -148,7 +96,7 @@ class ShownGrid : public StoreFixture {
 
   WritingConnection second_;
   Recordset people_;
-  QWidget window_;
+  mutable QWidget window_;
   DataGrid* grid_;
   QLineEdit* other_;
   QStringList failures_;

@@ -41,17 +41,6 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   EXPECT_EQ(Shown(AddNewRow(), Code), u"8"_qs);
 }
 
-TEST_F(GridEditing, TheFirstProductOfAnEmptyCatalog) {
-  Open();
-  EXPECT_EQ(Shown(0, Code) + u' ' + Shown(0, u"Ordine"_qs), u"1 1"_qs);
-  Key(Qt::Key_X);
-  ASSERT_NE(Editor(), nullptr) << "typed into at once";
-  Type(0, Description, u"only"_qs);
-  EXPECT_EQ(Count(u"Prodotti"_qs), 0) << "not before the row is left";
-  EXPECT_TRUE(Close());
-  EXPECT_EQ(Stored(u"x"_qs, u"Descrizione"_qs), u"only"_qs);
-}
-
 TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {
   Name(u"NomeFiltro1"_qs, u"Colour"_qs);
   AddProducts({u"a"_qs, u"b"_qs});
@@ -115,15 +104,4 @@ TEST_F(GridEditing, DeletesWhatIsSelectedAfterOneQuestion) {
   dialogs_.ExpectQuestion(question, true);
   Find<QAction>(u"cmdDelete"_qs)->trigger();
   EXPECT_EQ(Codes(), u"a"_qs) << "the toolbar deletes the row that is current";
-}
-
-TEST_F(GridEditing, KeepsLongTextsWhole) {
-  AddProducts({u"a"_qs, u"b"_qs});
-  Open();
-  const QString longText = u"Ünï 🙂 "_qs.repeated(100'000 / 7);
-  Change(0, Description, longText);
-  EXPECT_EQ(Stored(u"a"_qs, Description), longText);
-  grid_->GoTo(0, Description);
-  Key(Qt::Key_F2);
-  EXPECT_EQ(Editor()->text(), longText) << "the cell shows a part, its editor all";
 }

@@ -1,4 +1,5 @@
 // Products' pictures in the grid: dropped files, and how they follow their product.
+#include <QDialog>
 #include <QFrame>
 
 #include "GridWindowFixture.h"
@@ -29,16 +30,13 @@ class GridPictures : public GridWindow {
   QStringList StateOf(int catalog) {
     QStringList state;
     for (const QString& sql :
-         {u"SELECT CodiceProdotto,Descrizione,OrdineTemp,Pubblica,SchedaTecnica,Immagine FROM Prodotti"_qs,
-          u"SELECT 'Immagini',CodiceProdotto FROM Immagini"_qs,
-          u"SELECT 'SchedeTecniche',CodiceProdotto FROM SchedeTecniche"_qs,
-          u"SELECT CodiceProdotto,IDExtension,Valore FROM PExtension"_qs}) {
-      vorlina::Rows rows(connection_, sql + u" WHERE IDCatalogo=? ORDER BY 1,2"_qs, {catalog});
-      while (rows.Next()) {
-        QStringList values;
-        for (int i = 0; i < rows.ColumnCount(); ++i) values += rows.Value(i).toString();
-        state += values.join(u'|').replace(CatalogPrefix(catalog), u"#-"_qs);
-      }
+         {u"CodiceProdotto,Descrizione,OrdineTemp,Pubblica,SchedaTecnica,Immagine) FROM Prodotti"_qs,
+          u"'Immagini',CodiceProdotto) FROM Immagini"_qs,
+          u"'SchedeTecniche',CodiceProdotto) FROM SchedeTecniche"_qs,
+          u"CodiceProdotto,IDExtension,Valore) FROM PExtension"_qs}) {
+      vorlina::Rows rows(connection_, u"SELECT json_array("_qs + sql + u" WHERE IDCatalogo=? ORDER BY 1"_qs,
+                         {catalog});
+      while (rows.Next()) state += rows.Value(0).toString().replace(CatalogPrefix(catalog), u"#-"_qs);
     }
     for (const auto& [name, content] : FilesIn(AppFile(u"Images"_qs)))
       if (name.contains(CatalogPrefix(catalog)))
@@ -104,16 +102,42 @@ TEST_F(GridPictures, TheGridLeavesWhatTheStoreLeaves) {
 
 TEST_F(GridPictures, APressOnThePictureShowsItUntilThePointerLeaves) {
   AddProducts({u"a"_qs, u"b"_qs});
-  const QString picture = GivePicture(u"a"_qs, catalog_);
-  QFile::remove(ThumbnailPath(picture));
+  QFile::remove(ThumbnailPath(GivePicture(u"a"_qs, catalog_)));
   Open();
   const auto* box = Find<QFrame>(u"picExt"_qs);
-  const QString key = u"Immagine"_qs;
-  Click(0, key);
-  EXPECT_TRUE(box->isVisible()) << "without a thumbnail the picture itself";
-  Move(PointOf(0, u"Descrizione"_qs));
-  EXPECT_FALSE(box->isVisible());
-  Click(0, key);
-  Key(Qt::Key_Down);
-  EXPECT_FALSE(box->isVisible()) << "the row is not current any more";
+  const std::function<void()> ways[] = {[&] { Move(PointOf(0, Description)); }, [&] { Key(Qt::Key_Down); }};
+  for (const auto& leave : ways) {
+    Click(0, u"Immagine"_qs);
+    EXPECT_TRUE(box->isVisible()) << "without a thumbnail the picture itself";
+    leave();
+    EXPECT_FALSE(box->isVisible());
+  }
+}
+
+TEST_F(GridPictures, ADropOnADeletedProductIsTold) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='a'"_qs);
+  const QStringList files{Picture(u"x.jpg"_qs)};
+  dialogs_.ExpectMessage(u"The product was deleted meanwhile by another window or program."_qs,
+                         BoxStyle::Stop);
+  DropFiles(0, files);
+  EXPECT_EQ(dialogs_.Left(), 0);
+  DropFiles(0, files);
+  EXPECT_EQ(Stored(u"b"_qs, u"Immagine"_qs), MainImagePath(catalog_, u"b"_qs));
+}
+
+TEST_F(GridPictures, ADropWaitsUntilABoxIsAnswered) {
+  AddProducts({u"a"_qs});
+  Open();
+  QDialog box(window_);
+  box.setObjectName(u"box"_qs);
+  UnexpectedModalGuard::allowed = QStringList{box.objectName()};
+  box.setModal(true);
+  QObject::connect(grid_, &DataGrid::FilesDropped, &box, &QDialog::show);
+  DropFiles(0, {Picture(u"x.jpg"_qs)});
+  EXPECT_EQ(Stored(u"a"_qs, u"Immagine"_qs), QString());
+  box.close();
+  UnexpectedModalGuard::allowed.clear();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !Stored(u"a"_qs, u"Immagine"_qs).isEmpty(); }));
 }

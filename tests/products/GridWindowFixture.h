@@ -3,19 +3,14 @@
 #pragma once
 
 #include <QAction>
-#include <QComboBox>
-#include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QRegularExpression>
-#include <QTest>
 #include <memory>
 #include <vector>
 
-#include "base/Helpers.h"
+#include "grid/GridHands.h"
 #include "products/WidgetProductGrid.h"
 #include "products/frmEditCatalog.h"
 #include "support/CatalogFixture.h"
@@ -28,7 +23,7 @@ namespace vorlina {
 inline const QString Code = QStringLiteral("Codice");
 inline const QString Description = QStringLiteral("Descrizione");
 
-class GridWindow : public CatalogFixture {
+class GridWindow : public CatalogFixture, public GridHands {
  protected:
   GridWindow() : catalog_(AddCatalog(u"Catalog"_qs)) {}
 
@@ -74,21 +69,10 @@ class GridWindow : public CatalogFixture {
     return closed;
   }
 
-  // A key to whatever has the focus.
-  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-    QTest::keyClick(window_->windowHandle(), Qt::Key(key), modifiers);
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-  QLineEdit* Editor() const {
-    for (QWidget* editor : grid_->viewport()->findChildren<QWidget*>(u"editor"_qs)) {
-      auto* combo = qobject_cast<QComboBox*>(editor);
-      if (editor->isVisible()) return combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(editor);
-    }
-    return nullptr;
-  }
-  // Types over what the cell holds, and leaves the editor open.
-  void Begin(int row, const QString& key, const QString& text) const {
+  QWidget& Window() const override { return *window_; }
+  DataGrid& Grid() const override { return *grid_; }
+  // Types over what the cell holds, which takes it: the row stays in edit.
+  void Type(int row, const QString& key, const QString& text) const {
     EXPECT_TRUE(grid_->GoTo(row, key));
     Key(Qt::Key_F2);
     QLineEdit* line = Editor();
@@ -99,10 +83,6 @@ class GridWindow : public CatalogFixture {
     QInputMethodEvent event;
     event.setCommitString(text);
     QCoreApplication::sendEvent(line, &event);
-  }
-  // The same, then the cell takes it: the row stays in edit.
-  void Type(int row, const QString& key, const QString& text) const {
-    Begin(row, key, text);
     grid_->GoTo(row);
   }
   // Types into a cell and goes to the row above or below, which writes it.
@@ -111,38 +91,16 @@ class GridWindow : public CatalogFixture {
     Key(row == 0 ? Qt::Key_Down : Qt::Key_Up);
   }
 
-  QPoint PointOf(int row, const QString& key) const {
-    const QModelIndex cell = Rows().index(row, Rows().ColumnOf(key));
-    return grid_->viewport()->mapTo(window_, grid_->visualRect(cell).center());
-  }
   QPoint HeadOf(const QString& key) const {
     const QHeaderView& head = *grid_->horizontalHeader();
     const int column = Rows().ColumnOf(key);
     return head.viewport()->mapTo(
         window_, QPoint(head.sectionViewportPosition(column) + head.sectionSize(column) / 2, 5));
   }
-  void Click(const QPoint& point, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-             Qt::MouseButton button = Qt::LeftButton) const {
-    QTest::mouseClick(window_->windowHandle(), button, modifiers, point);
-    QCoreApplication::processEvents();
-  }
-  void Click(int row, const QString& key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-    Click(PointOf(row, key), modifiers);
-  }
-  void Move(const QPoint& point) const {
-    QTest::mouseMove(window_->windowHandle(), point);
-    QCoreApplication::processEvents();
-  }
-  void Release(const QPoint& point) const {
-    QTest::mouseRelease(window_->windowHandle(), Qt::LeftButton, {}, point);
-    QCoreApplication::processEvents();
-  }
   // Selects rows, counted from 1, as with Ctrl, and drags them by the first of them.
   void Drag(const QList<int>& rows, const QPoint& to) const {
     Select(rows);
-    const QPoint from = PointOf(rows.first() - 1, Code);
-    QTest::mousePress(window_->windowHandle(), Qt::LeftButton, {}, from);
-    for (int step = 1; step <= 4; ++step) Move(from + (to - from) * step / 4 + QPoint(20, 0));
+    DragTo(PointOf(rows.first() - 1, Code), to);
     Release(to);
   }
   void Drag(const QList<int>& rows, int to) const { Drag(rows, PointOf(to - 1, Code)); }
@@ -152,17 +110,9 @@ class GridWindow : public CatalogFixture {
       Click(rows[i] - 1, Code, i == 0 ? Qt::NoModifier : Qt::ControlModifier);
   }
   void DropFiles(int row, const QStringList& paths) const {
-    QMimeData data;
     QList<QUrl> urls;
     for (const QString& path : paths) urls += QUrl::fromLocalFile(path);
-    data.setUrls(urls);
-    const QPoint at = grid_->visualRect(Rows().index(row, 0)).center();
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(grid_->viewport(), &enter);
-    if (!enter.isAccepted()) return;
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(grid_->viewport(), &drop);
-    QCoreApplication::processEvents();
+    GridHands::DropFiles(row, urls);
   }
 
   template <class T>
@@ -181,9 +131,6 @@ class GridWindow : public CatalogFixture {
   }
 
   RecordsetModel& Rows() const { return grid_->Rows(); }
-  QString Shown(int row, const QString& key) const {
-    return Rows().index(row, Rows().ColumnOf(key)).data().toString();
-  }
   // The codes from above, without the add-new row.
   QString Codes() const {
     QStringList codes;

@@ -44,14 +44,7 @@ TEST_F(PictureImportTest, EveryPictureBecomesAProduct) {
   for (const QString& name : {u"10 porta.JPG"_qs, u"2 porta.jpg"_qs, u"L'anta \"blu\".Jpg"_qs,
                               u"ドア; DROP TABLE--.jpg"_qs, u"🚪 50%_.jpg"_qs, u"a.b\\c.jpg"_qs})
     Put(name);
-  PictureImport import = Import();
-  QStringList told;
-  EXPECT_TRUE(import.Run([&](qint64 done, qint64 total, const QString& step) {
-    told += u"%1/%2 %3"_qs.arg(done).arg(total).arg(step);
-    EXPECT_EQ(Count(u"Prodotti"_qs), done);
-    return true;
-  }));
-  EXPECT_EQ(told.first() + told.last(), u"0/6 10 porta.JPG6/6 ");
+  EXPECT_EQ(RunToItsEnd(), QString());
   EXPECT_EQ(Descriptions(),
             (QStringList{u"1 10 porta"_qs, u"2 2 porta"_qs, u"3 a.b\\c"_qs, u"4 L'anta \"blu\""_qs,
                          u"5 ドア; DROP TABLE--"_qs, u"6 🚪 50%_"_qs}));
@@ -91,31 +84,26 @@ TEST_F(PictureImportTest, AStopTakesEffectBeforeTheNextPicture) {
 }
 
 TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
-  struct Case {
-    const char* name;
-    std::function<void(const QString&)> spoil;
-  };
-  std::vector<Case> cases = {
+  std::vector<std::pair<const char*, std::function<void(const QString&)>>> cases = {
       {"empty", [](const QString& path) { WriteFileSafely(path, QByteArray()); }},
-      {"truncated", [this](const QString& path) { WriteFileSafely(path, photo_.left(photo_.size() - 500)); }},
-      {"gone", [](const QString& path) { QFile::remove(path); }},
+      {"cut", [this](const QString& path) { WriteFileSafely(path, photo_.chopped(500)); }},
       {"a pipe by now", [](const QString& path) {
          QFile::remove(path);
          ::mkfifo(QFile::encodeName(path).constData(), 0600);
        }}};
   // Root may read everything.
   if (::geteuid() != 0)
-    cases.push_back({"unreadable", [](const QString& path) { QFile::setPermissions(path, {}); }});
+    cases.emplace_back("unreadable", [](const QString& path) { QFile::setPermissions(path, {}); });
   int before = 0;
-  for (const Case& one : cases) {
-    for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs, u"c.jpg"_qs}) Put(name);
+  for (const auto& [name, spoil] : cases) {
+    for (const QString& file : {u"a.jpg"_qs, u"b.jpg"_qs, u"c.jpg"_qs}) Put(file);
     PictureImport import = Import();
-    one.spoil(Outside(u"b.jpg"_qs));
+    spoil(Outside(u"b.jpg"_qs));
     const QString failure = FailureOf([&] { import.Run({}); });
-    EXPECT_TRUE(failure.contains(u"b.jpg cannot be read: "_qs)) << one.name << ": " << failure;
-    EXPECT_EQ(import.Imported(), 1) << one.name;
-    EXPECT_EQ(Count(u"Prodotti"_qs), ++before) << one.name;
-    EXPECT_EQ(Findings(), QStringList()) << one.name;
+    EXPECT_TRUE(failure.contains(u"b.jpg cannot be read: "_qs)) << name << ": " << failure;
+    EXPECT_EQ(import.Imported(), 1) << name;
+    EXPECT_EQ(Count(u"Prodotti"_qs), ++before) << name;
+    EXPECT_EQ(Findings(), QStringList()) << name;
     QFile::remove(Outside(u"b.jpg"_qs));
   }
 }
@@ -128,9 +116,6 @@ TEST_F(PictureImportTest, WhereNothingCanBeWrittenThereIsNoRow) {
   }
   EXPECT_EQ(Count(u"Prodotti"_qs), 0);
   EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0U) << "no half-written file";
-  QDir(AppFile(u"Images"_qs)).removeRecursively();
-  EXPECT_TRUE(RunToItsEnd().contains(u"cannot be written"_qs)) << "no folder to write to";
-  EXPECT_EQ(Count(u"Prodotti"_qs), 0);
 }
 
 TEST_F(PictureImportTest, ARowThatIsRefusedLeavesNoPicture) {

@@ -2,13 +2,11 @@
 // of it or nothing. A read that fails is told as what it is.
 #include <QLoggingCategory>
 
-#include "base/Error.h"
 #include "store/CatalogDatabase.h"
 #include "store/Recordset.h"
-#include "store/Transaction.h"
+#include "support/CatalogFixture.h"
 #include "support/FaultVfs.h"
 #include "support/Print.h"
-#include "support/StoreFixture.h"
 #include "support/WritingConnection.h"
 
 using namespace vorlina;
@@ -17,7 +15,7 @@ namespace {
 
 constexpr int MostCalls = 2000;
 
-class FaultTest : public StoreFixture {
+class FaultTest : public CatalogFixture {
  protected:
   FaultTest() {
     // A rollback on a failing disk is told to the log, here many times over.
@@ -45,7 +43,7 @@ class FaultTest : public StoreFixture {
 
   // Runs the step on a fresh copy with each call failing in turn.
   void FailEachCall(const std::function<void()>& step) {
-    const QByteArray original = Bytes();
+    const QByteArray original = ContentOf(Path());
     const QString before = Content();
     step();
     const QString after = Content();
@@ -74,17 +72,10 @@ class FaultTest : public StoreFixture {
     }
   }
 
-  QByteArray Bytes() {
-    QFile file(Path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-
   void Restore(const QByteArray& original) {
     QDir files(folder_.path());
     for (const QString& name : files.entryList(QDir::Files)) files.remove(name);
-    QFile file(Path());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(original);
+    WriteFileSafely(Path(), original);
   }
 };
 
