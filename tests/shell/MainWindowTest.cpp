@@ -151,6 +151,30 @@ TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
   Press(u"cmdEdit"_qs);
 }
 
+TEST_F(MainWindow, AClickOnTheSelectedLabelRenamesUnlessSomethingElseBegins) {
+  const int interval = QApplication::doubleClickInterval();
+  QApplication::setDoubleClickInterval(1);
+  Open();
+  Catalogs()->setFocus();
+  const auto click = [this] {
+    QTest::mouseClick(Catalogs()->viewport(), Qt::LeftButton, {},
+                      Catalogs()->visualItemRect(Catalogs()->currentItem()).center());
+  };
+  click();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Editor() != nullptr; }));
+  QTest::keyClick(Editor(), Qt::Key_Escape);
+  Settle();
+  click();
+  dialogs_.ExpectQuestion(u"Do you want to delete selected catalog and its images?"_qs, false);
+  Press(u"cmdDelete"_qs);
+  // A timer that began later ends later: by then the editor would be open.
+  bool passed = false;
+  QTimer::singleShot(2, [&] { passed = true; });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return passed; }));
+  EXPECT_EQ(Editor(), nullptr);
+  QApplication::setDoubleClickInterval(interval);
+}
+
 TEST_F(MainWindow, PluginsThatMisbehaveAreToldAndTheOthersWork) {
   UsePlugins(u"Test.Missing;Test.Throws;Test.Good"_qs);
   for (int step = 0; step < 6; ++step) dialogs_.ExpectMessage(u"Error instancing dll: Test.Missing"_qs);
