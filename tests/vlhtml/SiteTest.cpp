@@ -7,6 +7,8 @@
 #include <QThread>
 #include <csignal>
 
+#include "CatalogLanguage.h"
+#include "CatalogSnapshot.h"
 #include "PublishedNames.h"
 #include "SiteFixture.h"
 #include "support/FullDisk.h"
@@ -55,6 +57,15 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
     EXPECT_EQ(QString::fromUtf8(files[file.key()]), QString::fromUtf8(file.value())) << file.key();
 }
 
+TEST_F(SiteTest, ProductsWithoutANumberStandLastAndAsTheyCame) {
+  connection_.Execute(u"UPDATE Prodotti SET OrdineTemp=NULL WHERE CodiceProdotto<>'D/..\\x'"_qs);
+  PluginConnection connection(connection_);
+  QStringList codes;
+  for (const vlhtml::Product& product : vlhtml::ReadSnapshot(connection, 1, false).products)
+    codes += product.code;
+  EXPECT_EQ(codes, (QStringList{u"D/..\\x"_qs, u"B-1"_qs, u"A-1"_qs}));
+}
+
 TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
   EXPECT_GT(Publish().written, 5);
   EXPECT_EQ(Publish().written, 0);
@@ -95,6 +106,22 @@ TEST_F(SiteTest, WhatAPageShowsIsNeverStale) {
   connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=1 WHERE CodiceProdotto='A-1'"_qs);
   Publish();
   EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Rosso 2;"));
+}
+
+TEST_F(SiteTest, ControlCharactersAreLeftOut) {
+  connection_.Execute(
+      u"UPDATE Prodotti SET Descrizione='a'||char(1,27,127,133,65535)||'b' WHERE CodiceProdotto='B-1'"_qs);
+  Publish();
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("<h1>ab</h1>"));
+}
+
+TEST_F(SiteTest, TheLanguageIsGuessedFromTheTexts) {
+  PluginConnection connection(connection_);
+  EXPECT_TRUE(vlhtml::LooksItalian(connection, 1, false));
+  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Bowl of the sea with a lid'"_qs);
+  EXPECT_FALSE(vlhtml::LooksItalian(connection, 1, true));
+  for (const bool otherwise : {false, true})
+    EXPECT_EQ(vlhtml::LooksItalian(connection, 2, otherwise), otherwise) << "there are no texts";
 }
 
 TEST_F(SiteTest, FilesOfTheUserStayAndAreNotOverwritten) {
