@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <map>
 
+#include <lcms2.h>
+
 #include "base/Error.h"
 #include "base/SafeFile.h"
 #include "images/PictureRendering.h"
@@ -40,6 +42,45 @@ double Difference(const QImage& a, const QImage& b) {
       sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
     }
   return sum / (3.0 * a.width() * a.height());
+}
+
+QByteArray Saved(cmsHPROFILE profile) {
+  cmsUInt32Number size = 0;
+  cmsSaveProfileToMem(profile, nullptr, &size);
+  QByteArray bytes(qsizetype(size), '\0');
+  cmsSaveProfileToMem(profile, bytes.data(), &size);
+  cmsCloseProfile(profile);
+  return bytes;
+}
+
+// A profile for inks, made of a table as those of printers are: the plain formula, with red and blue in each
+// other's place.
+QByteArray InkProfile() {
+  cmsHPROFILE srgb = cmsCreate_sRGBProfile();
+  cmsHPROFILE lab = cmsCreateLab2Profile(nullptr);
+  cmsHTRANSFORM toLab =
+      cmsCreateTransform(srgb, TYPE_RGB_16, lab, TYPE_LabV2_16, INTENT_RELATIVE_COLORIMETRIC, 0);
+  const auto colour = [](const cmsUInt16Number in[], cmsUInt16Number out[],
+                         void* transform) -> cmsInt32Number {
+    cmsUInt16Number rgb[3];
+    for (int i = 0; i < 3; ++i) rgb[2 - i] = cmsUInt16Number((65535 - in[i]) * (65535.0 - in[3]) / 65535);
+    cmsDoTransform(transform, rgb, out, 1);
+    return 1;
+  };
+  cmsStage* table = cmsStageAllocCLut16bit(nullptr, 17, 4, 3, nullptr);
+  cmsStageSampleCLut16bit(table, colour, toLab, 0);
+  cmsPipeline* pipeline = cmsPipelineAlloc(nullptr, 4, 3);
+  cmsPipelineInsertStage(pipeline, cmsAT_END, table);
+  cmsHPROFILE profile = cmsCreateProfilePlaceholder(nullptr);
+  cmsSetProfileVersion(profile, 2.4);
+  cmsSetDeviceClass(profile, cmsSigOutputClass);
+  cmsSetColorSpace(profile, cmsSigCmykData);
+  cmsSetPCS(profile, cmsSigLabData);
+  cmsWriteTag(profile, cmsSigAToB0Tag, pipeline);
+  cmsPipelineFree(pipeline);
+  cmsDeleteTransform(toLab);
+  for (cmsHPROFILE each : {lab, srgb}) cmsCloseProfile(each);
+  return Saved(profile);
 }
 
 QString FailureOf(const QByteArray& jpeg) {
@@ -113,10 +154,13 @@ TEST(Rendering, ColoursOfAProfileBecomeSrgb) {
   pure.setColorSpace(QColorSpace(QColorSpace::SRgb));
   const QImage inWide = pure.convertedToColorSpace(wide);
   ASSERT_GT(Difference(inWide, pure), 9) << "left as it was, it would be seen";
+  const QByteArray inks = InkProfile();
   for (const auto& [stored, form, expected] :
        {std::tuple{inWide, JpegForm{.across = 1, .down = 1, .icc = wide.iccProfile()}, pure},
         {inWide, {.colours = Colours::Rgb, .icc = wide.iccProfile()}, pure},
         {photo, {.colours = Colours::Cmyk, .icc = wide.iccProfile()}, photo},
+        {photo, {.colours = Colours::Cmyk, .icc = inks}, photo.rgbSwapped()},
+        {photo, {.icc = inks}, photo},
         {photo, {.icc = QByteArray(200, 'x')}, photo}}) {
     const QByteArray jpeg = MakeJpeg(stored, form);
     EXPECT_LT(Difference(Decoded(RenderAgain(jpeg, 100)), expected), 6);
@@ -124,6 +168,13 @@ TEST(Rendering, ColoursOfAProfileBecomeSrgb) {
     WriteFileSafely(folder.filePath(u"p.jpg"_qs), jpeg);
     EXPECT_LT(Difference(LoadPicture(folder.filePath(u"p.jpg"_qs), stored.size()), expected), 6);
   }
+  // Grey samples that are amounts of light.
+  QImage grey({64, 64}, QImage::Format_RGB32);
+  grey.fill(QColor(128, 128, 128));
+  cmsToneCurve* curve = cmsBuildGamma(nullptr, 1);
+  const JpegForm linear{.colours = Colours::Grey, .icc = Saved(cmsCreateGrayProfile(cmsD50_xyY(), curve))};
+  cmsFreeToneCurve(curve);
+  EXPECT_NEAR(qRed(Decoded(RenderAgain(MakeJpeg(grey, linear), 100)).pixel(32, 32)), 188, 2);
 }
 
 TEST(Rendering, NothingButThePictureSurvives) {
