@@ -230,6 +230,23 @@ TEST_F(CloneTest, ADeletedCatalogTakesWhatIsItsOwnAndNothingElse) {
     EXPECT_EQ(Count(table), 0) << table;
 }
 
+TEST_F(CloneTest, ACommitThatFailsNeitherLeavesNorTakesFiles) {
+  AddWholeProduct(OddCode);
+  const auto files = FilesIn(AppFile(u"Images"_qs));
+  connection_.Execute(
+      u"CREATE TEMP TABLE Late (i INTEGER REFERENCES Missing (i) DEFERRABLE INITIALLY DEFERRED)"_qs);
+  connection_.Execute(u"CREATE TEMP TABLE Missing (i INTEGER PRIMARY KEY)"_qs);
+  for (const QString& event : {u"UPDATE OF Immagine ON main.Immagini"_qs, u"DELETE ON main.Cataloghi"_qs})
+    connection_.Execute(
+        u"CREATE TEMP TRIGGER \"Behind %1\" AFTER %1 BEGIN INSERT INTO Late VALUES (1); END"_qs.arg(event));
+  const QString refused = u"The row refers to a catalog or a product that no longer exists."_qs;
+  EXPECT_EQ(FailureOf([&] { Clone(); }), refused);
+  EXPECT_EQ(FailureOf([&] { DeleteCatalog(catalog_, connection_); }), refused);
+  EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  EXPECT_FALSE(connection_.InTransaction());
+}
+
 // The disk fails in the last sync of a commit, when what was written is done already.
 TEST_F(CloneTest, WhatIsToldAfterAFailingLastSyncAgreesWithRowsAndFiles) {
   AddWholeProduct(OddCode);
