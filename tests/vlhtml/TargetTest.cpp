@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <functional>
 
+#include "Crew.h"
 #include "FolderLock.h"
+#include "JpegHead.h"
 #include "Manifest.h"
 #include "SiteFixture.h"
 
@@ -214,6 +216,18 @@ TEST_F(TargetTest, RightsThatAreMissingLeaveTheSiteAndWhatCannotBeDeletedIsTried
   EXPECT_FALSE(QFileInfo::exists(images + u"/p-a-1.jpg"_qs));
 }
 
+TEST_F(TargetTest, WhereNothingCanBeWrittenBesideItIsMadeInside) {
+  const QString parent = folder_.filePath(u"parent"_qs);
+  const QDir site(parent + u"/site"_qs);
+  QDir().mkpath(site.path());
+  const Unprivileged nobody(folder_.path());
+  SetRights(parent, 0555);
+  EXPECT_EQ(Publishing(1, site.path()), QString());
+  EXPECT_TRUE(site.exists(u"index.html"_qs));
+  EXPECT_EQ(site.entryList({u".*"_qs}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+  SetRights(parent, 0755);
+}
+
 TEST_F(TargetTest, ASecondPublisherIsTold) {
   QDir().mkpath(target_);
   {
@@ -236,4 +250,31 @@ TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
   }
   EXPECT_EQ(Publishing(1, target_), QString());
   EXPECT_TRUE(Files(target_) == before);
+}
+
+TEST_F(TargetTest, AnExceptionLeavesNoThreadBehind) {
+  OnReport progress([](const QString& step) {
+    if (step.startsWith(u"Writing")) throw std::runtime_error("enough");
+  });
+  EXPECT_EQ(Publishing(1, target_, progress), u"enough"_qs);
+  EXPECT_FALSE(QFileInfo::exists(target_));
+  const auto failing = [](std::size_t i) {
+    if (i == 5) throw std::runtime_error("five");
+  };
+  EXPECT_THROW(vlhtml::DoTogether(
+                   100, [&]() -> vlhtml::Work { return failing; }, [](int) { return true; }),
+               std::runtime_error);
+}
+
+TEST(JpegHead, HasTheSizeOfThePictureBehindWhateverStandsBefore) {
+  const QByteArray segment = QByteArray("\xff\xe1\x01\x02") + QByteArray(256, '\xff');
+  const QByteArray frame("\xff\xc2\x00\x11\x08\x01\x02\x03\x04\x03", 10);
+  const QTemporaryDir folder;
+  for (const auto& [before, size] : {std::pair{segment.repeated(3), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xff\xff\x01stray"), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xc4\x00\x04\x01\x02", 6), QSize(0x304, 0x102)},
+                                     {QByteArray("\xff\xda"), QSize()}}) {
+    Write(folder.filePath(u"x.jpg"_qs), "\xff\xd8" + before + frame);
+    EXPECT_EQ(vlhtml::JpegSize(folder.filePath(u"x.jpg"_qs)), size) << before.toHex().constData();
+  }
 }
