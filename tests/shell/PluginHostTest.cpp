@@ -16,6 +16,24 @@ class PluginHost : public CatalogFixture {
   }
 };
 
+// A plug-in whose operations fail as told: by 'p' the picture, 'n' the name, 'd' the description.
+class FakePlugin : public IVorlinaPlugin {
+ public:
+  explicit FakePlugin(QString fails) : fails_(std::move(fails)) {}
+  QString GetPluginName() override { return Unless(u'n', u"Name"_qs); }
+  QIcon GetPluginIcon() override { return Unless(u'p', {}), QIcon(); }
+  QVariant Publish(IVorlinaConnection&, int&) override { return {}; }
+  QString GetPluginDescription() override { return Unless(u'd', u"Description"_qs); }
+  QVariant InstallSkin(QString&) override { return {}; }
+
+ private:
+  QString Unless(QChar failure, const QString& text) const {
+    if (fails_.contains(failure)) throw std::runtime_error("broken");
+    return text;
+  }
+  QString fails_;
+};
+
 }  // namespace
 
 TEST_F(PluginHost, TellsWhyALibraryCannotBeUsed) {
@@ -38,4 +56,23 @@ TEST_F(PluginHost, PluginsAreThoseThatTheSettingsNameOrElseWhatThereIs) {
     EXPECT_EQ(ChosenPlugins().identifiers.join(u';'), value);
   }
   QCoreApplication::setApplicationName(title);
+}
+
+TEST_F(PluginHost, ListingTellsEachFailedStepAndGoesOn) {
+  for (const auto& [fails, failures, entries] : {std::tuple{u"p"_qs, 4, u"A=Name:Description"_qs},
+                                                 {u"n"_qs, 1, u"B=:Description A=Name:Description"_qs},
+                                                 {u"d"_qs, 1, u"B=Name: A=Name:Description"_qs}}) {
+    int told = 0;
+    const PluginListing listing = ListPlugins(
+        {{u"B"_qs, u"A"_qs}, true},
+        [&fails = fails](const QString& identifier) {
+          return std::make_unique<FakePlugin>(identifier == u"B" ? fails : QString());
+        },
+        [&](const QString&) { ++told; });
+    QStringList listed;
+    for (const PluginEntry& entry : listing.entries)
+      listed += entry.identifier + u'=' + entry.name + u':' + entry.description;
+    EXPECT_EQ(told, failures) << fails;
+    EXPECT_EQ(listed.join(u' '), entries) << fails;
+  }
 }
