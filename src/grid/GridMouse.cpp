@@ -76,6 +76,8 @@ bool GridMouse::PressStrip(const QMouseEvent& press) {
 }
 
 bool GridMouse::eventFilter(QObject* watched, QEvent* event) {
+  // Others come as well while the view is being destroyed.
+  if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseMove) return false;
   QHeaderView& head = *view_.horizontalHeader();
   const bool strip = watched == view_.verticalHeader()->viewport();
   if (event->type() == QEvent::MouseButtonPress) {
