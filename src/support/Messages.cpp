@@ -6,6 +6,7 @@
 namespace vorlina {
 namespace {
 
+// Long texts stand on several lines. NOLINTBEGIN(bugprone-suspicious-missing-comma)
 const char* const Errors[] = {
     QT_TRANSLATE_NOOP("Texts", "Inserire almeno un nome di catalogo"),
     QT_TRANSLATE_NOOP("Texts", "Inserire almeno un criterio di filtraggio"),
@@ -60,6 +61,8 @@ const char* const Wizard[] = {
         "Informazioni Aziendali: inserire le informazioni aziendali in modo da dare agli utenti del catalogo "
         "tutti i vostri recapiti"),
 };
+
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 // The wizard's steps are not in one order in both languages.
 constexpr int EnglishWizardBase = 401;
