@@ -92,14 +92,16 @@ class SiteFixture : public StoreFixture {
         .entryList({u".*vorlina*"_qs}, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
   }
 
-  // A copy of the standard skin takes its place, with one file more or changed.
+  // A copy of the standard skin takes its place: to be changed, or read by whoever may not read the sources.
+  void CopySkin() {
+    if (skin_ != StandardSkin) return;
+    skin_ = folder_.filePath(u"skin"_qs);
+    const QMap<QString, QByteArray> files = Files(StandardSkin);
+    for (auto file = files.cbegin(); file != files.cend(); ++file)
+      Write(skin_ + u'/' + file.key(), file.value());
+  }
   void ChangeSkin(const QString& name, const QByteArray& content) {
-    if (skin_ == StandardSkin) {
-      skin_ = folder_.filePath(u"skin"_qs);
-      const QMap<QString, QByteArray> files = Files(StandardSkin);
-      for (auto file = files.cbegin(); file != files.cend(); ++file)
-        Write(skin_ + u'/' + file.key(), file.value());
-    }
+    CopySkin();
     Write(skin_ + u'/' + name, content);
   }
 

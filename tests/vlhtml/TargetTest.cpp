@@ -109,6 +109,7 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
   ASSERT_TRUE(QFile::link(folder_.filePath(u"outside.jpg"_qs), AppFile(u"Images/link.jpg"_qs)));
   ASSERT_TRUE(QFile::copy(good, AppFile(u"Images/secret.jpg"_qs)));
   SetRights(AppFile(u"Images/secret.jpg"_qs), 0);
+  CopySkin();
   const Unprivileged nobody(folder_.path());
   for (const auto& [picture, tells] : {std::pair{AppFile(u"Images/text.jpg"_qs), u"is no JPEG"_qs},
                                        {Path(), u"does not lie in"_qs},
@@ -198,6 +199,7 @@ TEST_F(TargetTest, ASwapThatFailsGoesBack) {
 TEST_F(TargetTest, RightsThatAreMissingLeaveTheSiteAndWhatCannotBeDeletedIsTriedAgain) {
   ASSERT_EQ(Publishing(1, target_), QString());
   const QString images = target_ + u"/images"_qs;
+  CopySkin();
   const Unprivileged nobody(folder_.path());
   SetRights(images, 0555);
   connection_.Execute(u"UPDATE Prodotti SET Pubblica=FALSE WHERE CodiceProdotto='A-1'"_qs);
@@ -220,6 +222,7 @@ TEST_F(TargetTest, WhereNothingCanBeWrittenBesideItIsMadeInside) {
   const QString parent = folder_.filePath(u"parent"_qs);
   const QDir site(parent + u"/site"_qs);
   QDir().mkpath(site.path());
+  CopySkin();
   const Unprivileged nobody(folder_.path());
   SetRights(parent, 0555);
   EXPECT_EQ(Publishing(1, site.path()), QString());
