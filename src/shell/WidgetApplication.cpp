@@ -20,6 +20,8 @@ bool IsInput(QEvent::Type type) {
 }  // namespace
 
 bool WidgetApplication::notify(QObject* receiver, QEvent* event) {
+  // Qt's own threads, as that of its file chooser, deliver theirs by themselves.
+  if (receiver->thread() != thread()) return QApplication::notify(receiver, event);
   const QScopedValueRollback deeper(depth_, depth_ + 1);
   bool result = false;
   try {
