@@ -30,6 +30,14 @@ void MakeRoom(const QString& path) {
   if (file.isSymLink() || (file.exists() && !file.isFile())) Remove(path);
 }
 
+bool IsOwnFile(const QString& path) {
+  const QFileInfo file(path);
+  return file.isFile() && !file.isSymLink();
+}
+
+// Beside the target, as names of files end that a kill leaves behind.
+QString StagedPath(const QString& target) { return target + u".staged"_qs; }
+
 // Removes those of the files that lie in "Images" and that no row names.
 void RemoveUnnamed(const PictureFiles& files, Connection& connection) {
   if (files.main.isEmpty() && files.others.isEmpty()) return;
@@ -129,6 +137,7 @@ struct PictureChange::Files {
   PictureFiles made;
   PictureFiles retired;
   QStringList staged;
+  QStringList replacing;  // files that have another content once the rows are stored
 
   QStringList& Made(PictureUse use) { return use == PictureUse::Main ? made.main : made.others; }
 
@@ -139,36 +148,75 @@ struct PictureChange::Files {
               .arg(path));
   }
 
-  // A file that stands under the name already is taken back as if it had been made: no row names it.
+  // A file that has the name stays until the rows are stored: what is written beside it then takes its place.
+  void Write(const QString& target, const std::function<void(const QString& path)>& write) {
+    if (!IsOwnFile(target)) {
+      MakeRoom(target);
+      return write(target);
+    }
+    replacing += target;
+    write(StagedPath(target));
+  }
+
   void Take(PictureUse use, const QString& source, const QString& target, const QByteArray& jpeg) {
     RequireInside(target);
-    if (!IsSameFile(source, target)) Made(use) += target;
+    if (!IsOwnFile(target)) Made(use) += target;
     // The source may be what a link under the target's name leads to.
     const QString file = QFileInfo(target).isSymLink() ? QFileInfo(source).canonicalFilePath() : source;
-    MakeRoom(target);
-    if (jpeg.isEmpty())
-      CopyFileSafely(file, target);
+    Write(target, [&](const QString& path) {
+      if (jpeg.isEmpty())
+        CopyFileSafely(file, path);
+      else
+        WriteFileSafely(path, jpeg);
+    });
+  }
+
+  // Without a file of its own a name in replacing is given up.
+  void Drop(const QString& target) {
+    if (IsOwnFile(target))
+      replacing += target;
     else
-      WriteFileSafely(target, jpeg);
+      MakeRoom(target);
+  }
+
+  void Replace() {
+    replacing.removeDuplicates();
+    for (const QString& target : std::as_const(replacing)) try {
+        if (QFile::exists(StagedPath(target)))
+          MoveFileSafely(StagedPath(target), target);
+        else
+          Remove(target);
+      } catch (const Error& error) {
+        qCDebug(images) << target << error.Description();
+      }
+  }
+
+  void GiveUpReplacing() {
+    for (const QString& target : std::as_const(replacing)) QFile::remove(StagedPath(target));
   }
 };
 
 PictureChange::PictureChange(Transaction& transaction, Connection& connection)
     : files_(std::make_shared<Files>()) {
-  transaction.OnCommit([files = files_, &connection] { RemoveUnnamed(files->retired, connection); });
-  transaction.OnRollback([files = files_, &connection] { RemoveUnnamed(files->made, connection); });
+  transaction.OnCommit([files = files_, &connection] {
+    files->Replace();
+    RemoveUnnamed(files->retired, connection);
+  });
+  transaction.OnRollback([files = files_, &connection] {
+    files->GiveUpReplacing();
+    RemoveUnnamed(files->made, connection);
+  });
 }
 
 void PictureChange::TakeMain(const QString& source, const QString& target, const PreparedPicture& picture) {
   files_->Take(PictureUse::Main, source, target, picture.jpeg);
   const QString thumbnail = ThumbnailPath(target);
   try {
-    MakeRoom(thumbnail);
     if (picture.thumbnail.isEmpty()) throw Error(u"there is none"_qs);
-    WriteFileSafely(thumbnail, picture.thumbnail);
+    files_->Write(thumbnail, [&](const QString& path) { WriteFileSafely(path, picture.thumbnail); });
   } catch (const Error& error) {
     qCDebug(images) << thumbnail << error.Description();
-    QFile::remove(thumbnail);
+    files_->Drop(thumbnail);
   }
 }
 
@@ -179,11 +227,10 @@ void PictureChange::Take(const QString& source, const QString& target, const Pre
 void PictureChange::CopyMain(const QString& source, const QString& target) {
   files_->Take(PictureUse::Main, source, target, {});
   const QString thumbnail = ThumbnailPath(target);
-  MakeRoom(thumbnail);
   if (IsPictureFile(ThumbnailPath(source)))
-    CopyFileSafely(ThumbnailPath(source), thumbnail);
+    files_->Write(thumbnail, [&](const QString& path) { CopyFileSafely(ThumbnailPath(source), path); });
   else
-    QFile::remove(thumbnail);
+    files_->Drop(thumbnail);
 }
 
 StagedCopy PictureChange::CopyStaged(PictureUse use, const QString& source, const QString& target) {

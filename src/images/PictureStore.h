@@ -58,10 +58,10 @@ class PictureChange {
   // Enlists itself in the transaction.
   PictureChange(Transaction& transaction, Connection& connection);
 
-  // Take a picture into "Images", replacing what has the name; a link there is replaced, not followed. A
-  // picture without bytes of its own is copied as it is. Throw Error where it cannot be written, and for a
-  // name that leads out of "Images". A main image's thumbnail that cannot be written is missing; an older one
-  // would show another picture.
+  // Take a picture into "Images", replacing what has the name: a file once the rows are stored, so that what
+  // fails leaves it as it was; a link is replaced, not followed. A picture without bytes of its own is copied
+  // as it is. Throw Error where it cannot be written, and for a name that leads out of "Images". A main
+  // image's thumbnail that cannot be written is missing; an older one would show another picture.
   void TakeMain(const QString& source, const QString& target, const PreparedPicture& picture);
   void Take(const QString& source, const QString& target, const PreparedPicture& picture = {});
   // A main image under another name, with its thumbnail. Throws Error.

@@ -130,19 +130,22 @@ void ProductStore::Saved(qint64 product, const QString& formerCode, ProductMarks
                                                       : QT_TRANSLATE_NOOP("Texts", "Modifica di %1"),
                                  {code}});
   if (code != formerCode) RequireCode(code, product);
-  Mark(code, marks, part);
+  Mark(code, marks);
   if (!formerCode.isEmpty() && code != formerCode) TakePicturesAlong(product, code, part);
   part.Commit();
 }
 
-void ProductStore::Mark(const QString& code, ProductMarks marks, Transaction& part) {
+void ProductStore::Mark(const QString& code, ProductMarks marks) {
+  if (marks == ProductMarks::None) return;
+  Transaction part(connection_, {QT_TRANSLATE_NOOP("Texts", "Modifica di %1"), {code}});
   bool kept = true;
   const auto set = [&](const QString& mark) {
     kept = SetExtension(mark, u"1"_qs, IDCatalogo_, code, connection_) && kept;
   };
-  if (marks != ProductMarks::None) set(ImmagineModificata);
+  set(ImmagineModificata);
   if (marks == ProductMarks::Both) set(SchedaModificata);
   if (!kept) part.OnCommit(tellFaultyExtensions_);
+  part.Commit();
 }
 
 // A picture that does not lie in "Images", is missing, or whose new name another row uses, keeps its name.

@@ -64,6 +64,8 @@ class ProductStore {
   // pictures that follow a changed code. The former code is "" for a product that was added. Throws Error,
   // for a code that a cell refuses too.
   void Saved(qint64 product, const QString& formerCode, ProductMarks marks);
+  // Marks the product with a code as changed. Throws Error where the mark cannot be written.
+  void Mark(const QString& code, ProductMarks marks);
   // Deletes products with all that belongs to them; those that are gone are passed over. Throws Error.
   void Delete(const std::vector<qint64>& products);
 
@@ -80,7 +82,6 @@ class ProductStore {
  private:
   QString CodeOf(qint64 product) const;
   void RequireCode(const QString& code, qint64 product) const;
-  void Mark(const QString& code, ProductMarks marks, Transaction& part);
   void TakePicturesAlong(qint64 product, const QString& code, Transaction& part);
 
   int IDCatalogo_;

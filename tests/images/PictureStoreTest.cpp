@@ -122,10 +122,17 @@ TEST_F(PictureStoreTest, WhatIsTakenBackLeavesNothing) {
     change.Take(outside, PicturePath(u"named.jpg"_qs));
     change.CopyMain(PicturePath(u"1.jpg"_qs), PicturePath(u"3.jpg"_qs));
     change.CopyStaged(PictureUse::Main, PicturePath(u"1.jpg"_qs), PicturePath(u"4.jpg"_qs));
-    EXPECT_EQ(FilesNow(), u"1.jpg 2.jpg 3.jpg 4.jpg named.jpg own.jpg t1.jpg t2.jpg t3.jpg t4.jpg");
+    change.TakeMain({}, PicturePath(u"1.jpg"_qs), {"new", {}, {}});
+    EXPECT_TRUE(FilesNow().startsWith(u"1.jpg 1.jpg.staged 2.jpg 3.jpg 4.jpg named.jpg named.jpg.staged"_qs));
+    for (const QString& kept : {u"1.jpg"_qs, u"t1.jpg"_qs, u"named.jpg"_qs, u"own.jpg"_qs})
+      EXPECT_EQ(ContentOf(PicturePath(kept)), "picture") << kept << " is replaced before the rows are stored";
   };
   EXPECT_EQ(Change(steps, false), QString());
   EXPECT_EQ(FilesNow(), u"1.jpg named.jpg own.jpg t1.jpg");
+  EXPECT_EQ(ContentOf(PicturePath(u"own.jpg"_qs)), "picture");
+  EXPECT_EQ(Change(steps), QString());
+  EXPECT_EQ(FilesNow(), u"1.jpg 2.jpg 3.jpg 4.jpg named.jpg own.jpg t2.jpg t3.jpg t4.jpg");
+  EXPECT_EQ(ContentOf(PicturePath(u"own.jpg"_qs)), "new");
 }
 
 TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {
