@@ -1,24 +1,22 @@
 #include "grid/RecordsetModel.h"
 
-#include <QHash>
 #include <algorithm>
 #include <utility>
 
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
-#include "store/LockPatience.h"
+#include "store/RowErrors.h"
 
 namespace vorlina {
 namespace {
 
-// How long rows that were read are shown without asking whether anybody has written.
-constexpr qint64 LookMilliseconds = 100;
-
-// A cell shows no more characters than fit on any screen, since laying out a text costs by its length.
-constexpr qsizetype ShownCharacters = 2000;
+// With more runs of rows than this a deletion resets the views, which is faster by then.
+constexpr std::size_t RunsAnnounced = 16;
 
 QString DeletedText() { return Texts::tr("#Eliminata"); }
+QString UnreadableText() { return Texts::tr("#Non leggibile"); }
+
 QVariant HeadOf(const GridColumn& column, int role) {
   switch (role) {
     case Qt::DisplayRole:
@@ -36,26 +34,18 @@ QVariant HeadOf(const GridColumn& column, int role) {
   }
 }
 
-QString UnreadableText() { return Texts::tr("#Non leggibile"); }
-
 }  // namespace
 
 RecordsetModel::RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
 
 bool RecordsetModel::Bind(Recordset& recordset, std::vector<GridColumn> columns) {
   if (!Submit()) return false;
-  std::vector<int> fields;
-  fields.reserve(columns.size());
-  for (const GridColumn& column : columns)
-    fields.push_back(!column.bound       ? -1
-                     : column.field >= 0 ? column.field
-                                         : recordset.Fields().IndexOf(column.key));
+  BoundColumns bound(std::move(columns), recordset.Fields());
   beginResetModel();
   recordset_ = &recordset;
-  columns_ = std::move(columns);
-  fields_ = std::move(fields);
-  if (!Attempt([&] { ApplyOrder(); })) sorted_ = SortDirection::None;
-  Adopt(recordset_->Clone());
+  columns_ = std::move(bound);
+  if (!Attempt([&] { order_.Renew(recordset, columns_); })) order_ = {};
+  Adopt(recordset.Clone());
   endResetModel();
   return true;
 }
@@ -64,87 +54,44 @@ void RecordsetModel::Unbind() {
   Revert();
   beginResetModel();
   recordset_ = nullptr;
-  rows_ = Recordset();
-  cache_.Clear();
-  columns_.clear();
-  fields_.clear();
+  rows_.Show({});
+  columns_ = {};
   shownRows_ = 0;
   endResetModel();
 }
 
 // The views learn of the new rows by the caller.
-void RecordsetModel::Adopt(Recordset rows) {
-  rows_ = std::move(rows);
-  cache_.Clear();
-  pinned_.reset();
-  HasChanged();
-  stale_ = false;
-  editRow_ = -1;
+Recordset RecordsetModel::Adopt(Recordset records) {
+  Recordset former = rows_.Show(std::move(records));
+  edit_.End();
+  edit_.Pin(-1);
   shownRows_ = RecordCount() + (addNewRow_ ? 1 : 0);
+  return former;
 }
 
 bool RecordsetModel::Reload() {
   if (recordset_ == nullptr || !Submit()) return false;
   // A drop-down may offer other texts by now, which sort in another way.
-  if (!Attempt([&] { SortColumn() < 0 ? recordset_->Requery() : ApplyOrder(); })) return false;
+  const bool sorts = SortColumn() >= 0;
+  if (!Attempt([&] { sorts ? order_.Renew(*recordset_, columns_) : recordset_->Requery(); })) return false;
   beginResetModel();
   Adopt(recordset_->Clone());
   endResetModel();
   return true;
 }
 
-// Nothing where it cannot be asked, as under another program's lock: that is not waited for, and what was
-// read is shown on.
-std::optional<bool> RecordsetModel::HasChanged() const {
-  std::optional<bool> changed;
-  try {
-    const LockPatience none(0);
-    const qint64 mark = rows_.ChangeMark();
-    changed = std::exchange(changeMark_, mark) != mark;
-  } catch (const Error&) {
-  }
-  looked_.start();
-  return changed;
-}
-
-void RecordsetModel::LookForChanges() const {
-  if (changing_ || looked_.elapsed() < LookMilliseconds || !HasChanged().value_or(false)) return;
-  cache_.Clear();
-  stale_ = true;
-}
-
 void RecordsetModel::Refresh() {
-  if (!rows_.IsOpen()) return;
-  const std::optional<bool> changed = HasChanged();
-  if (!changed || (!*changed && !stale_ && !cache_.IsLacking())) return;
-  stale_ = false;
-  cache_.Clear();
-  ShowAgain(0, shownRows_ - 1);
+  if (rows_.LookAgain()) ShowAgain(0, shownRows_ - 1);
 }
 
 void RecordsetModel::ShowAgain(int firstRow, int lastRow) {
-  if (lastRow < firstRow || columns_.empty()) return;
+  if (lastRow < firstRow || columns_.Count() == 0) return;
   Q_EMIT dataChanged(index(firstRow, 0), index(lastRow, columnCount() - 1));
-  ShowMarks(firstRow, lastRow);
-}
-
-void RecordsetModel::ShowMarks(int firstRow, int lastRow) {
   Q_EMIT headerDataChanged(Qt::Vertical, firstRow, lastRow);
 }
 
-int RecordsetModel::ColumnOf(const QString& key) const {
-  const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const GridColumn& column) {
-    return column.key.compare(key, Qt::CaseInsensitive) == 0;
-  });
-  return found != columns_.end() ? int(found - columns_.begin()) : -1;
-}
-
 void RecordsetModel::SetColumn(int column, const GridColumn& description) {
-  GridColumn& target = columns_[std::size_t(column)];
-  const GridColumn former = std::exchange(target, description);
-  target.key = former.key;
-  target.kind = former.kind;
-  target.bound = former.bound;
+  columns_.Describe(column, description);
   Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
   if (shownRows_ > 0) Q_EMIT dataChanged(index(0, column), index(shownRows_ - 1, column));
 }
@@ -152,7 +99,7 @@ void RecordsetModel::SetColumn(int column, const GridColumn& description) {
 void RecordsetModel::SetDefaultValue(const QString& key, const QVariant& value) {
   const int column = ColumnOf(key);
   if (column < 0) return;
-  columns_[std::size_t(column)].defaultValue = value;
+  columns_.SetDefaultValue(column, value);
   if (!addNewRow_ || shownRows_ == 0) return;
   const QModelIndex cell = index(shownRows_ - 1, column);
   Q_EMIT dataChanged(cell, cell);
@@ -168,7 +115,7 @@ void RecordsetModel::SetLookup(const QString& key, Lookup lookup) {
 
 void RecordsetModel::SetAddNewRow(bool shown) {
   if (shown == addNewRow_) return;
-  if (!shown && IsAddNewRow(editRow_)) Revert();
+  if (!shown && IsAddNewRow(EditRow())) Revert();
   const int row = RecordCount();
   addNewRow_ = shown;
   if (!rows_.IsOpen()) return;
@@ -183,90 +130,64 @@ void RecordsetModel::SetAddNewRow(bool shown) {
   }
 }
 
-int RecordsetModel::RecordCount() const { return rows_.IsOpen() ? int(rows_.RecordCount()) : 0; }
-
 bool RecordsetModel::IsAddNewRow(int row) const {
   return addNewRow_ && rows_.IsOpen() && row >= 0 && row == RecordCount();
 }
 
-const FetchedRow* RecordsetModel::RowAt(int row) const {
-  LookForChanges();
-  return cache_.At(rows_, row);
-}
-
 RowState RecordsetModel::StateOf(int row) const {
-  if (row == editRow_) return IsAddNewRow(row) ? RowState::Added : RowState::Edited;
+  if (row == EditRow()) return IsAddNewRow(row) ? RowState::Added : RowState::Edited;
   if (IsAddNewRow(row)) return RowState::AddNew;
   if (row < 0 || row >= RecordCount()) return RowState::Deleted;
-  const FetchedRow* fetched = RowAt(row);
+  const FetchedRow* fetched = rows_.At(row);
   if (fetched == nullptr) return RowState::Unreadable;
   return fetched->exists ? RowState::Shown : RowState::Deleted;
 }
 
 QVariant RecordsetModel::Value(int row, int column) const {
-  if (column < 0 || column >= columnCount() || FieldOf(column) < 0) return NullValue();
-  if (row == editRow_) return rows_.Value(FieldOf(column));
+  const int field = columns_.FieldOf(column);
+  if (field < 0) return NullValue();
+  if (row == EditRow()) return edit_.Value(column);
   if (IsAddNewRow(row)) {
     const QVariant& value = Column(column).defaultValue;
     return value.isValid() ? value : NullValue();
   }
   if (row < 0 || row >= RecordCount()) return NullValue();
-  const FetchedRow* fetched = RowAt(row);
+  const FetchedRow* fetched = rows_.At(row);
   if (fetched == nullptr || !fetched->exists) return NullValue();
-  return fetched->values[std::size_t(FieldOf(column))];
-}
-
-QVariant RecordsetModel::Value(int row, const QString& key) const { return Value(row, ColumnOf(key)); }
-
-QVariant RecordsetModel::FormerValue(int column) const {
-  return rows_.CurrentRow()[std::size_t(FieldOf(column))];
-}
-
-qint64 RecordsetModel::BookmarkOf(int row) const {
-  return rows_.IsOpen() ? rows_.BookmarkAt(qint64(row) + 1) : 0;
-}
-
-int RecordsetModel::RowOf(qint64 bookmark) const {
-  return rows_.IsOpen() ? int(rows_.PositionOf(bookmark)) - 1 : -1;
+  return fetched->values[std::size_t(field)];
 }
 
 int RecordsetModel::FindRow(const QString& key, const QVariant& value) const {
-  return rows_.IsOpen() ? int(rows_.Find(key, value)) - 1 : -1;
+  return rows_.IsOpen() ? int(rows_.Records().Find(key, value)) - 1 : -1;
 }
 
 int RecordsetModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shownRows_; }
 
 int RecordsetModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : int(columns_.size());
-}
-
-QVariant RecordsetModel::Displayed(int row, int column) const {
-  const QVariant value = Value(row, column);
-  if (Column(column).kind == ColumnKind::Boolean) return {};
-  if (Column(column).kind != ColumnKind::Lookup) return NullToEmpty(value).left(ShownCharacters);
-  return value.isNull() ? QString() : Column(column).lookup.TextOf(value.toLongLong());
+  return parent.isValid() ? 0 : columns_.Count();
 }
 
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const int row = index.row();
   const int column = index.column();
-  const GridColumn& description = Column(column);
-  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(description.alignment);
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Column(column).alignment);
   if (role == RowStateRole) return int(StateOf(row));
-  if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::CheckStateRole && role != ValueRole &&
-      description.bound)
-    return {};
-  if (!description.bound) return OnUnboundData ? OnUnboundData(row, column, role) : QVariant();
+  if (!Column(column).bound) return OnUnboundData ? OnUnboundData(row, column, role) : QVariant();
   if (role == ValueRole) return Value(row, column);
-  if (role == Qt::CheckStateRole && description.kind != ColumnKind::Boolean) return {};
+  const bool shows = role == Qt::DisplayRole || role == Qt::EditRole ||
+                     (role == Qt::CheckStateRole && Column(column).kind == ColumnKind::Boolean);
+  return shows ? ShownData(row, column, role) : QVariant();
+}
+
+QVariant RecordsetModel::ShownData(int row, int column, int role) const {
   const RowState state = StateOf(row);
   if (state == RowState::Deleted) return role == Qt::DisplayRole ? DeletedText() : QVariant();
   if (state == RowState::Unreadable) return role == Qt::DisplayRole ? UnreadableText() : QVariant();
-  if (role == Qt::DisplayRole) return Displayed(row, column);
   const QVariant value = Value(row, column);
+  if (role == Qt::CheckStateRole) return value.toBool() ? Qt::Checked : Qt::Unchecked;
   if (role == Qt::EditRole) return value.isNull() ? QVariant(QString()) : value;
-  return value.toBool() ? Qt::Checked : Qt::Unchecked;
+  return Column(column).kind == ColumnKind::Boolean ? QVariant() : ShownText(Column(column), value);
 }
 
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -278,7 +199,7 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
   if (role == RowStateRole) return int(StateOf(section));
   if (role == Qt::AccessibleTextRole) return QString::number(section + 1);
   if (role != Qt::DisplayRole) return {};
-  return section == editRow_ ? u"\u270E"_qs : IsAddNewRow(section) ? u"*"_qs : QString();
+  return section == EditRow() ? u"\u270E"_qs : IsAddNewRow(section) ? u"*"_qs : QString();
 }
 
 Qt::ItemFlags RecordsetModel::flags(const QModelIndex& index) const {
@@ -291,88 +212,188 @@ Qt::ItemFlags RecordsetModel::flags(const QModelIndex& index) const {
   return plain | (column.kind == ColumnKind::Boolean ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
 
-// The ORDER BY expression of a column, over its base column: what is shown is what sorts.
-QString RecordsetModel::OrderOf(int column, QVariantList& values) const {
-  const QString base = recordset_->Fields().At(FieldOf(column)).column;
-  if (base.isEmpty()) return {};
-  const GridColumn& description = Column(column);
-  const QString direction = sorted_ == SortDirection::Descending ? u" DESC"_qs : QString();
-  switch (description.kind) {
-    case ColumnKind::Lookup:
-      values = {description.lookup.Ranks()};
-      return u"VORLINA_RANK(?,"_qs + QuoteName(base) + u')' + direction;
-    case ColumnKind::Text:
-      return QuoteName(base) + u" COLLATE VORLINA_LOCALE"_qs + direction;
-    default:
-      return QuoteName(base) + direction;
-  }
-}
-
-// Sorts the recordset by the column of sortKey_. A column that is not there any more sorts no longer.
-void RecordsetModel::ApplyOrder() {
-  const int column = SortColumn();
-  QVariantList values;
-  const QString order = column >= 0 && FieldOf(column) >= 0 ? OrderOf(column, values) : QString();
-  if (order.isEmpty()) {
-    const bool sortedBefore = sorted_ != SortDirection::None;
-    sorted_ = SortDirection::None;
-    sortKey_.clear();
-    if (!sortedBefore) return;
-  }
-  recordset_->SetOrder(order, values);
-}
-
 bool RecordsetModel::SortBy(int column, SortDirection direction) {
-  const bool sorts = direction != SortDirection::None;
-  if (recordset_ == nullptr || (sorts && (column < 0 || column >= columnCount() || FieldOf(column) < 0)))
+  if (recordset_ == nullptr || (direction != SortDirection::None && columns_.FieldOf(column) < 0))
     return false;
   if (!Submit()) return false;
-  const QString formerKey = std::exchange(sortKey_, sorts ? Column(column).key : QString());
-  const SortDirection formerDirection = std::exchange(sorted_, direction);
-  if (!Attempt([&] {
-        QVariantList values;
-        recordset_->SetOrder(sorts ? OrderOf(column, values) : QString(), values);
-      })) {
-    sortKey_ = formerKey;
-    sorted_ = formerDirection;
-    return false;
-  }
+  if (!Attempt([&] { order_.Sort(*recordset_, columns_, column, direction); })) return false;
   Recordset sorted = recordset_->Clone();
-  if (sorted.RecordCount() != rows_.RecordCount()) {
+  if (sorted.RecordCount() != RecordCount()) {
     beginResetModel();
     Adopt(std::move(sorted));
     endResetModel();
     return true;
   }
+  // Selection and current cell go with their rows.
   Q_EMIT layoutAboutToBeChanged();
-  const Recordset former = std::move(rows_);
-  Adopt(std::move(sorted));
-  KeepPersistentIndexes(former);
+  const Recordset former = Adopt(std::move(sorted));
+  const QModelIndexList before = persistentIndexList();
+  QList<int> places;
+  for (const QModelIndex& kept : before) places += kept.row();
+  places = rows_.PlacesOf(former, places);
+  QModelIndexList after;
+  for (qsizetype i = 0; i < before.size(); ++i)
+    after += places[i] >= 0 ? index(places[i], before[i].column()) : QModelIndex();
+  changePersistentIndexList(before, after);
   Q_EMIT layoutChanged();
   return true;
-}
-
-// Selection and current cell go with their rows. One walk through the keys, whatever is selected.
-void RecordsetModel::KeepPersistentIndexes(const Recordset& former) {
-  const QModelIndexList before = persistentIndexList();
-  QHash<qint64, int> rowOf;
-  for (const QModelIndex& kept : before) rowOf.insert(former.BookmarkAt(qint64(kept.row()) + 1), -1);
-  rowOf.insert(0, RecordCount());  // the add-new row
-  for (int row = 0; row < RecordCount() && !before.isEmpty(); ++row) {
-    const auto found = rowOf.find(BookmarkOf(row));
-    if (found != rowOf.end()) *found = row;
-  }
-  QModelIndexList after;
-  for (const QModelIndex& kept : before) {
-    const int row = rowOf.value(former.BookmarkAt(qint64(kept.row()) + 1), -1);
-    after += row >= 0 ? index(row, kept.column()) : QModelIndex();
-  }
-  changePersistentIndexList(before, after);
 }
 
 void RecordsetModel::sort(int column, Qt::SortOrder order) {
   if (column < 0) return void(SortBy(-1, SortDirection::None));
   SortBy(column, order == Qt::AscendingOrder ? SortDirection::Ascending : SortDirection::Descending);
+}
+
+// An editor that is opened over Null and left empty changes nothing. What the user types into the add-new row
+// begins it, even where it is the default.
+bool RecordsetModel::IsSame(int row, const QVariant& before, const QVariant& value) const {
+  const bool same = before.isNull() ? NullToEmpty(value).isEmpty()
+                                    : !value.isNull() && value.toString() == before.toString();
+  return same && (StateOf(row) != RowState::AddNew || NullToEmpty(value).isEmpty());
+}
+
+bool RecordsetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+  if (role == Qt::CheckStateRole)
+    return ChangeCell(index.row(), index.column(), value.toInt() == Qt::Checked);
+  if (role != Qt::EditRole && role != ValueRole) return false;
+  return ChangeCell(index.row(), index.column(), value);
+}
+
+bool RecordsetModel::SetText(const QModelIndex& index, const QString& typed) {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+  const int row = index.row();
+  const int column = index.column();
+  if (Column(column).kind != ColumnKind::Lookup) return ChangeCell(row, column, typed);
+  // A text that several values share stays the value it is.
+  if (!typed.isEmpty() && typed == index.data().toString())
+    return ChangeCell(row, column, Value(row, column));
+  const QString text = typed.trimmed();
+  if (text.isEmpty()) return ChangeCell(row, column, text);
+  std::optional<qint64> value = Column(column).lookup.ValueOf(typed);
+  if (!value) value = Column(column).lookup.ValueOf(text);
+  if (!value && OnNotInList && OnNotInList(column, text)) value = Column(column).lookup.ValueOf(text);
+  return value && ChangeCell(row, column, *value);
+}
+
+bool RecordsetModel::ChangeCell(int row, int column, const QVariant& value) {
+  const auto hold = rows_.Hold();
+  if (StateOf(row) == RowState::Deleted) return Attempt([] { throw ConflictError::Deleted(); });
+  // A check mark that cannot be set leaves nothing behind to be given up.
+  const QString hint = Column(column).kind == ColumnKind::Boolean ? QString() : GiveUpHint();
+  if (StateOf(row) == RowState::Unreadable && !Attempt([&] { rows_.ReadAgain(row); }, hint)) return false;
+  const Qt::ItemFlags changeable = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
+  if (!(flags(index(row, column)) & changeable)) return false;
+  if (EditRow() >= 0 && EditRow() != row && !Submit()) return false;
+  CellChange change{row, column, Value(row, column), value, false};
+  if (IsSame(row, change.oldValue, value)) return true;
+  if (OnCellChanging) OnCellChanging(change);
+  if (change.cancel) return false;
+  // An emptied text is "", anything else Null.
+  const bool emptied = change.newValue.isNull() || NullToEmpty(change.newValue).isEmpty();
+  if (emptied && Column(column).kind != ColumnKind::Text) change.newValue = NullValue();
+  const bool begins = EditRow() < 0;
+  const bool done = Attempt(
+      [&] {
+        if (begins) BeginEdit(row, column);
+        edit_.Set(column, change.newValue);
+      },
+      hint);
+  if (!done && begins) Revert();
+  if (done) ShowAgain(row, row);
+  return done;
+}
+
+// The user changes what is on the screen: where the cell has become another one since, that is shown first.
+void RecordsetModel::BeginEdit(int row, int column) {
+  if (IsAddNewRow(row)) {
+    Q_EMIT RowInserting();
+    return edit_.BeginNew();
+  }
+  edit_.PinHeld(row);
+  rows_.Renew(row);
+  ShowAgain(row, row);
+  edit_.Begin(row, column);
+}
+
+// False, with Failed, where the step fails.
+bool RecordsetModel::Attempt(const std::function<void()>& step, const QString& hint) {
+  const std::optional<QString> failure = edit_.FailureOf(step, hint);
+  if (failure) Q_EMIT Failed(*failure);
+  return !failure;
+}
+
+bool RecordsetModel::Submit() {
+  const int row = EditRow();
+  if (row < 0) return true;
+  const bool added = IsAddNewRow(row);
+  std::function<void(qint64)> within;
+  if (OnRowWriting) within = [&](qint64 bookmark) { OnRowWriting(row, bookmark, added); };
+  if (!Attempt([&] { rows_.Records().Update(within); }, GiveUpHint())) return false;
+  EndEdit();
+  if (added && shownRows_ == RecordCount()) {
+    beginInsertRows({}, shownRows_, shownRows_);
+    ++shownRows_;
+    endInsertRows();
+    Q_EMIT RowInserted(row);
+  } else {
+    Q_EMIT RowChanged(row);
+  }
+  return true;
+}
+
+void RecordsetModel::Revert() {
+  if (!rows_.IsOpen()) return;
+  rows_.Records().CancelUpdate();
+  if (EditRow() >= 0) EndEdit();
+}
+
+void RecordsetModel::EndEdit() {
+  const int row = edit_.End();
+  rows_.Renew(row);
+  ShowAgain(row, row);
+}
+
+bool RecordsetModel::DeleteRows(QList<int> rows) {
+  if (!rows_.IsOpen()) return false;
+  std::sort(rows.begin(), rows.end());
+  const bool givesUp = std::binary_search(rows.begin(), rows.end(), EditRow());
+  if (!givesUp && !Submit()) return false;
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  rows.removeIf([&](int row) { return row < 0 || row >= RecordCount(); });
+  std::vector<qint64> deletions;
+  for (const int row : rows) deletions.push_back(BookmarkOf(row));
+  if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
+  if (givesUp) Revert();
+  if (!Attempt([&] { DeleteBy ? DeleteBy(deletions) : rows_.Records().DeleteRows(deletions, {}); })) {
+    rows_.Forget();
+    ShowAgain(0, shownRows_ - 1);
+    return false;
+  }
+  DropDeleted(deletions);
+  Q_EMIT RowsDeleted(int(deletions.size()));
+  return true;
+}
+
+// Takes deleted rows out of the list, run by run from below, so that the views keep their place.
+void RecordsetModel::DropDeleted(const std::vector<qint64>& deleted) {
+  const std::vector<ShownRows::Run> runs = rows_.RunsOf(deleted);
+  rows_.Forget();
+  if (runs.size() > RunsAnnounced) {
+    beginResetModel();
+    rows_.Records().DropRows(deleted);
+    shownRows_ = RecordCount() + (addNewRow_ ? 1 : 0);
+    endResetModel();
+    return;
+  }
+  for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+    const int last = run->first + int(run->bookmarks.size()) - 1;
+    beginRemoveRows({}, run->first, last);
+    rows_.Records().DropRows(run->bookmarks);
+    rows_.Forget();
+    shownRows_ -= int(run->bookmarks.size());
+    endRemoveRows();
+  }
 }
 
 }  // namespace vorlina

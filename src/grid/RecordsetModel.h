@@ -14,14 +14,13 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QElapsedTimer>
 #include <functional>
-#include <optional>
 #include <vector>
 
-#include "grid/GridColumn.h"
-#include "grid/RowCache.h"
-#include "store/Recordset.h"
+#include "grid/BoundColumns.h"
+#include "grid/RowInEdit.h"
+#include "grid/RowOrder.h"
+#include "grid/ShownRows.h"
 
 namespace vorlina {
 
@@ -34,8 +33,6 @@ enum class RowState {
   Unreadable,  // the database could not be read
 };
 
-enum class SortDirection { None, Ascending, Descending };
-
 // A new value that a cell is about to take. It may be replaced, or refused with cancel.
 struct CellChange {
   int row = 0;
@@ -44,9 +41,6 @@ struct CellChange {
   QVariant newValue;
   bool cancel = false;
 };
-
-// How a refused row or cell is left.
-QString GiveUpHint();
 
 class RecordsetModel : public QAbstractTableModel {
   Q_OBJECT
@@ -71,9 +65,9 @@ class RecordsetModel : public QAbstractTableModel {
   // while it is seen.
   void Refresh();
 
-  const GridColumn& Column(int column) const { return columns_[std::size_t(column)]; }
+  const GridColumn& Column(int column) const { return columns_.At(column); }
   // -1 where there is none; any letter case.
-  int ColumnOf(const QString& key) const;
+  int ColumnOf(const QString& key) const { return columns_.IndexOf(key); }
   // Caption, drop-down, default value, alignment and the like may change at any time; key, kind and bound
   // stay.
   void SetColumn(int column, const GridColumn& description);
@@ -82,31 +76,31 @@ class RecordsetModel : public QAbstractTableModel {
   // Whether there is an add-new row; at first there is.
   void SetAddNewRow(bool shown);
 
-  // By one column, or in the recordset's own order. Texts and drop-downs sort by the user's locale. The row
-  // in edit is written first. False where that fails, or the column cannot be sorted.
+  // By one column, or in the recordset's own order. The row in edit is written first. False where that fails,
+  // or the column cannot be sorted.
   bool SortBy(int column, SortDirection direction);
-  int SortColumn() const { return sorted_ == SortDirection::None ? -1 : ColumnOf(sortKey_); }
-  SortDirection Sorted() const { return sorted_; }
+  int SortColumn() const { return order_.ColumnIn(columns_); }
+  SortDirection Sorted() const { return order_.Direction(); }
 
   RowState StateOf(int row) const;
   // The row that is in edit, or -1.
-  int EditRow() const { return editRow_; }
+  int EditRow() const { return edit_.Row(); }
   bool IsAddNewRow(int row) const;
   // Rows of the recordset, without the add-new row.
-  int RecordCount() const;
+  int RecordCount() const { return rows_.Count(); }
   // NullValue() for Null, and for what a deleted row had.
   QVariant Value(int row, int column) const;
-  QVariant Value(int row, const QString& key) const;
+  QVariant Value(int row, const QString& key) const { return Value(row, ColumnOf(key)); }
   // What the row in edit held in a column when its edit began. Throws Error where none is.
-  QVariant FormerValue(int column) const;
+  QVariant FormerValue(int column) const { return edit_.FormerValue(column); }
   // The recordset's bookmark, 0 for the add-new row; and the row of a bookmark or -1.
-  qint64 BookmarkOf(int row) const;
-  int RowOf(qint64 bookmark) const;
+  qint64 BookmarkOf(int row) const { return rows_.BookmarkOf(row); }
+  int RowOf(qint64 bookmark) const { return rows_.RowOf(bookmark); }
   // The first row whose column has the value, as the column compares; -1 for none. Throws Error.
   int FindRow(const QString& key, const QVariant& value) const;
 
   // An editor opens on the row: what the row holds now is what a change is compared with.
-  void Pin(int row);
+  void Pin(int row) { edit_.Pin(row); }
   // What the user typed into a cell: for a drop-down its text, for the others as setData. A text that a
   // drop-down does not offer is asked OnNotInList, without blanks around it. False where the cell keeps its
   // value.
@@ -115,7 +109,7 @@ class RecordsetModel : public QAbstractTableModel {
   // program's lock is waited for as LockPatience says.
   bool Submit();
   // The column that the last refusal was for, or -1 where that is not known.
-  int RefusedColumn() const { return refusedColumn_; }
+  int RefusedColumn() const { return edit_.RefusedColumn(); }
   void Revert();
   // Deletes rows, all or none. The row in edit is written first, or given up when it is among them. False
   // where nothing was deleted.
@@ -156,49 +150,24 @@ class RecordsetModel : public QAbstractTableModel {
   void RowsDeleted(int count);
 
  private:
-  int FieldOf(int column) const { return fields_[std::size_t(column)]; }
-  const FetchedRow* RowAt(int row) const;
-  std::optional<bool> HasChanged() const;
-  void LookForChanges() const;
-  QVariant Displayed(int row, int column) const;
+  Recordset Adopt(Recordset records);
   void ShowAgain(int firstRow, int lastRow);
-  void ShowMarks(int firstRow, int lastRow);
 
-  QString OrderOf(int column, QVariantList& values) const;
-  void ApplyOrder();
-  void Adopt(Recordset rows);
-  void KeepPersistentIndexes(const Recordset& former);
-
+  QVariant ShownData(int row, int column, int role) const;
   bool ChangeCell(int row, int column, const QVariant& value);
   bool IsSame(int row, const QVariant& before, const QVariant& value) const;
   void BeginEdit(int row, int column);
-  void BeginNewRow();
-  void BeginChange(int row, int column);
-  void EndEdit(int row);
+  void EndEdit();
   bool Attempt(const std::function<void()>& step, const QString& hint = {});
-  std::optional<QString> FailureOf(const std::function<void()>& step, const QString& hint);
-  QString DuplicateText(const QStringList& columns);
-  void ReadAgain(int row);
-  void SetField(int column, const QVariant& value);
   void DropDeleted(const std::vector<qint64>& deleted);
 
   Recordset* recordset_ = nullptr;
-  Recordset rows_;  // a clone
-  std::vector<GridColumn> columns_;
-  std::vector<int> fields_;  // of the recordset, by column; -1 for an unbound one
+  BoundColumns columns_;
+  ShownRows rows_;  // of a clone
+  RowInEdit edit_{rows_, columns_};
+  RowOrder order_;
   bool addNewRow_ = true;
   int shownRows_ = 0;  // rows that the views know, the add-new row among them
-  int editRow_ = -1;
-  int refusedColumn_ = -1;
-  QString sortKey_;
-  SortDirection sorted_ = SortDirection::None;
-
-  mutable RowCache cache_;
-  std::optional<FetchedRow> pinned_;
-  bool changing_ = false;  // a cell: what is shown stays as it is
-  mutable qint64 changeMark_ = 0;
-  mutable bool stale_ = false;  // rows were read anew that the view still shows as they were
-  mutable QElapsedTimer looked_;
 };
 
 }  // namespace vorlina

@@ -31,7 +31,8 @@ class ShownGrid : public StoreFixture, public GridHands {
     grid_->Rows().OnUnboundData = [](int, int, int role) {
       return role == Qt::DecorationRole ? QVariant(QColor(Qt::darkGreen)) : QVariant();
     };
-    Open();
+    people_.Open({u"ID As _ID, Name, Note, Colour, Active"_qs, u"People"_qs, {}, u"ID"_qs, {}}, connection_);
+    grid_->Bind(people_, Columns());
     window_.resize(700, 500);
     window_.show();
     window_.activateWindow();
@@ -41,14 +42,6 @@ class ShownGrid : public StoreFixture, public GridHands {
   }
   ~ShownGrid() override { grid_->Rows().Unbind(); }
 
-  void Open() {
-    people_.Close();
-    people_.Open(Query(), connection_);
-    ASSERT_TRUE(grid_->Bind(people_, Columns()));
-  }
-  static KeysetQuery Query(const QString& columns = u"ID As _ID, Name, Note, Colour, Active"_qs) {
-    return {columns, u"People"_qs, {}, u"ID"_qs, {}};
-  }
   static std::vector<GridColumn> Columns() {
     return {{.key = u"Picture"_qs, .bound = false},
             {.key = u"_ID"_qs, .kind = ColumnKind::Number, .visible = false},
