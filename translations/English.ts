@@ -1278,6 +1278,34 @@ Continue?</translation>
         <source>Spostamento di %1 prodotti</source>
         <translation>Move of %1 products</translation>
     </message>
+    <message>
+        <source>L&apos;immagine è stata eliminata nel frattempo da un&apos;altra finestra o da un altro programma.</source>
+        <translation>The image was deleted meanwhile by another window or program.</translation>
+    </message>
+    <message>
+        <source>Il file %1 è già usato come immagine o logo altrove. Eliminare questa immagine e aggiungerne una nuova.</source>
+        <translation>The file %1 is a picture or a logo elsewhere already. Delete this image and add a new one.</translation>
+    </message>
+    <message>
+        <source>Cambio di un&apos;immagine di %1</source>
+        <translation>Change of an image of %1</translation>
+    </message>
+    <message>
+        <source>Descrizione di un&apos;immagine di %1</source>
+        <translation>Description of an image of %1</translation>
+    </message>
+    <message>
+        <source>Eliminazione di un&apos;immagine di %1</source>
+        <translation>Deletion of an image of %1</translation>
+    </message>
+    <message>
+        <source>Eliminazione delle immagini aggiuntive di %1</source>
+        <translation>Deletion of the additional images of %1</translation>
+    </message>
+    <message>
+        <source>Eliminazione di tutte le immagini di %1</source>
+        <translation>Deletion of all images of %1</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

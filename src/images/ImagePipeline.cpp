@@ -57,6 +57,12 @@ void RefuseFile(const QString& path, const QString& reason) {
   throw Error(Texts::tr("Impossibile leggere il file %1: %2").arg(QDir::toNativeSeparators(path), reason));
 }
 
+QString FailureOfFile(const QString& file, const std::exception& error) {
+  const QString name = QDir::toNativeSeparators(file);
+  const QString text = DescriptionOf(error);
+  return text.contains(name) ? text : name + u": "_qs + text;
+}
+
 QByteArray ReadPictureFile(const QString& path) {
   QFile file(path);
   if (file.exists() && !IsPictureFile(path)) RefuseFile(path, Texts::tr("non è un file"));

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QSize>
 #include <QString>
+#include <exception>
 
 #include "images/PictureRendering.h"
 
@@ -18,6 +19,9 @@ double PictureLimit();
 
 // Throws the Error of a picture file that cannot be taken.
 [[noreturn]] void RefuseFile(const QString& path, const QString& reason);
+
+// A failure as it is told among those of other files: with the file's name, which it may hold already.
+QString FailureOfFile(const QString& file, const std::exception& error);
 
 // A picture file's bytes. Throws Error for one that cannot be read, is no JPEG or is larger than 512 MB.
 QByteArray ReadPictureFile(const QString& path);

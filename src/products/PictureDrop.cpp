@@ -1,21 +1,10 @@
 #include "products/PictureDrop.h"
 
-#include <QDir>
-
 #include "base/Error.h"
 #include "images/ImagePipeline.h"
+#include "products/ProductImages.h"
 
 namespace vorlina {
-namespace {
-
-QString FailureOf(const QString& file, const std::exception& error) {
-  const QString name = QDir::toNativeSeparators(file);
-  const QString text = DescriptionOf(error);
-  return text.contains(name) ? text : name + u": "_qs + text;
-}
-
-}  // namespace
-
 bool PictureDrop::IsPicture(const QString& file) {
   return file.endsWith(u"jpg"_qs, Qt::CaseInsensitive) || file.endsWith(u"jpeg"_qs, Qt::CaseInsensitive);
 }
@@ -33,7 +22,7 @@ QStringList PictureDrop::Add(const QStringList& files, const AskDescription& ask
       else
         products_.SetMainImage(product, file, PrepareMainFile(file));
     } catch (const std::exception& error) {
-      failures += FailureOf(file, error);
+      failures += FailureOfFile(file, error);
     }
   }
   return failures;
@@ -42,7 +31,8 @@ QStringList PictureDrop::Add(const QStringList& files, const AskDescription& ask
 void PictureDrop::AddImage(qint64 product, const QString& file, const AskDescription& ask) {
   const PreparedPicture picture = PrepareAdditionalFile(file);
   const QString description = ask(file);
-  if (!description.isEmpty()) products_.AddImage(product, file, picture, description);
+  if (description.isEmpty()) return;
+  ProductImages(IDCatalogo_, product, connection_).Add(file, picture, description);
 }
 
 }  // namespace vorlina

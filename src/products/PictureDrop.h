@@ -16,7 +16,10 @@ class PictureDrop {
   using AskDescription = std::function<QString(const QString& file)>;
 
   PictureDrop(const ProductKey& product, Connection& connection)
-      : code_(product.CodiceProdotto), products_(product.IDCatalogo, connection) {}
+      : IDCatalogo_(product.IDCatalogo),
+        code_(product.CodiceProdotto),
+        connection_(connection),
+        products_(product.IDCatalogo, connection) {}
 
   // Whether the name ends as a JPEG file's does, in any letter case.
   static bool IsPicture(const QString& file);
@@ -30,7 +33,9 @@ class PictureDrop {
  private:
   void AddImage(qint64 product, const QString& file, const AskDescription& ask);
 
+  int IDCatalogo_;
   QString code_;
+  Connection& connection_;
   ProductStore products_;
 };
 

@@ -187,22 +187,6 @@ void ProductStore::SetMainImage(qint64 product, const QString& source, const Pre
   transaction.Commit();
 }
 
-void ProductStore::AddImage(qint64 product, const QString& source, const PreparedPicture& picture,
-                            const QString& description) {
-  Transaction transaction(connection_,
-                          {QT_TRANSLATE_NOOP("Texts", "Immagine aggiuntiva di %1"), {CodeOf(product)}});
-  const QString code = CodeOf(product);
-  connection_.Execute(
-      u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Height,Width,Descrizione) VALUES (?,?,?,?,?)"_qs,
-      {IDCatalogo_, code, picture.size.height(), picture.size.width(), description});
-  const qint64 number = connection_.LastInsertId();
-  connection_.KeepCounter(u"Immagini"_qs, number);
-  const QString target = AdditionalImagePath(number);
-  PictureChange(transaction, connection_).Take(source, target, picture);
-  connection_.Execute(u"UPDATE Immagini SET Immagine=? WHERE IDImmagine=?"_qs, {target, number});
-  transaction.Commit();
-}
-
 qint64 ProductStore::FilterValue(int filter, const QString& value) {
   const QString name = value.trimmed();
   const QStringList refusals = CheckCell({}, name, true).refusals;

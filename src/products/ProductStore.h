@@ -69,11 +69,9 @@ class ProductStore {
   // Deletes products with all that belongs to them; those that are gone are passed over. Throws Error.
   void Delete(const std::vector<qint64>& products);
 
-  // Make a file the product's main image, or one more additional one. Neither sets a mark. Throw Error: where
-  // the product is gone, where another row names the main image's file, where it cannot be written.
+  // Makes a file the product's main image, without a mark. Throws Error: where the product is gone, where
+  // another row names the file's name, where it cannot be written.
   void SetMainImage(qint64 product, const QString& source, const PreparedPicture& picture);
-  void AddImage(qint64 product, const QString& source, const PreparedPicture& picture,
-                const QString& description);
 
   // The number of a filter's value, which is added where it is not there yet: without the blanks around it,
   // in any letter case. A filter is 1 to 5. Throws Error, also for a value that no cell takes.
