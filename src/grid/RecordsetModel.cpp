@@ -365,7 +365,7 @@ bool RecordsetModel::DeleteRows(QList<int> rows) {
   for (const int row : rows) deletions.push_back(BookmarkOf(row));
   if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
   if (givesUp) Revert();
-  if (!Attempt([&] { DeleteBy ? DeleteBy(deletions) : rows_.Records().DeleteRows(deletions, {}); })) {
+  if (!Attempt([&] { DeleteBy ? DeleteBy(deletions) : rows_.Records().DeleteRows(deletions); })) {
     rows_.Forget();
     ShowAgain(0, shownRows_ - 1);
     return false;

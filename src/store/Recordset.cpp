@@ -157,15 +157,12 @@ void Recordset::CancelUpdate() {
   current_.reset();
 }
 
-void Recordset::DeleteRows(const std::vector<qint64>& bookmarks,
-                           const std::function<void(qint64 bookmark)>& before) {
+void Recordset::DeleteRows(const std::vector<qint64>& bookmarks) {
   RequireOpen();
   CancelUpdate();
   Transaction transaction(*connection_);
   for (const qint64 bookmark : bookmarks) {
-    if (!reader_->Read(bookmark)) continue;
-    if (before) before(bookmark);
-    writer_.Delete(bookmark);
+    if (reader_->Read(bookmark)) writer_.Delete(bookmark);
   }
   transaction.Commit();
 }

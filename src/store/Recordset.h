@@ -83,10 +83,9 @@ class Recordset {
   // one transaction with it.
   void Update(const std::function<void(qint64 bookmark)>& within = {});
   void CancelUpdate();
-  // Deletes rows in one transaction, each after the step with its bookmark; a row that is gone already is
-  // passed over. They stay in the list, as rows that somebody else deleted do, until DropRows takes them out.
-  // What was being edited is given up.
-  void DeleteRows(const std::vector<qint64>& bookmarks, const std::function<void(qint64 bookmark)>& before);
+  // Deletes rows in one transaction; a row that is gone already is passed over. They stay in the list, as
+  // rows that somebody else deleted do, until DropRows takes them out. What was being edited is given up.
+  void DeleteRows(const std::vector<qint64>& bookmarks);
   // Takes rows out of the list, not out of the database. The first row is current.
   void DropRows(const std::vector<qint64>& bookmarks);
   EditMode Editing() const { return edit_.Mode(); }

@@ -109,7 +109,7 @@ TEST_F(RecordsetTest, AnEditStaysWithItsRow) {
   Recordset clone = products.Clone();
   const auto deleteFirst = [&] {
     const std::vector<qint64> first{clone.BookmarkAt(1)};
-    clone.DeleteRows(first, {});
+    clone.DeleteRows(first);
     clone.DropRows(first);
   };
   products.SetAbsolutePosition(2);
