@@ -4,6 +4,7 @@
 #include <QSize>
 #include <cstdio>
 
+#include "Photographs.h"
 #include "base/SafeFile.h"
 #include "support/TestJpeg.h"
 
@@ -19,8 +20,8 @@ int main(int argc, char** argv) {
   form.exif = MakeExif(1);
   form.progressive = argc > 3;
   // Two pictures serve for all: what they show does not matter, and their file names differ.
-  const QByteArray photos[] = {MakeJpeg(MakePhoto({4000, 3000}, 1), form),
-                               MakeJpeg(MakePhoto({6000, 4000}, 2), form)};
+  const QByteArray photos[] = {MakeJpeg(MakePhotograph({4000, 3000}, 1), form),
+                               MakeJpeg(MakePhotograph({6000, 4000}, 2), form)};
   for (int i = 0; i < std::atoi(argv[2]); ++i)
     WriteFileSafely(folder.filePath(QStringLiteral("IMG_%1.jpg").arg(i, 4, 10, QLatin1Char('0'))),
                     photos[i % 2]);

@@ -9,6 +9,7 @@
 #include <numbers>
 #include <vector>
 
+#include "Photographs.h"
 #include "images/PictureRendering.h"
 #include "support/TestJpeg.h"
 
@@ -132,7 +133,7 @@ int main(int argc, char** argv) {
                              {"fine rings", MakeRings({4000, 3000}, 12)}};
   for (const QSize size : {QSize(4000, 3000), QSize(3000, 2000), QSize(1600, 1200), QSize(2048, 1536),
                            QSize(1280, 960), QSize(1700, 2300)})
-    cases.push_back({"photo", MakePhoto(size, unsigned(size.width()))});
+    cases.push_back({"photo", MakePhotograph(size, unsigned(size.width()))});
   std::vector<double> all;
   for (const Case& one : cases) {
     const QByteArray jpeg = MakeJpeg(one.image);

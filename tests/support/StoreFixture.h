@@ -12,6 +12,7 @@
 #include "store/GetValue.h"
 #include "store/Sqlite.h"
 #include "support/Language.h"
+#include "support/Print.h"
 #include "support/WritingConnection.h"
 
 namespace vorlina {
@@ -48,6 +49,14 @@ class StoreFixture : public testing::Test {
   void AddProduct(int catalog, const QString& code, const QVariant& order = {}) {
     connection_.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,OrdineTemp) VALUES (?,?,?)"_qs,
                         {catalog, code, order});
+  }
+  void SetImage(const QString& code, const QString& path) {
+    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+  }
+  // Has a change of rows fail, such as "DELETE ON Cataloghi", from now on.
+  void Refuse(const QString& change) {
+    connection_.Execute(
+        u"CREATE TRIGGER Refuse BEFORE %1 BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs.arg(change));
   }
   QVariant One(const QString& expression, const QString& table, const QString& where = {},
                const QVariantList& values = {}) {

@@ -1,5 +1,4 @@
-// JPEG files for tests and benchmarks: photographs that are made up, in every form that a camera or a program
-// may write.
+// JPEG files for tests and benchmarks, in every form that a camera or a program may write.
 #pragma once
 
 #include <QByteArray>
@@ -28,12 +27,8 @@ QByteArray MakeJpeg(const QImage& image, const JpegForm& form = {});
 // EXIF data with an orientation, a camera's name and a place, in either byte order.
 QByteArray MakeExif(int orientation, bool bigEndian = false);
 
-// What looks like a photograph to a codec: soft shapes, edges, a fine texture and a sensor's noise. Equal for
-// an equal seed.
+// Soft shapes, edges and a sensor's noise. Equal for an equal seed.
 QImage MakePhoto(QSize size, unsigned seed);
-
-// Rings that become finer outwards, up to a period of finest pixels.
-QImage MakeRings(QSize size, double finest);
 
 // One colour in each quarter: red, green, blue and white, from the upper left clockwise to the lower left.
 QImage MakeQuarters(QSize size);
