@@ -4,7 +4,6 @@
 
 #include "GridWindowFixture.h"
 #include "images/PictureFolder.h"
-#include "products/ProductStore.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -18,30 +17,12 @@ class GridPictures : public GridWindow {
     return Outside(name);
   }
   // Gives a product a main picture and its thumbnail.
-  QString GivePicture(const QString& code, int catalog) {
-    QString path = MainImagePath(catalog, code);
+  QString GivePicture(const QString& code) {
+    QString path = MainImagePath(catalog_, code);
     WriteFileSafely(path, MakeJpeg(MakePhoto({80, 60}, 1)));
     WriteFileSafely(ThumbnailPath(path), MakeJpeg(MakePhoto({40, 30}, 2)));
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE IDCatalogo=? AND CodiceProdotto=?"_qs,
-                        {path, catalog, code});
+    SetImage(code, path);
     return path;
-  }
-  // A catalog's products, what belongs to them, and its files, without the catalog's own number.
-  QStringList StateOf(int catalog) {
-    QStringList state;
-    for (const QString& sql :
-         {u"CodiceProdotto,Descrizione,OrdineTemp,Pubblica,SchedaTecnica,Immagine) FROM Prodotti"_qs,
-          u"'Immagini',CodiceProdotto) FROM Immagini"_qs,
-          u"'SchedeTecniche',CodiceProdotto) FROM SchedeTecniche"_qs,
-          u"CodiceProdotto,IDExtension,Valore) FROM PExtension"_qs}) {
-      vorlina::Rows rows(connection_, u"SELECT json_array("_qs + sql + u" WHERE IDCatalogo=? ORDER BY 1"_qs,
-                         {catalog});
-      while (rows.Next()) state += rows.Value(0).toString().replace(CatalogPrefix(catalog), u"#-"_qs);
-    }
-    for (const auto& [name, content] : FilesIn(AppFile(u"Images"_qs)))
-      if (name.contains(CatalogPrefix(catalog)))
-        state += QString(name).replace(CatalogPrefix(catalog), u"#-"_qs) + QString::number(content.size());
-    return state;
   }
 };
 
@@ -49,36 +30,28 @@ class GridPictures : public GridWindow {
 
 TEST_F(GridPictures, DroppedFilesBecomeTheMainAndAdditionalPictures) {
   const QString code = u"a'Neil 50% 🙂"_qs;
-  AddProducts({code, u"b"_qs});
+  AddProducts({code});
   Open();
   const QString second = Picture(u"L'altra 50%.JpEg"_qs, 2);
-  QStringList files{Outside(u"0.jpg"_qs), Outside(u"1.jpg"_qs)};
-  QStringList told;
-  for (const QString& file : files) {
-    WriteFileSafely(file, "no picture");
-    told += u"The file %1 cannot be read: it is no JPEG picture"_qs.arg(file);
-  }
+  const QString bad = Outside(u"0.jpg"_qs);
+  WriteFileSafely(bad, "no picture");
   dialogs_.ExpectInput(u"Image description for "_qs + second, u"the \"other\" one"_qs);
-  dialogs_.ExpectMessage(told.join(u"\r\n"_qs), BoxStyle::Stop);
-  DropFiles(0, files + QStringList{Picture(u"a.JPG"_qs), second});
+  dialogs_.ExpectMessage(u"The file %1 cannot be read: it is no JPEG picture"_qs.arg(bad), BoxStyle::Stop);
+  DropFiles(0, {bad, Picture(u"a.JPG"_qs), second});
   EXPECT_EQ(QDir(AppFile(u"Images"_qs)).entryList(QDir::Files, QDir::Name).join(u' '),
             u"%1-%2.jpg 1.jpg t%1-%2.jpg"_qs.arg(catalog_).arg(code));
   EXPECT_EQ(One(u"Descrizione"_qs, u"Immagini"_qs, u"CodiceProdotto=?"_qs, {code}), u"the \"other\" one"_qs);
   EXPECT_FALSE(Rows().index(0, ProductColumn::ImmaginePicture).data(Qt::DecorationRole).isNull());
 }
 
-// Rows, files and marks are the same whether a product is worked in the grid or by a call.
-TEST_F(GridPictures, TheGridLeavesWhatTheStoreLeaves) {
+// What the store does is left by the grid as well: rows, files and marks agree.
+TEST_F(GridPictures, ProductsTakeWhatIsTheirsAlong) {
   const QString code = u"O'Neil 50% 🙂"_qs;
-  const int other = AddCatalog(u"Other"_qs);
-  for (const int catalog : {other, catalog_}) {
-    for (const QString& product : {u"a"_qs, u"b"_qs}) {
-      AddProduct(catalog, product, product == u"a" ? 1 : 2);
-      GivePicture(product, catalog);
-      for (const QString& table : {u"Immagini"_qs, u"SchedeTecniche"_qs})
-        connection_.Execute(u"INSERT INTO "_qs + table + u" (IDCatalogo,CodiceProdotto) VALUES (?,?)"_qs,
-                            {catalog, product});
-    }
+  AddProducts({u"a"_qs, u"b"_qs});
+  for (const QString& product : {u"a"_qs, u"b"_qs}) {
+    GivePicture(product);
+    connection_.Execute(u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto) VALUES (?,?)"_qs,
+                        {catalog_, product});
   }
   Open();
   Change(0, Code, code);
@@ -88,12 +61,10 @@ TEST_F(GridPictures, TheGridLeavesWhatTheStoreLeaves) {
   Select({2});
   dialogs_.ExpectQuestion(u"Do you want to delete selected products and their images?\r\nContinue?"_qs, true);
   Key(Qt::Key_Delete);
-  ProductStore store(other, connection_);
-  store.Change(store.Find(u"a"_qs), {{u"CodiceProdotto"_qs, code}}, ProductMarks::Both);
-  store.Add({{u"Descrizione"_qs, u"new"_qs}, {u"OrdineTemp"_qs, 3}}, ProductMarks::Both);
-  store.Delete({store.Find(u"b"_qs)});
-  EXPECT_EQ(StateOf(catalog_), StateOf(other));
-  EXPECT_EQ(StateOf(other).size(), 10) << StateOf(other).join(u"; "_qs);
+  EXPECT_EQ(One(u"group_concat(CodiceProdotto)"_qs, u"SchedeTecniche"_qs), code);
+  EXPECT_EQ(Count(u"PExtension"_qs), 4) << "two marks for each of the two";
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 2U);
+  EXPECT_EQ(Findings(), QStringList());
 
   // Another letter case of the same code.
   Change(0, Code, u"o'neil 50% 🙂"_qs);
@@ -102,7 +73,7 @@ TEST_F(GridPictures, TheGridLeavesWhatTheStoreLeaves) {
 
 TEST_F(GridPictures, APressOnThePictureShowsItUntilThePointerLeaves) {
   AddProducts({u"a"_qs, u"b"_qs});
-  QFile::remove(ThumbnailPath(GivePicture(u"a"_qs, catalog_)));
+  QFile::remove(ThumbnailPath(GivePicture(u"a"_qs)));
   Open();
   const auto* box = Find<QFrame>(u"picExt"_qs);
   const std::function<void()> ways[] = {[&] { Move(PointOf(0, Description)); }, [&] { Key(Qt::Key_Down); }};

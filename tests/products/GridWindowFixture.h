@@ -15,7 +15,6 @@
 #include "products/frmEditCatalog.h"
 #include "support/CatalogFixture.h"
 #include "support/Messages.h"
-#include "support/Print.h"
 #include "support/ScriptedDialogs.h"
 
 namespace vorlina {

@@ -5,7 +5,6 @@
 
 #include "images/PictureFolder.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -37,26 +36,20 @@ class PictureDropTest : public CatalogFixture {
 }  // namespace
 
 TEST_F(PictureDropTest, TheFirstIsTheMainPictureAndTheOthersAreAdditional) {
-  Drop({Picture(u"a.JPG"_qs)}, u"never asked"_qs);
-  EXPECT_EQ(asked_, QStringList());
-  EXPECT_EQ(One(u"Width || 'x' || Height"_qs, u"Prodotti"_qs), u"804x603"_qs);
-  Drop({Picture(u"b.jpeg"_qs, {400, 300})}, u"the \"side\""_qs);
-  EXPECT_EQ(One(u"Descrizione"_qs, u"Immagini"_qs, u"CodiceProdotto=?"_qs, {code_}), u"the \"side\""_qs);
-  EXPECT_EQ(One(u"Width || 'x' || Height"_qs, u"Immagini"_qs), u"400x300"_qs);
+  Drop({Picture(u"a.JPG"_qs), Picture(u"b.jpeg"_qs, {400, 300})}, u"side"_qs);
+  EXPECT_EQ(asked_, QStringList{Outside(u"b.jpeg"_qs)});
+  for (const auto& [table, size] :
+       {std::pair{u"Prodotti"_qs, u"804x603"_qs}, {u"Immagini"_qs, u"400x300"_qs}})
+    EXPECT_EQ(One(u"Width || 'x' || Height"_qs, table), size);
   Drop({Picture(u"c.jpg"_qs)}, QString());
   EXPECT_EQ(Count(u"Immagini"_qs), 1) << "an empty answer leaves no row";
   EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 3U) << "and no file";
   EXPECT_EQ(Count(u"PExtension"_qs), 0) << "a drop leaves no mark";
-  EXPECT_EQ(Findings(), QStringList());
 }
 
 TEST_F(PictureDropTest, NothingOfOthersIsWrittenOver) {
   const QString picture = Picture(u"a.jpg"_qs);
   const auto before = FilesIn(AppFile(u"Images"_qs));
-  EXPECT_NE(FailureOf([&] {
-              PictureDrop({catalog_, u"gone"_qs}, connection_).Add({picture}, {});
-            }),
-            QString());
   const QString taken = MainImagePath(catalog_, u"Logo"_qs);
   WriteFileSafely(taken, "the logo");
   connection_.Execute(u"UPDATE Cataloghi SET Logo=? WHERE IDCatalogo=?"_qs, {taken, catalog_});
@@ -70,17 +63,12 @@ TEST_F(PictureDropTest, NothingOfOthersIsWrittenOver) {
 
 TEST_F(PictureDropTest, BadFilesAreToldByTheirNamesAndTheOthersAreTaken) {
   const QString good = Picture(u"good.jpg"_qs);
-  const QString bad = Outside(u"bad.jpg"_qs);
   const QString cut = Outside(u"cut.JPG"_qs);
   const QString gone = Outside(u"gone.jpeg"_qs);
-  WriteFileSafely(bad, "no picture");
   WriteFileSafely(cut, ContentOf(good).chopped(2000));
-  const QStringList failures = Drop({cut, Outside(u"p.png"_qs), bad, good, gone, cut, good}, u"x"_qs);
-  ASSERT_EQ(failures.size(), 4);
-  for (const auto& [i, file] : {std::pair{0, cut}, {1, bad}, {2, gone}, {3, cut}}) {
-    EXPECT_TRUE(failures[i].contains(file)) << failures[i];
-    EXPECT_FALSE(failures[i].contains(u"Images"_qs)) << failures[i];
-  }
-  EXPECT_EQ(One(u"Width"_qs, u"Prodotti"_qs), 804) << "the first good one";
+  const QStringList failures = Drop({cut, Outside(u"p.png"_qs), good, gone, cut, good}, u"x"_qs);
+  ASSERT_EQ(failures.size(), 3);
+  for (const auto& [i, file] : {std::pair{0, cut}, {1, gone}, {2, cut}})
+    EXPECT_TRUE(failures[i].contains(file) && !failures[i].contains(u"Images"_qs)) << failures[i];
   EXPECT_EQ(Count(u"Immagini"_qs), 1);
 }
