@@ -7,8 +7,6 @@
 #include "store/CatalogDatabase.h"
 #include "support/BackupFiles.h"
 #include "support/FullDisk.h"
-#include "support/Print.h"
-#include "support/WritingConnection.h"
 
 using namespace vorlina;
 
@@ -126,8 +124,7 @@ TEST_F(BackupTest, WhatRowsNameIsInItOrNothingIsReplaced) {
   EXPECT_EQ(told, lost);
   EXPECT_EQ(ContentOf(file_), former);
   WriteFileSafely(Outside(u"far.jpg"_qs), "x");
-  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='È 3'"_qs,
-                      {Outside(u"far.jpg"_qs)});
+  SetImage(u"È 3"_qs, Outside(u"far.jpg"_qs));
   const BackupReport report = WriteBackup(connection_, file_, {}, MissingPictures::Allowed);
   EXPECT_EQ(report.missing, lost);
   EXPECT_EQ(report.outside, QStringList{Outside(u"far.jpg"_qs)});
