@@ -6,7 +6,6 @@
 #include "images/PicturePaths.h"
 #include "store/SampleData.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 
 using namespace vorlina;
 
@@ -26,7 +25,7 @@ class PictureStoreTest : public CatalogFixture {
   void Name(const QString& code, const QString& path) {
     if (Count(u"Cataloghi"_qs) == 0) AddCatalog(u"Catalog"_qs);
     AddProduct(1, code);
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
+    SetImage(code, path);
   }
   QString Named(const QString& code) {
     return One(u"Immagine"_qs, u"Prodotti"_qs, u"CodiceProdotto=?"_qs, {code}).toString();
@@ -159,15 +158,4 @@ TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {
   const qint64 mark = connection_.ChangeMark();
   EXPECT_EQ(FitPicturePaths(connection_), 0);
   EXPECT_EQ(connection_.ChangeMark(), mark) << "what is in order, or cannot be, is not written";
-}
-
-TEST_F(PictureStoreTest, PathsAreFittedWholeOrNotAtAll) {
-  for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs}) Put(name);
-  Name(u"a"_qs, u"/gone/Images/a.jpg"_qs);
-  Name(u"b"_qs, u"/gone/Images/b.jpg"_qs);
-  connection_.Execute(
-      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Prodotti WHEN old.CodiceProdotto='b' "
-      "BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
-  EXPECT_TRUE(FailureOf([&] { FitPicturePaths(connection_); }).contains(u"refused"));
-  EXPECT_EQ(Named(u"a"_qs), u"/gone/Images/a.jpg"_qs);
 }

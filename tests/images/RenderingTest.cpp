@@ -1,17 +1,12 @@
 // What becomes of foreign pictures in memory.
 #include <QColorSpace>
 #include <QImage>
-#include <QPainter>
-#include <QTemporaryDir>
-#include <map>
 
 #include <lcms2.h>
 
-#include "base/Error.h"
-#include "base/SafeFile.h"
 #include "images/PictureRendering.h"
 #include "images/ScreenPicture.h"
-#include "support/Print.h"
+#include "support/CatalogFixture.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -84,26 +79,19 @@ QByteArray InkProfile() {
 }
 
 QString FailureOf(const QByteArray& jpeg) {
-  try {
-    FitToLimit(jpeg, 800, {});
-  } catch (const Error& error) {
-    return error.Description();
-  }
-  return {};
+  return vorlina::FailureOf([&] { FitToLimit(jpeg, 800, {}); });
 }
 
 }  // namespace
 
 TEST(Rendering, APictureStandsUprightOnceAndForAll) {
-  // What a camera held in each of the eight ways stores of the same scene R G / W B.
-  const char* stored[] = {"RGBW", "GRWB", "BWRG", "WBGR", "RWBG", "GBWR", "BGRW", "WRGB"};
-  const std::map<char, QColor> colours{{'R', Qt::red}, {'G', Qt::green}, {'B', Qt::blue}, {'W', Qt::white}};
+  // How a camera held in each of the eight ways stores the same scene: mirrored or not, and turned.
+  const std::pair<bool, int> ways[] = {{false, 0},  {true, 0},    {false, 180}, {true, 180},
+                                       {true, 270}, {false, 270}, {true, 90},   {false, 90}};
   for (int orientation = 1; orientation <= 8; ++orientation) {
-    QImage image(orientation >= 5 ? QSize(1200, 1600) : QSize(1600, 1200), QImage::Format_RGB32);
-    for (int quarter = 0; quarter < 4; ++quarter)
-      QPainter(&image).fillRect(quarter == 1 || quarter == 2 ? image.width() / 2 : 0,
-                                quarter >= 2 ? image.height() / 2 : 0, image.width() / 2, image.height() / 2,
-                                colours.at(stored[orientation - 1][quarter]));
+    const auto& [mirrored, degrees] = ways[orientation - 1];
+    const QImage image =
+        MakeQuarters({1600, 1200}).mirrored(mirrored, false).transformed(QTransform().rotate(degrees));
     for (const bool bigEndian : {false, true}) {
       const QByteArray jpeg = MakeJpeg(image, {.exif = MakeExif(orientation, bigEndian)});
       const FittedJpeg fitted = FitToLimit(jpeg, 800, {});

@@ -76,7 +76,6 @@ class Pager : public StoreFixture {
   }
 
   QWidget* Tile(int i) { return Find<QWidget>(*pager_, u"intPicture_%1"_qs.arg(i)); }
-  QWidget* Frame(int i) { return Find<QWidget>(*pager_, u"extPicture_%1"_qs.arg(i)); }
   void Click(const QString& button) {
     QTest::mouseClick(Find<QAbstractButton>(*pager_, button), Qt::LeftButton);
   }
@@ -140,7 +139,7 @@ TEST_F(Pager, ShowsTheThumbnailElseTheMainImageElseNothing) {
   for (int i = 0; i < 4; ++i) {
     const QString code = u"P0%1"_qs.arg(i);
     const QString main = MainImagePath(catalog_, code);
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {main, code});
+    SetImage(code, main);
     const QString files = cases[i].first;
     if (files[0] == u't') WritePicture(ThumbnailPath(main), {200, 50}, Qt::red);
     if (files[1] == u'b') WriteFileSafely(ThumbnailPath(main), "\xFF\xD8\xFF no picture");
