@@ -6,8 +6,6 @@
 #include "store/Recordset.h"
 #include "support/CatalogFixture.h"
 #include "support/FaultVfs.h"
-#include "support/Print.h"
-#include "support/WritingConnection.h"
 
 using namespace vorlina;
 

@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "base/Helpers.h"
-#include "support/Print.h"
 #include "support/StoreFixture.h"
 
 using namespace vorlina;
@@ -45,25 +44,21 @@ TEST_F(RecordsetTest, NobodysChangeIsOverwrittenUnseen) {
   EXPECT_EQ(products.Value(u"Descrizione"_qs), u"theirs"_qs);
 
   // A change of letter case is a change, in a column that compares without regard to it as well.
-  products.SetValue(u"Codice"_qs, u"A2"_qs);
-  other.Execute(u"UPDATE Prodotti SET CodiceProdotto='a' WHERE IDCatalogo=? AND CodiceProdotto='A'"_qs,
-                {catalog_});
-  EXPECT_THROW(products.Update(), Error);
-  products.CancelUpdate();
-
-  products.SetValue(u"Descrizione"_qs, u"mine"_qs);
-  other.Execute(u"DELETE FROM Prodotti WHERE IDCatalogo=? AND CodiceProdotto='a'"_qs, {catalog_});
-  EXPECT_THROW(products.Update(), Error);
-  products.CancelUpdate();
+  for (const QString& sql : {u"UPDATE Prodotti SET CodiceProdotto='a'"_qs, u"DELETE FROM Prodotti"_qs}) {
+    products.SetValue(u"Codice"_qs, u"A2"_qs);
+    other.Execute(sql + u" WHERE IDCatalogo=? AND CodiceProdotto='A'"_qs, {catalog_});
+    EXPECT_THROW(products.Update(), Error) << sql;
+    products.CancelUpdate();
+  }
 }
 
 TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
-  const auto open = [](Connection& connection) {
-    Recordset pictures;
-    pictures.Open({.table = u"Immagini"_qs}, connection);
-    return pictures;
-  };
-  Recordset pictures = open(connection_);
+  Connection other;
+  other.Open(connection_.ConnectionText());
+  Recordset ours;
+  Recordset theirs;
+  ours.Open({.table = u"Immagini"_qs}, connection_);
+  theirs.Open({.table = u"Immagini"_qs}, other);
   QList<qint64> given;
   const auto add = [&](Recordset& rows) {
     rows.AddNew();
@@ -71,24 +66,19 @@ TEST_F(RecordsetTest, CountersAreKnownAtOnceAndNeverGivenTwice) {
     rows.SetValue(u"CodiceProdotto"_qs, u"A"_qs);
     given += rows.Value(u"IDImmagine"_qs).toLongLong();
   };
-  add(pictures);
-  pictures.Update();
-  EXPECT_THROW(pictures.SetValue(u"IDImmagine"_qs, 99), Error);
-  add(pictures);
-  pictures.CancelUpdate();
+  add(ours);
+  ours.CancelUpdate();
   connection_.BeginTrans();
-  add(pictures);
-  pictures.Update();
+  add(ours);
+  ours.Update();
   connection_.RollbackTrans();
-  Connection other;
-  other.Open(connection_.ConnectionText());
-  Recordset theirs = open(other);
   add(theirs);
-  add(pictures);
+  add(ours);
   theirs.Update();
-  pictures.Update();
+  ours.Update();
+  EXPECT_THROW(ours.SetValue(u"IDImmagine"_qs, 99), Error);
   connection_.Execute(u"DELETE FROM Immagini"_qs);
-  add(pictures);
+  add(ours);
   EXPECT_EQ(QSet<qint64>(given.begin(), given.end()).size(), given.size());
   EXPECT_TRUE(std::is_sorted(given.begin(), given.end()));
 }
