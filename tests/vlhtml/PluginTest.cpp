@@ -9,7 +9,6 @@
 
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
-#include "support/Print.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
 

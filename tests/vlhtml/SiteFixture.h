@@ -8,21 +8,19 @@
 #include "SitePublisher.h"
 #include "publish/PluginConnection.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 
 namespace vorlina {
 
 using vlhtml::PublishResult;
 
+// Asks at each report whether to go on; without a question it does.
 class SiteProgress : public IVorlinaProgress {
  public:
-  // Stops at the report with this number; -1 never.
-  explicit SiteProgress(int stopAt = -1) : stopAt_(stopAt) {}
-  bool Report(int, int, const QString&) override { return stopAt_ < 0 || count_++ < stopAt_; }
+  explicit SiteProgress(std::function<bool(const QString& step)> ask = {}) : ask_(std::move(ask)) {}
+  bool Report(int, int, const QString& step) override { return !ask_ || ask_(step); }
 
  private:
-  int stopAt_;
-  int count_ = 0;
+  std::function<bool(const QString&)> ask_;
 };
 
 inline void Write(const QString& path, const QByteArray& content) {
@@ -30,6 +28,11 @@ inline void Write(const QString& path, const QByteArray& content) {
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(content);
+}
+
+inline void WriteAll(const QString& folder, const QMap<QString, QByteArray>& files) {
+  for (auto file = files.cbegin(); file != files.cend(); ++file)
+    Write(folder + u'/' + file.key(), file.value());
 }
 
 // Every file of a folder with its content.
@@ -96,9 +99,7 @@ class SiteFixture : public StoreFixture {
   void CopySkin() {
     if (skin_ != StandardSkin) return;
     skin_ = folder_.filePath(u"skin"_qs);
-    const QMap<QString, QByteArray> files = Files(StandardSkin);
-    for (auto file = files.cbegin(); file != files.cend(); ++file)
-      Write(skin_ + u'/' + file.key(), file.value());
+    WriteAll(skin_, Files(StandardSkin));
   }
   void ChangeSkin(const QString& name, const QByteArray& content) {
     CopySkin();

@@ -48,8 +48,7 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
   const QString reference = QStringLiteral(VORLINA_SOURCE_DIR "/tests/vlhtml/reference");
   if (qEnvironmentVariableIsSet("VORLINA_UPDATE_REFERENCE")) {
     QDir(reference).removeRecursively();
-    for (auto file = files.cbegin(); file != files.cend(); ++file)
-      Write(reference + u'/' + file.key(), file.value());
+    WriteAll(reference, files);
   }
   const QMap<QString, QByteArray> expected = Files(reference);
   EXPECT_EQ(files.keys().join(u' '), expected.keys().join(u' '));
@@ -71,9 +70,10 @@ TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
   EXPECT_EQ(Publish().written, 0);
   const QMap<QString, QByteArray> before = Files(target_);
 
-  connection_.Execute(u"UPDATE Prodotti SET Valore2='9 x 9' WHERE CodiceProdotto='B-1'"_qs);
+  connection_.Execute(
+      u"UPDATE Prodotti SET Valore2='9'||char(1,27,127,133,65535)||'9' WHERE CodiceProdotto='B-1'"_qs);
   EXPECT_EQ(Publish().written, 1) << "a value that stands on the product's own page";
-  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("9 x 9"));
+  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains(">99<")) << "without control characters";
   // What somebody broke or lost is made again.
   QFile::remove(target_ + u"/p-b-1.html"_qs);
   Write(target_ + u"/style.css"_qs, "x");
@@ -85,34 +85,23 @@ TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
   EXPECT_TRUE(Files(target_).keys().filter(u"p-a-1"_qs).isEmpty());
 }
 
-TEST_F(SiteTest, AllOfASkinIsPublishedAndAgainWhenItChanged) {
+TEST_F(SiteTest, WhatASkinHoldsAndShowsIsNeverStale) {
   for (const QByteArray& content : {QByteArray("one"), QByteArray("two")}) {
     ChangeSkin(u"assets/fonts/a.woff2"_qs, content);
     Publish();
     EXPECT_EQ(Page(u"assets/fonts/a.woff2"_qs), content);
   }
   QFile::remove(skin_ + u"/assets/fonts/a.woff2"_qs);
-  Publish();
+  ChangeSkin(u"product.mustache"_qs, "{{#filters}}{{#values}}{{text}} {{count}};{{/values}}{{/filters}}");
+  for (const QByteArray& count : {QByteArray("Rosso 1;"), QByteArray("Rosso 2;")}) {
+    Publish();
+    EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains(count)) << count.constData();
+    connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=1 WHERE CodiceProdotto='A-1'"_qs);
+  }
   EXPECT_FALSE(QFileInfo::exists(target_ + u"/assets/fonts"_qs));
   // A template's own pages, and no others.
   ChangeSkin(u"home.mustache"_qs, "<p>home</p>");
   EXPECT_EQ(Publish().written, 1);
-}
-
-TEST_F(SiteTest, WhatAPageShowsIsNeverStale) {
-  ChangeSkin(u"product.mustache"_qs, "{{#filters}}{{#values}}{{text}} {{count}};{{/values}}{{/filters}}");
-  Publish();
-  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Rosso 1;"));
-  connection_.Execute(u"UPDATE Prodotti SET IDFiltro1=1 WHERE CodiceProdotto='A-1'"_qs);
-  Publish();
-  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("Rosso 2;"));
-}
-
-TEST_F(SiteTest, ControlCharactersAreLeftOut) {
-  connection_.Execute(
-      u"UPDATE Prodotti SET Descrizione='a'||char(1,27,127,133,65535)||'b' WHERE CodiceProdotto='B-1'"_qs);
-  Publish();
-  EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("<h1>ab</h1>"));
 }
 
 TEST_F(SiteTest, TheLanguageIsGuessedFromTheTexts) {
@@ -131,12 +120,6 @@ TEST_F(SiteTest, FilesOfTheUserStayAndAreNotOverwritten) {
   connection_.Execute(u"DELETE FROM Prodotti"_qs);
   Publish();
   for (const QString& name : theirs) EXPECT_EQ(Page(name), "mine") << name;
-
-  QDir(target_).removeRecursively();
-  Write(target_ + u"/index.html"_qs, "mine");
-  EXPECT_TRUE(Failure().contains(u"index.html"));
-  EXPECT_EQ(Files(target_).size(), 1);
-  EXPECT_TRUE(Beside().isEmpty());
 }
 
 TEST_F(SiteTest, StoppingOrFailingLeavesTheFolderAsItWas) {
@@ -144,7 +127,8 @@ TEST_F(SiteTest, StoppingOrFailingLeavesTheFolderAsItWas) {
     if (published) Publish();
     const QMap<QString, QByteArray> before = Files(target_);
     connection_.Execute(u"UPDATE Cataloghi SET Titolo=?"_qs, {published ? u"Altro"_qs : u"Uno"_qs});
-    for (const int stop : {0, 1}) EXPECT_FALSE(Publish(SiteProgress(stop)).complete);
+    for (int stop : {0, 1})
+      EXPECT_FALSE(Publish(SiteProgress([&](const QString&) { return stop-- > 0; })).complete);
     {
       const FullDisk full(600);
       EXPECT_FALSE(Failure().isEmpty());

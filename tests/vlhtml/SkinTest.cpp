@@ -12,6 +12,7 @@ using namespace vorlina;
 namespace {
 
 using Entries = QMap<QString, QByteArray>;
+using Case = std::array<const char*, 3>;
 
 void WriteArchive(const QString& path, const Entries& entries) {
   WriteFileSafely(path, [&](QIODevice& device) {
@@ -27,10 +28,9 @@ class SkinTest : public testing::Test {
  protected:
   SkinTest() : host_{u"English"_qs, folder_.path(), folder_.path() + u"/delivered"_qs} {}
 
-  QString Installing(const Entries& entries) {
-    const QString path = folder_.filePath(QStringLiteral("My skin.zip"));
-    WriteArchive(path, entries);
-    return Installing(path);
+  QString Installing(const Entries& entries, const QString& name = u"My skin.zip"_qs) {
+    WriteArchive(folder_.filePath(name), entries);
+    return Installing(folder_.filePath(name));
   }
   QString Installing(const QString& path) {
     return FailureOf([&] { vlhtml::InstallSkinArchive(path, host_); });
@@ -48,12 +48,8 @@ class SkinTest : public testing::Test {
 }  // namespace
 
 TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
-  struct Case {
-    const char* file;
-    const char* text;  // null: the file is missing
-    const char* told;
-  };
-  for (const Case& c :
+  // A file, its text (none: it is missing), and what is told.
+  for (const auto& [name, text, told] :
        {Case{"product.mustache", "\n\n{{{heading}}}", "file product.mustache, line 3"},
         Case{"home.mustache", "{{&siteTitle}}", "line 1"}, Case{"card.mustache", "{{\u00A0&code}}", "line 1"},
         Case{"card.mustache", "\r\n{{\r\n&code}}", "file card.mustache, line 2"},
@@ -66,15 +62,14 @@ TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
         Case{"footer.mustache", nullptr, "footer.mustache: it is missing"},
         Case{"assets/my logo.png", "x", "assets/my logo.png"}, Case{"images/x.png", "x", "images/x.png"}}) {
     const QTemporaryDir skin;
-    for (auto file = standard_.cbegin(); file != standard_.cend(); ++file)
-      Write(skin.filePath(file.key()), file.value());
-    const QString file = skin.filePath(QString::fromLatin1(c.file));
-    QFile::remove(file);
-    if (c.text != nullptr) Write(file, c.text);
-    if (QLatin1String(c.told) == QLatin1String("file index.mustache"))
-      Write(skin.filePath(QStringLiteral("index.mustache")), "{{> card}}{&code}}");
+    Entries files = standard_;
+    files.remove(QString::fromLatin1(name));
+    if (text != nullptr) files[QString::fromLatin1(name)] = text;
+    if (QLatin1String(told) == QLatin1String("file index.mustache"))
+      files[u"index.mustache"_qs] = "{{> card}}{&code}}";
+    WriteAll(skin.path(), files);
     const QString problem = FailureOf([&] { vlhtml::Skin(skin.path(), false).StaticFiles(); });
-    EXPECT_TRUE(problem.contains(QLatin1String(c.told))) << c.told << ": " << problem;
+    EXPECT_TRUE(problem.contains(QLatin1String(told))) << told << ": " << problem;
   }
 }
 
@@ -98,13 +93,10 @@ TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
 }
 
 TEST_F(SkinTest, TheStandardSkinCanAlwaysBeChosenAgain) {
-  const QString path = folder_.filePath(u"Standard.zip"_qs);
-  WriteArchive(path, standard_);
-  EXPECT_EQ(Installing(path), QString());
+  EXPECT_EQ(Installing(standard_, u"Standard.zip"_qs), QString());
   EXPECT_EQ(vlhtml::Skins(host_).join(u' '), u"Standard Standard-2"_qs);
   EXPECT_THROW(vlhtml::UseSkin(u"Standard"_qs, host_), std::runtime_error) << "it is not there";
-  for (const QString& name : standard_.keys())
-    Write(host_.deliveredFolder + u"/PubWiz/VLHTML.HTML/Skins/Standard/"_qs + name, standard_[name]);
+  WriteAll(host_.deliveredFolder + u"/PubWiz/VLHTML.HTML/Skins/Standard"_qs, standard_);
   vlhtml::UseSkin(u"Standard"_qs, host_);
   EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
 }

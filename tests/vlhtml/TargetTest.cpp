@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <functional>
 
 #include "Crew.h"
 #include "FolderLock.h"
@@ -35,33 +34,17 @@ void SetRights(const QString& path, unsigned rights) {
   EXPECT_EQ(chmod(QFile::encodeName(path).constData(), rights), 0);
 }
 
-class OnReport : public IVorlinaProgress {
- public:
-  explicit OnReport(std::function<void(const QString&)> call) : call_(std::move(call)) {}
-  bool Report(int, int, const QString& step) override {
-    call_(step);
-    return true;
-  }
-
- private:
-  std::function<void(const QString&)> call_;
-};
-
 class TargetTest : public SiteFixture {
  protected:
   // What publishing a catalog tells when it fails; "" when it does not, "asked" when it was not wanted.
-  QString Publishing(int catalog, const QString& folder, IVorlinaProgress& progress,
-                     const vlhtml::MayReplace& mayReplace = {}) {
+  QString Publishing(int catalog, const QString& folder, const vlhtml::MayReplace& mayReplace = {},
+                     SiteProgress progress = SiteProgress()) {
     PluginConnection connection(connection_);
     return FailureOf([&] {
       if (!vlhtml::PublishSite(connection, catalog, folder, skin_, {false, false}, progress, mayReplace)
                .complete)
         throw Error(u"asked"_qs);
     });
-  }
-  QString Publishing(int catalog, const QString& folder, const vlhtml::MayReplace& mayReplace = {}) {
-    SiteProgress progress;
-    return Publishing(catalog, folder, progress, mayReplace);
   }
   QString ManifestFile() const { return target_ + u"/vorlina-manifest.txt"_qs; }
 };
@@ -118,7 +101,7 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
                                        {AppFile(u"Images/link.jpg"_qs), u"does not lie in"_qs},
                                        {AppFile(u"Images/secret.jpg"_qs), u"cannot be read"_qs},
                                        {AppFile(u"Images/none.jpg"_qs), u"does not exist"_qs}}) {
-    connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='B-1'"_qs, {picture});
+    SetImage(u"B-1"_qs, picture);
     PluginConnection connection(connection_);
     SiteProgress progress;
     const PublishResult result = vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress);
@@ -180,10 +163,11 @@ TEST_F(TargetTest, ASwapThatFailsGoesBack) {
   }
   const auto before = Files(target_);
   const QString intruder = target_ + u"/images/p-new.jpg"_qs;
-  OnReport progress([&](const QString& step) {
+  const SiteProgress progress([&](const QString& step) {
     if (step.startsWith(u"Writing") && !QFileInfo::exists(intruder)) Write(intruder, "mine");
+    return true;
   });
-  EXPECT_TRUE(Publishing(1, target_, progress).contains(u"p-new.jpg"));
+  EXPECT_TRUE(Publishing(1, target_, {}, progress).contains(u"p-new.jpg"));
   EXPECT_TRUE(QFile::remove(intruder));
   EXPECT_TRUE(Files(target_) == before);
   EXPECT_TRUE(Beside().isEmpty());
@@ -246,9 +230,9 @@ TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
   const auto before = Files(target_);
   for (const QString& name : {u"/p-b-1.html"_qs, u"/images/p-a-1.jpg"_qs}) {
     QFile file(target_ + name);
-    const QDateTime time = QFileInfo(file).lastModified();
-    Write(file.fileName(), QByteArray(file.size(), '\0'));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QDateTime time = file.fileTime(QFileDevice::FileModificationTime);
+    file.write(QByteArray(file.size(), '\0'));
     file.setFileTime(time, QFileDevice::FileModificationTime);
   }
   EXPECT_EQ(Publishing(1, target_), QString());
@@ -256,10 +240,10 @@ TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
 }
 
 TEST_F(TargetTest, AnExceptionLeavesNoThreadBehind) {
-  OnReport progress([](const QString& step) {
-    if (step.startsWith(u"Writing")) throw std::runtime_error("enough");
+  const SiteProgress progress([](const QString& step) {
+    return step.startsWith(u"Writing") ? throw std::runtime_error("enough") : true;
   });
-  EXPECT_EQ(Publishing(1, target_, progress), u"enough"_qs);
+  EXPECT_EQ(Publishing(1, target_, {}, progress), u"enough"_qs);
   EXPECT_FALSE(QFileInfo::exists(target_));
   const auto failing = [](std::size_t i) {
     if (i == 5) throw std::runtime_error("five");
