@@ -9,7 +9,6 @@
 
 #include "store/CatalogDatabase.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 
 namespace vorlina {
 
@@ -56,22 +55,15 @@ class BatchFixture : public CatalogFixture {
     return arguments + QStringList{u"--app"_qs, AppPath()};
   }
 
-  // Starts the program and kills it within this time, unless it ends before. Whether the kill hit.
-  bool KilledWithin(const QStringList& arguments, int milliseconds) const {
+  // Starts the program and kills it, unless it ends before: this time after its start, or, where a file is
+  // given, after that has come to be there. Whether the kill hit.
+  bool Killed(const QStringList& arguments, std::chrono::microseconds after, const QString& file = {}) const {
     QProcess process;
     Start(process, arguments);
-    if (!process.waitForFinished(milliseconds)) process.kill();
-    return Ended(process).killed;
-  }
-
-  // The same, this time after a file has come to be there.
-  bool KilledAfter(const QStringList& arguments, const QString& file, int microseconds) const {
-    QProcess process;
-    Start(process, arguments);
-    while (!QFileInfo::exists(file) && !process.waitForFinished(0)) {
+    while (!file.isEmpty() && !QFileInfo::exists(file) && !process.waitForFinished(0)) {
     }
-    const QDeadlineTimer end(std::chrono::microseconds{microseconds});
-    while (!end.hasExpired()) {
+    const QDeadlineTimer end(after);
+    while (!end.hasExpired() && !process.waitForFinished(0)) {
     }
     process.kill();
     return Ended(process).killed;

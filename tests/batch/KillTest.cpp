@@ -42,27 +42,21 @@ class KillTest : public BatchFixture {
     int hits = 0;
     for (int i = 0; i < kills; ++i) {
       round.prepare();
-      const bool hit = i % 2 == 1
-                           ? KilledAfter(round.command, round.sign(i), random_.bounded(500))
-                           : KilledWithin(round.command, random_.bounded(1, std::max(duration * 2 / 3, 2)));
+      const int within = random_.bounded(1, std::max(duration * 2 / 3, 2));
+      const bool hit =
+          i % 2 == 1 ? Killed(round.command, std::chrono::microseconds(random_.bounded(500)), round.sign(i))
+                     : Killed(round.command, std::chrono::milliseconds(within));
       if (hit)
         ++hits;
       else
         duration = duration * 2 / 3;
+      OpenCatalogDatabase(connection_, Path());
       round.check(i);
+      connection_.Close();
       if (HasFatalFailure()) return;
     }
     EXPECT_GE(hits, kills * 9 / 10);
     std::printf("%d of %d kills hit %s (%d ms)\n", hits, kills, qPrintable(round.command[0]), duration);
-  }
-  // What "check" finds of a database that it must be able to read, as "kind: subject".
-  QStringList Findings() const {
-    const Ran run = Batch(Here({u"check"_qs, u"--json"_qs}));
-    EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
-    QStringList findings;
-    for (const QJsonValue finding : run.Json()[u"findings"].toArray())
-      findings += finding[u"kind"].toString() + u": "_qs + finding[u"subject"].toString();
-    return findings;
   }
   // The database and the pictures as they are at this moment, to come back to.
   std::function<void()> Remembered() {
@@ -93,10 +87,8 @@ TEST_F(KillTest, AnImportLeavesNoRowWithoutItsPicture) {
                  [&](int) {
                    // At most the picture that was about to get its row, with its thumbnail.
                    const QStringList files = Findings().filter(u".jpg"_qs);
-                   EXPECT_LE(files.size() - files.filter(u": t"_qs).size(), 1) << files.join(u' ');
-                   Connection connection;
-                   OpenCatalogDatabase(connection, Path());
-                   Rows rows(connection, u"SELECT Immagine FROM Prodotti"_qs);
+                   EXPECT_LE(files.size() - files.filter(u" t"_qs).size(), 1) << files.join(u' ');
+                   Rows rows(connection_, u"SELECT Immagine FROM Prodotti"_qs);
                    while (rows.Next()) {
                      const QByteArray picture = ContentOf(rows.Value(0).toString());
                      if (whole.isEmpty()) whole = picture;
@@ -118,10 +110,8 @@ TEST_F(KillTest, ACloneOrADeletionLeavesAWholeDatabase) {
   const QStringList of109 = Here({u"--catalog"_qs, u"109"_qs});
   const auto check = [&](int after) {
     return [&, after](int) {
-      for (const QString& finding : Findings()) ASSERT_TRUE(finding.contains(u"-file: ")) << finding;
-      Connection connection;
-      OpenCatalogDatabase(connection, Path());
-      const int products = GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, connection, {}).toInt();
+      for (const QString& finding : Findings()) ASSERT_TRUE(finding.contains(u"-file ")) << finding;
+      const int products = Count(u"Prodotti"_qs);
       ASSERT_TRUE(products == Products || products == after) << products;
     };
   };
