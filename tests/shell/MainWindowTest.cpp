@@ -62,19 +62,20 @@ class MainWindow : public StoreFixture {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  // Types a new name over the label of the first catalog and ends with the key. The pasted line break is none
-  // of it.
-  void Rename(const QString& name, Qt::Key end = Qt::Key_Return) {
+  void Type(const QString& name) {
     Catalogs()->setCurrentRow(0);
     Catalogs()->setFocus();
     QTest::keyClick(Catalogs(), Qt::Key_F2);
-    QLineEdit* editor = Editor();
-    ASSERT_NE(editor, nullptr);
-    editor->selectAll();
-    QTest::keyClick(editor, Qt::Key_Delete);
-    QTest::keyClicks(editor, name);
-    if (!name.isEmpty()) editor->insert(u"\n"_qs);
-    QTest::keyClick(editor, end);
+    ASSERT_NE(Editor(), nullptr);
+    QTest::keyClick(Editor(), Qt::Key_Delete);
+    QTest::keyClicks(Editor(), name);
+  }
+  // Types a new name over the label of the first catalog and ends with the key. The pasted line break is none
+  // of it.
+  void Rename(const QString& name, Qt::Key end = Qt::Key_Return) {
+    Type(name);
+    if (!name.isEmpty()) Editor()->insert(u"\n"_qs);
+    QTest::keyClick(Editor(), end);
     Settle();
     EXPECT_EQ(Editor(), nullptr);
     EXPECT_TRUE(window_->findChildren<frmEditCatalog*>().isEmpty()) << "the key climbed to the list";
@@ -88,43 +89,29 @@ class MainWindow : public StoreFixture {
 
 TEST_F(MainWindow, RenamesInPlace) {
   Open();
-  QString expected = u"L'anno \"nuovo\" 100%"_qs;
-  const auto check = [&] {
-    EXPECT_EQ(Catalogs()->item(0)->text(), expected);
-    EXPECT_EQ(One(u"NomeCatalogo"_qs, u"Cataloghi"_qs, u"IDCatalogo=109"_qs), expected);
+  const QString name = u"L'anno \"nuovo\" 100%"_qs;
+  const QString invalid = u"Insert a valid name for the catalog"_qs;
+  for (const auto& [typed, key, told, after] : {std::tuple{name, Qt::Key_Return, QString(), name},
+                                                {QString(), Qt::Key_Return, invalid, name},
+                                                {QString(), Qt::Key_Tab, invalid, name},
+                                                {u"   "_qs, Qt::Key_Return, invalid, name},
+                                                {u"given up"_qs, Qt::Key_Escape, QString(), name},
+                                                {u"Tab"_qs, Qt::Key_Tab, QString(), u"Tab"_qs},
+                                                {u"other"_qs, Qt::Key_Return, u"refused"_qs, u"Tab"_qs}}) {
+    if (told == u"refused") Refuse(u"UPDATE ON Cataloghi"_qs);
+    if (!told.isEmpty())
+      dialogs_.ExpectMessage(told, told == invalid ? BoxStyle::Information : BoxStyle::Plain);
+    Rename(typed, key);
+    EXPECT_EQ(Catalogs()->item(0)->text(), after);
+    EXPECT_EQ(One(u"NomeCatalogo"_qs, u"Cataloghi"_qs, u"IDCatalogo=109"_qs), after);
     EXPECT_EQ(dialogs_.Left(), 0);
-  };
-  Rename(expected);
-  check();
-  for (const QString& none : {QString(), u"   "_qs}) {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
-      dialogs_.ExpectMessage(u"Insert a valid name for the catalog"_qs, BoxStyle::Information);
-      Rename(none, key);
-      check();
-    }
   }
-  Rename(u"given up"_qs, Qt::Key_Escape);
-  check();
-  expected = u"Tab"_qs;
-  Rename(expected, Qt::Key_Tab);
-  check();
-  connection_.Execute(
-      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Cataloghi BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
-  dialogs_.ExpectMessage(u"refused"_qs);
-  Rename(u"other"_qs);
-  check();
 }
 
 // The list is not made anew under an editor, and a command stores what was typed before it begins.
 TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
   Open();
-  const auto type = [this](const QString& name) {
-    Catalogs()->setCurrentRow(0);
-    Catalogs()->setFocus();
-    QTest::keyClick(Catalogs(), Qt::Key_F2);
-    QTest::keyClicks(Editor(), name);
-  };
-  type(u"Typed"_qs);
+  Type(u"Typed"_qs);
   connection_.Execute(u"UPDATE Cataloghi SET NomeCatalogo='elsewhere' WHERE IDCatalogo=110"_qs);
   window_->ListCatalog();
   ASSERT_NE(Editor(), nullptr);
@@ -137,12 +124,11 @@ TEST_F(MainWindow, WhatHappensWhileANameIsTyped) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Catalogs()->item(1)->text() == u"elsewhere"; }));
 
   grids[0]->close();
-  type({});
-  QTest::keyClick(Editor(), Qt::Key_Delete);
+  Type({});
   dialogs_.ExpectMessage(u"Insert a valid name for the catalog"_qs, BoxStyle::Information);
   Press(u"cmdDelete"_qs);  // asks nothing
 
-  type(u"Gone"_qs);
+  Type(u"Gone"_qs);
   connection_.Execute(u"DELETE FROM Cataloghi WHERE IDCatalogo=109"_qs);
   dialogs_.ExpectMessage(u"The catalog is not there any more: it was deleted elsewhere"_qs);
   EXPECT_FALSE(window_->close());
@@ -213,16 +199,16 @@ TEST_F(MainWindow, ClonesTheSelectedCatalogAndTellsWhatItLacks) {
   for (int i = 0; i < 12; ++i) AddProduct(110, QString::number(i));
   connection_.Execute(u"UPDATE Prodotti SET Immagine='/dev/null'"_qs);
   Catalogs()->setCurrentRow(1);
-  const QString question = u"Do you want to clone selected catalog and its images?"_qs;
-  dialogs_.ExpectQuestion(question, false);
-  Press(u"cmdDuplica"_qs);
-  EXPECT_EQ(Catalogs()->count(), 2);
-  dialogs_.ExpectQuestion(question, true);
-  dialogs_.ExpectMessage(u"The picture /dev/null cannot be read, and the copy lacks it\r\n"_qs.repeated(10) +
-                             u"... and 2 more"_qs,
-                         BoxStyle::Information);
-  Press(u"cmdDuplica"_qs);
-  EXPECT_EQ(Catalogs()->count(), 3);
+  for (const bool answer : {false, true}) {
+    dialogs_.ExpectQuestion(u"Do you want to clone selected catalog and its images?"_qs, answer);
+    if (answer)
+      dialogs_.ExpectMessage(
+          u"The picture /dev/null cannot be read, and the copy lacks it\r\n"_qs.repeated(10) +
+              u"... and 2 more"_qs,
+          BoxStyle::Information);
+    Press(u"cmdDuplica"_qs);
+    EXPECT_EQ(Catalogs()->count(), answer ? 3 : 2);
+  }
   EXPECT_EQ(Catalogs()->currentRow(), 1) << "the selection stays";
 }
 
@@ -255,24 +241,19 @@ TEST_F(MainWindow, ALongCloneCanBeStopped) {
 
 TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
   Open();
-  const auto wizard = [this] {
-    frmNewCatalog* shown = nullptr;
-    for (frmNewCatalog* one : window_->findChildren<frmNewCatalog*>())
-      if (one->isVisible()) shown = one;
-    return shown;
-  };
   Press(u"cmdNew"_qs);
   Press(u"cmdNew"_qs);  // one wizard at a time
   // Another one, the menu, the grid.
   for (const int choice : {1, 2, 0}) {
-    const QPointer<frmNewCatalog> open = wizard();
-    ASSERT_NE(open, nullptr);
-    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtCatalogName"_qs), u"menu"_qs);
-    QTest::keyClicks(open->findChild<QLineEdit*>(u"txtFilter_0"_qs), u"f"_qs);
-    for (int step = 1; step < 4; ++step) open->findChild<QPushButton*>(u"cmdNav_0"_qs)->click();
-    open->findChild<QAbstractButton*>(u"optWizEnd_%1"_qs.arg(choice))->click();
-    open->findChild<QPushButton*>(u"cmdNav_2"_qs)->click();
-    EXPECT_EQ(wizard() != nullptr, choice == 1);
+    const QList<frmNewCatalog*> wizards = window_->findChildren<frmNewCatalog*>();
+    ASSERT_EQ(wizards.size(), 1);
+    QTest::keyClicks(wizards[0]->findChild<QLineEdit*>(u"txtCatalogName"_qs), u"menu"_qs);
+    QTest::keyClicks(wizards[0]->findChild<QLineEdit*>(u"txtFilter_0"_qs), u"f"_qs);
+    for (int step = 1; step < 4; ++step) wizards[0]->findChild<QPushButton*>(u"cmdNav_0"_qs)->click();
+    wizards[0]->findChild<QAbstractButton*>(u"optWizEnd_%1"_qs.arg(choice))->click();
+    wizards[0]->findChild<QPushButton*>(u"cmdNav_2"_qs)->click();
+    Settle();
+    EXPECT_EQ(window_->findChildren<frmNewCatalog*>().size(), choice == 1 ? 1 : 0);
     EXPECT_EQ(window_->findChildren<frmEditCatalog*>().size(), choice == 0 ? 1 : 0);
     if (choice == 2) Press(u"cmdNew"_qs);
   }

@@ -1,7 +1,6 @@
 #include "base/Settings.h"
 #include "publish/PluginHost.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 
 using namespace vorlina;
 

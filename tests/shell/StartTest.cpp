@@ -4,14 +4,12 @@
 #include <QTest>
 #include <QTimer>
 
-#include "base/Error.h"
-#include "base/SafeFile.h"
 #include "base/Settings.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
+#include "support/CatalogFixture.h"
 #include "support/ScriptedDialogs.h"
-#include "support/StoreFixture.h"
 
 using namespace vorlina;
 
@@ -42,8 +40,7 @@ TEST_F(Start, ADatabaseThatCannotBeUsedIsToldAndLeftUntouched) {
   window.LoadForm();
   EXPECT_TRUE(dialogs.shown.value(0).contains(u"Catalog.db"));
   EXPECT_FALSE(window.findChild<QPushButton*>(u"cmdNew"_qs)->isEnabled());
-  QFile file(Path());
-  EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), content);
+  EXPECT_EQ(ContentOf(Path()), content);
   // The box that tells of a failed reload gives the activation back to the window, which must not bring the
   // box again.
   QEvent activate(QEvent::WindowActivate);
