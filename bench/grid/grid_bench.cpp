@@ -44,8 +44,8 @@ struct Grid {
 void Open(Data& data, int catalog) {
   const auto bare = [&] {
     const std::vector<sqlite3_int64> keys =
-        Bare(data, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog);
-    Bare row(data, std::string("SELECT ") + List + " FROM Prodotti WHERE rowid=?");
+        Bare(data.connection, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog);
+    Bare row(data.connection, std::string("SELECT ") + List + " FROM Prodotti WHERE rowid=?");
     for (int i = 0; i < PageRows; ++i) row.Row(keys[std::size_t(i)]);
   };
   Compare("open and one page" + OfRows(catalog), catalog == 1 ? 101 : 11, 1.5, bare,
@@ -81,7 +81,7 @@ void Write(Data& data, int catalog, int rounds) {
   Compare(
       "one changed row" + OfRows(catalog), rounds, 1.3,
       [&] {
-        Bare(data, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
+        Bare(data.connection, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
             .Update("text " + std::to_string(++number), key);
       },
       [&] {
@@ -109,7 +109,8 @@ void Sort(Data& data, int catalog, int rounds) {
   Grid grid(data, catalog);
   for (const auto& test : cases)
     Compare(
-        "sort by " + test.name + OfRows(catalog), rounds, 1.5, [&] { Bare(data, test.sql).Keys(catalog); },
+        "sort by " + test.name + OfRows(catalog), rounds, 1.5,
+        [&] { Bare(data.connection, test.sql).Keys(catalog); },
         [&] {
           if (!grid.model.SortBy(test.column, SortDirection::Ascending)) std::abort();
         });

@@ -38,7 +38,7 @@ void Painted(Data& data, int catalog, int rounds) {
   std::unique_ptr<frmEditCatalog> window;
   Compare(
       "from Edit to painted rows" + OfRows(catalog), rounds, catalog == 3 ? 4 : 0,
-      [&] { Bare(data, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog); },
+      [&] { Bare(data.connection, "SELECT rowid FROM Prodotti WHERE IDCatalogo=?").Keys(catalog); },
       [&] {
         window = Edit(data, catalog);
         if (window->grab().isNull()) std::abort();
@@ -97,7 +97,7 @@ void Write(Data& data, int catalog) {
   Compare(
       "one changed row and its marks" + OfRows(catalog), 31, 0,
       [&] {
-        Bare(data, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
+        Bare(data.connection, "UPDATE Prodotti SET Descrizione=? WHERE rowid=?")
             .Update("text " + std::to_string(++number), key);
       },
       [&] {
@@ -115,10 +115,11 @@ void Move(Data& data, int catalog) {
   Compare(
       "100 rows 100,000 places down" + OfRows(catalog), 7, 2,
       [&] {
-        Bare(data, "UPDATE Prodotti SET OrdineTemp=CASE WHEN OrdineTemp<=" + std::to_string(MovedRows) +
-                       " THEN OrdineTemp+" + std::to_string(Places) + " ELSE OrdineTemp-" +
-                       std::to_string(MovedRows) + " END WHERE IDCatalogo=" + id +
-                       " AND OrdineTemp BETWEEN 1 AND " + std::to_string(last))
+        Bare(data.connection,
+             "UPDATE Prodotti SET OrdineTemp=CASE WHEN OrdineTemp<=" + std::to_string(MovedRows) +
+                 " THEN OrdineTemp+" + std::to_string(Places) + " ELSE OrdineTemp-" +
+                 std::to_string(MovedRows) + " END WHERE IDCatalogo=" + id +
+                 " AND OrdineTemp BETWEEN 1 AND " + std::to_string(last))
             .Run();
       },
       [&] {
@@ -147,7 +148,7 @@ void Renumber(Data& data, int catalog) {
   Compare(
       "renumbering all" + OfRows(catalog), 7, 2,
       [&] {
-        Bare(data,
+        Bare(data.connection,
              "UPDATE Prodotti SET OrdineTemp=n.place FROM (SELECT rowid AS id, row_number() OVER (ORDER BY "
              "Descrizione) AS place FROM Prodotti WHERE IDCatalogo=" +
                  id + ") n WHERE Prodotti.rowid=n.id")
