@@ -1306,6 +1306,54 @@ Continue?</translation>
         <source>Eliminazione di tutte le immagini di %1</source>
         <translation>Deletion of all images of %1</translation>
     </message>
+    <message>
+        <source> Aggiungi</source>
+        <translation> Add  </translation>
+    </message>
+    <message>
+        <source>Aggiungi un&apos; immagine</source>
+        <translation>Add new image</translation>
+    </message>
+    <message>
+        <source>Elimina l&apos;immagine selezionata</source>
+        <translation>Delete selected image</translation>
+    </message>
+    <message>
+        <source> Cambia</source>
+        <translation> Change</translation>
+    </message>
+    <message>
+        <source>Cambia l&apos;immagine selezionata</source>
+        <translation>Change selected image</translation>
+    </message>
+    <message>
+        <source>  Svuota</source>
+        <translation>  Clear</translation>
+    </message>
+    <message>
+        <source>Svuota l&apos;elenco delle immagini</source>
+        <translation>Clear image list</translation>
+    </message>
+    <message>
+        <source>Seleziona un&apos;immagine</source>
+        <translation>Select an image</translation>
+    </message>
+    <message>
+        <source>Immagini (*.jpg,*.jpeg)|*.jpg;*.jpeg</source>
+        <translation>Images (*.jpg,*.jpeg)|*.jpg;*.jpeg</translation>
+    </message>
+    <message>
+        <source>Descrizione immagine</source>
+        <translation>Image description</translation>
+    </message>
+    <message>
+        <source>Aggiungi/Modifica image</source>
+        <translation>Add/Edit image</translation>
+    </message>
+    <message>
+        <source>Immagine principale: %1</source>
+        <translation>Main image: %1</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1456,6 +1504,17 @@ Continue?</translation>
     <message>
         <source>Ultima pagina</source>
         <translation>Last page</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmImages</name>
+    <message>
+        <source>Immagini prodotto</source>
+        <translation>Product images</translation>
+    </message>
+    <message>
+        <source>Comandi</source>
+        <translation>Commands</translation>
     </message>
 </context>
 <context>

@@ -31,13 +31,16 @@ class Dialogs {
   // Yes, No or Cancel.
   enum class Answer { Yes, No, Cancel };
   virtual Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title = {}) = 0;
-  // A line of text, "" when cancelled.
+  // A line of text; when cancelled a null one, which is empty as well.
   virtual QString Input(QWidget* owner, const QString& text, const QString& title,
                         const QString& initial) = 0;
   // A filter is "Description|*.jpg;*.jpeg|Other|*.*". The path chosen in native separators, "" when
   // cancelled.
   virtual QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                            const QString& folder) = 0;
+  // The same for one file or several; none when cancelled.
+  virtual QStringList OpenFiles(QWidget* owner, const QString& title, const QString& filter,
+                                const QString& folder) = 0;
   virtual QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                            const QString& initial) = 0;
   virtual QString Folder(QWidget* owner, const QString& title, const QString& initial) = 0;

@@ -66,9 +66,11 @@ QString QtFilter(const QString& filter) {
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     QString masks = parts[i + 1];
     masks.replace(u';', u' ').replace(u"*.*"_qs, u"*"_qs);
-    // A description that names its masks itself is not to name them twice.
     const QString named = u" ("_qs + masks + u')';
-    filters += parts[i].endsWith(named) ? parts[i] : parts[i] + named;
+    // A description that names its masks itself, with commas even, is not to name them twice.
+    QString description = parts[i];
+    if (QString(description).replace(u',', u' ').endsWith(named)) description.chop(named.size());
+    filters += description + named;
   }
   return filters.join(u";;"_qs);
 }
@@ -110,12 +112,21 @@ QString WidgetDialogs::Input(QWidget* owner, const QString& text, const QString&
                              const QString& initial) {
   const std::unique_ptr<QInputDialog> box = InputBox(owner, text, title, initial);
   const PlainCursor plain;
-  return box->exec() == QDialog::Accepted ? box->textValue() : QString();
+  if (box->exec() != QDialog::Accepted) return {};
+  const QString answer = box->textValue();
+  return answer.isNull() ? u""_qs : answer;
 }
 
 QString WidgetDialogs::OpenFile(QWidget* owner, const QString& title, const QString& filter,
                                 const QString& folder) {
   return QDir::toNativeSeparators(QFileDialog::getOpenFileName(owner, title, folder, QtFilter(filter)));
+}
+
+QStringList WidgetDialogs::OpenFiles(QWidget* owner, const QString& title, const QString& filter,
+                                     const QString& folder) {
+  QStringList files = QFileDialog::getOpenFileNames(owner, title, folder, QtFilter(filter));
+  for (QString& file : files) file = QDir::toNativeSeparators(file);
+  return files;
 }
 
 QString WidgetDialogs::SaveFile(QWidget* owner, const QString& title, const QString& filter,

@@ -1,4 +1,4 @@
-// Where a window that comes back to a stored position may stand.
+// Where a window may stand.
 #pragma once
 
 #include <QList>
@@ -11,5 +11,8 @@ namespace vorlina {
 // otherwise the nearest place on the first one at which the window shows whole, as far as it fits. Without
 // screens, the corner itself.
 QPoint VisibleCorner(QPoint corner, QSize window, const QList<QRect>& screens);
+
+// The same where a window is to show whole: the corner itself if it does so there, on one of the screens.
+QPoint WholeCorner(QPoint corner, QSize window, const QList<QRect>& screens);
 
 }  // namespace vorlina

@@ -25,6 +25,10 @@ QString ConsoleDialogs::OpenFile(QWidget*, const QString& title, const QString&,
   RefuseToAsk(title);
 }
 
+QStringList ConsoleDialogs::OpenFiles(QWidget*, const QString& title, const QString&, const QString&) {
+  RefuseToAsk(title);
+}
+
 QString ConsoleDialogs::SaveFile(QWidget*, const QString& title, const QString&, const QString&) {
   RefuseToAsk(title);
 }

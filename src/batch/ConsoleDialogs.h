@@ -12,6 +12,8 @@ class ConsoleDialogs : public Dialogs {
   QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
   QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& folder) override;
+  QStringList OpenFiles(QWidget* owner, const QString& title, const QString& filter,
+                        const QString& folder) override;
   QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& initial) override;
   QString Folder(QWidget* owner, const QString& title, const QString& initial) override;

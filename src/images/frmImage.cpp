@@ -99,10 +99,19 @@ void frmImage::restore() {
 void frmImage::Move_Timer() {
   if (ListaImmagini == nullptr || InRipristino) return;
   const bool docked = UltimoLeft != 0 || UltimoTop != 0;
-  if (docked && x() == UltimoLeft && y() == UltimoTop) return;
-  ListaImmagini->move(x() + frameGeometry().width(), y());
+  const int widths = frameGeometry().width() + ListaImmagini->frameGeometry().width();
+  if (docked && x() == UltimoLeft && y() == UltimoTop && widths == widths_) return;
+  DockList();
   UltimoLeft = x();
   UltimoTop = y();
+  widths_ = widths;
+}
+
+void frmImage::DockList() {
+  if (ListaImmagini == nullptr) return;
+  const QPoint edge(x() + frameGeometry().width(), y());
+  const QList<QRect> screens = QList<QRect>{screen()->availableGeometry()} + ScreenAreas();
+  ListaImmagini->move(WholeCorner(edge, ListaImmagini->frameGeometry().size(), screens));
 }
 
 void frmImage::HScroll_Change() {
@@ -128,10 +137,11 @@ void frmImage::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
+// The two windows close together or not at all: a box of the list may be up.
 void frmImage::closeEvent(QCloseEvent* event) {
+  if (ListaImmagini != nullptr && !ListaImmagini->close()) return event->ignore();
   Move->stop();
   StorePlace();
-  if (ListaImmagini != nullptr) ListaImmagini->close();
   if (Card != nullptr) Card->activateWindow();
   QWidget::closeEvent(event);
 }

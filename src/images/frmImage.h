@@ -33,6 +33,9 @@ class frmImage : public QWidget {
   // Shows a picture file; nothing for one that is missing or no JPEG. Never fails.
   void ImageLoad(const QString& path);
 
+  // Moves the list to the window's right edge; to the screen's where there is no room beside it.
+  void DockList();
+
   // Makes the next tick of the timer move the list to the window's edge again.
   void restore();
 
@@ -57,9 +60,11 @@ class frmImage : public QWidget {
   int LarghezzaBase = 0;
   double ScostamentoX = 0;
   double ScostamentoY = 0;
-  // Where the window stood when the list was last moved.
+  // Where the window stood when the list was last moved, and how wide both were with their frames, which are
+  // not known before they are on the screen.
   int UltimoLeft = 0;
   int UltimoTop = 0;
+  int widths_ = 0;
   bool InRipristino = false;
 };
 

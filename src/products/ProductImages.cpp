@@ -33,6 +33,11 @@ void ProductImages::Within(const char* label, const Step& step) {
   transaction.Commit();
 }
 
+ProductImage ProductImages::Main() const {
+  return {0, NullToEmpty(products_.ValueOf(product_, u"Descrizione"_qs)),
+          NullToEmpty(products_.ValueOf(product_, u"Immagine"_qs))};
+}
+
 std::vector<ProductImage> ProductImages::List() const {
   std::vector<ProductImage> images;
   Rows rows(connection_,
@@ -143,7 +148,7 @@ void ProductImages::DeleteMain() {
   Within(QT_TRANSLATE_NOOP("Texts", "Eliminazione di tutte le immagini di %1"),
          [&](PictureChange& pictures, const QString& code) {
            DeleteRows(List(), pictures, code);
-           pictures.Retire({{}, {NullToEmpty(products_.ValueOf(product_, u"Immagine"_qs))}});
+           pictures.Retire({{}, {Main().Immagine}});
            connection_.Execute(
                u"UPDATE Prodotti SET Immagine=NULL,Height=NULL,Width=NULL WHERE IDProdotto=?"_qs, {product_});
          });

@@ -34,6 +34,8 @@ class ProductImages {
         product_(product),
         connection_(connection) {}
 
+  // The main one; its number is 0, and the description is the product's.
+  ProductImage Main() const;
   // The additional ones in the order in which they came.
   std::vector<ProductImage> List() const;
   // One of them.

@@ -8,8 +8,8 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
+#include "base/WidgetRenameDelegate.h"
 #include "catalogs/CatalogNames.h"
-#include "shell/WidgetRenameDelegate.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 

@@ -21,4 +21,6 @@ TEST(WindowPlace, AWindowThatCannotBeTakenHoldOfComesBack) {
                         Case{"larger than the screen", {QRect(10, 20, 200, 100)}, {900, 900}, {10, 20}},
                         Case{"no screen", {}, {-5000, -5000}, {-5000, -5000}}})
     EXPECT_EQ(VisibleCorner(c.corner, {300, 300}, c.screens), c.expected) << c.what;
+  EXPECT_EQ(WholeCorner({900, 600}, {300, 300}, {left}), QPoint(700, 500));
+  EXPECT_EQ(WholeCorner({1050, 600}, {300, 300}, {left, right}), QPoint(1050, 600));
 }

@@ -46,10 +46,15 @@ Dialogs::Answer ScriptedDialogs::AskWithCancel(QWidget*, const QString& text, co
   return Take(u"question: "_qs + text).isEmpty() ? Answer::Cancel : Answer::Yes;
 }
 QString ScriptedDialogs::Input(QWidget*, const QString& text, const QString&, const QString&) {
-  return Take(u"input: "_qs + text);
+  const bool scripted = !script_.empty();
+  const QString answer = Take(u"input: "_qs + text);
+  return scripted ? answer : u"unscripted"_qs;  // some ask until they have a text
 }
 QString ScriptedDialogs::OpenFile(QWidget*, const QString&, const QString&, const QString&) {
   return Take(u"file"_qs);
+}
+QStringList ScriptedDialogs::OpenFiles(QWidget*, const QString&, const QString&, const QString&) {
+  return Take(u"files"_qs).split(u'|', Qt::SkipEmptyParts);
 }
 QString ScriptedDialogs::SaveFile(QWidget*, const QString&, const QString&, const QString&) {
   return Take(u"file"_qs);

@@ -25,6 +25,8 @@ class ScriptedDialogs : public Dialogs {
   }
   // The next open or save chooser gives this path.
   void ExpectFile(const QString& answer) { script_.push_back({u"file"_qs, answer}); }
+  // The next chooser of several files gives these.
+  void ExpectFiles(const QStringList& answer) { script_.push_back({u"files"_qs, answer.join(u'|')}); }
   // How many scripted boxes have not been shown yet.
   qsizetype Left() const { return qsizetype(script_.size()); }
 
@@ -32,6 +34,8 @@ class ScriptedDialogs : public Dialogs {
   QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
   QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& folder) override;
+  QStringList OpenFiles(QWidget* owner, const QString& title, const QString& filter,
+                        const QString& folder) override;
   QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& initial) override;
   QString Folder(QWidget* owner, const QString& title, const QString& initial) override;

@@ -29,6 +29,7 @@
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
 #include "products/frmEditCatalog.h"
+#include "products/frmImages.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
 #include "support/frmSplash.h"
@@ -84,6 +85,22 @@ void TakePreview(const Photographer& photographer) {
   preview.Percorso = AppFile(u"Images/109-TZ-201.jpg"_qs);
   preview.LoadForm();
   TakeAtRest(photographer, preview, u"frmImage"_qs);
+}
+
+// The list of a product's pictures, as it opens beside the preview, and with a description being typed.
+void TakeImages(const Photographer& photographer, Connection& connection) {
+  frmImage preview;
+  auto* images = new frmImages(&preview);
+  images->IDCatalogo = 109;
+  images->CodiceProdotto = u"CT-301"_qs;
+  images->Connessione = &connection;
+  images->Anteprima = &preview;
+  images->LoadForm();
+  TakeAtRest(photographer, *images, u"frmImages"_qs);
+  auto* list = images->findChild<QListWidget*>(u"lstImages"_qs);
+  list->setCurrentRow(list->count() - 1);
+  Press(*list, Qt::Key_F2);
+  photographer.Take(*images, u"frmImages-edit"_qs);
 }
 
 // The pager at its first page with a tile selected, and at its last one. It waits for its user, so that the
@@ -205,6 +222,7 @@ void TakeAll(const Photographer& photographer) {
 
   TakeWizard(photographer, catalogs.cnnCatalog);
   TakePreview(photographer);
+  TakeImages(photographer, catalogs.cnnCatalog);
   TakePager(photographer, catalogs.cnnCatalog);
 }
 

@@ -1,5 +1,6 @@
-// In-place editing of a list's labels, by F2 or by a click on the label that is selected. The new text goes
-// to the owner by a signal and is not written into the item, so that the owner decides what stands there.
+// In-place editing of those labels of a list that can be edited, by F2 or by a click on the label that is
+// selected. The new text goes to the owner by a signal and is not written into the item, so that the owner
+// decides what stands there.
 #pragma once
 
 #include <QPointer>

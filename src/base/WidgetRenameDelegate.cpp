@@ -1,4 +1,4 @@
-#include "shell/WidgetRenameDelegate.h"
+#include "base/WidgetRenameDelegate.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -16,6 +16,9 @@ WidgetRenameDelegate::WidgetRenameDelegate(QListWidget& list)
   list.viewport()->installEventFilter(this);
   // A click edits only when it is sure to be no double click, and when nothing else was begun meanwhile. The
   // list's own delay cannot be called off: it would open the editor behind the next window.
+  connect(this, &QAbstractItemDelegate::closeEditor, this, [this](const QWidget* editor) {
+    if (editor == editor_) editor_ = nullptr;
+  });
   click_.setSingleShot(true);
   click_.setInterval(QApplication::doubleClickInterval());
   connect(&click_, &QTimer::timeout, this, [this] {
@@ -87,7 +90,8 @@ bool WidgetRenameDelegate::IsOnSelected(const QEvent& event) const {
   const auto& mouse = static_cast<const QMouseEvent&>(event);
   const QListWidgetItem* item = list_.itemAt(mouse.position().toPoint());
   return item != nullptr && item == list_.currentItem() && item->isSelected() &&
-         mouse.button() == Qt::LeftButton && mouse.modifiers() == Qt::NoModifier;
+         item->flags().testFlag(Qt::ItemIsEditable) && mouse.button() == Qt::LeftButton &&
+         mouse.modifiers() == Qt::NoModifier;
 }
 
 }  // namespace vorlina
