@@ -32,7 +32,8 @@ QPoint VisibleCorner(QPoint corner, QSize window, const QList<QRect>& screens) {
 QPoint WholeCorner(QPoint corner, QSize window, const QList<QRect>& screens) {
   const auto holds = [&](const QRect& screen) { return screen.contains(QRect(corner, window)); };
   if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), holds)) return corner;
-  return NearestWhole(corner, window, screens.first());
+  const QSize space = screens.first().size();
+  return window.boundedTo(space) == window ? NearestWhole(corner, window, screens.first()) : corner;
 }
 
 }  // namespace vorlina

@@ -12,7 +12,8 @@ namespace vorlina {
 // screens, the corner itself.
 QPoint VisibleCorner(QPoint corner, QSize window, const QList<QRect>& screens);
 
-// The same where a window is to show whole: the corner itself if it does so there, on one of the screens.
+// The corner itself where the window shows whole on one of the screens, or is larger than the first one;
+// otherwise the nearest place on that at which it does.
 QPoint WholeCorner(QPoint corner, QSize window, const QList<QRect>& screens);
 
 }  // namespace vorlina

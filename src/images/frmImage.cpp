@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QScreen>
+#include <algorithm>
 
 #include "base/Error.h"
 #include "base/Settings.h"
@@ -19,6 +20,9 @@ Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 constexpr int DockingInterval = 100;
 
+// What window managers put around two windows side by side.
+constexpr QSize UsualFrames{16, 40};
+
 // A stored coordinate, or the fallback where there is none or it is no number.
 int StoredCoordinate(const QString& key, int fallback) {
   bool isNumber = false;
@@ -27,8 +31,8 @@ int StoredCoordinate(const QString& key, int fallback) {
   return isNumber && qAbs(value) < 1e6 ? qRound(value) : fallback;
 }
 
-QList<QRect> ScreenAreas() {
-  QList<QRect> areas;
+QList<QRect> ScreenAreas(const QScreen& first) {
+  QList<QRect> areas{first.availableGeometry()};
   for (const QScreen* screen : QGuiApplication::screens()) areas += screen->availableGeometry();
   return areas;
 }
@@ -68,7 +72,7 @@ void frmImage::MoveToStoredPlace() {
   const QSize screenSize = screen()->geometry().size();
   const int top = StoredCoordinate(u"ImmagineTop"_qs, screenSize.height() / 2);
   const int left = StoredCoordinate(u"ImmagineLeft"_qs, screenSize.width() / 2);
-  move(VisibleCorner({left, top}, size(), ScreenAreas()));
+  move(VisibleCorner({left, top}, size(), ScreenAreas(*QGuiApplication::primaryScreen())));
 }
 
 // A window that cannot store its place closes all the same.
@@ -107,11 +111,18 @@ void frmImage::Move_Timer() {
   widths_ = widths;
 }
 
+// Where it would be out of sight it comes back onto the screen.
 void frmImage::DockList() {
-  if (ListaImmagini == nullptr) return;
   const QPoint edge(x() + frameGeometry().width(), y());
-  const QList<QRect> screens = QList<QRect>{screen()->availableGeometry()} + ScreenAreas();
-  ListaImmagini->move(WholeCorner(edge, ListaImmagini->frameGeometry().size(), screens));
+  ListaImmagini->move(VisibleCorner(edge, ListaImmagini->frameGeometry().size(), ScreenAreas(*screen())));
+}
+
+void frmImage::MakeRoomForList() {
+  if (ListaImmagini == nullptr) return;
+  const QSize list = ListaImmagini->size();
+  const QSize both = QSize(width() + list.width(), std::max(height(), list.height())) + UsualFrames;
+  move(WholeCorner(pos(), both, ScreenAreas(*screen())));
+  DockList();
 }
 
 void frmImage::HScroll_Change() {

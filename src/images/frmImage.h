@@ -33,8 +33,9 @@ class frmImage : public QWidget {
   // Shows a picture file; nothing for one that is missing or no JPEG. Never fails.
   void ImageLoad(const QString& path);
 
-  // Moves the list to the window's right edge; to the screen's where there is no room beside it.
-  void DockList();
+  // Moves the window so that the list shows whole beside it, where a screen has room for both. To be called
+  // before it is shown.
+  void MakeRoomForList();
 
   // Makes the next tick of the timer move the list to the window's edge again.
   void restore();
@@ -48,6 +49,7 @@ class frmImage : public QWidget {
   void Localize_Form();
   void MoveToStoredPlace();
   void StorePlace();
+  void DockList();
   void Move_Timer();
   void HScroll_Change();
   void VScroll_Change();

@@ -88,7 +88,7 @@ void frmImages::LoadForm() {
   show_.stop();  // the preview shows the main image by itself
   if (Anteprima != nullptr) {
     Anteprima->ListaImmagini = this;
-    Anteprima->DockList();
+    Anteprima->MakeRoomForList();
   }
   Localize_Form();
   ui_->lstImages->setFocus();

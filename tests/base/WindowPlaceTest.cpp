@@ -23,4 +23,5 @@ TEST(WindowPlace, AWindowThatCannotBeTakenHoldOfComesBack) {
     EXPECT_EQ(VisibleCorner(c.corner, {300, 300}, c.screens), c.expected) << c.what;
   EXPECT_EQ(WholeCorner({900, 600}, {300, 300}, {left}), QPoint(700, 500));
   EXPECT_EQ(WholeCorner({1050, 600}, {300, 300}, {left, right}), QPoint(1050, 600));
+  EXPECT_EQ(WholeCorner({50, 60}, {300, 801}, {left}), QPoint(50, 60));
 }

@@ -258,11 +258,15 @@ TEST_F(ImagesWindow, TheMainPictureGoesWithAllOthersAndBothWindows) {
 
 TEST_F(ImagesWindow, TheTwoStandSideBySideAndCloseTogether) {
   Open();
-  const int edge = preview_->screen()->availableGeometry().right();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->frameGeometry().right() == edge; })) << "no room beside";
+  const auto docked = [this] {
+    return window_->pos() == preview_->frameGeometry().topRight() + QPoint(1, 0);
+  };
+  EXPECT_TRUE(QTest::qWaitFor(docked));
   preview_->resize(300, 200);
-  EXPECT_TRUE(
-      QTest::qWaitFor([&] { return window_->pos() == preview_->frameGeometry().topRight() + QPoint(1, 0); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->x() < 500 && docked(); }));
+  const int edge = preview_->screen()->availableGeometry().right();
+  preview_->move(edge - 320, 20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->frameGeometry().right() == edge; })) << "out of sight";
   Key(Qt::Key_Escape);
   EXPECT_FALSE(preview_->isVisible() || window_->isVisible());
 }
