@@ -100,6 +100,9 @@ void DataGrid::SetUpKeys() {
   keys_->OnDelete = [this] { DeleteSelected(); };
   // The cell takes over what was typed in the same event, so that what is typed next goes to the next one.
   delegate_->OnEnter = [this] { setCurrentIndex(moveCursor(MoveDown, Qt::NoModifier)); };
+  delegate_->OnKeyReleased = [this](QLineEdit& line, const QKeyEvent& key) {
+    if (OnKeyReleased) OnKeyReleased(line, CurrentKey(), key);
+  };
 }
 
 void DataGrid::SetUpMouse() {

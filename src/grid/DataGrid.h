@@ -17,6 +17,8 @@
 #include "grid/RecordsetModel.h"
 #include "grid/RowLeaving.h"
 
+class QLineEdit;
+
 namespace vorlina {
 
 class GridKeys;
@@ -95,6 +97,8 @@ class DataGrid : public QTableView {
 
   // Enter outside an editor; without it Enter goes to the next cell.
   void SetOnEnter(std::function<void()> enter);
+  // A key was released in the line of the open editor.
+  std::function<void(QLineEdit& line, const QString& column, const QKeyEvent& key)> OnKeyReleased;
   // Whether a file can be dropped; files of which none can are not taken. Without it all can.
   std::function<bool(const QString& path)> TakesFile;
 

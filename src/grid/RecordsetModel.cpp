@@ -1,5 +1,6 @@
 #include "grid/RecordsetModel.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
@@ -323,9 +324,27 @@ bool RecordsetModel::Attempt(const std::function<void()>& step, const QString& h
   return !failure;
 }
 
+// What the check itself fails for refuses the row as well.
+bool RecordsetModel::IsAccepted(int row) {
+  if (!OnRowChecking) return true;
+  if (checking_) return false;
+  const QScopedValueRollback<bool> checking(checking_, true);
+  std::optional<RowRefusal> refusal;
+  try {
+    refusal = OnRowChecking(row);
+  } catch (const std::exception& error) {
+    refusal = RowRefusal{{DescriptionOf(error)}};
+  }
+  if (!refusal) return EditRow() == row;
+  edit_.Refuse(refusal->column);
+  for (const QString& text : refusal->texts) Q_EMIT Failed(text);
+  return false;
+}
+
 bool RecordsetModel::Submit() {
   const int row = EditRow();
   if (row < 0) return true;
+  if (!IsAccepted(row)) return EditRow() < 0;
   const bool added = IsAddNewRow(row);
   std::function<void(qint64)> within;
   if (OnRowWriting) within = [&](qint64 bookmark) { OnRowWriting(row, bookmark, added); };
@@ -363,7 +382,7 @@ bool RecordsetModel::DeleteRows(QList<int> rows) {
   rows.removeIf([&](int row) { return row < 0 || row >= RecordCount(); });
   std::vector<qint64> deletions;
   for (const int row : rows) deletions.push_back(BookmarkOf(row));
-  if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(int(deletions.size())))) return false;
+  if (deletions.empty() || (OnRowsDeleting && !OnRowsDeleting(deletions))) return false;
   if (givesUp) Revert();
   if (!Attempt([&] { DeleteBy ? DeleteBy(deletions) : rows_.Records().DeleteRows(deletions); })) {
     rows_.Forget();

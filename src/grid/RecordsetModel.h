@@ -14,7 +14,9 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "grid/BoundColumns.h"
@@ -40,6 +42,13 @@ struct CellChange {
   QVariant oldValue;
   QVariant newValue;
   bool cancel = false;
+};
+
+// Why a row is not written: texts for the user, a box each, or none where he was told already; and the column
+// to be mended, -1 where that is not known.
+struct RowRefusal {
+  QStringList texts;
+  int column = -1;
 };
 
 class RecordsetModel : public QAbstractTableModel {
@@ -127,11 +136,14 @@ class RecordsetModel : public QAbstractTableModel {
 
   // What the window has to say, each optional.
   std::function<void(CellChange& change)> OnCellChanging;
+  // Before a row in edit is written; what is refused stays in edit. It may ask the user: the grid is done
+  // with the cell by then, and no transaction is open.
+  std::function<std::optional<RowRefusal>(int row)> OnRowChecking;
   // Runs inside the transaction that writes a row, so that what belongs to it is written with it or not at
   // all. The row is still in edit; an exception keeps it so.
   std::function<void(int row, qint64 bookmark, bool added)> OnRowWriting;
   // Once for a deletion, before anything is; false leaves all as it is.
-  std::function<bool(int count)> OnRowsDeleting;
+  std::function<bool(const std::vector<qint64>& bookmarks)> OnRowsDeleting;
   // Deletes the rows in place of the recordset, with what belongs to them, all or none. Those that are gone
   // are no failure. An exception ends the deletion with nothing deleted.
   std::function<void(const std::vector<qint64>& bookmarks)> DeleteBy;
@@ -157,6 +169,7 @@ class RecordsetModel : public QAbstractTableModel {
   bool ChangeCell(int row, int column, const QVariant& value);
   bool IsSame(int row, const QVariant& before, const QVariant& value) const;
   void BeginEdit(int row, int column);
+  bool IsAccepted(int row);
   void EndEdit();
   bool Attempt(const std::function<void()>& step, const QString& hint = {});
   void DropDeleted(const std::vector<qint64>& deleted);
@@ -166,6 +179,7 @@ class RecordsetModel : public QAbstractTableModel {
   ShownRows rows_;  // of a clone
   RowInEdit edit_{rows_, columns_};
   RowOrder order_;
+  bool checking_ = false;  // a row: a question may be up
   bool addNewRow_ = true;
   int shownRows_ = 0;  // rows that the views know, the add-new row among them
 };

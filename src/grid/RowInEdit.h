@@ -40,6 +40,8 @@ class RowInEdit {
   // Runs a step on the database. Why it failed, with a hint at what the user can do besides; nothing where it
   // went well.
   std::optional<QString> FailureOf(const std::function<void()>& step, const QString& hint);
+  // What refuses the row by other means tells for which column.
+  void Refuse(int column) { refusedColumn_ = column; }
   // The column that the last failure was for, or -1 where that is not known.
   int RefusedColumn() const { return refusedColumn_; }
 

@@ -112,7 +112,11 @@ void WidgetGridDelegate::ShowList() {
   combo->showPopup();
 }
 
+QLineEdit* WidgetGridDelegate::Line() const { return editor_ != nullptr ? LineOf(editor_) : nullptr; }
+
 bool WidgetGridDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == editor_ && event->type() == QEvent::KeyRelease && OnKeyReleased)
+    OnKeyReleased(*Line(), *static_cast<QKeyEvent*>(event));
   if (watched == editor_ && IsEnter(*event)) {
     if (OnEnter) OnEnter();
     return true;

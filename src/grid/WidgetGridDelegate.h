@@ -10,6 +10,8 @@
 #include "grid/RecordsetModel.h"
 
 class QComboBox;
+class QKeyEvent;
+class QLineEdit;
 
 namespace vorlina {
 
@@ -20,8 +22,9 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   void SetColours(const GridColours& colours) { colours_ = colours; }
   void SetTargetRow(int row) { targetRow_ = row; }
 
-  // The open editor, or null.
+  // The open editor, or null; its line.
   QWidget* Editor() const { return editor_; }
+  QLineEdit* Line() const;
   void Forget() { editor_ = nullptr; }
   // Opens the list of the drop-down that is open, at the text that is typed there.
   void ShowList();
@@ -29,6 +32,8 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   void TypeOver(const QString& text) const;
   // Enter in the open editor, which goes no further.
   std::function<void()> OnEnter;
+  // A key was released in the open editor.
+  std::function<void(QLineEdit& line, const QKeyEvent& key)> OnKeyReleased;
   // Whether the cell has refused what was typed last.
   bool IsRefused() const { return refused_; }
 

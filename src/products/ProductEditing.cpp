@@ -33,7 +33,7 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
     const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
     Products().Saved(product, former, ProductMarks::Both);
   };
-  rows.OnRowsDeleting = [this](int) { return AskToDelete(); };
+  rows.OnRowsDeleting = [this](const std::vector<qint64>&) { return AskToDelete(); };
   rows.DeleteBy = [this](const std::vector<qint64>& products) {
     const WaitCursor wait;
     Products().Delete(products);

@@ -8,12 +8,12 @@
 #include <QToolButton>
 
 #include "base/CommandIcon.h"
-#include "base/Dialogs.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "products/Attempt.h"
 #include "products/CellRules.h"
 #include "products/GridCommands.h"
+#include "products/GridRefusals.h"
 #include "products/WidgetColumnMenu.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/DropPictures.h"
@@ -49,6 +49,7 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   ui_->setupUi(this);
   grdProducts = ui_->grdProducts;
   context_ = std::make_unique<GridContext>(GridContext{.owner = *this, .grid = *grdProducts});
+  refusals_ = std::make_unique<GridRefusals>(*this, *grdProducts);
   MakeStatusBar();
   MakeToolbar();
   MakeMenus();
@@ -103,7 +104,6 @@ void frmEditCatalog::ConnectGrid() {
   connect(&rows, &QAbstractItemModel::modelReset, this, &frmEditCatalog::ShowCounts);
   connect(grdProducts, &DataGrid::SelectedRowsChanged, this, &frmEditCatalog::ShowCounts);
   connect(grdProducts, &WidgetProductGrid::Filled, this, &frmEditCatalog::ShowCounts);
-  connect(grdProducts, &DataGrid::RowFailed, this, &frmEditCatalog::Refuse);
   connect(grdProducts, &DataGrid::HeaderPressed, this,
           [this](const QString& key, Qt::MouseButton button, const QPoint& position) {
             if (button == Qt::RightButton) PopUpColumnMenu(key, position);
@@ -198,33 +198,8 @@ bool frmEditCatalog::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-void frmEditCatalog::Refuse(const QString& text) {
-  if (!refusals_) return TheDialogs().Message(this, text, BoxStyle::Stop);
-  if (!text.isEmpty()) *refusals_ += text;
-}
-
-// What keeps the window open is told in one box, with the way out.
-bool frmEditCatalog::MayClose() {
-  if (refusals_) return false;
-  refusals_.emplace();
-  const bool left = grdProducts->LeaveForGood();
-  // Until the box is answered what is refused stays untold: an editor that loses the focus to it asks again.
-  if (!left) TellWhyOpen(*refusals_);
-  refusals_.reset();
-  return left;
-}
-
-void frmEditCatalog::TellWhyOpen(QStringList refusals) {
-  if (refusals.isEmpty()) refusals += Texts::tr("Il valore scritto nella riga non è stato accettato.");
-  QString& last = refusals.last();
-  if (!last.endsWith(u'.')) last += u'.';
-  if (!last.contains(Texts::tr("Premere Esc "))) last += u' ' + GiveUpHint();
-  activateWindow();
-  TheDialogs().Message(this, refusals.join(u"\r\n"_qs), BoxStyle::Stop);
-}
-
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (context_->busy || !MayClose()) {
+  if (context_->busy || !refusals_->MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();

@@ -5,7 +5,6 @@
 
 #include <QMainWindow>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "publish/PluginHost.h"
@@ -18,6 +17,7 @@ class QMenu;
 namespace vorlina {
 
 class DropPictures;
+class GridRefusals;
 class WidgetColumnMenu;
 class WidgetProductGrid;
 struct GridContext;
@@ -65,9 +65,6 @@ class frmEditCatalog : public QMainWindow {
   void PopUpGridMenu(const QPoint& position);
   void PopUpColumnMenu(const QString& key, const QPoint& position);
   void ShowCounts();
-  void Refuse(const QString& text);
-  bool MayClose();
-  void TellWhyOpen(QStringList refusals);
   void ReleaseAll();
 
   std::unique_ptr<Ui::frmEditCatalog> ui_;
@@ -79,7 +76,7 @@ class frmEditCatalog : public QMainWindow {
   QLabel* lblSelezionati;
   std::unique_ptr<GridContext> context_;
   std::unique_ptr<DropPictures> drops_;
-  std::optional<QStringList> refusals_;  // while the window is closing
+  std::unique_ptr<GridRefusals> refusals_;
 };
 
 }  // namespace vorlina
