@@ -101,13 +101,6 @@ QStringList CheckValueFilterNames(const NewCatalog& catalog) {
   return messages;
 }
 
-QString FitEscapedName(QString name) {
-  while (EscapeName(name).size() > LongestEscapedName) name.chop(1);
-  // The box, or the line above, may have cut a character of two units in half.
-  if (!name.isEmpty() && name.back().isHighSurrogate()) name.chop(1);
-  return name;
-}
-
 QMap<QString, QString> OfferedCompany(Connection& connection, const QStringList& columns) {
   QMap<QString, QString> company;
   const int recent = int(NullToZero(GetValue(u"Max(IDCatalogo)"_qs, u"Cataloghi"_qs, connection,

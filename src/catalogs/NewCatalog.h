@@ -12,9 +12,6 @@ namespace vorlina {
 
 class Connection;
 
-// Most characters that the stored form of a value or filter name takes.
-inline constexpr int LongestEscapedName = 50;
-
 struct NewCatalog {
   QString NomeCatalogo;
   QString Descrizione;
@@ -39,9 +36,6 @@ QStringList CheckGeneral(const NewCatalog& catalog);
 QStringList CheckFilters(const NewCatalog& catalog);
 // A value and a filter may not be named alike: a message for each such pair.
 QStringList CheckValueFilterNames(const NewCatalog& catalog);
-
-// The name, cut at its end until its stored form fits.
-QString FitEscapedName(QString name);
 
 // The company data of the most recent catalog, the two samples left aside: text by column for those columns
 // that are asked for. Empty where there is no catalog. Throws Error.

@@ -4,7 +4,6 @@
 #include <QIcon>
 #include <QMetaMethod>
 #include <QMetaProperty>
-#include <QSignalBlocker>
 #include <QStyle>
 
 #include "base/Dialogs.h"
@@ -14,6 +13,7 @@
 #include "base/WaitCursor.h"
 #include "images/ImagePipeline.h"
 #include "images/frmImage.h"
+#include "publish/WidgetEscapedName.h"
 #include "store/Connection.h"
 #include "support/Language.h"
 #include "support/Messages.h"
@@ -56,18 +56,6 @@ QStringList TextsIn(const std::vector<QLineEdit*>& boxes) {
 }
 
 }  // namespace
-
-// Setting the limit anew costs a box its caret and what can be undone, so that is done only where it changes.
-void LimitEscapedLength(QLineEdit& box) {
-  const QString kept = FitEscapedName(box.text());
-  const bool fits = kept == box.text();
-  const int limit = fits ? LongestEscapedName : int(kept.size());
-  if (fits && box.maxLength() == limit) return;
-  const int caret = fits ? box.cursorPosition() : limit;
-  const QSignalBlocker blocker(box);
-  box.setMaxLength(limit);
-  box.setCursorPosition(caret);
-}
 
 frmNewCatalog::frmNewCatalog(QWidget* parent) : QDialog(parent), ui_(new Ui::frmNewCatalog) {
   InitPictures();

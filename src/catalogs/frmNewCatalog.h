@@ -83,8 +83,4 @@ class frmNewCatalog : public QDialog {
   QPointer<frmImage> preview_;
 };
 
-// Holds the stored form of the name in a box within its limit, as the user types. Where nothing has to be
-// cut, the caret and what can be undone stay.
-void LimitEscapedLength(QLineEdit& box);
-
 }  // namespace vorlina

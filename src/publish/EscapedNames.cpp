@@ -16,4 +16,11 @@ QString EscapeName(const QVariant& name) {
   return escaped;
 }
 
+QString FitEscapedName(QString name) {
+  while (EscapeName(name).size() > LongestEscapedName) name.chop(1);
+  // A box, or the line above, may have cut a character of two units in half.
+  if (!name.isEmpty() && name.back().isHighSurrogate()) name.chop(1);
+  return name;
+}
+
 }  // namespace vorlina

@@ -16,4 +16,9 @@ QString PadLeft(const QString& text, int length, QChar pad);
 // for Null.
 QString EscapeName(const QVariant& name);
 
+// Most characters that the stored form of a value or filter name takes, and the name cut at its end until it
+// fits.
+inline constexpr int LongestEscapedName = 50;
+QString FitEscapedName(QString name);
+
 }  // namespace vorlina

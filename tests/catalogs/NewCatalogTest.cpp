@@ -1,5 +1,6 @@
 // What a new catalog may be called, and how its row and logo are stored.
 #include "catalogs/NewCatalog.h"
+#include "publish/EscapedNames.h"
 #include "support/CatalogFixture.h"
 #include "support/FullDisk.h"
 #include "support/TestJpeg.h"
