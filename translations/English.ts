@@ -1354,6 +1354,64 @@ Continue?</translation>
         <source>Immagine principale: %1</source>
         <translation>Main image: %1</translation>
     </message>
+    <message>
+        <source>Valore</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Prodotti che hanno il valore &quot;%1&quot;: %2.<byte value="xd"/>
+Eliminandolo resteranno senza. Procedere?</source>
+        <translation>Products that have the value &quot;%1&quot;: %2.<byte value="xd"/>
+If it is deleted they will be left without one. Continue?</translation>
+    </message>
+    <message>
+        <source>Prodotti che hanno uno dei valori selezionati: %1.<byte value="xd"/>
+Eliminandoli resteranno senza. Procedere?</source>
+        <translation>Products that have one of the selected values: %1.<byte value="xd"/>
+If they are deleted they will be left without one. Continue?</translation>
+    </message>
+    <message>
+        <source>Prodotti che hanno il valore &quot;%1&quot;: %2.<byte value="xd"/>
+Mostreranno &quot;%3&quot;. Procedere?</source>
+        <translation>Products that have the value &quot;%1&quot;: %2.<byte value="xd"/>
+They will show &quot;%3&quot;. Continue?</translation>
+    </message>
+    <message>
+        <source>Valore %1 di un filtro</source>
+        <translation>Filter value %1</translation>
+    </message>
+    <message>
+        <source>Specificare un testo per il valore</source>
+        <translation>A text for the value is required</translation>
+    </message>
+    <message>
+        <source>Eliminazione di %1 valori di un filtro</source>
+        <translation>Deletion of %1 filter values</translation>
+    </message>
+    <message>
+        <source>Nuovo nome di un filtro: %1</source>
+        <translation>New name of a filter: %1</translation>
+    </message>
+    <message>
+        <source>Eliminare le caratteristiche selezionate?</source>
+        <translation>Delete the selected features?</translation>
+    </message>
+    <message>
+        <source>Scheda tecnica di %1</source>
+        <translation>Tech data of %1</translation>
+    </message>
+    <message>
+        <source>Il campo &quot;Caratteristica&quot; non può contenere più di 50 caratteri</source>
+        <translation>&quot;Feature&quot; field can&apos;t contain more than 50 characters.</translation>
+    </message>
+    <message>
+        <source>Caratteristica</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Il filtro ha cambiato nome nel frattempo in un&apos;altra finestra.</source>
+        <translation>The filter was renamed meanwhile in another window.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1392,6 +1450,29 @@ Continue?</translation>
     <message>
         <source>Informazioni Aziendali: inserire le informazioni aziendali in modo da dare agli utenti del catalogo tutti i vostri recapiti</source>
         <translation>Insert here the company information to be used by the user to contact you</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmAdvancedEdit</name>
+    <message>
+        <source>Modifica caratteristica</source>
+        <translation>Change feature</translation>
+    </message>
+    <message>
+        <source>Caratteristica</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Valore</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla</source>
+        <translation>&amp;Cancel</translation>
     </message>
 </context>
 <context>
@@ -1458,6 +1539,21 @@ Continue?</translation>
     <message>
         <source>Comandi</source>
         <translation>Commands</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmFilterData</name>
+    <message>
+        <source>Dati del filtro</source>
+        <translation>Filter Data</translation>
+    </message>
+    <message>
+        <source>Nome filtro</source>
+        <translation>Filter name</translation>
+    </message>
+    <message>
+        <source>Valori del filtro</source>
+        <translation>Filter values</translation>
     </message>
 </context>
 <context>
@@ -1657,6 +1753,17 @@ Continue?</translation>
     <message>
         <source>Versione</source>
         <translation>Version</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmTechData</name>
+    <message>
+        <source>Scheda tecnica</source>
+        <translation>Tech Data</translation>
+    </message>
+    <message>
+        <source>Invio apre la caratteristica in una finestra più grande.</source>
+        <translation>Enter opens the feature in a larger window.</translation>
     </message>
 </context>
 </TS>

@@ -25,9 +25,9 @@ int Stored(const QString& key, int fallback) {
 }  // namespace
 
 void RestorePlace(QWidget& window, const QString& name) {
+  if (GetSetting(ApplicationTitle(), Section, name + u"Left"_qs, {}).isEmpty()) return;
   const QSize size(Stored(name + u"Width"_qs, window.width()), Stored(name + u"Height"_qs, window.height()));
   window.resize(size.boundedTo(window.screen()->availableGeometry().size()));
-  if (GetSetting(ApplicationTitle(), Section, name + u"Left"_qs, {}).isEmpty()) return;
   QList<QRect> screens;
   for (const QScreen* screen : QGuiApplication::screens()) screens += screen->availableGeometry();
   const QPoint corner(Stored(name + u"Left"_qs, window.x()), Stored(name + u"Top"_qs, window.y()));

@@ -1,5 +1,7 @@
 #include "products/GridRefusals.h"
 
+#include <QApplication>
+
 #include "base/Dialogs.h"
 #include "base/Texts.h"
 #include "grid/DataGrid.h"
@@ -10,8 +12,14 @@ GridRefusals::GridRefusals(QWidget& window, DataGrid& grid) : window_(window), g
   QObject::connect(&grid, &DataGrid::RowFailed, &grid, [this](const QString& text) { Tell(text); });
 }
 
+// A dialog of the window that is up is in front of it.
+QWidget* GridRefusals::Owner() const {
+  QWidget* dialog = QApplication::activeModalWidget();
+  return dialog != nullptr && dialog->parentWidget() == &window_ ? dialog : &window_;
+}
+
 void GridRefusals::Tell(const QString& text) {
-  if (!refusals_) return TheDialogs().Message(&window_, text, BoxStyle::Stop);
+  if (!refusals_) return TheDialogs().Message(Owner(), text, BoxStyle::Stop);
   if (!text.isEmpty()) *refusals_ += text;
 }
 

@@ -20,6 +20,7 @@ class GridRefusals {
   bool MayClose();
 
  private:
+  QWidget* Owner() const;
   void TellWhyOpen(QStringList refusals);
 
   QWidget& window_;

@@ -142,8 +142,8 @@ void ProductStore::Mark(const QString& code, ProductMarks marks) {
   const auto set = [&](const QString& mark) {
     kept = SetExtension(mark, u"1"_qs, IDCatalogo_, code, connection_) && kept;
   };
-  set(ImmagineModificata);
-  if (marks == ProductMarks::Both) set(SchedaModificata);
+  if (marks != ProductMarks::Sheet) set(ImmagineModificata);
+  if (marks != ProductMarks::Picture) set(SchedaModificata);
   if (!kept) part.OnCommit(tellFaultyExtensions_);
   part.Commit();
 }

@@ -26,7 +26,7 @@ struct ProductKey {
 // The marks that a product gets when its picture or its data change; their value is "1".
 inline const QString ImmagineModificata = QStringLiteral("ImmagineModificata");
 inline const QString SchedaModificata = QStringLiteral("SchedaModificata");
-enum class ProductMarks { None, Picture, Both };
+enum class ProductMarks { None, Picture, Sheet, Both };
 
 // Values by the columns of Prodotti.
 using ProductValues = QMap<QString, QVariant>;

@@ -28,8 +28,11 @@
 #include "grid/DataGrid.h"
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
+#include "products/frmAdvancedEdit.h"
 #include "products/frmEditCatalog.h"
+#include "products/frmFilterData.h"
 #include "products/frmImages.h"
+#include "products/frmTechData.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
 #include "support/frmSplash.h"
@@ -198,6 +201,32 @@ void TakeWizard(const Photographer& photographer, const Connection& connection) 
   }
 }
 
+// The values of a filter, a sheet with a row in edit, and the editor for long texts.
+void TakeProductData(const Photographer& photographer, Connection& connection) {
+  frmFilterData values;
+  values.IDCatalogo = 109;
+  values.NumeroFiltro = u"1"_qs;
+  values.NomeFiltro = u"Linea"_qs;
+  values.Connessione = &connection;
+  values.LoadForm();
+  photographer.Take(values, u"frmFilterData"_qs);
+
+  frmTechData sheet;
+  sheet.IDCatalogo = 109;
+  sheet.CodiceProdotto = u"BR-501"_qs;
+  sheet.Connessione = &connection;
+  sheet.LoadForm();
+  photographer.Take(sheet, u"frmTechData"_qs);
+  auto* grid = sheet.findChild<DataGrid*>(u"grdScheda"_qs);
+  Press(*grid, Qt::Key_Return);
+  photographer.Take(*sheet.findChild<frmAdvancedEdit*>(), u"frmAdvancedEdit"_qs);
+  sheet.findChild<frmAdvancedEdit*>()->reject();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  Press(*grid, Qt::Key_F2);
+  photographer.Take(sheet, u"frmTechData-edit"_qs);
+  grid->Rows().Revert();
+}
+
 void TakeAll(const Photographer& photographer) {
   frmSplash splash;
   splash.LoadSplash();
@@ -220,6 +249,7 @@ void TakeAll(const Photographer& photographer) {
   Q_EMIT plugins->itemClicked(plugins->topLevelItem(0), 0);
   photographer.Take(catalogs, u"frmCatalogs-publish"_qs);
 
+  TakeProductData(photographer, catalogs.cnnCatalog);
   TakeWizard(photographer, catalogs.cnnCatalog);
   TakePreview(photographer);
   TakeImages(photographer, catalogs.cnnCatalog);

@@ -1,0 +1,38 @@
+// A feature and its value with room for long texts.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+
+namespace vorlina {
+
+namespace Ui {
+class frmAdvancedEdit;
+}
+
+class frmAdvancedEdit : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmAdvancedEdit(QWidget* parent = nullptr);
+  ~frmAdvancedEdit() override;
+
+  // Gets the texts when they are confirmed. Where it cannot take them the window stays, with what was typed:
+  // it has told why. It outlives the window.
+  std::function<bool(const QString& feature, const QString& value)> Take;
+
+  // Shows the texts, modal to the parent, and goes with its end, which accepted and rejected tell.
+  void EditFeature(const QString& feature, const QString& value);
+
+  void accept() override;
+
+ private:
+  void Localize_Form();
+
+  std::unique_ptr<Ui::frmAdvancedEdit> ui_;
+  QString feature_;
+  QString value_;
+};
+
+}  // namespace vorlina
