@@ -5,7 +5,7 @@
 -- without regard to letter case, as file systems differ on it; beyond ASCII the program sees to that when it writes one.
 -- BOOLEAN columns hold 0 and 1. Counters never give a number twice (AUTOINCREMENT).
 PRAGMA application_id = 0x566F726C;
-PRAGMA user_version = 2;
+PRAGMA user_version = 3;
 
 CREATE TABLE Cataloghi (
   IDCatalogo INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -100,6 +100,7 @@ CREATE TABLE SchedeTecniche (
     ON DELETE CASCADE ON UPDATE CASCADE
 );
 CREATE INDEX SchedePerProdotto ON SchedeTecniche (IDCatalogo, CodiceProdotto);
+CREATE INDEX SchedePerCaratteristica ON SchedeTecniche (IDCatalogo, Caratteristica COLLATE NOCASE);
 
 CREATE TABLE Extensions (
   IDExtension INTEGER PRIMARY KEY AUTOINCREMENT,

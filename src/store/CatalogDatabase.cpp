@@ -213,7 +213,9 @@ void OpenExamined(Connection& connection, const QString& path, int schemaVersion
 
 }  // namespace
 
-std::vector<Migration> KnownMigrations() { return {{2, QString::fromUtf8(MigrationTo2)}}; }
+std::vector<Migration> KnownMigrations() {
+  return {{2, QString::fromUtf8(MigrationTo2)}, {3, QString::fromUtf8(MigrationTo3)}};
+}
 
 void OpenCatalogDatabase(Connection& connection, const QString& path) {
   OpenCatalogDatabase(connection, path, KnownMigrations(), SchemaVersion);

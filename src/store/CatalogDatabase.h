@@ -11,7 +11,7 @@ class Connection;
 
 // What the program's own database files bear, and the version of the schema that it works with.
 inline constexpr int ApplicationId = 0x566F726C;
-inline constexpr int SchemaVersion = 2;
+inline constexpr int SchemaVersion = 3;
 
 // A script that takes the schema from the version before to this one.
 struct Migration {
