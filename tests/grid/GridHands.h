@@ -4,11 +4,11 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTest>
 
 #include "base/Helpers.h"
 #include "grid/DataGrid.h"
+#include "support/Drop.h"
 
 namespace vorlina {
 
@@ -59,18 +59,8 @@ class GridHands {
     }
     return nullptr;
   }
-  // Drops files on a row, from a program that would rather have them moved.
   void DropFiles(int row, const QList<QUrl>& urls) const {
-    QMimeData data;
-    data.setUrls(urls);
-    const QPoint at = Grid().visualRect(Grid().Rows().index(row, 0)).center();
-    QDragEnterEvent enter(at, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Grid().viewport(), &enter);
-    if (!enter.isAccepted()) return;
-    EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "nobody's file is to be moved away";
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Grid().viewport(), &drop);
-    QCoreApplication::processEvents();
+    DropOn(*Grid().viewport(), Grid().visualRect(Grid().Rows().index(row, 0)).center(), urls);
   }
   QString Shown(int row, const QString& key) const {
     return Grid().Rows().index(row, Grid().Rows().ColumnOf(key)).data().toString();

@@ -39,10 +39,6 @@ class PictureStoreTest : public CatalogFixture {
       if (stored) transaction.Commit();
     });
   }
-  QString FilesNow() const {
-    const QStringList names = QDir(PicturePath({})).entryList(QDir::Files);
-    return names.join(u' ');
-  }
   static QString Put(const QString& name) {
     WriteFileSafely(PicturePath(name), "picture");
     return PicturePath(name);
@@ -101,11 +97,11 @@ TEST_F(PictureStoreTest, AFileThatAnyRowNamesStaysHoweverItIsWritten) {
   connection_.Execute(u"UPDATE Cataloghi SET Logo=?"_qs, {PicturePath(u"T3.jpg"_qs)});
   const QStringList files{PicturePath(u"1.jpg"_qs), PicturePath(u"2.jpg"_qs), PicturePath(u"3.jpg"_qs)};
   const auto retire = [&](PictureChange& change) { change.Retire({files, {}}); };
-  const QString before = FilesNow();
+  const QString before = PictureNames();
   Change(retire, false);
-  EXPECT_EQ(FilesNow(), before) << "what is taken back gives nothing up";
+  EXPECT_EQ(PictureNames(), before) << "what is taken back gives nothing up";
   Change(retire);
-  EXPECT_EQ(FilesNow(), u"1.jpg t2.jpg");
+  EXPECT_EQ(PictureNames(), u"1.jpg t2.jpg");
 }
 
 // What a change takes in goes again with its rows: not what a row names, nor the user's own file in its
@@ -122,15 +118,16 @@ TEST_F(PictureStoreTest, WhatIsTakenBackLeavesNothing) {
     change.CopyMain(PicturePath(u"1.jpg"_qs), PicturePath(u"3.jpg"_qs));
     change.CopyStaged(PictureUse::Main, PicturePath(u"1.jpg"_qs), PicturePath(u"4.jpg"_qs));
     change.TakeMain({}, PicturePath(u"1.jpg"_qs), {"new", {}, {}});
-    EXPECT_TRUE(FilesNow().startsWith(u"1.jpg 1.jpg.staged 2.jpg 3.jpg 4.jpg named.jpg named.jpg.staged"_qs));
+    EXPECT_TRUE(
+        PictureNames().startsWith(u"1.jpg 1.jpg.staged 2.jpg 3.jpg 4.jpg named.jpg named.jpg.staged"_qs));
     for (const QString& kept : {u"1.jpg"_qs, u"t1.jpg"_qs, u"named.jpg"_qs, u"own.jpg"_qs})
       EXPECT_EQ(ContentOf(PicturePath(kept)), "picture") << kept << " is replaced before the rows are stored";
   };
   EXPECT_EQ(Change(steps, false), QString());
-  EXPECT_EQ(FilesNow(), u"1.jpg named.jpg own.jpg t1.jpg");
+  EXPECT_EQ(PictureNames(), u"1.jpg named.jpg own.jpg t1.jpg");
   EXPECT_EQ(ContentOf(PicturePath(u"own.jpg"_qs)), "picture");
   EXPECT_EQ(Change(steps), QString());
-  EXPECT_EQ(FilesNow(), u"1.jpg 2.jpg 3.jpg 4.jpg named.jpg own.jpg t2.jpg t3.jpg t4.jpg");
+  EXPECT_EQ(PictureNames(), u"1.jpg 2.jpg 3.jpg 4.jpg named.jpg own.jpg t2.jpg t3.jpg t4.jpg");
   EXPECT_EQ(ContentOf(PicturePath(u"own.jpg"_qs)), "new");
 }
 

@@ -117,20 +117,6 @@ TEST_F(Preview, ShowsAPictureWholeInTheMiddleAndNothingForWhatIsNone) {
   }
 }
 
-TEST_F(Preview, TakesTheListAlongWhenItCloses) {
-  auto* list = new QWidget(&window_, Qt::Window);
-  window_.ListaImmagini = list;
-  window_.LoadForm();
-  window_.show();
-  list->show();
-  QTest::keyClick(&window_, Qt::Key_Escape);
-  EXPECT_FALSE(window_.isVisible() || list->isVisible());
-  window_.show();
-  delete list;
-  window_.move(90, 90);  // with the list gone
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window_.pos() == QPoint(90, 90); }) && window_.close());
-}
-
 TEST_F(Pager, ShowsTheThumbnailElseTheMainImageElseNothing) {
   // Thumbnail, a broken one, main picture.
   const std::pair<QString, QString> cases[] = {

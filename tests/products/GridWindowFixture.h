@@ -108,11 +108,7 @@ class GridWindow : public CatalogFixture, public GridHands {
     for (qsizetype i = 0; i < rows.size(); ++i)
       Click(rows[i] - 1, Code, i == 0 ? Qt::NoModifier : Qt::ControlModifier);
   }
-  void DropFiles(int row, const QStringList& paths) const {
-    QList<QUrl> urls;
-    for (const QString& path : paths) urls += QUrl::fromLocalFile(path);
-    GridHands::DropFiles(row, urls);
-  }
+  void DropFiles(int row, const QStringList& paths) const { GridHands::DropFiles(row, LocalUrls(paths)); }
 
   template <class T>
   T* Find(const QString& name) const {

@@ -87,6 +87,8 @@ class CatalogFixture : public StoreFixture {
     return all;
   }
   void Fill(const QByteArray& mark, int products) { FillCatalog(connection_, AppPath(), mark, products); }
+  // The names of the files in "Images".
+  QString PictureNames() const { return QDir(AppFile(u"Images"_qs)).entryList(QDir::Files).join(u' '); }
   QString Outside(const QString& name) const { return outside_.filePath(name); }
 
   const QTemporaryDir outside_;
