@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QPainter>
 #include <algorithm>
+#include <functional>
 
 #include "base/Helpers.h"
 #include "base/Texts.h"
@@ -15,14 +16,33 @@
 namespace vorlina {
 namespace {
 
-enum Role { KeyRole = Qt::UserRole, PathRole, MainRole, DecodedRole };
+constexpr int KeyRole = Qt::UserRole;
 
 QString KeyOf(const QListWidgetItem& item) { return item.data(KeyRole).toString(); }
+
+// Paints the picture of an entry, once there is one, where its item has an empty place.
+class PictureDelegate : public WidgetRenameDelegate {
+ public:
+  using Find = std::function<QIcon(const QString& key)>;
+
+  PictureDelegate(QListWidget& list, Find find) : WidgetRenameDelegate(list), find_(std::move(find)) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    WidgetRenameDelegate::initStyleOption(option, index);
+    const QIcon picture = find_(index.data(KeyRole).toString());
+    if (!picture.isNull()) option->icon = picture;
+  }
+
+ private:
+  Find find_;
+};
 
 }  // namespace
 
 WidgetImageList::WidgetImageList(QWidget* parent)
-    : QListWidget(parent), rename_(new WidgetRenameDelegate(*this)) {
+    : QListWidget(parent),
+      rename_(new PictureDelegate(*this, [this](const QString& key) { return pictures_.value(key).icon; })) {
   setEditTriggers(EditKeyPressed);
   setDragDropMode(DropOnly);
   decode_.setSingleShot(true);
@@ -52,8 +72,10 @@ void WidgetImageList::Show(const std::vector<Entry>& entries) {
   const QString selected = SelectedKey();
   for (int row = count() - 1; row >= 0; --row) {
     const QString key = KeyOf(*item(row));
-    if (std::none_of(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.key == key; }))
-      delete takeItem(row);
+    if (std::any_of(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.key == key; }))
+      continue;
+    delete takeItem(row);
+    pictures_.remove(key);
   }
   for (int row = 0; row < int(entries.size()); ++row) {
     const Entry& entry = entries[std::size_t(row)];
@@ -63,23 +85,21 @@ void WidgetImageList::Show(const std::vector<Entry>& entries) {
   if (selected.isEmpty() || SelectedKey() != selected) setCurrentRow(0);
 }
 
-void WidgetImageList::Fill(QListWidgetItem& item, const Entry& entry) const {
-  const bool isNew = KeyOf(item) != entry.key || item.data(PathRole) != entry.path;
+void WidgetImageList::Fill(QListWidgetItem& item, const Entry& entry) {
+  Picture& picture = pictures_[entry.key];
+  if (picture.path != entry.path) picture = {entry.path, entry.isMain, {}};
   item.setData(KeyRole, entry.key);
-  item.setData(PathRole, entry.path);
-  item.setData(MainRole, entry.isMain);
   item.setFlags(item.flags().setFlag(Qt::ItemIsEditable, !entry.isMain));
   item.setData(Qt::DisplayRole, entry.text);
   item.setToolTip(PlainToolTip(entry.text));
   if (entry.isMain)
     item.setData(Qt::AccessibleTextRole, Texts::tr("Immagine principale: %1").arg(entry.text));
-  if (!isNew) return;
-  item.setData(DecodedRole, false);
-  item.setIcon(IconOf({}));
+  if (item.icon().isNull()) item.setIcon(IconOf({}));
 }
 
 void WidgetImageList::Renew(const QString& key) {
-  if (QListWidgetItem* item = Find(key)) item->setData(DecodedRole, false);
+  pictures_[key].icon = {};
+  viewport()->update();
 }
 
 QString WidgetImageList::SelectedKey() const {
@@ -113,20 +133,20 @@ void WidgetImageList::paintEvent(QPaintEvent* event) {
 
 QListWidgetItem* WidgetImageList::NextToDecode() const {
   for (int row = 0; row < count(); ++row)
-    if (!item(row)->data(DecodedRole).toBool() && visualItemRect(item(row)).intersects(viewport()->rect()))
+    if (pictures_[KeyOf(*item(row))].icon.isNull() &&
+        visualItemRect(item(row)).intersects(viewport()->rect()))
       return item(row);
   return nullptr;
 }
 
-// Its new picture is painted, which has the next one decoded.
+// Its picture is painted, which has the next one decoded.
 void WidgetImageList::DecodeNext() {
-  QListWidgetItem* item = NextToDecode();
+  const QListWidgetItem* item = NextToDecode();
   if (item == nullptr) return;
-  item->setData(DecodedRole, true);
+  Picture& picture = pictures_[KeyOf(*item)];
   const QSize pixels = DevicePixels(*this, iconSize());
-  const QString path = item->data(PathRole).toString();
-  item->setIcon(IconOf(item->data(MainRole).toBool() ? ShowThumbnail(path, pixels).image
-                                                     : ShowPicture(path, pixels).image));
+  picture.icon = IconOf((picture.isMain ? ShowThumbnail : ShowPicture)(picture.path, pixels).image);
+  viewport()->update(visualItemRect(item));
 }
 
 // All of one size, so that the texts stand in line; an empty frame where there is no picture.

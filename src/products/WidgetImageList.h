@@ -3,6 +3,8 @@
 // picture files can be dropped.
 #pragma once
 
+#include <QHash>
+#include <QIcon>
 #include <QListWidget>
 #include <QTimer>
 #include <optional>
@@ -61,16 +63,22 @@ class WidgetImageList : public QListWidget {
     QString key;
     QString text;
   };
+  struct Picture {
+    QString path;
+    bool isMain = false;
+    QIcon icon;  // null until it is decoded
+  };
 
   QListWidgetItem* Find(const QString& key) const;
-  void Fill(QListWidgetItem& item, const Entry& entry) const;
+  void Fill(QListWidgetItem& item, const Entry& entry);
   void HandOver();
   QListWidgetItem* NextToDecode() const;
   void DecodeNext();
   QIcon IconOf(const QImage& picture) const;
 
   WidgetRenameDelegate* rename_;
-  std::optional<NewText> newText_;  // typed, its editor not yet gone
+  std::optional<NewText> newText_;    // typed, its editor not yet gone
+  QHash<QString, Picture> pictures_;  // by key; not in the items, which would lay the list out for each anew
   QTimer decode_;
 };
 
