@@ -1,6 +1,8 @@
 #include "products/frmAdvancedEdit.h"
 
+#include "base/Dialogs.h"
 #include "support/Language.h"
+#include "support/Messages.h"
 #include "ui_frmAdvancedEdit.h"
 
 namespace vorlina {
@@ -9,7 +11,7 @@ frmAdvancedEdit::frmAdvancedEdit(QWidget* parent) : QDialog(parent), ui_(new Ui:
   ui_->setupUi(this);
   setAttribute(Qt::WA_DeleteOnClose);
   connect(ui_->cmdOK, &QPushButton::clicked, this, &frmAdvancedEdit::accept);
-  connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmAdvancedEdit::reject);
+  connect(ui_->cmdCancel, &QPushButton::clicked, this, [this] { done(Rejected); });
 }
 
 frmAdvancedEdit::~frmAdvancedEdit() = default;
@@ -34,6 +36,12 @@ void frmAdvancedEdit::accept() {
   const QString value =
       ui_->txtFeatureValue->document()->isModified() ? ui_->txtFeatureValue->toPlainText() : value_;
   if (!Take || Take(feature, value)) QDialog::accept();
+}
+
+void frmAdvancedEdit::reject() {
+  const bool typed = ui_->txtFeature->isModified() || ui_->txtFeatureValue->document()->isModified();
+  if (typed && TheDialogs().Ask(this, NumberedText(BaseConferma + 4))) return accept();
+  QDialog::reject();
 }
 
 }  // namespace vorlina

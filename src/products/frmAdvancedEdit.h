@@ -26,6 +26,8 @@ class frmAdvancedEdit : public QDialog {
   void EditFeature(const QString& feature, const QString& value);
 
   void accept() override;
+  // By Escape or the window's frame: what was typed is asked about.
+  void reject() override;
 
  private:
   void Localize_Form();

@@ -6,6 +6,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
+#include "products/Attempt.h"
 #include "publish/WidgetEscapedName.h"
 #include "support/Language.h"
 #include "support/Messages.h"
@@ -60,8 +61,12 @@ void frmFilterData::LayRules() {
     values_->Saved(IDValore, added ? QString() : NullToEmpty(rows.FormerValue(rows.ColumnOf(ValueKey))));
   };
   rows.OnRowsDeleting = [this](const std::vector<qint64>& bookmarks) {
-    const QString question = values_->DeletionQuestion(bookmarks);
-    return question.isEmpty() || TheDialogs().Ask(this, question, BoxStyle::QuestionNoFirst);
+    bool deletes = false;
+    Attempt(this, [&] {
+      const QString question = values_->DeletionQuestion(bookmarks);
+      deletes = question.isEmpty() || TheDialogs().Ask(this, question, BoxStyle::QuestionNoFirst);
+    });
+    return deletes;
   };
   rows.DeleteBy = [this](const std::vector<qint64>& bookmarks) { values_->Delete(bookmarks); };
   const auto tell = [this] { Q_EMIT ValuesChanged(NumeroFiltro.toInt()); };

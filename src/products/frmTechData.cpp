@@ -15,6 +15,7 @@
 #include "base/WidgetPlace.h"
 #include "products/frmAdvancedEdit.h"
 #include "publish/ExtensionManager.h"
+#include "store/LockPatience.h"
 #include "support/Language.h"
 #include "ui_frmTechData.h"
 
@@ -180,6 +181,7 @@ void frmTechData::CompletaCaratteristica(QLineEdit& line) const {
   const QString typed = line.text();
   if (typed.isEmpty()) return;
   try {
+    const LockPatience none(0);
     const QString found = data_->Completed(typed);
     if (found.isEmpty()) return;
     // As if it were typed, so that the cell takes it over.
