@@ -183,8 +183,7 @@ void frmImages::AddFiles(const QStringList& files) {
 // An additional picture has a description. A null text gives it up, where that may be.
 QString frmImages::AskDescription(const QString& prompt, const QString& initial, bool mayGiveUp) {
   for (;;) {
-    QString text =
-        TheDialogs().Input(this, prompt, Texts::tr("Aggiungi/Modifica image"), OneLine(initial));
+    QString text = TheDialogs().Input(this, prompt, Texts::tr("Aggiungi/Modifica image"), OneLine(initial));
     if (mayGiveUp && text.isNull()) return text;
     if (!text.trimmed().isEmpty()) return OneLine(text);
   }
