@@ -660,7 +660,7 @@ Continue?</translation>
     </message>
     <message>
         <source>Immagine</source>
-        <translation>Picture</translation>
+        <translation>Image</translation>
     </message>
     <message>
         <source>Errore nella tabella Extensions</source>
@@ -1412,6 +1412,120 @@ They will show &quot;%3&quot;. Continue?</translation>
         <source>Il filtro ha cambiato nome nel frattempo in un&apos;altra finestra.</source>
         <translation>The filter was renamed meanwhile in another window.</translation>
     </message>
+    <message>
+        <source>L&apos;immagine si aggiunge dopo aver salvato il prodotto.</source>
+        <translation>The image is added once the product is saved.</translation>
+    </message>
+    <message>
+        <source>Nessuna immagine. Trascinare qui una foto JPEG.</source>
+        <translation>No image. Drop a JPEG photo here.</translation>
+    </message>
+    <message>
+        <source>Selezionare un&apos;immagine</source>
+        <translation>Select an image</translation>
+    </message>
+    <message>
+        <source>Immagini (*.jpg)|*.jpg</source>
+        <translation>Images (*.jpg)|*.jpg</translation>
+    </message>
+    <message>
+        <source>Salva</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Salva le modifiche</source>
+        <translation>Save changes</translation>
+    </message>
+    <message>
+        <source>Elimina</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>Elimina il prodotto</source>
+        <translation>Delete product</translation>
+    </message>
+    <message>
+        <source>Visualizza/imposta l&apos;immagine per il prodotto</source>
+        <translation>View/set product images</translation>
+    </message>
+    <message>
+        <source>Scheda</source>
+        <translation>Tech Data</translation>
+    </message>
+    <message>
+        <source>Inserisci/modifica la scheda tecnica del prodotto</source>
+        <translation>Edit product tech data</translation>
+    </message>
+    <message>
+        <source>Trova</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Trova il prodotto che soddisfa i criteri specificati</source>
+        <translation>Search for a product based on selected criteria</translation>
+    </message>
+    <message>
+        <source>Precedente</source>
+        <translation>Previous</translation>
+    </message>
+    <message>
+        <source>Prodotto precedente dell&apos;elenco (Ctrl+PagSu)</source>
+        <translation>Previous product in the list (Ctrl+PgUp)</translation>
+    </message>
+    <message>
+        <source>Successivo</source>
+        <translation>Next</translation>
+    </message>
+    <message>
+        <source>Prodotto successivo dell&apos;elenco (Ctrl+PagGiù)</source>
+        <translation>Next product in the list (Ctrl+PgDn)</translation>
+    </message>
+    <message>
+        <source>Visualizza</source>
+        <translation>View</translation>
+    </message>
+    <message>
+        <source>Cambia</source>
+        <translation>Change</translation>
+    </message>
+    <message>
+        <source>Tutti</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>Mostra di nuovo tutti i prodotti</source>
+        <translation>Show all products again</translation>
+    </message>
+    <message>
+        <source>Ricerca attiva: %1 di %2 prodotti</source>
+        <translation>Search active: %1 of %2 products</translation>
+    </message>
+    <message>
+        <source>Inizia con...</source>
+        <translation>Begins with...</translation>
+    </message>
+    <message>
+        <source>Nel frattempo il prodotto è stato modificato da un&apos;altra finestra o da un altro programma: %1.<byte value="xd"/>
+Sostituire quei valori con ciò che è scritto qui?</source>
+        <translation>Meanwhile another window or program has changed the product: %1.<byte value="xd"/>
+Replace those values with what is written here?</translation>
+    </message>
+    <message>
+        <source>Salvare ciò che è scritto qui come nuovo prodotto?</source>
+        <translation>Save what is written here as a new product?</translation>
+    </message>
+    <message>
+        <source>Il prodotto non è ancora stato salvato: non c&apos;è nulla da eliminare.</source>
+        <translation>The product has not been saved yet: there is nothing to delete.</translation>
+    </message>
+    <message>
+        <source>Il valore scelto per &quot;%1&quot; è stato eliminato nel frattempo. Sceglierne un altro.</source>
+        <translation>The value chosen for &quot;%1&quot; has been deleted meanwhile. Choose another one.</translation>
+    </message>
+    <message>
+        <source>Il codice &quot;%1&quot; è già usato da un altro prodotto di questo catalogo. Scegliere un altro codice.</source>
+        <translation>The code &quot;%1&quot; is already used by another product of this catalog. Choose another code.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1742,6 +1856,33 @@ They will show &quot;%3&quot;. Continue?</translation>
     <message>
         <source>Annulla</source>
         <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmProduct</name>
+    <message>
+        <source>Proprietà prodotto</source>
+        <translation>Product properties</translation>
+    </message>
+    <message>
+        <source>Codice</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Descrizione</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>Inserisci / visualizza i valori del filtro</source>
+        <translation>Edit filter values</translation>
+    </message>
+    <message>
+        <source>Immagine</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Comandi</source>
+        <translation>Commands</translation>
     </message>
 </context>
 <context>

@@ -36,11 +36,17 @@ WidgetDropDown::WidgetDropDown(QWidget* parent, const Lookup& lookup, int rowHei
   setMaxVisibleItems(MostRows);
   // Else each opening would measure all the texts.
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  QStringList texts;
-  for (const LookupItem& item : lookup.Items()) texts += item.text;
-  setModel(new QStringListModel(texts, this));
+  Offer(lookup);
   setItemDelegate(new ListDelegate(this, rowHeight));
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
+}
+
+void WidgetDropDown::Offer(const Lookup& lookup) {
+  QStringList texts;
+  for (const LookupItem& item : lookup.Items()) texts += item.text;
+  auto* items = qobject_cast<QStringListModel*>(model());
+  if (items == nullptr) setModel(items = new QStringListModel(this));
+  items->setStringList(texts);
 }
 
 // Without what the list has around its texts.

@@ -16,6 +16,9 @@ class WidgetDropDown : public QComboBox {
   // nine rows.
   void showPopup() override;
 
+  // Has the list offer these, from the first one on. What is typed goes.
+  void Offer(const Lookup& lookup);
+
  protected:
   // Of the list, where it is told to watch it: Tab takes over from there, and leaves the cell.
   bool eventFilter(QObject* watched, QEvent* event) override;

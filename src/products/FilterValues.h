@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <vector>
 
 #include "grid/Lookup.h"
 
@@ -11,5 +12,11 @@ class Connection;
 
 // The values of a filter, as a drop-down. Throws Error.
 Lookup FilterValues(int IDCatalogo, int filter, Connection& connection);
+
+// The same in the order in which they came: nothing has to sort what is only looked up. Throws Error.
+std::vector<LookupItem> FilterItems(int IDCatalogo, int filter, Connection& connection);
+
+// The text of one value; "" where the filter does not have it. Throws Error.
+QString FilterText(int IDCatalogo, int filter, qint64 IDValore, Connection& connection);
 
 }  // namespace vorlina

@@ -88,12 +88,20 @@ void ProductStore::RequireCode(const QString& code, qint64 product) const {
     throw DuplicateError({u"Prodotti.IDCatalogo"_qs, u"Prodotti.CodiceProdotto"_qs});
 }
 
-QVariant ProductStore::ValueOf(qint64 product, const QString& column) const {
+ProductValues ProductStore::ValuesOf(qint64 product, const QStringList& columns) const {
+  QStringList names;
+  for (const QString& column : columns) names += QuoteName(column);
   Rows rows(connection_,
-            u"SELECT "_qs + QuoteName(column) + u" FROM Prodotti WHERE IDProdotto=? AND IDCatalogo=?"_qs,
+            u"SELECT "_qs + names.join(u',') + u" FROM Prodotti WHERE IDProdotto=? AND IDCatalogo=?"_qs,
             {product, IDCatalogo_});
   if (!rows.Next()) throw Gone();
-  return rows.Value(0);
+  ProductValues values;
+  for (int i = 0; i < columns.size(); ++i) values[columns[i]] = rows.Value(i);
+  return values;
+}
+
+QVariant ProductStore::ValueOf(qint64 product, const QString& column) const {
+  return ValuesOf(product, {column}).value(column);
 }
 
 QString ProductStore::CodeOf(qint64 product) const { return ValueOf(product, CodeField).toString(); }

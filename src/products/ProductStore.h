@@ -50,10 +50,11 @@ class ProductStore {
   // has no number yet. Throws Error.
   bool IsCodeTaken(const QString& code, qint64 exceptProduct = 0) const;
 
-  // The number of the product with a code, and what a product has in a column of Prodotti. Throw
+  // The number of the product with a code, and what a product has in columns of Prodotti. Throw
   // ConflictError where there is no such product by now.
   qint64 Find(const QString& CodiceProdotto) const;
   QVariant ValueOf(qint64 product, const QString& column) const;
+  ProductValues ValuesOf(qint64 product, const QStringList& columns) const;
 
   // Adds a product, with the next code where none is given, and gives its number. Throws Error:
   // DuplicateError for a code that is there, NoNumberError for a text in a column of numbers.

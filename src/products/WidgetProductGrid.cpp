@@ -31,7 +31,6 @@ const QString PictureKey = u"Immagine"_qs;
 }  // namespace
 
 WidgetProductGrid::WidgetProductGrid(QWidget* parent) : DataGrid(parent) {
-  setEditTriggers(editTriggers() | QAbstractItemView::DoubleClicked);
   horizontalHeader()->setMinimumSectionSize(PictureWidth);
   SetNewRowKey(CodeColumn);
   Rows().OnUnboundData = [this](int row, int column, int role) { return PictureOf(row, column, role); };
@@ -82,6 +81,7 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
   const QString code = NullToEmpty(Rows().Value(CurrentRow(), ProductColumn::Codice));
   const QString key = CurrentKey();
   const bool shown = Rows().columnCount() > 0;
+  ReadNames();
   OpenGrid();
   std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo_, *connection_);
   DecorateColumns(columns);
@@ -92,7 +92,24 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
   ArrangeGrid(keepLayout);
   GoToProduct(code, key);
   editing_->OfferDefaults();
+  filled_ = rsGriglia.ChangeMark();
   Q_EMIT Filled();
+}
+
+// A filter may have been given another name.
+void WidgetProductGrid::ReadNames() {
+  Recordset catalog;
+  catalog.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo_}},
+               *connection_);
+  fields_ = ProductGridFields::Of(catalog);
+}
+
+bool WidgetProductGrid::HasChanged() const {
+  try {
+    return !rsGriglia.IsOpen() || rsGriglia.ChangeMark() != filled_;
+  } catch (const Error&) {
+    return true;
+  }
 }
 
 // Where the statement fails the grid is empty; how it was arranged is kept for the next one.

@@ -36,6 +36,8 @@ class WidgetProductGrid : public DataGrid {
   // fails ends it and is not told: the grid stays as far as it got. A row in edit that cannot be written
   // keeps the grid as it is.
   void LoadGrid(bool keepLayout);
+  // Whether anybody has written to the database since the grid was filled. Never fails.
+  bool HasChanged() const;
   // What other windows and programs have written since: rows that came or went, and values of the filters.
   void ReadAnew();
   // The values of the filters alone, as ProductEditing.
@@ -57,6 +59,7 @@ class WidgetProductGrid : public DataGrid {
  private:
   void ConnectSignals();
   void FillGrid(bool keepLayout);
+  void ReadNames();
   void OpenGrid();
   void DecorateColumns(std::vector<GridColumn>& columns) const;
   void PlacePictureColumns();
@@ -73,6 +76,7 @@ class WidgetProductGrid : public DataGrid {
   ProductGridFields fields_;
   int IDCatalogo_ = 0;
   bool Caricamento = false;
+  qint64 filled_ = 0;  // the mark of the database when the grid was filled
 };
 
 }  // namespace vorlina

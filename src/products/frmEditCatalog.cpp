@@ -16,12 +16,14 @@
 #include "products/GridRefusals.h"
 #include "products/WidgetColumnMenu.h"
 #include "products/WidgetProductGrid.h"
+#include "products/commands/CardCommands.h"
 #include "products/commands/DropPictures.h"
 #include "products/commands/GridContext.h"
 #include "products/commands/OrderCommands.h"
 #include "products/commands/Publish.h"
 #include "products/commands/RowCommands.h"
 #include "products/commands/ShowPictures.h"
+#include "store/GetValue.h"
 #include "support/Language.h"
 #include "ui_frmEditCatalog.h"
 
@@ -33,10 +35,17 @@ using GridCommand = void (*)(GridContext&);
 // What a key of the toolbar or of the menu does; null for one that does nothing, which is disabled.
 GridCommand CommandOf(const QString& key) {
   static constexpr std::pair<const char16_t*, GridCommand> commands[] = {
-      {u"cmdDelete", DeleteRows},    {u"cmdImmagini", ShowPictures},
-      {u"mnuCopia", CopyRows},       {u"mnuOrdinePubbl", NumberAsShown},
-      {u"mnuSpostaSu", MoveRowsUp},  {u"mnuSpostaGiu", MoveRowsDown},
-      {u"mnuAggiorna", RefreshRows}, {u"mnuResizeCol", RestoreColumnWidths},
+      {u"cmdNew", NewProduct},
+      {u"cmdEdit", EditProduct},
+      {u"cmdDelete", DeleteRows},
+      {u"cmdSearch", SearchProducts},
+      {u"cmdImmagini", ShowPictures},
+      {u"mnuCopia", CopyRows},
+      {u"mnuOrdinePubbl", NumberAsShown},
+      {u"mnuSpostaSu", MoveRowsUp},
+      {u"mnuSpostaGiu", MoveRowsDown},
+      {u"mnuAggiorna", RefreshRows},
+      {u"mnuResizeCol", RestoreColumnWidths},
   };
   for (const auto& [name, command] : commands)
     if (key == name) return command;
@@ -55,12 +64,15 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   MakeMenus();
   ConnectGrid();
   drops_ = std::make_unique<DropPictures>(*context_);
+  card_ = std::make_unique<CardCommands>(*context_, *findChild<QAction*>(u"cmdSearch"_qs));
+  context_->card = card_.get();
 }
 
 // Left to the base class, the grid would outlive the members that it works on, and signal to what is no
 // window any more.
 frmEditCatalog::~frmEditCatalog() {
   ReleaseAll();
+  card_.reset();
   delete grdProducts;
 }
 
@@ -99,11 +111,11 @@ void frmEditCatalog::MakeStatusBar() {
 
 void frmEditCatalog::ConnectGrid() {
   const RecordsetModel& rows = grdProducts->Rows();
-  connect(&rows, &QAbstractItemModel::rowsInserted, this, &frmEditCatalog::ShowCounts);
-  connect(&rows, &QAbstractItemModel::rowsRemoved, this, &frmEditCatalog::ShowCounts);
+  connect(&rows, &QAbstractItemModel::rowsInserted, this, &frmEditCatalog::CountProducts);
+  connect(&rows, &QAbstractItemModel::rowsRemoved, this, &frmEditCatalog::CountProducts);
   connect(&rows, &QAbstractItemModel::modelReset, this, &frmEditCatalog::ShowCounts);
   connect(grdProducts, &DataGrid::SelectedRowsChanged, this, &frmEditCatalog::ShowCounts);
-  connect(grdProducts, &WidgetProductGrid::Filled, this, &frmEditCatalog::ShowCounts);
+  connect(grdProducts, &WidgetProductGrid::Filled, this, &frmEditCatalog::CountProducts);
   connect(grdProducts, &DataGrid::HeaderPressed, this,
           [this](const QString& key, Qt::MouseButton button, const QPoint& position) {
             if (button == Qt::RightButton) PopUpColumnMenu(key, position);
@@ -182,12 +194,25 @@ void frmEditCatalog::contextMenuEvent(QContextMenuEvent* event) {
     PopUpGridMenu(position);
 }
 
+void frmEditCatalog::CountProducts() {
+  if (!grdProducts->CondizioneRicerca.isEmpty() && Connessione != nullptr)
+    allProducts_ =
+        GetValue(u"COUNT(*)"_qs, u"Prodotti"_qs, *Connessione, u"IDCatalogo=?"_qs, {context_->IDCatalogo})
+            .toLongLong();
+  ShowCounts();
+}
+
 void frmEditCatalog::ShowCounts() {
   const int count = grdProducts->Rows().RecordCount();
   const int selected = grdProducts->SelectedCount();
   const QLocale locale;
-  lblProdotti->setText(
-      (count == 1 ? Texts::tr("%1 prodotto") : Texts::tr("%1 prodotti")).arg(locale.toString(count)));
+  const QString text = !grdProducts->CondizioneRicerca.isEmpty()
+                           ? Texts::tr("Ricerca attiva: %1 di %2 prodotti")
+                                 .arg(locale.toString(count))
+                                 .arg(locale.toString(allProducts_))
+                       : count == 1 ? Texts::tr("%1 prodotto").arg(count)
+                                    : Texts::tr("%1 prodotti").arg(locale.toString(count));
+  lblProdotti->setText(text);
   lblSelezionati->setText((selected == 1 ? Texts::tr("%1 selezionato") : Texts::tr("%1 selezionati"))
                               .arg(locale.toString(selected)));
 }
@@ -199,7 +224,7 @@ bool frmEditCatalog::event(QEvent* event) {
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (context_->busy || !refusals_->MayClose()) {
+  if (context_->busy || !refusals_->MayClose() || !card_->Close()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();

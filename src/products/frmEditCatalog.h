@@ -16,6 +16,7 @@ class QMenu;
 
 namespace vorlina {
 
+class CardCommands;
 class DropPictures;
 class GridRefusals;
 class WidgetColumnMenu;
@@ -64,6 +65,7 @@ class frmEditCatalog : public QMainWindow {
   void Run(const QString& key);
   void PopUpGridMenu(const QPoint& position);
   void PopUpColumnMenu(const QString& key, const QPoint& position);
+  void CountProducts();
   void ShowCounts();
   void ReleaseAll();
 
@@ -77,6 +79,8 @@ class frmEditCatalog : public QMainWindow {
   std::unique_ptr<GridContext> context_;
   std::unique_ptr<DropPictures> drops_;
   std::unique_ptr<GridRefusals> refusals_;
+  std::unique_ptr<CardCommands> card_;
+  qint64 allProducts_ = 0;  // of the catalog, while a search is on
 };
 
 }  // namespace vorlina

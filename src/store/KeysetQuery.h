@@ -21,4 +21,11 @@ inline QString QuoteName(const QString& name) {
   return u'"' + quoted.replace(u'"', u"\"\""_qs) + u'"';
 }
 
+// A text as SQL text, for a condition that is kept as text. It would end at a character of code 0, which no
+// keyboard has.
+inline QString QuoteText(const QString& text) {
+  QString quoted = text;
+  return u'\'' + quoted.remove(QChar(u'\0')).replace(u'\'', u"''"_qs) + u'\'';
+}
+
 }  // namespace vorlina

@@ -2,6 +2,7 @@
 // copy of the delivered database and on settings of its own, and shows nothing on the screen.
 //
 // usage: vorlina-screenshots FOLDER
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -33,6 +34,7 @@
 #include "products/frmFilterData.h"
 #include "products/frmImages.h"
 #include "products/frmTechData.h"
+#include "products/frmProduct.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
 #include "support/frmSplash.h"
@@ -161,6 +163,31 @@ void Write(Connection& connection, const QString& sql) {
   transaction.Commit();
 }
 
+// The card of a product with a picture, a new one's and the mask of a search.
+void TakeCard(const Photographer& photographer, frmCatalogs& catalogs) {
+  catalogs.findChild<QPushButton*>(u"Edit"_qs)->click();
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  const auto open = [window](const QString& command) {
+    window->findChild<QAction*>(command)->trigger();
+    return window->findChild<frmProduct*>();
+  };
+  grid->GoTo(4);
+  frmProduct* card = open(u"cmdEdit"_qs);
+  TakeAtRest(photographer, *card, u"frmProduct"_qs);
+  TakePopup(photographer, card->findChild<QMenu*>(u"mnuImage"_qs), u"frmProduct-image"_qs);
+  card->SetState(frmProduct::New);
+  photographer.Take(*card, u"frmProduct-new"_qs);
+  card->Salvato = true;
+  card->close();
+  card = open(u"cmdSearch"_qs);
+  card->findChild<QLineEdit*>(u"txtCode"_qs)->setText(u"TZ"_qs);
+  photographer.Take(*card, u"frmProduct-search"_qs);
+  card->findChild<QAction*>(u"cmdFind"_qs)->trigger();
+  photographer.Take(*window, u"frmEditCatalog-search"_qs);
+  window->close();
+}
+
 // A catalog without products and without names.
 void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   Write(catalogs.cnnCatalog, u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('Ceramiche')"_qs);
@@ -241,6 +268,8 @@ void TakeAll(const Photographer& photographer) {
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
   catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
   TakeGrid(photographer, catalogs);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  TakeCard(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   TakeEmptyGrid(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

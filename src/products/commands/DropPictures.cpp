@@ -5,9 +5,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Helpers.h"
-#include "base/Texts.h"
-#include "base/WaitCursor.h"
-#include "products/Attempt.h"
+#include "products/DroppedPictures.h"
 #include "products/PictureDrop.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/GridContext.h"
@@ -47,15 +45,8 @@ void DropPictures::Take(int catalog, const QString& code, const QStringList& fil
     return held_.push_back([=, this] { Take(catalog, code, files); });
   if (context_.busy || context_.connection == nullptr) return;
   const QScopedValueRollback<bool> busy(context_.busy, true);
-  const auto ask = [this](const QString& file) {
-    return TheDialogs().Input(&context_.owner, Texts::tr("Descrizione immagine per ") + file,
-                              Texts::tr("Aggiungi/modifica immagine"), {});
-  };
-  QStringList failures;
-  Attempt(&context_.owner, [&] {
-    const WaitCursor wait;
-    failures = PictureDrop({catalog, code}, *context_.connection).Add(files, ask);
-  });
+  const QStringList failures =
+      AddDroppedPictures({catalog, code}, files, *context_.connection, context_.owner);
   context_.grid.GoToProduct(code, context_.grid.CurrentKey());
   context_.grid.LoadGrid(true);
   TheDialogs().Message(&context_.owner, FirstLines(failures), BoxStyle::Stop);

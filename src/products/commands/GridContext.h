@@ -6,6 +6,7 @@ class QWidget;
 
 namespace vorlina {
 
+class CardCommands;
 class Connection;
 class WidgetProductGrid;
 
@@ -14,6 +15,7 @@ struct GridContext {
   WidgetProductGrid& grid;
   Connection* connection = nullptr;  // null once the window is closed
   int IDCatalogo = 0;
+  CardCommands* card = nullptr;
   bool busy = false;  // with what must not lose its connection, while events come through
 };
 

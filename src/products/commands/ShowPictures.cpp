@@ -2,7 +2,9 @@
 
 #include "images/frmImageViewer.h"
 #include "products/WidgetProductGrid.h"
+#include "products/commands/CardCommands.h"
 #include "products/commands/GridContext.h"
+#include "products/frmProduct.h"
 
 namespace vorlina {
 
@@ -13,7 +15,9 @@ void ShowPictures(GridContext& context) {
   viewer.IDCatalogo = context.IDCatalogo;
   viewer.Connection = context.connection;
   const QString code = viewer.ShowCatalog(grid.CondizioneRicerca);
-  if (!code.isEmpty()) grid.GoToProduct(code, grid.CurrentKey());
+  if (code.isEmpty()) return;
+  grid.GoToProduct(code, grid.CurrentKey());
+  context.card->ApriProdotto(frmProduct::Edit, code, true);
 }
 
 }  // namespace vorlina

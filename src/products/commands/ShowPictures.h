@@ -5,7 +5,7 @@ namespace vorlina {
 
 struct GridContext;
 
-// The product that was picked by its picture becomes the current one.
+// The product that was picked by its picture becomes the current one, and is opened.
 void ShowPictures(GridContext& context);
 
 }  // namespace vorlina

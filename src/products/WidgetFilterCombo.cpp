@@ -1,0 +1,141 @@
+#include "products/WidgetFilterCombo.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QLoggingCategory>
+#include <algorithm>
+#include <limits>
+
+#include "base/Error.h"
+#include "base/Helpers.h"
+#include "grid/WidgetRowHeader.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
+
+}  // namespace
+
+WidgetFilterCombo::WidgetFilterCombo(QWidget* parent)
+    : WidgetDropDown(parent, {}, LeastRowHeight(parent->fontMetrics())) {
+  setFrame(true);
+  setFocusPolicy(Qt::StrongFocus);
+  // What completes is told by the rules below.
+  setCompleter(nullptr);
+  lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+  lineEdit()->setAcceptDrops(false);
+  connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (completes_ && lineEdit()->cursorPosition() == text.size()) Complete(text);
+    Q_EMIT Edited();
+  });
+  connect(this, &QComboBox::activated, this, &WidgetFilterCombo::Pick);
+}
+
+void WidgetFilterCombo::ShowValue(const LookupItem& value) {
+  shown_ = value;
+  if (currentText() == value.text) return;
+  setEditText(value.text);
+  lineEdit()->setCursorPosition(0);
+}
+
+// Of two values with one text it is the one that was shown.
+std::optional<qint64> WidgetFilterCombo::Value() {
+  const QString text = Typed();
+  if (text.isEmpty()) return 0;
+  if (text == shown_.text.trimmed()) return shown_.value;
+  const LookupItem* item = Values().Exactly(text);
+  return item != nullptr ? std::optional(item->value) : std::nullopt;
+}
+
+// The list that is open stays until it is opened again.
+const Completion& WidgetFilterCombo::Values() {
+  if (!isRead_) {
+    values_ = Completion(OnRead ? OnRead() : std::vector<LookupItem>());
+    list_.reset();
+    isRead_ = true;
+  }
+  return values_;
+}
+
+// The rest stands selected, so that the next letter takes its place.
+void WidgetFilterCombo::Complete(const QString& typed) {
+  try {
+    const LookupItem* item = Values().First(typed);
+    if (item == nullptr) return;
+    setEditText(item->text);
+    lineEdit()->setSelection(int(typed.size()), int(item->text.size()));
+  } catch (const Error& error) {
+    qCDebug(products) << "not completed" << error.Description();
+  }
+}
+
+// Filling the list takes the text away.
+void WidgetFilterCombo::showPopup() {
+  try {
+    const Completion& values = Values();
+    if (!list_) {
+      const QString text = currentText();
+      list_ = Lookup(values.Items());
+      Offer(*list_);
+      setEditText(text);
+    }
+    const auto& items = list_->Items();
+    const auto same = [folded = Typed().toCaseFolded()](const LookupItem& item) {
+      return item.text.trimmed().toCaseFolded() == folded;
+    };
+    const auto found = std::find_if(items.begin(), items.end(), same);
+    const QString text = currentText();
+    setCurrentIndex(found != items.end() ? int(found - items.begin()) : -1);
+    setEditText(text);
+  } catch (const Error& error) {
+    qCDebug(products) << "no values" << error.Description();
+  }
+  WidgetDropDown::showPopup();
+}
+
+void WidgetFilterCombo::Pick(int index) {
+  const auto& items = list_ ? list_->Items() : std::vector<LookupItem>();
+  if (index >= 0 && std::size_t(index) < items.size()) shown_ = items[std::size_t(index)];
+  Q_EMIT Edited();
+}
+
+// Keys that go through a closed list would change the value unseen.
+void WidgetFilterCombo::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_F4:
+      return showPopup();
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      return event->ignore();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      lineEdit()->deselect();
+      return event->ignore();
+    default:
+      completes_ = !event->text().isEmpty() && event->text().front().isPrint();
+      WidgetDropDown::keyPressEvent(event);
+      completes_ = false;
+  }
+}
+
+void WidgetFilterCombo::inputMethodEvent(QInputMethodEvent* event) {
+  completes_ = true;
+  WidgetDropDown::inputMethodEvent(event);
+  completes_ = false;
+}
+
+// A list, a menu or another window in between is no leaving.
+void WidgetFilterCombo::focusOutEvent(QFocusEvent* event) {
+  WidgetDropDown::focusOutEvent(event);
+  const Qt::FocusReason reason = event->reason();
+  if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+      reason != Qt::MenuBarFocusReason)
+    Q_EMIT Left();
+}
+
+void WidgetFilterCombo::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+}  // namespace vorlina
