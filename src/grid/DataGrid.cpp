@@ -228,8 +228,10 @@ SortDirection DataGrid::SortOf(const QString& key) const {
 void DataGrid::ApplyLayout(const GridLayout& layout) {
   arrangement_.Arrange(layout, true);
   arrangement_.SetRowHeight(layout.rowHeight);
-  if (!layout.sortKey.isEmpty() && rows_.ColumnOf(layout.sortKey) >= 0)
-    SetSort(layout.sortKey, layout.descending ? SortDirection::Descending : SortDirection::Ascending);
+  const SortDirection sort = layout.descending ? SortDirection::Descending : SortDirection::Ascending;
+  // Rows that were bound anew are sorted already.
+  if (!layout.sortKey.isEmpty() && rows_.ColumnOf(layout.sortKey) >= 0 && SortOf(layout.sortKey) != sort)
+    SetSort(layout.sortKey, sort);
 }
 
 QString DataGrid::CopySelection(const QString& cellSeparator, const QString& rowSeparator,

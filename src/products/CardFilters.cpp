@@ -42,17 +42,21 @@ void CardFilters::SetCard(ProductCard& card) {
   for (std::size_t i = 0; i < controls_.size(); ++i) {
     const FilterControls& filter = controls_[i];
     const NamedField& field = card.Names().filters[i];
-    const QString name = UnescapeName(field.name);
-    filter.label->setTextFormat(Qt::PlainText);
-    filter.label->setText(name);
-    filter.combo->setAccessibleName(name);
-    filter.button->setAccessibleName(filter.button->toolTip() + u": "_qs + name);
+    Rename(int(i) + 1, UnescapeName(field.name));
     filter.label->setVisible(field.inUse);
     filter.combo->setVisible(field.inUse);
     filter.button->setVisible(field.inUse);
     filter.combo->Forget();
     filter.combo->OnRead = [this, i] { return card_->FilterItems(int(i) + 1); };
   }
+}
+
+void CardFilters::Rename(int filter, const QString& name) {
+  const auto& [label, combo, button] = controls_[std::size_t(filter) - 1];
+  label->setTextFormat(Qt::PlainText);
+  label->setText(name);
+  combo->setAccessibleName(name);
+  button->setAccessibleName(button->toolTip() + u": "_qs + name);
 }
 
 bool CardFilters::IsInUse(std::size_t index) const { return card_->Names().filters[index].inUse; }
@@ -72,9 +76,18 @@ ProductValues CardFilters::Typed() {
   return values;
 }
 
-void CardFilters::Forget(int filter) {
-  for (std::size_t i = 0; i < controls_.size(); ++i)
-    if (filter == 0 || std::size_t(filter) == i + 1) controls_[i].combo->Forget();
+void CardFilters::Forget() {
+  for (const FilterControls& filter : controls_) filter.combo->Forget();
+}
+
+// What is typed and is no value stays to be asked about.
+void CardFilters::Renew(int filter) {
+  WidgetFilterCombo& combo = *controls_[std::size_t(filter) - 1].combo;
+  const std::optional<qint64> value = combo.Value();
+  combo.Forget();
+  if (!value) return;
+  const QString text = card_->FilterText(filter, *value);
+  combo.ShowValue({text.isEmpty() ? 0 : *value, text});
 }
 
 void CardFilters::EnableButtons(bool enabled) {
@@ -116,7 +129,6 @@ bool CardFilters::Offer(WidgetFilterCombo& combo, int filter) {
   const qint64 value = card_->Products().FilterValue(filter, text);
   combo.Forget();
   combo.ShowValue({value, text});
-  Q_EMIT Edited();
   return true;
 }
 

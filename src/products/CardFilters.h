@@ -32,8 +32,12 @@ class CardFilters : public QObject {
   void Show(const ProductValues& values);
   // The values by their columns; a text that is no value gives none. Throws Error.
   ProductValues Typed();
-  // The values are read anew when they are asked for: of one filter, 1 to 5, or of all.
-  void Forget(int filter = 0);
+  // The values are read anew when they are asked for.
+  void Forget();
+  // The values of a filter, 1 to 5, have changed: its box shows the text that its value has by now. Throws
+  // Error.
+  void Renew(int filter);
+  void Rename(int filter, const QString& name);
   void EnableButtons(bool enabled);
 
   // Has every text be a value: for one that is none it asks whether to add it. False where one is not: the

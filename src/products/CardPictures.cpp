@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLoggingCategory>
 #include <QScopedValueRollback>
+#include <memory>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -11,9 +12,11 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/PictureFolder.h"
+#include "images/frmImage.h"
 #include "products/DroppedPictures.h"
 #include "products/ProductCard.h"
 #include "products/WidgetCardPicture.h"
+#include "products/frmImages.h"
 
 namespace vorlina {
 namespace {
@@ -31,7 +34,7 @@ void CardPictures::SetCard(ProductCard* card, int IDCatalogo, Connection* connec
   connection_ = connection;
 }
 
-void CardPictures::Show() {
+bool CardPictures::Show() {
   const bool isNew = card_ == nullptr || card_->Product() == 0;
   QString path;
   try {
@@ -41,14 +44,40 @@ void CardPictures::Show() {
   }
   box_.Show(path, isNew ? Texts::tr("L'immagine si aggiunge dopo aver salvato il prodotto.")
                         : Texts::tr("Nessuna immagine. Trascinare qui una foto JPEG."));
+  return !path.isEmpty();
 }
 
-bool CardPictures::HasMain() const {
-  try {
-    return card_ != nullptr && card_->Product() != 0 && !card_->MainImage().isEmpty();
-  } catch (const Error&) {
-    return false;
-  }
+void CardPictures::Open() {
+  const QString path = card_->MainImage();
+  if (path.isEmpty()) return ChangeAndOpen();
+  if (preview_ == nullptr) return OpenPreview(path);
+  preview_->activateWindow();
+}
+
+void CardPictures::OpenPreview(const QString& path) {
+  auto preview = std::make_unique<frmImage>(&window_);
+  preview->setAttribute(Qt::WA_DeleteOnClose);
+  auto* list = new frmImages(preview.get());
+  preview->Percorso = path;
+  preview->ListaImmagini = list;
+  preview->Card = &window_;
+  list->IDCatalogo = IDCatalogo_;
+  list->CodiceProdotto = card_->Code();
+  list->Connessione = connection_;
+  list->Anteprima = preview.get();
+  list->ImageChange = [this] { return Change(); };
+  list->MainImageRemoved = [this] { Q_EMIT Changed(Show()); };
+  preview->LoadForm();
+  list->LoadForm();
+  preview_ = preview.release();
+  preview_->show();
+  list->show();
+}
+
+void CardPictures::ChangeAndOpen() {
+  if (!Change().isEmpty()) return;
+  if (preview_ != nullptr && !preview_->close()) return;
+  OpenPreview(card_->MainImage());
 }
 
 QString CardPictures::Change() {
@@ -64,8 +93,7 @@ QString CardPictures::Change() {
     ShowError(&window_, DescriptionOf(error));
     return target;
   }
-  Show();
-  Q_EMIT Changed();
+  Q_EMIT Changed(Show());
   return {};
 }
 
@@ -83,8 +111,7 @@ void CardPictures::Take() {
     try {
       const QString code = card_->Products().ValueOf(product, u"CodiceProdotto"_qs).toString();
       const QStringList failures = AddDroppedPictures({IDCatalogo_, code}, files, *connection_, window_);
-      Show();
-      Q_EMIT Changed();
+      Q_EMIT Changed(Show());
       TheDialogs().Message(&window_, FirstLines(failures), BoxStyle::Stop);
     } catch (const std::exception& error) {
       ShowError(&window_, DescriptionOf(error));

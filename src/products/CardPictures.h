@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <utility>
 #include <vector>
@@ -12,6 +13,7 @@ namespace vorlina {
 class Connection;
 class ProductCard;
 class WidgetCardPicture;
+class frmImage;
 struct ProductKey;
 
 class CardPictures : public QObject {
@@ -23,25 +25,30 @@ class CardPictures : public QObject {
 
   // The card outlives its use; null for none.
   void SetCard(ProductCard* card, int IDCatalogo, Connection* connection);
-  // Shows the main picture that the product has by now. Never fails.
-  void Show();
-  // Whether the product has a main picture that can be viewed. Never fails.
-  bool HasMain() const;
+  // Shows the main picture that the product has by now. False where it has none that can be viewed. Never
+  // fails.
+  bool Show();
 
+  // Shows the pictures in windows of their own; where there is no main one, it is chosen first. Throws Error.
+  void Open();
   // Has the user choose the main picture. Gives the path of the one that stays where none was chosen or it
   // could not be taken, which is told; "" where it was changed.
   QString Change();
+  // The same, and shows what was chosen.
+  void ChangeAndOpen();
 
   // Takes files over for the product on the card, once the drop is done and no box is up.
   void Drop(const QStringList& files);
   void TakeHeld();
-  // While files are taken over the card stays.
-  bool IsBusy() const { return busy_; }
+  // While files are taken over, or wait for that, the card stays.
+  bool IsBusy() const { return busy_ || !held_.empty(); }
 
  Q_SIGNALS:
-  void Changed();
+  // The main picture is another one, or gone.
+  void Changed(bool hasMain);
 
  private:
+  void OpenPreview(const QString& path);
   void Take();
 
   QWidget& window_;
@@ -50,6 +57,7 @@ class CardPictures : public QObject {
   int IDCatalogo_ = 0;
   Connection* connection_ = nullptr;
   std::vector<std::pair<qint64, QStringList>> held_;  // files by the product on which they were dropped
+  QPointer<frmImage> preview_;
   bool busy_ = false;
 };
 

@@ -27,8 +27,8 @@ WidgetFilterCombo::WidgetFilterCombo(QWidget* parent)
   lineEdit()->setAcceptDrops(false);
   connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
     if (completes_ && lineEdit()->cursorPosition() == text.size()) Complete(text);
-    Q_EMIT Edited();
   });
+  connect(this, &QComboBox::editTextChanged, this, &WidgetFilterCombo::Edited);
   connect(this, &QComboBox::activated, this, &WidgetFilterCombo::Pick);
 }
 
@@ -70,34 +70,37 @@ void WidgetFilterCombo::Complete(const QString& typed) {
   }
 }
 
-// Filling the list takes the text away.
 void WidgetFilterCombo::showPopup() {
   try {
-    const Completion& values = Values();
-    if (!list_) {
-      const QString text = currentText();
-      list_ = Lookup(values.Items());
-      Offer(*list_);
-      setEditText(text);
-    }
-    const auto& items = list_->Items();
-    const auto same = [folded = Typed().toCaseFolded()](const LookupItem& item) {
-      return item.text.trimmed().toCaseFolded() == folded;
-    };
-    const auto found = std::find_if(items.begin(), items.end(), same);
-    const QString text = currentText();
-    setCurrentIndex(found != items.end() ? int(found - items.begin()) : -1);
-    setEditText(text);
+    FillList();
   } catch (const Error& error) {
     qCDebug(products) << "no values" << error.Description();
   }
+  view()->installEventFilter(this);
   WidgetDropDown::showPopup();
+}
+
+// Filling the list, and going to the value that is typed, change the text.
+void WidgetFilterCombo::FillList() {
+  const QSignalBlocker silent(this);
+  const QString text = currentText();
+  const Completion& values = Values();
+  if (!list_) {
+    list_ = Lookup(values.Items());
+    Offer(*list_);
+  }
+  const auto& items = list_->Items();
+  const auto same = [folded = text.trimmed().toCaseFolded()](const LookupItem& item) {
+    return item.text.trimmed().toCaseFolded() == folded;
+  };
+  const auto found = std::find_if(items.begin(), items.end(), same);
+  setCurrentIndex(found != items.end() ? int(found - items.begin()) : -1);
+  setEditText(text);
 }
 
 void WidgetFilterCombo::Pick(int index) {
   const auto& items = list_ ? list_->Items() : std::vector<LookupItem>();
   if (index >= 0 && std::size_t(index) < items.size()) shown_ = items[std::size_t(index)];
-  Q_EMIT Edited();
 }
 
 // Keys that go through a closed list would change the value unseen.

@@ -31,7 +31,7 @@ class WidgetFilterCombo : public WidgetDropDown {
   void showPopup() override;
 
  Q_SIGNALS:
-  // The user has changed the text, or picked a value.
+  // The text has changed.
   void Edited();
   // The focus went to another control.
   void Left();
@@ -45,6 +45,7 @@ class WidgetFilterCombo : public WidgetDropDown {
  private:
   const Completion& Values();
   void Complete(const QString& typed);
+  void FillList();
   void Pick(int index);
 
   bool isRead_ = false;

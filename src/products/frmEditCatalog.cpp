@@ -224,11 +224,12 @@ bool frmEditCatalog::event(QEvent* event) {
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
-  if (context_->busy || !refusals_->MayClose() || !card_->Close()) {
+  if (context_->busy || !refusals_->MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
     return event->ignore();
   }
+  if (!card_->Close()) return event->ignore();
   grdProducts->SaveLayoutFile();
   ReleaseAll();
   event->accept();

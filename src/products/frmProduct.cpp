@@ -113,7 +113,7 @@ void frmProduct::MakeBoxes() {
   connect(ui_->txtDescription, &QPlainTextEdit::textChanged, this, &frmProduct::Changed);
   connect(filters_, &CardFilters::Edited, this, &frmProduct::Changed);
   connect(pictures_, &CardPictures::Changed, this,
-          [this] { Command(u"cmdImageView"_qs)->setEnabled(pictures_->HasMain()); });
+          [this](bool hasMain) { Command(u"cmdImageView"_qs)->setEnabled(hasMain); });
   connect(ui_->fmePicture, &WidgetCardPicture::Clicked, this, [this] { Run(u"cmdImage"_qs); });
 }
 
@@ -226,14 +226,13 @@ void frmProduct::SetControls(int state) {
   enable(u"cmdFind"_qs, state == Search);
   if (state == Search) enable(u"cmdImage"_qs, false);
   enable(u"cmdImageChange"_qs, state == Edit);
-  enable(u"cmdImageView"_qs, state == Edit && pictures_->HasMain());
   enable(u"cmdPrevious"_qs, state == Edit);
   enable(u"cmdNext"_qs, state == Edit);
   ui_->txtCode->setEnabled(state != Edit);
   const QString mask = state == Search ? Texts::tr("Inizia con...") : QString();
   for (QLineEdit* box : {ui_->txtCode, values_[0], values_[1], values_[2]}) box->setPlaceholderText(mask);
   ui_->txtDescription->setPlaceholderText(mask);
-  pictures_->Show();
+  enable(u"cmdImageView"_qs, pictures_->Show() && state == Edit);
 }
 
 // The code of a product is read, though it cannot be changed.
@@ -251,13 +250,15 @@ void frmProduct::Changed() {
 void frmProduct::Run(const QString& key) {
   if (key != u"cmdDelete" && !filters_->Settle()) return;
   if (key == u"cmdNew") {
-    if (CloseOwned() && Leave()) Try([this] { SetState(New); });
+    if (Leave()) Try([this] { SetState(New); });
   } else if (key == u"cmdSave") {
     Salva();
   } else if (key == u"cmdDelete") {
     Elimina();
+  } else if (key == u"cmdImage" || key == u"cmdImageView") {
+    ApriImmagini();
   } else if (key == u"cmdImageChange") {
-    ImageChange(true);
+    Try([this] { pictures_->ChangeAndOpen(); });
   } else if (key == u"cmdFind") {
     Cerca();
   } else if (key == u"cmdPrevious" || key == u"cmdNext") {
@@ -336,9 +337,8 @@ void frmProduct::Elimina() {
   });
 }
 
-QString frmProduct::ImageChange(bool) {
-  if (Product() == 0) return {};
-  return pictures_->Change();
+void frmProduct::ApriImmagini() {
+  if (Stato == Edit) Try([this] { pictures_->Open(); });
 }
 
 void frmProduct::Cerca() {
@@ -350,7 +350,7 @@ void frmProduct::Cerca() {
 }
 
 void frmProduct::GoToNeighbour(bool next) {
-  if (!CloseOwned() || !Leave()) return;
+  if (!Leave()) return;
   Try([this, next] {
     const qint64 product = Griglia->Neighbour(card_->Product(), next);
     if (product == 0) return QApplication::beep();
@@ -359,6 +359,7 @@ void frmProduct::GoToNeighbour(bool next) {
 }
 
 bool frmProduct::Leave() {
+  if (pictures_->IsBusy() || !CloseOwned()) return false;
   if (Stato == Search) return true;
   if (!filters_->Settle()) return false;
   if (Salvato || !TheDialogs().Ask(this, NumberedText(BaseConferma + 4))) return true;
@@ -401,7 +402,7 @@ void frmProduct::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmProduct::closeEvent(QCloseEvent* event) {
-  if (pictures_->IsBusy() || !CloseOwned() || !Leave()) {
+  if (!Leave()) {
     activateWindow();
     return event->ignore();
   }

@@ -58,9 +58,6 @@ class frmProduct : public QMainWindow {
   void SetState(int state);
   // Saves what was typed, and tells why not where it cannot.
   void Salva();
-  // Has the user choose the main image, and shows it afterwards where that is asked for. Gives the path of
-  // the one that stays, or "" where it was changed.
-  QString ImageChange(bool show);
 
  protected:
   bool event(QEvent* event) override;
@@ -87,6 +84,7 @@ class frmProduct : public QMainWindow {
   void SaveOver(const QStringList& columns, const ProductValues& typed);
   void SaveAsNew(const QString& why);
   void Elimina();
+  void ApriImmagini();
   void Cerca();
   void GoToNeighbour(bool next);
   bool CloseOwned();

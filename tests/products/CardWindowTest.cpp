@@ -1,10 +1,13 @@
 // The product card over the grid's window, worked by keys and the mouse.
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QPlainTextEdit>
 #include <QToolButton>
 
 #include "GridWindowFixture.h"
 #include "images/PictureFolder.h"
+#include "images/frmImage.h"
+#include "products/frmImages.h"
 #include "products/frmProduct.h"
 #include "support/TestJpeg.h"
 
@@ -30,14 +33,21 @@ class CardWindow : public GridWindow {
   bool IsOpen() const { return Card() != nullptr && Card()->isVisible(); }
   // Opens the product of a row by a double click.
   void OpenRow(int row) {
+    Activate(*window_);
     const QPoint at = PointOf(row, Description);
     Click(at);
     QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {}, at);
     QCoreApplication::processEvents();
     ASSERT_TRUE(IsOpen());
   }
+  // The window that is worked, which some platforms make active later.
+  static void Activate(QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+  }
   // A button of the grid's toolbar, or of the card's.
   void Push(QWidget& window, const QString& key) const {
+    Activate(window);
     auto* bar = window.findChild<QToolBar*>(u"tbr"_qs, Qt::FindDirectChildrenOnly);
     QWidget* button = bar->widgetForAction(bar->findChild<QAction*>(key, Qt::FindDirectChildrenOnly));
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, button->mapTo(&window, QPoint(9, 9)));
@@ -46,6 +56,7 @@ class CardWindow : public GridWindow {
   void Push(const QString& key) const { Push(*Card(), key); }
   // To whatever has the focus on the card.
   void CardKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+    Activate(*Card());
     QTest::keyClick(Card()->windowHandle(), Qt::Key(key), modifiers);
     QCoreApplication::processEvents();
   }
@@ -53,6 +64,7 @@ class CardWindow : public GridWindow {
   void Write(const QString& box, const QString& text) const {
     auto* widget = Card()->findChild<QWidget*>(box);
     ASSERT_TRUE(widget != nullptr && widget->isEnabled()) << box;
+    Activate(*Card());
     widget->setFocus();
     QTest::keyClick(Card()->windowHandle(), Qt::Key_A, Qt::ControlModifier);
     if (text.isEmpty()) QTest::keyClick(Card()->windowHandle(), Qt::Key_Delete);
@@ -92,7 +104,7 @@ TEST_F(CardWindow, ADoubleClickOpensTheProductUnderTheHandWhateverComesBetween) 
   EXPECT_FALSE(IsEnabled(u"cmdFind"_qs) || IsEnabled(u"cmdImageView"_qs));
   CardKey(Qt::Key_Escape);
   EXPECT_FALSE(IsOpen());
-  EXPECT_TRUE(window_->isActiveWindow() && grid_->hasFocus());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_->isActiveWindow() && grid_->hasFocus(); }));
 
   // Enter in an editor takes the cell; on a shown cell it opens the product, on the new row it types.
   grid_->GoTo(0, Description);
@@ -116,6 +128,7 @@ TEST_F(CardWindow, ADoubleClickOpensTheProductUnderTheHandWhateverComesBetween) 
   Key(Qt::Key_Return);
   EXPECT_FALSE(IsOpen());
   EXPECT_NE(Editor(), nullptr);
+  Key(Qt::Key_Escape);
 }
 
 TEST_F(CardWindow, SavesWhatIsTypedFastAndCompletes) {
@@ -311,4 +324,71 @@ TEST_F(CardWindow, ADroppedPictureIsTheProductsThatItWasDroppedOn) {
   QCoreApplication::processEvents();
   EXPECT_EQ(Stored(u"a"_qs, u"Immagine"_qs), MainImagePath(catalog_, u"a"_qs));
   EXPECT_EQ(Stored(u"b"_qs, u"Immagine"_qs), QString());
+}
+
+// The road of a new product with a picture, through the windows step by step.
+TEST_F(CardWindow, ANewProductGetsItsPicture) {
+  Open();
+  Push(*window_, u"cmdNew"_qs);
+  Write(u"txtDescription"_qs, u"Vase"_qs);
+  Write(u"cmbFilter_2"_qs, u"Green"_qs);
+  dialogs_.ExpectQuestion(u"Do you want to insert a new item in the table?: Green"_qs, true);
+  CardKey(Qt::Key_Tab);
+  Push(u"cmdSave"_qs);
+  EXPECT_EQ(Stored(u"4"_qs, u"json_array(Descrizione,IDFiltro2>?,OrdineTemp,Immagine)"_qs.replace(
+                                u'?', QString::number(red_))),
+            u"[\"Vase\",1,4,null]");
+  EXPECT_EQ(Count(u"PExtension"_qs), 0);
+  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0);
+
+  const QString photo = Outside(u"photo.jpg"_qs);
+  WriteFileSafely(photo, MakeJpeg(MakePhoto({1200, 600}, 1)));
+  dialogs_.ExpectFile({});
+  Push(u"cmdImage"_qs);
+  EXPECT_EQ(Card()->findChild<frmImage*>(), nullptr) << "none was chosen";
+  dialogs_.ExpectFile(photo);
+  Push(u"cmdImage"_qs);
+  EXPECT_EQ(Stored(u"4"_qs, u"json_array(Immagine,Height,Width)"_qs),
+            u"[\"%1\",402,804]"_qs.arg(MainImagePath(catalog_, u"4"_qs)));
+  EXPECT_TRUE(QFile::exists(ThumbnailPath(MainImagePath(catalog_, u"4"_qs))));
+  EXPECT_EQ(Count(u"PExtension"_qs), 2);
+  EXPECT_TRUE(IsEnabled(u"cmdImageView"_qs));
+  auto* preview = Card()->findChild<frmImage*>();
+  ASSERT_TRUE(preview != nullptr && preview->isVisible() && preview->findChild<frmImages*>()->isVisible());
+
+  // The picture and its list go with the card, and the grid knows of all.
+  CardKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Card()->findChild<frmImage*>(), nullptr);
+  EXPECT_EQ(grid_->CurrentRow(), 3);
+  EXPECT_EQ(Shown(3, Description), u"Vase");
+  EXPECT_FALSE(Rows().index(3, ProductColumn::ImmaginePicture).data(Qt::DecorationRole).isNull());
+}
+
+TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {
+  Open();
+  OpenRow(0);
+  auto* combo = Card()->findChild<QComboBox*>(u"cmbFilter_2"_qs);
+  const auto listKey = [&](int key) {
+    QTest::keyClick(combo->view()->window()->windowHandle(), Qt::Key(key));
+  };
+  Activate(*Card());
+  combo->setFocus();
+  CardKey(Qt::Key_Down);
+  ASSERT_TRUE(combo->view()->isVisible());
+  EXPECT_TRUE(Card()->Salvato) << "a list that is opened changes nothing";
+  listKey(Qt::Key_Escape);
+  EXPECT_TRUE(IsOpen() && !combo->view()->isVisible());
+  CardKey(Qt::Key_Down);
+  listKey(Qt::Key_Return);
+  EXPECT_EQ(Combo(), u"Rosa");
+  EXPECT_FALSE(Card()->Salvato);
+  CardKey(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Stored(u"a"_qs, u"IDFiltro2"_qs), QString::number(red_ + 1));
+  CardKey(Qt::Key_Down);
+  listKey(Qt::Key_Down);
+  listKey(Qt::Key_Tab);
+  EXPECT_EQ(Combo(), u"Rosso");
+  EXPECT_FALSE(Card()->Salvato);
 }

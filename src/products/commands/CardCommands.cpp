@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
@@ -69,18 +70,19 @@ void CardCommands::OpenCard(int state, qint64 product) {
 }
 
 void CardCommands::ToggleSearch() {
+  WidgetProductGrid& grid = context_.grid;
   // The press has turned the button already.
-  cmdSearch_.setChecked(!offersAll_ || context_.grid.CondizioneRicerca.isEmpty());
+  cmdSearch_.setChecked(!grid.CondizioneRicerca.isEmpty());
   if (!offersAll_) {
     ApriProdotto(frmProduct::Search, {}, false);
-    if (card_ == nullptr || !card_->isVisible()) cmdSearch_.setChecked(false);
+    if (card_ != nullptr && card_->isVisible()) cmdSearch_.setChecked(card_->Stato == frmProduct::Search);
     return;
   }
-  if (!context_.grid.LeaveRow()) return cmdSearch_.setChecked(!context_.grid.CondizioneRicerca.isEmpty());
+  if (!grid.LeaveRow()) return;
   OfferAll(false);
   cmdSearch_.setChecked(false);
-  context_.grid.CondizioneRicerca.clear();
-  context_.grid.LoadGrid(true);
+  grid.CondizioneRicerca.clear();
+  grid.LoadGrid(true);
 }
 
 void CardCommands::OfferAll(bool offered) {
@@ -113,9 +115,12 @@ void CardCommands::CardClosed(qint64 product, bool searchGivenUp) {
   if (searchGivenUp) cmdSearch_.setChecked(false);
   if (closing_) return;
   WidgetProductGrid& grid = context_.grid;
+  const RecordsetModel& rows = grid.Rows();
+  const int former = rows.RowOf(product);
   if (grid.HasChanged()) grid.LoadGrid(true);
-  if (const int row = product != 0 ? grid.Rows().RowOf(product) : -1; row >= 0 && row != grid.CurrentRow())
-    grid.GoTo(row);
+  // A product that is gone is stood in for by the one that has its place.
+  const int row = rows.RowOf(product) >= 0 ? rows.RowOf(product) : std::min(former, rows.RecordCount() - 1);
+  if (row >= 0 && row != grid.CurrentRow()) grid.GoTo(row);
   // Once the card is gone.
   QMetaObject::invokeMethod(
       this,
