@@ -46,6 +46,10 @@ class ProductCard {
   // The user has been told of those: the next change writes over them.
   void WriteOver() { known_ = met_; }
 
+  // Whether the product has a technical sheet; and that it has one from now on. Throw Error.
+  bool HasTechData() const { return products_.ValueOf(product_, u"SchedaTecnica"_qs).toBool(); }
+  void BeginTechData() { products_.Change(product_, {{u"SchedaTecnica"_qs, true}}, ProductMarks::None); }
+
   // Makes a picture file the product's main image, with the marks of a change. Throws Error; all is as it was
   // then.
   void SetMainImage(const QString& file);

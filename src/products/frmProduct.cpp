@@ -18,6 +18,7 @@
 #include "products/CardFilters.h"
 #include "products/CardPictures.h"
 #include "products/CardToolbar.h"
+#include "products/CardWindows.h"
 #include "products/PictureDrop.h"
 #include "products/ProductCardOwner.h"
 #include "products/SearchCondition.h"
@@ -69,6 +70,7 @@ frmProduct::frmProduct(QWidget* parent) : QMainWindow(parent, Qt::Window), ui_(n
                                       {ui_->lblFilters_3, ui_->cmbFilter_4, ui_->cmdFilterData_4},
                                       {ui_->lblFilters_4, ui_->cmbFilter_5, ui_->cmdFilterData_5}}});
   pictures_ = new CardPictures(*this, *ui_->fmePicture);
+  windows_ = new CardWindows(*this);
   MakeToolbar();
   MakeBoxes();
   RestorePlace(*this, PlaceName);
@@ -112,6 +114,9 @@ void frmProduct::MakeBoxes() {
   ui_->txtDescription->viewport()->setAcceptDrops(false);
   connect(ui_->txtDescription, &QPlainTextEdit::textChanged, this, &frmProduct::Changed);
   connect(filters_, &CardFilters::Edited, this, &frmProduct::Changed);
+  connect(filters_, &CardFilters::ButtonClicked, this, &frmProduct::OpenFilter);
+  connect(windows_, &CardWindows::ValuesChanged, this, &frmProduct::RenewFilter);
+  connect(windows_, &CardWindows::FilterRenamed, this, &frmProduct::RenameFilter);
   connect(pictures_, &CardPictures::Changed, this,
           [this](bool hasMain) { Command(u"cmdImageView"_qs)->setEnabled(hasMain); });
   connect(ui_->fmePicture, &WidgetCardPicture::Clicked, this, [this] { Run(u"cmdImage"_qs); });
@@ -259,6 +264,8 @@ void frmProduct::Run(const QString& key) {
     ApriImmagini();
   } else if (key == u"cmdImageChange") {
     Try([this] { pictures_->ChangeAndOpen(); });
+  } else if (key == u"cmdTechData") {
+    ApriScheda();
   } else if (key == u"cmdFind") {
     Cerca();
   } else if (key == u"cmdPrevious" || key == u"cmdNext") {
@@ -339,6 +346,33 @@ void frmProduct::Elimina() {
 
 void frmProduct::ApriImmagini() {
   if (Stato == Edit) Try([this] { pictures_->Open(); });
+}
+
+void frmProduct::ApriScheda() {
+  Try([this] {
+    if (!card_->HasTechData()) {
+      if (!TheDialogs().Ask(this, NumberedText(BaseConferma + 2))) return;
+      card_->BeginTechData();
+    }
+    windows_->OpenTechData({IDCatalogo, card_->Code()}, *Connessione);
+  });
+}
+
+void frmProduct::OpenFilter(int filter) {
+  if (!filters_->Settle()) return;
+  const NamedField& field = card_->Names().filters[std::size_t(filter) - 1];
+  Try([&] { windows_->OpenFilter(IDCatalogo, filter, UnescapeName(field.name), *Connessione); });
+}
+
+// What the product holds of it was stored with the values.
+void frmProduct::RenewFilter(int filter) {
+  const QScopedValueRollback<bool> loading(loading_, true);
+  Try([&] { filters_->Renew(filter); });
+}
+
+void frmProduct::RenameFilter(int filter, const QString& name) {
+  filters_->Rename(filter, name);
+  Try([this] { card_->ReadNames(); });
 }
 
 void frmProduct::Cerca() {

@@ -16,6 +16,7 @@ namespace vorlina {
 
 class CardFilters;
 class CardPictures;
+class CardWindows;
 class Connection;
 class ProductCardOwner;
 
@@ -85,6 +86,10 @@ class frmProduct : public QMainWindow {
   void SaveAsNew(const QString& why);
   void Elimina();
   void ApriImmagini();
+  void ApriScheda();
+  void OpenFilter(int filter);
+  void RenewFilter(int filter);
+  void RenameFilter(int filter, const QString& name);
   void Cerca();
   void GoToNeighbour(bool next);
   bool CloseOwned();
@@ -94,6 +99,7 @@ class frmProduct : public QMainWindow {
   std::array<QLineEdit*, 3> values_{};
   CardFilters* filters_;
   CardPictures* pictures_;
+  CardWindows* windows_;
   std::unique_ptr<ProductCard> card_;
   bool loading_ = false;
 };

@@ -7,8 +7,10 @@
 #include "GridWindowFixture.h"
 #include "images/PictureFolder.h"
 #include "images/frmImage.h"
+#include "products/frmFilterData.h"
 #include "products/frmImages.h"
 #include "products/frmProduct.h"
+#include "products/frmTechData.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -40,10 +42,12 @@ class CardWindow : public GridWindow {
     QCoreApplication::processEvents();
     ASSERT_TRUE(IsOpen());
   }
-  // The window that is worked, which some platforms make active later.
+  // The window that is worked, which some platforms make active later, and another one meanwhile.
   static void Activate(QWidget& window) {
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      if (QApplication::activeWindow() != &window) window.activateWindow();
+      return QApplication::activeWindow() == &window;
+    }));
   }
   // A button of the grid's toolbar, or of the card's.
   void Push(QWidget& window, const QString& key) const {
@@ -391,4 +395,42 @@ TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {
   listKey(Qt::Key_Tab);
   EXPECT_EQ(Combo(), u"Rosso");
   EXPECT_FALSE(Card()->Salvato);
+}
+
+TEST_F(CardWindow, ItOpensTheTechnicalDataAndTheValuesOfAFilter) {
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=? WHERE CodiceProdotto='a'"_qs, {red_});
+  Open();
+  OpenRow(0);
+  const QString question = u"Do you want to add tech data for the selected product?"_qs;
+  dialogs_.ExpectQuestion(question, false);
+  Push(u"cmdTechData"_qs);
+  EXPECT_EQ(Card()->findChild<frmTechData*>(), nullptr);
+  dialogs_.ExpectQuestion(question, true);
+  Push(u"cmdTechData"_qs);
+  EXPECT_EQ(Stored(u"a"_qs, u"SchedaTecnica"_qs), u"true");
+  Push(u"cmdTechData"_qs);
+  EXPECT_EQ(Card()->findChildren<frmTechData*>().size(), 1);
+
+  // A value that is renamed or deleted elsewhere shows so at once; what was not typed is not unsaved.
+  auto* button = Card()->findChild<QToolButton*>(u"cmdFilterData_2"_qs);
+  QTest::mouseClick(button, Qt::LeftButton);
+  auto* values = Card()->findChild<frmFilterData*>();
+  ASSERT_TRUE(values != nullptr && values->isVisible());
+  connection_.Execute(u"UPDATE Filtri SET Valore='Crimson' WHERE IDValore=?"_qs, {red_});
+  Q_EMIT values->ValuesChanged(2);
+  EXPECT_EQ(Combo(), u"Crimson");
+  connection_.Execute(u"DELETE FROM Filtri WHERE IDValore=?"_qs, {red_});
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=0"_qs);
+  Q_EMIT values->ValuesChanged(2);
+  EXPECT_EQ(Combo(), QString());
+  EXPECT_TRUE(Card()->Salvato);
+
+  // Another name reaches the card's label at once and the grid with the card's end.
+  auto* name = values->findChild<QLineEdit*>(u"txtFilterName"_qs);
+  name->setText(u"Tint & <b>"_qs);
+  CardKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen() || values->isVisible());
+  EXPECT_EQ(Card()->findChild<QLabel*>(u"lblFilters_1"_qs)->text(), u"Tint & <b>");
+  EXPECT_TRUE(Captions().contains(u"Tint & <b>")) << Captions();
+  EXPECT_EQ(Stored(u"a"_qs, u"SchedaTecnica"_qs), u"false") << "no sheet was written";
 }

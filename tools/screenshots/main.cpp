@@ -2,8 +2,10 @@
 // copy of the delivered database and on settings of its own, and shows nothing on the screen.
 //
 // usage: vorlina-screenshots FOLDER
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -33,8 +35,8 @@
 #include "products/frmEditCatalog.h"
 #include "products/frmFilterData.h"
 #include "products/frmImages.h"
-#include "products/frmTechData.h"
 #include "products/frmProduct.h"
+#include "products/frmTechData.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
 #include "support/frmSplash.h"
@@ -176,6 +178,10 @@ void TakeCard(const Photographer& photographer, frmCatalogs& catalogs) {
   frmProduct* card = open(u"cmdEdit"_qs);
   TakeAtRest(photographer, *card, u"frmProduct"_qs);
   TakePopup(photographer, card->findChild<QMenu*>(u"mnuImage"_qs), u"frmProduct-image"_qs);
+  auto* combo = card->findChild<QComboBox*>(u"cmbFilter_2"_qs);
+  combo->showPopup();
+  TakePopup(photographer, combo->view()->window(), u"frmProduct-list"_qs);
+  combo->hidePopup();
   card->SetState(frmProduct::New);
   photographer.Take(*card, u"frmProduct-new"_qs);
   card->Salvato = true;
