@@ -69,7 +69,7 @@ ProductValues ProductCard::Read(qint64 product) {
 QString ProductCard::Refusal(const ProductValues& typed) const {
   const QString code = CodeTyped(typed);
   const auto hasBar = [&](const QString& column) { return NullToEmpty(typed.value(column)).contains(u'|'); };
-  const QString bar = Texts::tr("Il carattere | non è consentito");
+  QString bar = Texts::tr("Il carattere | non è consentito");
   if (product_ == 0 && code.isEmpty()) return Texts::tr("Specificare un valore per il codice del prodotto");
   if (hasBar(CodeField) || hasBar(DescriptionField)) return bar;
   if (product_ == 0)

@@ -9,6 +9,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "grid/WidgetRowHeader.h"
+#include "store/LockPatience.h"
 
 namespace vorlina {
 namespace {
@@ -60,13 +61,22 @@ const Completion& WidgetFilterCombo::Values() {
 
 // The rest stands selected, so that the next letter takes its place.
 void WidgetFilterCombo::Complete(const QString& typed) {
+  if (!Prepare()) return;
+  const LookupItem* item = values_.First(typed);
+  if (item == nullptr) return;
+  setEditText(item->text);
+  lineEdit()->setSelection(int(typed.size()), int(item->text.size()));
+}
+
+// Another program's lock is not waited for: the values are read with the next letter.
+bool WidgetFilterCombo::Prepare() {
   try {
-    const LookupItem* item = Values().First(typed);
-    if (item == nullptr) return;
-    setEditText(item->text);
-    lineEdit()->setSelection(int(typed.size()), int(item->text.size()));
+    const LockPatience none(0);
+    Values();
+    return true;
   } catch (const Error& error) {
-    qCDebug(products) << "not completed" << error.Description();
+    qCDebug(products) << "no values" << error.Description();
+    return false;
   }
 }
 
@@ -128,6 +138,17 @@ void WidgetFilterCombo::inputMethodEvent(QInputMethodEvent* event) {
   completes_ = true;
   WidgetDropDown::inputMethodEvent(event);
   completes_ = false;
+}
+
+// The first letter is not to wait for them.
+void WidgetFilterCombo::focusInEvent(QFocusEvent* event) {
+  WidgetDropDown::focusInEvent(event);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (isVisible() && hasFocus()) Prepare();
+      },
+      Qt::QueuedConnection);
 }
 
 // A list, a menu or another window in between is no leaving.

@@ -1,5 +1,5 @@
 // The box of a filter on the product card: a text that is completed as it is typed, from values of which
-// there may be thousands. They are read once somebody types or opens the list, and sorted for the list alone.
+// there may be thousands. They are read once the box has the focus, and sorted for the list alone.
 #pragma once
 
 #include <functional>
@@ -39,11 +39,13 @@ class WidgetFilterCombo : public WidgetDropDown {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
   const Completion& Values();
+  bool Prepare();
   void Complete(const QString& typed);
   void FillList();
   void Pick(int index);

@@ -16,6 +16,7 @@
 #include "products/CellRules.h"
 #include "products/ProductEditing.h"
 #include "products/WidgetGridPreview.h"
+#include "store/LockPatience.h"
 
 namespace vorlina {
 namespace {
@@ -92,7 +93,8 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
   ArrangeGrid(keepLayout);
   GoToProduct(code, key);
   editing_->OfferDefaults();
-  filled_ = rsGriglia.ChangeMark();
+  filled_ = MarkNow().value_or(0);
+  valuesRead_ = filled_;
   Q_EMIT Filled();
 }
 
@@ -104,12 +106,17 @@ void WidgetProductGrid::ReadNames() {
   fields_ = ProductGridFields::Of(catalog);
 }
 
-bool WidgetProductGrid::HasChanged() const {
+bool WidgetProductGrid::HasChanged() const { return MarkNow() != filled_; }
+
+// None where the database cannot tell, which is no mark that anything had.
+std::optional<qint64> WidgetProductGrid::MarkNow() const {
   try {
-    return !rsGriglia.IsOpen() || rsGriglia.ChangeMark() != filled_;
-  } catch (const Error&) {
-    return true;
+    const LockPatience none(0);
+    if (rsGriglia.IsOpen()) return rsGriglia.ChangeMark();
+  } catch (const Error& error) {
+    qCDebug(products) << "no mark" << error.Description();
   }
+  return {};
 }
 
 // Where the statement fails the grid is empty; how it was arranged is kept for the next one.
@@ -178,7 +185,10 @@ void WidgetProductGrid::ReadAnew() {
 }
 
 void WidgetProductGrid::RefreshFilterValues() {
-  if (connection_ != nullptr) editing_->RefreshFilterValues();
+  const std::optional<qint64> mark = MarkNow();
+  if (connection_ == nullptr || (mark && *mark == valuesRead_)) return;
+  valuesRead_ = mark.value_or(0);
+  editing_->RefreshFilterValues();
 }
 
 void WidgetProductGrid::Release() {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "grid/DataGrid.h"
 #include "products/ProductGridQuery.h"
@@ -40,7 +41,8 @@ class WidgetProductGrid : public DataGrid {
   bool HasChanged() const;
   // What other windows and programs have written since: rows that came or went, and values of the filters.
   void ReadAnew();
-  // The values of the filters alone, as ProductEditing.
+  // The values of the filters alone, as ProductEditing; nothing where nobody has written since they were
+  // read.
   void RefreshFilterValues();
   void SaveLayoutFile();
   // Ends what it has to do with the database.
@@ -59,6 +61,7 @@ class WidgetProductGrid : public DataGrid {
  private:
   void ConnectSignals();
   void FillGrid(bool keepLayout);
+  std::optional<qint64> MarkNow() const;
   void ReadNames();
   void OpenGrid();
   void DecorateColumns(std::vector<GridColumn>& columns) const;
@@ -76,7 +79,9 @@ class WidgetProductGrid : public DataGrid {
   ProductGridFields fields_;
   int IDCatalogo_ = 0;
   bool Caricamento = false;
-  qint64 filled_ = 0;  // the mark of the database when the grid was filled
+  // The marks of the database when the grid was filled, and when the filters' values were read.
+  qint64 filled_ = 0;
+  qint64 valuesRead_ = 0;
 };
 
 }  // namespace vorlina
