@@ -39,35 +39,38 @@ class FaultTest : public CatalogFixture {
         .toString();
   }
 
-  // Runs the step on a fresh copy with each call failing in turn.
-  void FailEachCall(const std::function<void()>& step) {
-    const QByteArray original = ContentOf(Path());
-    const QString before = Content();
-    step();
-    const QString after = Content();
-    ASSERT_NE(before, after);
+  // Has each call of the step fail in turn, and then each with all behind it. The check is told what the
+  // step told.
+  static void FailEachCall(FaultVfs::Calls calls, const std::function<void()>& step,
+                           const std::function<void(const QString& told)>& check) {
     const FaultVfs vfs;
     for (const bool lasting : {false, true}) {
       int n = 1;
       for (; n < MostCalls; ++n) {
-        Restore(original);
-        FaultVfs::Arm(n, lasting);
-        bool succeeded = true;
-        try {
-          step();
-        } catch (const Error& error) {
-          succeeded = false;
-          EXPECT_FALSE(error.Description().isEmpty());
-        }
+        FaultVfs::Arm(calls, n, lasting);
+        const QString told = FailureOf(step);
         FaultVfs::Disarm();
-        const QString content = Content();
-        EXPECT_TRUE(content == after || (!succeeded && content == before))
-            << "call " << n << " lasting " << lasting;
+        SCOPED_TRACE(testing::Message() << "call " << n << " lasting " << lasting);
+        check(told);
         if (!FaultVfs::HasFailed()) break;
       }
       EXPECT_GT(n, 5);
       EXPECT_LT(n, MostCalls);
     }
+  }
+  // On a fresh copy each time.
+  void IsWholeOrNothing(const std::function<void()>& step) {
+    const QByteArray original = ContentOf(Path());
+    const QString before = Content();
+    step();
+    const QString after = Content();
+    ASSERT_NE(before, after);
+    Restore(original);
+    FailEachCall(FaultVfs::Calls::Writes, step, [&](const QString& told) {
+      const QString content = Content();
+      EXPECT_TRUE(content == after || (!told.isEmpty() && content == before));
+      Restore(original);
+    });
   }
 
   void Restore(const QByteArray& original) {
@@ -80,7 +83,7 @@ class FaultTest : public CatalogFixture {
 }  // namespace
 
 TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
-  FailEachCall([this] {
+  IsWholeOrNothing([this] {
     WritingConnection writer;
     writer.Open(ConnectionTextFor(Path()));
     Transaction transaction(writer);
@@ -98,7 +101,7 @@ TEST_F(FaultTest, AChangeOfSeveralTablesIsWholeOrNothing) {
 TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
   QFile::remove(Path());
   MakeDatabase(Path(), QStringLiteral(VORLINA_SOURCE_DIR "/tests/store/version1.sql"));
-  FailEachCall([this] {
+  IsWholeOrNothing([this] {
     Connection writer;
     OpenCatalogDatabase(writer, Path());
   });
@@ -106,24 +109,12 @@ TEST_F(FaultTest, AMigrationIsWholeOrNothing) {
 
 // Who restores a backup because of a loose cable loses work.
 TEST_F(FaultTest, AReadThatFailsIsNotToldAsDamage) {
-  const FaultVfs vfs;
-  for (const bool lasting : {false, true}) {
-    for (int n = 1; n < MostCalls; ++n) {
-      QString told;
-      FaultVfs::ArmReads(n, lasting);
-      try {
-        WritingConnection reader;
-        OpenCatalogDatabase(reader, Path());
-        CheckDatabase(reader);
-      } catch (const Error& error) {
-        told = error.Description();
-      }
-      FaultVfs::Disarm();
-      if (!FaultVfs::HasFailed()) {
-        EXPECT_GT(n, 20);
-        break;
-      }
-      EXPECT_TRUE(told.isEmpty() || told.contains(u"cannot be read or written")) << n << ' ' << told;
-    }
-  }
+  const auto read = [this] {
+    Connection reader;
+    OpenCatalogDatabase(reader, Path());
+    CheckDatabase(reader);
+  };
+  FailEachCall(FaultVfs::Calls::Reads, read, [](const QString& told) {
+    EXPECT_TRUE(told.isEmpty() || told.contains(u"cannot be read or written")) << told;
+  });
 }

@@ -50,33 +50,6 @@ inline QStringList Differences(const std::map<QString, QByteArray>& a,
   return names;
 }
 
-// Writes one catalog of products, with pictures and thumbnails that begin with the mark. Pictures that are
-// there are replaced.
-inline void FillCatalog(Connection& connection, const QString& folder, const QByteArray& mark, int products) {
-  const auto write = [&](const QString& name) {
-    QString path = QDir::toNativeSeparators(folder + u"/Images/"_qs + name);
-    WriteStagedFile(path, [&](QIODevice& device) {
-      const QByteArray bytes = QByteArray(mark + name.toUtf8()).repeated(40);
-      return device.write(bytes) == bytes.size();
-    });
-    return path;
-  };
-  Transaction transaction(connection);
-  connection.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo,Logo) VALUES (109,?,?)"_qs,
-                     {QString::fromUtf8(mark), write(u"109-Logo.jpg"_qs)});
-  for (int i = 0; i < products; ++i) {
-    const QString code = u"È %1"_qs.arg(i);
-    const QString name = u"109-%1.jpg"_qs.arg(code);
-    write(u't' + name);
-    connection.Execute(u"INSERT INTO Prodotti (IDCatalogo,CodiceProdotto,Immagine) VALUES (109,?,?)"_qs,
-                       {code, write(name)});
-  }
-  connection.Execute(
-      u"INSERT INTO Immagini (IDImmagine,IDCatalogo,CodiceProdotto,Immagine) VALUES (7,109,'È 0',?)"_qs,
-      {write(u"7.jpg"_qs)});
-  transaction.Commit();
-}
-
 class CatalogFixture : public StoreFixture {
  protected:
   // What the check finds, each as its kind and its row or file.
@@ -86,7 +59,31 @@ class CatalogFixture : public StoreFixture {
       all += NameOf(finding.kind) + u' ' + finding.subject;
     return all;
   }
-  void Fill(const QByteArray& mark, int products) { FillCatalog(connection_, AppPath(), mark, products); }
+  // Writes one catalog of products, with pictures and thumbnails that begin with the mark. Pictures that are
+  // there are replaced.
+  void Fill(const QByteArray& mark, int products) {
+    const auto write = [&](const QString& name) {
+      QString path = QDir::toNativeSeparators(AppFile(u"Images/"_qs + name));
+      WriteStagedFile(path, [&](QIODevice& device) {
+        const QByteArray bytes = QByteArray(mark + name.toUtf8()).repeated(40);
+        return device.write(bytes) == bytes.size();
+      });
+      return path;
+    };
+    Transaction transaction(connection_);
+    connection_.Execute(u"INSERT INTO Cataloghi (IDCatalogo,NomeCatalogo,Logo) VALUES (109,?,?)"_qs,
+                        {QString::fromUtf8(mark), write(u"109-Logo.jpg"_qs)});
+    for (int i = 0; i < products; ++i) {
+      const QString code = u"È %1"_qs.arg(i);
+      AddProduct(109, code);
+      SetImage(code, write(u"109-%1.jpg"_qs.arg(code)));
+      write(u"t109-%1.jpg"_qs.arg(code));
+    }
+    connection_.Execute(
+        u"INSERT INTO Immagini (IDImmagine,IDCatalogo,CodiceProdotto,Immagine) VALUES (7,109,'È 0',?)"_qs,
+        {write(u"7.jpg"_qs)});
+    transaction.Commit();
+  }
   // The names of the files in "Images".
   QString PictureNames() const { return QDir(AppFile(u"Images"_qs)).entryList(QDir::Files).join(u' '); }
   QString Outside(const QString& name) const { return outside_.filePath(name); }

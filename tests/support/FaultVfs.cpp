@@ -88,8 +88,9 @@ FaultVfs::~FaultVfs() {
   Disarm();
 }
 
-void FaultVfs::Arm(int n, bool lasting) { state = {true, false, lasting, false, n, false}; }
-void FaultVfs::ArmReads(int n, bool lasting) { state = {true, true, lasting, false, n, false}; }
+void FaultVfs::Arm(Calls calls, int n, bool lasting) {
+  state = {true, calls == Calls::Reads, lasting, false, n, false};
+}
 void FaultVfs::Disarm() { state.armed = false; }
 void FaultVfs::FailBehindDeletion() { state.behindDeletion = true; }
 bool FaultVfs::HasFailed() { return state.failed; }

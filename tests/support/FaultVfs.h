@@ -13,8 +13,8 @@ class FaultVfs {
   FaultVfs& operator=(const FaultVfs&) = delete;
 
   // Lets call number n fail, and with lasting every one behind it too, as on a full disk.
-  static void Arm(int n, bool lasting);
-  static void ArmReads(int n, bool lasting);
+  enum class Calls { Writes, Reads };
+  static void Arm(Calls calls, int n, bool lasting);
   static void Disarm();
   // Lets the next deletion of a file be done and reported as failed, as when the last sync of a commit fails.
   static void FailBehindDeletion();

@@ -14,11 +14,7 @@ namespace {
 class TestPlugin : public IVorlinaPlugin, public IVorlinaFolderPublisher {
  public:
   QString GetPluginName() override { return QStringLiteral(TEST_PLUGIN_NAME); }
-  QIcon GetPluginIcon() override {
-    QPixmap pixmap(32, 32);
-    pixmap.fill(Qt::blue);
-    return pixmap;
-  }
+  QIcon GetPluginIcon() override { return QPixmap(32, 32); }
   QString GetPluginDescription() override { return QStringLiteral("describes " TEST_PLUGIN_NAME); }
   QVariant InstallSkin(QString&) override { return {}; }
 
