@@ -2,6 +2,7 @@
 // restore is cut short at each of its steps beside its own code, and publishing beside its engine.
 #include <QElapsedTimer>
 #include <QRandomGenerator>
+#include <filesystem>
 
 #include "batch/BatchFixture.h"
 #include "support/TestJpeg.h"
@@ -11,12 +12,8 @@ using namespace vorlina;
 namespace {
 
 void CopyTree(const QString& from, const QString& to) {
-  QDir(to).removeRecursively();
-  for (const auto& file : FilesIn(from)) {
-    const QString path = to + u'/' + file.first;
-    QDir().mkpath(QFileInfo(path).path());
-    WriteStagedFile(path, [&](QIODevice& device) { return device.write(file.second) == file.second.size(); });
-  }
+  std::filesystem::remove_all(to.toStdString());
+  std::filesystem::copy(from.toStdString(), to.toStdString(), std::filesystem::copy_options::recursive);
 }
 
 class KillTest : public BatchFixture {
@@ -64,7 +61,6 @@ class KillTest : public BatchFixture {
     CopyTree(AppFile(u"Images"_qs), Outside(u"Images"_qs));
     return [this, database = ContentOf(Path())] {
       CopyTree(Outside(u"Images"_qs), AppFile(u"Images"_qs));
-      QDir().mkpath(AppFile(u"Images"_qs));
       WriteFileSafely(Path(), database);
       QFile::remove(Path() + u"-journal"_qs);
     };

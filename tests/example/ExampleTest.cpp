@@ -1,6 +1,5 @@
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
-#include "support/Print.h"
 #include "support/StoreFixture.h"
 
 using namespace vorlina;

@@ -20,13 +20,10 @@ class PublicationOrderTest : public StoreFixture {
       AddProduct(catalog, product.first(1), product[1] == u'-' ? QVariant() : QVariant(product.mid(1)));
   }
   QString Order(int catalog) {
-    QStringList products;
-    Rows rows(connection_,
-              u"SELECT CodiceProdotto || IFNULL(OrdineTemp,'-') FROM Prodotti WHERE IDCatalogo=? "
-              "ORDER BY OrdineTemp,IDProdotto"_qs,
-              {catalog});
-    while (rows.Next()) products += rows.Value(0).toString();
-    return products.join(u' ');
+    return One(u"group_concat(t,' ')"_qs,
+               u"(SELECT CodiceProdotto||IFNULL(OrdineTemp,'-') AS t FROM Prodotti WHERE IDCatalogo=%1 "
+               "ORDER BY OrdineTemp,IDProdotto)"_qs.arg(catalog))
+        .toString();
   }
   qint64 KeyOf(QChar code) {
     return One(u"IDProdotto"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code})

@@ -6,7 +6,6 @@
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
 #include "support/CatalogFixture.h"
-#include "support/Print.h"
 
 using namespace vorlina;
 
