@@ -132,13 +132,7 @@ class GridWindow : public CatalogFixture, public GridHands {
     for (int row = 0; row < Rows().RecordCount(); ++row) codes += Shown(row, Code);
     return codes.join(u' ');
   }
-  // The codes by publication order, each with its number.
-  QString Orders() {
-    return One(u"group_concat(t,' ')"_qs,
-               u"(SELECT CodiceProdotto||IFNULL(OrdineTemp,'-') AS t FROM Prodotti WHERE IDCatalogo=%1 "
-               "ORDER BY OrdineTemp,IDProdotto)"_qs.arg(catalog_))
-        .toString();
-  }
+  QString Orders() { return StoreFixture::Orders(catalog_); }
   QString Stored(const QString& code, const QString& expression) {
     return NullToEmpty(
         One(expression, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code}));

@@ -25,11 +25,10 @@ class PictureImportTest : public CatalogFixture {
     return FailureOf([&] { EXPECT_TRUE(Import().Run({})); });
   }
   QStringList Descriptions() {
-    QStringList all;
-    Rows rows(connection_,
-              u"SELECT CodiceProdotto || ' ' || Descrizione FROM Prodotti ORDER BY IDProdotto"_qs);
-    while (rows.Next()) all += rows.Value(0).toString();
-    return all;
+    const QString ordered = u"(SELECT * FROM Prodotti ORDER BY IDProdotto)"_qs;
+    return One(u"group_concat(CodiceProdotto||' '||ifnull(Descrizione,''),'|')"_qs, ordered)
+        .toString()
+        .split(u'|');
   }
   QString Named(const QString& code) const { return QString::number(catalog_) + u'-' + code + u".jpg"_qs; }
 

@@ -19,12 +19,6 @@ class PublicationOrderTest : public StoreFixture {
     for (const QString& product : products.split(u' '))
       AddProduct(catalog, product.first(1), product[1] == u'-' ? QVariant() : QVariant(product.mid(1)));
   }
-  QString Order(int catalog) {
-    return One(u"group_concat(t,' ')"_qs,
-               u"(SELECT CodiceProdotto||IFNULL(OrdineTemp,'-') AS t FROM Prodotti WHERE IDCatalogo=%1 "
-               "ORDER BY OrdineTemp,IDProdotto)"_qs.arg(catalog))
-        .toString();
-  }
   qint64 KeyOf(QChar code) {
     return One(u"IDProdotto"_qs, u"Prodotti"_qs, u"IDCatalogo=? AND CodiceProdotto=?"_qs, {catalog_, code})
         .toLongLong();
@@ -63,8 +57,8 @@ TEST_F(PublicationOrderTest, ProductsGoToThePlaceOfAnother) {
   for (const auto& [name, before, moving, target, after] : cases) {
     Fill(catalog_, QString::fromUtf16(before));
     EXPECT_EQ(Move(QString::fromUtf16(moving), target), QStringView(before) != QStringView(after)) << name;
-    EXPECT_EQ(Order(catalog_), QString::fromUtf16(after)) << name;
-    EXPECT_EQ(Order(other_), u"a1 b2 c3") << name;
+    EXPECT_EQ(Orders(catalog_), QString::fromUtf16(after)) << name;
+    EXPECT_EQ(Orders(other_), u"a1 b2 c3") << name;
   }
 }
 
@@ -74,7 +68,7 @@ TEST_F(PublicationOrderTest, OnlyProductsWithoutANumberGetOne) {
         std::pair{u"c7 a7 b9"_qs, u"c7 a7 b9"_qs}, std::pair{u"c2.5 a- b-"_qs, u"c2.5 a3 b4"_qs}}) {
     Fill(catalog_, before);
     EXPECT_EQ(NumberUnnumbered(catalog_, connection_), before.contains(u'-')) << before;
-    EXPECT_EQ(Order(catalog_), after) << before;
+    EXPECT_EQ(Orders(catalog_), after) << before;
   }
   EXPECT_EQ(NuovoOrdine(catalog_, connection_), u"4") << "the rows are counted, not the numbers";
 }
@@ -84,6 +78,6 @@ TEST_F(PublicationOrderTest, WhatIsGoneLeavesNoGap) {
   const std::vector<qint64> bookmarks = {KeyOf(u'c'), KeyOf(u'b'), KeyOf(u'a')};
   connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='b'"_qs);
   RenumberProducts(catalog_, bookmarks, connection_);
-  EXPECT_EQ(Order(catalog_), u"c1 a2");
-  EXPECT_EQ(Order(other_), u"a1 c3");
+  EXPECT_EQ(Orders(catalog_), u"c1 a2");
+  EXPECT_EQ(Orders(other_), u"a1 c3");
 }

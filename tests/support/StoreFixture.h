@@ -62,6 +62,13 @@ class StoreFixture : public testing::Test {
                const QVariantList& values = {}) {
     return GetValue(expression, table, connection_, where, values);
   }
+  // The codes of a catalog by publication order, each with its number, "-" for none.
+  QString Orders(int catalog) {
+    return One(u"group_concat(t,' ')"_qs,
+               u"(SELECT CodiceProdotto||IFNULL(OrdineTemp,'-') AS t FROM Prodotti WHERE IDCatalogo=%1 "
+               "ORDER BY OrdineTemp,IDProdotto)"_qs.arg(catalog))
+        .toString();
+  }
   int Count(const QString& table) { return One(u"COUNT(*)"_qs, table).toInt(); }
 
   const QTemporaryDir folder_;
