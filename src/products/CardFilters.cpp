@@ -64,7 +64,7 @@ bool CardFilters::IsInUse(std::size_t index) const { return card_->Names().filte
 void CardFilters::Show(const ProductValues& values) {
   for (std::size_t i = 0; i < controls_.size(); ++i) {
     const qint64 value = values.value(ColumnOf(i)).toLongLong();
-    controls_[i].combo->ShowValue({value, IsInUse(i) ? card_->FilterText(int(i) + 1, value) : QString()});
+    controls_[i].combo->ShowValue({value, value != 0 ? card_->TextOf(int(i) + 1) : QString()});
   }
 }
 

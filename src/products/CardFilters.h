@@ -28,7 +28,7 @@ class CardFilters : public QObject {
 
   // Shows those that the catalog has, with their names. The card outlives its use.
   void SetCard(ProductCard& card);
-  // Shows the values of a product; what is not given is emptied. Throws Error.
+  // Shows the values of the product that was read, or none.
   void Show(const ProductValues& values);
   // The values by their columns; a text that is no value gives none. Throws Error.
   ProductValues Typed();

@@ -61,7 +61,13 @@ QString ProductCard::FilterText(int filter, qint64 IDValore) const {
 }
 
 ProductValues ProductCard::Read(qint64 product) {
-  known_ = products_.ValuesOf(product, Columns);
+  ProductValues values = products_.ValuesOf(product, Columns);
+  QMap<int, QString> texts;
+  for (const NamedField& field : names_.filters)
+    if (const int filter = FilterOf(field.column); field.inUse)
+      texts[filter] = FilterText(filter, values[field.column].toLongLong());
+  known_ = std::move(values);
+  texts_ = std::move(texts);
   product_ = product;
   return known_;
 }

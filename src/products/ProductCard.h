@@ -27,8 +27,10 @@ class ProductCard {
   // The product on the card, 0 for one that is new.
   qint64 Product() const { return product_; }
   QString Code() const { return products_.ValueOf(product_, u"CodiceProdotto"_qs).toString(); }
-  // What a product holds, which is on the card from now on. Throws ConflictError where it is gone.
+  // What a product holds, which is on the card from now on, and the texts of its filters' values. Throws
+  // ConflictError where it is gone; the card keeps what it had then.
   ProductValues Read(qint64 product);
+  QString TextOf(int filter) const { return texts_.value(filter); }
   // What the boxes make of it: what differs from that later was typed.
   void Shown(const ProductValues& values) { shown_ = values; }
   // A new product is begun. What is typed already stays typed.
@@ -67,6 +69,7 @@ class ProductCard {
   ProductStore products_;
   ProductGridFields names_;
   qint64 product_ = 0;
+  QMap<int, QString> texts_;
   ProductValues known_;  // what the product held when it was read
   ProductValues met_;    // what it was found to hold since
   ProductValues shown_;

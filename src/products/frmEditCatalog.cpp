@@ -71,8 +71,8 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
 // Left to the base class, the grid would outlive the members that it works on, and signal to what is no
 // window any more.
 frmEditCatalog::~frmEditCatalog() {
-  ReleaseAll();
   card_.reset();
+  ReleaseAll();
   delete grdProducts;
 }
 

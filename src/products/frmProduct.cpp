@@ -137,7 +137,9 @@ void frmProduct::LoadForm(int state, qint64 product) {
         this, [this] { TellFaultyExtensions(this); }, Qt::QueuedConnection);
   });
   card->ReadNames();
-  if (state == Edit) card->Read(product);
+  // All that can fail comes before what is shown changes.
+  const ProductValues values = state == Edit ? card->Read(product) : ProductValues();
+  const QString code = state == New ? card->Products().NuovoCodice() : QString();
   card_.swap(card);
   filters_->SetCard(*card_);
   pictures_->SetCard(card_.get(), IDCatalogo, Connessione);
@@ -147,8 +149,8 @@ void frmProduct::LoadForm(int state, qint64 product) {
   ShowNames();
   Command(u"cmdImage"_qs)->setEnabled(true);
   filters_->EnableButtons(state != Search);
-  if (state == Edit) ShowProduct(product);
-  SetState(state);
+  if (state == Edit) ShowProduct(values);
+  Begin(state, code);
 }
 
 void frmProduct::Open() {
@@ -183,8 +185,8 @@ void frmProduct::ShowNames() {
   ui_->txtDescription->setAccessibleName(ui_->lblDescription->text());
 }
 
-void frmProduct::ShowProduct(qint64 product) {
-  ShowValues(card_->Read(product));
+void frmProduct::ShowProduct(const ProductValues& values) {
+  ShowValues(values);
   card_->Shown(Typed());
 }
 
@@ -208,7 +210,10 @@ ProductValues frmProduct::Typed() {
 }
 
 void frmProduct::SetState(int state) {
-  const QString code = state == New ? card_->Products().NuovoCodice() : QString();
+  Begin(state, state == New ? card_->Products().NuovoCodice() : QString());
+}
+
+void frmProduct::Begin(int state, const QString& code) {
   if (state != Edit) {
     card_->BeginNew();
     ShowValues({{CodeField, code}});
@@ -302,9 +307,8 @@ void frmProduct::Save(const ProductValues& typed) {
     return SaveAsNew(gone.Description());
   }
   if (!writtenOver.isEmpty()) return SaveOver(writtenOver, typed);
-  Salvato = true;
-  ShowProduct(card_->Product());
   SetState(Edit);
+  ShowProduct(card_->Read(card_->Product()));
 }
 
 void frmProduct::SaveOver(const QStringList& columns, const ProductValues& typed) {
@@ -418,11 +422,14 @@ bool frmProduct::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-// The key that opened the card may still be held.
+// Enter in the description: the key that opened the card may still be held, and in a mask it searches as in
+// the other boxes.
 bool frmProduct::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+  auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  if (Stato == Search) keyPressEvent(&key);
+  return Stato == Search || key.isAutoRepeat();
 }
 
 void frmProduct::keyPressEvent(QKeyEvent* event) {

@@ -73,9 +73,10 @@ class frmProduct : public QMainWindow {
   void MakeBoxes();
   void Localize_Form();
   void ShowNames();
-  void ShowProduct(qint64 product);
+  void ShowProduct(const ProductValues& values);
   void ShowValues(const ProductValues& values);
   ProductValues Typed();
+  void Begin(int state, const QString& code);
   void SetControls(int state);
   void ShowCodePlainly();
   void Changed();

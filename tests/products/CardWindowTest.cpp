@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "GridWindowFixture.h"
+#include "base/Settings.h"
 #include "images/PictureFolder.h"
 #include "images/frmImage.h"
 #include "products/frmFilterData.h"
@@ -106,7 +107,9 @@ TEST_F(CardWindow, ADoubleClickOpensTheProductUnderTheHandWhateverComesBetween) 
   EXPECT_FALSE(Card()->findChild<QWidget*>(u"txtValue_1"_qs)->isVisible() ||
                Card()->findChild<QWidget*>(u"cmbFilter_1"_qs)->isVisible());
   EXPECT_FALSE(IsEnabled(u"cmdFind"_qs) || IsEnabled(u"cmdImageView"_qs));
+  Card()->resize(700, 520);
   CardKey(Qt::Key_Escape);
+  EXPECT_EQ(GetSetting(ApplicationTitle(), u"Riservati"_qs, u"ProdottoHeight"_qs, {}), u"520");
   EXPECT_FALSE(IsOpen());
   EXPECT_TRUE(QTest::qWaitFor([&] { return window_->isActiveWindow() && grid_->hasFocus(); }));
 
@@ -289,6 +292,7 @@ TEST_F(CardWindow, SearchesAndShowsAllAgain) {
 
   Push(*window_, u"cmdSearch"_qs);
   Write(u"txtCode"_qs, u"o'neil_"_qs);
+  Write(u"txtDescription"_qs, {});
   CardKey(Qt::Key_Return);
   EXPECT_FALSE(IsOpen());
   EXPECT_EQ(Codes(), u"O'Neil_1");

@@ -21,6 +21,9 @@ CardCommands::CardCommands(GridContext& context, QAction& cmdSearch)
   context.grid.SetOnEnter([this] { OpenRow(context_.grid.CurrentRow()); });
 }
 
+// The card works on what its opener has.
+CardCommands::~CardCommands() { delete card_; }
+
 // What is at work when the row is pressed goes before it: the row may be another product's by then. The new
 // row has no product yet, and is typed into.
 void CardCommands::OpenRow(int row) {

@@ -20,6 +20,7 @@ class CardCommands : public QObject, public ProductCardOwner {
  public:
   // Has the grid open products by a double click and by Enter. The context outlives it.
   CardCommands(GridContext& context, QAction& cmdSearch);
+  ~CardCommands() override;
 
   // Opens the card in a state of frmProduct: for the product of that code, or without one that of the grid's
   // current row. Where there is no such row nothing happens, unless the flag says to go on. Throws Error.
