@@ -72,7 +72,6 @@ class Recorded {
   void Run(const Connection& bare) const {
     for (const std::string& sql : statements_) Bare(bare, sql).Run();
   }
-  const std::vector<std::string>& Statements() const { return statements_; }
 
  private:
   static int Take(unsigned, void* recorded, void* statement, void*) {

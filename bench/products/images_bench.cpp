@@ -41,7 +41,7 @@ QByteArray MakePicture(int number) {
 QString FileOf(int image) { return PicturePath(u"%1.jpg"_qs.arg(image)); }
 
 QString MakePictures(const Connection& bare) {
-  const QString main = MainImagePath(1, Code);
+  QString main = MainImagePath(1, Code);
   QDir().mkpath(PicturePath({}));
   const QByteArray picture = MakePicture(0);
   WriteFileSafely(main, picture);
@@ -77,21 +77,29 @@ class FirstPaints : public QObject {
   QSet<const QObject*> left_;
 };
 
-// Until each entry that is seen has another picture than it had. Gives their number.
-std::size_t WaitForPictures(QListWidget& list) {
-  std::vector<qint64> before;
-  for (int row = 0; row < list.count(); ++row) before.push_back(list.item(row)->icon().cacheKey());
-  for (;;) {
-    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    std::size_t seen = 0;
-    bool all = true;
-    for (int row = 0; row < list.count(); ++row) {
-      if (!list.visualItemRect(list.item(row)).intersects(list.viewport()->rect())) continue;
-      ++seen;
-      all = all && list.item(row)->icon().cacheKey() != before[std::size_t(row)];
-    }
-    if (all) return seen;
+// Counts how often a widget is painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    count += event->type() == QEvent::Paint ? 1 : 0;
+    return false;
   }
+  int count = 0;
+};
+
+// Each picture that comes is painted, and then the next one decoded. Gives how many entries are seen.
+std::size_t WaitForPictures(QListWidget& list) {
+  const Paints paints(*list.viewport());
+  for (int before = -1, idle = 0; idle < 3; before = paints.count) {
+    QApplication::processEvents();
+    idle = paints.count == before && before > 0 ? idle + 1 : 0;
+  }
+  std::size_t seen = 0;
+  for (int row = 0; row < list.count(); ++row)
+    seen += list.visualItemRect(list.item(row)).intersects(list.viewport()->rect()) ? 1 : 0;
+  if (std::size_t(paints.count) < seen) std::abort();
+  return seen;
 }
 
 }  // namespace
