@@ -53,7 +53,6 @@ class KillTest : public BatchFixture {
       if (HasFatalFailure()) return;
     }
     EXPECT_GE(hits, kills * 9 / 10);
-    std::printf("%d of %d kills hit %s (%d ms)\n", hits, kills, qPrintable(round.command[0]), duration);
   }
   // The database and the pictures as they are at this moment, to come back to.
   std::function<void()> Remembered() {

@@ -107,13 +107,11 @@ TEST(Rendering, APictureStandsUprightOnceAndForAll) {
 TEST(Rendering, EveryKindOfJpegComesOutRight) {
   const std::pair<const char*, JpegForm> cases[] = {
       {"4:4:4", {.across = 1, .down = 1}},
-      {"4:4:0", {.across = 1, .down = 2}},
       {"4:2:0", {}},
       {"4:1:1", {.across = 4, .down = 1}},
       {"red finer than blue", {.red = {2, 2}}},
       {"blue wide and red high", {.blue = {2, 1}, .red = {1, 2}}},
       {"luma not the finest", {.across = 1, .down = 1, .blue = {2, 2}, .red = {2, 2}}},
-      {"3 by 1", {.across = 3, .down = 1}},
       {"progressive", {.progressive = true}},
       {"each colour by itself", {.separateScans = true}},
       {"progressive grey", {.progressive = true, .colours = Colours::Grey}},
@@ -176,9 +174,8 @@ TEST(Rendering, NothingButThePictureSurvives) {
 }
 
 TEST(Rendering, TheLongerSideDecides) {
-  for (const auto& [size, stored, thumbnail] : {std::array{QSize(800, 600), QSize(800, 600), QSize(200, 150)},
+  for (const auto& [size, stored, thumbnail] : {std::array{QSize(1, 1), QSize(1, 1), QSize(200, 200)},
                                                 {QSize(1000, 3000), QSize(270, 810), QSize(68, 203)},
-                                                {QSize(1, 1), QSize(1, 1), QSize(200, 200)},
                                                 {QSize(9000, 10), QSize(810, 1), QSize(203, 1)}}) {
     const FittedJpeg fitted = FitToLimit(MakeJpeg(MakeQuarters(size)), 800, {});
     EXPECT_EQ(fitted.sizes.source, QSizeF(size));

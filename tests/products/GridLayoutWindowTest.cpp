@@ -22,8 +22,6 @@ class GridLayoutWindow : public GridWindow {
     Release(HeadOf(onto));
   }
   void RightClickHead(const QString& key) const { Click(HeadOf(key), Qt::NoModifier, Qt::RightButton); }
-
-  const QString usual_ = QStringLiteral("||Code|Description|Size|Colour|Publish|Order");
 };
 
 }  // namespace
@@ -57,14 +55,10 @@ TEST_F(GridLayoutWindow, AnArrangementIsFoundAgainAtTheNextOpening) {
   EXPECT_TRUE(Rows().Column(Rows().ColumnOf(Description)).wordWrap);
 }
 
-TEST_F(GridLayoutWindow, AFileThatIsNoLayoutStopsNothingNorDoesAFolderThatCannotBeWritten) {
-  QDir(AppPath()).mkpath(u"Layouts"_qs);
-  WriteFileSafely(AppFile(u"Layouts/%1.lyt"_qs.arg(catalog_)), QByteArray(4096, '\0'));
-  Open();
-  EXPECT_EQ(Captions(), usual_);
-  Type(0, Description, u"typed"_qs);
-  QDir(AppFile(u"Layouts"_qs)).removeRecursively();
+TEST_F(GridLayoutWindow, AFolderThatCannotBeWrittenStopsNothing) {
   WriteFileSafely(AppFile(u"Layouts"_qs), "a file in the folder's place");
+  Open();
+  Type(0, Description, u"typed"_qs);
   EXPECT_TRUE(Close());
   EXPECT_EQ(Stored(u"a"_qs, Description), u"typed"_qs);
 }

@@ -50,10 +50,8 @@ TEST_F(PluginHost, PluginsAreThoseThatTheSettingsNameOrElseWhatThereIs) {
   EXPECT_EQ(
       ChosenPlugins().identifiers.join(u'|'),
       u"VLFlash.FlashCD|VLFlash.FlashHTML|VLWord.WordCat|Test.Foreign|Test.Good|Test.Older|Test.Throws");
-  for (const QString& value : {u"A.B;"_qs, u"A.B"_qs, u""_qs}) {
-    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, value);
-    EXPECT_EQ(ChosenPlugins().identifiers.join(u';'), value);
-  }
+  SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"A.B;"_qs);
+  EXPECT_EQ(ChosenPlugins().identifiers.join(u';'), u"A.B;"_qs);
   QCoreApplication::setApplicationName(title);
 }
 
