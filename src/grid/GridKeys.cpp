@@ -27,7 +27,7 @@ bool GridKeys::Press(QKeyEvent& event) {
     case Qt::Key_Enter:
       return Enter();
     case Qt::Key_Delete:
-      return taken(OnDelete);
+      return Delete(event);
     case Qt::Key_F10:
       return event.modifiers().testFlag(Qt::ShiftModifier) && PopUpMenu(event.modifiers());
     case Qt::Key_F4:
@@ -38,6 +38,13 @@ bool GridKeys::Press(QKeyEvent& event) {
     default:
       return false;
   }
+}
+
+// A key that is held down deletes once; one that an open editor does not know is not for the row.
+bool GridKeys::Delete(const QKeyEvent& event) {
+  const bool plain = (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) == 0;
+  if (plain && !event.isAutoRepeat() && delegate_.Editor() == nullptr) OnDelete();
+  return true;
 }
 
 bool GridKeys::Escape(QKeyEvent& event) {

@@ -46,6 +46,7 @@ class GridKeys {
   QModelIndex NextCell(int step);
   QModelIndex Reached(Way way, const ViewsOwn& own);
   bool IsLeftForNext(int row) const;
+  bool Delete(const QKeyEvent& event);
   bool Escape(QKeyEvent& event);
   bool Enter();
   bool OpenList();

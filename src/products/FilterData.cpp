@@ -87,11 +87,12 @@ QString FilterData::ChangeQuestion(qint64 IDValore, const QString& text) const {
       .arg(former, QString::number(products), text);
 }
 
-void FilterData::Saved(qint64 IDValore, const QString& former) const {
+// What an older file holds can still be published or not.
+void FilterData::Saved(qint64 IDValore, const std::optional<QString>& former) const {
   const QString text = TextOf(IDValore);
   Transaction part(connection_, {QT_TRANSLATE_NOOP("Texts", "Valore %1 di un filtro"), {text}});
-  if (text.isEmpty()) throw Error(Texts::tr("Specificare un testo per il valore"));
   if (text != former) {
+    if (text.isEmpty()) throw Error(Texts::tr("Specificare un testo per il valore"));
     const QStringList refusals = RefusalsOf(text);
     if (!refusals.isEmpty()) throw Error(refusals.first());
     if (IsTaken(text, IDValore)) throw DuplicateError({u"Filtri."_qs + ValueField});

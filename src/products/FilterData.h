@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "grid/GridColumn.h"
@@ -34,10 +35,10 @@ class FilterData {
   QString DeletionQuestion(const std::vector<qint64>& values) const;
   QString ChangeQuestion(qint64 IDValore, const QString& text) const;
 
-  // Holds for a value whose row was written, in the same transaction; its former text is "" for one that was
-  // added. Throws Error for another text that no product can have: an empty one, one with a "|", or
+  // Holds for a value whose row was written, in the same transaction; one that was added has no former
+  // text. Throws Error for another text that no product can have: an empty one, one with a "|", or
   // (DuplicateError) that of another value in any letter case.
-  void Saved(qint64 IDValore, const QString& former) const;
+  void Saved(qint64 IDValore, const std::optional<QString>& former) const;
   // Deletes values; the products that have one of them have 0. Throws Error.
   void Delete(const std::vector<qint64>& values) const;
 

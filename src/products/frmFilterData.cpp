@@ -25,8 +25,7 @@ frmFilterData::frmFilterData(QWidget* parent) : QWidget(parent, Qt::Window), ui_
   ui_->grdScheda->SetNewRowKey(ValueKey);
   QLineEdit* name = ui_->txtFilterName;
   connect(name, &QLineEdit::textChanged, this, [name] { LimitEscapedLength(*name); });
-  // Behind the event that takes the focus away, and before the next one.
-  connect(name, &QLineEdit::editingFinished, this, &frmFilterData::CheckName, Qt::QueuedConnection);
+  name->installEventFilter(this);
 }
 
 // Left to the base class, the grid would outlive the members that it works on.
@@ -58,7 +57,9 @@ void frmFilterData::LayRules() {
   };
   rows.OnRowChecking = [this](int row) { return CheckRow(row); };
   rows.OnRowWriting = [this, &rows](int, qint64 IDValore, bool added) {
-    values_->Saved(IDValore, added ? QString() : NullToEmpty(rows.FormerValue(rows.ColumnOf(ValueKey))));
+    std::optional<QString> former;
+    if (!added) former = NullToEmpty(rows.FormerValue(rows.ColumnOf(ValueKey)));
+    values_->Saved(IDValore, former);
   };
   rows.OnRowsDeleting = [this](const std::vector<qint64>& bookmarks) {
     bool deletes = false;
@@ -86,6 +87,14 @@ std::optional<RowRefusal> frmFilterData::CheckRow(int row) {
 }
 
 QString frmFilterData::TypedName() const { return OneLine(ui_->txtFilterName->text()).trimmed(); }
+
+// Behind the event that takes the focus away, and before the next one. The box itself tells its end only
+// where something was typed since the last time.
+bool frmFilterData::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut)
+    QMetaObject::invokeMethod(this, &frmFilterData::CheckName, Qt::QueuedConnection);
+  return QWidget::eventFilter(watched, event);
+}
 
 // Another window in between is no leaving.
 void frmFilterData::CheckName() {

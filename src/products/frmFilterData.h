@@ -42,6 +42,7 @@ class frmFilterData : public QWidget {
   void FilterRenamed(int filter, const QString& name);
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 

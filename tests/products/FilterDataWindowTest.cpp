@@ -87,12 +87,27 @@ TEST_F(FilterDataWindow, WhatProductsHaveIsChangedAndDeletedAfterAQuestion) {
   EXPECT_EQ(changed_, (QList<int>{2, 2}));
 }
 
+TEST_F(FilterDataWindow, AKeyThatIsHeldDeletesOneValueAndNoneFromWithinAnEditor) {
+  Key(Qt::Key_F2);
+  for (const auto modifiers :
+       {Qt::KeyboardModifiers(Qt::AltModifier), Qt::ControlModifier | Qt::ShiftModifier})
+    Key(Qt::Key_Delete, modifiers);
+  EXPECT_EQ(Count(u"Filtri"_qs), 2);
+  Key(Qt::Key_Escape);
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=0"_qs);
+  Key(Qt::Key_Delete);
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, {}, {}, true);
+  QCoreApplication::sendEvent(&Grid(), &held);
+  EXPECT_EQ(Values(), u"rosso1"_qs);
+}
+
 // The box comes before whatever is done next, and not within the event that takes the focus away.
 TEST_F(FilterDataWindow, AFilterIsNotLeftWithoutAName) {
   for (const auto& leave : {std::function<void()>([&] { Click(0, Value); }), {[&] { Key(Qt::Key_Tab); }}}) {
     ClickName();
     Key(Qt::Key_A, Qt::ControlModifier);
     Key(Qt::Key_Delete);
+    Key(Qt::Key_Return);
     dialogs_.ExpectMessage(NumberedText(BaseConferma + 7), BoxStyle::Information);
     leave();
     EXPECT_TRUE(Name().hasFocus());

@@ -33,8 +33,11 @@ TEST_F(FilterDataTest, AValueIsATextOfItsOwn) {
   EXPECT_NE(Refusal(u"è BLU"_qs), QString());
   EXPECT_EQ(Refusal(u"a|b"_qs), u"| is an invalid character"_qs);
   EXPECT_NE(Refusal(QString()), QString());
-  connection_.Execute(u"UPDATE Filtri SET Valore='È blu'"_qs);
-  EXPECT_NO_THROW(data_.Saved(1, u"È blu"_qs)) << "what an older file holds can still be published or not";
+  for (const QString& text : {u"È blu"_qs, u""_qs}) {
+    connection_.Execute(u"UPDATE Filtri SET Valore=?"_qs, {text});
+    EXPECT_NO_THROW(data_.Saved(1, text)) << "what an older file holds can still be published or not";
+    EXPECT_NE(FailureOf([&] { data_.Saved(1, {}); }), QString()) << "but is not added";
+  }
 }
 
 TEST_F(FilterDataTest, ADeletedValueLeavesZeroInThisCatalogAlone) {
