@@ -37,12 +37,13 @@ void CardWindows::OpenFilter(int IDCatalogo, int filter, const QString& name, Co
 
 void CardWindows::OpenTechData(const ProductKey& product, Connection& connection) {
   if (techData_ == nullptr) {
-    techData_ = new frmTechData(&card_);
-    techData_->setAttribute(Qt::WA_DeleteOnClose);
-    techData_->IDCatalogo = product.IDCatalogo;
-    techData_->CodiceProdotto = product.CodiceProdotto;
-    techData_->Connessione = &connection;
-    techData_->LoadForm();
+    auto window = std::make_unique<frmTechData>(&card_);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->IDCatalogo = product.IDCatalogo;
+    window->CodiceProdotto = product.CodiceProdotto;
+    window->Connessione = &connection;
+    window->LoadForm();
+    techData_ = window.release();
   }
   BringToFront(*techData_);
 }

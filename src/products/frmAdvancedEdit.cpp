@@ -1,5 +1,7 @@
 #include "products/frmAdvancedEdit.h"
 
+#include <QKeyEvent>
+
 #include "base/Dialogs.h"
 #include "support/Language.h"
 #include "support/Messages.h"
@@ -10,6 +12,7 @@ namespace vorlina {
 frmAdvancedEdit::frmAdvancedEdit(QWidget* parent) : QDialog(parent), ui_(new Ui::frmAdvancedEdit) {
   ui_->setupUi(this);
   setAttribute(Qt::WA_DeleteOnClose);
+  ui_->txtFeatureValue->installEventFilter(this);
   connect(ui_->cmdOK, &QPushButton::clicked, this, &frmAdvancedEdit::accept);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, [this] { done(Rejected); });
 }
@@ -17,8 +20,6 @@ frmAdvancedEdit::frmAdvancedEdit(QWidget* parent) : QDialog(parent), ui_(new Ui:
 frmAdvancedEdit::~frmAdvancedEdit() = default;
 
 void frmAdvancedEdit::EditFeature(const QString& feature, const QString& value) {
-  feature_ = feature;
-  value_ = value;
   ui_->txtFeature->setText(feature);
   ui_->txtFeatureValue->setPlainText(value);
   Localize_Form();
@@ -30,11 +31,12 @@ void frmAdvancedEdit::EditFeature(const QString& feature, const QString& value) 
 
 void frmAdvancedEdit::Localize_Form() { ui_->retranslateUi(this); }
 
-// A text that was not touched stays as it is stored: the boxes have line breaks of their own.
+// The boxes have line breaks of their own, and others may have changed a text meanwhile.
 void frmAdvancedEdit::accept() {
-  const QString feature = ui_->txtFeature->isModified() ? ui_->txtFeature->text() : feature_;
-  const QString value =
-      ui_->txtFeatureValue->document()->isModified() ? ui_->txtFeatureValue->toPlainText() : value_;
+  Text feature;
+  Text value;
+  if (ui_->txtFeature->isModified()) feature = ui_->txtFeature->text();
+  if (ui_->txtFeatureValue->document()->isModified()) value = ui_->txtFeatureValue->toPlainText();
   if (!Take || Take(feature, value)) QDialog::accept();
 }
 
@@ -42,6 +44,13 @@ void frmAdvancedEdit::reject() {
   const bool typed = ui_->txtFeature->isModified() || ui_->txtFeatureValue->document()->isModified();
   if (typed && TheDialogs().Ask(this, NumberedText(BaseConferma + 4))) return accept();
   QDialog::reject();
+}
+
+// The key that opened the window may still be held.
+bool frmAdvancedEdit::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
 }
 
 }  // namespace vorlina

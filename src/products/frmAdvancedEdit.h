@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vorlina {
 
@@ -18,9 +19,10 @@ class frmAdvancedEdit : public QDialog {
   explicit frmAdvancedEdit(QWidget* parent = nullptr);
   ~frmAdvancedEdit() override;
 
-  // Gets the texts when they are confirmed. Where it cannot take them the window stays, with what was typed:
-  // it has told why. It outlives the window.
-  std::function<bool(const QString& feature, const QString& value)> Take;
+  // Gets the texts when they are confirmed; one that was not touched is none. Where it cannot take them the
+  // window stays, with what was typed: it has told why. It outlives the window.
+  using Text = std::optional<QString>;
+  std::function<bool(const Text& feature, const Text& value)> Take;
 
   // Shows the texts, modal to the parent, and goes with its end, which accepted and rejected tell.
   void EditFeature(const QString& feature, const QString& value);
@@ -29,12 +31,13 @@ class frmAdvancedEdit : public QDialog {
   // By Escape or the window's frame: what was typed is asked about.
   void reject() override;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void Localize_Form();
 
   std::unique_ptr<Ui::frmAdvancedEdit> ui_;
-  QString feature_;
-  QString value_;
 };
 
 }  // namespace vorlina

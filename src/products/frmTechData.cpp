@@ -16,6 +16,7 @@
 #include "products/frmAdvancedEdit.h"
 #include "publish/ExtensionManager.h"
 #include "store/LockPatience.h"
+#include "store/RowErrors.h"
 #include "support/Language.h"
 #include "ui_frmTechData.h"
 
@@ -69,12 +70,7 @@ frmTechData::~frmTechData() {
 
 void frmTechData::LoadForm() {
   const WaitCursor wait;
-  try {
-    Fill();
-  } catch (const std::exception& error) {
-    const PlainCursor plain;
-    ShowError(this, DescriptionOf(error));
-  }
+  Fill();
   Localize_Form();
 }
 
@@ -139,28 +135,36 @@ void frmTechData::EditRow() {
   if (editor_ != nullptr || row < 0 || grid.Rows().IsAddNewRow(row) || !grid.LeaveRow() ||
       grid.Rows().StateOf(row) != RowState::Shown)
     return;
+  const QString feature = NullToEmpty(grid.Rows().Value(row, FeatureColumn));
   const QString value = NullToEmpty(grid.Rows().Value(row, FeatureValueColumn));
-  grid.Rows().Pin(row);
   editor_ = new frmAdvancedEdit(this);
-  editor_->Take = [this, bookmark = grid.Rows().BookmarkOf(row)](const QString& feature,
-                                                                 const QString& text) {
-    return TakeEdited(bookmark, feature, text);
+  editor_->Take = [=, this, bookmark = grid.Rows().BookmarkOf(row)](const auto& newFeature,
+                                                                    const auto& newValue) {
+    return TakeEdited(bookmark, {FeatureColumn, feature, newFeature}, {FeatureValueColumn, value, newValue});
   };
   connect(editor_, &QDialog::rejected, this, [this, value] { KeepUnchanged(value); });
-  editor_->EditFeature(NullToEmpty(grid.Rows().Value(row, FeatureColumn)), value);
+  editor_->EditFeature(feature, value);
 }
 
-// What cannot be written leaves nothing in edit behind the window, which stays.
-bool frmTechData::TakeEdited(qint64 bookmark, const QString& feature, const QString& value) {
+// What cannot be written leaves nothing in edit behind the window, which stays. Nothing is written over a
+// text that another one has replaced unseen, however often it is confirmed.
+bool frmTechData::TakeEdited(qint64 bookmark, const EditedText& feature, const EditedText& value) {
   RecordsetModel& rows = ui_->grdScheda->Rows();
   const int row = rows.RowOf(bookmark);
-  const auto take = [&](const QString& column, const QString& text) {
-    return rows.SetText(rows.index(row, rows.ColumnOf(column)), text);
+  const auto take = [&](const EditedText& text) {
+    const int column = rows.ColumnOf(text.column);
+    return !text.typed || rows.SetText(rows.index(row, column), *text.typed);
   };
-  if (take(FeatureColumn, feature) && take(FeatureValueColumn, value)) {
-    if (rows.EditRow() < 0) KeepUnchanged(value);
-    if (rows.Submit()) return true;
+  const auto isReplaced = [&](const EditedText& text) {
+    return text.typed && NullToEmpty(rows.FormerValue(rows.ColumnOf(text.column))) != text.opened;
+  };
+  bool taken = take(feature) && take(value);
+  if (taken && rows.EditRow() >= 0 && (isReplaced(feature) || isReplaced(value))) {
+    refusals_->Tell(ConflictError::Changed().Description());
+    taken = false;
   }
+  if (taken && rows.EditRow() < 0) KeepUnchanged(value.opened);
+  if (taken && rows.Submit()) return true;
   rows.Revert();
   return false;
 }

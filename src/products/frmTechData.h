@@ -35,7 +35,7 @@ class frmTechData : public QWidget {
   QString CodiceProdotto;
   Connection* Connessione = nullptr;
 
-  // Fills the window. To be called once, before it is shown. What fails is told.
+  // Fills the window. To be called once, before it is shown. Throws Error where the data cannot be read.
   void LoadForm();
 
  Q_SIGNALS:
@@ -47,6 +47,13 @@ class frmTechData : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  // One of a row's texts: as the long editor was opened with it, and what was typed there.
+  struct EditedText {
+    QString column;
+    QString opened;
+    std::optional<QString> typed;
+  };
+
   void Fill();
   void LayRules();
   void Localize_Form();
@@ -54,7 +61,7 @@ class frmTechData : public QWidget {
   void LoadLayoutFile();
   std::optional<RowRefusal> CheckRow(int row) const;
   void EditRow();
-  bool TakeEdited(qint64 bookmark, const QString& feature, const QString& value);
+  bool TakeEdited(qint64 bookmark, const EditedText& feature, const EditedText& value);
   void KeepUnchanged(const QString& value);
   void CompletaCaratteristica(QLineEdit& line) const;
   void Release();

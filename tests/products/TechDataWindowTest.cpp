@@ -46,6 +46,10 @@ class TechDataWindow : public DataWindow<frmTechData> {
     box->selectAll();
     for (const QChar letter : text) QTest::keyClick(box, letter == u'\n' ? '\r' : letter.toLatin1());
   }
+  void OpenLongEditor() const {
+    QTest::mouseDClick(form_->windowHandle(), Qt::LeftButton, {}, PointOf(0, FeatureValueColumn));
+    ASSERT_NE(LongEditor(), nullptr);
+  }
   void Press(const QString& button) const {
     QTest::mouseClick(LongEditor()->findChild<QPushButton*>(button), Qt::LeftButton);
     QCoreApplication::processEvents();
@@ -151,12 +155,35 @@ TEST_F(TechDataWindow, TheLongEditorTakesOverWhatIsConfirmed) {
   EXPECT_EQ(Stored() + Marks(), u"a:Peso=3\n4"_qs + SheetMark);
 
   // What was not confirmed is written back as it was, and the row counts as changed.
-  QTest::mouseDClick(form_->windowHandle(), Qt::LeftButton, {}, PointOf(0, FeatureValueColumn));
-  ASSERT_NE(LongEditor(), nullptr);
+  OpenLongEditor();
   Write(u"5"_qs);
   dialogs_.ExpectQuestion(NumberedText(BaseConferma + 4), false);
   QTest::keyClick(LongEditor()->focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(Stored() + Marks(), u"a:Peso=3\n4"_qs + SheetMark);
+}
+
+TEST_F(TechDataWindow, TheLongEditorWritesOverNothingThatItDidNotShow) {
+  AddRow(u"Peso"_qs, u"1"_qs);
+  Open();
+  const auto typeFeature = [&] {
+    QTest::keyClick(LongEditor()->findChild<QLineEdit*>(u"txtFeature"_qs), 'x');
+  };
+  OpenLongEditor();
+  connection_.Execute(u"UPDATE SchedeTecniche SET Valore='theirs'"_qs);
+  typeFeature();
+  Press(u"cmdOK"_qs);
+  EXPECT_EQ(Stored() + Marks(), u"a:Pesox=theirs"_qs + SheetMark);
+  OpenLongEditor();
+  connection_.Execute(u"UPDATE SchedeTecniche SET Caratteristica='A',Valore='B'"_qs);
+  typeFeature();
+  Write(u"mine"_qs);
+  for (int i = 0; i < 2; ++i) {
+    dialogs_.ExpectMessage(u"The row was changed meanwhile by another window or program."_qs, BoxStyle::Stop);
+    Press(u"cmdOK"_qs);
+    ASSERT_NE(LongEditor(), nullptr);
+  }
+  Press(u"cmdCancel"_qs);
+  EXPECT_EQ(Stored(), u"a:A=B"_qs);
 }
 
 TEST_F(TechDataWindow, PlaceAndLayoutAreFoundAgain) {
