@@ -325,6 +325,7 @@ void frmProduct::SaveAsNew(const QString& why) {
   Salvato = false;
   if (!TheDialogs().Ask(this, why + u' ' + Texts::tr("Salvare ciò che è scritto qui come nuovo prodotto?")))
     return;
+  if (!CloseOwned()) return;
   card_->BeginNew();
   SetControls(New);
   Stato = New;
