@@ -1526,6 +1526,10 @@ Replace those values with what is written here?</translation>
         <source>Il codice &quot;%1&quot; è già usato da un altro prodotto di questo catalogo. Scegliere un altro codice.</source>
         <translation>The code &quot;%1&quot; is already used by another product of this catalog. Choose another code.</translation>
     </message>
+    <message>
+        <source>Il prodotto non ha più un&apos;immagine principale. Sceglierne una prima di aggiungere altre immagini.</source>
+        <translation>The product has no main image any more. Choose one before adding other images.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

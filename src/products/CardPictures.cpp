@@ -81,17 +81,17 @@ void CardPictures::ChangeAndOpen() {
 }
 
 QString CardPictures::Change() {
-  QString target;
+  const QString main = card_->MainImage();
+  const QString kept = main.isEmpty() ? MainImagePath(IDCatalogo_, card_->Code()) : main;
   try {
-    target = MainImagePath(IDCatalogo_, card_->Code());
     const QString file = TheDialogs().OpenFile(&window_, Texts::tr("Selezionare un'immagine"),
                                                Texts::tr("Immagini (*.jpg)|*.jpg"), {});
-    if (file.isEmpty() || !QFile::exists(file)) return target;
+    if (file.isEmpty() || !QFile::exists(file)) return kept;
     const WaitCursor wait;
     card_->SetMainImage(file);
   } catch (const std::exception& error) {
     ShowError(&window_, DescriptionOf(error));
-    return target;
+    return kept;
   }
   Q_EMIT Changed(Show());
   return {};

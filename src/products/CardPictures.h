@@ -32,7 +32,7 @@ class CardPictures : public QObject {
   // Shows the pictures in windows of their own; where there is no main one, it is chosen first. Throws Error.
   void Open();
   // Has the user choose the main picture. Gives the path of the one that stays where none was chosen or it
-  // could not be taken, which is told; "" where it was changed.
+  // could not be taken, which is told; "" where it was changed. Throws Error where the product is gone.
   QString Change();
   // The same, and shows what was chosen.
   void ChangeAndOpen();

@@ -63,6 +63,10 @@ qint64 ProductImages::Add(const QString& source, const PreparedPicture& picture,
   qint64 image = 0;
   Within(QT_TRANSLATE_NOOP("Texts", "Immagine aggiuntiva di %1"),
          [&](PictureChange& pictures, const QString& code) {
+           if (products_.ValueOf(product_, u"Immagine"_qs).isNull())
+             throw Error(Texts::tr(
+                 "Il prodotto non ha più un'immagine principale. Sceglierne una prima di aggiungere "
+                 "altre immagini."));
            image = NewRow(code);
            Fill(image, pictures, source, picture, description);
          });

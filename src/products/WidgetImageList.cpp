@@ -1,6 +1,7 @@
 #include "products/WidgetImageList.h"
 
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QPainter>
 #include <algorithm>
 #include <functional>
@@ -87,7 +88,10 @@ void WidgetImageList::Show(const std::vector<Entry>& entries) {
 
 void WidgetImageList::Fill(QListWidgetItem& item, const Entry& entry) {
   Picture& picture = pictures_[entry.key];
-  if (picture.path != entry.path) picture = {entry.path, entry.isMain, {}};
+  if (picture.path != entry.path) picture = {entry.path, entry.isMain, {}, {}, 0};
+  const QFileInfo file(entry.path);
+  if (!picture.icon.isNull() && (picture.written != file.lastModified() || picture.size != file.size()))
+    Renew(entry.key);
   item.setData(KeyRole, entry.key);
   item.setFlags(item.flags().setFlag(Qt::ItemIsEditable, !entry.isMain));
   item.setData(Qt::DisplayRole, entry.text);
@@ -145,6 +149,9 @@ void WidgetImageList::DecodeNext() {
   if (item == nullptr) return;
   Picture& picture = pictures_[KeyOf(*item)];
   const QSize pixels = DevicePixels(*this, iconSize());
+  const QFileInfo file(picture.path);
+  picture.written = file.lastModified();
+  picture.size = file.size();
   picture.icon = IconOf((picture.isMain ? ShowThumbnail : ShowPicture)(picture.path, pixels).image);
   viewport()->update(visualItemRect(item));
 }

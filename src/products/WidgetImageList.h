@@ -3,6 +3,7 @@
 // picture files can be dropped.
 #pragma once
 
+#include <QDateTime>
 #include <QHash>
 #include <QIcon>
 #include <QListWidget>
@@ -66,7 +67,9 @@ class WidgetImageList : public QListWidget {
   struct Picture {
     QString path;
     bool isMain = false;
-    QIcon icon;  // null until it is decoded
+    QIcon icon;         // null until it is decoded
+    QDateTime written;  // the file, when it was decoded
+    qint64 size = 0;
   };
 
   QListWidgetItem* Find(const QString& key) const;

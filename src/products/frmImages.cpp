@@ -116,10 +116,18 @@ void frmImages::Fill() {
   if (ui_->lstImages->IsRenaming()) return;
   mark_ = Connessione->ChangeMark();
   const ProductImage main = images_->Main();
+  FollowMain(main.Immagine);
   std::vector<WidgetImageList::Entry> entries{{MainKey, main.Descrizione, main.Immagine, true}};
   for (const ProductImage& image : images_->List())
     entries.push_back({KeyOf(image.IDImmagine), image.Descrizione, image.Immagine});
   ui_->lstImages->Show(entries);
+}
+
+// The file goes along where the product gets another code.
+void frmImages::FollowMain(const QString& path) {
+  if (path.isEmpty()) return;
+  if (Anteprima != nullptr && !main_.isEmpty() && Anteprima->Percorso == main_) Anteprima->Percorso = path;
+  main_ = path;
 }
 
 // What others have changed. Who only looks does not wait for a lock.

@@ -50,6 +50,7 @@ class frmImages : public QMainWindow {
   void Localize_Form();
   void Run(const std::function<void()>& command);
   void Fill();
+  void FollowMain(const QString& path);
   void Refresh();
   void ShowSelected();
   void Rename(const QString& key, const QString& text);
@@ -67,6 +68,7 @@ class frmImages : public QMainWindow {
   std::unique_ptr<ProductImages> images_;
   QTimer show_;       // what is picked, once all of its event has come
   qint64 mark_ = -1;  // of the database, when it was listed
+  QString main_;      // the main picture's file at that time
   bool busy_ = false;
   bool mainRemoved_ = false;
 };

@@ -179,6 +179,9 @@ TEST_F(ImagesWindow, AChangedPictureIsDescribedAnewAndAChangedMainOneLeavesThePr
   dialogs_.ExpectInput(u"Image description"_qs, u"detail"_qs);
   Press(u"cmdChange"_qs);
   EXPECT_EQ(Labels() + Shown(), u"Lamp [detail] side backmain"_qs);
+  ProductStore(catalog_, connection_).Change(1, {{u"CodiceProdotto"_qs, u"b"_qs}}, ProductMarks::None);
+  LoseAndReturn({});
+  EXPECT_EQ(preview_.Percorso, MainImagePath(catalog_, u"b"_qs)) << "the file goes with the code";
   Key(Qt::Key_Up);
   for (const QString& path : {preview_.Percorso, QString()}) {
     window_->ImageChange = [&] {

@@ -54,6 +54,7 @@ TEST_F(ProductImagesTest, TheMainOneTakesTheAdditionalOnesAlong) {
   EXPECT_TRUE(QFile::exists(Outside(u"own.jpg"_qs)));
   EXPECT_EQ(Count(u"Immagini"_qs), 0);
   EXPECT_EQ(One(u"COUNT(*)"_qs, u"Prodotti"_qs, u"COALESCE(Immagine,Height,Width) IS NULL"_qs), 1);
+  EXPECT_NE(FailureOf([&] { Add("e"); }), QString()) << "none stands without a main one";
 }
 
 TEST_F(ProductImagesTest, AChangedOneKeepsItsNameAndIsReplacedWholeOrNotAtAll) {
