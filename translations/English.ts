@@ -1530,6 +1530,11 @@ Replace those values with what is written here?</translation>
         <source>Il prodotto non ha più un&apos;immagine principale. Sceglierne una prima di aggiungere altre immagini.</source>
         <translation>The product has no main image any more. Choose one before adding other images.</translation>
     </message>
+    <message>
+        <source>Inserisci un nuovo prodotto</source>
+        <comment>product card</comment>
+        <translation>New product</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -23,7 +23,7 @@ QIcon CommandIcon(const QString& name) {
 QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
   QAction* action = bar.addAction(CommandIcon(Text(command.icon)), Texts::tr(command.caption));
   action->setObjectName(Text(command.key));
-  action->setToolTip(Texts::tr(command.toolTip));
+  action->setToolTip(Texts::tr(command.toolTip, command.comment));
   action->setShortcut(QKeySequence(Text(command.shortcut)));
   QWidget* button = bar.widgetForAction(action);
   button->setFocusPolicy(Qt::TabFocus);
@@ -40,7 +40,7 @@ void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> com
   for (const ToolbarCommand& command : commands) {
     auto* action = window.findChild<QAction*>(Text(command.key));
     action->setText(Texts::tr(command.caption));
-    action->setToolTip(Texts::tr(command.toolTip));
+    action->setToolTip(Texts::tr(command.toolTip, command.comment));
   }
 }
 

@@ -12,6 +12,7 @@ struct ToolbarCommand {
   const char* toolTip;
   const char16_t* icon;
   const char16_t* shortcut;
+  const char* comment = nullptr;  // tells its tool tip from the same text elsewhere
 };
 
 struct MenuCommand {

@@ -17,6 +17,10 @@ bool Dialogs::Ask(QWidget* owner, const QString& text, BoxStyle style, const QSt
   return !text.isEmpty() && ShowQuestion(owner, text, style, title);
 }
 
+Dialogs::Answer Dialogs::AskToSave(QWidget* owner, const QString& text) {
+  return Ask(owner, text) ? Answer::Yes : Answer::No;
+}
+
 Dialogs& TheDialogs() {
   if (installed == nullptr) throw std::logic_error("no dialogs installed");
   return *installed;

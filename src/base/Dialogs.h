@@ -31,6 +31,9 @@ class Dialogs {
   // Yes, No or Cancel.
   enum class Answer { Yes, No, Cancel };
   virtual Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title = {}) = 0;
+  // Asks with Yes and No whether to save; Cancel where the box was closed without either, which is no reason
+  // to lose anything.
+  virtual Answer AskToSave(QWidget* owner, const QString& text);
   // A line of text; when cancelled a null one, which is empty as well.
   virtual QString Input(QWidget* owner, const QString& text, const QString& title,
                         const QString& initial) = 0;

@@ -32,7 +32,8 @@ QMessageBox::Icon IconOf(BoxStyle style) {
 
 // The buttons' words follow the program's language, which need not be the desktop's.
 QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle style, const QString& title,
-                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial) {
+                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
+                                 QMessageBox::StandardButton hidden = QMessageBox::NoButton) {
   QMessageBox box(IconOf(style), title.isEmpty() ? ApplicationTitle() : title, text, buttons, owner);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(initial);
@@ -44,9 +45,19 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
   for (const auto& [button, word] : words)
     if (QAbstractButton* found = box.button(button); found != nullptr && !word.isEmpty())
       found->setText(word);
+  // Escape and the box's own end push it all the same.
+  if (QAbstractButton* unseen = box.button(hidden)) unseen->hide();
   const PlainCursor plain;
   box.exec();
   return box.standardButton(box.clickedButton());
+}
+
+constexpr auto YesNoCancel = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+
+Dialogs::Answer AnswerOf(QMessageBox::StandardButton button) {
+  return button == QMessageBox::Yes  ? Dialogs::Answer::Yes
+         : button == QMessageBox::No ? Dialogs::Answer::No
+                                     : Dialogs::Answer::Cancel;
 }
 
 // A text of one line, without its middle where it is too long: the path of a file could be wider than the
@@ -87,15 +98,12 @@ bool WidgetDialogs::ShowQuestion(QWidget* owner, const QString& text, BoxStyle s
 }
 
 Dialogs::Answer WidgetDialogs::AskWithCancel(QWidget* owner, const QString& text, const QString& title) {
-  switch (Show(owner, text, BoxStyle::Question, title,
-               QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes)) {
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    default:
-      return Answer::Cancel;
-  }
+  return AnswerOf(Show(owner, text, BoxStyle::Question, title, YesNoCancel, QMessageBox::Yes));
+}
+
+Dialogs::Answer WidgetDialogs::AskToSave(QWidget* owner, const QString& text) {
+  return AnswerOf(
+      Show(owner, text, BoxStyle::Question, {}, YesNoCancel, QMessageBox::Yes, QMessageBox::Cancel));
 }
 
 std::unique_ptr<QInputDialog> WidgetDialogs::InputBox(QWidget* owner, const QString& text,

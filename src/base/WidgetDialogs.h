@@ -13,6 +13,7 @@ namespace vorlina {
 class WidgetDialogs : public Dialogs {
  public:
   Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title) override;
+  Answer AskToSave(QWidget* owner, const QString& text) override;
   QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
   QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& folder) override;

@@ -136,7 +136,7 @@ bool RecordsetModel::IsAddNewRow(int row) const {
 }
 
 RowState RecordsetModel::StateOf(int row) const {
-  if (row == EditRow()) return IsAddNewRow(row) ? RowState::Added : RowState::Edited;
+  if (IsInEdit(row)) return IsAddNewRow(row) ? RowState::Added : RowState::Edited;
   if (IsAddNewRow(row)) return RowState::AddNew;
   if (row < 0 || row >= RecordCount()) return RowState::Deleted;
   const FetchedRow* fetched = rows_.At(row);
@@ -147,7 +147,7 @@ RowState RecordsetModel::StateOf(int row) const {
 QVariant RecordsetModel::Value(int row, int column) const {
   const int field = columns_.FieldOf(column);
   if (field < 0) return NullValue();
-  if (row == EditRow()) return edit_.Value(column);
+  if (IsInEdit(row)) return edit_.Value(column);
   if (IsAddNewRow(row)) {
     const QVariant& value = Column(column).defaultValue;
     return value.isValid() ? value : NullValue();

@@ -171,6 +171,8 @@ class RecordsetModel : public QAbstractTableModel {
   void BeginEdit(int row, int column);
   bool IsAccepted(int row);
   void EndEdit();
+  // No row is none that is in edit.
+  bool IsInEdit(int row) const { return row >= 0 && row == EditRow(); }
   bool Attempt(const std::function<void()>& step, const QString& hint = {});
   void DropDeleted(const std::vector<qint64>& deleted);
 

@@ -30,7 +30,9 @@ CardFilters::CardFilters(QWidget& card, const std::array<FilterControls, 5>& con
     connect(
         filter.combo, &WidgetFilterCombo::Left, this,
         [this, i] {
-          if (!asking_ && !controls_[i].combo->hasFocus() && controls_[i].combo->isVisible()) Settle(i);
+          if (!asking_ && !(IsBusy && IsBusy()) && !controls_[i].combo->hasFocus() &&
+              controls_[i].combo->isVisible())
+            Settle(i);
         },
         Qt::QueuedConnection);
     connect(filter.button, &QToolButton::clicked, this, [this, i] { Q_EMIT ButtonClicked(int(i) + 1); });

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <array>
+#include <functional>
 
 #include "products/ProductCard.h"
 
@@ -25,6 +26,9 @@ class CardFilters : public QObject {
 
  public:
   CardFilters(QWidget& card, const std::array<FilterControls, 5>& controls);
+
+  // Whether nothing must be stored.
+  std::function<bool()> IsBusy;
 
   // Shows those that the catalog has, with their names. The card outlives its use.
   void SetCard(ProductCard& card);

@@ -8,9 +8,12 @@
 
 namespace vorlina {
 
+// The grid's window has the same text, which other languages tell apart.
+inline constexpr const char* NewProductTip[] =
+    QT_TRANSLATE_NOOP3("Texts", "Inserisci un nuovo prodotto", "product card");
+
 inline constexpr std::array<ToolbarCommand, 6> CardToolbar{{
-    {u"cmdNew", QT_TRANSLATE_NOOP("Texts", "Nuovo"),
-     QT_TRANSLATE_NOOP("Texts", "Inserisci un nuovo prodotto"), u"new", u"Ctrl+N"},
+    {u"cmdNew", QT_TRANSLATE_NOOP("Texts", "Nuovo"), NewProductTip[0], u"new", u"Ctrl+N", NewProductTip[1]},
     {u"cmdSave", QT_TRANSLATE_NOOP("Texts", "Salva"), QT_TRANSLATE_NOOP("Texts", "Salva le modifiche"),
      u"save", u"Ctrl+S"},
     {u"cmdDelete", QT_TRANSLATE_NOOP("Texts", "Elimina"), QT_TRANSLATE_NOOP("Texts", "Elimina il prodotto"),

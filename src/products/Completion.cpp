@@ -6,7 +6,8 @@ namespace vorlina {
 
 Completion::Completion(std::vector<LookupItem> items) : items_(std::move(items)) {
   entries_.reserve(items_.size());
-  for (std::size_t i = 0; i < items_.size(); ++i) entries_.push_back({items_[i].text.toCaseFolded(), i});
+  for (std::size_t i = 0; i < items_.size(); ++i)
+    entries_.push_back({items_[i].text.trimmed().toCaseFolded(), i});
   std::stable_sort(entries_.begin(), entries_.end(),
                    [](const Entry& a, const Entry& b) { return a.folded < b.folded; });
 }

@@ -1,5 +1,5 @@
 // What a text that is being typed can become: the first of some texts, in their alphabetical order, that
-// begins so. Letter case does not count, in any script.
+// begins so. Letter case does not count, in any script, nor do blanks around a text.
 #pragma once
 
 #include <QString>

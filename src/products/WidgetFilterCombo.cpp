@@ -5,6 +5,7 @@
 #include <QLoggingCategory>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/Helpers.h"
@@ -29,6 +30,8 @@ WidgetFilterCombo::WidgetFilterCombo(QWidget* parent)
   connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
     if (completes_ && lineEdit()->cursorPosition() == text.size()) Complete(text);
   });
+  // Of equal texts it would take the first one's value.
+  disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
   connect(this, &QComboBox::editTextChanged, this, &WidgetFilterCombo::Edited);
   connect(this, &QComboBox::activated, this, &WidgetFilterCombo::Pick);
 }
@@ -64,8 +67,10 @@ void WidgetFilterCombo::Complete(const QString& typed) {
   if (!Prepare()) return;
   const LookupItem* item = values_.First(typed);
   if (item == nullptr) return;
-  setEditText(item->text);
-  lineEdit()->setSelection(int(typed.size()), int(item->text.size()));
+  // Letters that fold into several may be fewer there.
+  const QString text = item->text.trimmed();
+  setEditText(text);
+  lineEdit()->setSelection(int(std::min(typed.size(), text.size())), int(text.size()));
 }
 
 // Another program's lock is not waited for: the values are read with the next letter.
@@ -88,6 +93,8 @@ void WidgetFilterCombo::showPopup() {
   }
   view()->installEventFilter(this);
   WidgetDropDown::showPopup();
+  // The list would offer its first one as if it was chosen.
+  if (currentIndex() < 0) view()->setCurrentIndex({});
 }
 
 // Filling the list, and going to the value that is typed, change the text.
@@ -100,9 +107,7 @@ void WidgetFilterCombo::FillList() {
     Offer(*list_);
   }
   const auto& items = list_->Items();
-  const auto same = [folded = text.trimmed().toCaseFolded()](const LookupItem& item) {
-    return item.text.trimmed().toCaseFolded() == folded;
-  };
+  const auto same = [value = Value().value_or(0)](const LookupItem& item) { return item.value == value; };
   const auto found = std::find_if(items.begin(), items.end(), same);
   setCurrentIndex(found != items.end() ? int(found - items.begin()) : -1);
   setEditText(text);
@@ -110,7 +115,17 @@ void WidgetFilterCombo::FillList() {
 
 void WidgetFilterCombo::Pick(int index) {
   const auto& items = list_ ? list_->Items() : std::vector<LookupItem>();
-  if (index >= 0 && std::size_t(index) < items.size()) shown_ = items[std::size_t(index)];
+  if (index < 0 || std::size_t(index) >= items.size()) return;
+  const qint64 former = std::exchange(shown_, items[std::size_t(index)]).value;
+  if (shown_.value != former) Q_EMIT Edited();
+}
+
+bool WidgetFilterCombo::eventFilter(QObject* watched, QEvent* event) {
+  const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+  const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (!isEnter || view()->currentIndex().isValid()) return WidgetDropDown::eventFilter(watched, event);
+  hidePopup();
+  return true;
 }
 
 // Keys that go through a closed list would change the value unseen.

@@ -37,6 +37,8 @@ class WidgetFilterCombo : public WidgetDropDown {
   void Left();
 
  protected:
+  // Of the list: Enter takes nothing where nothing was chosen.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;

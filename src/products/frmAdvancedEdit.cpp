@@ -42,8 +42,10 @@ void frmAdvancedEdit::accept() {
 
 void frmAdvancedEdit::reject() {
   const bool typed = ui_->txtFeature->isModified() || ui_->txtFeatureValue->document()->isModified();
-  if (typed && TheDialogs().Ask(this, NumberedText(BaseConferma + 4))) return accept();
-  QDialog::reject();
+  using Answer = Dialogs::Answer;
+  const Answer answer = typed ? TheDialogs().AskToSave(this, NumberedText(BaseConferma + 4)) : Answer::No;
+  if (answer == Answer::Yes) accept();
+  if (answer == Answer::No) QDialog::reject();
 }
 
 // The key that opened the window may still be held.

@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLoggingCategory>
 #include <QMenu>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QToolButton>
 #include <limits>
+#include <utility>
 
 #include "base/CommandIcon.h"
 #include "base/Dialogs.h"
@@ -25,6 +27,8 @@
 #include "products/WidgetFilterCombo.h"
 #include "publish/EscapedNames.h"
 #include "publish/ExtensionManager.h"
+#include "store/Connection.h"
+#include "store/LockPatience.h"
 #include "store/RowErrors.h"
 #include "support/Language.h"
 #include "support/Messages.h"
@@ -32,6 +36,8 @@
 
 namespace vorlina {
 namespace {
+
+Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
 
 const QString PlaceName = u"Prodotto"_qs;
 const QString CodeField = u"CodiceProdotto"_qs;
@@ -113,6 +119,7 @@ void frmProduct::MakeBoxes() {
   ui_->txtDescription->setAcceptDrops(false);
   ui_->txtDescription->viewport()->setAcceptDrops(false);
   connect(ui_->txtDescription, &QPlainTextEdit::textChanged, this, &frmProduct::Changed);
+  filters_->IsBusy = [this] { return Griglia->IsBusy(); };
   connect(filters_, &CardFilters::Edited, this, &frmProduct::Changed);
   connect(filters_, &CardFilters::ButtonClicked, this, &frmProduct::OpenFilter);
   connect(windows_, &CardWindows::ValuesChanged, this, &frmProduct::RenewFilter);
@@ -140,6 +147,7 @@ void frmProduct::LoadForm(int state, qint64 product) {
   // All that can fail comes before what is shown changes.
   const ProductValues values = state == Edit ? card->Read(product) : ProductValues();
   const QString code = state == New ? card->Products().NuovoCodice() : QString();
+  HasChanged();
   card_.swap(card);
   filters_->SetCard(*card_);
   pictures_->SetCard(card_.get(), IDCatalogo, Connessione);
@@ -149,7 +157,10 @@ void frmProduct::LoadForm(int state, qint64 product) {
   ShowNames();
   Command(u"cmdImage"_qs)->setEnabled(true);
   filters_->EnableButtons(state != Search);
-  if (state == Edit) ShowProduct(values);
+  if (state == Edit) {
+    ShowProduct(values);
+    ForgetTyping();
+  }
   Begin(state, code);
 }
 
@@ -200,6 +211,15 @@ void frmProduct::ShowValues(const ProductValues& values) {
   filters_->Show(values);
 }
 
+// To undo would bring what was typed for another product, also where both hold the same text.
+void frmProduct::ForgetTyping() {
+  for (QLineEdit* line : ui_->centralWidget->findChildren<QLineEdit*>()) {
+    line->setText(line->text());
+    line->setCursorPosition(0);
+  }
+  ui_->txtDescription->document()->clearUndoRedoStacks();
+}
+
 ProductValues frmProduct::Typed() {
   ProductValues values = filters_->Typed();
   values[CodeField] = ui_->txtCode->text();
@@ -217,6 +237,7 @@ void frmProduct::Begin(int state, const QString& code) {
   if (state != Edit) {
     card_->BeginNew();
     ShowValues({{CodeField, code}});
+    ForgetTyping();
   }
   SetControls(state);
   if (state == New) {
@@ -256,9 +277,12 @@ void frmProduct::Changed() {
   if (!loading_ && Stato != Search) Salvato = false;
 }
 
-// An unknown text in the box of a filter comes before whatever was asked for.
+// An unknown text in the box of a filter comes before whatever was asked for, but for what may give it up
+// with the rest.
 void frmProduct::Run(const QString& key) {
-  if (key != u"cmdDelete" && !filters_->Settle()) return;
+  if (Griglia->IsBusy()) return;
+  const bool leaves = key == u"cmdNew" || key == u"cmdPrevious" || key == u"cmdNext";
+  if (!leaves && key != u"cmdDelete" && !filters_->Settle()) return;
   if (key == u"cmdNew") {
     if (Leave()) Try([this] { SetState(New); });
   } else if (key == u"cmdSave") {
@@ -364,7 +388,7 @@ void frmProduct::ApriScheda() {
 }
 
 void frmProduct::OpenFilter(int filter) {
-  if (!filters_->Settle()) return;
+  if (Griglia->IsBusy() || !filters_->Settle()) return;
   const NamedField& field = card_->Names().filters[std::size_t(filter) - 1];
   Try([&] { windows_->OpenFilter(IDCatalogo, filter, UnescapeName(field.name), *Connessione); });
 }
@@ -398,12 +422,11 @@ void frmProduct::GoToNeighbour(bool next) {
 }
 
 bool frmProduct::Leave() {
-  if (pictures_->IsBusy() || !CloseOwned()) return false;
-  if (Stato == Search) return true;
-  if (!filters_->Settle()) return false;
-  if (Salvato || !TheDialogs().Ask(this, NumberedText(BaseConferma + 4))) return true;
-  Salva();
-  return Salvato;
+  if (pictures_->IsBusy() || Griglia->IsBusy() || !CloseOwned()) return false;
+  if (Stato == Search || Salvato) return true;
+  const Dialogs::Answer answer = TheDialogs().AskToSave(this, NumberedText(BaseConferma + 4));
+  if (answer == Dialogs::Answer::Yes) Salva();
+  return Salvato || answer == Dialogs::Answer::No;
 }
 
 // The windows that it has opened for the product; one may have to stay.
@@ -416,11 +439,27 @@ bool frmProduct::CloseOwned() {
 }
 
 bool frmProduct::event(QEvent* event) {
-  // Another window may have added some.
-  if (event->type() == QEvent::WindowActivate) filters_->Forget();
+  if (event->type() == QEvent::WindowActivate && isVisible() && HasChanged()) LookAgain();
   if (event->type() == QEvent::WindowUnblocked) pictures_->TakeHeld();
   if (event->type() == QEvent::PaletteChange) ShowCodePlainly();
   return QMainWindow::event(event);
+}
+
+// Whether anybody has written since that was last asked.
+bool frmProduct::HasChanged() {
+  try {
+    const LockPatience none(0);
+    const qint64 mark = Connessione->ChangeMark();
+    return mark != std::exchange(seen_, mark);
+  } catch (const Error& error) {
+    qCDebug(products) << "no mark" << error.Description();
+    return true;
+  }
+}
+
+void frmProduct::LookAgain() {
+  filters_->Forget();
+  if (Stato == Edit) Command(u"cmdImageView"_qs)->setEnabled(pictures_->Show());
 }
 
 // Enter in the description: the key that opened the card may still be held, and in a mask it searches as in
@@ -435,6 +474,8 @@ bool frmProduct::eventFilter(QObject* watched, QEvent* event) {
 
 void frmProduct::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  // Held, it would answer what the first one has asked, and close what lies below.
+  if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
   if (event->key() == Qt::Key_Escape)
     close();
   else if (isEnter && Stato == Search && !event->isAutoRepeat())
@@ -455,7 +496,7 @@ void frmProduct::closeEvent(QCloseEvent* event) {
 }
 
 void frmProduct::dragEnterEvent(QDragEnterEvent* event) {
-  if (Stato != Edit || PicturesIn(event->mimeData()).isEmpty()) return;
+  if (Stato != Edit || Griglia->IsBusy() || PicturesIn(event->mimeData()).isEmpty()) return;
   event->setDropAction(Qt::CopyAction);
   event->accept();
 }

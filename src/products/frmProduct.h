@@ -75,6 +75,7 @@ class frmProduct : public QMainWindow {
   void ShowNames();
   void ShowProduct(const ProductValues& values);
   void ShowValues(const ProductValues& values);
+  void ForgetTyping();
   ProductValues Typed();
   void Begin(int state, const QString& code);
   void SetControls(int state);
@@ -94,6 +95,8 @@ class frmProduct : public QMainWindow {
   void Cerca();
   void GoToNeighbour(bool next);
   bool CloseOwned();
+  bool HasChanged();
+  void LookAgain();
   QAction* Command(const QString& key) const;
 
   std::unique_ptr<Ui::frmProduct> ui_;
@@ -102,6 +105,7 @@ class frmProduct : public QMainWindow {
   CardPictures* pictures_;
   CardWindows* windows_;
   std::unique_ptr<ProductCard> card_;
+  qint64 seen_ = 0;  // the mark of the database
   bool loading_ = false;
 };
 

@@ -165,10 +165,7 @@ TEST_F(CardWindow, AnUnknownValueIsAskedAboutBeforeAnythingElse) {
   Write(u"cmbFilter_2"_qs, u"L'\"x\""_qs);
   const std::function<void()> ways[] = {[&] { Push(u"cmdSave"_qs); },
                                         [&] { CardKey(Qt::Key_S, Qt::ControlModifier); },
-                                        [&] { CardKey(Qt::Key_Tab); },
-                                        [&] { Card()->close(); },
-                                        [&] { CardKey(Qt::Key_PageDown, Qt::ControlModifier); },
-                                        [&] { window_->close(); }};
+                                        [&] { CardKey(Qt::Key_Tab); }};
   for (const auto& go : ways) {
     dialogs_.ExpectQuestion(question + u"L'\"x\""_qs, false);
     go();
@@ -177,6 +174,21 @@ TEST_F(CardWindow, AnUnknownValueIsAskedAboutBeforeAnythingElse) {
   }
   EXPECT_EQ(Count(u"Filtri"_qs), 2);
   EXPECT_EQ(Product(u"a"_qs), u"[null,null,null]");
+  // It goes with the rest, but not with a key that was meant for something else.
+  const std::function<void()> ends[] = {[&] { CardKey(Qt::Key_Escape); }, [&] { window_->close(); },
+                                        [&] { Push(u"cmdNew"_qs); }};
+  for (const auto& end : ends) {
+    dialogs_.ExpectDismissed(SaveQuestion);
+    end();
+    EXPECT_TRUE(IsOpen() && Combo() == u"L'\"x\"");
+  }
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, {}, {}, true);
+  QCoreApplication::sendEvent(Card(), &held);
+  dialogs_.ExpectQuestion(SaveQuestion, false);
+  CardKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+  OpenRow(0);
+  Write(u"cmbFilter_2"_qs, u"L'\"x\""_qs);
   dialogs_.ExpectQuestion(question + u"L'\"x\""_qs, true);
   Push(u"cmdSave"_qs);
   EXPECT_EQ(Stored(u"a"_qs, u"(SELECT Valore FROM Filtri WHERE IDValore=IDFiltro2)"_qs), u"L'\"x\"");
@@ -192,12 +204,18 @@ TEST_F(CardWindow, ClosingAndGoingOnAskForWhatIsUnsaved) {
   EXPECT_EQ(Text(u"txtCode"_qs), u"b");
   EXPECT_EQ(grid_->CurrentRow(), 1);
   EXPECT_EQ(Stored(u"a"_qs, Description), u"one");
+  for (const QString& text : {u"x"_qs, QString()}) Write(u"txtValue_0"_qs, text);
   Write(u"txtDescription"_qs, u"given up"_qs);
   dialogs_.ExpectQuestion(SaveQuestion, false);
   CardKey(Qt::Key_PageDown, Qt::ControlModifier);
   EXPECT_EQ(Text(u"txtCode"_qs), u"c");
   CardKey(Qt::Key_PageDown, Qt::ControlModifier);
   EXPECT_EQ(Text(u"txtCode"_qs), u"c") << "the last one";
+  for (const QString& box : {u"txtValue_0"_qs, u"txtDescription"_qs}) {
+    Card()->findChild<QWidget*>(box)->setFocus();
+    CardKey(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Text(box), QString()) << "what was typed for another product";
+  }
 
   // A save that fails keeps the card, and both windows, open.
   Write(u"txtDescription"_qs, u"a|b"_qs);
@@ -252,6 +270,7 @@ TEST_F(CardWindow, ANewProductHasAFreeCodeAndIsDeleted) {
   Open();
   Push(*window_, u"cmdNew"_qs);
   EXPECT_EQ(Text(u"txtCode"_qs), u"4");
+  EXPECT_EQ(Card()->findChild<QAction*>(u"cmdNew"_qs)->toolTip(), u"New product");
   dialogs_.ExpectMessage(u"The product has not been saved yet: there is nothing to delete."_qs,
                          BoxStyle::Information);
   Push(u"cmdDelete"_qs);
@@ -289,6 +308,13 @@ TEST_F(CardWindow, SearchesAndShowsAllAgain) {
   EXPECT_EQ(state(), u"Search on");
   CardKey(Qt::Key_Escape);
   EXPECT_EQ(state(), u"Search off");
+
+  Push(*window_, u"cmdSearch"_qs);
+  Write(u"txtCode"_qs, u"zzz"_qs);
+  CardKey(Qt::Key_Return);
+  EXPECT_EQ(status->text(), u"Search active: 0 of 5 products");
+  Push(*window_, u"cmdSearch"_qs);
+  EXPECT_EQ(status->text(), u"5 products");
 
   Push(*window_, u"cmdSearch"_qs);
   Write(u"txtCode"_qs, u"o'neil_"_qs);
@@ -388,7 +414,12 @@ TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {
   EXPECT_TRUE(Card()->Salvato) << "a list that is opened changes nothing";
   listKey(Qt::Key_Escape);
   EXPECT_TRUE(IsOpen() && !combo->view()->isVisible());
+  CardKey(Qt::Key_F4);
+  listKey(Qt::Key_Return);
+  EXPECT_EQ(Combo(), QString()) << "nothing was chosen";
+  EXPECT_FALSE(combo->view()->isVisible());
   CardKey(Qt::Key_Down);
+  listKey(Qt::Key_Down);
   listKey(Qt::Key_Return);
   EXPECT_EQ(Combo(), u"Rosa");
   EXPECT_FALSE(Card()->Salvato);
@@ -399,6 +430,21 @@ TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {
   listKey(Qt::Key_Tab);
   EXPECT_EQ(Combo(), u"Rosso");
   EXPECT_FALSE(Card()->Salvato);
+  CardKey(Qt::Key_S, Qt::ControlModifier);
+
+  // Of equal texts it stays the one that the product has.
+  connection_.Execute(u"UPDATE Filtri SET Valore=' Rosso ' WHERE IDValore IN (?,?)"_qs, {red_, red_ + 1});
+  connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=? WHERE CodiceProdotto='b'"_qs, {red_ + 1});
+  CardKey(Qt::Key_PageDown, Qt::ControlModifier);
+  combo->setFocus();
+  CardKey(Qt::Key_Tab);
+  Write(u"txtDescription"_qs, u"b"_qs);
+  CardKey(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Product(u"b"_qs), u"[\"b\",null,%1]"_qs.arg(red_ + 1));
+  Write(u"cmbFilter_2"_qs, u"ros"_qs);
+  EXPECT_EQ(Combo(), u"Rosso");
+  CardKey(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(Card()->Salvato) << "blanks around a value do not count";
 }
 
 TEST_F(CardWindow, ItOpensTheTechnicalDataAndTheValuesOfAFilter) {

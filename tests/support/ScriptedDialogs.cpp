@@ -45,6 +45,10 @@ bool ScriptedDialogs::ShowQuestion(QWidget*, const QString& text, BoxStyle, cons
 Dialogs::Answer ScriptedDialogs::AskWithCancel(QWidget*, const QString& text, const QString&) {
   return Take(u"question: "_qs + text).isEmpty() ? Answer::Cancel : Answer::Yes;
 }
+Dialogs::Answer ScriptedDialogs::AskToSave(QWidget*, const QString& text) {
+  const QString answer = Take(u"question: "_qs + text);
+  return answer == u"none" ? Answer::Cancel : answer.isEmpty() ? Answer::No : Answer::Yes;
+}
 QString ScriptedDialogs::Input(QWidget*, const QString& text, const QString&, const QString&) {
   const bool scripted = !script_.empty();
   const QString answer = Take(u"input: "_qs + text);

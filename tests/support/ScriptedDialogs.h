@@ -20,6 +20,8 @@ class ScriptedDialogs : public Dialogs {
   void ExpectQuestion(const QString& text, bool answer) {
     script_.push_back({u"question: "_qs + text, answer ? u"yes"_qs : QString()});
   }
+  // The box of a question is closed without an answer.
+  void ExpectDismissed(const QString& text) { script_.push_back({u"question: "_qs + text, u"none"_qs}); }
   void ExpectInput(const QString& text, const QString& answer) {
     script_.push_back({u"input: "_qs + text, answer});
   }
@@ -31,6 +33,7 @@ class ScriptedDialogs : public Dialogs {
   qsizetype Left() const { return qsizetype(script_.size()); }
 
   Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title) override;
+  Answer AskToSave(QWidget* owner, const QString& text) override;
   QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
   QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& folder) override;

@@ -114,6 +114,8 @@ qint64 CardCommands::Neighbour(qint64 product, bool next) {
   return 0;
 }
 
+bool CardCommands::IsBusy() const { return context_.busy; }
+
 void CardCommands::CardClosed(qint64 product, bool searchGivenUp) {
   if (searchGivenUp) cmdSearch_.setChecked(false);
   if (closing_) return;
@@ -123,7 +125,8 @@ void CardCommands::CardClosed(qint64 product, bool searchGivenUp) {
   if (grid.HasChanged()) grid.LoadGrid(true);
   // A product that is gone is stood in for by the one that has its place.
   const int row = rows.RowOf(product) >= 0 ? rows.RowOf(product) : std::min(former, rows.RecordCount() - 1);
-  if (row >= 0 && row != grid.CurrentRow()) grid.GoTo(row);
+  // A row that stays in edit was told of.
+  if (row >= 0 && row != grid.CurrentRow() && rows.EditRow() < 0) grid.GoTo(row);
   // Once the card is gone.
   QMetaObject::invokeMethod(
       this,

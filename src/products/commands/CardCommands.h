@@ -32,6 +32,7 @@ class CardCommands : public QObject, public ProductCardOwner {
   bool Close();
 
   qint64 Neighbour(qint64 product, bool next) override;
+  bool IsBusy() const override;
   void Search(const QString& CondizioneRicerca) override;
   void CardClosed(qint64 product, bool searchGivenUp) override;
 
