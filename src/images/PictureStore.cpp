@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMultiHash>
+#include <optional>
 
 #include "base/Helpers.h"
 #include "base/Texts.h"
@@ -137,7 +138,8 @@ struct PictureChange::Files {
   PictureFiles made;
   PictureFiles retired;
   QStringList staged;
-  QStringList replacing;  // files that have another content once the rows are stored
+  QStringList replacing;         // files that have another content once the rows are stored
+  std::optional<Error> failure;  // of that
 
   QStringList& Made(PictureUse use) { return use == PictureUse::Main ? made.main : made.others; }
 
@@ -181,14 +183,17 @@ struct PictureChange::Files {
 
   void Replace() {
     replacing.removeDuplicates();
-    for (const QString& target : std::as_const(replacing)) try {
+    try {
+      for (const QString& target : std::as_const(replacing))
         if (QFile::exists(StagedPath(target)))
           MoveFileSafely(StagedPath(target), target);
         else
           Remove(target);
-      } catch (const Error& error) {
-        qCDebug(images) << target << error.Description();
-      }
+    } catch (const Error& error) {
+      qCDebug(images) << "not replaced" << error.Description();
+      failure = error;
+      GiveUpReplacing();
+    }
   }
 
   void GiveUpReplacing() {
@@ -200,7 +205,8 @@ PictureChange::PictureChange(Transaction& transaction, Connection& connection)
     : files_(std::make_shared<Files>()) {
   transaction.OnCommit([files = files_, &connection] {
     files->Replace();
-    RemoveUnnamed(files->retired, connection);
+    // It may be the only file with what was to be there.
+    if (!files->failure) RemoveUnnamed(files->retired, connection);
   });
   transaction.OnRollback([files = files_, &connection] {
     files->GiveUpReplacing();
@@ -252,6 +258,10 @@ StagedCopy PictureChange::CopyStaged(PictureUse use, const QString& source, cons
 }
 
 void PictureChange::Sync() const { SyncFiles(files_->staged); }
+
+void PictureChange::RequireReplaced() const {
+  if (files_->failure) throw Error(*files_->failure);
+}
 
 void PictureChange::Retire(const PictureFiles& files) {
   files_->retired.main += files.main;

@@ -72,6 +72,10 @@ class PictureChange {
   StagedCopy CopyStaged(PictureUse use, const QString& source, const QString& target);
   void Sync() const;
 
+  // Once the rows are stored: throws Error where a file could not take the place of the one that has its
+  // name, which stays, and so does all that was to be given up.
+  void RequireReplaced() const;
+
   // Gives files up, of main images with their thumbnails. What cannot be removed stays, with a line in the
   // log.
   void Retire(const PictureFiles& files);

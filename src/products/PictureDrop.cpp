@@ -20,7 +20,7 @@ QStringList PictureDrop::Add(const QStringList& files, const AskDescription& ask
       if (hasMainImage)
         AddImage(product, file, ask);
       else
-        products_.SetMainImage(product, file, PrepareMainFile(file));
+        products_.SetMainImage(product, file, PrepareMainFile(file)).RequireReplaced();
     } catch (const std::exception& error) {
       failures += FailureOfFile(file, error);
     }

@@ -84,11 +84,12 @@ void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures
     code = products_.FreePictureCode();
     const qint64 product = products_.Add({{u"CodiceProdotto"_qs, code}, {u"Descrizione"_qs, name.chopped(4)}},
                                          ProductMarks::Picture);
-    products_.SetMainImage(product, source, picture);
+    const PictureChange pictureFiles = products_.SetMainImage(product, source, picture);
     // After the picture: what the setting names was imported whole, should the program end at the next one.
     NoteLast(source);
     ending = true;
     transaction.Commit();
+    pictureFiles.RequireReplaced();
   } catch (...) {
     // A disk that fails at the very end has the product reported as failed, although it is there.
     if (ending && QFile::exists(MainImagePath(IDCatalogo_, code))) ++imported_;

@@ -171,8 +171,9 @@ void ProductCard::SetMainImage(const QString& file) {
   const PreparedPicture picture = PrepareMainFile(file);
   Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Immagine di %1"), {Code()}});
   products_.Mark(Code(), ProductMarks::Both);
-  products_.SetMainImage(product_, file, picture);
+  const PictureChange pictures = products_.SetMainImage(product_, file, picture);
   transaction.Commit();
+  pictures.RequireReplaced();
 }
 
 QString ProductCard::MainImage() const {

@@ -31,6 +31,7 @@ void ProductImages::Within(const char* label, const Step& step) {
   // Another program may have changed it until the transaction began.
   step(pictures, Code());
   transaction.Commit();
+  pictures.RequireReplaced();
 }
 
 ProductImage ProductImages::Main() const {

@@ -181,7 +181,8 @@ void ProductStore::Delete(const std::vector<qint64>& products) {
   transaction.Commit();
 }
 
-void ProductStore::SetMainImage(qint64 product, const QString& source, const PreparedPicture& picture) {
+PictureChange ProductStore::SetMainImage(qint64 product, const QString& source,
+                                         const PreparedPicture& picture) {
   Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Immagine di %1"), {CodeOf(product)}});
   // Another program may have changed it until the transaction began.
   const QString code = CodeOf(product);
@@ -189,10 +190,12 @@ void ProductStore::SetMainImage(qint64 product, const QString& source, const Pre
   if (!IsPictureNameFree(target, connection_, product))
     throw Error(
         Texts::tr("Il file %1 è già usato come immagine o logo altrove. Cambiare il codice.").arg(target));
-  PictureChange(transaction, connection_).TakeMain(source, target, picture);
+  PictureChange pictures(transaction, connection_);
+  pictures.TakeMain(source, target, picture);
   connection_.Execute(u"UPDATE Prodotti SET Immagine=?,Height=?,Width=? WHERE IDProdotto=?"_qs,
                       {target, picture.size.height(), picture.size.width(), product});
   transaction.Commit();
+  return pictures;
 }
 
 qint64 ProductStore::FilterValue(int filter, const QString& value) {

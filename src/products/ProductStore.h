@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-#include "images/PictureRendering.h"
+#include "images/PictureStore.h"
 
 namespace vorlina {
 
@@ -71,8 +71,9 @@ class ProductStore {
   void Delete(const std::vector<qint64>& products);
 
   // Makes a file the product's main image, without a mark. Throws Error: where the product is gone, where
-  // another row names the file's name, where it cannot be written.
-  void SetMainImage(qint64 product, const QString& source, const PreparedPicture& picture);
+  // another row names the file's name, where it cannot be written. What it gives tells, once all is stored,
+  // whether it has the place of a file that had the name.
+  PictureChange SetMainImage(qint64 product, const QString& source, const PreparedPicture& picture);
 
   // The number of a filter's value, which is added where it is not there yet: without the blanks around it,
   // in any letter case. A filter is 1 to 5. Throws Error, also for a value that no cell takes.

@@ -131,6 +131,25 @@ TEST_F(PictureStoreTest, WhatIsTakenBackLeavesNothing) {
   EXPECT_EQ(ContentOf(PicturePath(u"own.jpg"_qs)), "new");
 }
 
+TEST_F(PictureStoreTest, AFileThatCannotBeReplacedIsToldAndNothingIsGivenUp) {
+  for (const QString& name : {u"1.jpg"_qs, u"2.jpg"_qs}) Put(name);
+  EXPECT_NE(FailureOf([&] {
+              Transaction transaction(connection_);
+              transaction.OnCommit([] {
+                QFile::remove(PicturePath(u"1.jpg"_qs));
+                QDir().mkpath(PicturePath(u"1.jpg/folder"_qs));
+              });
+              PictureChange change(transaction, connection_);
+              change.CopyMain(PicturePath(u"2.jpg"_qs), PicturePath(u"1.jpg"_qs));
+              change.Retire({{PicturePath(u"2.jpg"_qs)}, {}});
+              transaction.Commit();
+              change.RequireReplaced();
+            }),
+            QString());
+  QDir(PicturePath(u"1.jpg"_qs)).removeRecursively();
+  EXPECT_EQ(PictureNames(), u"2.jpg linked.jpg");
+}
+
 TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {
   for (const QString& name : {u"1-a.jpg"_qs, u"b.jpg"_qs, u"7.jpg"_qs, u"own.jpg"_qs, u"1-Logo.jpg"_qs})
     Put(name);
