@@ -102,12 +102,13 @@ void WidgetFilterCombo::FillList() {
   const QSignalBlocker silent(this);
   const QString text = currentText();
   const Completion& values = Values();
+  const qint64 value = Value().value_or(0);
   if (!list_) {
     list_ = Lookup(values.Items());
     Offer(*list_);
   }
   const auto& items = list_->Items();
-  const auto same = [value = Value().value_or(0)](const LookupItem& item) { return item.value == value; };
+  const auto same = [value](const LookupItem& item) { return item.value == value; };
   const auto found = std::find_if(items.begin(), items.end(), same);
   setCurrentIndex(found != items.end() ? int(found - items.begin()) : -1);
   setEditText(text);

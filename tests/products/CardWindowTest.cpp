@@ -2,10 +2,12 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <QToolButton>
 
 #include "GridWindowFixture.h"
 #include "base/Settings.h"
+#include "base/WidgetDialogs.h"
 #include "images/PictureFolder.h"
 #include "images/frmImage.h"
 #include "products/frmFilterData.h"
@@ -195,6 +197,18 @@ TEST_F(CardWindow, AnUnknownValueIsAskedAboutBeforeAnythingElse) {
   EXPECT_EQ(Count(u"Filtri"_qs), 3);
 }
 
+TEST_F(CardWindow, TheBoxThatAsksToSaveTellsItsEndFromNo) {
+  using Answer = Dialogs::Answer;
+  UnexpectedModalGuard::allowed = {QString()};
+  const auto answer = [](int key) {
+    QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key(key)); });
+    return WidgetDialogs().AskToSave(nullptr, SaveQuestion);
+  };
+  EXPECT_EQ(answer(Qt::Key_Escape), Answer::Cancel);
+  EXPECT_EQ(answer(Qt::Key_N), Answer::No);
+  EXPECT_EQ(answer(Qt::Key_Return), Answer::Yes);
+}
+
 TEST_F(CardWindow, ClosingAndGoingOnAskForWhatIsUnsaved) {
   Open();
   OpenRow(0);
@@ -255,9 +269,6 @@ TEST_F(CardWindow, AProductThatOthersHaveChangedOrDeletedIsNotLost) {
   const QString gone =
       u"The product was deleted meanwhile by another window or program. "
       "Save what is written here as a new product?"_qs;
-  dialogs_.ExpectQuestion(gone, false);
-  Push(u"cmdSave"_qs);
-  EXPECT_TRUE(IsOpen());
   dialogs_.ExpectQuestion(gone, true);
   Push(u"cmdSave"_qs);
   EXPECT_EQ(Product(u"a"_qs), u"[\"still mine\",\"9\",0]");
@@ -437,6 +448,8 @@ TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {
   connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=? WHERE CodiceProdotto='b'"_qs, {red_ + 1});
   CardKey(Qt::Key_PageDown, Qt::ControlModifier);
   combo->setFocus();
+  CardKey(Qt::Key_F4);
+  listKey(Qt::Key_Return);
   CardKey(Qt::Key_Tab);
   Write(u"txtDescription"_qs, u"b"_qs);
   CardKey(Qt::Key_S, Qt::ControlModifier);

@@ -156,19 +156,14 @@ TEST_F(ProductCardTest, APictureThatFailsKeepsTheOldOne) {
   const QString target = MainImagePath(catalog_, u"a_1"_qs);
   WriteFileSafely(Outside(u"a.jpg"_qs), MakeJpeg(MakePhoto({60, 40}, 1)));
   EXPECT_EQ(card_.MainImage(), QString());
-  card_.SetMainImage(Outside(u"a.jpg"_qs));
-  EXPECT_EQ(card_.MainImage(), target);
+  for (const QString& file : {Outside(u"a.jpg"_qs), target}) {
+    card_.SetMainImage(file);
+    EXPECT_EQ(card_.MainImage(), target);
+  }
   EXPECT_EQ(Count(u"PExtension"_qs), 2);
   const auto files = FilesIn(AppFile(u"Images"_qs));
-  WriteFileSafely(Outside(u"b.jpg"_qs), "no picture");
-  EXPECT_NE(FailureOf([&] { card_.SetMainImage(Outside(u"b.jpg"_qs)); }), QString());
-  connection_.Execute(
-      u"CREATE TRIGGER Refuse BEFORE UPDATE ON Prodotti BEGIN SELECT RAISE(ABORT, 'refused'); END"_qs);
-  WriteFileSafely(Outside(u"c.jpg"_qs), MakeJpeg(MakePhoto({60, 40}, 2)));
-  EXPECT_EQ(FailureOf([&] { card_.SetMainImage(Outside(u"c.jpg"_qs)); }), u"refused");
+  WriteFileSafely(Outside(u"b.jpg"_qs), MakeJpeg(MakePhoto({60, 40}, 2)));
+  Refuse(u"UPDATE ON Prodotti"_qs);
+  EXPECT_EQ(FailureOf([&] { card_.SetMainImage(Outside(u"b.jpg"_qs)); }), u"refused");
   EXPECT_EQ(Differences(FilesIn(AppFile(u"Images"_qs)), files), QStringList());
-  connection_.Execute(u"DROP TRIGGER Refuse"_qs);
-  card_.SetMainImage(target);
-  EXPECT_EQ(card_.MainImage(), target) << "the very file that is there";
-  EXPECT_EQ(Findings(), QStringList());
 }
