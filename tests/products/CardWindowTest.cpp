@@ -369,6 +369,10 @@ TEST_F(CardWindow, ADroppedPictureIsTheProductsThatItWasDroppedOn) {
   QCoreApplication::processEvents();
   EXPECT_EQ(Stored(u"a"_qs, u"Immagine"_qs), MainImagePath(catalog_, u"a"_qs));
   EXPECT_EQ(Stored(u"b"_qs, u"Immagine"_qs), QString());
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=?"_qs, {MainImagePath(catalog_, u"a"_qs)});
+  Activate(*window_);
+  Activate(*Card());
+  EXPECT_TRUE(IsEnabled(u"cmdImageView"_qs)) << "a picture that it got elsewhere";
 }
 
 // The road of a new product with a picture, through the windows step by step.

@@ -55,7 +55,6 @@ TEST_F(GridOrder, WhatIsUnderTheHandIsWhatIsMoved) {
   const QString came = u"d a c b"_qs;
   const std::tuple<QString, QString, QString, QList<int>, int, QString> cases[] = {
       {{}, {}, came, {2}, 3, u"b1 d2 c3 a4"_qs},
-      {{}, {}, came, {3}, 1, u"b1 a2 c3 d4"_qs},
       {{}, {}, came, {4, 3}, 1, u"a1 d2 b3 c4"_qs},
       {Code, {}, u"a b c d"_qs, {1}, 4, u"b1 d2 a3 c4"_qs},
       {Order, u" AND CodiceProdotto IN ('c','b')"_qs, u"b c"_qs, {2}, 1, u"c1 b2 a3 d4"_qs}};
