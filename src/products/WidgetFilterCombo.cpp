@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLoggingCategory>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -85,7 +86,9 @@ bool WidgetFilterCombo::Prepare() {
   }
 }
 
+// Where the list is made for the first time, it takes the focus before it is one.
 void WidgetFilterCombo::showPopup() {
+  const QScopedValueRollback<bool> opening(opens_, true);
   try {
     FillList();
   } catch (const Error& error) {
@@ -172,7 +175,7 @@ void WidgetFilterCombo::focusOutEvent(QFocusEvent* event) {
   WidgetDropDown::focusOutEvent(event);
   const Qt::FocusReason reason = event->reason();
   if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
-      reason != Qt::MenuBarFocusReason)
+      reason != Qt::MenuBarFocusReason && !opens_)
     Q_EMIT Left();
 }
 

@@ -56,6 +56,7 @@ class WidgetFilterCombo : public WidgetDropDown {
   Completion values_;
   std::optional<Lookup> list_;  // what the list offers
   LookupItem shown_;            // the value that was shown or picked
+  bool opens_ = false;          // the list
   bool completes_ = false;      // the key that is at work adds to the text
 };
 
