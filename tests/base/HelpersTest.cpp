@@ -32,16 +32,6 @@ TEST(Helpers, PathsSplitAtBothSeparators) {
   EXPECT_THROW(FileNameOf(u"C:\\a\\abc"_qs, false), Error);
 }
 
-TEST(Helpers, ATextIsOneLineAsItsBoxShowsIt) {
-  const std::pair<QString, QString> cases[] = {
-      {u"Colore\r\n"_qs, u"Colore"_qs},
-      {u"a\r\nb\nc\td\u2028\u2029"_qs, u"a b c d"_qs},
-      {u" a  b "_qs, u" a  b "_qs},
-      {u"\n"_qs, {}},
-  };
-  for (const auto& [text, line] : cases) EXPECT_EQ(OneLine(text), line);
-}
-
 TEST(Messages, SpeakTheLanguageAndNoneInAnother) {
   SetLanguage(u"English"_qs);
   EXPECT_EQ(NumberedText(BaseConferma + 11), u"All the additional images will be deleted. Continue?"_qs);

@@ -86,16 +86,3 @@ TEST_F(GridLayoutWindow, KeysAndTheMenuMoveColumns) {
   Choose(u"mnuSpostaDestra"_qs);
   EXPECT_EQ(Captions(), u"||Description|Code|Colour|Publish|Order|Size"_qs) << "of the head, not of the cell";
 }
-
-TEST_F(GridLayoutWindow, ASearchThatFailsEmptiesTheGridAndKeepsItsArrangement) {
-  Open();
-  DragHead(u"Size"_qs, Code);
-  const QString before = Captions();
-  grid_->CondizioneRicerca = u" AND nonsense"_qs;
-  grid_->LoadGrid(true);
-  Key(Qt::Key_Delete);
-  Key(Qt::Key_Down);
-  grid_->CondizioneRicerca.clear();
-  grid_->LoadGrid(true);
-  EXPECT_EQ(Captions() + Codes(), before + u"a b"_qs);
-}

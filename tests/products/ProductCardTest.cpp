@@ -4,8 +4,6 @@
 #include "products/Completion.h"
 #include "products/ProductCard.h"
 #include "products/SearchCondition.h"
-#include "store/Recordset.h"
-#include "store/RowErrors.h"
 #include "support/CatalogFixture.h"
 #include "support/Print.h"
 #include "support/TestJpeg.h"
@@ -116,8 +114,6 @@ TEST_F(ProductCardTest, WritesNullInANewProductAndEmptyTextInAChangedOne) {
   card_.Add(typed);
   EXPECT_EQ(Stored(u"new"_qs), u"[null,null,0,4,0]");
   EXPECT_EQ(Count(u"PExtension"_qs), 0);
-  EXPECT_EQ(FailureOf([&] { card_.Add(typed); }),
-            u"The code \"new\" is already used by another product of this catalog. Choose another code."_qs);
   typed = Read(u"new"_qs);
   typed[u"Valore1"_qs] = u"1\n2"_qs;
   typed[u"IDFiltro2"_qs] = 7;
@@ -144,11 +140,6 @@ TEST_F(ProductCardTest, WhatOthersHaveStoredIsNotWrittenOverUnseen) {
   typed[u"IDFiltro2"_qs] = 7;
   connection_.Execute(u"DELETE FROM Filtri WHERE IDValore=7"_qs);
   EXPECT_TRUE(FailureOf([&] { card_.Change(typed); }).contains(u"\"Colore\" has been deleted"));
-  connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='a_1'"_qs);
-  EXPECT_THROW(card_.Change(typed), ConflictError);
-  typed[u"IDFiltro2"_qs] = 8;
-  card_.Add(typed);
-  EXPECT_EQ(Stored(u"a_1"_qs), u"[\"mine\",\"9\",8,3,0]");
 }
 
 TEST_F(ProductCardTest, APictureThatFailsKeepsTheOldOne) {
