@@ -42,6 +42,8 @@ QString ThumbnailName(const QString& mainImage) { return u't' + FileNameOf(mainI
 
 QString ThumbnailPath(const QString& mainImage) { return PicturePath(ThumbnailName(mainImage)); }
 
+QString StagedPath(const QString& path) { return path + u".staged"_qs; }
+
 bool IsPictureFile(const QString& path) {
   return QFileInfo(path).isFile() && !IsSameFile(path, AppFile(u"Catalog.db"_qs));
 }

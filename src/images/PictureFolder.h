@@ -42,6 +42,10 @@ QString ThumbnailName(const QString& mainImage);
 // The thumbnail's file of a main image, wherever that lies: in the folder "Images".
 QString ThumbnailPath(const QString& mainImage);
 
+// The file beside a picture, in which lies what takes its place once the rows are stored. It ends as the
+// names of files that a kill leaves behind.
+QString StagedPath(const QString& path);
+
 // Whether there is a picture's file. A device, a pipe or a folder is none, and waiting for one would not end;
 // nor is the database, which would lose its locks when the file is closed again.
 bool IsPictureFile(const QString& path);

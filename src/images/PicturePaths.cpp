@@ -1,13 +1,16 @@
 #include "images/PicturePaths.h"
 
 #include <QDir>
+#include <QFile>
 #include <algorithm>
 #include <vector>
 
 #include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
+#include "base/SafeFile.h"
 #include "base/Texts.h"
+#include "images/ImagePipeline.h"
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "store/CatalogDatabase.h"
@@ -119,10 +122,53 @@ int Fit(Connection& connection) {
   return changed;
 }
 
+// The size of a picture, none where there is no whole one.
+QSize SizeOf(const QString& path) {
+  try {
+    return MeasureWholeImage(path);
+  } catch (const Error&) {
+    return {};
+  }
+}
+
+// Whether a row that names the picture has the size of the one beside it, and not its own.
+bool IsOfTheRow(const QString& path, const QString& staged, Connection& connection) {
+  Rows rows(
+      connection,
+      u"SELECT Width,Height FROM Prodotti WHERE Immagine=?1 UNION ALL SELECT Width,Height FROM Immagini "
+      "WHERE Immagine=?1"_qs,
+      {path});
+  if (!rows.Next()) return false;
+  const QSize stored(rows.Value(0).toInt(), rows.Value(1).toInt());
+  return SizeOf(staged) == stored && SizeOf(path) != stored;
+}
+
+// A kill may have come between a row and the picture that was to take another one's place. Of two pictures of
+// one size nothing tells which is the row's, and both stay. A main picture goes before its thumbnail.
+void FinishReplacing(Connection& connection) {
+  const QString ending = StagedPath({});
+  const QStringList names =
+      QDir(PicturePath({})).entryList({u'*' + ending}, QDir::Files | QDir::Hidden, QDir::Name);
+  QStringList thumbnails;
+  const auto finish = [](const QString& path) { MoveFileSafely(StagedPath(path), path); };
+  for (const QString& name : names) {
+    const QString path = PicturePath(name.chopped(ending.size()));
+    if (IsOfTheRow(path, StagedPath(path), connection)) finish(path);
+    if (name.startsWith(u't')) thumbnails += name.chopped(ending.size());
+  }
+  for (const QString& name : thumbnails) {
+    const QString main = PicturePath(name.mid(1));
+    if (IsPictureFile(main) && !QFile::exists(StagedPath(main)) &&
+        QFile::exists(StagedPath(PicturePath(name))))
+      finish(PicturePath(name));
+  }
+}
+
 }  // namespace
 
 int FitPicturePaths(Connection& connection) {
   try {
+    FinishReplacing(connection);
     return Fit(connection);
   } catch (const Error& error) {
     throw Error(Texts::tr("I percorsi delle immagini non sono stati adattati a questa cartella; alla "

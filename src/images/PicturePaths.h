@@ -11,8 +11,8 @@ class Connection;
 // still exists, as it does where the folder was copied. A file outside of any folder "Images" is the user's
 // own; its row is pointed to a file of that name only where no other row names that one. Paths as they were
 // delivered are rebased in any case. Nothing is done where the database cannot be written, and hardly
-// anything where all rows are the folder's own. Gives how many rows were changed. Throws Error, with the rows
-// as they were.
+// anything where all rows are the folder's own. Before that a picture of which the row was stored, but not
+// yet the file, takes its place. Gives how many rows were changed. Throws Error, with the rows as they were.
 int FitPicturePaths(Connection& connection);
 
 }  // namespace vorlina

@@ -36,9 +36,6 @@ bool IsOwnFile(const QString& path) {
   return file.isFile() && !file.isSymLink();
 }
 
-// Beside the target, as names of files end that a kill leaves behind.
-QString StagedPath(const QString& target) { return target + u".staged"_qs; }
-
 // Removes those of the files that lie in "Images" and that no row names.
 void RemoveUnnamed(const PictureFiles& files, Connection& connection) {
   if (files.main.isEmpty() && files.others.isEmpty()) return;
@@ -139,6 +136,7 @@ struct PictureChange::Files {
   PictureFiles retired;
   QStringList staged;
   QStringList replacing;         // files that have another content once the rows are stored
+  QStringList dropping;          // thumbnails that go then, as they show another picture
   std::optional<Error> failure;  // of that
 
   QStringList& Made(PictureUse use) { return use == PictureUse::Main ? made.main : made.others; }
@@ -173,10 +171,9 @@ struct PictureChange::Files {
     });
   }
 
-  // Without a file of its own a name in replacing is given up.
   void Drop(const QString& target) {
     if (IsOwnFile(target))
-      replacing += target;
+      dropping += target;
     else
       MakeRoom(target);
   }
@@ -185,10 +182,8 @@ struct PictureChange::Files {
     replacing.removeDuplicates();
     try {
       for (const QString& target : std::as_const(replacing))
-        if (QFile::exists(StagedPath(target)))
-          MoveFileSafely(StagedPath(target), target);
-        else
-          Remove(target);
+        if (QFile::exists(StagedPath(target))) MoveFileSafely(StagedPath(target), target);
+      for (const QString& target : std::as_const(dropping)) Remove(target);
     } catch (const Error& error) {
       qCDebug(images) << "not replaced" << error.Description();
       failure = error;
@@ -196,8 +191,10 @@ struct PictureChange::Files {
     }
   }
 
+  // A thumbnail before its picture: one that is left alone counts as that of a picture that has its place.
   void GiveUpReplacing() {
-    for (const QString& target : std::as_const(replacing)) QFile::remove(StagedPath(target));
+    for (auto target = replacing.crbegin(); target != replacing.crend(); ++target)
+      QFile::remove(StagedPath(*target));
   }
 };
 

@@ -52,8 +52,8 @@ PictureFiles PicturesOfCatalog(int IDCatalogo, Connection& connection);
 
 // What a transaction does in "Images". The files that it takes in go again where its rows are not stored;
 // those that it gives up go once they are. Either way a file stays that a row names. A kill at any moment
-// leaves at most files without a row, and a row that has the size of a new picture with the former file,
-// where the new one lies beside it under the name ".staged".
+// leaves at most files without a row; a file whose place another one was about to take stays until the next
+// opening.
 class PictureChange {
  public:
   // Enlists itself in the transaction.

@@ -2,10 +2,13 @@
 // copied or moved find the pictures that came along.
 #include "images/PictureStore.h"
 
+#include <QImage>
+
 #include "images/PictureFolder.h"
 #include "images/PicturePaths.h"
 #include "store/SampleData.h"
 #include "support/CatalogFixture.h"
+#include "support/TestJpeg.h"
 
 using namespace vorlina;
 
@@ -148,6 +151,29 @@ TEST_F(PictureStoreTest, AFileThatCannotBeReplacedIsToldAndNothingIsGivenUp) {
             QString());
   QDir(PicturePath(u"1.jpg"_qs)).removeRecursively();
   EXPECT_EQ(PictureNames(), u"2.jpg linked.jpg");
+}
+
+// A kill came between the commit and the files.
+TEST_F(PictureStoreTest, WhatWasToTakeAPicturesPlaceTakesItAtTheNextOpening) {
+  const auto put = [](const QString& name, QSize size) {
+    WriteFileSafely(PicturePath(name), MakeJpeg(MakePhoto(size, 1)));
+  };
+  for (const QString& name : {u"1.jpg"_qs, u"2.jpg"_qs, u"3.jpg"_qs}) {
+    put(name, {40, 30});
+    put(name + u".staged"_qs, name == u"3.jpg" ? QSize(40, 30) : QSize(30, 40));
+    Put(u't' + name);
+    WriteFileSafely(PicturePath(u't' + name + u".staged"_qs), "new");
+    Name(name, PicturePath(name));
+  }
+  // The second one's row was not stored; of the third one both have the size.
+  connection_.Execute(u"UPDATE Prodotti SET Width=iif(CodiceProdotto='1.jpg',30,40)"_qs);
+  connection_.Execute(u"UPDATE Prodotti SET Height=70-Width"_qs);
+  FitPicturePaths(connection_);
+  EXPECT_EQ(PictureNames(),
+            u"1.jpg 2.jpg 2.jpg.staged 3.jpg 3.jpg.staged linked.jpg t1.jpg t2.jpg t2.jpg.staged t3.jpg "
+            "t3.jpg.staged");
+  EXPECT_EQ(QImage(PicturePath(u"1.jpg"_qs), "jpeg").size(), QSize(30, 40));
+  EXPECT_EQ(ContentOf(PicturePath(u"t1.jpg"_qs)), "new");
 }
 
 TEST_F(PictureStoreTest, RowsOfAnotherFolderFindThePicturesThatCameAlong) {

@@ -10,7 +10,6 @@
 #include "catalogs/CatalogCheck.h"
 #include "images/PicturePaths.h"
 #include "store/CatalogDatabase.h"
-#include "store/GetValue.h"
 #include "support/Print.h"
 #include "support/WritingConnection.h"
 
@@ -56,11 +55,4 @@ TEST_F(Delivered, IsInOrderAndItsPicturesAreAsItsRowsSay) {
         << path;
   }
   EXPECT_GT(pictures, 100);
-}
-
-TEST_F(Delivered, NamesAreStoredEscapedAndTheNextCatalogIs111) {
-  EXPECT_EQ(GetValue(u"NomeFiltro5||NomeValore2"_qs, u"Cataloghi"_qs, connection_, u"IDCatalogo=110"_qs),
-            u"Age \\038 levelSize H\\047Ø (cm)"_qs);
-  connection_.Execute(u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('x')"_qs);
-  EXPECT_EQ(connection_.LastInsertId(), 111);
 }

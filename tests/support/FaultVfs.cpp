@@ -88,8 +88,8 @@ FaultVfs::~FaultVfs() {
   Disarm();
 }
 
-void FaultVfs::Arm(Calls calls, int n, bool lasting) {
-  state = {true, calls == Calls::Reads, lasting, false, n, false};
+void FaultVfs::Arm(Calls which, int n, bool lasting) {
+  state = {true, which == Calls::Reads, lasting, false, n, false};
 }
 void FaultVfs::Disarm() { state.armed = false; }
 void FaultVfs::FailBehindDeletion() { state.behindDeletion = true; }
