@@ -82,7 +82,7 @@ void CardPictures::ChangeAndOpen() {
 
 QString CardPictures::Change() {
   const QString main = card_->MainImage();
-  const QString kept = main.isEmpty() ? MainImagePath(IDCatalogo_, card_->Code()) : main;
+  QString kept = main.isEmpty() ? MainImagePath(IDCatalogo_, card_->Code()) : main;
   try {
     const QString file = TheDialogs().OpenFile(&window_, Texts::tr("Selezionare un'immagine"),
                                                Texts::tr("Immagini (*.jpg)|*.jpg"), {});
