@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QSet>
+#include <functional>
 #include <memory>
 
 #include "CardData.h"
@@ -81,18 +82,17 @@ void Measure(const CardData& data) {
   Hands hands;
   const struct {
     const char* name;
-    void (Hands::*step)();
-  } steps[] = {{"opening the card, painted", &Hands::Open},
-               {"saving", &Hands::Save},
-               {"closing, the grid painted", &Hands::Close}};
+    std::function<void()> run;
+  } steps[] = {{"opening the card, painted", [&] { hands.Open(); }},
+               {"saving", [&] { hands.Save(); }},
+               {"closing, the grid painted", [&] { hands.Close(); }}};
   // What each runs once windows and marks are there. The bare statements change the text to the second one,
   // the card back to the first.
   Recorded recorded[3];
   for (const QString& text : {u"first"_qs, u"second"_qs, u"first"_qs}) {
     hands.text = text;
     for (int i = 0; i < 3; ++i) {
-      const auto step = [&] { (hands.*steps[i].step)(); };
-      text == u"second" ? recorded[i].Record(hands.OwnConnection(), step) : step();
+      text == u"second" ? recorded[i].Record(hands.OwnConnection(), steps[i].run) : steps[i].run();
     }
   }
   std::vector<double> bareTimes[4];
@@ -104,7 +104,7 @@ void Measure(const CardData& data) {
   };
   for (int round = 0; round < Rounds; ++round) {
     note(bareTimes, [&](int i) { recorded[i].Run(bare); });
-    note(ourTimes, [&](int i) { (hands.*steps[i].step)(); });
+    note(ourTimes, [&](int i) { steps[i].run(); });
   }
   for (int i = 0; i < 4; ++i) {
     const double bareTime = Median(bareTimes[i]);
