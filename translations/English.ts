@@ -1469,16 +1469,8 @@ They will show &quot;%3&quot;. Continue?</translation>
         <translation>Previous</translation>
     </message>
     <message>
-        <source>Prodotto precedente dell&apos;elenco (Ctrl+PagSu)</source>
-        <translation>Previous product in the list (Ctrl+PgUp)</translation>
-    </message>
-    <message>
         <source>Successivo</source>
         <translation>Next</translation>
-    </message>
-    <message>
-        <source>Prodotto successivo dell&apos;elenco (Ctrl+PagGiù)</source>
-        <translation>Next product in the list (Ctrl+PgDn)</translation>
     </message>
     <message>
         <source>Visualizza</source>
@@ -1534,6 +1526,30 @@ Replace those values with what is written here?</translation>
         <source>Inserisci un nuovo prodotto</source>
         <comment>product card</comment>
         <translation>New product</translation>
+    </message>
+    <message>
+        <source>Prodotto precedente dell&apos;elenco</source>
+        <translation>Previous product in the list</translation>
+    </message>
+    <message>
+        <source>Prodotto successivo dell&apos;elenco</source>
+        <translation>Next product in the list</translation>
+    </message>
+    <message>
+        <source>Tasti e scorciatoie</source>
+        <translation>Keys and shortcuts</translation>
+    </message>
+    <message>
+        <source>Trova nelle righe</source>
+        <translation>Find in the rows</translation>
+    </message>
+    <message>
+        <source>Trova il successivo</source>
+        <translation>Find next</translation>
+    </message>
+    <message>
+        <source>Trova il precedente</source>
+        <translation>Find previous</translation>
     </message>
 </context>
 <context>

@@ -3,8 +3,10 @@
 #include <QAction>
 #include <QMenu>
 #include <QToolBar>
+#include <QToolButton>
 #include <QWidget>
 
+#include "base/Helpers.h"
 #include "base/Texts.h"
 
 // The pictures lie in a static library, from which they come when they are asked for.
@@ -23,8 +25,8 @@ QIcon CommandIcon(const QString& name) {
 QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
   QAction* action = bar.addAction(CommandIcon(Text(command.icon)), Texts::tr(command.caption));
   action->setObjectName(Text(command.key));
-  action->setToolTip(Texts::tr(command.toolTip, command.comment));
   action->setShortcut(QKeySequence(Text(command.shortcut)));
+  SetToolTip(*action, Texts::tr(command.toolTip, command.comment));
   QWidget* button = bar.widgetForAction(action);
   button->setFocusPolicy(Qt::TabFocus);
   // For a command without a tool tip Qt would show its caption.
@@ -36,11 +38,25 @@ QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command) {
   return action;
 }
 
+void SetToolTip(QAction& action, const QString& text) {
+  const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+  action.setToolTip(PlainToolTip(text.isEmpty() || keys.isEmpty() ? text : u"%1 (%2)"_qs.arg(text, keys)));
+}
+
+void SetDropDown(QToolBar& bar, QAction& action, QMenu& menu, bool alone) {
+  auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(&action));
+  button->setMenu(&menu);
+  button->setPopupMode(alone ? QToolButton::InstantPopup : QToolButton::MenuButtonPopup);
+  if (alone)
+    QObject::connect(&action, &QAction::triggered, &menu,
+                     [button, &menu] { menu.popup(button->mapToGlobal(QPoint(0, button->height()))); });
+}
+
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands) {
   for (const ToolbarCommand& command : commands) {
     auto* action = window.findChild<QAction*>(Text(command.key));
     action->setText(Texts::tr(command.caption));
-    action->setToolTip(Texts::tr(command.toolTip, command.comment));
+    SetToolTip(*action, Texts::tr(command.toolTip, command.comment));
   }
 }
 

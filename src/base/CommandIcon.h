@@ -22,6 +22,12 @@ QIcon CommandIcon(const QString& name);
 // well.
 QAction* AddCommand(QToolBar& bar, const ToolbarCommand& command);
 
+// Gives a command that tool tip, with its shortcut behind it.
+void SetToolTip(QAction& action, const QString& text);
+
+// Gives a command's button a drop-down. A command that does nothing of its own opens it.
+void SetDropDown(QToolBar& bar, QAction& action, QMenu& menu, bool alone);
+
 // Brings the commands that were added to a window's toolbar into the language in use.
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands);
 

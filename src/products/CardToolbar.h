@@ -30,9 +30,9 @@ inline constexpr std::array<ToolbarCommand, 6> CardToolbar{{
 // At the other end of the toolbar.
 inline constexpr std::array<ToolbarCommand, 2> CardWays{{
     {u"cmdPrevious", QT_TRANSLATE_NOOP("Texts", "Precedente"),
-     QT_TRANSLATE_NOOP("Texts", "Prodotto precedente dell'elenco (Ctrl+PagSu)"), u"previous", u"Ctrl+PgUp"},
+     QT_TRANSLATE_NOOP("Texts", "Prodotto precedente dell'elenco"), u"previous", u"Ctrl+PgUp"},
     {u"cmdNext", QT_TRANSLATE_NOOP("Texts", "Successivo"),
-     QT_TRANSLATE_NOOP("Texts", "Prodotto successivo dell'elenco (Ctrl+PagGiù)"), u"next", u"Ctrl+PgDown"},
+     QT_TRANSLATE_NOOP("Texts", "Prodotto successivo dell'elenco"), u"next", u"Ctrl+PgDown"},
 }};
 
 // The entries below cmdImage.

@@ -17,16 +17,29 @@ inline constexpr std::array<ToolbarCommand, 9> GridToolbar{{
     {u"cmdDelete", QT_TRANSLATE_NOOP("Texts", "  Elimina"),
      QT_TRANSLATE_NOOP("Texts", "Elimina il prodotto selezionato"), u"delete", u""},
     {u"cmdSearch", QT_TRANSLATE_NOOP("Texts", "Cerca"), QT_TRANSLATE_NOOP("Texts", "Cerca un prodotto"),
-     u"search", u"Ctrl+F"},
-    {u"cmdImmagini", QT_TRANSLATE_NOOP("Texts", "Immagini"), "", u"images", u"Ctrl+I"},
+     u"search", u"Ctrl+Shift+F"},
+    {u"cmdImmagini", QT_TRANSLATE_NOOP("Texts", "Immagini"), "", u"images", u"Ctrl+Shift+I"},
     {u"cmdProperties", QT_TRANSLATE_NOOP("Texts", "Proprietà"),
-     QT_TRANSLATE_NOOP("Texts", "Imposta le proprietà del catalogo"), u"properties", u""},
+     QT_TRANSLATE_NOOP("Texts", "Imposta le proprietà del catalogo"), u"properties", u"Alt+Return"},
     {u"cmdPublish", QT_TRANSLATE_NOOP("Texts", "Pubblica"),
-     QT_TRANSLATE_NOOP("Texts", "Pubblica il catalogo"), u"publish", u""},
+     QT_TRANSLATE_NOOP("Texts", "Pubblica il catalogo"), u"publish", u"Ctrl+P"},
     {u"cmdImporta", QT_TRANSLATE_NOOP("Texts", "Importa"),
-     QT_TRANSLATE_NOOP("Texts", "Importazione da una cartella di immagini"), u"import", u""},
+     QT_TRANSLATE_NOOP("Texts", "Importazione da una cartella di immagini"), u"import", u"Ctrl+I"},
     {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "    Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help",
      u"F1"},
+}};
+
+// The entries below cmdHelp.
+inline constexpr std::array<MenuCommand, 2> GridHelpMenu{{
+    {u"subHelp", QT_TRANSLATE_NOOP("Texts", "Aiuto")},
+    {u"mnuTasti", QT_TRANSLATE_NOOP("Texts", "Tasti e scorciatoie"), u"Ctrl+F1"},
+}};
+
+// Finding in the rows that are shown.
+inline constexpr std::array<MenuCommand, 3> GridFindMenu{{
+    {u"mnuTrova", QT_TRANSLATE_NOOP("Texts", "Trova nelle righe"), u"Ctrl+F"},
+    {u"mnuTrovaSuccessivo", QT_TRANSLATE_NOOP("Texts", "Trova il successivo"), u"F3"},
+    {u"mnuTrovaPrecedente", QT_TRANSLATE_NOOP("Texts", "Trova il precedente"), u"Shift+F3"},
 }};
 
 // The entries of the menu over the rows. Rows do not move by arrows: with Ctrl they select to the end, with

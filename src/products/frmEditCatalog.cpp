@@ -3,9 +3,9 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMetaMethod>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QToolButton>
 
 #include "base/CommandIcon.h"
 #include "base/Helpers.h"
@@ -29,6 +29,8 @@
 
 namespace vorlina {
 namespace {
+
+constexpr int HelpTopic = 1002;
 
 using GridCommand = void (*)(GridContext&);
 
@@ -93,6 +95,11 @@ void frmEditCatalog::MakeMenus() {
   for (const MenuCommand& command : GridMenu)
     connect(AddCommand(*mnuGriglia, command, *grdProducts), &QAction::triggered, this,
             [this, key = Text(command.key)] { Run(key); });
+  mnuAiuto = new QMenu(this);
+  mnuAiuto->setObjectName(u"mnuAiuto"_qs);
+  for (const MenuCommand& command : GridHelpMenu) AddCommand(*mnuAiuto, command, *this);
+  connect(mnuAiuto->findChild<QAction*>(u"subHelp"_qs), &QAction::triggered, this,
+          [this] { Q_EMIT HelpWanted(HelpTopic); });
   mnuColonna = new WidgetColumnMenu(*grdProducts);
   mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
 }
@@ -134,6 +141,7 @@ void frmEditCatalog::Run(const QString& key) {
 
 void frmEditCatalog::LoadForm() {
   FillPublishMenu();
+  OfferHelp();
   ShowCatalog(true);
   NumberNewProducts(*context_);
   // Whoever begins a catalog can type at once.
@@ -160,10 +168,18 @@ void frmEditCatalog::FillPublishMenu() {
     entry->setObjectName(plugin.identifier);
   }
   auto* action = findChild<QAction*>(u"cmdPublish"_qs);
-  auto* button = qobject_cast<QToolButton*>(ui_->tbr->widgetForAction(action));
-  button->setMenu(mnuPubblica);
-  button->setPopupMode(QToolButton::InstantPopup);
+  SetDropDown(*ui_->tbr, *action, *mnuPubblica, true);
   action->setEnabled(!Plugins.empty());
+}
+
+// The button stays open to its drop-down while its own command is not there.
+void frmEditCatalog::OfferHelp() {
+  const bool helps = isSignalConnected(QMetaMethod::fromSignal(&frmEditCatalog::HelpWanted));
+  mnuAiuto->findChild<QAction*>(u"subHelp"_qs)->setEnabled(helps);
+  auto* action = findChild<QAction*>(u"cmdHelp"_qs);
+  SetDropDown(*ui_->tbr, *action, *mnuAiuto, !helps);
+  if (helps) connect(action, &QAction::triggered, this, [this] { Q_EMIT HelpWanted(HelpTopic); });
+  action->setEnabled(true);
 }
 
 void frmEditCatalog::Localize_Form() {
@@ -171,6 +187,7 @@ void frmEditCatalog::Localize_Form() {
   LocalizeCommands(*this, GridToolbar);
   mnuGriglia->setTitle(Texts::tr("Griglia"));
   LocalizeCommands(*mnuGriglia, GridMenu);
+  LocalizeCommands(*mnuAiuto, GridHelpMenu);
   mnuColonna->Localize();
 }
 

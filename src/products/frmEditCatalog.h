@@ -48,6 +48,8 @@ class frmEditCatalog : public QMainWindow {
  Q_SIGNALS:
   // The window was closed.
   void Closed();
+  // Help on a topic. As long as nobody listens its commands are disabled.
+  void HelpWanted(int topic);
 
  protected:
   bool event(QEvent* event) override;
@@ -60,6 +62,7 @@ class frmEditCatalog : public QMainWindow {
   void MakeStatusBar();
   void ConnectGrid();
   void FillPublishMenu();
+  void OfferHelp();
   void Localize_Form();
   void ShowCatalog(bool first);
   void Run(const QString& key);
@@ -74,6 +77,7 @@ class frmEditCatalog : public QMainWindow {
   QMenu* mnuGriglia;
   WidgetColumnMenu* mnuColonna;
   QMenu* mnuPubblica;
+  QMenu* mnuAiuto;
   QLabel* lblProdotti;
   QLabel* lblSelezionati;
   std::unique_ptr<GridContext> context_;

@@ -29,8 +29,9 @@ inline constexpr std::array<ToolbarCommand, 7> ToolbarCommands{{
 inline constexpr std::array<int, 5> CatalogPaneButtons{1, 2, 3, 4, 7};
 
 // The drop-down entries of the help button.
-inline constexpr std::array<MenuCommand, 6> HelpCommands{{
+inline constexpr std::array<MenuCommand, 7> HelpCommands{{
     {u"subHelp", QT_TRANSLATE_NOOP("Texts", "Aiuto")},
+    {u"mnuTasti", QT_TRANSLATE_NOOP("Texts", "Tasti e scorciatoie"), u"Ctrl+F1"},
     {u"subSupport", QT_TRANSLATE_NOOP("Texts", "Supporto")},
     {u"cmdAggiornamenti", QT_TRANSLATE_NOOP("Texts", "Aggiornamenti")},
     {u"cmdTour", QT_TRANSLATE_NOOP("Texts", "Tour")},

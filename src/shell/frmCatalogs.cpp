@@ -4,7 +4,6 @@
 #include <QDesktopServices>
 #include <QListWidget>
 #include <QToolBar>
-#include <QToolButton>
 #include <QTreeWidget>
 #include <QUrl>
 
@@ -96,15 +95,12 @@ void frmCatalogs::MakeHelpMenu() {
   mnuHelp_->setObjectName(u"mnuHelp"_qs);
   for (const MenuCommand& command : HelpCommands) {
     const QString key = Text(command.key);
-    QAction* entry = mnuHelp_->addAction(Texts::tr(command.caption), this, [this, key] { Run(key); });
-    entry->setObjectName(key);
+    QAction* entry = AddCommand(*mnuHelp_, command, *this);
+    connect(entry, &QAction::triggered, this, [this, key] { Run(key); });
     entry->setEnabled(handlers_.contains(key));
   }
-  auto* help = qobject_cast<QToolButton*>(ui_->tbr->widgetForAction(toolbar_.back()));
-  help->setMenu(mnuHelp_);
   // The button stays open to its drop-down while its own command is not there.
-  const bool helps = handlers_.contains(u"cmdHelp"_qs);
-  help->setPopupMode(helps ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
+  SetDropDown(*ui_->tbr, *toolbar_.back(), *mnuHelp_, !handlers_.contains(u"cmdHelp"_qs));
   toolbar_.back()->setEnabled(true);
 }
 
@@ -168,9 +164,11 @@ void frmCatalogs::OfferNew() {
   else
     handlers_.erase(u"cmdNew"_qs);
   const QString reason = open ? QString() : NoNewReason(database_->IsLocked());
-  const QString toolTip = Texts::tr(ToolbarCommands.front().toolTip);
   toolbar_.front()->setEnabled(open && ui_->fmListCatalog->isVisibleTo(this));
-  toolbar_.front()->setToolTip(PlainToolTip(open ? toolTip : reason));
+  if (open)
+    SetToolTip(*toolbar_.front(), Texts::tr(ToolbarCommands.front().toolTip));
+  else
+    toolbar_.front()->setToolTip(PlainToolTip(reason));
   ui_->cmdNew->setEnabled(open);
   ui_->cmdNew->setToolTip(PlainToolTip(reason));
   ui_->cmdNew->setAccessibleDescription(reason);
@@ -182,8 +180,7 @@ void frmCatalogs::Localize_Form() {
   ui_->retranslateUi(this);
   ui_->lblDescription->setText(description);
   LocalizeCommands(*ui_->tbr, ToolbarCommands);
-  for (const MenuCommand& command : HelpCommands)
-    mnuHelp_->findChild<QAction*>(Text(command.key))->setText(Texts::tr(command.caption));
+  LocalizeCommands(*mnuHelp_, HelpCommands);
   mnuPlugins_->setTitle(Texts::tr("Plugins"));
   mnuInstallPlugin_->setText(Texts::tr("Installa nuovo plugin"));
   mnuInstallaSkin_->setTitle(Texts::tr("Installa skin per"));

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 
+#include "base/CommandIcon.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "products/Attempt.h"
@@ -91,8 +92,8 @@ void CardCommands::ToggleSearch() {
 void CardCommands::OfferAll(bool offered) {
   offersAll_ = offered;
   cmdSearch_.setText(offered ? Texts::tr("Tutti") : Texts::tr("Cerca"));
-  cmdSearch_.setToolTip(offered ? Texts::tr("Mostra di nuovo tutti i prodotti")
-                                : Texts::tr("Cerca un prodotto"));
+  SetToolTip(cmdSearch_,
+             offered ? Texts::tr("Mostra di nuovo tutti i prodotti") : Texts::tr("Cerca un prodotto"));
 }
 
 void CardCommands::Search(const QString& CondizioneRicerca) {
