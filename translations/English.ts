@@ -1551,6 +1551,146 @@ Replace those values with what is written here?</translation>
         <source>Trova il precedente</source>
         <translation>Find previous</translation>
     </message>
+    <message>
+        <source>Vai alla cella accanto</source>
+        <translation>Go to the next cell in that direction</translation>
+    </message>
+    <message>
+        <source>Vai alla cella seguente o precedente che si può scrivere</source>
+        <translation>Go to the next or previous cell that can be typed into</translation>
+    </message>
+    <message>
+        <source>Vai alla prima o all&apos;ultima cella della riga</source>
+        <translation>Go to the first or last cell of the row</translation>
+    </message>
+    <message>
+        <source>Scorri di una pagina</source>
+        <translation>Scroll by a page</translation>
+    </message>
+    <message>
+        <source>Vai alla prima o all&apos;ultima riga</source>
+        <translation>Go to the first or last row</translation>
+    </message>
+    <message>
+        <source>Seleziona più righe</source>
+        <translation>Select several rows</translation>
+    </message>
+    <message>
+        <source>Seleziona tutte le righe</source>
+        <translation>Select all rows</translation>
+    </message>
+    <message>
+        <source>Modifica la cella; anche scrivendo, al posto di ciò che contiene</source>
+        <translation>Edit the cell; typing does too, over what it holds</translation>
+    </message>
+    <message>
+        <source>Mentre si modifica: conferma la cella e scendi; altrimenti: apri la scheda</source>
+        <translation>While editing: take the cell and go down; otherwise: open the card</translation>
+    </message>
+    <message>
+        <source>Annulla le modifiche della cella, poi quelle della riga</source>
+        <translation>Give up the changes of the cell, then those of the row</translation>
+    </message>
+    <message>
+        <source>Metti o togli il segno di spunta</source>
+        <translation>Set or clear the check mark</translation>
+    </message>
+    <message>
+        <source>Apri l&apos;elenco della cella</source>
+        <translation>Open the cell&apos;s list</translation>
+    </message>
+    <message>
+        <source>Copia le righe selezionate</source>
+        <translation>Copy the selected rows</translation>
+    </message>
+    <message>
+        <source>Incolla un testo nella cella</source>
+        <translation>Paste a text into the cell</translation>
+    </message>
+    <message>
+        <source>Elimina le righe selezionate</source>
+        <translation>Delete the selected rows</translation>
+    </message>
+    <message>
+        <source>Apri il menu delle righe</source>
+        <translation>Open the menu of the rows</translation>
+    </message>
+    <message>
+        <source>Apri il menu della colonna</source>
+        <translation>Open the menu of the column</translation>
+    </message>
+    <message>
+        <source>Apri l&apos;elenco dei valori di un filtro</source>
+        <translation>Open the list of a filter&apos;s values</translation>
+    </message>
+    <message>
+        <source>Durante una ricerca: trova</source>
+        <translation>In a search: find</translation>
+    </message>
+    <message>
+        <source>Chiudi la finestra</source>
+        <translation>Close the window</translation>
+    </message>
+    <message>
+        <source>Modifica la descrizione dell&apos;immagine</source>
+        <translation>Edit the picture&apos;s description</translation>
+    </message>
+    <message>
+        <source>Apri la caratteristica in una finestra più grande</source>
+        <translation>Open the feature in a larger window</translation>
+    </message>
+    <message>
+        <source>Annulla le modifiche della cella e della riga, poi chiudi la finestra</source>
+        <translation>Give up the changes of the cell and the row, then close the window</translation>
+    </message>
+    <message>
+        <source>Scegli un&apos;immagine</source>
+        <translation>Choose a picture</translation>
+    </message>
+    <message>
+        <source>Apri la scheda del prodotto scelto</source>
+        <translation>Open the chosen product&apos;s card</translation>
+    </message>
+    <message>
+        <source>Vai alla pagina precedente o seguente</source>
+        <translation>Go to the previous or next page</translation>
+    </message>
+    <message>
+        <source>Vai alla prima o all&apos;ultima pagina</source>
+        <translation>Go to the first or last page</translation>
+    </message>
+    <message>
+        <source>Finestra dei prodotti</source>
+        <translation>Products window</translation>
+    </message>
+    <message>
+        <source>Scheda del prodotto</source>
+        <translation>Product card</translation>
+    </message>
+    <message>
+        <source>Immagini di un prodotto</source>
+        <translation>Pictures of a product</translation>
+    </message>
+    <message>
+        <source>Righe e celle</source>
+        <translation>Rows and cells</translation>
+    </message>
+    <message>
+        <source>Immagini del catalogo</source>
+        <translation>Pictures of the catalog</translation>
+    </message>
+    <message>
+        <source>Apri il catalogo selezionato, o pubblica con il plug-in selezionato</source>
+        <translation>Open the selected catalog, or publish with the selected plug-in</translation>
+    </message>
+    <message>
+        <source>Cambia il nome del catalogo selezionato</source>
+        <translation>Rename the selected catalog</translation>
+    </message>
+    <message>
+        <source>Finestra dei cataloghi</source>
+        <translation>Catalogs window</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1750,6 +1890,29 @@ Replace those values with what is written here?</translation>
     <message>
         <source>Comandi</source>
         <translation>Commands</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmKeys</name>
+    <message>
+        <source>Tasti e scorciatoie</source>
+        <translation>Keys and shortcuts</translation>
+    </message>
+    <message>
+        <source>Tasti</source>
+        <translation>Keys</translation>
+    </message>
+    <message>
+        <source>Che cosa fanno</source>
+        <translation>What they do</translation>
+    </message>
+    <message>
+        <source>&amp;Copia</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>C&amp;hiudi</source>
+        <translation>C&amp;lose</translation>
     </message>
 </context>
 <context>

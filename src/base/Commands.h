@@ -21,6 +21,12 @@ struct MenuCommand {
   const char16_t* shortcut = u"";
 };
 
+// Keys that are no command's, one or several split at "; ", and what they do.
+struct KeyUse {
+  const char16_t* keys;
+  const char* use;
+};
+
 inline QString Text(const char16_t* text) { return QString::fromUtf16(text); }
 
 }  // namespace vorlina

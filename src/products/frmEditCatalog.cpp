@@ -14,6 +14,7 @@
 #include "products/CellRules.h"
 #include "products/GridCommands.h"
 #include "products/GridRefusals.h"
+#include "products/ProductKeys.h"
 #include "products/WidgetColumnMenu.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/CardCommands.h"
@@ -25,6 +26,7 @@
 #include "products/commands/ShowPictures.h"
 #include "store/GetValue.h"
 #include "support/Language.h"
+#include "support/frmKeys.h"
 #include "ui_frmEditCatalog.h"
 
 namespace vorlina {
@@ -100,6 +102,8 @@ void frmEditCatalog::MakeMenus() {
   for (const MenuCommand& command : GridHelpMenu) AddCommand(*mnuAiuto, command, *this);
   connect(mnuAiuto->findChild<QAction*>(u"subHelp"_qs), &QAction::triggered, this,
           [this] { Q_EMIT HelpWanted(HelpTopic); });
+  connect(mnuAiuto->findChild<QAction*>(u"mnuTasti"_qs), &QAction::triggered, this,
+          [this] { frmKeys::Open(*this, ProductKeys()); });
   mnuColonna = new WidgetColumnMenu(*grdProducts);
   mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
 }

@@ -12,6 +12,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/ImagePipeline.h"
+#include "products/ImagesToolbar.h"
 #include "products/ProductImages.h"
 #include "store/Connection.h"
 #include "store/GetValue.h"
@@ -24,17 +25,6 @@ namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(products, "vorlina.products", QtInfoMsg)
-
-constexpr ToolbarCommand Commands[] = {
-    {u"cmdAdd", QT_TRANSLATE_NOOP("Texts", " Aggiungi"), QT_TRANSLATE_NOOP("Texts", "Aggiungi un' immagine"),
-     u"add", u"Ctrl+N"},
-    {u"cmdDelete", QT_TRANSLATE_NOOP("Texts", "  Elimina"),
-     QT_TRANSLATE_NOOP("Texts", "Elimina l'immagine selezionata"), u"delete", u""},
-    {u"cmdChange", QT_TRANSLATE_NOOP("Texts", " Cambia"),
-     QT_TRANSLATE_NOOP("Texts", "Cambia l'immagine selezionata"), u"change", u"Ctrl+M"},
-    {u"cmdClear", QT_TRANSLATE_NOOP("Texts", "  Svuota"),
-     QT_TRANSLATE_NOOP("Texts", "Svuota l'elenco delle immagini"), u"clear", u""},
-};
 
 const QString MainKey = QStringLiteral("Main");
 
@@ -71,14 +61,14 @@ frmImages::~frmImages() = default;
 void frmImages::MakeToolbar() {
   void (frmImages::*const commands[])() = {&frmImages::Add, &frmImages::Delete, &frmImages::Change,
                                            &frmImages::Clear};
-  for (std::size_t i = 0; i < std::size(Commands); ++i)
-    connect(AddCommand(*ui_->tbr, Commands[i]), &QAction::triggered, this,
+  for (std::size_t i = 0; i < ImagesToolbar.size(); ++i)
+    connect(AddCommand(*ui_->tbr, ImagesToolbar[i]), &QAction::triggered, this,
             [this, command = commands[i]] { Run([&] { (this->*command)(); }); });
 }
 
 void frmImages::Localize_Form() {
   ui_->retranslateUi(this);
-  LocalizeCommands(*this, Commands);
+  LocalizeCommands(*this, ImagesToolbar);
 }
 
 void frmImages::LoadForm() {

@@ -39,4 +39,12 @@ inline constexpr std::array<MenuCommand, 7> HelpCommands{{
     {u"subAbout", QT_TRANSLATE_NOOP("Texts", "Informazioni su...")},
 }};
 
+// The keys in the list of catalogs, and in that of the plug-ins.
+inline constexpr std::array<KeyUse, 3> CatalogListKeys{{
+    {u"Return",
+     QT_TRANSLATE_NOOP("Texts", "Apri il catalogo selezionato, o pubblica con il plug-in selezionato")},
+    {u"F2", QT_TRANSLATE_NOOP("Texts", "Cambia il nome del catalogo selezionato")},
+    {u"Del", QT_TRANSLATE_NOOP("Texts", "Elimina il catalogo selezionato")},
+}};
+
 }  // namespace vorlina

@@ -17,6 +17,7 @@
 #include "base/WaitCursor.h"
 #include "catalogs/CatalogNames.h"
 #include "catalogs/frmNewCatalog.h"
+#include "products/ProductKeys.h"
 #include "products/frmEditCatalog.h"
 #include "shell/CatalogCommands.h"
 #include "shell/CatalogList.h"
@@ -24,6 +25,7 @@
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
 #include "support/Language.h"
+#include "support/frmKeys.h"
 #include "ui_frmCatalogs.h"
 
 namespace vorlina {
@@ -53,6 +55,7 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"cmdDuplica"_qs, [this] { CloneSelected(*catalogs_, cnnCatalog, *this); }},
       {u"cmdPublish"_qs, [this] { pane_->Press(); }},
       {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
+      {u"mnuTasti"_qs, [this] { ShowKeys(); }},
       {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
   MakeToolbar();
@@ -319,6 +322,16 @@ void frmCatalogs::ShowPublishPane(bool show) {
   }
   QWidget* focus = show ? static_cast<QWidget*>(ui_->lstPlugIns) : ui_->LstWCatalogs;
   focus->setFocus();
+}
+
+void frmCatalogs::ShowKeys() {
+  KeyGroup own{Texts::tr("Finestra dei cataloghi"), {}};
+  own.Add(ToolbarCommands);
+  own.Add(HelpCommands);
+  own.Add(CatalogListKeys);
+  std::vector<KeyGroup> groups = ProductKeys();
+  groups.insert(groups.begin(), own);
+  frmKeys::Open(*this, std::move(groups));
 }
 
 void frmCatalogs::InstallSkinFor(const QString& identifier) {

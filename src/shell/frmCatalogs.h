@@ -83,6 +83,7 @@ class frmCatalogs : public QMainWindow {
   void ComeToFront();
   void ShowNewest();
   void ShowPublishPane(bool show);
+  void ShowKeys();
   void InstallSkinFor(const QString& identifier);
   void PopUpPlugins();
 

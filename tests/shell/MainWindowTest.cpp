@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -15,9 +17,11 @@
 #include "base/Settings.h"
 #include "catalogs/frmNewCatalog.h"
 #include "products/frmEditCatalog.h"
+#include "products/frmImages.h"
 #include "shell/frmCatalogs.h"
 #include "support/ScriptedDialogs.h"
 #include "support/StoreFixture.h"
+#include "support/frmKeys.h"
 
 using namespace vorlina;
 
@@ -258,6 +262,41 @@ TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
   }
   EXPECT_EQ(Catalogs()->currentItem()->text(), u"menu"_qs);
   EXPECT_EQ(Catalogs()->count(), 5);
+}
+
+// In the windows as they stand, whatever command is added to them.
+TEST_F(MainWindow, TheOverviewOfKeysHasEveryShortcut) {
+  Open();
+  Press(u"cmdEdit"_qs);
+  frmEditCatalog* grid = window_->findChild<frmEditCatalog*>();
+  grid->findChild<QAction*>(u"cmdNew"_qs)->trigger();
+  frmImages images;
+  EXPECT_TRUE(QTest::qWaitForWindowActive(grid->findChild<QWidget*>(u"frmProduct"_qs)));
+  grid->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(grid));
+  QTest::keyClick(grid->windowHandle(), Qt::Key_F1, Qt::ControlModifier);
+  for (int press = 0; press < 2; ++press) {
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(window_->windowHandle(), Qt::Key_F1, Qt::ControlModifier);
+  }
+  const QList<frmKeys*> overviews = window_->findChildren<frmKeys*>();
+  ASSERT_EQ(overviews.size(), 2) << "one for each window";
+  QTest::keyClick(overviews[0]->findChild<QWidget*>(u"lstKeys"_qs), Qt::Key_C, Qt::ControlModifier);
+  const QString all = QApplication::clipboard()->text();
+  int shortcuts = 0;
+  for (const QWidget* window : {static_cast<QWidget*>(window_.get()), static_cast<QWidget*>(&images)})
+    for (const QAction* action : window->findChildren<QAction*>())
+      for (const QKeySequence& keys : action->shortcuts()) {
+        const QString shown = QRegularExpression::escape(keys.toString(QKeySequence::NativeText));
+        EXPECT_TRUE(all.contains(QRegularExpression(u"(^|\\n|, )%1(,|\\t)"_qs.arg(shown))))
+            << action->objectName() << ' ' << shown;
+        ++shortcuts;
+      }
+  EXPECT_GT(shortcuts, 25);
+  QTest::keyClick(overviews[0]->findChild<QWidget*>(u"lstKeys"_qs), Qt::Key_Escape);
+  Settle();
+  EXPECT_EQ(window_->findChildren<frmKeys*>().size(), 1);
 }
 
 TEST_F(MainWindow, ClosingTakesTheGridWindowsAlongAndTellsTheProgram) {
