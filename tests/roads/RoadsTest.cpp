@@ -1,0 +1,212 @@
+// The roads of daily work from end to end, in each language: a catalog is begun, filled and published,
+// through the windows alone, by the keyboard.
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include "base/Settings.h"
+#include "catalogs/frmNewCatalog.h"
+#include "images/PictureFolder.h"
+#include "products/WidgetProductGrid.h"
+#include "products/frmEditCatalog.h"
+#include "products/frmImages.h"
+#include "products/frmProduct.h"
+#include "shell/frmCatalogs.h"
+#include "support/CatalogFixture.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestJpeg.h"
+
+using namespace vorlina;
+
+namespace {
+
+// What the boxes say, and how the site does.
+struct Words {
+  QString newValue;
+  QString description;
+  QString ready;
+  QString siteButton;
+  QByteArray site;
+};
+
+const Words ItalianWords{u"Inserire il nuovo valore in tabella ?: Rosso"_qs, u"Descrizione immagine"_qs,
+                         u"Il sito è pronto: %1 pagine."_qs, u"optItalian"_qs, "<html lang=\"it\">"};
+const Words EnglishWords{u"Do you want to insert a new item in the table?: Rosso"_qs, u"Image description"_qs,
+                         u"The site is ready: %1 pages."_qs, u"optEnglish"_qs, "<html lang=\"en\">"};
+
+class Roads : public CatalogFixture, public testing::WithParamInterface<QString> {
+ protected:
+  Roads() : words_(GetParam() == u"Italian" ? ItalianWords : EnglishWords) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    SetLanguage(GetParam());
+    SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs);
+    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"VLHTML.HTML"_qs);
+    EXPECT_TRUE(QFile::link(QStringLiteral(PUBWIZ), AppFile(u"PubWiz"_qs)));
+    main_.LoadForm();
+    main_.show();
+    main_.activateWindow();
+  }
+  ~Roads() override { UnexpectedModalGuard::allowed.clear(); }
+
+  // The window of that kind, once it is the one that is worked.
+  template <class Window>
+  Window* Come() const {
+    const auto window = [] { return qobject_cast<Window*>(QApplication::activeWindow()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window() != nullptr; })) << Window::staticMetaObject.className();
+    return window();
+  }
+  template <class Window>
+  void GoTo() const {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (qobject_cast<Window*>(window) != nullptr && window->isVisible()) window->activateWindow();
+    Come<Window>();
+  }
+  // To whatever has the focus.
+  static void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::activeWindow()->windowHandle(), Qt::Key(key), modifiers);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  static void Type(const QString& text) {
+    for (const QChar letter : text)
+      QTest::keyClick(QApplication::activeWindow()->windowHandle(), letter.toLatin1());
+  }
+  QString Photo(const QString& name, unsigned seed) {
+    WriteFileSafely(Outside(name), MakeJpeg(MakePhoto({400, 300}, seed)));
+    return Outside(name);
+  }
+  WidgetProductGrid& Grid() const { return *main_.findChild<WidgetProductGrid*>(u"grdProducts"_qs); }
+
+  void BeginCatalog();
+  void AddProduct();
+  void AddPictures();
+  void SetOrder();
+  void Publish(const QString& folder, int pages, const std::function<void()>& command);
+
+  const Words& words_;
+  ScriptedDialogs dialogs_;
+  frmCatalogs main_;
+};
+
+// Four steps of the wizard, which ends in the catalog's grid.
+void Roads::BeginCatalog() {
+  Come<frmCatalogs>();
+  Key(Qt::Key_N, Qt::ControlModifier);
+  Come<frmNewCatalog>();
+  for (const QString& text : {u"Ceramiche"_qs, u"Colore"_qs, u"Bottega"_qs, QString()}) {
+    Type(text);
+    Key(Qt::Key_Return);
+  }
+  EXPECT_EQ(Come<frmEditCatalog>()->windowTitle(), u"Ceramiche"_qs);
+}
+
+void Roads::AddProduct() {
+  Key(Qt::Key_N, Qt::ControlModifier);
+  const auto* card = Come<frmProduct>();
+  card->findChild<QWidget*>(u"txtDescription"_qs)->setFocus();
+  Type(u"Vaso alto"_qs);
+  card->findChild<QWidget*>(u"cmbFilter_1"_qs)->setFocus();
+  Type(u"Rosso"_qs);
+  dialogs_.ExpectQuestion(words_.newValue, true);
+  Key(Qt::Key_Tab);
+  Key(Qt::Key_S, Qt::ControlModifier);
+}
+
+// The main picture, and another one in the list beside its preview.
+void Roads::AddPictures() {
+  dialogs_.ExpectFile(Photo(u"vaso.jpg"_qs, 1));
+  Key(Qt::Key_I, Qt::ControlModifier);
+  GoTo<frmImages>();
+  dialogs_.ExpectFiles({Photo(u"lato.jpg"_qs, 2)});
+  dialogs_.ExpectInput(words_.description, u"Dal lato"_qs);
+  Key(Qt::Key_N, Qt::ControlModifier);
+  Key(Qt::Key_Escape);
+  GoTo<frmProduct>();
+  Key(Qt::Key_Escape);
+  Come<frmEditCatalog>();
+}
+
+// A product that is typed into the grid goes before the first one.
+void Roads::SetOrder() {
+  EXPECT_TRUE(Grid().GoTo(Grid().Rows().RecordCount(), u"Codice"_qs));
+  Type(u"Z"_qs);
+  Key(Qt::Key_Tab);
+  Type(u"Piatto"_qs);
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Down);
+  for (int row = 1; row < Grid().Rows().RecordCount(); ++row)
+    Key(Qt::Key_PageUp, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+// Works the boxes of the plug-in, which asks for the catalog's language the first time.
+void Roads::Publish(const QString& folder, int pages, const std::function<void()>& command) {
+  QDir().mkpath(Outside(folder));
+  UnexpectedModalGuard::allowed =
+      QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs, u"dlgSiteLanguage"_qs};
+  QString told;
+  QTimer hands;
+  QObject::connect(&hands, &QTimer::timeout, &hands, [&] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
+      chooser->findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(Outside(folder));
+      chooser->findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open)->click();
+    } else if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+      told = box->text();
+      box->escapeButton()->click();
+    } else if (modal != nullptr && modal->objectName() == u"dlgSiteLanguage") {
+      modal->findChild<QRadioButton*>(words_.siteButton)->click();
+      modal->findChild<QPushButton*>(u"cmdContinue"_qs)->click();
+    }
+  });
+  hands.start(5);
+  command();
+  EXPECT_EQ(told, words_.ready.arg(pages));
+}
+
+}  // namespace
+
+TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
+  BeginCatalog();
+  AddProduct();
+  AddPictures();
+  SetOrder();
+  EXPECT_EQ(Orders(1), u"Z1 12"_qs);
+  EXPECT_EQ(One(u"json_array(Descrizione,Valore,Immagine,Width,Height)"_qs, u"Prodotti,Filtri"_qs,
+                u"IDFiltro1=IDValore AND CodiceProdotto='1'"_qs),
+            u"[\"Vaso alto\",\"Rosso\",\"%1\",400,300]"_qs.arg(MainImagePath(1, u"1"_qs)));
+  EXPECT_EQ(One(u"Descrizione||CodiceProdotto"_qs, u"Immagini"_qs), u"Dal lato1"_qs);
+  EXPECT_EQ(Findings().join(u' '), QString());
+
+  Publish(u"by grid"_qs, 5, [] {
+    Key(Qt::Key_P, Qt::ControlModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+  });
+  GoTo<frmEditCatalog>();
+  QApplication::activeWindow()->close();
+  GoTo<frmCatalogs>();
+  Publish(u"by list"_qs, 5, [] {
+    Key(Qt::Key_P, Qt::ControlModifier);
+    Key(Qt::Key_Return);
+  });
+  const auto site = FilesIn(Outside(u"by list"_qs));
+  EXPECT_EQ(Differences(FilesIn(Outside(u"by grid"_qs)), site).join(u' '), QString());
+  const QByteArray product = site.at(u"p-1.html"_qs);
+  for (const QByteArray& part : {words_.site, QByteArray("Vaso alto"), QByteArray("Rosso"),
+                                 QByteArray("Dal lato"), QByteArray("images/p-1_2.jpg")})
+    EXPECT_TRUE(product.contains(part)) << part.toStdString();
+  const QByteArray& list = site.at(u"products.html"_qs);
+  EXPECT_LT(list.indexOf("Piatto"), list.indexOf("Vaso alto"));
+  EXPECT_TRUE(site.count(u"images/p-1.jpg"_qs) && list.contains("images/t-p-1.jpg"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Roads, testing::Values(u"Italian"_qs, u"English"_qs),
+                         [](const auto& language) { return language.param.toStdString(); });
