@@ -48,8 +48,12 @@ void SetDropDown(QToolBar& bar, QAction& action, QMenu& menu, bool alone) {
   button->setMenu(&menu);
   button->setPopupMode(alone ? QToolButton::InstantPopup : QToolButton::MenuButtonPopup);
   if (alone)
-    QObject::connect(&action, &QAction::triggered, &menu,
-                     [button, &menu] { menu.popup(button->mapToGlobal(QPoint(0, button->height()))); });
+    QObject::connect(&action, &QAction::triggered, &menu, [button, &menu] {
+      menu.popup(button->mapToGlobal(QPoint(0, button->height())));
+      // Who opens it by a key goes on by keys.
+      for (QAction* entry : menu.actions())
+        if (entry->isEnabled()) return menu.setActiveAction(entry);
+    });
 }
 
 void LocalizeCommands(const QWidget& window, std::span<const ToolbarCommand> commands) {

@@ -281,7 +281,7 @@ TEST_F(CardWindow, ANewProductHasAFreeCodeAndIsDeleted) {
   Open();
   Push(*window_, u"cmdNew"_qs);
   EXPECT_EQ(Text(u"txtCode"_qs), u"4");
-  EXPECT_EQ(Card()->findChild<QAction*>(u"cmdNew"_qs)->toolTip(), u"New product");
+  EXPECT_EQ(Card()->findChild<QAction*>(u"cmdNew"_qs)->toolTip(), u"New product (Ctrl+N)");
   dialogs_.ExpectMessage(u"The product has not been saved yet: there is nothing to delete."_qs,
                          BoxStyle::Information);
   Push(u"cmdDelete"_qs);

@@ -2,6 +2,7 @@
 
 #include "GridWindowFixture.h"
 #include "base/Settings.h"
+#include "base/WidgetInputHold.h"
 #include "shell/frmCatalogs.h"
 
 using namespace vorlina;
@@ -48,6 +49,31 @@ TEST_F(GridWindowTest, TheRowInEditIsWrittenBeforeTheCatalogIsPublished) {
   dialogs_.ExpectMessage(FailureOf([] { CreatePlugin(u"Test.None"_qs); }), BoxStyle::Stop);
   Find<QAction>(u"Test.None"_qs)->trigger();
   EXPECT_EQ(Stored(u"a"_qs, Description), u"typed"_qs);
+}
+
+// What the user does while a plug-in works goes to its boxes alone.
+TEST_F(GridWindowTest, ItTakesNothingWhileItIsHeld) {
+  AddProducts({u"a"_qs});
+  Open();
+  grid_->GoTo(0, Description);
+  auto hold = std::make_unique<WidgetInputHold>(*window_);
+  QDialog box(window_);
+  const auto work = [&]() -> QString {
+    Key(Qt::Key_F2);
+    const bool typed = Editor() != nullptr;
+    Key(Qt::Key_F1, Qt::ControlModifier);
+    return QString::number(typed) + QString::number(window_->findChild<QDialog*>(u"frmKeys"_qs) != nullptr);
+  };
+  EXPECT_EQ(work(), u"00");
+  EXPECT_FALSE(Close());
+  box.show();
+  box.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+  QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
+  EXPECT_FALSE(box.isVisible());
+  hold.reset();
+  Activate(0);
+  EXPECT_EQ(work(), u"11");
 }
 
 TEST_F(GridWindowTest, ALockThatStaysIsToldAndTheRowStaysInEdit) {

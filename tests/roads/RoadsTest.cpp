@@ -187,7 +187,6 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
     Key(Qt::Key_P, Qt::ControlModifier);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
-    QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Return);
   });
   GoTo<frmEditCatalog>();

@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 
+#include "base/WidgetInputHold.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/GridContext.h"
 #include "publish/PluginHost.h"
@@ -11,6 +12,8 @@ namespace vorlina {
 void PublishWith(GridContext& context, const QString& identifier) {
   if (context.busy || !context.grid.LeaveRow()) return;
   const QScopedValueRollback<bool> busy(context.busy, true);
+  // What is typed while the plug-in works would go into its transaction.
+  const WidgetInputHold hold(context.owner);
   const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
   PublishCatalog(*plugin, *context.connection, context.IDCatalogo);
 }
