@@ -256,10 +256,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>Imported %1 products</translation>
     </message>
     <message>
-        <source>Non importato: %1 (non è un file, o il nome non è leggibile)</source>
-        <translation>Not imported: %1 (it is no file, or its name cannot be read)</translation>
-    </message>
-    <message>
         <source>Nessuna immagine &apos;jpg&apos; nella cartella selezionata</source>
         <translation>No&apos;jpg&apos; images in the selected folder</translation>
     </message>
@@ -1691,6 +1687,82 @@ Replace those values with what is written here?</translation>
         <source>Finestra dei cataloghi</source>
         <translation>Catalogs window</translation>
     </message>
+    <message>
+        <source>Non importato: %1 (%2)</source>
+        <translation>Not imported: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Togliere il file dalla cartella, oppure salvarlo di nuovo come immagine JPEG.</source>
+        <translation>Take the file out of the folder, or save it anew as a JPEG picture.</translation>
+    </message>
+    <message>
+        <source>L&apos;importazione si è fermata al file %1.</source>
+        <translation>The import stopped at the file %1.</translation>
+    </message>
+    <message>
+        <source>Prima di importare il resto spostare altrove le immagini già importate, cioè quelle che vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.</source>
+        <translation>Before importing the rest, move the pictures that were imported, which are those before it by name, to another place: they would become products a second time.</translation>
+    </message>
+    <message>
+        <source>In un&apos;altra finestra è in corso un&apos;importazione.</source>
+        <translation>An import is going on in another window.</translation>
+    </message>
+    <message>
+        <source>Nessun prodotto importato</source>
+        <translation>No product imported</translation>
+    </message>
+    <message>
+        <source>Importazione annullata. </source>
+        <translation>Import cancelled. </translation>
+    </message>
+    <message>
+        <source>Importazione interrotta. </source>
+        <translation>Import stopped. </translation>
+    </message>
+    <message>
+        <source>il nome non finisce in .jpg: per importare il file va rinominato</source>
+        <translation>the name does not end in .jpg: rename the file to import it</translation>
+    </message>
+    <message>
+        <source>non è un&apos;immagine &apos;jpg&apos;</source>
+        <translation>it is no &apos;jpg&apos; image</translation>
+    </message>
+    <message>
+        <source>il nome contiene caratteri illeggibili: per importare il file va rinominato</source>
+        <translation>the name has characters that cannot be read: rename the file to import it</translation>
+    </message>
+    <message>
+        <source>è un collegamento che non porta a nessun file</source>
+        <translation>it is a link that leads to no file</translation>
+    </message>
+    <message>
+        <source>%1 su %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>1 file &amp;escluso...</source>
+        <translation>1 file l&amp;eft out...</translation>
+    </message>
+    <message>
+        <source>%1 file &amp;esclusi...</source>
+        <translation>%1 files l&amp;eft out...</translation>
+    </message>
+    <message>
+        <source>Annullamento...</source>
+        <translation>Cancelling...</translation>
+    </message>
+    <message>
+        <source>Importazione</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Immagini importate</source>
+        <translation>Imported pictures</translation>
+    </message>
+    <message>
+        <source>%1 di %2</source>
+        <translation>%1 of %2</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1905,6 +1977,29 @@ Replace those values with what is written here?</translation>
     <message>
         <source>Che cosa fanno</source>
         <translation>What they do</translation>
+    </message>
+    <message>
+        <source>&amp;Copia</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>C&amp;hiudi</source>
+        <translation>C&amp;lose</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmLeftOut</name>
+    <message>
+        <source>File non importati</source>
+        <translation>Files that were not imported</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Reason</translation>
     </message>
     <message>
         <source>&amp;Copia</source>

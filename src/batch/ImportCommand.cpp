@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonObject>
 
 #include "base/Texts.h"
 #include "batch/Commands.h"
@@ -9,15 +10,16 @@
 namespace vorlina {
 namespace {
 
-QString ImportedText(int imported) {
-  return imported == 1 ? Texts::tr("Importato 1 prodotto") : Texts::tr("Importati %1 prodotti").arg(imported);
+QStringList PassedOverLines(const std::vector<LeftOutFile>& files) {
+  QStringList lines;
+  for (const auto& [name, reason] : files) lines += Texts::tr("Non importato: %1 (%2)").arg(name, reason);
+  return lines;
 }
 
-QStringList PassedOverLines(const QStringList& names) {
-  QStringList lines;
-  for (const QString& name : names)
-    lines += Texts::tr("Non importato: %1 (non è un file, o il nome non è leggibile)").arg(name);
-  return lines;
+QJsonArray PassedOverList(const std::vector<LeftOutFile>& files) {
+  QJsonArray list;
+  for (const auto& [name, reason] : files) list += QJsonObject{{u"name"_qs, name}, {u"reason"_qs, reason}};
+  return list;
 }
 
 }  // namespace
@@ -37,12 +39,13 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
     }
   }
   outcome.ok = outcome.error.isEmpty();
-  outcome.text = (PassedOverLines(import.PassedOver()) << ImportedText(import.Imported())).join(u'\n');
+  outcome.text =
+      (PassedOverLines(import.PassedOver()) << ImportedText(import.Imported(), import.Count())).join(u'\n');
   outcome.json = {{u"catalog"_qs, arguments.catalog},
                   {u"source"_qs, QDir::toNativeSeparators(folder)},
                   {u"pictures"_qs, import.Count()},
                   {u"imported"_qs, import.Imported()},
-                  {u"passedOver"_qs, QJsonArray::fromStringList(import.PassedOver())}};
+                  {u"passedOver"_qs, PassedOverList(import.PassedOver())}};
   return outcome;
 }
 

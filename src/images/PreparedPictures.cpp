@@ -1,6 +1,7 @@
 #include "images/PreparedPictures.h"
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
 
 #include "base/Error.h"
@@ -14,6 +15,10 @@ constexpr qint64 MemoryBudget = 96LL * 1024 * 1024;
 
 // More would wait for the disk, and each takes memory.
 constexpr int MostThreads = 4;
+
+// Between two turns at what is done while a picture is waited for: short enough for a window to follow the
+// hand.
+constexpr std::chrono::milliseconds Turn{10};
 
 }  // namespace
 
@@ -44,10 +49,28 @@ PreparedPictures::~PreparedPictures() {
   for (std::thread& worker : workers_) worker.join();
 }
 
-PreparedPicture PreparedPictures::Next() {
+void PreparedPictures::GiveUp(const Meanwhile& meanwhile) {
   std::unique_lock lock(mutex_);
-  const auto isReady = [this] { return ready_.count(taken_) > 0; };
-  changed_.wait(lock, isReady);
+  stopping_ = true;
+  changed_.notify_all();
+  WaitFor(
+      lock, [this] { return working_ == 0; }, meanwhile);
+}
+
+void PreparedPictures::WaitFor(std::unique_lock<std::mutex>& lock, const std::function<bool()>& done,
+                               const Meanwhile& meanwhile) {
+  if (!meanwhile) return changed_.wait(lock, done);
+  while (!changed_.wait_for(lock, Turn, done)) {
+    lock.unlock();
+    meanwhile();
+    lock.lock();
+  }
+}
+
+PreparedPicture PreparedPictures::Next(const Meanwhile& meanwhile) {
+  std::unique_lock lock(mutex_);
+  WaitFor(
+      lock, [this] { return ready_.count(taken_) > 0; }, meanwhile);
   Outcome outcome = std::move(ready_.extract(taken_).mapped());
   ++taken_;
   lock.unlock();
@@ -62,9 +85,11 @@ void PreparedPictures::Work() {
     changed_.wait(lock, [this] { return stopping_ || begun_ < taken_ + ahead_; });
     if (stopping_ || begun_ == std::size_t(files_.size())) return;
     const std::size_t number = begun_++;
+    ++working_;
     lock.unlock();
     Outcome outcome = Prepare(files_[qsizetype(number)]);
     lock.lock();
+    --working_;
     ready_.emplace(number, std::move(outcome));
     changed_.notify_all();
   }

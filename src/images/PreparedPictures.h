@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <condition_variable>
 #include <exception>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -28,7 +29,11 @@ class PreparedPictures {
 
   // The next file's picture; waits for it. Throws what preparing it threw: Error for a file that cannot be
   // read or is no whole JPEG picture. To be called once per file.
-  PreparedPicture Next();
+  // What is given to do meanwhile is done again and again as long as it waits, every few milliseconds.
+  using Meanwhile = std::function<void()>;
+  PreparedPicture Next(const Meanwhile& meanwhile = {});
+  // Ends before the last file: nothing more is begun, and what is being prepared is waited for.
+  void GiveUp(const Meanwhile& meanwhile);
 
  private:
   struct Outcome {
@@ -36,6 +41,8 @@ class PreparedPictures {
     std::exception_ptr failure;
   };
 
+  void WaitFor(std::unique_lock<std::mutex>& lock, const std::function<bool()>& done,
+               const Meanwhile& meanwhile);
   void Work();
   Outcome Prepare(const QString& file);
   PreparedPicture WithinBudget(const QString& file, const QByteArray& jpeg);
@@ -55,6 +62,7 @@ class PreparedPictures {
   std::size_t taken_ = 0;  // files that Next has given
   std::map<std::size_t, Outcome> ready_;
   qint64 reserved_ = 0;
+  std::size_t working_ = 0;  // files that are being prepared
   bool stopping_ = false;
   std::vector<std::thread> workers_;
 };

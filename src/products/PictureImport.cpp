@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QLoggingCategory>
 #include <QSet>
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -27,23 +29,36 @@ void NoteLast(const QString& source) {
   }
 }
 
-// The pictures of the folder that are not among the files: links that lead nowhere, devices, and names that
-// are no text. Hidden files and folders are none.
-QStringList PassedOverIn(const QString& folder, const QStringList& files) {
+bool EndsIn(const QString& name, const QString& ending) { return name.endsWith(ending, Qt::CaseInsensitive); }
+
+QString ReasonOf(const std::filesystem::directory_entry& entry, const QString& name) {
+  if (EndsIn(name, u".jpeg"_qs))
+    return Texts::tr("il nome non finisce in .jpg: per importare il file va rinominato");
+  if (!EndsIn(name, u".jpg"_qs)) return Texts::tr("non è un'immagine 'jpg'");
+  if (QFile::encodeName(name) != QByteArray::fromStdString(entry.path().filename().string()))
+    return Texts::tr("il nome contiene caratteri illeggibili: per importare il file va rinominato");
+  std::error_code unknown;
+  if (entry.is_symlink(unknown) && !entry.exists(unknown))
+    return Texts::tr("è un collegamento che non porta a nessun file");
+  return Texts::tr("non è un file");
+}
+
+// What of the folder is not among the files.
+std::vector<LeftOutFile> PassedOverIn(const QString& folder, const QStringList& files) {
   const QSet<QString> known(files.begin(), files.end());
-  QStringList names;
+  std::vector<LeftOutFile> leftOut;
   std::error_code failure;
   for (std::filesystem::directory_iterator entry(QFileInfo(folder).filesystemFilePath(), failure), end;
        !failure && entry != end; entry.increment(failure)) {
     const QString name = QFileInfo(entry->path()).fileName();
     std::error_code unknown;
-    if (!name.endsWith(u".jpg"_qs, Qt::CaseInsensitive) || name.startsWith(u'.') || known.contains(name) ||
-        entry->is_directory(unknown))
-      continue;
-    names += name;
+    if (!name.startsWith(u'.') && !known.contains(name) && !entry->is_directory(unknown))
+      leftOut.push_back({name, ReasonOf(*entry, name)});
   }
-  names.sort();
-  return names;
+  std::sort(leftOut.begin(), leftOut.end(), [](const LeftOutFile& a, const LeftOutFile& b) {
+    return QString::compare(a.name, b.name, Qt::CaseInsensitive) < 0;
+  });
+  return leftOut;
 }
 
 }  // namespace
@@ -60,22 +75,48 @@ PictureImport::PictureImport(QString folder, int IDCatalogo, Connection& connect
   passedOver_ = PassedOverIn(folder_, files_);
 }
 
-bool PictureImport::Run(const Progress& progress) {
+// What is being prepared when it ends early is given up before the end is told: joining the threads would
+// have whoever looks wait for them.
+bool PictureImport::Run(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile) {
   QStringList paths;
   for (const QString& file : files_) paths += QDir(folder_).filePath(file);
   PreparedPictures pictures(paths, PictureLimit(), ReadPictureSettings());
-  for (const QString& path : paths) {
-    if (progress && !progress(imported_, Count(), QFileInfo(path).fileName())) return false;
-    ImportNext(QDir::toNativeSeparators(path), pictures);
+  bool whole = false;
+  std::exception_ptr failure;
+  try {
+    whole = ImportAll(progress, meanwhile, pictures);
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  pictures.GiveUp(meanwhile);
+  if (failure) std::rethrow_exception(failure);
+  return whole;
+}
+
+bool PictureImport::ImportAll(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile,
+                              PreparedPictures& pictures) {
+  for (const QString& file : files_) {
+    if (progress && !progress(imported_, Count(), file)) return false;
+    failed_ = file;
+    // It is waited for before the transaction, which keeps other programs from giving away the code.
+    const PreparedPicture picture = NextPicture(pictures, meanwhile);
+    Store(QDir::toNativeSeparators(QDir(folder_).filePath(file)), picture);
+    failed_.clear();
     ++imported_;
   }
   if (progress) progress(imported_, Count(), QString());
   return true;
 }
 
-void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures) {
-  // It is waited for before the transaction, which keeps other programs from giving away the code.
-  const PreparedPicture picture = pictures.Next();
+PreparedPicture PictureImport::NextPicture(PreparedPictures& pictures,
+                                           const PreparedPictures::Meanwhile& meanwhile) {
+  isFileToBlame_ = true;
+  PreparedPicture picture = pictures.Next(meanwhile);
+  isFileToBlame_ = false;
+  return picture;
+}
+
+void PictureImport::Store(const QString& source, const PreparedPicture& picture) {
   const QString name = QFileInfo(source).fileName();
   QString code;
   bool ending = false;
@@ -90,11 +131,19 @@ void PictureImport::ImportNext(const QString& source, PreparedPictures& pictures
     ending = true;
     transaction.Commit();
     pictureFiles.RequireReplaced();
+    lastPicture_ = MainImagePath(IDCatalogo_, code);
   } catch (...) {
     // A disk that fails at the very end has the product reported as failed, although it is there.
     if (ending && QFile::exists(MainImagePath(IDCatalogo_, code))) ++imported_;
     throw;
   }
+}
+
+QString ImportedText(int imported, int of) {
+  const QLocale locale;
+  const QString text = imported == 1 ? Texts::tr("Importato 1 prodotto")
+                                     : Texts::tr("Importati %1 prodotti").arg(locale.toString(imported));
+  return imported == of ? text : Texts::tr("%1 su %2").arg(text, locale.toString(of));
 }
 
 }  // namespace vorlina

@@ -3,12 +3,19 @@
 
 #include <QString>
 #include <QStringList>
+#include <vector>
 
 #include "base/Progress.h"
 #include "images/PreparedPictures.h"
 #include "products/ProductStore.h"
 
 namespace vorlina {
+
+// A file of the folder that is not imported, and why.
+struct LeftOutFile {
+  QString name;  // with a sign for what cannot be read
+  QString reason;
+};
 
 class PictureImport {
  public:
@@ -20,27 +27,42 @@ class PictureImport {
   // How many products were made so far.
   int Imported() const { return imported_; }
 
-  // The names of the folder's pictures that cannot be imported, because they are links that lead nowhere,
-  // devices, or have a name that is no text; that is shown with a sign for what cannot be read.
-  const QStringList& PassedOver() const { return passedOver_; }
+  // The folder's files that are not imported, by name: those of another ending, links that lead nowhere,
+  // devices, and those whose name is no text. Hidden files and folders are none.
+  const std::vector<LeftOutFile>& PassedOver() const { return passedOver_; }
 
   // Imports them. progress is told before each file how many are done, and after the last; false from it
   // stops at the top of a pass, and the products made so far stay. False when stopped. Throws Error for the
   // first picture that cannot be read, is damaged or cannot be written: nothing of it stays, what came before
   // does, and nothing more is imported. A kill leaves at most one picture in "Images" without its row. To be
-  // called once.
-  bool Run(const Progress& progress);
+  // called once. Meanwhile is what PreparedPictures does while it waits: no transaction is open then.
+  bool Run(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile = {});
+
+  // The main picture of the product that was made last; empty before the first one.
+  const QString& LastPicture() const { return lastPicture_; }
+  // The name of the file at which Run threw, empty elsewhere; and whether that file itself is to blame.
+  const QString& Failed() const { return failed_; }
+  bool IsFileToBlame() const { return isFileToBlame_; }
 
  private:
-  void ImportNext(const QString& file, PreparedPictures& pictures);
+  bool ImportAll(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile,
+                 PreparedPictures& pictures);
+  PreparedPicture NextPicture(PreparedPictures& pictures, const PreparedPictures::Meanwhile& meanwhile);
+  void Store(const QString& source, const PreparedPicture& picture);
 
   QString folder_;
   int IDCatalogo_;
   Connection& connection_;
   ProductStore products_;
-  QStringList files_;       // names
-  QStringList passedOver_;  // names
+  QStringList files_;  // names
+  std::vector<LeftOutFile> passedOver_;
   int imported_ = 0;
+  QString lastPicture_;
+  QString failed_;
+  bool isFileToBlame_ = false;
 };
+
+// How many products came of so many pictures, as a sentence without its stop.
+QString ImportedText(int imported, int of);
 
 }  // namespace vorlina

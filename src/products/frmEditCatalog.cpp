@@ -20,6 +20,7 @@
 #include "products/commands/CardCommands.h"
 #include "products/commands/DropPictures.h"
 #include "products/commands/GridContext.h"
+#include "products/commands/ImportPictures.h"
 #include "products/commands/OrderCommands.h"
 #include "products/commands/Publish.h"
 #include "products/commands/RowCommands.h"
@@ -39,17 +40,12 @@ using GridCommand = void (*)(GridContext&);
 // What a key of the toolbar or of the menu does; null for one that does nothing, which is disabled.
 GridCommand CommandOf(const QString& key) {
   static constexpr std::pair<const char16_t*, GridCommand> commands[] = {
-      {u"cmdNew", NewProduct},
-      {u"cmdEdit", EditProduct},
-      {u"cmdDelete", DeleteRows},
-      {u"cmdSearch", SearchProducts},
-      {u"cmdImmagini", ShowPictures},
-      {u"mnuCopia", CopyRows},
-      {u"mnuOrdinePubbl", NumberAsShown},
-      {u"mnuSpostaSu", MoveRowsUp},
-      {u"mnuSpostaGiu", MoveRowsDown},
-      {u"mnuAggiorna", RefreshRows},
-      {u"mnuResizeCol", RestoreColumnWidths},
+      {u"cmdNew", NewProduct},        {u"cmdEdit", EditProduct},
+      {u"cmdDelete", DeleteRows},     {u"cmdSearch", SearchProducts},
+      {u"cmdImmagini", ShowPictures}, {u"cmdImporta", ImportFolder},
+      {u"mnuCopia", CopyRows},        {u"mnuOrdinePubbl", NumberAsShown},
+      {u"mnuSpostaSu", MoveRowsUp},   {u"mnuSpostaGiu", MoveRowsDown},
+      {u"mnuAggiorna", RefreshRows},  {u"mnuResizeCol", RestoreColumnWidths},
   };
   for (const auto& [name, command] : commands)
     if (key == name) return command;
@@ -70,6 +66,9 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   drops_ = std::make_unique<DropPictures>(*context_);
   card_ = std::make_unique<CardCommands>(*context_, *findChild<QAction*>(u"cmdSearch"_qs));
   context_->card = card_.get();
+  import_ = std::make_unique<ImportPictures>(*context_, *ui_->stb);
+  context_->import = import_.get();
+  connect(import_.get(), &ImportPictures::Finished, this, &frmEditCatalog::CloseLate, Qt::QueuedConnection);
 }
 
 // Left to the base class, the grid would outlive the members that it works on, and signal to what is no
@@ -245,6 +244,7 @@ bool frmEditCatalog::event(QEvent* event) {
 }
 
 void frmEditCatalog::closeEvent(QCloseEvent* event) {
+  if (!import_->MayClose()) return event->ignore();
   if (context_->busy || !refusals_->MayClose()) {
     // Who closes the program from elsewhere sees what is in the way.
     activateWindow();
@@ -256,6 +256,10 @@ void frmEditCatalog::closeEvent(QCloseEvent* event) {
   event->accept();
   Q_EMIT Closed();
 }
+
+bool frmEditCatalog::ClosesLate() const { return import_->IsClosing(); }
+
+void frmEditCatalog::CloseLate() { Q_EMIT ClosedLate(close()); }
 
 void frmEditCatalog::ReleaseAll() {
   grdProducts->Release();

@@ -19,6 +19,7 @@ namespace vorlina {
 class CardCommands;
 class DropPictures;
 class GridRefusals;
+class ImportPictures;
 class WidgetColumnMenu;
 class WidgetProductGrid;
 struct GridContext;
@@ -44,12 +45,16 @@ class frmEditCatalog : public QMainWindow {
   void LoadForm();
   // Reads the catalog's names anew and fills the grid. Throws Error.
   void LoadCatalog();
+  // Whether it was to close while it imports, and will do so once that has stopped.
+  bool ClosesLate() const;
 
  Q_SIGNALS:
   // The window was closed.
   void Closed();
   // Help on a topic. As long as nobody listens its commands are disabled.
   void HelpWanted(int topic);
+  // Behind ClosesLate: it has closed, or stays after all.
+  void ClosedLate(bool closed);
 
  protected:
   bool event(QEvent* event) override;
@@ -70,6 +75,7 @@ class frmEditCatalog : public QMainWindow {
   void PopUpColumnMenu(const QString& key, const QPoint& position);
   void CountProducts();
   void ShowCounts();
+  void CloseLate();
   void ReleaseAll();
 
   std::unique_ptr<Ui::frmEditCatalog> ui_;
@@ -84,6 +90,7 @@ class frmEditCatalog : public QMainWindow {
   std::unique_ptr<DropPictures> drops_;
   std::unique_ptr<GridRefusals> refusals_;
   std::unique_ptr<CardCommands> card_;
+  std::unique_ptr<ImportPictures> import_;
   qint64 allProducts_ = 0;  // of the catalog, while a search is on
 };
 

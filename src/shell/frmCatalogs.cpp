@@ -300,11 +300,21 @@ void frmCatalogs::EditCatalog(int id, const QString& caption) {
   }
 }
 
-// False where one has a row that cannot be written: it stays, and has told why.
+// False where one has a row that cannot be written: it stays, and has told why. One that imports closes when
+// it has stopped, and this window behind it.
 bool frmCatalogs::CloseGridWindows() {
   for (frmEditCatalog* window : findChildren<frmEditCatalog*>(QString(), Qt::FindDirectChildrenOnly))
-    if (window->isVisible() && !window->close()) return false;
+    if (window->isVisible() && !window->close()) {
+      if (window->ClosesLate())
+        connect(window, &frmEditCatalog::ClosedLate, this, &frmCatalogs::GridWindowClosedLate,
+                Qt::ConnectionType(Qt::UniqueConnection | Qt::SingleShotConnection));
+      return false;
+    }
   return true;
+}
+
+void frmCatalogs::GridWindowClosedLate(bool closed) {
+  if (closed) close();
 }
 
 void frmCatalogs::ComeToFront() {

@@ -80,6 +80,7 @@ class frmCatalogs : public QMainWindow {
   void EditSelected();
   void EditCatalog(int id, const QString& caption);
   bool CloseGridWindows();
+  void GridWindowClosedLate(bool closed);
   void ComeToFront();
   void ShowNewest();
   void ShowPublishPane(bool show);

@@ -70,13 +70,28 @@ TEST_F(PictureImportTest, CodesAreTheFreeNumbersAboveTheCount) {
   EXPECT_EQ(ContentOf(kept), "kept");
 }
 
-TEST_F(PictureImportTest, AStopTakesEffectBeforeTheNextPicture) {
+TEST_F(PictureImportTest, AStopTakesEffectBeforeTheNextPictureWhicheverItIs) {
   for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs, u"c.jpg"_qs}) Put(name);
-  PictureImport import = Import();
-  EXPECT_FALSE(import.Run([](qint64 done, qint64, const QString&) { return done < 2; }));
-  EXPECT_EQ(import.Imported(), 2);
-  EXPECT_EQ(Descriptions(), (QStringList{u"1 a"_qs, u"2 b"_qs}));
-  EXPECT_EQ(Findings(), QStringList());
+  for (int most = 0, all = 0; most <= 3; ++most) {
+    PictureImport import = Import();
+    EXPECT_EQ(import.Run([=](qint64 done, qint64, const QString&) { return done < most; }), most == 3);
+    EXPECT_EQ(import.Imported(), most);
+    EXPECT_EQ(Count(u"Prodotti"_qs), all += most);
+    EXPECT_EQ(PictureNames().count(u".jpg"_qs), 2 * all);
+    EXPECT_EQ(Findings(), QStringList());
+  }
+}
+
+// A window is worked with while one picture takes its time.
+TEST_F(PictureImportTest, WhatIsToBeDoneMeanwhileFindsNoTransaction) {
+  WriteFileSafely(Outside(u"large.jpg"_qs),
+                  MakeJpeg(MakePhoto({3000, 2000}, 1), {.progressive = true, .across = 1, .down = 1}));
+  int turns = 0;
+  EXPECT_TRUE(Import().Run({}, [&] {
+    ++turns;
+    EXPECT_FALSE(connection_.InTransaction());
+  }));
+  EXPECT_GT(turns, 0);
 }
 
 TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
@@ -95,6 +110,7 @@ TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
     const QString failure = FailureOf([&] { import.Run({}); });
     EXPECT_TRUE(failure.contains(u"b.jpg cannot be read: "_qs)) << name << ": " << failure;
     EXPECT_EQ(import.Imported(), 1) << name;
+    EXPECT_TRUE(import.Failed() == u"b.jpg" && import.IsFileToBlame()) << name;
     EXPECT_EQ(Count(u"Prodotti"_qs), ++before) << name;
     EXPECT_EQ(Findings(), QStringList()) << name;
     QFile::remove(Outside(u"b.jpg"_qs));
@@ -104,7 +120,9 @@ TEST_F(PictureImportTest, ABadFileEndsTheImportThere) {
 TEST_F(PictureImportTest, WhatCannotBeWrittenLeavesNeitherRowNorPicture) {
   for (const QString& name : {u"a.jpg"_qs, u"b.jpg"_qs}) Put(name);
   Refuse(u"INSERT ON PExtension WHEN new.CodiceProdotto='2'"_qs);
-  EXPECT_TRUE(RunToItsEnd().contains(u"refused"_qs));
+  PictureImport import = Import();
+  EXPECT_TRUE(FailureOf([&] { import.Run({}); }).contains(u"refused"_qs));
+  EXPECT_TRUE(import.Failed() == u"b.jpg" && !import.IsFileToBlame());
   EXPECT_EQ(Descriptions(), QStringList{u"1 a"_qs}) << "row and mark belong together";
   EXPECT_EQ(Findings(), QStringList());
 }
@@ -123,7 +141,7 @@ TEST_F(PictureImportTest, AProductThatIsThereAfterAFailingLastSyncCounts) {
 }
 
 TEST_F(PictureImportTest, WhatIsPassedOverIsListed) {
-  for (const QString& name : {u"a.jpg"_qs, u".hidden.jpg"_qs, u"b.txt"_qs}) Put(name);
+  for (const QString& name : {u"a.jpg"_qs, u".hidden.jpg"_qs, u"B.txt"_qs, u"c.JPEG"_qs}) Put(name);
   QDir(outside_.path()).mkdir(u"folder.jpg"_qs);
   QFile::link(Outside(u"nowhere"_qs), Outside(u"link.JPG"_qs));
   ::mkfifo(QFile::encodeName(Outside(u"pipe.jpg"_qs)).constData(), 0600);
@@ -131,6 +149,13 @@ TEST_F(PictureImportTest, WhatIsPassedOverIsListed) {
   ::close(::open(noText.constData(), O_CREAT | O_WRONLY, 0600));
   const PictureImport import = Import();
   EXPECT_EQ(import.Count(), 1);
-  EXPECT_EQ(import.PassedOver(), (QStringList{u"caff\uFFFD.jpg"_qs, u"link.JPG"_qs, u"pipe.jpg"_qs}));
+  QStringList leftOut;
+  for (const auto& [file, reason] : import.PassedOver()) leftOut += file + u": "_qs + reason;
+  EXPECT_EQ(leftOut,
+            (QStringList{u"B.txt: it is no 'jpg' image"_qs,
+                         u"c.JPEG: the name does not end in .jpg: rename the file to import it"_qs,
+                         u"caff\uFFFD.jpg: the name has characters that cannot be read: rename the "
+                         "file to import it"_qs,
+                         u"link.JPG: it is a link that leads to no file"_qs, u"pipe.jpg: it is no file"_qs}));
   ::unlink(noText.constData());  // by a name that no text could give
 }

@@ -29,6 +29,7 @@ class ScriptedDialogs : public Dialogs {
   void ExpectFile(const QString& answer) { script_.push_back({u"file"_qs, answer}); }
   // The next chooser of several files gives these.
   void ExpectFiles(const QStringList& answer) { script_.push_back({u"files"_qs, answer.join(u'|')}); }
+  void ExpectFolder(const QString& answer) { script_.push_back({u"folder"_qs, answer}); }
   // How many scripted boxes have not been shown yet.
   qsizetype Left() const { return qsizetype(script_.size()); }
 

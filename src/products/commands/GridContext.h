@@ -8,6 +8,7 @@ namespace vorlina {
 
 class CardCommands;
 class Connection;
+class ImportPictures;
 class WidgetProductGrid;
 
 struct GridContext {
@@ -16,6 +17,7 @@ struct GridContext {
   Connection* connection = nullptr;  // null once the window is closed
   int IDCatalogo = 0;
   CardCommands* card = nullptr;
+  ImportPictures* import = nullptr;
   bool busy = false;  // with what must not lose its connection, while events come through
 };
 

@@ -1,0 +1,123 @@
+#include "products/WidgetImportProgress.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "base/Texts.h"
+#include "images/WidgetPicture.h"
+
+namespace vorlina {
+namespace {
+
+// Logical pixels.
+constexpr QSize PictureRoom{200, 200};
+constexpr int FrameWidth = 360;
+
+// Milliseconds between two pictures: nobody sees more of them, and each is decoded.
+constexpr int PictureInterval = 100;
+
+}  // namespace
+
+WidgetImportProgress::WidgetImportProgress(QWidget& window)
+    : QFrame(&window),
+      window_(window),
+      picMade_(new WidgetPicture(this)),
+      lblFile_(new QLabel(this)),
+      lblCount_(new QLabel(this)),
+      prgElaborazione_(new QProgressBar(this)),
+      cmdCancelBatch_(new QPushButton(this)) {
+  setObjectName(u"fmeProgress"_qs);
+  setFrameShape(QFrame::StyledPanel);
+  setFrameShadow(QFrame::Raised);
+  setAutoFillBackground(true);
+  MakeControls();
+  // Alive while the frame is seen alone; what is edited in the grid has its Escape to itself.
+  auto* escape = new QShortcut(Qt::Key_Escape, this);
+  connect(escape, &QShortcut::activated, cmdCancelBatch_, &QPushButton::click);
+  connect(cmdCancelBatch_, &QPushButton::clicked, this, [this] {
+    AnnullaElaborazione = true;
+    lblCount_->setText(Texts::tr("Annullamento..."));
+  });
+  window.installEventFilter(this);
+  hide();
+}
+
+void WidgetImportProgress::MakeControls() {
+  picMade_->setObjectName(u"picMade"_qs);
+  lblFile_->setObjectName(u"lblFile"_qs);
+  lblCount_->setObjectName(u"lblCount"_qs);
+  prgElaborazione_->setObjectName(u"prgElaborazione"_qs);
+  cmdCancelBatch_->setObjectName(u"cmdCancelBatch"_qs);
+  lblFile_->setTextFormat(Qt::PlainText);
+  lblCount_->setTextFormat(Qt::PlainText);
+  prgElaborazione_->setTextVisible(false);
+  prgElaborazione_->setValue(0);
+  setFixedWidth(FrameWidth);
+  auto* room = new QWidget(this);
+  room->setFixedHeight(PictureRoom.height());
+  picMade_->setParent(room);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(room);
+  for (QLabel* label : {lblFile_, lblCount_}) {
+    label->setAlignment(Qt::AlignHCenter);
+    layout->addWidget(label);
+  }
+  layout->addWidget(prgElaborazione_);
+  layout->addWidget(cmdCancelBatch_, 0, Qt::AlignHCenter);
+}
+
+void WidgetImportProgress::Localize() {
+  setAccessibleName(Texts::tr("Importazione"));
+  prgElaborazione_->setAccessibleName(Texts::tr("Immagini importate"));
+  cmdCancelBatch_->setText(Texts::tr("&Annulla"));
+}
+
+void WidgetImportProgress::MostraProgresso(int min, int max, bool show) {
+  Localize();
+  adjustSize();
+  Centre();
+  setVisible(show);
+  if (min != max) {
+    prgElaborazione_->setRange(min, max);
+    prgElaborazione_->setValue(min);
+  }
+  AnnullaElaborazione = false;
+  picMade_->SetPicture({});
+  made_.invalidate();
+}
+
+void WidgetImportProgress::Centre() {
+  raise();
+  move(std::max(0, (window_.width() - width()) / 2), std::max(0, (window_.height() - height()) / 2));
+}
+
+void WidgetImportProgress::Advance() {
+  if (prgElaborazione_->value() < prgElaborazione_->maximum())
+    prgElaborazione_->setValue(prgElaborazione_->value() + 1);
+}
+
+void WidgetImportProgress::ShowCount(int done, int total, const QString& file) {
+  lblFile_->setText(lblFile_->fontMetrics().elidedText(file, Qt::ElideMiddle, contentsRect().width() - 24));
+  const QLocale locale;
+  lblCount_->setText(Texts::tr("%1 di %2").arg(locale.toString(done), locale.toString(total)));
+}
+
+void WidgetImportProgress::ShowMade(const QString& mainImage) {
+  if (mainImage.isEmpty() || (made_.isValid() && made_.elapsed() < PictureInterval)) return;
+  made_.start();
+  picMade_->SetPicture(ShowThumbnail(mainImage, DevicePixels(*this, PictureRoom)));
+  picMade_->FitInto(picMade_->parentWidget()->rect());
+}
+
+bool WidgetImportProgress::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &window_ && event->type() == QEvent::Resize && isVisible()) Centre();
+  return QFrame::eventFilter(watched, event);
+}
+
+}  // namespace vorlina
