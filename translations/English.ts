@@ -1763,6 +1763,10 @@ Replace those values with what is written here?</translation>
         <source>%1 di %2</source>
         <translation>%1 of %2</translation>
     </message>
+    <message>
+        <source>Premere F5 per vederli.</source>
+        <translation>Press F5 to see what came.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

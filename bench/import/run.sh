@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Importing photographs of 12 and 24 megapixels with Vorlina and making the same two files of each with two processes of
-# vipsthumbnail. Whole processes in turn.
+# vipsthumbnail. Whole processes in turn. Then the same import in the product grid's window, against that of vorlina-batch.
 # usage: bench/import/run.sh [ROUNDS] [COUNT]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -29,6 +29,7 @@ half() {  # FOLDER REMAINDER
   for file in "${files[@]}"; do mains+=("$place/theirs/$(basename "$file")"); done
   vipsthumbnail "${mains[@]}" -s 200 -o "$place/theirs/t%s.jpg[Q=70,strip]"
 }
+window() { build/release/bench/import/import_window "$place/app" "$1" >>"$place/stretches.txt" 2>/dev/null; }
 theirs() { half "$1" 0 & half "$1" 1 & wait; }
 seconds() {  # COMMAND...
   local start end
@@ -42,9 +43,12 @@ cat "$place"/photos/*.jpg >/dev/null
 for _ in $(seq "$rounds"); do
   fresh; seconds ours "$place/photos" >>"$place/ours.txt"
   fresh; seconds theirs "$place/photos" >>"$place/theirs.txt"
+  fresh; seconds window "$place/photos" >>"$place/window.txt"
 done
 a=$(median "$place/ours.txt"); b=$(median "$place/theirs.txt")
 printf '%d photographs: Vorlina %.2f s, vipsthumbnail %.2f s, ratio %.2f\n' "$count" "$a" "$b" "$(echo "$b / $a" | bc -l)"
+w=$(median "$place/window.txt")
+printf 'in the window %.2f s, ratio to vorlina-batch %.2f; longest stretch without events in the worst round %s ms\n' "$w" "$(echo "$w / $a" | bc -l)" "$(sort -n "$place/stretches.txt" | tail -1)"
 
 memory() {  # TITLE FOLDER
   fresh

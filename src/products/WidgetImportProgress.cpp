@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "base/Helpers.h"
 #include "base/Texts.h"
 #include "images/WidgetPicture.h"
 
@@ -33,8 +34,7 @@ WidgetImportProgress::WidgetImportProgress(QWidget& window)
       prgElaborazione_(new QProgressBar(this)),
       cmdCancelBatch_(new QPushButton(this)) {
   setObjectName(u"fmeProgress"_qs);
-  setFrameShape(QFrame::StyledPanel);
-  setFrameShadow(QFrame::Raised);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
   setAutoFillBackground(true);
   MakeControls();
   // Alive while the frame is seen alone; what is edited in the grid has its Escape to itself.
@@ -89,6 +89,7 @@ void WidgetImportProgress::MostraProgresso(int min, int max, bool show) {
   }
   AnnullaElaborazione = false;
   picMade_->SetPicture({});
+  lblFile_->clear();
   made_.invalidate();
 }
 
@@ -102,15 +103,15 @@ void WidgetImportProgress::Advance() {
     prgElaborazione_->setValue(prgElaborazione_->value() + 1);
 }
 
-void WidgetImportProgress::ShowCount(int done, int total, const QString& file) {
-  lblFile_->setText(lblFile_->fontMetrics().elidedText(file, Qt::ElideMiddle, contentsRect().width() - 24));
+void WidgetImportProgress::ShowCount(int done, int total) {
   const QLocale locale;
   lblCount_->setText(Texts::tr("%1 di %2").arg(locale.toString(done), locale.toString(total)));
 }
 
-void WidgetImportProgress::ShowMade(const QString& mainImage) {
-  if (mainImage.isEmpty() || (made_.isValid() && made_.elapsed() < PictureInterval)) return;
+void WidgetImportProgress::ShowMade(const QString& file, const QString& mainImage) {
+  if (made_.isValid() && made_.elapsed() < PictureInterval) return;
   made_.start();
+  lblFile_->setText(lblFile_->fontMetrics().elidedText(OneLine(file), Qt::ElideMiddle, lblFile_->width()));
   picMade_->SetPicture(ShowThumbnail(mainImage, DevicePixels(*this, PictureRoom)));
   picMade_->FitInto(picMade_->parentWidget()->rect());
 }

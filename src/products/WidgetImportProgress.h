@@ -26,10 +26,11 @@ class WidgetImportProgress : public QFrame {
   void MostraProgresso(int min, int max, bool show);
   // One step on, as long as there is one.
   void Advance();
-  // So many of all are done, and the file that goes on now.
-  void ShowCount(int done, int total, const QString& file);
-  // The main picture of the product that was made last; not all of very many that follow each other.
-  void ShowMade(const QString& mainImage);
+  // So many of all are done.
+  void ShowCount(int done, int total);
+  // The file that was imported last, and the main picture of its product; not all of very many that follow
+  // each other.
+  void ShowMade(const QString& file, const QString& mainImage);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

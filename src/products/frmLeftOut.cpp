@@ -30,7 +30,7 @@ void frmLeftOut::LoadForm(const std::vector<LeftOutFile>& files) {
   ui_->lstEsclusi->addTopLevelItems(items);
   ui_->lstEsclusi->setCurrentItem(items.value(0));
   ui_->lstEsclusi->clearSelection();
-  ui_->lstEsclusi->setColumnWidth(0, width() * 2 / 5);
+  ui_->lstEsclusi->setColumnWidth(0, width() / 3);
 }
 
 // Those that are selected, or all.

@@ -102,7 +102,8 @@ TEST_F(GridImport, TheFirstBadFileEndsItAndIsTold) {
   dialogs_.ExpectFolder(outside_.path());
   dialogs_.ExpectMessage(
       u"The file %1 cannot be read: it is no JPEG picture\r\n\r\nTake the file out of the folder, or save it "
-      "anew as a JPEG picture.\r\nImported 1 product of 3.\r\nBefore importing the rest, move the pictures "
+      "anew as a JPEG picture.\r\nImported 1 product of 3. Press F5 to see what came.\r\nBefore importing "
+      "the rest, move the pictures "
       "that "
       "were imported, which are those before it by name, to another place: they would become products a "
       "second "

@@ -31,10 +31,13 @@
 #include "grid/DataGrid.h"
 #include "images/frmImage.h"
 #include "images/frmImageViewer.h"
+#include "products/WidgetImportOutcome.h"
+#include "products/WidgetImportProgress.h"
 #include "products/frmAdvancedEdit.h"
 #include "products/frmEditCatalog.h"
 #include "products/frmFilterData.h"
 #include "products/frmImages.h"
+#include "products/frmLeftOut.h"
 #include "products/frmProduct.h"
 #include "products/frmTechData.h"
 #include "shell/frmCatalogs.h"
@@ -159,6 +162,30 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   window->close();
 }
 
+// An import in the middle, and what came of it: the frame and the status bar alone, without a folder.
+void TakeImport(const Photographer& photographer, frmCatalogs& catalogs) {
+  catalogs.findChild<QPushButton*>(u"Edit"_qs)->click();
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  window->show();
+  auto* progress = dynamic_cast<WidgetImportProgress*>(window->findChild<QWidget*>(u"fmeProgress"_qs));
+  progress->MostraProgresso(1, 1200, true);
+  for (int done = 0; done < 500; ++done) progress->Advance();
+  progress->ShowCount(500, 1200);
+  QApplication::processEvents();
+  progress->ShowMade(u"tazza 201.jpg"_qs, AppFile(u"Images/109-TZ-201.jpg"_qs));
+  TakeAtRest(photographer, *window, u"frmEditCatalog-import"_qs);
+  progress->MostraProgresso(1, 1, false);
+  auto* outcome = dynamic_cast<WidgetImportOutcome*>(window->findChild<QWidget*>(u"fmeImportati"_qs));
+  outcome->Show(
+      ImportedText(1200, 1200),
+      {{u"copertina.jpeg"_qs, Texts::tr("il nome non finisce in .jpg: per importare il file va rinominato")},
+       {u"listino.xlsx"_qs, Texts::tr("non è un'immagine 'jpg'")}});
+  photographer.Take(*window, u"frmEditCatalog-imported"_qs);
+  window->findChild<QPushButton*>(u"cmdEsclusi"_qs)->click();
+  photographer.Take(*window->findChild<frmLeftOut*>(), u"frmLeftOut"_qs);
+  window->close();
+}
+
 void Write(Connection& connection, const QString& sql) {
   Transaction transaction(connection);
   connection.Execute(sql);
@@ -274,6 +301,8 @@ void TakeAll(const Photographer& photographer) {
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
   catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
   TakeGrid(photographer, catalogs);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  TakeImport(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   TakeCard(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

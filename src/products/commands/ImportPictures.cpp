@@ -9,6 +9,7 @@
 #include "base/Dialogs.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "products/Attempt.h"
 #include "products/PictureImport.h"
 #include "products/WidgetImportOutcome.h"
 #include "products/WidgetImportProgress.h"
@@ -62,10 +63,12 @@ QString FailureText(const PictureImport& import, const QString& description) {
   else if (!import.Failed().isEmpty())
     lines += Texts::tr("L'importazione si è fermata al file %1.").arg(import.Failed());
   lines += ImportedText(import.Imported(), import.Count()) + u'.';
-  if (import.Imported() > 0)
+  if (import.Imported() > 0) {
+    lines.last() += u' ' + Texts::tr("Premere F5 per vederli.");
     lines += Texts::tr(
-        "Prima di importare il resto spostare altrove le immagini già importate, cioè quelle "
-        "che vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.");
+        "Prima di importare il resto spostare altrove le immagini già importate, cioè quelle che "
+        "vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.");
+  }
   return lines.join(u"\r\n"_qs);
 }
 
@@ -94,7 +97,9 @@ void ImportPictures::Import() {
     const QScopedValueRollback<bool> any(anyRuns, true);
     // The title has one language.
     const QString folder = BrowseForFolder(u"Selezionare la cartella delle immagini"_qs, &context_.owner);
-    if (!folder.isEmpty() && !closing_) ImportFolder(folder);
+    Attempt(&context_.owner, [&] {
+      if (!folder.isEmpty() && !closing_) ImportFolder(folder);
+    });
   }
   if (std::exchange(closing_, false)) Q_EMIT Finished();
 }
@@ -124,12 +129,14 @@ void ImportPictures::ImportFolder(const QString& folder) {
 bool ImportPictures::Run(PictureImport& import) {
   fmeProgress_->MostraProgresso(1, import.Count(), true);
   const WaitCursor wait;
+  QString inHand;
   const Progress progress = [&](qint64 done, qint64 total, const QString& file) {
     if (done > 0) {
       fmeProgress_->Advance();
-      fmeProgress_->ShowMade(import.LastPicture());
+      fmeProgress_->ShowMade(inHand, import.LastPicture());
     }
-    fmeProgress_->ShowCount(int(done), int(total), file);
+    inHand = file;
+    fmeProgress_->ShowCount(int(done), int(total));
     if (done == total) return true;
     QCoreApplication::processEvents();
     return !fmeProgress_->AnnullaElaborazione;
