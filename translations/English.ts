@@ -1580,10 +1580,6 @@ Replace those values with what is written here?</translation>
         <translation>Edit the cell; typing does too, over what it holds</translation>
     </message>
     <message>
-        <source>Mentre si modifica: conferma la cella e scendi; altrimenti: apri la scheda</source>
-        <translation>While editing: take the cell and go down; otherwise: open the card</translation>
-    </message>
-    <message>
         <source>Annulla le modifiche della cella, poi quelle della riga</source>
         <translation>Give up the changes of the cell, then those of the row</translation>
     </message>
@@ -1766,6 +1762,14 @@ Replace those values with what is written here?</translation>
     <message>
         <source>Premere F5 per vederli.</source>
         <translation>Press F5 to see what came.</translation>
+    </message>
+    <message>
+        <source>Mentre si modifica: conferma la cella e scendi</source>
+        <translation>While editing: take the cell and go down</translation>
+    </message>
+    <message>
+        <source>Altrimenti: apri la scheda del prodotto</source>
+        <translation>Otherwise: open the product&apos;s card</translation>
     </message>
 </context>
 <context>

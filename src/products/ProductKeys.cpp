@@ -18,8 +18,8 @@ constexpr KeyUse GridKeyUses[] = {
     {u"Shift+Up; Shift+Down", QT_TRANSLATE_NOOP("Texts", "Seleziona più righe")},
     {u"Ctrl+A", QT_TRANSLATE_NOOP("Texts", "Seleziona tutte le righe")},
     {u"F2", QT_TRANSLATE_NOOP("Texts", "Modifica la cella; anche scrivendo, al posto di ciò che contiene")},
-    {u"Return", QT_TRANSLATE_NOOP(
-                    "Texts", "Mentre si modifica: conferma la cella e scendi; altrimenti: apri la scheda")},
+    {u"Return", QT_TRANSLATE_NOOP("Texts", "Mentre si modifica: conferma la cella e scendi")},
+    {u"Return", QT_TRANSLATE_NOOP("Texts", "Altrimenti: apri la scheda del prodotto")},
     {u"Esc", QT_TRANSLATE_NOOP("Texts", "Annulla le modifiche della cella, poi quelle della riga")},
     {u"Space", QT_TRANSLATE_NOOP("Texts", "Metti o togli il segno di spunta")},
     {u"F4; Alt+Down; Alt+Up", QT_TRANSLATE_NOOP("Texts", "Apri l'elenco della cella")},

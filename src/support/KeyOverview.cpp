@@ -8,10 +8,11 @@ namespace vorlina {
 namespace {
 
 void AddLine(std::vector<KeyLine>& lines, const char16_t* keys, const QString& use) {
+  if (*keys == 0) return;
   QStringList shown;
   for (const QKeySequence& sequence : QKeySequence::listFromString(Text(keys)))
     shown += sequence.toString(QKeySequence::NativeText);
-  if (!shown.isEmpty()) lines.push_back({shown.join(u", "_qs), use});
+  lines.push_back({shown.join(u", "_qs), use});
 }
 
 }  // namespace
