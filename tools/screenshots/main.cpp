@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QIcon>
 #include <QKeyEvent>
@@ -23,6 +22,8 @@
 #include <QTreeWidget>
 #include <cstdio>
 
+#include "Boxes.h"
+#include "Photographer.h"
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/Settings.h"
@@ -42,6 +43,7 @@
 #include "products/frmTechData.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
+#include "support/frmKeys.h"
 #include "support/frmSplash.h"
 
 using namespace vorlina;
@@ -60,41 +62,11 @@ QPalette Palette(bool dark) {
   return palette;
 }
 
-class Photographer {
- public:
-  Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
-
-  void Take(QWidget& window, const QString& name) const {
-    window.show();
-    QApplication::processEvents();
-    const QString path = folder_ + u'/' + name + suffix_ + u".png"_qs;
-    if (!window.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-  }
-
- private:
-  QString folder_;
-  QString suffix_;
-};
-
-void Press(QWidget& window, Qt::Key key) {
-  QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-  QCoreApplication::sendEvent(&window, &event);
-}
-
-// Pictures are as sharp as they get when their window has been at rest for a moment.
-void TakeAtRest(const Photographer& photographer, QWidget& window, const QString& name) {
-  window.show();
-  QEventLoop loop;
-  QTimer::singleShot(400, &loop, &QEventLoop::quit);
-  loop.exec();
-  photographer.Take(window, name);
-}
-
 void TakePreview(const Photographer& photographer) {
   frmImage preview;
   preview.Percorso = AppFile(u"Images/109-TZ-201.jpg"_qs);
   preview.LoadForm();
-  TakeAtRest(photographer, preview, u"frmImage"_qs);
+  photographer.TakeAtRest(preview, u"frmImage"_qs);
 }
 
 // The list of a product's pictures, as it opens beside the preview, and with a description being typed.
@@ -106,7 +78,7 @@ void TakeImages(const Photographer& photographer, Connection& connection) {
   images->Connessione = &connection;
   images->Anteprima = &preview;
   images->LoadForm();
-  TakeAtRest(photographer, *images, u"frmImages"_qs);
+  photographer.TakeAtRest(*images, u"frmImages"_qs);
   auto* list = images->findChild<QListWidget*>(u"lstImages"_qs);
   list->setCurrentRow(list->count() - 1);
   Press(*list, Qt::Key_F2);
@@ -122,18 +94,12 @@ void TakePager(const Photographer& photographer, Connection& connection) {
   QTimer::singleShot(0, &pager, [&] {
     Press(pager, Qt::Key_Right);
     Press(pager, Qt::Key_Right);
-    TakeAtRest(photographer, pager, u"frmImageViewer"_qs);
+    photographer.TakeAtRest(pager, u"frmImageViewer"_qs);
     Press(pager, Qt::Key_End);
-    TakeAtRest(photographer, pager, u"frmImageViewer-last"_qs);
+    photographer.TakeAtRest(pager, u"frmImageViewer-last"_qs);
     pager.reject();
   });
   pager.ShowCatalog(u"ORDER BY OrdineTemp"_qs);
-}
-
-// A popup that is shown at its place, with the window behind it left out.
-void TakePopup(const Photographer& photographer, QWidget* popup, const QString& name) {
-  photographer.Take(*popup, name);
-  popup->hide();
 }
 
 // The grid as it opens, sorted with a row in edit, its menus, and the preview of a picture.
@@ -150,11 +116,16 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   grid->GoTo(4);
   const QPoint cell = grid->visualRect(grid->Rows().index(4, 16)).center();
   Q_EMIT grid->CellPressed(4, u"Immagine"_qs, Qt::LeftButton, cell + grid->viewport()->pos());
-  TakeAtRest(photographer, *window, u"frmEditCatalog-preview"_qs);
+  photographer.TakeAtRest(*window, u"frmEditCatalog-preview"_qs);
   Q_EMIT grid->CellPressed(4, u"Codice"_qs, Qt::RightButton, cell);
-  TakePopup(photographer, window->findChild<QMenu*>(u"mnuGriglia"_qs), u"frmEditCatalog-menu"_qs);
+  photographer.TakePopup(window->findChild<QMenu*>(u"mnuGriglia"_qs), u"frmEditCatalog-menu"_qs);
   Q_EMIT grid->HeaderPressed(u"Codice"_qs, Qt::RightButton, cell);
-  TakePopup(photographer, window->findChild<QMenu*>(u"mnuColonna"_qs), u"frmEditCatalog-column"_qs);
+  photographer.TakePopup(window->findChild<QMenu*>(u"mnuColonna"_qs), u"frmEditCatalog-column"_qs);
+  photographer.TakePopup(window->findChild<QMenu*>(u"mnuPubblica"_qs), u"frmEditCatalog-publish"_qs);
+  photographer.TakePopup(window->findChild<QMenu*>(u"mnuAiuto"_qs), u"frmEditCatalog-help"_qs);
+  window->findChild<QAction*>(u"mnuTasti"_qs)->trigger();
+  photographer.Take(*window->findChild<frmKeys*>(), u"frmKeys"_qs);
+  window->findChild<frmKeys*>()->close();
   grid->setFocus();
   grid->scrollToBottom();
   grid->GoTo(grid->Rows().RecordCount(), u"Codice"_qs);
@@ -203,11 +174,11 @@ void TakeCard(const Photographer& photographer, frmCatalogs& catalogs) {
   };
   grid->GoTo(4);
   frmProduct* card = open(u"cmdEdit"_qs);
-  TakeAtRest(photographer, *card, u"frmProduct"_qs);
-  TakePopup(photographer, card->findChild<QMenu*>(u"mnuImage"_qs), u"frmProduct-image"_qs);
+  photographer.TakeAtRest(*card, u"frmProduct"_qs);
+  photographer.TakePopup(card->findChild<QMenu*>(u"mnuImage"_qs), u"frmProduct-image"_qs);
   auto* combo = card->findChild<QComboBox*>(u"cmbFilter_2"_qs);
   combo->showPopup();
-  TakePopup(photographer, combo->view()->window(), u"frmProduct-list"_qs);
+  photographer.TakePopup(combo->view()->window(), u"frmProduct-list"_qs);
   combo->hidePopup();
   card->SetState(frmProduct::New);
   photographer.Take(*card, u"frmProduct-new"_qs);
@@ -318,6 +289,11 @@ void TakeAll(const Photographer& photographer) {
   TakePreview(photographer);
   TakeImages(photographer, catalogs.cnnCatalog);
   TakePager(photographer, catalogs.cnnCatalog);
+
+  frmCatalogs main;
+  main.LoadForm();
+  main.ListCatalog();
+  TakeBoxes(photographer, main, AppFile(u"site"_qs));
 }
 
 // The scale is the process's own, so this program starts itself once for each.

@@ -1,0 +1,171 @@
+#include "Boxes.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTreeWidget>
+
+#include "Photographer.h"
+#include "base/Dialogs.h"
+#include "base/Texts.h"
+#include "base/WidgetProgressBox.h"
+#include "catalogs/frmNewCatalog.h"
+#include "grid/DataGrid.h"
+#include "products/frmEditCatalog.h"
+#include "products/frmImages.h"
+#include "products/frmProduct.h"
+#include "shell/frmCatalogs.h"
+#include "store/Transaction.h"
+
+namespace vorlina {
+namespace {
+
+class Boxes {
+ public:
+  explicit Boxes(const Photographer& photographer) : photographer_(photographer) {}
+
+  // Takes each box that comes up in a step and gives it up, so that nothing changes. With a folder the
+  // choosers take that one, and what asks on the way to it is answered.
+  void During(const QString& name, const std::function<void()>& step, const QString& folder = {}) const {
+    QPointer<QWidget> seen;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+      QWidget* box = QApplication::activeModalWidget();
+      if (box == nullptr || box == seen || qobject_cast<QProgressDialog*>(box) != nullptr) return;
+      seen = box;
+      const QString named = box->objectName().isEmpty() ? QString() : u'-' + box->objectName();
+      photographer_.Take(*box, u"box-"_qs + name + named);
+      Answer(*qobject_cast<QDialog*>(box), folder);
+    });
+    watch.start(10);
+    step();
+    QApplication::processEvents();
+  }
+
+ private:
+  static void Answer(QDialog& box, const QString& folder) {
+    auto* chooser = qobject_cast<QFileDialog*>(&box);
+    auto* go = box.findChild<QPushButton*>(u"cmdContinue"_qs);
+    if (chooser != nullptr && !folder.isEmpty()) {
+      chooser->findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(folder);
+      chooser->findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open)->click();
+    } else if (go != nullptr && !folder.isEmpty()) {
+      go->click();
+    } else {
+      box.reject();
+    }
+  }
+
+  const Photographer& photographer_;
+};
+
+void Trigger(const QWidget& window, const QString& command) {
+  window.findChild<QAction*>(command)->trigger();
+}
+
+void TakeMainWindowsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
+  const Boxes boxes(photographer);
+  auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
+  list->setCurrentRow(0);
+  boxes.During(u"delete-catalog"_qs, [&] { Trigger(catalogs, u"cmdDelete"_qs); });
+  boxes.During(u"clone"_qs, [&] { Trigger(catalogs, u"cmdDuplica"_qs); });
+  WidgetProgressBox progress(&catalogs, list->currentItem()->text());
+  progress.setMaximum(100);
+  progress.setValue(40);
+  photographer.Take(progress, u"box-progress"_qs);
+  progress.close();
+  boxes.During(u"rename"_qs, [&] {
+    list->editItem(list->currentItem());
+    auto* editor = list->findChild<QLineEdit*>();
+    editor->clear();
+    Press(*editor, Qt::Key_Return);
+    QApplication::processEvents();
+  });
+  frmNewCatalog wizard;
+  wizard.LoadForm();
+  boxes.During(u"wizard"_qs, [&] { wizard.findChild<QPushButton*>(u"cmdNav_0"_qs)->click(); });
+}
+
+// A code that is there already, a value that is not there yet, and what is unsaved.
+void TakeGridsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
+  const Boxes boxes(photographer);
+  Trigger(catalogs, u"cmdEdit"_qs);
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  auto* grid = window->findChild<DataGrid*>(u"grdProducts"_qs);
+  const QString code = grid->Rows().index(0, grid->Rows().ColumnOf(u"Codice"_qs)).data().toString();
+  grid->GoTo(1, u"Codice"_qs);
+  Press(*grid, Qt::Key_F2);
+  auto* editor = grid->viewport()->findChild<QLineEdit*>(u"editor"_qs);
+  editor->selectAll();
+  editor->insert(code);
+  boxes.During(u"refused"_qs, [&] { grid->GoTo(2); });
+  grid->Rows().Revert();
+  Press(*grid, Qt::Key_Escape);
+  boxes.During(u"delete-products"_qs, [&] { Trigger(*window, u"cmdDelete"_qs); });
+  Trigger(*window, u"cmdEdit"_qs);
+  auto* card = window->findChild<frmProduct*>();
+  auto* combo = card->findChild<QComboBox*>(u"cmbFilter_2"_qs);
+  combo->setFocus();
+  combo->lineEdit()->selectAll();
+  for (const QChar letter : u"Ocra"_qs) Press(*combo, 0, letter);
+  boxes.During(u"new-value"_qs, [&] { Trigger(*card, u"cmdSave"_qs); });
+  combo->setCurrentIndex(0);
+  boxes.During(u"save"_qs, [&] { card->close(); });
+  card->Salvato = true;
+  card->close();
+  window->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void TakePicturesBoxes(const Photographer& photographer, Connection& connection) {
+  const Boxes boxes(photographer);
+  frmImages images;
+  images.IDCatalogo = 109;
+  images.CodiceProdotto = u"CT-301"_qs;
+  images.Connessione = &connection;
+  images.LoadForm();
+  images.show();
+  boxes.During(u"delete-picture"_qs, [&] { Trigger(images, u"cmdDelete"_qs); });
+  boxes.During(u"pictures"_qs, [&] { Trigger(images, u"cmdAdd"_qs); });
+  boxes.During(u"description"_qs, [&] {
+    TheDialogs().Input(&images, Texts::tr("Descrizione immagine"), Texts::tr("Aggiungi/Modifica image"), {});
+  });
+}
+
+// Two catalogs into one folder.
+void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder) {
+  const Boxes boxes(photographer);
+  Transaction transaction(catalogs.cnnCatalog);
+  catalogs.cnnCatalog.Execute(u"DELETE FROM CExtension"_qs);  // the language is asked anew
+  transaction.Commit();
+  QDir().mkpath(folder);
+  auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
+  for (const int row : {0, 1}) {
+    list->setCurrentRow(row);
+    Trigger(catalogs, u"cmdPublish"_qs);
+    boxes.During(
+        u"publish-%1"_qs.arg(row + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, folder);
+  }
+  boxes.During(u"skins"_qs,
+               [&] { catalogs.findChild<QMenu*>(u"mnuInstallaSkin"_qs)->actions().first()->trigger(); });
+}
+
+}  // namespace
+
+void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder) {
+  catalogs.show();
+  TakeMainWindowsBoxes(photographer, catalogs);
+  TakeGridsBoxes(photographer, catalogs);
+  TakePicturesBoxes(photographer, catalogs.cnnCatalog);
+  TakePluginsBoxes(photographer, catalogs, folder);
+}
+
+}  // namespace vorlina

@@ -1,0 +1,49 @@
+// Takes the pictures of windows.
+#pragma once
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+
+namespace vorlina {
+
+class Photographer {
+ public:
+  Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
+
+  void Take(QWidget& window, const QString& name) const {
+    window.show();
+    QApplication::processEvents();
+    const QString path = folder_ + u'/' + name + suffix_ + u".png"_qs;
+    if (!window.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+  }
+
+  // Pictures are as sharp as they get when their window has been at rest for a moment.
+  void TakeAtRest(QWidget& window, const QString& name) const {
+    window.show();
+    QEventLoop loop;
+    QTimer::singleShot(400, &loop, &QEventLoop::quit);
+    loop.exec();
+    Take(window, name);
+  }
+
+  // A popup that is shown at its place, with the window behind it left out.
+  void TakePopup(QWidget* popup, const QString& name) const {
+    Take(*popup, name);
+    popup->hide();
+  }
+
+ private:
+  QString folder_;
+  QString suffix_;
+};
+
+inline void Press(QWidget& window, int key, const QString& text = {}) {
+  QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QCoreApplication::sendEvent(&window, &event);
+}
+
+}  // namespace vorlina
