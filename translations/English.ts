@@ -1771,6 +1771,10 @@ Replace those values with what is written here?</translation>
         <source>Altrimenti: apri la scheda del prodotto</source>
         <translation>Otherwise: open the product&apos;s card</translation>
     </message>
+    <message>
+        <source>Colonne</source>
+        <translation>Columns</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -62,6 +62,11 @@ KeyGroup GridWindowKeys() {
   group.Add(GridHelpMenu);
   group.Add(GridFindMenu);
   group.Add(GridMenu);
+  return group;
+}
+
+KeyGroup ColumnKeys() {
+  KeyGroup group{Texts::tr("Colonne"), {}};
   group.Add(ColumnMenu);
   return group;
 }
@@ -88,6 +93,7 @@ std::vector<KeyGroup> ProductKeys() {
   images.Add(ImageKeyUses);
   return {GridWindowKeys(),
           Uses(Texts::tr("Righe e celle"), GridKeyUses),
+          ColumnKeys(),
           CardKeys(),
           images,
           Uses(Texts::tr("Scheda tecnica"), SheetKeyUses),
