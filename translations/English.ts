@@ -1775,6 +1775,10 @@ Replace those values with what is written here?</translation>
         <source>Colonne</source>
         <translation>Columns</translation>
     </message>
+    <message>
+        <source>Interrompi l&apos;importazione in corso</source>
+        <translation>Stop the import that is running</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -30,6 +30,10 @@ constexpr KeyUse GridKeyUses[] = {
     {u"Ctrl+Menu; Ctrl+Shift+F10", QT_TRANSLATE_NOOP("Texts", "Apri il menu della colonna")},
 };
 
+constexpr KeyUse ImportKeyUses[] = {
+    {u"Esc", QT_TRANSLATE_NOOP("Texts", "Interrompi l'importazione in corso")},
+};
+
 constexpr KeyUse CardKeyUses[] = {
     {u"F4; Up; Down", QT_TRANSLATE_NOOP("Texts", "Apri l'elenco dei valori di un filtro")},
     {u"Return", QT_TRANSLATE_NOOP("Texts", "Durante una ricerca: trova")},
@@ -62,6 +66,7 @@ KeyGroup GridWindowKeys() {
   group.Add(GridHelpMenu);
   group.Add(GridFindMenu);
   group.Add(GridMenu);
+  group.Add(ImportKeyUses);
   return group;
 }
 
