@@ -9,9 +9,7 @@
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
 #include "images/PictureFolder.h"
-#include "images/frmImage.h"
 #include "products/frmFilterData.h"
-#include "products/frmImages.h"
 #include "products/frmProduct.h"
 #include "products/frmTechData.h"
 #include "support/TestJpeg.h"
@@ -373,46 +371,6 @@ TEST_F(CardWindow, ADroppedPictureIsTheProductsThatItWasDroppedOn) {
   Activate(*window_);
   Activate(*Card());
   EXPECT_TRUE(IsEnabled(u"cmdImageView"_qs)) << "a picture that it got elsewhere";
-}
-
-// The road of a new product with a picture, through the windows step by step.
-TEST_F(CardWindow, ANewProductGetsItsPicture) {
-  Open();
-  Push(*window_, u"cmdNew"_qs);
-  Write(u"txtDescription"_qs, u"Vase"_qs);
-  Write(u"cmbFilter_2"_qs, u"Green"_qs);
-  dialogs_.ExpectQuestion(u"Do you want to insert a new item in the table?: Green"_qs, true);
-  CardKey(Qt::Key_Tab);
-  Push(u"cmdSave"_qs);
-  EXPECT_EQ(Stored(u"4"_qs, u"json_array(Descrizione,IDFiltro2>?,OrdineTemp,Immagine)"_qs.replace(
-                                u'?', QString::number(red_))),
-            u"[\"Vase\",1,4,null]");
-  EXPECT_EQ(Count(u"PExtension"_qs), 0);
-  EXPECT_EQ(FilesIn(AppFile(u"Images"_qs)).size(), 0);
-
-  const QString photo = Outside(u"photo.jpg"_qs);
-  WriteFileSafely(photo, MakeJpeg(MakePhoto({1200, 600}, 1)));
-  dialogs_.ExpectFile({});
-  Push(u"cmdImage"_qs);
-  EXPECT_EQ(Card()->findChild<frmImage*>(), nullptr) << "none was chosen";
-  dialogs_.ExpectFile(photo);
-  Push(u"cmdImage"_qs);
-  EXPECT_EQ(Stored(u"4"_qs, u"json_array(Immagine,Height,Width)"_qs),
-            u"[\"%1\",402,804]"_qs.arg(MainImagePath(catalog_, u"4"_qs)));
-  EXPECT_TRUE(QFile::exists(ThumbnailPath(MainImagePath(catalog_, u"4"_qs))));
-  EXPECT_EQ(Count(u"PExtension"_qs), 2);
-  EXPECT_TRUE(IsEnabled(u"cmdImageView"_qs));
-  auto* preview = Card()->findChild<frmImage*>();
-  ASSERT_TRUE(preview != nullptr && preview->isVisible() && preview->findChild<frmImages*>()->isVisible());
-
-  // The picture and its list go with the card, and the grid knows of all.
-  CardKey(Qt::Key_Escape);
-  EXPECT_FALSE(IsOpen());
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(Card()->findChild<frmImage*>(), nullptr);
-  EXPECT_EQ(grid_->CurrentRow(), 3);
-  EXPECT_EQ(Shown(3, Description), u"Vase");
-  EXPECT_FALSE(Rows().index(3, ProductColumn::ImmaginePicture).data(Qt::DecorationRole).isNull());
 }
 
 TEST_F(CardWindow, ItsListPicksAndCompletesByTheKeyboardAlone) {

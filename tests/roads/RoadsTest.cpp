@@ -77,8 +77,8 @@ class Roads : public CatalogFixture, public testing::WithParamInterface<QString>
     for (const QChar letter : text)
       QTest::keyClick(QApplication::activeWindow()->windowHandle(), letter.toLatin1());
   }
-  QString Photo(const QString& name, unsigned seed) {
-    WriteFileSafely(Outside(name), MakeJpeg(MakePhoto({400, 300}, seed)));
+  QString Photo(const QString& name, unsigned seed, QSize size = {400, 300}) {
+    WriteFileSafely(Outside(name), MakeJpeg(MakePhoto(size, seed)));
     return Outside(name);
   }
   WidgetProductGrid& Grid() const { return *main_.findChild<WidgetProductGrid*>(u"grdProducts"_qs); }
@@ -119,18 +119,24 @@ void Roads::AddProduct() {
   Key(Qt::Key_S, Qt::ControlModifier);
 }
 
-// The main picture, and another one in the list beside its preview.
+// The main picture, once one is chosen, and another one in the list beside its preview. All windows go with
+// the card.
 void Roads::AddPictures() {
-  dialogs_.ExpectFile(Photo(u"vaso.jpg"_qs, 1));
-  Key(Qt::Key_I, Qt::ControlModifier);
+  EXPECT_EQ(Count(u"PExtension"_qs) + FilesIn(AppFile(u"Images"_qs)).size(), 0);
+  for (const QString& chosen : {QString(), Photo(u"vaso.jpg"_qs, 1, {1200, 600})}) {
+    EXPECT_EQ(main_.findChild<frmImages*>(), nullptr);
+    dialogs_.ExpectFile(chosen);
+    Key(Qt::Key_I, Qt::ControlModifier);
+  }
   GoTo<frmImages>();
   dialogs_.ExpectFiles({Photo(u"lato.jpg"_qs, 2)});
   dialogs_.ExpectInput(words_.description, u"Dal lato"_qs);
   Key(Qt::Key_N, Qt::ControlModifier);
-  Key(Qt::Key_Escape);
   GoTo<frmProduct>();
   Key(Qt::Key_Escape);
   Come<frmEditCatalog>();
+  EXPECT_EQ(main_.findChild<frmImages*>(), nullptr);
+  EXPECT_EQ(One(u"COUNT(*)"_qs, u"PExtension"_qs, u"CodiceProdotto='1' AND Valore='1'"_qs), 2);
 }
 
 void Roads::ImportFolder() {
@@ -190,7 +196,7 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
   EXPECT_EQ(Orders(1), u"Z1 14 25 36"_qs);
   EXPECT_EQ(One(u"json_array(Descrizione,Valore,Immagine,Width,Height)"_qs, u"Prodotti,Filtri"_qs,
                 u"IDFiltro1=IDValore AND CodiceProdotto='1'"_qs),
-            u"[\"Vaso alto\",\"Rosso\",\"%1\",400,300]"_qs.arg(MainImagePath(1, u"1"_qs)));
+            u"[\"Vaso alto\",\"Rosso\",\"%1\",804,402]"_qs.arg(MainImagePath(1, u"1"_qs)));
   EXPECT_EQ(One(u"Descrizione||CodiceProdotto"_qs, u"Immagini"_qs), u"Dal lato1"_qs);
   EXPECT_EQ(Findings().join(u' '), QString());
 
