@@ -51,6 +51,19 @@ TEST_F(GridWindowTest, TheRowInEditIsWrittenBeforeTheCatalogIsPublished) {
   EXPECT_EQ(Stored(u"a"_qs, Description), u"typed"_qs);
 }
 
+TEST_F(GridWindowTest, HelpIsThereWhereSomebodyGivesIt) {
+  Open();
+  Key(Qt::Key_F1);
+  EXPECT_TRUE(Find<QMenu>(u"mnuAiuto"_qs)->isVisible() && !Find<QAction>(u"subHelp"_qs)->isEnabled());
+  Key(Qt::Key_Escape);
+  int topic = 0;
+  onHelp_ = [&](int wanted) { topic += wanted; };
+  Open();
+  Key(Qt::Key_F1);
+  Find<QAction>(u"subHelp"_qs)->trigger();
+  EXPECT_EQ(topic, 2 * 1002);
+}
+
 // What the user does while a plug-in works goes to its boxes alone.
 TEST_F(GridWindowTest, ItTakesNothingWhileItIsHeld) {
   AddProducts({u"a"_qs});
