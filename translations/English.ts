@@ -1779,6 +1779,37 @@ Replace those values with what is written here?</translation>
         <source>Interrompi l&apos;importazione in corso</source>
         <translation>Stop the import that is running</translation>
     </message>
+    <message>
+        <source>Il carattere | non è consentito</source>
+        <comment>catalog properties</comment>
+        <translation>| is an invalid character </translation>
+    </message>
+    <message>
+        <source>&apos; non è consentito per  un campo valore o un campo filtro.</source>
+        <translation>&apos; is not allowed for a value or a filter field.</translation>
+    </message>
+    <message>
+        <source>Proprietà di %1</source>
+        <translation>Properties of %1</translation>
+    </message>
+    <message>
+        <source>Il file %1 è già usato come immagine di un prodotto. Cambiare il codice di quel prodotto.</source>
+        <translation>The file %1 is in use already as the picture of a product. Change the code of that product.</translation>
+    </message>
+    <message>
+        <source>Nel frattempo il catalogo è stato modificato da un&apos;altra finestra o da un altro programma: %1.<byte value="xd"/>
+Sostituire quei valori con ciò che è scritto qui?</source>
+        <translation>Another window or another program has changed the catalog meanwhile: %1.<byte value="xd"/>
+Replace those values with what is written here?</translation>
+    </message>
+    <message>
+        <source>La cartella di destinazione coincide con quella di origine.</source>
+        <translation>Destination and source folder are the same .</translation>
+    </message>
+    <message>
+        <source>Mostra il logo</source>
+        <translation>Show the logo</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1840,6 +1871,149 @@ Replace those values with what is written here?</translation>
     <message>
         <source>&amp;Annulla</source>
         <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmCatalog</name>
+    <message>
+        <source>Proprietà catalogo</source>
+        <translation>Catalog properties</translation>
+    </message>
+    <message>
+        <source>Nome catalogo</source>
+        <translation>Catalog name</translation>
+    </message>
+    <message>
+        <source>Descrizione catalogo</source>
+        <translation>Catalog description</translation>
+    </message>
+    <message>
+        <source>Valori</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Nome valore</source>
+        <translation>Value name</translation>
+    </message>
+    <message>
+        <source>Nome valore 1</source>
+        <translation>Value name 1</translation>
+    </message>
+    <message>
+        <source>Nome valore 2</source>
+        <translation>Value name 2</translation>
+    </message>
+    <message>
+        <source>Nome valore 3</source>
+        <translation>Value name 3</translation>
+    </message>
+    <message>
+        <source>Filtri</source>
+        <translation>Filters</translation>
+    </message>
+    <message>
+        <source>Nome filtro</source>
+        <translation>Filter name</translation>
+    </message>
+    <message>
+        <source>Nome filtro 1</source>
+        <translation>Filter name 1</translation>
+    </message>
+    <message>
+        <source>Nome filtro 2</source>
+        <translation>Filter name 2</translation>
+    </message>
+    <message>
+        <source>Nome filtro 3</source>
+        <translation>Filter name 3</translation>
+    </message>
+    <message>
+        <source>Nome filtro 4</source>
+        <translation>Filter name 4</translation>
+    </message>
+    <message>
+        <source>Nome filtro 5</source>
+        <translation>Filter name 5</translation>
+    </message>
+    <message>
+        <source>Informazioni società</source>
+        <translation>Company info</translation>
+    </message>
+    <message>
+        <source>Nome società</source>
+        <translation>Company name</translation>
+    </message>
+    <message>
+        <source>Indirizzo</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Città</source>
+        <translation>City</translation>
+    </message>
+    <message>
+        <source>Pr.</source>
+        <translation>Prov./State</translation>
+    </message>
+    <message>
+        <source>Cap</source>
+        <translation>Zip code</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>Tel.</source>
+        <translation>Tel.</translation>
+    </message>
+    <message>
+        <source>Fax.</source>
+        <translation>Fax.</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Sito Internet</source>
+        <translation>Web site</translation>
+    </message>
+    <message>
+        <source>Informazioni aggiuntive</source>
+        <translation>Additional info</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Larghezza del logo in pixel</source>
+        <translation>Width of the logo in pixels</translation>
+    </message>
+    <message>
+        <source>Altezza del logo in pixel</source>
+        <translation>Height of the logo in pixels</translation>
+    </message>
+    <message>
+        <source>Sfoglia...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Informazioni catalogo</source>
+        <translation>Catalog Info</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Sottotitolo</source>
+        <translation>Subtitle</translation>
+    </message>
+    <message>
+        <source>Informazioni sul catalogo</source>
+        <translation>Catalog info</translation>
     </message>
 </context>
 <context>

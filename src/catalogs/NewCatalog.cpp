@@ -21,11 +21,6 @@ bool SameName(const QString& a, const QString& b) {
   return !a.isEmpty() && a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-// The product grid has columns of its own by these names.
-bool IsReserved(const QString& name) {
-  return SameName(name, Texts::tr("Codice")) || SameName(name, Texts::tr("Descrizione"));
-}
-
 // Each name is compared with those behind it. A reserved name ends the check, the other faults do not.
 void CheckNames(const QStringList& names, const QString& alike, const QString& reservedBehind,
                 QStringList& messages) {
@@ -33,7 +28,7 @@ void CheckNames(const QStringList& names, const QString& alike, const QString& r
     const auto twin = std::find_if(names.begin() + i + 1, names.end(),
                                    [&](const QString& other) { return SameName(names[i], other); });
     if (twin != names.end()) messages += alike;
-    if (IsReserved(names[i])) {
+    if (IsReservedName(names[i])) {
       messages += Texts::tr("Il nome '") + names[i] + reservedBehind;
       return;
     }
@@ -76,6 +71,10 @@ void StoreLogo(Recordset& catalogs, const NewCatalog& catalog, Connection& conne
 }
 
 }  // namespace
+
+bool IsReservedName(const QString& name) {
+  return SameName(name, Texts::tr("Codice")) || SameName(name, Texts::tr("Descrizione"));
+}
 
 QStringList CheckGeneral(const NewCatalog& catalog) {
   QStringList messages;

@@ -34,6 +34,8 @@ struct NewCatalog {
 QStringList CheckGeneral(const NewCatalog& catalog);
 // The same of the filter names, of which the first one must be there.
 QStringList CheckFilters(const NewCatalog& catalog);
+// Whether the product grid has a column of its own by that name, in the language in use.
+bool IsReservedName(const QString& name);
 // A value and a filter may not be named alike: a message for each such pair.
 QStringList CheckValueFilterNames(const NewCatalog& catalog);
 

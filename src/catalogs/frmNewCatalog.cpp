@@ -1,18 +1,15 @@
 #include "catalogs/frmNewCatalog.h"
 
-#include <QAction>
 #include <QIcon>
 #include <QMetaMethod>
-#include <QMetaProperty>
-#include <QStyle>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetBoxText.h"
 #include "images/ImagePipeline.h"
-#include "images/frmImage.h"
 #include "publish/WidgetEscapedName.h"
 #include "store/Connection.h"
 #include "support/Language.h"
@@ -34,13 +31,6 @@ const char16_t* const ItalianKeys[] = {u"Alt+A", u"Alt+I", u"Alt+F", u"Alt+N", u
 
 // A box of the company shows the column that its name tells behind "txt".
 QString ColumnOf(const QWidget* box) { return box->objectName().mid(3); }
-// A line break that was pasted into a box of one line is not seen there, and is not taken.
-QString TextIn(const QWidget* box) {
-  const QString text = box->metaObject()->userProperty().read(box).toString();
-  const auto* line = qobject_cast<const QLineEdit*>(box);
-  return line != nullptr && !line->isReadOnly() ? OneLine(text) : text;
-}
-void SetText(QWidget* box, const QString& text) { box->metaObject()->userProperty().write(box, text); }
 
 QWidgetList CompanyBoxes(const QWidget* panel) {
   QWidgetList boxes;
@@ -51,7 +41,7 @@ QWidgetList CompanyBoxes(const QWidget* panel) {
 
 QStringList TextsIn(const std::vector<QLineEdit*>& boxes) {
   QStringList texts;
-  for (const QLineEdit* box : boxes) texts += TextIn(box);
+  for (const QLineEdit* box : boxes) texts += TextIn(*box);
   return texts;
 }
 
@@ -77,16 +67,7 @@ void frmNewCatalog::ConnectControls() {
     for (QLineEdit* box : boxes)
       connect(box, &QLineEdit::textChanged, this, [box] { LimitEscapedLength(*box); });
   connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmNewCatalog::cmdBrowse_Click);
-  // The path is not typed, but it can be taken back.
-  QAction* clear = ui_->txtLogo->addAction(style()->standardIcon(QStyle::SP_LineEditClearButton),
-                                           QLineEdit::TrailingPosition);
-  clear->setObjectName(u"cmdClearLogo"_qs);
-  clear->setShortcuts({Qt::Key_Delete, Qt::Key_Backspace});
-  clear->setShortcutContext(Qt::WidgetShortcut);
-  clear->setVisible(false);
-  connect(clear, &QAction::triggered, this, [this] { SetLogo({}, {}); });
-  connect(ui_->txtLogo, &QLineEdit::textChanged, clear,
-          [clear](const QString& path) { clear->setVisible(!path.isEmpty()); });
+  connect(ui_->txtLogo, &WidgetLogoBox::ClearWanted, this, [this] { SetLogo({}, {}); });
 }
 
 void frmNewCatalog::LoadForm() {
@@ -114,7 +95,7 @@ void frmNewCatalog::CaptionButtons() {
 
 void frmNewCatalog::Localize_Form() {
   ui_->retranslateUi(this);
-  findChild<QAction*>(u"cmdClearLogo"_qs)->setText(Texts::tr("Togli il logo"));
+  ui_->txtLogo->Localize();
 }
 
 void frmNewCatalog::cmdNav_Click(int index) {
@@ -199,18 +180,17 @@ void frmNewCatalog::OfferCompany() {
   }
   for (QWidget* box : boxes) {
     const QString column = ColumnOf(box);
-    const QString text = TextIn(box);
+    const QString text = TextIn(*box);
     // The other catalog's logo is its own, and one that was chosen stays.
     if (box == ui_->txtLogo) continue;
     if (!company.contains(column) || (!text.isEmpty() && text != offered_.value(column))) continue;
-    SetText(box, company[column]);
-    offered_[column] = TextIn(box);
+    SetText(*box, company[column]);
+    offered_[column] = TextIn(*box);
   }
 }
 
 void frmNewCatalog::cmdBrowse_Click() {
-  const QString path =
-      TheDialogs().OpenFile(this, u"Choose an image"_qs, u"Immagini (*.jpg)|*.jpg"_qs, QString());
+  const QString path = ui_->txtLogo->AskForFile();
   if (path.isEmpty()) return;
   try {
     const WaitCursor wait;
@@ -219,7 +199,7 @@ void frmNewCatalog::cmdBrowse_Click() {
     ShowError(this, DescriptionOf(error));
     return;
   }
-  ShowPreview();
+  ui_->txtLogo->ShowPreview(LogoPath);
 }
 
 // The preview of the logo that was chosen before goes.
@@ -228,24 +208,16 @@ void frmNewCatalog::SetLogo(const QString& path, QSize size) {
   LogoHeight = size.height();
   LogoWidth = size.width();
   ui_->txtLogo->setText(path);
-  if (preview_ != nullptr) preview_->close();
-}
-
-void frmNewCatalog::ShowPreview() {
-  preview_ = new frmImage(this);
-  preview_->setAttribute(Qt::WA_DeleteOnClose);
-  preview_->Percorso = LogoPath;
-  preview_->LoadForm();
-  preview_->show();
+  ui_->txtLogo->ClosePreview();
 }
 
 NewCatalog frmNewCatalog::Collected() const {
   NewCatalog catalog;
-  catalog.NomeCatalogo = TextIn(ui_->txtCatalogName);
-  catalog.Descrizione = TextIn(ui_->txtCatalogDescription);
+  catalog.NomeCatalogo = TextIn(*ui_->txtCatalogName);
+  catalog.Descrizione = TextIn(*ui_->txtCatalogDescription);
   catalog.valueNames = TextsIn(txtValue);
   catalog.filterNames = TextsIn(txtFilter);
-  for (const QWidget* box : CompanyBoxes(ui_->framestep_2)) catalog.company[ColumnOf(box)] = TextIn(box);
+  for (const QWidget* box : CompanyBoxes(ui_->framestep_2)) catalog.company[ColumnOf(box)] = TextIn(*box);
   catalog.LogoPath = LogoPath;
   catalog.logoSize = {LogoWidth, LogoHeight};
   catalog.IDCatalogo = IDCatalogo;
@@ -286,7 +258,7 @@ void frmNewCatalog::EndAsChosen(const NewCatalog& catalog) {
 }
 
 void frmNewCatalog::done(int result) {
-  if (preview_ != nullptr) preview_->close();
+  ui_->txtLogo->ClosePreview();
   QDialog::done(result);
 }
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QPointer>
 #include <memory>
 #include <vector>
 
@@ -13,8 +12,6 @@ class QLineEdit;
 class QPushButton;
 
 namespace vorlina {
-
-class frmImage;
 
 namespace Ui {
 class frmNewCatalog;
@@ -59,7 +56,6 @@ class frmNewCatalog : public QDialog {
   void OfferCompany();
   void cmdBrowse_Click();
   void SetLogo(const QString& path, QSize size);
-  void ShowPreview();
   NewCatalog Collected() const;
   void CreateCatalog();
   void EndAsChosen(const NewCatalog& catalog);
@@ -80,7 +76,6 @@ class frmNewCatalog : public QDialog {
   // The row of an attempt whose logo failed; the next one goes on with it.
   int IDCatalogo = 0;
   QMap<QString, QString> offered_;
-  QPointer<frmImage> preview_;
 };
 
 }  // namespace vorlina

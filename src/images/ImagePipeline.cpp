@@ -74,10 +74,12 @@ QByteArray ReadPictureFile(const QString& path) {
   return jpeg;
 }
 
-QSize MeasureWholeImage(const QString& path) {
+QSize MeasureWholeImage(const QString& path) { return PrepareLogoFile(path).size; }
+
+PreparedPicture PrepareLogoFile(const QString& path) {
   return OfFile(path, [](const QByteArray& jpeg) {
     DecodeJpeg(jpeg, QSize(1, 1));
-    return UprightSize(ReadJpegHead(jpeg));
+    return PreparedPicture{jpeg, {}, UprightSize(ReadJpegHead(jpeg))};
   });
 }
 

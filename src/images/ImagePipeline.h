@@ -30,6 +30,10 @@ QByteArray ReadPictureFile(const QString& path);
 // missing, no JPEG, damaged or cut short.
 QSize MeasureWholeImage(const QString& path);
 
+// A picture file as it is, and its upright size: a logo is neither fitted nor encoded again. Throws Error as
+// above.
+PreparedPicture PrepareLogoFile(const QString& path);
+
 // Prepare a picture file for a catalog by the settings as they are. Throw Error for one that cannot be read
 // or is no whole JPEG picture.
 PreparedPicture PrepareMainFile(const QString& path);

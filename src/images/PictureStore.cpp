@@ -107,6 +107,16 @@ bool IsPictureNameFree(const QString& path, Connection& connection, qint64 excep
   return !QFile::exists(path) || NamedPictures({path}, connection, exceptProduct).isEmpty();
 }
 
+bool IsProductPicture(const QString& path, Connection& connection) {
+  PathKeys keys;
+  bool named = false;
+  ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
+    named = named || (picture.use != PictureUse::Logo && keys.Of(picture.path) == keys.Of(path) &&
+                      IsSameFile(picture.path, path));
+  });
+  return named;
+}
+
 PictureFiles PicturesOfProducts(const std::vector<qint64>& products, Connection& connection) {
   const QVariantList keys{KeyList(products)};
   return {Paths(connection,

@@ -39,6 +39,9 @@ QSet<QString> NamedPictures(const QStringList& files, Connection& connection, qi
 // that product. Throws Error.
 bool IsPictureNameFree(const QString& path, Connection& connection, qint64 exceptProduct = 0);
 
+// Whether a product's row names the file, as its main image or an additional one. Throws Error.
+bool IsProductPicture(const QString& path, Connection& connection);
+
 // Files that rows name or named.
 struct PictureFiles {
   QStringList main;    // they have thumbnails

@@ -59,10 +59,10 @@ ProductGridFields ProductGridFields::Of(const Recordset& rsCatalogo) {
   }
   for (std::size_t i = 0; i < fields.filters.size(); ++i) {
     const QString number = QString::number(i + 1);
-    const QVariant name = rsCatalogo.Value(u"NomeFiltro"_qs + number);
-    const bool inUse = !name.isNull();
-    const QString key = FreeKey(inUse ? NullToEmpty(name) : HiddenMark + u"NomeFiltro"_qs + number, taken);
-    fields.filters[i] = {u"IDFiltro"_qs + number, key, NullToEmpty(name), inUse};
+    const QString name = NullToEmpty(rsCatalogo.Value(u"NomeFiltro"_qs + number));
+    const bool inUse = !name.isEmpty();
+    const QString key = FreeKey(inUse ? name : HiddenMark + u"NomeFiltro"_qs + number, taken);
+    fields.filters[i] = {u"IDFiltro"_qs + number, key, name, inUse};
     fields.NumeroFiltri += inUse ? 1 : 0;
   }
   return fields;

@@ -42,8 +42,8 @@ struct NamedField {
   bool inUse = false;  // the catalog has a name for it
 };
 
-// What a catalog's names make of the grid. A value field is in use when its name is not empty, a filter when
-// its name is not Null. A name that another column bears already gets a mark behind it in its key.
+// What a catalog's names make of the grid. A field is in use when its name is not empty. A name that
+// another column bears already gets a mark behind it in its key.
 struct ProductGridFields {
   std::array<NamedField, 3> values;
   std::array<NamedField, 5> filters;

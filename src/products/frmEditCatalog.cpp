@@ -22,6 +22,7 @@
 #include "products/commands/GridContext.h"
 #include "products/commands/ImportPictures.h"
 #include "products/commands/OrderCommands.h"
+#include "products/commands/Properties.h"
 #include "products/commands/Publish.h"
 #include "products/commands/RowCommands.h"
 #include "products/commands/ShowPictures.h"
@@ -40,12 +41,19 @@ using GridCommand = void (*)(GridContext&);
 // What a key of the toolbar or of the menu does; null for one that does nothing, which is disabled.
 GridCommand CommandOf(const QString& key) {
   static constexpr std::pair<const char16_t*, GridCommand> commands[] = {
-      {u"cmdNew", NewProduct},        {u"cmdEdit", EditProduct},
-      {u"cmdDelete", DeleteRows},     {u"cmdSearch", SearchProducts},
-      {u"cmdImmagini", ShowPictures}, {u"cmdImporta", ImportFolder},
-      {u"mnuCopia", CopyRows},        {u"mnuOrdinePubbl", NumberAsShown},
-      {u"mnuSpostaSu", MoveRowsUp},   {u"mnuSpostaGiu", MoveRowsDown},
-      {u"mnuAggiorna", RefreshRows},  {u"mnuResizeCol", RestoreColumnWidths},
+      {u"cmdNew", NewProduct},
+      {u"cmdEdit", EditProduct},
+      {u"cmdDelete", DeleteRows},
+      {u"cmdSearch", SearchProducts},
+      {u"cmdImmagini", ShowPictures},
+      {u"cmdProperties", ShowProperties},
+      {u"cmdImporta", ImportFolder},
+      {u"mnuCopia", CopyRows},
+      {u"mnuOrdinePubbl", NumberAsShown},
+      {u"mnuSpostaSu", MoveRowsUp},
+      {u"mnuSpostaGiu", MoveRowsDown},
+      {u"mnuAggiorna", RefreshRows},
+      {u"mnuResizeCol", RestoreColumnWidths},
   };
   for (const auto& [name, command] : commands)
     if (key == name) return command;
@@ -69,11 +77,14 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   import_ = std::make_unique<ImportPictures>(*context_, *ui_->stb);
   context_->import = import_.get();
   connect(import_.get(), &ImportPictures::Finished, this, &frmEditCatalog::CloseLate, Qt::QueuedConnection);
+  properties_ = std::make_unique<Properties>(*context_, [this] { LoadCatalog(); });
+  context_->properties = properties_.get();
 }
 
 // Left to the base class, the grid would outlive the members that it works on, and signal to what is no
 // window any more.
 frmEditCatalog::~frmEditCatalog() {
+  properties_.reset();
   card_.reset();
   ReleaseAll();
   delete grdProducts;
@@ -250,7 +261,7 @@ void frmEditCatalog::closeEvent(QCloseEvent* event) {
     activateWindow();
     return event->ignore();
   }
-  if (!card_->Close()) return event->ignore();
+  if (!properties_->Close() || !card_->Close()) return event->ignore();
   grdProducts->SaveLayoutFile();
   ReleaseAll();
   event->accept();

@@ -20,6 +20,7 @@ class CardCommands;
 class DropPictures;
 class GridRefusals;
 class ImportPictures;
+class Properties;
 class WidgetColumnMenu;
 class WidgetProductGrid;
 struct GridContext;
@@ -91,6 +92,7 @@ class frmEditCatalog : public QMainWindow {
   std::unique_ptr<GridRefusals> refusals_;
   std::unique_ptr<CardCommands> card_;
   std::unique_ptr<ImportPictures> import_;
+  std::unique_ptr<Properties> properties_;
   qint64 allProducts_ = 0;  // of the catalog, while a search is on
 };
 

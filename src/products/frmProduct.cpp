@@ -16,6 +16,7 @@
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetBoxText.h"
 #include "base/WidgetPlace.h"
 #include "products/CardFilters.h"
 #include "products/CardPictures.h"
@@ -44,12 +45,6 @@ const QString CodeField = u"CodiceProdotto"_qs;
 const QString DescriptionField = u"Descrizione"_qs;
 
 QString ValueField(std::size_t index) { return u"Valore"_qs + QString::number(index + 1); }
-
-// The text itself: what the box calls plain text has other blanks.
-QString TextIn(const QPlainTextEdit& box) {
-  QString text = box.document()->toRawText();
-  return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
-}
 
 // A caret stays where it is in a text that stays.
 void SetText(QLineEdit& line, const QString& text) {

@@ -16,7 +16,7 @@ const arrows = {
   images: ['base', 'store'],
   publish: ['plug-in headers', 'base', 'store', 'support'],
   catalogs: ['base', 'store', 'support', 'images', 'publish'],
-  products: ['base', 'store', 'support', 'grid', 'images', 'publish'],
+  products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
   shell: ['plug-in headers', 'base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
   batch: ['base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
 };

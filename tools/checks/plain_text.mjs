@@ -15,7 +15,7 @@ export const problems = [];
 // Of each control of a form: whether it shows a text as it is.
 const controls = new Map();
 for (const file of forms)
-  for (const [, kind, name, rest] of textOf(file).matchAll(/<widget class="(\w+)" name="(\w+)">(.*?)(?=<widget |<\/widget>)/gs))
+  for (const [, kind, name, rest] of textOf(file).matchAll(/<widget class="([\w:]+)" name="(\w+)">(.*?)(?=<widget |<\/widget>)/gs))
     controls.set(name, kind !== 'QLabel' || rest.includes('Qt::PlainText'));
 
 // The argument behind the bracket at this place, and where it ends.

@@ -82,11 +82,18 @@ void CardCommands::ToggleSearch() {
     if (card_ != nullptr && card_->isVisible()) cmdSearch_.setChecked(card_->Stato == frmProduct::Search);
     return;
   }
-  if (!grid.LeaveRow()) return;
+  if (grid.LeaveRow()) ShowAllProducts();
+}
+
+void CardCommands::EndSearch() {
   OfferAll(false);
   cmdSearch_.setChecked(false);
-  grid.CondizioneRicerca.clear();
-  grid.LoadGrid(true);
+  context_.grid.CondizioneRicerca.clear();
+}
+
+void CardCommands::ShowAllProducts() {
+  EndSearch();
+  context_.grid.LoadGrid(true);
 }
 
 void CardCommands::OfferAll(bool offered) {

@@ -28,6 +28,11 @@ class CardCommands : public QObject, public ProductCardOwner {
   // Opens the card to search, or shows all products again.
   void ToggleSearch();
 
+  // No search is in force any more; the grid is not filled anew.
+  void EndSearch();
+  // Ends the search and fills the grid.
+  void ShowAllProducts();
+
   // Closes the card for good, before the grid's window closes. False where it has to stay.
   bool Close();
 

@@ -9,6 +9,7 @@ namespace vorlina {
 class CardCommands;
 class Connection;
 class ImportPictures;
+class Properties;
 class WidgetProductGrid;
 
 struct GridContext {
@@ -18,6 +19,7 @@ struct GridContext {
   int IDCatalogo = 0;
   CardCommands* card = nullptr;
   ImportPictures* import = nullptr;
+  Properties* properties = nullptr;
   bool busy = false;  // with what must not lose its connection, while events come through
 };
 

@@ -1,0 +1,171 @@
+// The properties of a catalog over the grid's window, worked by keys and the mouse.
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "GridWindowFixture.h"
+#include "catalogs/frmCatalog.h"
+#include "images/PictureFolder.h"
+#include "images/frmImage.h"
+#include "products/frmProduct.h"
+#include "support/TestJpeg.h"
+
+using namespace vorlina;
+
+namespace {
+
+const QString SaveQuestion = u"Do you want to save?"_qs;
+
+class PropertiesWindow : public GridWindow {
+ protected:
+  PropertiesWindow() {
+    Name(u"NomeFiltro1"_qs, u"Colore"_qs);
+    Name(u"NomeFiltro2"_qs, u"Taglia"_qs);
+    AddFilterValue(2, u"grande"_qs);
+    AddProducts({u"a"_qs, u"b"_qs});
+  }
+
+  frmCatalog* Form() const { return window_->findChild<frmCatalog*>(); }
+  bool IsOpen() const { return Form() != nullptr && Form()->isVisible(); }
+  // Some platforms make a window active later, and another one meanwhile.
+  void ActivateForm() const {
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+      if (QApplication::activeWindow() != Form()) Form()->activateWindow();
+      return QApplication::activeWindow() == Form();
+    }));
+  }
+  void OpenForm() const {
+    Find<QAction>(u"cmdProperties"_qs)->trigger();
+    ASSERT_TRUE(IsOpen());
+    ActivateForm();
+  }
+  void FormKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+    QTest::keyClick(Form()->windowHandle(), Qt::Key(key), modifiers);
+    QCoreApplication::processEvents();
+  }
+  // Types over what a box on a tab holds.
+  void Write(int tab, const QString& box, const QString& text) const {
+    Form()->findChild<QTabWidget*>()->setCurrentIndex(tab);
+    auto* widget = Form()->findChild<QWidget*>(box);
+    ASSERT_TRUE(widget != nullptr && widget->isVisible()) << box;
+    widget->setFocus();
+    FormKey(Qt::Key_A, Qt::ControlModifier);
+    FormKey(Qt::Key_Delete);
+    for (const QChar letter : text) QTest::keyClick(Form()->windowHandle(), letter.toLatin1());
+  }
+  // A file that is taken without a word, or with a message.
+  void Browse(const QString& file, const QString& told = {}) {
+    Form()->findChild<QTabWidget*>()->setCurrentIndex(2);
+    dialogs_.ExpectFile(file);
+    if (!told.isEmpty()) dialogs_.ExpectMessage(told, BoxStyle::Information);
+    QTest::mouseClick(Form()->findChild<QPushButton*>(u"cmdBrowse"_qs), Qt::LeftButton);
+    QCoreApplication::processEvents();
+  }
+  frmImage* Preview() const {
+    for (frmImage* preview : Form()->findChildren<frmImage*>())
+      if (preview->isVisible()) return preview;
+    return nullptr;
+  }
+  QString Property(const QString& expression) {
+    return NullToEmpty(One(expression, u"Cataloghi"_qs, u"IDCatalogo=?"_qs, {catalog_}));
+  }
+};
+
+}  // namespace
+
+TEST_F(PropertiesWindow, AsksWhenItClosesAndTheGridTakesTheNamesOver) {
+  Open();
+  OpenForm();
+  FormKey(Qt::Key_Escape);  // nothing was changed
+  EXPECT_FALSE(IsOpen());
+
+  OpenForm();
+  Write(0, u"txtNomeValore1"_qs, u"Descrizione"_qs);
+  Write(0, u"txtNomeValore2"_qs, u"a.b"_qs);
+  Write(3, u"txtSpalla"_qs, u"x|"_qs);
+  // What is refused keeps the window, and goes to the box.
+  dialogs_.ExpectQuestion(SaveQuestion, true);
+  dialogs_.ExpectMessage(u"| is an invalid character "_qs, BoxStyle::Stop);
+  EXPECT_FALSE(Close());
+  EXPECT_EQ(Form()->focusWidget()->objectName(), u"txtSpalla");
+  FormKey(Qt::Key_Backspace);
+  // Without an answer the window stays; the command brings it to the front.
+  dialogs_.ExpectDismissed(SaveQuestion);
+  FormKey(Qt::Key_Escape);
+  OpenForm();
+  EXPECT_EQ(window_->findChildren<frmCatalog*>().size(), 1);
+  dialogs_.ExpectQuestion(SaveQuestion, true);
+  FormKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Captions(), u"||Code|Description|Descrizione|a.b|Colore|Taglia|Publish|Order");
+  EXPECT_EQ(window_->windowTitle(), u"Catalog - ");
+  EXPECT_EQ(Property(u"NomeValore2||Spalla"_qs), u"a\\046bx"_qs);
+
+  // An escaped name is taken for a change.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  OpenForm();
+  dialogs_.ExpectQuestion(SaveQuestion, false);
+  FormKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(PropertiesWindow, ARemovedFilterIsGoneFromTheCardAndTheGrid) {
+  Open();
+  Find<QAction>(u"cmdEdit"_qs)->trigger();
+  auto* card = window_->findChild<frmProduct*>();
+  card->findChild<QPlainTextEdit*>(u"txtDescription"_qs)->setPlainText(u"typed"_qs);
+  OpenForm();
+  Write(1, u"txtNomeFiltro2"_qs, {});
+  // Someone else has another name for it by then.
+  Name(u"NomeFiltro2"_qs, u"Misura"_qs);
+  dialogs_.ExpectQuestion(SaveQuestion, true);
+  dialogs_.ExpectQuestion(
+      u"Do you want to delete the selected filterMisura and all data belonging to it? ?"_qs, true);
+  dialogs_.ExpectQuestion(
+      u"Another window or another program has changed the catalog meanwhile: Filter name 2.\r\n"
+      "Replace those values with what is written here?"_qs,
+      true);
+  dialogs_.ExpectQuestion(SaveQuestion, true);  // the card's
+  FormKey(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen() || card->isVisible());
+  EXPECT_EQ(Stored(u"a"_qs, u"Descrizione||IDFiltro2"_qs), u"typed0"_qs);
+  EXPECT_EQ(Count(u"Filtri"_qs), 0);
+  EXPECT_EQ(Captions(), u"||Code|Description|Colore|Publish|Order");
+}
+
+TEST_F(PropertiesWindow, TheLogoIsStoredWithTheRest) {
+  const QString target = LogoPath(catalog_);
+  const auto picture = [this](const QString& name, QSize size) {
+    WriteFileSafely(Outside(name), MakeJpeg(MakePhoto(size, 1)));
+    return Outside(name);
+  };
+  Open();
+  OpenForm();
+  Browse(picture(u"first.jpg"_qs, {30, 20}));
+  ASSERT_NE(Preview(), nullptr);
+  dialogs_.ExpectQuestion(SaveQuestion, true);
+  EXPECT_TRUE(Close());
+  EXPECT_EQ(Property(u"Logo||Width||'x'||Height"_qs), QString(target + u"30x20"));
+  const QByteArray first = ContentOf(target);
+
+  Open();
+  OpenForm();
+  Browse(target, u"Destination and source folder are the same ."_qs);
+  EXPECT_EQ(Preview(), nullptr);
+  // Enter shows it, Delete takes it away, and No leaves everything as it was.
+  auto* box = Form()->findChild<QLineEdit*>(u"txtLogo"_qs);
+  box->setFocus();
+  FormKey(Qt::Key_Return);
+  ASSERT_NE(Preview(), nullptr);
+  ActivateForm();
+  Browse(picture(u"second.jpg"_qs, {50, 40}));
+  EXPECT_EQ(Form()->findChild<QLineEdit*>(u"txtWidth"_qs)->text(), u"50");
+  ActivateForm();
+  box->setFocus();
+  FormKey(Qt::Key_Delete);
+  EXPECT_EQ(box->text(), QString());
+  dialogs_.ExpectQuestion(SaveQuestion, false);
+  EXPECT_TRUE(Close());
+  EXPECT_EQ(Property(u"Logo||Width||'x'||Height"_qs), QString(target + u"30x20"));
+  EXPECT_EQ(ContentOf(target), first);
+}
