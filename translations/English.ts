@@ -1810,6 +1810,46 @@ Replace those values with what is written here?</translation>
         <source>Mostra il logo</source>
         <translation>Show the logo</translation>
     </message>
+    <message>
+        <source>&amp;Trova:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Il database non può essere letto</source>
+        <translation>The database cannot be read</translation>
+    </message>
+    <message>
+        <source>Ricerca in corso</source>
+        <translation>Searching</translation>
+    </message>
+    <message>
+        <source>Trovate finora: %1</source>
+        <translation>Found so far: %1</translation>
+    </message>
+    <message>
+        <source>Trovate: %1, ricerca interrotta</source>
+        <translation>Found: %1, search stopped</translation>
+    </message>
+    <message>
+        <source>Nessun risultato</source>
+        <translation>Nothing found</translation>
+    </message>
+    <message>
+        <source>Trovate: %1</source>
+        <translation>Found: %1</translation>
+    </message>
+    <message>
+        <source>%1, ripreso dall&apos;inizio</source>
+        <translation>%1, continued from the top</translation>
+    </message>
+    <message>
+        <source>%1, ripreso dalla fine</source>
+        <translation>%1, continued from the end</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

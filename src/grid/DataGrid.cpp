@@ -207,6 +207,17 @@ bool DataGrid::DeleteSelected() {
   return true;
 }
 
+QList<int> DataGrid::TextColumns() const {
+  QList<int> columns = cells_.ValueColumns();
+  columns.removeIf([this](int column) { return rows_.Column(column).kind == ColumnKind::Boolean; });
+  return columns;
+}
+
+void DataGrid::SetMarks(const TextNeedle& marks) {
+  delegate_->SetMarks(marks);
+  viewport()->update();
+}
+
 bool DataGrid::SetSort(const QString& key, SortDirection direction) {
   if (!LeaveRow()) return false;
   const Place current = CurrentPlace();

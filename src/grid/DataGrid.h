@@ -26,6 +26,7 @@ class GridMouse;
 class WidgetClickEdit;
 class WidgetGridDelegate;
 class WidgetRowDrag;
+class TextNeedle;
 class WidgetRowHeader;
 
 class DataGrid : public QTableView {
@@ -61,6 +62,11 @@ class DataGrid : public QTableView {
   bool LeaveForGood() { return leaving_.Leave(true); }
   // Deletes the selected rows, as the Delete key does; none where the current row is the add-new row.
   bool DeleteSelected();
+
+  // The columns that show text, from the left.
+  QList<int> TextColumns() const;
+  // Marks a text wherever a cell shows it.
+  void SetMarks(const TextNeedle& marks);
 
   // Sorts by one column, or with SortDirection::None in the recordset's own order. False where it cannot.
   bool SetSort(const QString& key, SortDirection direction);

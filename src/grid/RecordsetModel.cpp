@@ -162,6 +162,13 @@ int RecordsetModel::FindRow(const QString& key, const QVariant& value) const {
   return rows_.IsOpen() ? int(rows_.Records().Find(key, value)) - 1 : -1;
 }
 
+std::optional<FieldReader> RecordsetModel::Reader(const QList<int>& columns) const {
+  if (!rows_.IsOpen()) return {};
+  std::vector<int> fields;
+  for (const int column : columns) fields.push_back(columns_.FieldOf(column));
+  return rows_.Records().Reader(fields);
+}
+
 int RecordsetModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shownRows_; }
 
 int RecordsetModel::columnCount(const QModelIndex& parent) const {

@@ -105,6 +105,9 @@ class RecordsetModel : public QAbstractTableModel {
   // The recordset's bookmark, 0 for the add-new row; and the row of a bookmark or -1.
   qint64 BookmarkOf(int row) const { return rows_.BookmarkOf(row); }
   int RowOf(qint64 bookmark) const { return rows_.RowOf(bookmark); }
+  // Reads columns of these rows as the database holds them. Nothing reads where nothing is bound; what is
+  // read with is done with before other rows are bound. Throws Error.
+  std::optional<FieldReader> Reader(const QList<int>& columns) const;
   // The first row whose column has the value, as the column compares; -1 for none. Throws Error.
   int FindRow(const QString& key, const QVariant& value) const;
 

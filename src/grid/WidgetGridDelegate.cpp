@@ -10,6 +10,7 @@
 #include <limits>
 
 #include "base/Helpers.h"
+#include "grid/CellMarks.h"
 #include "grid/WidgetDropDown.h"
 #include "grid/WidgetRowHeader.h"
 
@@ -74,12 +75,24 @@ void WidgetGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
   if (index.row() == targetRow_) cell.state &= ~QStyle::State_Selected;
   if (rows_.Column(index.column()).bound) {
     QStyledItemDelegate::paint(painter, cell, index);
+    PaintMarks(*painter, cell, index);
   } else {
     initStyleOption(&cell, index);
     cell.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
     cell.icon.paint(painter, cell.rect.adjusted(2, 2, -2, -2));
   }
   if (current) PaintFrame(*painter, cell);
+}
+
+// The new row, and what stands in the place of a row that is gone, are found by nobody.
+void WidgetGridDelegate::PaintMarks(QPainter& painter, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+  if (marks_.IsEmpty()) return;
+  const RowState state = rows_.StateOf(index.row());
+  if (state != RowState::Shown && state != RowState::Edited) return;
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  PaintCellMarks(painter, cell, marks_.PiecesIn(cell.text), colours_);
 }
 
 QWidget* WidgetGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 #include <functional>
 
+#include "base/TextFolding.h"
 #include "grid/GridColours.h"
 #include "grid/RecordsetModel.h"
 
@@ -21,6 +22,8 @@ class WidgetGridDelegate : public QStyledItemDelegate {
 
   void SetColours(const GridColours& colours) { colours_ = colours; }
   void SetTargetRow(int row) { targetRow_ = row; }
+  // What is marked in the texts of the cells.
+  void SetMarks(const TextNeedle& marks) { marks_ = marks; }
 
   // The open editor, or null; its line.
   QWidget* Editor() const { return editor_; }
@@ -53,11 +56,13 @@ class WidgetGridDelegate : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  private:
+  void PaintMarks(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
   bool FilterDropDown(QComboBox& combo, QEvent& event);
 
   RecordsetModel& rows_;
   GridColours colours_;
   int targetRow_ = -1;
+  TextNeedle marks_;
   mutable QPointer<QWidget> editor_;
   mutable bool refused_ = false;
 };

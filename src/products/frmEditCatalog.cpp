@@ -10,6 +10,7 @@
 #include "base/CommandIcon.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
+#include "grid/WidgetFindBar.h"
 #include "products/Attempt.h"
 #include "products/CellRules.h"
 #include "products/GridCommands.h"
@@ -70,6 +71,7 @@ frmEditCatalog::frmEditCatalog(QWidget* parent) : QMainWindow(parent), ui_(new U
   MakeStatusBar();
   MakeToolbar();
   MakeMenus();
+  MakeFindBar();
   ConnectGrid();
   drops_ = std::make_unique<DropPictures>(*context_);
   card_ = std::make_unique<CardCommands>(*context_, *findChild<QAction*>(u"cmdSearch"_qs));
@@ -116,6 +118,24 @@ void frmEditCatalog::MakeMenus() {
           [this] { frmKeys::Open(*this, ProductKeys()); });
   mnuColonna = new WidgetColumnMenu(*grdProducts);
   mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
+}
+
+// Its keys work in the grid and in the bar itself.
+void frmEditCatalog::MakeFindBar() {
+  findBar_ = new WidgetFindBar(ui_->centralWidget);
+  findBar_->setObjectName(u"findBar"_qs);
+  findBar_->SetGrid(*grdProducts);
+  ui_->layoutCentral->addWidget(findBar_);
+  using Step = void (WidgetFindBar::*)();
+  constexpr Step steps[] = {&WidgetFindBar::Open, &WidgetFindBar::FindNext, &WidgetFindBar::FindPrevious};
+  QStringList keys;
+  for (std::size_t i = 0; i < GridFindMenu.size(); ++i) {
+    QAction* entry = AddCommand(*mnuGriglia, GridFindMenu[i], *grdProducts);
+    findBar_->addAction(entry);
+    keys += entry->shortcut().toString(QKeySequence::NativeText);
+    connect(entry, &QAction::triggered, findBar_, steps[i]);
+  }
+  findBar_->SetKeys(keys[1], keys[2]);
 }
 
 void frmEditCatalog::MakeStatusBar() {
@@ -202,6 +222,8 @@ void frmEditCatalog::Localize_Form() {
   mnuGriglia->setTitle(Texts::tr("Griglia"));
   LocalizeCommands(*mnuGriglia, GridMenu);
   LocalizeCommands(*mnuAiuto, GridHelpMenu);
+  LocalizeCommands(*mnuGriglia, GridFindMenu);
+  findBar_->Localize();
   mnuColonna->Localize();
 }
 

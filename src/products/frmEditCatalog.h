@@ -22,6 +22,7 @@ class GridRefusals;
 class ImportPictures;
 class Properties;
 class WidgetColumnMenu;
+class WidgetFindBar;
 class WidgetProductGrid;
 struct GridContext;
 
@@ -65,6 +66,7 @@ class frmEditCatalog : public QMainWindow {
  private:
   void MakeToolbar();
   void MakeMenus();
+  void MakeFindBar();
   void MakeStatusBar();
   void ConnectGrid();
   void FillPublishMenu();
@@ -83,6 +85,7 @@ class frmEditCatalog : public QMainWindow {
   WidgetProductGrid* grdProducts;
   QMenu* mnuGriglia;
   WidgetColumnMenu* mnuColonna;
+  WidgetFindBar* findBar_;
   QMenu* mnuPubblica;
   QMenu* mnuAiuto;
   QLabel* lblProdotti;

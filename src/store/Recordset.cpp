@@ -99,6 +99,12 @@ std::vector<FetchedRow> Recordset::FetchRows(qint64 position, int count) const {
   return rows;
 }
 
+FieldReader Recordset::Reader(const std::vector<int>& columns) const {
+  QStringList names;
+  for (const int column : columns) names += Fields().At(column).column;
+  return {*connection_, reader_->Table(), names};
+}
+
 qint64 Recordset::ChangeMark() const {
   RequireOpen();
   return connection_->ChangeMark();

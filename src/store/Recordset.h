@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "store/Connection.h"
+#include "store/FieldReader.h"
 #include "store/Keyset.h"
 #include "store/RowEdit.h"
 #include "store/RowReader.h"
@@ -60,6 +61,9 @@ class Recordset {
   // Rows from a position on, read by one statement; the current row stays what it is. Fewer where the
   // recordset ends.
   std::vector<FetchedRow> FetchRows(qint64 position, int count) const;
+  // Reads columns of these rows, and of others of their table, for whoever looks through many. An expression
+  // cannot be read. Throws Error.
+  FieldReader Reader(const std::vector<int>& columns) const;
   // Differs from an earlier answer once anybody has written to the database.
   qint64 ChangeMark() const;
 

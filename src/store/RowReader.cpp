@@ -12,16 +12,11 @@ namespace {
 // Rows that one statement fetches.
 constexpr int BlockRows = 64;
 
-// A statement that is left standing on a row would hold a lock.
-struct Reset {
-  SQLite::Statement& statement;
-  ~Reset() { statement.tryReset(); }
-};
-
 }  // namespace
 
 RowReader::RowReader(Connection& connection, const KeysetQuery& query)
     : connection_(connection),
+      table_(query.table),
       source_(u"SELECT rowid, "_qs + query.columns + u" FROM "_qs + QuoteName(query.table)) {
   WithStoreErrors([&] { fields_.Read(Prepared(one_, 1), 1, query.table, connection.Database()); });
 }
@@ -45,7 +40,7 @@ Row RowReader::RowOf(const SQLite::Statement& statement) const {
 std::optional<Row> RowReader::Read(qint64 key) {
   return WithStoreErrors([&]() -> std::optional<Row> {
     SQLite::Statement& statement = Prepared(one_, 1);
-    const Reset reset{statement};
+    const ResetAtEnd reset{statement};
     statement.bind(1, static_cast<int64_t>(key));
     if (!statement.executeStep()) return {};
     return RowOf(statement);
@@ -66,7 +61,7 @@ void RowReader::ReadBlock(FetchedRow* rows, int count) {
             [](const FetchedRow* a, const FetchedRow* b) { return a->bookmark < b->bookmark; });
   WithStoreErrors([&] {
     SQLite::Statement& statement = Prepared(block_, BlockRows);
-    const Reset reset{statement};
+    const ResetAtEnd reset{statement};
     statement.clearBindings();
     for (int i = 0; i < count; ++i) statement.bind(i + 1, static_cast<int64_t>(rows[i].bookmark));
     while (statement.executeStep()) {

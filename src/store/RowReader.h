@@ -29,6 +29,7 @@ class RowReader {
   RowReader(Connection& connection, const KeysetQuery& query);
 
   const RecordsetFields& Fields() const { return fields_; }
+  const QString& Table() const { return table_; }
   // Nothing where the row is not there any more.
   std::optional<Row> Read(qint64 key);
   // Fills in the rows of the bookmarks, by as few statements as may be.
@@ -40,6 +41,7 @@ class RowReader {
   SQLite::Statement& Prepared(std::unique_ptr<SQLite::Statement>& statement, int keys) const;
 
   Connection& connection_;
+  QString table_;
   QString source_;  // up to the condition on the key, which is the first column
   RecordsetFields fields_;
   std::unique_ptr<SQLite::Statement> one_;

@@ -40,6 +40,12 @@ SQLite::Statement Prepare(SQLite::Database& database, const QString& sql);
 // Binds the values from the given parameter on, counted from 1.
 void BindValues(SQLite::Statement& statement, const QVariantList& values, int first = 1);
 
+// A statement that is left standing on a row would hold a lock.
+struct ResetAtEnd {
+  SQLite::Statement& statement;
+  ~ResetAtEnd() { statement.tryReset(); }
+};
+
 // A column of the current row; NullValue() for Null.
 QVariant ColumnValue(const SQLite::Statement& statement, int column, bool boolean);
 
