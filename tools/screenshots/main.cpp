@@ -144,7 +144,7 @@ void TakeImport(const Photographer& photographer, frmCatalogs& catalogs) {
   progress->ShowCount(500, 1200);
   QApplication::processEvents();
   progress->ShowMade(u"tazza 201.jpg"_qs, AppFile(u"Images/109-TZ-201.jpg"_qs));
-  TakeAtRest(photographer, *window, u"frmEditCatalog-import"_qs);
+  photographer.TakeAtRest(*window, u"frmEditCatalog-import"_qs);
   progress->MostraProgresso(1, 1, false);
   auto* outcome = dynamic_cast<WidgetImportOutcome*>(window->findChild<QWidget*>(u"fmeImportati"_qs));
   outcome->Show(
