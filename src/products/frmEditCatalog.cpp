@@ -292,7 +292,11 @@ void frmEditCatalog::closeEvent(QCloseEvent* event) {
 
 bool frmEditCatalog::ClosesLate() const { return import_->IsClosing(); }
 
-void frmEditCatalog::CloseLate() { Q_EMIT ClosedLate(close()); }
+void frmEditCatalog::CloseLate() {
+  const bool closed = close();
+  if (!closed) import_->FillGrid();
+  Q_EMIT ClosedLate(closed);
+}
 
 void frmEditCatalog::ReleaseAll() {
   grdProducts->Release();

@@ -27,6 +27,8 @@ class ImportPictures : public QObject {
   // Whether the window may close. Where it may not, the import is asked to stop, and Finished follows.
   bool MayClose();
   bool IsClosing() const { return closing_; }
+  // Shows what came, once the user is done with what is edited in the grid.
+  void FillGrid();
 
  Q_SIGNALS:
   // The import for which the window could not close has ended, and nothing of it is at work any more.
@@ -36,7 +38,6 @@ class ImportPictures : public QObject {
   void ImportFolder(const QString& folder);
   bool Run(PictureImport& import);
   void TellFailure(const PictureImport& import, const QString& description);
-  void FillGrid();
 
   GridContext& context_;
   WidgetImportProgress* fmeProgress_;
