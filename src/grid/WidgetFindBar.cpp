@@ -227,6 +227,14 @@ QString WidgetFindBar::FoundText() const {
                        : Texts::tr("%1, ripreso dalla fine").arg(found);
 }
 
+// In the bar Escape is the bar's, also where it is a shortcut of the window.
+bool WidgetFindBar::event(QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+    return QWidget::event(event);
+  event->accept();
+  return true;
+}
+
 void WidgetFindBar::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Escape:

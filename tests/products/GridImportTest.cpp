@@ -69,6 +69,10 @@ TEST_F(GridImport, AThousandPicturesComeWithAMovingBarAndAListOfWhatIsLeftOut) {
 TEST_F(GridImport, EscapeEndsItAndShowsWhatCame) {
   Put(9);
   Open();
+  At(2, [this] {
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Key(Qt::Key_Escape);  // closes the bar
+  });
   At(3, [this] { Key(Qt::Key_Escape); });
   Import();
   EXPECT_EQ(Told(), u"Import cancelled. Imported 3 products of 9"_qs);
