@@ -58,6 +58,8 @@ void WidgetImportProgress::MakeControls() {
   lblCount_->setTextFormat(Qt::PlainText);
   prgElaborazione_->setTextVisible(false);
   prgElaborazione_->setValue(0);
+  // The frame goes, and the focus of who presses stays where it is.
+  cmdCancelBatch_->setFocusPolicy(Qt::TabFocus);
   setFixedWidth(FrameWidth);
   auto* room = new QWidget(this);
   room->setFixedHeight(PictureRoom.height());
