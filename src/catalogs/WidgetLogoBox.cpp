@@ -6,6 +6,7 @@
 
 #include "base/CommandIcon.h"
 #include "base/Dialogs.h"
+#include "base/Helpers.h"
 #include "base/Texts.h"
 #include "images/frmImage.h"
 
@@ -16,6 +17,8 @@ WidgetLogoBox::WidgetLogoBox(QWidget* parent) : QLineEdit(parent) {
   QAction* clear = AddSign(u"cmdClearLogo"_qs, style()->standardIcon(QStyle::SP_LineEditClearButton),
                            {Qt::Key_Delete, Qt::Key_Backspace});
   connect(clear, &QAction::triggered, this, &WidgetLogoBox::ClearWanted);
+  connect(this, &QLineEdit::textChanged, this,
+          [this](const QString& path) { setToolTip(PlainToolTip(path)); });
 }
 
 void WidgetLogoBox::OfferPreview() {

@@ -155,10 +155,17 @@ void frmCatalog::ShowLogo() {
   if (QFile::exists(path)) ui_->txtLogo->ShowPreview(path);
 }
 
-// Held, it would answer what the first one has asked.
+// Held, Escape would answer what the first one has asked. The keys that turn to the next tab do so from the
+// boxes above as well.
 void frmCatalog::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
-  if (!event->isAutoRepeat()) close();
+  const bool turns = (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) &&
+                     event->modifiers().testFlag(Qt::ControlModifier);
+  if (turns)
+    QCoreApplication::sendEvent(ui_->tbsCatalogo, event);
+  else if (event->key() != Qt::Key_Escape)
+    QWidget::keyPressEvent(event);
+  else if (!event->isAutoRepeat())
+    close();
 }
 
 bool frmCatalog::Settle() {

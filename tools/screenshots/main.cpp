@@ -17,6 +17,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeWidget>
@@ -28,6 +29,7 @@
 #include "base/Dialogs.h"
 #include "base/Settings.h"
 #include "base/WidgetDialogs.h"
+#include "catalogs/frmCatalog.h"
 #include "catalogs/frmNewCatalog.h"
 #include "grid/DataGrid.h"
 #include "images/frmImage.h"
@@ -192,6 +194,21 @@ void TakeCard(const Photographer& photographer, frmCatalogs& catalogs) {
   window->close();
 }
 
+// The four tabs of a catalog's properties. The window goes without its question.
+void TakeProperties(const Photographer& photographer, frmCatalogs& catalogs) {
+  catalogs.findChild<QPushButton*>(u"Edit"_qs)->click();
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  window->findChild<QAction*>(u"cmdProperties"_qs)->trigger();
+  auto* form = window->findChild<frmCatalog*>();
+  auto* tabs = form->findChild<QTabWidget*>(u"tbsCatalogo"_qs);
+  for (int tab = 0; tab < tabs->count(); ++tab) {
+    tabs->setCurrentIndex(tab);
+    photographer.Take(*form, u"frmCatalog-%1"_qs.arg(tab + 1));
+  }
+  delete form;
+  window->close();
+}
+
 // A catalog without products and without names.
 void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   Write(catalogs.cnnCatalog, u"INSERT INTO Cataloghi (NomeCatalogo) VALUES ('Ceramiche')"_qs);
@@ -276,6 +293,8 @@ void TakeAll(const Photographer& photographer) {
   TakeImport(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   TakeCard(photographer, catalogs);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  TakeProperties(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   TakeEmptyGrid(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
