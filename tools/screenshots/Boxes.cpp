@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -17,6 +18,7 @@
 #include "base/Dialogs.h"
 #include "base/Texts.h"
 #include "base/WidgetProgressBox.h"
+#include "catalogs/frmCatalog.h"
 #include "catalogs/frmNewCatalog.h"
 #include "grid/DataGrid.h"
 #include "products/frmEditCatalog.h"
@@ -125,6 +127,25 @@ void TakeGridsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+// What is unsaved in the properties, and, once that is to be saved, a filter that goes.
+void TakePropertiesBoxes(const Photographer& photographer, Connection& connection) {
+  const Boxes boxes(photographer);
+  frmCatalog form;
+  form.CatalogRs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=109"_qs}, connection);
+  form.Connessione = &connection;
+  form.LoadForm();
+  form.show();
+  form.findChild<QLineEdit*>(u"txtNomeFiltro3"_qs)->clear();
+  boxes.During(u"properties-save"_qs, [&] { form.close(); });
+  form.MayWrite = [](bool) { return false; };
+  boxes.During(u"properties-filter"_qs, [&] {
+    QTimer::singleShot(0, &form, [] {
+      qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Yes)->click();
+    });
+    form.close();
+  });
+}
+
 void TakePicturesBoxes(const Photographer& photographer, Connection& connection) {
   const Boxes boxes(photographer);
   frmImages images;
@@ -164,6 +185,7 @@ void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QS
   catalogs.show();
   TakeMainWindowsBoxes(photographer, catalogs);
   TakeGridsBoxes(photographer, catalogs);
+  TakePropertiesBoxes(photographer, catalogs.cnnCatalog);
   TakePicturesBoxes(photographer, catalogs.cnnCatalog);
   TakePluginsBoxes(photographer, catalogs, folder);
 }
