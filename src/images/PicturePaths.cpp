@@ -133,11 +133,12 @@ QSize SizeOf(const QString& path) {
 
 // Whether a row that names the picture has the size of the one beside it, and not its own.
 bool IsOfTheRow(const QString& path, const QString& staged, Connection& connection) {
-  Rows rows(
-      connection,
-      u"SELECT Width,Height FROM Prodotti WHERE Immagine=?1 UNION ALL SELECT Width,Height FROM Immagini "
-      "WHERE Immagine=?1"_qs,
-      {path});
+  Rows rows(connection,
+            u"SELECT Width,Height FROM Prodotti WHERE Immagine=?1 "
+            "UNION ALL SELECT Width,Height FROM Cataloghi WHERE Logo=?1 "
+            "UNION ALL SELECT Width,Height FROM Immagini "
+            "WHERE Immagine=?1"_qs,
+            {path});
   if (!rows.Next()) return false;
   const QSize stored(rows.Value(0).toInt(), rows.Value(1).toInt());
   return SizeOf(staged) == stored && SizeOf(path) != stored;

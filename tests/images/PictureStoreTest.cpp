@@ -165,10 +165,16 @@ TEST_F(PictureStoreTest, WhatWasToTakeAPicturesPlaceTakesItAtTheNextOpening) {
   // The second one's row was not stored; of the third one both have the size.
   connection_.Execute(u"UPDATE Prodotti SET Width=iif(CodiceProdotto='1.jpg',30,40)"_qs);
   connection_.Execute(u"UPDATE Prodotti SET Height=70-Width"_qs);
+  const QString logo = PicturePath(u"9-Logo.jpg"_qs);
+  WriteFileSafely(logo, wide);
+  WriteFileSafely(logo + u".staged"_qs, tall);
+  connection_.Execute(u"INSERT INTO Cataloghi (Logo,Width,Height) VALUES (?,30,40)"_qs, {logo});
   FitPicturePaths(connection_);
-  EXPECT_EQ(PictureNames(),
-            u"1.jpg 2.jpg 2.jpg.staged 3.jpg 3.jpg.staged linked.jpg t1.jpg t2.jpg t2.jpg.staged t3.jpg "
-            "t3.jpg.staged");
+  EXPECT_EQ(ContentOf(logo), tall);
+  EXPECT_EQ(
+      PictureNames(),
+      u"1.jpg 2.jpg 2.jpg.staged 3.jpg 3.jpg.staged 9-Logo.jpg linked.jpg t1.jpg t2.jpg t2.jpg.staged t3.jpg "
+      "t3.jpg.staged");
   EXPECT_EQ(ContentOf(PicturePath(u"1.jpg"_qs)), tall);
   EXPECT_EQ(ContentOf(PicturePath(u"t1.jpg"_qs)), "new");
 }
