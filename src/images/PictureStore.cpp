@@ -109,10 +109,11 @@ bool IsPictureNameFree(const QString& path, Connection& connection, qint64 excep
 
 bool IsProductPicture(const QString& path, Connection& connection) {
   PathKeys keys;
+  const QString name = NameIn(QDir::fromNativeSeparators(path));
   bool named = false;
   ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
-    named = named || (picture.use != PictureUse::Logo && keys.Of(picture.path) == keys.Of(path) &&
-                      IsSameFile(picture.path, path));
+    named = named || (picture.use != PictureUse::Logo && picture.path.endsWith(name, Qt::CaseInsensitive) &&
+                      keys.Of(picture.path) == keys.Of(path) && IsSameFile(picture.path, path));
   });
   return named;
 }

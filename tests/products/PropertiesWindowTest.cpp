@@ -71,6 +71,14 @@ class PropertiesWindow : public GridWindow {
 TEST_F(PropertiesWindow, AsksWhenItClosesAndTheGridTakesTheNamesOver) {
   Open();
   OpenForm();
+  QStringList names;
+  for (QString name; !names.contains(name = Form()->focusWidget()->objectName());) {
+    names += name;
+    FormKey(Qt::Key_Tab);
+  }
+  EXPECT_EQ(
+      names.join(u' '),
+      u"txtNomeCatalogo txtDescrizione qt_tabwidget_tabbar txtNomeValore1 txtNomeValore2 txtNomeValore3");
   FormKey(Qt::Key_Escape);  // nothing was changed
   EXPECT_FALSE(IsOpen());
   OpenForm();
