@@ -52,7 +52,7 @@ class CatalogPropertiesTest : public CatalogFixture {
   }
   // Chooses a picture that is gone by the time it is stored, as a stick that is taken out.
   QByteArray ChooseLogo(QSize size) {
-    const QByteArray jpeg = MakeJpeg(MakePhoto(size, 2));
+    QByteArray jpeg = MakeJpeg(MakePhoto(size, 2));
     WriteFileSafely(Outside(u"logo.jpg"_qs), jpeg);
     EXPECT_EQ(properties_->ChooseLogo(Outside(u"logo.jpg"_qs)), size);
     QFile::remove(Outside(u"logo.jpg"_qs));
