@@ -1850,6 +1850,30 @@ Replace those values with what is written here?</translation>
         <source>%1, ripreso dalla fine</source>
         <translation>%1, continued from the end</translation>
     </message>
+    <message>
+        <source>Nella riga di ricerca: trova il successivo o il precedente</source>
+        <translation>In the search line: find next or previous</translation>
+    </message>
+    <message>
+        <source>Interrompi la ricerca in corso, altrimenti chiudi la riga di ricerca</source>
+        <translation>Stop the search that is running, otherwise close the search line</translation>
+    </message>
+    <message>
+        <source>Vai alla scheda seguente o precedente della finestra</source>
+        <translation>Go to the next or previous tab of the window</translation>
+    </message>
+    <message>
+        <source>Sul logo: mostra l&apos;immagine</source>
+        <translation>On the logo: show the picture</translation>
+    </message>
+    <message>
+        <source>Sul logo: togli il logo</source>
+        <translation>On the logo: remove the logo</translation>
+    </message>
+    <message>
+        <source>Proprietà del catalogo</source>
+        <translation>Catalog properties</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -34,6 +34,21 @@ constexpr KeyUse ImportKeyUses[] = {
     {u"Esc", QT_TRANSLATE_NOOP("Texts", "Interrompi l'importazione in corso")},
 };
 
+constexpr KeyUse FindKeyUses[] = {
+    {u"Return; Shift+Return",
+     QT_TRANSLATE_NOOP("Texts", "Nella riga di ricerca: trova il successivo o il precedente")},
+    {u"Esc",
+     QT_TRANSLATE_NOOP("Texts", "Interrompi la ricerca in corso, altrimenti chiudi la riga di ricerca")},
+};
+
+constexpr KeyUse PropertyKeyUses[] = {
+    {u"Ctrl+Tab; Ctrl+Shift+Tab",
+     QT_TRANSLATE_NOOP("Texts", "Vai alla scheda seguente o precedente della finestra")},
+    {u"Return; Enter", QT_TRANSLATE_NOOP("Texts", "Sul logo: mostra l'immagine")},
+    {u"Del; Backspace", QT_TRANSLATE_NOOP("Texts", "Sul logo: togli il logo")},
+    {u"Esc", QT_TRANSLATE_NOOP("Texts", "Chiudi la finestra")},
+};
+
 constexpr KeyUse CardKeyUses[] = {
     {u"F4; Up; Down", QT_TRANSLATE_NOOP("Texts", "Apri l'elenco dei valori di un filtro")},
     {u"Return", QT_TRANSLATE_NOOP("Texts", "Durante una ricerca: trova")},
@@ -64,7 +79,6 @@ KeyGroup GridWindowKeys() {
   KeyGroup group{Texts::tr("Finestra dei prodotti"), {}};
   group.Add(GridToolbar);
   group.Add(GridHelpMenu);
-  group.Add(GridFindMenu);
   group.Add(GridMenu);
   group.Add(ImportKeyUses);
   return group;
@@ -73,6 +87,13 @@ KeyGroup GridWindowKeys() {
 KeyGroup ColumnKeys() {
   KeyGroup group{Texts::tr("Colonne"), {}};
   group.Add(ColumnMenu);
+  return group;
+}
+
+KeyGroup FindKeys() {
+  KeyGroup group{Texts::tr("Trova nelle righe"), {}};
+  group.Add(GridFindMenu);
+  group.Add(FindKeyUses);
   return group;
 }
 
@@ -99,10 +120,12 @@ std::vector<KeyGroup> ProductKeys() {
   return {GridWindowKeys(),
           Uses(Texts::tr("Righe e celle"), GridKeyUses),
           ColumnKeys(),
+          FindKeys(),
           CardKeys(),
           images,
           Uses(Texts::tr("Scheda tecnica"), SheetKeyUses),
-          Uses(Texts::tr("Immagini del catalogo"), PagerKeyUses)};
+          Uses(Texts::tr("Immagini del catalogo"), PagerKeyUses),
+          Uses(Texts::tr("Proprietà del catalogo"), PropertyKeyUses)};
 }
 
 }  // namespace vorlina

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "base/Settings.h"
+#include "catalogs/frmCatalog.h"
 #include "catalogs/frmNewCatalog.h"
 #include "images/PictureFolder.h"
 #include "products/WidgetProductGrid.h"
@@ -30,15 +31,24 @@ namespace {
 struct Words {
   QString newValue;
   QString description;
+  QString save;
   QString ready;
   QString siteButton;
   QByteArray site;
 };
 
-const Words ItalianWords{u"Inserire il nuovo valore in tabella ?: Rosso"_qs, u"Descrizione immagine"_qs,
-                         u"Il sito è pronto: %1 pagine."_qs, u"optItalian"_qs, "<html lang=\"it\">"};
-const Words EnglishWords{u"Do you want to insert a new item in the table?: Rosso"_qs, u"Image description"_qs,
-                         u"The site is ready: %1 pages."_qs, u"optEnglish"_qs, "<html lang=\"en\">"};
+const Words ItalianWords{u"Inserire il nuovo valore in tabella ?: Rosso"_qs,
+                         u"Descrizione immagine"_qs,
+                         u"Salvare le modifiche effettuate ?"_qs,
+                         u"Il sito è pronto: %1 pagine."_qs,
+                         u"optItalian"_qs,
+                         "<html lang=\"it\">"};
+const Words EnglishWords{u"Do you want to insert a new item in the table?: Rosso"_qs,
+                         u"Image description"_qs,
+                         u"Do you want to save?"_qs,
+                         u"The site is ready: %1 pages."_qs,
+                         u"optEnglish"_qs,
+                         "<html lang=\"en\">"};
 
 class Roads : public CatalogFixture, public testing::WithParamInterface<QString> {
  protected:
@@ -87,6 +97,7 @@ class Roads : public CatalogFixture, public testing::WithParamInterface<QString>
   void AddProduct();
   void AddPictures();
   void ImportFolder();
+  void SetProperties();
   void SetOrder();
   void Publish(const QString& folder, int pages, const std::function<void()>& command);
 
@@ -122,7 +133,7 @@ void Roads::AddProduct() {
 // The main picture, once one is chosen, and another one in the list beside its preview. All windows go with
 // the card.
 void Roads::AddPictures() {
-  EXPECT_EQ(Count(u"PExtension"_qs) + FilesIn(AppFile(u"Images"_qs)).size(), 0);
+  EXPECT_TRUE(Count(u"PExtension"_qs) == 0 && FilesIn(AppFile(u"Images"_qs)).empty());
   for (const QString& chosen : {QString(), Photo(u"vaso.jpg"_qs, 1, {1200, 600})}) {
     EXPECT_EQ(main_.findChild<frmImages*>(), nullptr);
     dialogs_.ExpectFile(chosen);
@@ -146,6 +157,23 @@ void Roads::ImportFolder() {
   dialogs_.ExpectFolder(Outside(u"folder"_qs));
   Key(Qt::Key_I, Qt::ControlModifier);
   EXPECT_TRUE(QTest::qWaitFor([this] { return Grid().Rows().RecordCount() == 3; }));
+}
+
+// A value gets a name, and with it a column; the site gets a title.
+void Roads::SetProperties() {
+  Key(Qt::Key_Return, Qt::AltModifier);
+  const auto* window = Come<frmCatalog>();
+  window->findChild<QWidget*>(u"txtNomeValore1"_qs)->setFocus();
+  Type(u"Prezzo"_qs);
+  for (int tab = 0; tab < 3; ++tab) Key(Qt::Key_Tab, Qt::ControlModifier);
+  window->findChild<QWidget*>(u"txtTitolo"_qs)->setFocus();
+  Type(u"La bottega"_qs);
+  dialogs_.ExpectQuestion(words_.save, true);
+  Key(Qt::Key_Escape);
+  Come<frmEditCatalog>();
+  EXPECT_TRUE(Grid().GoTo(0, u"Prezzo"_qs));
+  Type(u"12"_qs);
+  Key(Qt::Key_Return);
 }
 
 // A product that is typed into the grid goes before the first one.
@@ -192,6 +220,7 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
   AddProduct();
   AddPictures();
   ImportFolder();
+  SetProperties();
   SetOrder();
   EXPECT_EQ(Orders(1), u"Z1 14 25 36"_qs);
   EXPECT_EQ(One(u"json_array(Descrizione,Valore,Immagine,Width,Height)"_qs, u"Prodotti,Filtri"_qs,
@@ -216,9 +245,11 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
   const auto site = FilesIn(Outside(u"by list"_qs));
   EXPECT_EQ(Differences(FilesIn(Outside(u"by grid"_qs)), site).join(u' '), QString());
   const QByteArray product = site.at(u"p-1.html"_qs);
-  for (const QByteArray& part : {words_.site, QByteArray("Vaso alto"), QByteArray("Rosso"),
-                                 QByteArray("Dal lato"), QByteArray("images/p-1_2.jpg")})
+  for (const QByteArray& part :
+       {words_.site, QByteArray("Vaso alto"), QByteArray("Rosso"), QByteArray("Dal lato"),
+        QByteArray("<dt>Prezzo</dt>\n<dd>12</dd>"), QByteArray("images/p-1_2.jpg")})
     EXPECT_TRUE(product.contains(part)) << part.toStdString();
+  EXPECT_TRUE(site.at(u"index.html"_qs).contains("La bottega"));
   const QByteArray& list = site.at(u"products.html"_qs);
   EXPECT_LT(list.indexOf("Piatto"), list.indexOf("Vaso alto"));
   EXPECT_TRUE(site.at(u"p-2.html"_qs).contains("Brocca d&apos;acqua"));

@@ -269,7 +269,8 @@ TEST_F(MainWindow, TheOverviewOfKeysHasEveryShortcut) {
   Open();
   Press(u"cmdEdit"_qs);
   frmEditCatalog* grid = window_->findChild<frmEditCatalog*>();
-  grid->findChild<QAction*>(u"cmdNew"_qs)->trigger();
+  for (const QString& command : {u"cmdProperties"_qs, u"cmdNew"_qs})
+    grid->findChild<QAction*>(command)->trigger();
   frmImages images;
   EXPECT_TRUE(QTest::qWaitForWindowActive(grid->findChild<QWidget*>(u"frmProduct"_qs)));
   grid->activateWindow();
