@@ -16,6 +16,7 @@
 
 #include "Photographer.h"
 #include "base/Dialogs.h"
+#include "base/SafeFile.h"
 #include "base/Texts.h"
 #include "base/WidgetProgressBox.h"
 #include "catalogs/frmCatalog.h"
@@ -161,6 +162,22 @@ void TakePicturesBoxes(const Photographer& photographer, Connection& connection)
   });
 }
 
+// Folders without a picture, and with a file that is none.
+void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& place) {
+  const Boxes boxes(photographer);
+  Trigger(catalogs, u"cmdEdit"_qs);
+  auto* window = catalogs.findChild<frmEditCatalog*>();
+  for (const QString& name : {u"empty"_qs, u"broken"_qs}) {
+    const QString folder = place + u'/' + name;
+    QDir().mkpath(folder);
+    if (name == u"broken") WriteFileSafely(folder + u"/tazza.jpg"_qs, "no picture");
+    boxes.During(
+        u"import-"_qs + name, [&] { Trigger(*window, u"cmdImporta"_qs); }, folder);
+  }
+  window->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 // Two catalogs into one folder.
 void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder) {
   const Boxes boxes(photographer);
@@ -181,13 +198,14 @@ void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs, c
 
 }  // namespace
 
-void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder) {
+void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& place) {
   catalogs.show();
   TakeMainWindowsBoxes(photographer, catalogs);
   TakeGridsBoxes(photographer, catalogs);
   TakePropertiesBoxes(photographer, catalogs.cnnCatalog);
   TakePicturesBoxes(photographer, catalogs.cnnCatalog);
-  TakePluginsBoxes(photographer, catalogs, folder);
+  TakeImportsBoxes(photographer, catalogs, place);
+  TakePluginsBoxes(photographer, catalogs, place + u"/site"_qs);
 }
 
 }  // namespace vorlina

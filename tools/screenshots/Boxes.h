@@ -8,7 +8,7 @@ namespace vorlina {
 class Photographer;
 class frmCatalogs;
 
-// The folder is where a site may be published to.
-void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder);
+// The place is a folder for what it needs: pictures to import, and a site.
+void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& place);
 
 }  // namespace vorlina

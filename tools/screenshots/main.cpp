@@ -312,7 +312,7 @@ void TakeAll(const Photographer& photographer) {
   frmCatalogs main;
   main.LoadForm();
   main.ListCatalog();
-  TakeBoxes(photographer, main, AppFile(u"site"_qs));
+  TakeBoxes(photographer, main, AppPath());
 }
 
 // The scale is the process's own, so this program starts itself once for each.
