@@ -2,7 +2,6 @@
 
 #include "GridWindowFixture.h"
 #include "base/Settings.h"
-#include "base/WidgetInputHold.h"
 #include "shell/frmCatalogs.h"
 
 using namespace vorlina;
@@ -62,31 +61,6 @@ TEST_F(GridWindowTest, HelpIsThereWhereSomebodyGivesIt) {
   Key(Qt::Key_F1);
   Find<QAction>(u"subHelp"_qs)->trigger();
   EXPECT_EQ(topic, 2 * 1002);
-}
-
-// What the user does while a plug-in works goes to its boxes alone.
-TEST_F(GridWindowTest, ItTakesNothingWhileItIsHeld) {
-  AddProducts({u"a"_qs});
-  Open();
-  grid_->GoTo(0, Description);
-  auto hold = std::make_unique<WidgetInputHold>(*window_);
-  QDialog box(window_);
-  const auto work = [&]() -> QString {
-    Key(Qt::Key_F2);
-    const bool typed = Editor() != nullptr;
-    Key(Qt::Key_F1, Qt::ControlModifier);
-    return QString::number(typed) + QString::number(window_->findChild<QDialog*>(u"frmKeys"_qs) != nullptr);
-  };
-  EXPECT_EQ(work(), u"00");
-  EXPECT_FALSE(Close());
-  box.show();
-  box.activateWindow();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
-  QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-  EXPECT_FALSE(box.isVisible());
-  hold.reset();
-  Activate(0);
-  EXPECT_EQ(work(), u"11");
 }
 
 TEST_F(GridWindowTest, ALockThatStaysIsToldAndTheRowStaysInEdit) {

@@ -40,13 +40,13 @@ struct Words {
 const Words ItalianWords{u"Inserire il nuovo valore in tabella ?: Rosso"_qs,
                          u"Descrizione immagine"_qs,
                          u"Salvare le modifiche effettuate ?"_qs,
-                         u"Il sito è pronto: %1 pagine."_qs,
+                         u"Il sito è pronto: 7 pagine."_qs,
                          u"optItalian"_qs,
                          "<html lang=\"it\">"};
 const Words EnglishWords{u"Do you want to insert a new item in the table?: Rosso"_qs,
                          u"Image description"_qs,
                          u"Do you want to save?"_qs,
-                         u"The site is ready: %1 pages."_qs,
+                         u"The site is ready: 7 pages."_qs,
                          u"optEnglish"_qs,
                          "<html lang=\"en\">"};
 
@@ -99,9 +99,10 @@ class Roads : public CatalogFixture, public testing::WithParamInterface<QString>
   void ImportFolder();
   void SetProperties();
   void SetOrder();
-  void Publish(const QString& folder, int pages, const std::function<void()>& command);
+  QString Publish(const QString& folder, const std::function<void()>& command);
 
   const Words& words_;
+  int asked_ = 0;  // how many times for the site's language
   ScriptedDialogs dialogs_;
   frmCatalogs main_;
 };
@@ -188,29 +189,43 @@ void Roads::SetOrder() {
   for (int time = 0; time < 4; ++time) Key(Qt::Key_PageUp, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-// Works the boxes of the plug-in, which asks for the catalog's language the first time.
-void Roads::Publish(const QString& folder, int pages, const std::function<void()>& command) {
+// Works the boxes of the plug-in and gives the folder that its chooser offers; no folder cancels it. What is
+// typed while the plug-in works, before its box with the progress shows, goes nowhere.
+QString Roads::Publish(const QString& folder, const std::function<void()>& command) {
   QDir().mkpath(Outside(folder));
   UnexpectedModalGuard::allowed =
       QStringList{u"QFileDialog"_qs, u"prgPublish"_qs, u"msgPublished"_qs, u"dlgSiteLanguage"_qs};
+  QString offered;
   QString told;
+  bool chosen = false;
+  bool typed = false;
+  QWindow* worked = QApplication::activeWindow()->windowHandle();
   QTimer hands;
   QObject::connect(&hands, &QTimer::timeout, &hands, [&] {
     QWidget* modal = QApplication::activeModalWidget();
     if (auto* chooser = qobject_cast<QFileDialog*>(modal)) {
+      offered = chooser->directory().absolutePath();
+      if (folder.isEmpty()) return chooser->reject();
+      chosen = true;
       chooser->findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(Outside(folder));
       chooser->findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open)->click();
     } else if (auto* box = qobject_cast<QMessageBox*>(modal)) {
       told = box->text();
       box->escapeButton()->click();
+    } else if (modal == nullptr && chosen && !std::exchange(typed, true)) {
+      QTest::keyClick(worked, Qt::Key_F2);
     } else if (modal != nullptr && modal->objectName() == u"dlgSiteLanguage") {
+      asked_ += 1;
       modal->findChild<QRadioButton*>(words_.siteButton)->click();
       modal->findChild<QPushButton*>(u"cmdContinue"_qs)->click();
     }
   });
   hands.start(5);
   command();
-  EXPECT_EQ(told, words_.ready.arg(pages));
+  EXPECT_EQ(typed, chosen);
+  EXPECT_EQ(main_.findChild<QWidget*>(u"editor"_qs), nullptr);
+  EXPECT_EQ(told, folder.isEmpty() ? QString() : words_.ready);
+  return offered;
 }
 
 }  // namespace
@@ -229,21 +244,27 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
   EXPECT_EQ(One(u"Descrizione||CodiceProdotto"_qs, u"Immagini"_qs), u"Dal lato1"_qs);
   EXPECT_EQ(Findings().join(u' '), QString());
 
-  Publish(u"by grid"_qs, 7, [] {
+  const auto byGrid = [] {
     Key(Qt::Key_P, Qt::ControlModifier);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     QTest::keyClick(menu, Qt::Key_Return);
-  });
+  };
+  const QString former = Publish({}, byGrid);
+  EXPECT_EQ(Count(u"CExtension"_qs), 0);
+  GoTo<frmEditCatalog>();
+  EXPECT_EQ(Publish(u"l'uno"_qs, byGrid), former);
   GoTo<frmEditCatalog>();
   QApplication::activeWindow()->close();
   GoTo<frmCatalogs>();
-  Publish(u"by list"_qs, 7, [] {
+  const QString offered = Publish(u"l'altro"_qs, [] {
     Key(Qt::Key_P, Qt::ControlModifier);
     Key(Qt::Key_Return);
   });
-  const auto site = FilesIn(Outside(u"by list"_qs));
-  EXPECT_EQ(Differences(FilesIn(Outside(u"by grid"_qs)), site).join(u' '), QString());
+  EXPECT_EQ(offered, Outside(u"l'uno"_qs));
+  EXPECT_EQ(asked_, 2) << "the site's language, until there is one";
+  const auto site = FilesIn(Outside(u"l'altro"_qs));
+  EXPECT_EQ(Differences(FilesIn(Outside(u"l'uno"_qs)), site).join(u' '), QString());
   const QByteArray product = site.at(u"p-1.html"_qs);
   for (const QByteArray& part :
        {words_.site, QByteArray("Vaso alto"), QByteArray("Rosso"), QByteArray("Dal lato"),
