@@ -16,6 +16,10 @@ constexpr int GatheredRows = 8192;
 constexpr std::size_t ScannedRows = 512;
 constexpr int WalkedRows = 512;
 
+// Farther than this all is looked through before a walk, whose rows lie anywhere in the database, comes
+// there.
+constexpr int LongestWalk = 16384;
+
 }  // namespace
 
 RowFinder::RowFinder(const RecordsetModel& rows, QObject* parent) : QObject(parent), rows_(rows) {
@@ -119,7 +123,7 @@ bool RowFinder::Work(int milliseconds) {
   const QDeadlineTimer end(milliseconds, Qt::PreciseTimer);
   do {
     if (stage_ == Stage::Begin) Begin();
-    if (sought_.wanted && !sought_.scanned) WalkOn();
+    if (Walks()) WalkOn();
     if (stage_ == Stage::Gather) Gather();
     if (stage_ == Stage::Scan) Scan();
     if (stage_ == Stage::Place) PlaceRows();
@@ -224,6 +228,11 @@ void RowFinder::PlaceRows() {
   placed_ = true;
   stage_ = Stage::Done;
   if (sought_.wanted) Resolve();
+}
+
+bool RowFinder::Walks() const {
+  if (!sought_.wanted || sought_.scanned) return false;
+  return stage_ == Stage::Stopped || rows_.RecordCount() - sought_.left < LongestWalk;
 }
 
 // A block of rows as the grid shows them.

@@ -95,6 +95,7 @@ class RowFinder : public QObject {
   void Scan();
   std::vector<qint64> NextKeys(std::size_t& block) const;
   void PlaceRows();
+  bool Walks() const;
   void WalkOn();
   void Resolve();
   void Arrive(int row);

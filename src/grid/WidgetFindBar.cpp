@@ -138,7 +138,8 @@ void WidgetFindBar::TextTyped() {
 
 void WidgetFindBar::Go(int step) {
   if (txtFind->text().isEmpty()) return Open();
-  const bool begins = isHidden() || finder_->Needle().IsEmpty();
+  const bool stopped = !finder_->IsRunning() && !finder_->IsComplete();
+  const bool begins = isHidden() || finder_->Needle().IsEmpty() || stopped;
   if (begins) show();
   if (finder_->IsSeeking()) {
     steps_ += step;

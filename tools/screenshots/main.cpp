@@ -115,6 +115,11 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   Press(*grid, Qt::Key_F2);
   photographer.Take(*window, u"frmEditCatalog-edit"_qs);
   grid->Rows().Revert();
+  window->findChild<QAction*>(u"mnuTrova"_qs)->trigger();
+  auto* line = window->findChild<QLineEdit*>(u"txtFind"_qs);
+  line->setText(u"ot"_qs);
+  TakeAtRest(photographer, *window, u"frmEditCatalog-find"_qs);
+  Press(*line, Qt::Key_Escape);
   grid->GoTo(4);
   const QPoint cell = grid->visualRect(grid->Rows().index(4, 16)).center();
   Q_EMIT grid->CellPressed(4, u"Immagine"_qs, Qt::LeftButton, cell + grid->viewport()->pos());
