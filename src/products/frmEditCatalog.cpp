@@ -120,7 +120,7 @@ void frmEditCatalog::MakeMenus() {
   mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
 }
 
-// Its keys work in the grid and in the bar itself.
+// Its keys work wherever the focus is.
 void frmEditCatalog::MakeFindBar() {
   findBar_ = new WidgetFindBar(ui_->centralWidget);
   findBar_->setObjectName(u"findBar"_qs);
@@ -131,7 +131,7 @@ void frmEditCatalog::MakeFindBar() {
   QStringList keys;
   for (std::size_t i = 0; i < GridFindMenu.size(); ++i) {
     QAction* entry = AddCommand(*mnuGriglia, GridFindMenu[i], *grdProducts);
-    findBar_->addAction(entry);
+    entry->setShortcutContext(Qt::WindowShortcut);
     keys += entry->shortcut().toString(QKeySequence::NativeText);
     connect(entry, &QAction::triggered, findBar_, steps[i]);
   }
