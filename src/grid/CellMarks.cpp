@@ -19,8 +19,8 @@ QRect TextRect(const QStyleOptionViewItem& cell) {
       .adjusted(margin, 0, -margin, 0);
 }
 
-// Lays the text out in lines of a width; their height.
-qreal LayOut(QTextLayout& layout, const QStyleOptionViewItem& cell, int width) {
+// Lays out the lines of the text that are seen whole, the first in any case; their height.
+qreal LayOut(QTextLayout& layout, const QStyleOptionViewItem& cell, const QSize& room) {
   QTextOption option;
   const bool wraps = cell.features.testFlag(QStyleOptionViewItem::WrapText);
   option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::ManualWrap);
@@ -30,9 +30,10 @@ qreal LayOut(QTextLayout& layout, const QStyleOptionViewItem& cell, int width) {
   qreal height = 0;
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-    line.setLineWidth(width);
+    line.setLineWidth(room.width());
     line.setPosition({0, height});
     height += line.height();
+    if (height + line.height() > room.height()) break;
   }
   layout.endLayout();
   return height;
@@ -63,11 +64,10 @@ void PaintCellMarks(QPainter& painter, const QStyleOptionViewItem& cell,
   const QRect rect = TextRect(cell);
   const QString text = SeenText(cell, rect.width());
   QTextLayout layout(text, cell.font);
-  const qreal height = LayOut(layout, cell, rect.width());
-  // A text that is higher than its cell is seen from its beginning.
+  const qreal height = LayOut(layout, cell, rect.size());
   const QSize size(rect.width(), int(std::ceil(height)));
   const QRect place = QStyle::alignedRect(cell.direction, cell.displayAlignment, size, rect);
-  const QPointF origin(rect.left(), std::max(place.top(), rect.top()));
+  const QPointF origin(rect.left(), place.top());
   const qsizetype seen = text == cell.text ? text.size() : std::max<qsizetype>(text.size() - 1, 0);
   painter.save();
   painter.setPen(colours.markedText);
