@@ -194,6 +194,8 @@ bool DataGrid::GoTo(int row, const QString& key) {
   return true;
 }
 
+bool DataGrid::IsEditing() const { return delegate_->Editor() != nullptr; }
+
 bool DataGrid::DeleteSelected() {
   QList<int> rows = SelectedRows();
   if (rows.isEmpty() || rows_.IsAddNewRow(CurrentRow())) return false;

@@ -60,6 +60,8 @@ class DataGrid : public QTableView {
   bool LeaveRow() { return leaving_.Leave(); }
   // The same before the window closes: what was refused and told already is told again.
   bool LeaveForGood() { return leaving_.Leave(true); }
+  // A cell's editor is open.
+  bool IsEditing() const;
   // Deletes the selected rows, as the Delete key does; none where the current row is the add-new row.
   bool DeleteSelected();
 

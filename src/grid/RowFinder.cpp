@@ -106,6 +106,11 @@ void RowFinder::Seek(int from, int step) {
 
 std::optional<RowFinder::Place> RowFinder::Take() { return std::exchange(answer_, std::nullopt); }
 
+void RowFinder::GiveUpSeeking() {
+  sought_ = {};
+  answer_.reset();
+}
+
 void RowFinder::Arrive(int row) {
   answer_ = Place{row, row >= 0 && (sought_.step > 0 ? row < sought_.from : row > sought_.from)};
   sought_ = {};

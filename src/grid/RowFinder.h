@@ -43,6 +43,7 @@ class RowFinder : public QObject {
   void Seek(int from, int step);
   // What was sought, once it is known.
   std::optional<Place> Take();
+  void GiveUpSeeking();
   // Keeps what was found so far.
   void Stop();
   void Clear();

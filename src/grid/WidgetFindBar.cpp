@@ -137,6 +137,7 @@ void WidgetFindBar::TextTyped() {
 }
 
 void WidgetFindBar::Go(int step) {
+  if (!grid_->LeaveRow()) return;
   if (txtFind->text().isEmpty()) return Open();
   const bool stopped = !finder_->IsRunning() && !finder_->IsComplete();
   const bool begins = isHidden() || finder_->Needle().IsEmpty() || stopped;
@@ -178,7 +179,13 @@ void WidgetFindBar::Work() {
     finder_->Stop();
     failed_ = true;
   }
+  if (IsElsewhere()) finder_->GiveUpSeeking();
   Arrive();
+}
+
+// Who works in the grid by now is not taken away from there by what was asked for before.
+bool WidgetFindBar::IsElsewhere() const {
+  return grid_->IsEditing() || (typed_ && window()->focusWidget() != txtFind);
 }
 
 void WidgetFindBar::Arrive() {
@@ -205,6 +212,8 @@ void WidgetFindBar::GridMoved() {
   if (!moving_) {
     origin_ = grid_->currentIndex();
     wrapped_ = false;
+    steps_ = 0;
+    finder_->GiveUpSeeking();
   }
   if (isVisible()) ShowFound();
 }

@@ -49,6 +49,7 @@ class WidgetFindBar : public QWidget {
   void Go(int step);
   void Escape();
   void Work();
+  bool IsElsewhere() const;
   void Arrive();
   void GoTo(const RowFinder::Place& place);
   void GridMoved();
