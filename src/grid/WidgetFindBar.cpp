@@ -231,7 +231,7 @@ QString WidgetFindBar::FoundText() const {
     return Texts::tr("Trovate: %1, ricerca interrotta").arg(count);
   if (finder_->Count() == 0) return Texts::tr("Nessun risultato");
   if (number == 0) return Texts::tr("Trovate: %1").arg(count);
-  const QString found = Texts::tr("%1 di %2").arg(QLocale().toString(number), count);
+  QString found = Texts::tr("%1 di %2").arg(QLocale().toString(number), count);
   if (!wrapped_) return found;
   return lastStep_ > 0 ? Texts::tr("%1, ripreso dall'inizio").arg(found)
                        : Texts::tr("%1, ripreso dalla fine").arg(found);
