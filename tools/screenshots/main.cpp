@@ -118,7 +118,7 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   window->findChild<QAction*>(u"mnuTrova"_qs)->trigger();
   auto* line = window->findChild<QLineEdit*>(u"txtFind"_qs);
   line->setText(u"ot"_qs);
-  TakeAtRest(photographer, *window, u"frmEditCatalog-find"_qs);
+  photographer.TakeAtRest(*window, u"frmEditCatalog-find"_qs);
   Press(*line, Qt::Key_Escape);
   grid->GoTo(4);
   const QPoint cell = grid->visualRect(grid->Rows().index(4, 16)).center();
