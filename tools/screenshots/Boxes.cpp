@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 
 #include "Photographer.h"
@@ -163,12 +164,13 @@ void TakePicturesBoxes(const Photographer& photographer, Connection& connection)
 }
 
 // Folders without a picture, and with a file that is none.
-void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& place) {
+void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
+  const QTemporaryDir place;
   const Boxes boxes(photographer);
   Trigger(catalogs, u"cmdEdit"_qs);
   auto* window = catalogs.findChild<frmEditCatalog*>();
   for (const QString& name : {u"empty"_qs, u"broken"_qs}) {
-    const QString folder = place + u'/' + name;
+    const QString folder = place.filePath(name);
     QDir().mkpath(folder);
     if (name == u"broken") WriteFileSafely(folder + u"/tazza.jpg"_qs, "no picture");
     boxes.During(
@@ -179,18 +181,18 @@ void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs, c
 }
 
 // Two catalogs into one folder.
-void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& folder) {
+void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
+  const QTemporaryDir place;
   const Boxes boxes(photographer);
   Transaction transaction(catalogs.cnnCatalog);
   catalogs.cnnCatalog.Execute(u"DELETE FROM CExtension"_qs);  // the language is asked anew
   transaction.Commit();
-  QDir().mkpath(folder);
   auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
   for (const int row : {0, 1}) {
     list->setCurrentRow(row);
     Trigger(catalogs, u"cmdPublish"_qs);
     boxes.During(
-        u"publish-%1"_qs.arg(row + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, folder);
+        u"publish-%1"_qs.arg(row + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, place.path());
   }
   boxes.During(u"skins"_qs,
                [&] { catalogs.findChild<QMenu*>(u"mnuInstallaSkin"_qs)->actions().first()->trigger(); });
@@ -198,14 +200,14 @@ void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs, c
 
 }  // namespace
 
-void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs, const QString& place) {
+void TakeBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   catalogs.show();
   TakeMainWindowsBoxes(photographer, catalogs);
   TakeGridsBoxes(photographer, catalogs);
   TakePropertiesBoxes(photographer, catalogs.cnnCatalog);
   TakePicturesBoxes(photographer, catalogs.cnnCatalog);
-  TakeImportsBoxes(photographer, catalogs, place);
-  TakePluginsBoxes(photographer, catalogs, place + u"/site"_qs);
+  TakeImportsBoxes(photographer, catalogs);
+  TakePluginsBoxes(photographer, catalogs);
 }
 
 }  // namespace vorlina

@@ -317,7 +317,7 @@ void TakeAll(const Photographer& photographer) {
   frmCatalogs main;
   main.LoadForm();
   main.ListCatalog();
-  TakeBoxes(photographer, main, AppPath());
+  TakeBoxes(photographer, main);
 }
 
 // The scale is the process's own, so this program starts itself once for each.
