@@ -37,6 +37,7 @@ RowFinder::RowFinder(const RecordsetModel& rows, QObject* parent) : QObject(pare
 void RowFinder::Find(const TextNeedle& needle, int from, int step) {
   narrows_ = stage_ == Stage::Done && !needle_.IsEmpty() && needle.Includes(needle_);
   needle_ = needle;
+  reader_.reset();
   placed_ = false;
   places_.Clear();
   stage_ = needle.IsEmpty() ? Stage::None : Stage::Begin;
@@ -49,7 +50,6 @@ void RowFinder::Find(const TextNeedle& needle, int from, int step) {
 void RowFinder::Clear() {
   Find({}, 0, 1);
   members_.Clear();
-  reader_.reset();
 }
 
 void RowFinder::Stop() {
@@ -179,8 +179,8 @@ void RowFinder::Gather() {
   if (next_ == rows_.RecordCount()) BeginScan();
 }
 
-// From the row on from where it is sought, where that is the order of the keys. The block with its key comes
-// once more at the end.
+// From the row on from where it is sought, where that is the order of the keys. The block with its key, if
+// it is looked through, comes once more at the end.
 void RowFinder::BeginScan() {
   order_ = members_.Blocks();
   sought_.scanned = sought_.wanted && sought_.step > 0 && ascending_ && !placed_;
@@ -188,9 +188,12 @@ void RowFinder::BeginScan() {
   block_ = 0;
   stage_ = Stage::Scan;
   if (startKey_ == 0) return;
-  const auto start = std::lower_bound(order_.begin(), order_.end(), KeyMarks::BlockOf(startKey_));
-  std::rotate(order_.begin(), start, order_.end());
-  if (!order_.empty()) order_.push_back(order_.front());
+  const qint64 startBlock = KeyMarks::BlockOf(startKey_);
+  std::rotate(order_.begin(), std::lower_bound(order_.begin(), order_.end(), startBlock), order_.end());
+  if (order_.empty() || order_.front() != startBlock)
+    startKey_ = 0;
+  else
+    order_.push_back(startBlock);
 }
 
 // Ascending, from a block of the order on, which is moved behind them.
@@ -240,8 +243,10 @@ bool RowFinder::Walks() const {
   return stage_ == Stage::Stopped || rows_.RecordCount() - sought_.left < LongestWalk;
 }
 
-// A block of rows as the grid shows them.
+// A block of rows as the grid shows them. Where it was stopped before it began nothing is known of the
+// columns.
 void RowFinder::WalkOn() {
+  if (!reader_) ReadColumns();
   const int count = rows_.RecordCount();
   std::vector<qint64> keys;
   std::vector<qint64> matching;

@@ -78,6 +78,8 @@ TEST_F(RowFinderTest, MoreLettersLookAtWhatMatchedAlone) {
   EXPECT_EQ(Find(u"person 29"_qs, 30), u"290 of 111"_qs) << "not read where it could not match before";
   EXPECT_EQ(Find(u"person 2999"_qs, 2999), u"2999 of 1"_qs);
   EXPECT_EQ(Find(u"person 299"_qs, 2999), u"2999 of 12"_qs);
+  EXPECT_EQ(Find(u"person 1"_qs, 2500), u"~1 of 1111"_qs);
+  EXPECT_EQ(Find(u"person 10"_qs, 2500), u"~10 of 111"_qs) << "the first of many, none of them further down";
 }
 
 TEST_F(RowFinderTest, GoesByTheOrderThatIsShown) {
@@ -134,4 +136,9 @@ TEST_F(RowFinderTest, ALockLetsItGoOnAndAStopKeepsWhatIsKnown) {
   EXPECT_FALSE(finder_.IsRunning());
   finder_.Seek(1, -1);
   EXPECT_EQ(Answer(false), u"1"_qs) << "walked to all the same";
+  finder_.Clear();
+  finder_.Find(TextNeedle(u"caffe"_qs), 0, 1);
+  finder_.Stop();
+  finder_.Seek(1, 1);
+  EXPECT_EQ(Answer(false), u"999"_qs) << "also where nothing was begun";
 }
