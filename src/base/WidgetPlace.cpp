@@ -49,4 +49,9 @@ void StorePlace(const QWidget& window, const QString& name) {
   }
 }
 
+// Its frame and the desktop's bars take a part.
+void FitIntoScreen(QWidget& window) {
+  window.resize(window.size().boundedTo(window.screen()->availableSize() * 9 / 10));
+}
+
 }  // namespace vorlina

@@ -14,4 +14,7 @@ void RestorePlace(QWidget& window, const QString& name);
 // Stores them. Never fails: a window closes all the same.
 void StorePlace(const QWidget& window, const QString& name);
 
+// Makes a window smaller that the screen has no room for, at a high scale for instance.
+void FitIntoScreen(QWidget& window);
+
 }  // namespace vorlina

@@ -9,6 +9,7 @@
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetPlace.h"
 #include "images/WidgetPicture.h"
 #include "images/WidgetPictureTile.h"
 #include "ui_frmImageViewer.h"
@@ -69,7 +70,7 @@ QString frmImageViewer::ShowCatalog(const QString& extra, const QVariantList& va
 void frmImageViewer::OpenCatalog(const QString& extra, const QVariantList& values) {
   const WaitCursor wait;
   OpenPicturePages(Rs, *Connection, IDCatalogo, extra, values);
-  resize(size().boundedTo(screen()->availableSize() * 9 / 10));
+  FitIntoScreen(*this);
   layout()->activate();      // the tiles know their size before they are filled
   ui_->cmdForward->click();  // from the empty page to the first one
   extPicture[0]->setFocus();

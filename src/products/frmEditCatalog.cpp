@@ -10,6 +10,7 @@
 #include "base/CommandIcon.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
+#include "base/WidgetPlace.h"
 #include "grid/WidgetFindBar.h"
 #include "products/Attempt.h"
 #include "products/CellRules.h"
@@ -174,6 +175,7 @@ void frmEditCatalog::Run(const QString& key) {
 }
 
 void frmEditCatalog::LoadForm() {
+  FitIntoScreen(*this);
   FillPublishMenu();
   OfferHelp();
   ShowCatalog(true);

@@ -15,6 +15,7 @@
 #include "base/Settings.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetPlace.h"
 #include "catalogs/CatalogNames.h"
 #include "catalogs/frmNewCatalog.h"
 #include "products/ProductKeys.h"
@@ -133,6 +134,7 @@ void frmCatalogs::ConnectControls() {
 }
 
 void frmCatalogs::LoadForm() {
+  FitIntoScreen(*this);
   database_->OpenDatabase();
   database_->Attempt([] { SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"AppPath"_qs, AppPath()); });
   database_->OpenCatalogs();
