@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLoggingCategory>
-#include <QScreen>
 #include <map>
 
 #include "base/Error.h"
