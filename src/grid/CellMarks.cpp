@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QTextLayout>
@@ -69,19 +70,22 @@ void PaintCellMarks(QPainter& painter, const QStyleOptionViewItem& cell,
   const QRect place = QStyle::alignedRect(cell.direction, cell.displayAlignment, size, rect);
   const QPointF origin(rect.left(), place.top());
   const qsizetype seen = text == cell.text ? text.size() : std::max<qsizetype>(text.size() - 1, 0);
-  painter.save();
-  painter.setPen(colours.markedText);
+  QPainterPath parts;
+  parts.setFillRule(Qt::WindingFill);
   for (const TextNeedle::Piece& piece : pieces) {
     const qsizetype start = std::min(piece.start, seen);
     const qsizetype end = piece.start + piece.length <= seen ? piece.start + piece.length : text.size();
-    for (int i = 0; i < layout.lineCount(); ++i) {
-      const QRectF part = PartOf(layout.lineAt(i), start, end).translated(origin) & QRectF(cell.rect);
-      if (part.isEmpty()) continue;
-      painter.setClipRect(part);
-      painter.fillRect(part, colours.mark);
-      layout.draw(&painter, origin);
-    }
+    for (int i = 0; i < layout.lineCount(); ++i)
+      parts.addRect(PartOf(layout.lineAt(i), start, end).translated(origin) & QRectF(cell.rect));
+    // All that follow are behind the same dots.
+    if (piece.start >= seen) break;
   }
+  if (parts.isEmpty()) return;
+  painter.save();
+  painter.setClipPath(parts);
+  painter.fillRect(cell.rect, colours.mark);
+  painter.setPen(colours.markedText);
+  layout.draw(&painter, origin);
   painter.restore();
 }
 
