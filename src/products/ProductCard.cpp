@@ -69,6 +69,7 @@ ProductValues ProductCard::Read(qint64 product) {
   known_ = std::move(values);
   texts_ = std::move(texts);
   product_ = product;
+  proposed_.clear();
   return known_;
 }
 
@@ -120,8 +121,9 @@ void ProductCard::RequireFilterValue(const QString& column, const QVariant& valu
 }
 
 void ProductCard::Add(const ProductValues& typed) {
-  const QString code = CodeTyped(typed);
+  QString code = CodeTyped(typed);
   Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Nuovo prodotto %1"), {code}});
+  if (code == proposed_ && products_.IsCodeTaken(code)) code = products_.NuovoCodice();
   product_ = 0;
   ProductValues values = ToStore(typed, {});
   values[CodeField] = code;

@@ -35,6 +35,9 @@ class ProductCard {
   void Shown(const ProductValues& values) { shown_ = values; }
   // A new product is begun. What is typed already stays typed.
   void BeginNew() { product_ = 0; }
+  // A free code for it. One that is not typed over is another free one when it is saved, should somebody have
+  // taken it by then. Throws Error.
+  QString ProposeCode() { return proposed_ = products_.NuovoCodice(); }
 
   // Why what was typed cannot be saved; "" where nothing is in the way.
   QString Refusal(const ProductValues& typed) const;
@@ -69,6 +72,7 @@ class ProductCard {
   ProductStore products_;
   ProductGridFields names_;
   qint64 product_ = 0;
+  QString proposed_;
   QMap<int, QString> texts_;
   ProductValues known_;  // what the product held when it was read
   ProductValues met_;    // what it was found to hold since

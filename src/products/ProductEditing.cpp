@@ -29,6 +29,10 @@ constexpr int RetryMilliseconds = 2000;
 
 ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(rows), owner_(owner) {
   rows.OnCellChanging = [this](CellChange& change) { CheckCell(change); };
+  rows.OnRowChecking = [this](int row) {
+    RenewCode(row);
+    return std::optional<RowRefusal>();
+  };
   rows.OnRowWriting = [this](int, qint64 product, bool added) {
     const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
     Products().Saved(product, former, ProductMarks::Both);
@@ -60,6 +64,16 @@ void ProductEditing::SetCatalog(int IDCatalogo, Connection& connection) {
 
 void ProductEditing::OfferCode() {
   rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, Products().NuovoCodice());
+}
+
+// The code that a new row was offered may be another product's when it is written.
+void ProductEditing::RenewCode(int row) {
+  if (!rows_.IsAddNewRow(row)) return;
+  const QString code = NullToEmpty(rows_.Value(row, ProductColumn::Codice));
+  const auto offered = [this] { return rows_.Column(ProductColumn::Codice).defaultValue; };
+  if (code != NullToEmpty(offered()) || !Products().IsCodeTaken(code)) return;
+  OfferCode();
+  rows_.setData(rows_.index(row, ProductColumn::Codice), offered());
 }
 
 // A new row asks for its code again when it is begun.

@@ -38,6 +38,7 @@ class ProductEditing : public QObject {
 
  private:
   void OfferCode();
+  void RenewCode(int row);
   void CheckCell(CellChange& change);
   bool Refuses(const CellVerdict& verdict);
   ProductStore Products();

@@ -141,7 +141,7 @@ void frmProduct::LoadForm(int state, qint64 product) {
   card->ReadNames();
   // All that can fail comes before what is shown changes.
   const ProductValues values = state == Edit ? card->Read(product) : ProductValues();
-  const QString code = state == New ? card->Products().NuovoCodice() : QString();
+  const QString code = state == New ? card->ProposeCode() : QString();
   HasChanged();
   card_.swap(card);
   filters_->SetCard(*card_);
@@ -224,9 +224,7 @@ ProductValues frmProduct::Typed() {
   return values;
 }
 
-void frmProduct::SetState(int state) {
-  Begin(state, state == New ? card_->Products().NuovoCodice() : QString());
-}
+void frmProduct::SetState(int state) { Begin(state, state == New ? card_->ProposeCode() : QString()); }
 
 void frmProduct::Begin(int state, const QString& code) {
   if (state != Edit) {

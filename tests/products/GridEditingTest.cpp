@@ -39,6 +39,11 @@ TEST_F(GridEditing, ANewRowTakesWhatWasTypedAndItsDefaults) {
   Key(Qt::Key_Up);
   grid_->GoTo(AddNewRow(), Code);
   EXPECT_EQ(Shown(AddNewRow(), Code), u"8"_qs);
+  // Nor is it refused where that comes even later.
+  Type(AddNewRow(), Description, u"late"_qs);
+  AddProduct(catalog_, u"8"_qs, 7);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Stored(u"9"_qs, Description), u"late"_qs);
 }
 
 TEST_F(GridEditing, AFilterTakesWhatItsListOffersAndMoreAfterAQuestion) {

@@ -120,6 +120,10 @@ TEST_F(ProductCardTest, WritesNullInANewProductAndEmptyTextInAChangedOne) {
   EXPECT_EQ(card_.Change(typed), QStringList());
   EXPECT_EQ(Stored(u"new"_qs), u"[\"\",\"1 2\",7,4,0]");
   EXPECT_EQ(Count(u"PExtension"_qs), 2);
+  // A proposed code that somebody has taken meanwhile.
+  AddProduct(catalog_, card_.ProposeCode());
+  card_.Add({{u"CodiceProdotto"_qs, u"5"_qs}});
+  EXPECT_EQ(card_.Code(), u"6"_qs);
 }
 
 TEST_F(ProductCardTest, WhatOthersHaveStoredIsNotWrittenOverUnseen) {
