@@ -1874,6 +1874,10 @@ Replace those values with what is written here?</translation>
         <source>Proprietà del catalogo</source>
         <translation>Catalog properties</translation>
     </message>
+    <message>
+        <source>Dati del filtro</source>
+        <translation>Filter Data</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -67,6 +67,13 @@ constexpr KeyUse SheetKeyUses[] = {
      QT_TRANSLATE_NOOP("Texts", "Annulla le modifiche della cella e della riga, poi chiudi la finestra")},
 };
 
+constexpr KeyUse ValueKeyUses[] = {
+    {u"F2", QT_TRANSLATE_NOOP("Texts", "Modifica la cella; anche scrivendo, al posto di ciò che contiene")},
+    {u"Del", QT_TRANSLATE_NOOP("Texts", "Elimina le righe selezionate")},
+    {u"Esc",
+     QT_TRANSLATE_NOOP("Texts", "Annulla le modifiche della cella e della riga, poi chiudi la finestra")},
+};
+
 constexpr KeyUse PagerKeyUses[] = {
     {u"Up; Down; Left; Right", QT_TRANSLATE_NOOP("Texts", "Scegli un'immagine")},
     {u"Return", QT_TRANSLATE_NOOP("Texts", "Apri la scheda del prodotto scelto")},
@@ -124,6 +131,7 @@ std::vector<KeyGroup> ProductKeys() {
           CardKeys(),
           images,
           Uses(Texts::tr("Scheda tecnica"), SheetKeyUses),
+          Uses(Texts::tr("Dati del filtro"), ValueKeyUses),
           Uses(Texts::tr("Immagini del catalogo"), PagerKeyUses),
           Uses(Texts::tr("Proprietà del catalogo"), PropertyKeyUses)};
 }

@@ -286,16 +286,17 @@ TEST_F(MainWindow, TheOverviewOfKeysHasEveryShortcut) {
   QTest::keyClick(overviews[0]->findChild<QWidget*>(u"lstKeys"_qs), Qt::Key_C, Qt::ControlModifier);
   const QString all = QApplication::clipboard()->text();
   EXPECT_FALSE(all.contains(u"\n\t"_qs)) << "commands without a shortcut are left out";
-  int shortcuts = 0;
+  QMap<QString, int> wanted;
   for (const QWidget* window : {static_cast<QWidget*>(window_.get()), static_cast<QWidget*>(&images)})
     for (const QAction* action : window->findChildren<QAction*>())
       for (const QKeySequence& keys : action->shortcuts()) {
-        const QString shown = QRegularExpression::escape(keys.toString(QKeySequence::NativeText));
-        EXPECT_TRUE(all.contains(QRegularExpression(u"(^|\\n|, )%1(,|\\t)"_qs.arg(shown))))
-            << action->objectName() << ' ' << shown;
-        ++shortcuts;
+        int& lines = wanted[QRegularExpression::escape(keys.toString(QKeySequence::NativeText))];
+        if (lines == 0 || !action->objectName().isEmpty()) ++lines;
       }
-  EXPECT_GT(shortcuts, 25);
+  for (auto key = wanted.cbegin(); key != wanted.cend(); ++key)
+    EXPECT_GE(all.count(QRegularExpression(u"(^|\\n|, )%1(,|\\t)"_qs.arg(key.key()))), key.value())
+        << key.key();
+  EXPECT_GT(wanted.size(), 25);
   QTest::keyClick(overviews[0]->findChild<QWidget*>(u"lstKeys"_qs), Qt::Key_Escape);
   Settle();
   EXPECT_EQ(window_->findChildren<frmKeys*>().size(), 1);
