@@ -1696,10 +1696,6 @@ Replace those values with what is written here?</translation>
         <translation>The import stopped at the file %1.</translation>
     </message>
     <message>
-        <source>Prima di importare il resto spostare altrove le immagini già importate, cioè quelle che vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.</source>
-        <translation>Before importing the rest, move the pictures that were imported, which are those before it by name, to another place: they would become products a second time.</translation>
-    </message>
-    <message>
         <source>In un&apos;altra finestra è in corso un&apos;importazione.</source>
         <translation>An import is going on in another window.</translation>
     </message>
@@ -1873,6 +1869,22 @@ Replace those values with what is written here?</translation>
     <message>
         <source>Proprietà del catalogo</source>
         <translation>Catalog properties</translation>
+    </message>
+    <message>
+        <source>In questo catalogo si stanno importando immagini. Attendere la fine dell&apos;importazione, oppure annullarla.</source>
+        <translation>Pictures are being imported into this catalog. Wait for the end of the import, or cancel it.</translation>
+    </message>
+    <message>
+        <source>Il catalogo è in corso di pubblicazione. Attenderne la fine.</source>
+        <translation>The catalog is being published. Wait for the end of that.</translation>
+    </message>
+    <message>
+        <source>Prima di importare il resto spostare altrove le immagini già importate, cioè quel file e quelli che vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.</source>
+        <translation>Before importing the rest, move the pictures that were imported, which are that file and those before it by name, to another place: they would become products a second time.</translation>
+    </message>
+    <message>
+        <source>%1, l&apos;ultimo dal file %2</source>
+        <translation>%1, the last from the file %2</translation>
     </message>
     <message>
         <source>Dati del filtro</source>

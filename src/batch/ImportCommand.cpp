@@ -39,13 +39,11 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
     }
   }
   outcome.ok = outcome.error.isEmpty();
-  outcome.text =
-      (PassedOverLines(import.PassedOver()) << ImportedText(import.Imported(), import.Count())).join(u'\n');
-  outcome.json = {{u"catalog"_qs, arguments.catalog},
-                  {u"source"_qs, QDir::toNativeSeparators(folder)},
-                  {u"pictures"_qs, import.Count()},
-                  {u"imported"_qs, import.Imported()},
-                  {u"passedOver"_qs, PassedOverList(import.PassedOver())}};
+  outcome.text = (PassedOverLines(import.PassedOver()) << ImportedText(import)).join(u'\n');
+  outcome.json = {
+      {u"catalog"_qs, arguments.catalog}, {u"source"_qs, QDir::toNativeSeparators(folder)},
+      {u"pictures"_qs, import.Count()},   {u"imported"_qs, import.Imported()},
+      {u"last"_qs, import.LastFile()},    {u"passedOver"_qs, PassedOverList(import.PassedOver())}};
   return outcome;
 }
 

@@ -237,21 +237,14 @@ QString WidgetFindBar::FoundText() const {
                        : Texts::tr("%1, ripreso dalla fine").arg(found);
 }
 
-// In the bar Escape is the bar's, also where it is a shortcut of the window.
-bool WidgetFindBar::event(QEvent* event) {
-  if (event->type() != QEvent::ShortcutOverride || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
-    return QWidget::event(event);
-  event->accept();
-  return true;
-}
-
 void WidgetFindBar::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Escape:
       return Escape();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return Go(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+      if (cmdCloseFind->hasFocus()) return Close();
+      return Go(event->modifiers().testFlag(Qt::ShiftModifier) || cmdFindPrevious->hasFocus() ? -1 : 1);
     default:
       return QWidget::keyPressEvent(event);
   }

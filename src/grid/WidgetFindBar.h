@@ -38,7 +38,6 @@ class WidgetFindBar : public QWidget {
   void FindPrevious() { Go(-1); }
 
  protected:
-  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   // Escape in the grid, where it has no use for it.
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "products/PictureImport.h"
 
+#include <QCollator>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -43,6 +44,17 @@ QString ReasonOf(const std::filesystem::directory_entry& entry, const QString& n
   return Texts::tr("non è un file");
 }
 
+// As file managers show them, also where the program was started without a language. Names that are the same
+// but for letter case keep their order.
+void SortAsShown(QStringList& files) {
+  QCollator order(QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale());
+  order.setNumericMode(true);
+  order.setCaseSensitivity(Qt::CaseInsensitive);
+  std::stable_sort(files.begin(), files.end(), [&](const QString& a, const QString& b) {
+    return order.compare(a.chopped(4), b.chopped(4)) < 0;
+  });
+}
+
 // What of the folder is not among the files.
 std::vector<LeftOutFile> PassedOverIn(const QString& folder, const QStringList& files) {
   const QSet<QString> known(files.begin(), files.end());
@@ -71,7 +83,8 @@ PictureImport::PictureImport(QString folder, int IDCatalogo, Connection& connect
   const QDir directory(folder_);
   if (!directory.exists() || !QFileInfo(folder_).isReadable())
     throw Error(Texts::tr("Impossibile leggere la cartella %1").arg(QDir::toNativeSeparators(folder_)));
-  files_ = directory.entryList({u"*.jpg"_qs}, QDir::Files, QDir::Name | QDir::IgnoreCase);
+  files_ = directory.entryList({u"*.jpg"_qs}, QDir::Files, QDir::Name);
+  SortAsShown(files_);
   passedOver_ = PassedOverIn(folder_, files_);
 }
 
@@ -139,11 +152,19 @@ void PictureImport::Store(const QString& source, const PreparedPicture& picture)
   }
 }
 
-QString ImportedText(int imported, int of) {
+// Not where it has gone, as from a disk that was taken away.
+bool PictureImport::IsFileToBlame() const {
+  return isFileToBlame_ && QFileInfo::exists(QDir(folder_).filePath(failed_));
+}
+
+QString ImportedText(const PictureImport& import) {
   const QLocale locale;
-  const QString text = imported == 1 ? Texts::tr("Importato 1 prodotto")
-                                     : Texts::tr("Importati %1 prodotti").arg(locale.toString(imported));
-  return imported == of ? text : Texts::tr("%1 su %2").arg(text, locale.toString(of));
+  const int imported = import.Imported();
+  QString text = imported == 1 ? Texts::tr("Importato 1 prodotto")
+                               : Texts::tr("Importati %1 prodotti").arg(locale.toString(imported));
+  if (imported == import.Count()) return text;
+  text = Texts::tr("%1 su %2").arg(text, locale.toString(import.Count()));
+  return imported == 0 ? text : Texts::tr("%1, l'ultimo dal file %2").arg(text, import.LastFile());
 }
 
 }  // namespace vorlina

@@ -19,7 +19,8 @@ struct LeftOutFile {
 
 class PictureImport {
  public:
-  // Lists the folder's files that end in ".jpg", in any letter case, by name. Nothing is written yet.
+  // Lists the folder's files that end in ".jpg", in any letter case, by name as file managers show them: 2
+  // before 10. Nothing is written yet.
   PictureImport(QString folder, int IDCatalogo, Connection& connection);
 
   // How many pictures there are to import.
@@ -38,11 +39,13 @@ class PictureImport {
   // called once. Meanwhile is what PreparedPictures does while it waits: no transaction is open then.
   bool Run(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile = {});
 
-  // The main picture of the product that was made last; empty before the first one.
+  // The name of the file that was imported last, and the main picture of its product; empty before the first
+  // one.
+  QString LastFile() const { return files_.value(imported_ - 1); }
   const QString& LastPicture() const { return lastPicture_; }
   // The name of the file at which Run threw, empty elsewhere; and whether that file itself is to blame.
   const QString& Failed() const { return failed_; }
-  bool IsFileToBlame() const { return isFileToBlame_; }
+  bool IsFileToBlame() const;
 
  private:
   bool ImportAll(const Progress& progress, const PreparedPictures::Meanwhile& meanwhile,
@@ -62,7 +65,8 @@ class PictureImport {
   bool isFileToBlame_ = false;
 };
 
-// How many products came of so many pictures, as a sentence without its stop.
-QString ImportedText(int imported, int of);
+// How many products came of how many pictures, and where not all, which file was the last one: a sentence
+// without its stop.
+QString ImportedText(const PictureImport& import);
 
 }  // namespace vorlina

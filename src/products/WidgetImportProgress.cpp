@@ -1,11 +1,10 @@
 #include "products/WidgetImportProgress.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -37,9 +36,6 @@ WidgetImportProgress::WidgetImportProgress(QWidget& window)
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setAutoFillBackground(true);
   MakeControls();
-  // Alive while the frame is seen alone; what is edited in the grid has its Escape to itself.
-  auto* escape = new QShortcut(Qt::Key_Escape, this);
-  connect(escape, &QShortcut::activated, cmdCancelBatch_, &QPushButton::click);
   connect(cmdCancelBatch_, &QPushButton::clicked, this, [this] {
     AnnullaElaborazione = true;
     lblCount_->setText(Texts::tr("Annullamento..."));
@@ -118,9 +114,15 @@ void WidgetImportProgress::ShowMade(const QString& file, const QString& mainImag
   picMade_->FitInto(picMade_->parentWidget()->rect());
 }
 
+// Escape comes to the window where nothing in it has a use for it. Held, it may have closed another one.
 bool WidgetImportProgress::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &window_ && event->type() == QEvent::Resize && isVisible()) Centre();
-  return QFrame::eventFilter(watched, event);
+  if (watched != &window_ || !isVisible()) return QFrame::eventFilter(watched, event);
+  if (event->type() == QEvent::Resize) Centre();
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.key() != Qt::Key_Escape) return false;
+  if (!key.isAutoRepeat()) cmdCancelBatch_->click();
+  return true;
 }
 
 }  // namespace vorlina

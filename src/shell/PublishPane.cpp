@@ -7,6 +7,7 @@
 #include "base/Error.h"
 #include "base/Helpers.h"
 #include "base/Texts.h"
+#include "products/CatalogWork.h"
 #include "shell/CatalogList.h"
 
 namespace vorlina {
@@ -96,6 +97,8 @@ bool PublishPane::PublishWithSelected() {
 void PublishPane::Publish() {
   const int id = catalogs_.SelectedId();
   if (id == 0) throw Error(Texts::tr("Nessun catalogo è selezionato"));
+  CatalogWork::RequireNone(id);
+  const CatalogWork work(id, CatalogWork::Kind::Publication);
   plugin_ = CreatePlugin(list_.currentItem()->data(0, KeyRole).toString());
   PublishCatalog(*plugin_, connection_, id);
 }

@@ -10,6 +10,7 @@
 #include "base/WidgetProgressBox.h"
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
+#include "products/CatalogWork.h"
 #include "shell/CatalogList.h"
 #include "support/Language.h"
 #include "support/Messages.h"
@@ -38,6 +39,7 @@ void DeleteSelected(CatalogList& catalogs, Connection& connection, QWidget& owne
   try {
     if (const QListWidgetItem* item = catalogs.Selected(); item != nullptr && !item->text().isEmpty()) {
       const int id = catalogs.SelectedId();
+      CatalogWork::RequireNone(id);
       if (!TheDialogs().Ask(&owner, NumberedText(BaseConferma + 0), BoxStyle::QuestionNoFirst)) return;
       const WaitCursor wait;
       DeleteCatalog(id, connection);
@@ -53,6 +55,7 @@ void CloneSelected(CatalogList& catalogs, Connection& connection, QWidget& owner
   try {
     if (const QListWidgetItem* item = catalogs.Selected(); item != nullptr && !item->text().isEmpty()) {
       const int id = catalogs.SelectedId();
+      CatalogWork::RequireNone(id);
       const QString name = item->text();  // the list may be made anew while the question stands
       Messaggio = Texts::tr("Duplicare il catalogo selezionato e le immagini ad esso relative?");
       if (!TheDialogs().Ask(&owner, Messaggio)) return;

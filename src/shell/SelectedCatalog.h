@@ -9,7 +9,8 @@ namespace vorlina {
 class CatalogList;
 class Connection;
 
-// Both ask first, tell what fails, and read the list anew.
+// Both ask first, tell what fails, and read the list anew. What imports into the catalog or publishes it goes
+// first.
 void DeleteSelected(CatalogList& catalogs, Connection& connection, QWidget& owner);
 void CloneSelected(CatalogList& catalogs, Connection& connection, QWidget& owner);
 

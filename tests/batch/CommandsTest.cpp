@@ -46,7 +46,7 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   EXPECT_EQ(publish.err, QString()) << "no progress where there is no terminal";
   WriteFileSafely(Outside(u"photos/b.JPG"_qs), MakeJpeg(MakePhoto({900, 600}, 1)));
   EXPECT_EQ(Answer(u"import photos --catalog 109"_qs),
-            uR"({"catalog":109,"command":"import","imported":1,"ok":true,"passedOver":[],)"
+            uR"({"catalog":109,"command":"import","imported":1,"last":"b.JPG","ok":true,"passedOver":[],)"
             uR"("pictures":1,"source":"OUT/photos"})");
   EXPECT_EQ(Answer(u"clone --catalog 109"_qs),
             uR"({"catalog":109,"clone":110,"command":"clone","ok":true,"warnings":[]})");

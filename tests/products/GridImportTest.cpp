@@ -31,6 +31,11 @@ class GridImport : public GridWindow {
       if (value == done + 1) QMetaObject::invokeMethod(bar, step, Qt::QueuedConnection);
     });
   }
+  void ExpectRefusal(const QString& before) {
+    const QString text =
+        u"Pictures are being imported into this catalog. Wait for the end of the import, or cancel it."_qs;
+    dialogs_.ExpectMessage(before + text, BoxStyle::Stop);
+  }
   bool IsImporting() const { return Find<QWidget>(u"fmeProgress"_qs)->isVisible(); }
   QString Told() const { return Find<QLabel>(u"lblImportati"_qs)->text(); }
 };
@@ -46,7 +51,7 @@ TEST_F(GridImport, AThousandPicturesComeWithAMovingBarAndAListOfWhatIsLeftOut) {
   bool others = true;
   At(500, [&] {
     EXPECT_TRUE(IsImporting());
-    others = Find<QAction>(u"cmdImporta"_qs)->isEnabled();
+    others = Find<QAction>(u"cmdImporta"_qs)->isEnabled() || Find<QAction>(u"cmdSearch"_qs)->isEnabled();
     Key(Qt::Key_F5);
     Key(Qt::Key_End, Qt::ControlModifier);
     scrolled = grid_->CurrentRow();
@@ -68,14 +73,23 @@ TEST_F(GridImport, AThousandPicturesComeWithAMovingBarAndAListOfWhatIsLeftOut) {
 
 TEST_F(GridImport, EscapeEndsItAndShowsWhatCame) {
   Put(9);
+  plugins_ = {{u"Test"_qs, u"Test"_qs, {}, {}}};
   Open();
+  Open();
+  At(1, [this] {
+    ExpectRefusal(QString());
+    windows_[0]->findChild<QAction*>(u"Test"_qs)->trigger();
+  });
   At(2, [this] {
+    Type(AddNewRow(), Description, u"given up"_qs);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Rows().EditRow(), -1);
     Key(Qt::Key_F, Qt::ControlModifier);
     Key(Qt::Key_Escape);  // closes the bar
   });
   At(3, [this] { Key(Qt::Key_Escape); });
   Import();
-  EXPECT_EQ(Told(), u"Import cancelled. Imported 3 products of 9"_qs);
+  EXPECT_EQ(Told(), u"Import cancelled. Imported 3 products of 9, the last from the file 0003.jpg"_qs);
   EXPECT_EQ(Codes(), u"1 2 3"_qs);
   EXPECT_EQ(Findings(), QStringList());
 }
@@ -106,17 +120,16 @@ TEST_F(GridImport, TheFirstBadFileEndsItAndIsTold) {
   dialogs_.ExpectFolder(outside_.path());
   dialogs_.ExpectMessage(
       u"The file %1 cannot be read: it is no JPEG picture\r\n\r\nTake the file out of the folder, or save it "
-      "anew as a JPEG picture.\r\nImported 1 product of 3. Press F5 to see what came.\r\nBefore importing "
-      "the rest, move the pictures "
-      "that "
-      "were imported, which are those before it by name, to another place: they would become products a "
-      "second "
-      "time."_qs.arg(Outside(u"0002.jpg"_qs)),
+      "anew as a JPEG picture.\r\nImported 1 product of 3, the last from the file 0001.jpg. Press F5 to see "
+      "what came.\r\nBefore importing the rest, move the pictures that were imported, which are that file "
+      "and "
+      "those before it by name, to another place: they would become products a second time."_qs.arg(
+          Outside(u"0002.jpg"_qs)),
       BoxStyle::Stop);
   Find<QAction>(u"cmdImporta"_qs)->trigger();
   EXPECT_FALSE(IsImporting());
   EXPECT_EQ(Rows().RecordCount(), 0) << "the grid stays as it was";
-  EXPECT_EQ(Told(), u"Import stopped. Imported 1 product of 3"_qs);
+  EXPECT_EQ(Told(), u"Import stopped. Imported 1 product of 3, the last from the file 0001.jpg"_qs);
 }
 
 TEST_F(GridImport, TheProgramClosesBehindTheFileInHand) {
@@ -131,6 +144,10 @@ TEST_F(GridImport, TheProgramClosesBehindTheFileInHand) {
   main.findChild<QAction*>(u"cmdEdit"_qs)->trigger();
   window_ = main.findChild<frmEditCatalog*>();
   ASSERT_NE(window_, nullptr);
+  At(1, [&] {
+    ExpectRefusal(u"Error: "_qs);
+    main.findChild<QAction*>(u"cmdDelete"_qs)->trigger();
+  });
   At(2, [&] { EXPECT_FALSE(main.close()); });
   Import();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !main.isVisible(); }));

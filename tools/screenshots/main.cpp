@@ -155,7 +155,7 @@ void TakeImport(const Photographer& photographer, frmCatalogs& catalogs) {
   progress->MostraProgresso(1, 1, false);
   auto* outcome = dynamic_cast<WidgetImportOutcome*>(window->findChild<QWidget*>(u"fmeImportati"_qs));
   outcome->Show(
-      ImportedText(1200, 1200),
+      Texts::tr("Importati %1 prodotti").arg(QLocale().toString(1200)),
       {{u"copertina.jpeg"_qs, Texts::tr("il nome non finisce in .jpg: per importare il file va rinominato")},
        {u"listino.xlsx"_qs, Texts::tr("non è un'immagine 'jpg'")}});
   photographer.Take(*window, u"frmEditCatalog-imported"_qs);

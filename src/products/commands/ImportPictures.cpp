@@ -10,6 +10,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "products/Attempt.h"
+#include "products/CatalogWork.h"
 #include "products/PictureImport.h"
 #include "products/WidgetImportOutcome.h"
 #include "products/WidgetImportProgress.h"
@@ -22,15 +23,19 @@ namespace {
 // Milliseconds between two looks at whether the user is done with a row.
 constexpr int FillInterval = 100;
 
+// Milliseconds between two files at most, for what the user began meanwhile and is still at work, as a search
+// in the rows is.
+constexpr int ShareOfOthers = 50;
+
 // One at a time in the whole program: a second one would run within the first, which stands still then.
 bool anyRuns = false;
 
-// What does not go together with an import: what would stop it for as long as its own window is up, and what
-// would publish a part of the folder.
+// What does not go together with an import: what would stop it for as long as its own window is up or keep
+// the user from cancelling it, and what would publish a part of the folder.
 class DisabledCommands {
  public:
   explicit DisabledCommands(const QWidget& window) {
-    for (const QString& key : {u"cmdImporta"_qs, u"cmdImmagini"_qs, u"cmdPublish"_qs})
+    for (const QString& key : {u"cmdImporta"_qs, u"cmdImmagini"_qs, u"cmdPublish"_qs, u"cmdSearch"_qs})
       if (auto* action = window.findChild<QAction*>(key); action != nullptr && action->isEnabled())
         actions_.push_back(action);
     Enable(false);
@@ -62,12 +67,12 @@ QString FailureText(const PictureImport& import, const QString& description) {
     lines += Texts::tr("Togliere il file dalla cartella, oppure salvarlo di nuovo come immagine JPEG.");
   else if (!import.Failed().isEmpty())
     lines += Texts::tr("L'importazione si è fermata al file %1.").arg(import.Failed());
-  lines += ImportedText(import.Imported(), import.Count()) + u'.';
+  lines += ImportedText(import) + u'.';
   if (import.Imported() > 0) {
     lines.last() += u' ' + Texts::tr("Premere F5 per vederli.");
     lines += Texts::tr(
-        "Prima di importare il resto spostare altrove le immagini già importate, cioè quelle che "
-        "vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.");
+        "Prima di importare il resto spostare altrove le immagini già importate, cioè quel file e quelli "
+        "che vengono prima in ordine di nome: diventerebbero prodotti una seconda volta.");
   }
   return lines.join(u"\r\n"_qs);
 }
@@ -92,6 +97,7 @@ void ImportPictures::Import() {
     return TheDialogs().Message(&context_.owner,
                                 Texts::tr("In un'altra finestra è in corso un'importazione."),
                                 BoxStyle::Information);
+  CatalogWork::RequireNone(context_.IDCatalogo);
   {
     const QScopedValueRollback<bool> running(running_, true);
     const QScopedValueRollback<bool> any(anyRuns, true);
@@ -114,6 +120,7 @@ void ImportPictures::ImportFolder(const QString& folder) {
   }
   QString ending;
   try {
+    const CatalogWork work(context_.IDCatalogo, CatalogWork::Kind::Import);
     const DisabledCommands disabled(context_.owner);
     if (!Run(import)) ending = Texts::tr("Importazione annullata. ");
     fmeProgress_->MostraProgresso(1, 1, false);
@@ -122,7 +129,7 @@ void ImportPictures::ImportFolder(const QString& folder) {
     TellFailure(import, DescriptionOf(error));
     ending = Texts::tr("Importazione interrotta. ");
   }
-  outcome_->Show(ending + ImportedText(import.Imported(), import.Count()), import.PassedOver());
+  outcome_->Show(ending + ImportedText(import), import.PassedOver());
 }
 
 // What comes in through the events finds no transaction open.
@@ -138,7 +145,7 @@ bool ImportPictures::Run(PictureImport& import) {
     inHand = file;
     fmeProgress_->ShowCount(int(done), int(total));
     if (done == total) return true;
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, ShareOfOthers);
     return !fmeProgress_->AnnullaElaborazione;
   };
   return import.Run(progress, [] { QCoreApplication::processEvents(); });
@@ -154,7 +161,7 @@ void ImportPictures::TellFailure(const PictureImport& import, const QString& des
 void ImportPictures::FillGrid() {
   fill_.stop();
   if (context_.connection == nullptr || closing_) return;
-  if (IsInHand(context_.grid)) return fill_.start();
+  if (context_.busy || IsInHand(context_.grid)) return fill_.start();
   context_.grid.LoadGrid(true);
 }
 

@@ -21,7 +21,7 @@ class ImportPictures : public QObject {
   ImportPictures(GridContext& context, QStatusBar& status);
   ~ImportPictures() override;
 
-  // Asks for a folder and imports it.
+  // Asks for a folder and imports it. Throws Error where the catalog is being published.
   void Import();
 
   // Whether the window may close. Where it may not, the import is asked to stop, and Finished follows.

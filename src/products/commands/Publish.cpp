@@ -3,6 +3,7 @@
 #include <QScopedValueRollback>
 
 #include "base/WidgetInputHold.h"
+#include "products/CatalogWork.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/GridContext.h"
 #include "publish/PluginHost.h"
@@ -11,6 +12,8 @@ namespace vorlina {
 
 void PublishWith(GridContext& context, const QString& identifier) {
   if (context.busy || !context.grid.LeaveRow()) return;
+  CatalogWork::RequireNone(context.IDCatalogo);
+  const CatalogWork work(context.IDCatalogo, CatalogWork::Kind::Publication);
   const QScopedValueRollback<bool> busy(context.busy, true);
   // What is typed while the plug-in works would go into its transaction.
   const WidgetInputHold hold(context.owner);

@@ -8,7 +8,7 @@ namespace vorlina {
 struct GridContext;
 
 // With the plug-in of that identifier; nothing while another one publishes, or where the row in edit cannot
-// be left.
+// be left. Throws Error, also while another window imports into the catalog or publishes it.
 void PublishWith(GridContext& context, const QString& identifier);
 
 }  // namespace vorlina

@@ -1,0 +1,24 @@
+// What is at work on a whole catalog for some time, while windows stay in use. It stays for as long as the
+// object does.
+#pragma once
+
+namespace vorlina {
+
+class CatalogWork {
+ public:
+  enum class Kind { Import, Publication };
+
+  CatalogWork(int IDCatalogo, Kind kind);
+  ~CatalogWork();
+  CatalogWork(const CatalogWork&) = delete;
+  CatalogWork& operator=(const CatalogWork&) = delete;
+
+  // For what does not go together with it. Throws Error, which says what is at work.
+  static void RequireNone(int IDCatalogo);
+
+ private:
+  int IDCatalogo_;
+  Kind kind_;
+};
+
+}  // namespace vorlina
