@@ -1890,6 +1890,14 @@ Replace those values with what is written here?</translation>
         <source>Dati del filtro</source>
         <translation>Filter Data</translation>
     </message>
+    <message>
+        <source>Il resto è stato salvato, il logo è rimasto quello di prima. %1</source>
+        <translation>All else was saved; the logo is the one that it was. %1</translation>
+    </message>
+    <message>
+        <source>Il filtro è stato eliminato nel frattempo da un&apos;altra finestra o da un altro programma.</source>
+        <translation>The filter was deleted meanwhile by another window or program.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -30,6 +31,14 @@ QMessageBox::Icon IconOf(BoxStyle style) {
   return QMessageBox::NoIcon;
 }
 
+// A key that is still held from before is no answer.
+class HeldKeys : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  }
+};
+
 // The buttons' words follow the program's language, which need not be the desktop's.
 QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle style, const QString& title,
                                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
@@ -47,6 +56,9 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
       found->setText(word);
   // Escape and the box's own end push it all the same.
   if (QAbstractButton* unseen = box.button(hidden)) unseen->hide();
+  HeldKeys held;
+  box.installEventFilter(&held);
+  for (QAbstractButton* button : box.buttons()) button->installEventFilter(&held);
   const PlainCursor plain;
   box.exec();
   return box.standardButton(box.clickedButton());

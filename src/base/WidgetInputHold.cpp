@@ -50,6 +50,13 @@ bool WidgetInputHold::Holds(QObject* receiver) const {
 bool WidgetInputHold::eventFilter(QObject* watched, QEvent* event) {
   if (!IsInput(event->type()) || !Holds(watched)) return false;
   event->ignore();
+  // Who closes the program from elsewhere sees what is in the way.
+  if (event->type() == QEvent::Close) {
+    QWidget* box = QApplication::activeModalWidget();
+    QWidget* window = box != nullptr ? box : static_cast<QWidget*>(watched);
+    window->raise();
+    window->activateWindow();
+  }
   return true;
 }
 

@@ -1,5 +1,7 @@
 #include "catalogs/CatalogProperties.h"
 
+#include <QLoggingCategory>
+
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "catalogs/CatalogNames.h"
@@ -16,11 +18,14 @@
 namespace vorlina {
 namespace {
 
+Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
+
 const QString LogoColumn = u"Logo"_qs;
 
 bool IsFilter(const QString& column) { return column.startsWith(u"NomeFiltro"); }
 bool IsName(const QString& column) { return IsFilter(column) || column.startsWith(u"NomeValore"); }
 bool IsNumber(const QString& column) { return column == u"Width" || column == u"Height"; }
+bool IsOfLogo(const QString& column) { return column == LogoColumn || IsNumber(column); }
 
 // The logo's path is not typed.
 QString RefusalOf(const QString& column, const QString& text) {
@@ -52,7 +57,8 @@ void CatalogProperties::Keep() {
 }
 
 QString CatalogProperties::Shown(const QString& column) const {
-  return UnescapeName(NullToEmpty(shown_[column]));
+  const QString stored = NullToEmpty(shown_[column]);
+  return IsName(column) ? UnescapeName(stored) : stored;
 }
 
 bool CatalogProperties::IsTyped(const QString& column) const {
@@ -63,6 +69,12 @@ bool CatalogProperties::IsChanged(const PropertyTexts& boxes) const {
   if (!logoFile_.isEmpty() || boxes != begun_) return true;
   return std::any_of(Columns.begin(), Columns.end(),
                      [this](const QString& column) { return Shown(column) != NullToEmpty(shown_[column]); });
+}
+
+bool CatalogProperties::ChangesNames(const PropertyTexts& boxes) const {
+  return std::any_of(Columns.begin(), Columns.end(), [&](const QString& column) {
+    return IsName(column) && boxes.value(column) != begun_.value(column);
+  });
 }
 
 QString CatalogProperties::Logo() const { return LogoPath(IDCatalogo_); }
@@ -86,7 +98,8 @@ std::optional<PropertyRefusal> CatalogProperties::Prepare(const PropertyTexts& b
   typed_ = boxes;
   removed_.clear();
   writtenOver_.clear();
-  changesNames_ = false;
+  for (const QString& column : {LogoColumn, u"Width"_qs, u"Height"_qs})
+    formerLogo_[column] = catalog_.Value(column);
   for (const QString& column : Columns) {
     const QString text = typed_.value(column);
     const QString refusal = RefusalOf(column, text);
@@ -96,7 +109,7 @@ std::optional<PropertyRefusal> CatalogProperties::Prepare(const PropertyTexts& b
     }
     if (text.isEmpty())
       Empty(column, ask);
-    else if (IsTyped(column))
+    else if (IsTyped(column) || (IsOfLogo(column) && !logoFile_.isEmpty()))
       Set(column, IsName(column) ? EscapeName(text) : text);
   }
   return {};
@@ -120,27 +133,50 @@ void CatalogProperties::Set(const QString& column, const QVariant& value) {
   if (stored.isNull() == value.isNull() && NullToEmpty(stored) == text) return;
   if (NullToEmpty(stored) != NullToEmpty(shown_[column]) && NullToEmpty(stored) != text)
     writtenOver_ += column;
-  changesNames_ = changesNames_ || (IsName(column) && NullToEmpty(stored) != text);
   catalog_.SetValue(column, value);
 }
 
-void CatalogProperties::Save() {
-  if (catalog_.Editing() == EditMode::None && logoFile_.isEmpty()) return;
+ChangeLabel CatalogProperties::Label() const {
+  return {QT_TRANSLATE_NOOP("Texts", "Proprietà di %1"), {typed_.value(u"NomeCatalogo"_qs)}};
+}
+
+QString CatalogProperties::Save() {
+  if (catalog_.Editing() == EditMode::None && logoFile_.isEmpty()) return {};
+  std::optional<PictureChange> pictures;
   try {
-    Transaction transaction(
-        connection_, {QT_TRANSLATE_NOOP("Texts", "Proprietà di %1"), {typed_.value(u"NomeCatalogo"_qs)}});
-    PictureChange pictures(transaction, connection_);
-    TakeLogo(pictures);
+    Transaction transaction(connection_, Label());
+    TakeLogo(pictures.emplace(transaction, connection_));
     catalog_.Update();
     for (const QChar number : removed_) RemoveFilter(number);
     transaction.Commit();
-    begun_ = typed_;
-    Keep();
-    pictures.RequireReplaced();
-    ForgetLogo();
   } catch (...) {
     catalog_.CancelUpdate();
     throw;
+  }
+  begun_ = typed_;
+  QString failure;
+  try {
+    pictures->RequireReplaced();
+    ForgetLogo();
+  } catch (const Error& error) {
+    failure = error.Description();
+    GiveFormerLogoBack();
+  }
+  Keep();
+  return failure;
+}
+
+// The picture that has the logo's name is the former one.
+void CatalogProperties::GiveFormerLogoBack() {
+  try {
+    Transaction transaction(connection_, Label());
+    for (auto value = formerLogo_.cbegin(); value != formerLogo_.cend(); ++value)
+      catalog_.SetValue(value.key(), value.value());
+    catalog_.Update();
+    transaction.Commit();
+  } catch (const Error& error) {
+    qCWarning(catalogs) << "the former logo's size was not stored" << error.Description();
+    catalog_.CancelUpdate();
   }
 }
 
@@ -155,7 +191,7 @@ void CatalogProperties::TakeLogo(PictureChange& pictures) const {
     throw Error(
         Texts::tr("Il file %1 è già usato come immagine di un prodotto. Cambiare il codice di quel prodotto.")
             .arg(Logo()));
-  pictures.Take(logoFile_, Logo(), logo_);
+  pictures.Take(logoFile_, Logo(), logo_, !NullToEmpty(formerLogo_[LogoColumn]).isEmpty());
 }
 
 void CatalogProperties::RemoveFilter(QChar number) const {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "images/PictureRendering.h"
+#include "store/ChangeLabel.h"
 
 namespace vorlina {
 
@@ -59,18 +60,20 @@ class CatalogProperties {
   std::optional<PropertyRefusal> Prepare(const PropertyTexts& boxes, const Asking& ask);
   // The columns that somebody else has changed since they were shown, and that would be written over.
   const QStringList& WrittenOver() const { return writtenOver_; }
-  // Whether values or filters get other names, or none.
-  bool ChangesNames() const { return changesNames_; }
-  // Stores what was got ready. Throws Error: nothing is stored then, but where the logo alone could not take
-  // its place at the end.
-  void Save();
+  // Whether values or filters are to get other names, or none.
+  bool ChangesNames(const PropertyTexts& boxes) const;
+  // Stores what was got ready. Throws Error: nothing is stored then. Where the logo alone could not take its
+  // place at the end it stays chosen, the row tells of the former one, and why is given; "" otherwise.
+  QString Save();
 
  private:
   bool IsTyped(const QString& column) const;
   void Empty(const QString& column, const Asking& ask);
   void Set(const QString& column, const QVariant& value);
+  ChangeLabel Label() const;
   void Keep();
   void TakeLogo(PictureChange& pictures) const;
+  void GiveFormerLogoBack();
   void RemoveFilter(QChar number) const;
 
   Recordset& catalog_;
@@ -81,7 +84,7 @@ class CatalogProperties {
   PropertyTexts typed_;  // of Prepare
   QString removed_;      // the numbers of filters
   QStringList writtenOver_;
-  bool changesNames_ = false;
+  QMap<QString, QVariant> formerLogo_;  // of Prepare
   QString logoFile_;
   PreparedPicture logo_;
 };

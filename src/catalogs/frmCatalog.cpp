@@ -1,9 +1,9 @@
 #include "catalogs/frmCatalog.h"
 
 #include <QCloseEvent>
-#include <QFile>
 #include <QLabel>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <limits>
 
 #include "base/Dialogs.h"
@@ -12,6 +12,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "base/WidgetBoxText.h"
+#include "images/ImagePipeline.h"
 #include "images/PictureFolder.h"
 #include "publish/WidgetEscapedName.h"
 #include "support/Language.h"
@@ -41,6 +42,13 @@ void frmCatalog::ConnectControls() {
     if (column.startsWith(u"NomeValore") || column.startsWith(u"NomeFiltro"))
       connect(line, &QLineEdit::textChanged, this, [line] { LimitEscapedLength(*line); });
   }
+  for (const auto& [key, step] : {std::pair{u"Ctrl+Tab"_qs, 1},
+                                  {u"Ctrl+PgDown"_qs, 1},
+                                  {u"Ctrl+Shift+Tab"_qs, -1},
+                                  {u"Ctrl+Shift+Backtab"_qs, -1},
+                                  {u"Ctrl+PgUp"_qs, -1}})
+    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+            [this, turn = step] { Turn(turn); });
   ui_->txtLogo->OfferPreview();
   connect(ui_->txtLogo, &WidgetLogoBox::ClearWanted, this, [this] {
     properties_->ForgetLogo();
@@ -48,6 +56,12 @@ void frmCatalog::ConnectControls() {
   });
   connect(ui_->txtLogo, &WidgetLogoBox::PreviewWanted, this, &frmCatalog::ShowLogo);
   connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmCatalog::cmdBrowse_Click);
+}
+
+// To the next tab, and round.
+void frmCatalog::Turn(int step) {
+  QTabWidget& tabs = *ui_->tbsCatalogo;
+  tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
 }
 
 QWidget* frmCatalog::BoxOf(const QString& column) const { return findChild<QWidget*>(u"txt"_qs + column); }
@@ -84,19 +98,27 @@ void frmCatalog::CheckChanged() { Saved = !properties_->IsChanged(Typed()); }
 void frmCatalog::SaveCatalog() {
   try {
     const PropertyTexts typed = Typed();
-    const auto refusal = properties_->Prepare(
-        typed, [this](const QString& question) { return TheDialogs().Ask(this, question); });
+    // What closes for it may write as well, and does so before the row is looked at.
+    if (MayWrite && !MayWrite(properties_->ChangesNames(typed))) return;
+    const auto refusal = properties_->Prepare(typed, [this](const QString& question) {
+      return TheDialogs().Ask(this, question, BoxStyle::QuestionNoFirst);
+    });
     if (refusal) {
       GoTo(refusal->column);
       return TheDialogs().Message(this, refusal->text, BoxStyle::Stop);
     }
-    if (!MayWriteOver() || (MayWrite && !MayWrite(properties_->ChangesNames()))) return;
+    if (!MayWriteOver()) return;
+    QString failure;
     {
       const WaitCursor wait;
-      properties_->Save();
+      failure = properties_->Save();
     }
-    Saved = true;
-    Q_EMIT CatalogStored(typed[u"NomeCatalogo"_qs] + u" - "_qs + typed[u"Descrizione"_qs]);
+    Saved = failure.isEmpty();
+    Q_EMIT CatalogStored(properties_->Shown(u"NomeCatalogo"_qs) + u" - "_qs +
+                         properties_->Shown(u"Descrizione"_qs));
+    if (!Saved)
+      ShowError(this,
+                Texts::tr("Il resto è stato salvato, il logo è rimasto quello di prima. %1").arg(failure));
   } catch (const std::exception& error) {
     ShowError(this, DescriptionOf(error));
   }
@@ -128,11 +150,14 @@ void frmCatalog::GoTo(const QString& column) {
 void frmCatalog::cmdBrowse_Click() {
   const QString file = ui_->txtLogo->AskForFile();
   if (file.isEmpty()) return;
-  if (IsSameFile(file, properties_->Logo()))
-    return TheDialogs().Message(this,
-                                Texts::tr("La cartella di destinazione coincide con quella di origine."),
-                                BoxStyle::Information);
   try {
+    if (IsSameFile(file, properties_->Logo())) {
+      // One that was taken away is there again.
+      if (ui_->txtLogo->text().isEmpty()) SetLogo(properties_->Logo(), MeasureWholeImage(file));
+      return TheDialogs().Message(this,
+                                  Texts::tr("La cartella di destinazione coincide con quella di origine."),
+                                  BoxStyle::Information);
+    }
     const WaitCursor wait;
     SetLogo(properties_->Logo(), properties_->ChooseLogo(file));
   } catch (const std::exception& error) {
@@ -149,20 +174,16 @@ void frmCatalog::SetLogo(const QString& path, QSize size) {
   ui_->txtWidth->setText(path.isEmpty() ? QString() : QString::number(size.width()));
 }
 
+// A clone's row names the logo of the catalog from which it was made.
 void frmCatalog::ShowLogo() {
-  const QString chosen = properties_->ChosenLogo();
-  const QString path = chosen.isEmpty() ? properties_->Logo() : chosen;
-  if (QFile::exists(path)) ui_->txtLogo->ShowPreview(path);
+  if (ui_->txtLogo->text().isEmpty() && !properties_->Shown(u"Logo"_qs).isEmpty()) return;
+  for (const QString& path : {properties_->ChosenLogo(), properties_->Logo(), ui_->txtLogo->text()})
+    if (IsPictureFile(path)) return ui_->txtLogo->ShowPreview(path);
 }
 
-// Held, Escape would answer what the first one has asked. The keys that turn to the next tab do so from the
-// boxes above as well.
+// Held, Escape would answer what the first one has asked.
 void frmCatalog::keyPressEvent(QKeyEvent* event) {
-  const bool turns = (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) &&
-                     event->modifiers().testFlag(Qt::ControlModifier);
-  if (turns)
-    QCoreApplication::sendEvent(ui_->tbsCatalogo, event);
-  else if (event->key() != Qt::Key_Escape)
+  if (event->key() != Qt::Key_Escape)
     QWidget::keyPressEvent(event);
   else if (!event->isAutoRepeat())
     close();

@@ -36,6 +36,8 @@ bool IsOwnFile(const QString& path) {
   return file.isFile() && !file.isSymLink();
 }
 
+bool IsFileOrLink(const QString& path) { return IsOwnFile(path) || QFileInfo(path).isSymLink(); }
+
 // Removes those of the files that lie in "Images" and that no row names.
 void RemoveUnnamed(const PictureFiles& files, Connection& connection) {
   if (files.main.isEmpty() && files.others.isEmpty()) return;
@@ -110,12 +112,15 @@ bool IsPictureNameFree(const QString& path, Connection& connection, qint64 excep
 bool IsProductPicture(const QString& path, Connection& connection) {
   PathKeys keys;
   const QString name = NameIn(QDir::fromNativeSeparators(path));
-  bool named = false;
-  ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
-    named = named || (picture.use != PictureUse::Logo && picture.path.endsWith(name, Qt::CaseInsensitive) &&
-                      keys.Of(picture.path) == keys.Of(path) && IsSameFile(picture.path, path));
-  });
-  return named;
+  Rows rows(connection,
+            u"SELECT Immagine FROM Prodotti WHERE substr(Immagine,-?1)=?2 COLLATE NOCASE "
+            "UNION ALL SELECT Immagine FROM Immagini WHERE substr(Immagine,-?1)=?2 COLLATE NOCASE"_qs,
+            {name.size(), name});
+  while (rows.Next()) {
+    const QString picture = rows.Value(0).toString();
+    if (keys.Of(picture) == keys.Of(path) && IsSameFile(picture, path)) return true;
+  }
+  return false;
 }
 
 PictureFiles PicturesOfProducts(const std::vector<qint64>& products, Connection& connection) {
@@ -160,26 +165,33 @@ struct PictureChange::Files {
   }
 
   // A file that has the name stays until the rows are stored: what is written beside it then takes its place.
-  void Write(const QString& target, const std::function<void(const QString& path)>& write) {
-    if (!IsOwnFile(target)) {
+  void Write(const QString& target, const std::function<void(const QString& path)>& write,
+             bool named = false) {
+    if (!named && !IsFileOrLink(target)) {
       MakeRoom(target);
       return write(target);
     }
     replacing += target;
-    write(StagedPath(target));
+    try {
+      write(StagedPath(target));
+    } catch (const DiskFullError& full) {
+      throw DiskFullError(target, full.Cause());
+    }
   }
 
-  void Take(PictureUse use, const QString& source, const QString& target, const QByteArray& jpeg) {
+  void Take(PictureUse use, const QString& source, const QString& target, const QByteArray& jpeg,
+            bool named = false) {
     RequireInside(target);
-    if (!IsOwnFile(target)) Made(use) += target;
+    if (!named && !IsFileOrLink(target)) Made(use) += target;
     // The source may be what a link under the target's name leads to.
     const QString file = QFileInfo(target).isSymLink() ? QFileInfo(source).canonicalFilePath() : source;
-    Write(target, [&](const QString& path) {
+    const auto write = [&](const QString& path) {
       if (jpeg.isEmpty())
         CopyFileSafely(file, path);
       else
         WriteFileSafely(path, jpeg);
-    });
+    };
+    Write(target, write, named);
   }
 
   void Drop(const QString& target) {
@@ -234,8 +246,9 @@ void PictureChange::TakeMain(const QString& source, const QString& target, const
   }
 }
 
-void PictureChange::Take(const QString& source, const QString& target, const PreparedPicture& picture) {
-  files_->Take(PictureUse::Additional, source, target, picture.jpeg);
+void PictureChange::Take(const QString& source, const QString& target, const PreparedPicture& picture,
+                         bool named) {
+  files_->Take(PictureUse::Additional, source, target, picture.jpeg, named);
 }
 
 void PictureChange::CopyMain(const QString& source, const QString& target) {

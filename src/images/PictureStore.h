@@ -63,11 +63,13 @@ class PictureChange {
   PictureChange(Transaction& transaction, Connection& connection);
 
   // Take a picture into "Images", replacing what has the name: a file once the rows are stored, so that what
-  // fails leaves it as it was; a link is replaced, not followed. A picture without bytes of its own is copied
-  // as it is. Throw Error where it cannot be written, and for a name that leads out of "Images". A main
-  // image's thumbnail that cannot be written is missing; an older one would show another picture.
+  // fails leaves it as it was; a link as well, which is not followed. A picture without bytes of its own is
+  // copied as it is. Throw Error where it cannot be written, and for a name that leads out of "Images". A
+  // main image's thumbnail that cannot be written is missing; an older one would show another picture. A file
+  // that is missing while a row names it, so that it would stay where nothing is stored, is told by the flag.
   void TakeMain(const QString& source, const QString& target, const PreparedPicture& picture);
-  void Take(const QString& source, const QString& target, const PreparedPicture& picture = {});
+  void Take(const QString& source, const QString& target, const PreparedPicture& picture = {},
+            bool named = false);
   // A main image under another name, with its thumbnail. Throws Error.
   void CopyMain(const QString& source, const QString& target);
 

@@ -143,7 +143,8 @@ void frmImageViewer::keyPressEvent(QKeyEvent* event) {
   if (const auto step = steps.find(event->key()); step != steps.end())
     MoveSelection(step->second);
   else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-    Choose(Selected);
+    // The first tile has the focus before any is selected.
+    Choose(extPicture[0]->hasFocus() ? 0 : Selected);
   else
     QDialog::keyPressEvent(event);
 }

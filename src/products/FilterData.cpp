@@ -4,6 +4,7 @@
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "products/CellRules.h"
+#include "products/FilterValues.h"
 #include "publish/EscapedNames.h"
 #include "store/Connection.h"
 #include "store/Ranks.h"
@@ -95,6 +96,7 @@ void FilterData::Saved(qint64 IDValore, const std::optional<QString>& former) co
     if (text.isEmpty()) throw Error(Texts::tr("Specificare un testo per il valore"));
     const QStringList refusals = RefusalsOf(text);
     if (!refusals.isEmpty()) throw Error(refusals.first());
+    RequireFilter(IDCatalogo_, filter_, connection_);
     if (IsTaken(text, IDValore)) throw DuplicateError({u"Filtri."_qs + ValueField});
   }
   part.Commit();

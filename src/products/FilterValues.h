@@ -19,4 +19,10 @@ std::vector<LookupItem> FilterItems(int IDCatalogo, int filter, Connection& conn
 // The text of one value; "" where the filter does not have it. Throws Error.
 QString FilterText(int IDCatalogo, int filter, qint64 IDValore, Connection& connection);
 
+// What another window has removed meanwhile is not written to. Throw Error, within the transaction that
+// writes: where the filter has no name; where it does not have a value either, which 0 is none of.
+void RequireFilter(int IDCatalogo, int filter, Connection& connection);
+void RequireFilterValue(int IDCatalogo, int filter, qint64 IDValore, const QString& name,
+                        Connection& connection);
+
 }  // namespace vorlina

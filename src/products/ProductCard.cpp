@@ -46,11 +46,7 @@ ProductCard::ProductCard(int IDCatalogo, Connection& connection, ProductStore::T
       connection_(connection),
       products_(IDCatalogo, connection, std::move(tellFaultyExtensions)) {}
 
-void ProductCard::ReadNames() {
-  Recordset catalog;
-  catalog.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo_}}, connection_);
-  names_ = ProductGridFields::Of(catalog);
-}
+void ProductCard::ReadNames() { names_ = ProductGridFields::Of(IDCatalogo_, connection_); }
 
 std::vector<LookupItem> ProductCard::FilterItems(int filter) const {
   return vorlina::FilterItems(IDCatalogo_, filter, connection_);
@@ -101,7 +97,9 @@ ProductValues ProductCard::ToStore(const ProductValues& typed, const ProductValu
     const QVariant value = kept ? stored.value(column) : typed.value(column);
     const QString text = NullToEmpty(value);
     if (IsFilter(column)) {
-      if (!kept) RequireFilterValue(column, value);
+      // It may have been deleted since it was picked.
+      if (!kept)
+        RequireFilterValue(IDCatalogo_, FilterOf(column), value.toLongLong(), CaptionOf(column), connection_);
       values[column] = value.toLongLong();
     } else if (column == DescriptionField) {
       values[column] = product_ == 0 ? NullIfEmpty(text) : QVariant(text);
@@ -110,14 +108,6 @@ ProductValues ProductCard::ToStore(const ProductValues& typed, const ProductValu
     }
   }
   return values;
-}
-
-// It may have been deleted since it was picked.
-void ProductCard::RequireFilterValue(const QString& column, const QVariant& value) const {
-  const qint64 number = value.toLongLong();
-  if (number != 0 && FilterText(FilterOf(column), number).isEmpty())
-    throw Error(Texts::tr("Il valore scelto per \"%1\" è stato eliminato nel frattempo. Sceglierne un altro.")
-                    .arg(CaptionOf(column)));
 }
 
 void ProductCard::Add(const ProductValues& typed) {

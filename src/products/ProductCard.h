@@ -64,7 +64,6 @@ class ProductCard {
  private:
   bool IsTyped(const ProductValues& typed, const QString& column) const;
   ProductValues ToStore(const ProductValues& typed, const ProductValues& stored) const;
-  void RequireFilterValue(const QString& column, const QVariant& value) const;
   QString CaptionOf(const QString& column) const;
 
   int IDCatalogo_;

@@ -33,7 +33,8 @@ ProductEditing::ProductEditing(RecordsetModel& rows, QWidget* owner) : rows_(row
     RenewCode(row);
     return std::optional<RowRefusal>();
   };
-  rows.OnRowWriting = [this](int, qint64 product, bool added) {
+  rows.OnRowWriting = [this](int row, qint64 product, bool added) {
+    RequireFilterValues(row, added);
     const QString former = added ? QString() : NullToEmpty(rows_.FormerValue(ProductColumn::Codice));
     Products().Saved(product, former, ProductMarks::Both);
   };
@@ -119,6 +120,16 @@ bool ProductEditing::AskToDelete() {
       "L'operazione non potrà essere annullata.\r\n"
       "Procedere con l'eliminazione?");
   return TheDialogs().Ask(owner_, Messaggio, BoxStyle::QuestionNoFirst);
+}
+
+// Another window may have deleted what the drop-down still offers.
+void ProductEditing::RequireFilterValues(int row, bool added) const {
+  for (int column = ProductColumn::IDFiltro1; column < ProductColumn::Pubblica; ++column) {
+    const qint64 value = rows_.Value(row, column).toLongLong();
+    if (added || value != rows_.FormerValue(column).toLongLong())
+      RequireFilterValue(IDCatalogo_, column - ProductColumn::IDFiltro1 + 1, value,
+                         rows_.Column(column).caption, *connection_);
+  }
 }
 
 bool ProductEditing::AddFilterValue(int column, const QString& text) {

@@ -43,6 +43,7 @@ class ProductEditing : public QObject {
   bool Refuses(const CellVerdict& verdict);
   ProductStore Products();
   bool AskToDelete();
+  void RequireFilterValues(int row, bool added) const;
   bool AddFilterValue(int column, const QString& text);
   void OfferFilterValues(int column);
 

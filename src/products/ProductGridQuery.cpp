@@ -68,6 +68,12 @@ ProductGridFields ProductGridFields::Of(const Recordset& rsCatalogo) {
   return fields;
 }
 
+ProductGridFields ProductGridFields::Of(int IDCatalogo, Connection& connection) {
+  Recordset catalog;
+  catalog.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo}}, connection);
+  return Of(catalog);
+}
+
 QStringList ProductGridKeys(const ProductGridFields& fields) {
   QStringList keys = LeadingKeys;
   for (const NamedField& field : fields.values) keys += field.key;

@@ -40,6 +40,8 @@ struct NamedField {
   QString key;         // the grid column's key: the stored name, or the hidden mark and the field
   QString name;        // as it is stored
   bool inUse = false;  // the catalog has a name for it
+
+  bool operator==(const NamedField&) const = default;
 };
 
 // What a catalog's names make of the grid. A field is in use when its name is not empty. A name that
@@ -51,6 +53,10 @@ struct ProductGridFields {
 
   // From the row of Cataloghi on which the recordset stands. Throws Error.
   static ProductGridFields Of(const Recordset& rsCatalogo);
+  // From the row as it is stored. Throws Error.
+  static ProductGridFields Of(int IDCatalogo, Connection& connection);
+
+  bool operator==(const ProductGridFields&) const = default;
 };
 
 // The grid's fifteen bound columns of the catalog's products, in the order in which products came. The

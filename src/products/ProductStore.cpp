@@ -8,6 +8,7 @@
 #include "images/PictureFolder.h"
 #include "images/PictureStore.h"
 #include "products/CellRules.h"
+#include "products/FilterValues.h"
 #include "publish/ExtensionManager.h"
 #include "store/Connection.h"
 #include "store/Ranks.h"
@@ -208,6 +209,7 @@ qint64 ProductStore::FilterValue(int filter, const QString& value) {
              "VORLINA_TEXT ORDER BY IDValore"_qs,
              {IDCatalogo_, filter, name});
   if (found.Next()) return found.Value(0).toLongLong();
+  RequireFilter(IDCatalogo_, filter, connection_);
   connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) VALUES (?,?,?)"_qs,
                       {IDCatalogo_, filter, name});
   const qint64 number = connection_.LastInsertId();

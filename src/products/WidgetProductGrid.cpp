@@ -82,11 +82,15 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
   const QString code = NullToEmpty(Rows().Value(CurrentRow(), ProductColumn::Codice));
   const QString key = CurrentKey();
   const bool shown = Rows().columnCount() > 0;
-  ReadNames();
+  const int sorted = Rows().SortColumn();
+  const SortDirection direction = Rows().Sorted();
+  // A filter may have been given another name.
+  fields_ = ProductGridFields::Of(IDCatalogo_, *connection_);
   OpenGrid();
   std::vector<GridColumn> columns = ProductGridColumns(fields_, IDCatalogo_, *connection_);
   DecorateColumns(columns);
   Bind(rsGriglia, std::move(columns));
+  KeepSort(sorted, direction);
   // Behind the binding, which leaves a column that has another name by now in its place.
   if (shown && keepLayout) LayoutGriglia = LayoutText(Layout());
   PlacePictureColumns();
@@ -98,12 +102,20 @@ void WidgetProductGrid::FillGrid(bool keepLayout) {
   Q_EMIT Filled();
 }
 
-// A filter may have been given another name.
-void WidgetProductGrid::ReadNames() {
-  Recordset catalog;
-  catalog.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {IDCatalogo_}},
-               *connection_);
-  fields_ = ProductGridFields::Of(catalog);
+// Of a column that has another name by now.
+void WidgetProductGrid::KeepSort(int column, SortDirection direction) {
+  if (column >= 0 && Rows().SortColumn() < 0 && Rows().Column(column).visible)
+    SetSort(Rows().Column(column).key, direction);
+}
+
+bool WidgetProductGrid::HasOtherNames() const {
+  try {
+    const LockPatience none(0);
+    return !(ProductGridFields::Of(IDCatalogo_, *connection_) == fields_);
+  } catch (const Error& error) {
+    qCDebug(products) << "names not read" << error.Description();
+  }
+  return false;
 }
 
 bool WidgetProductGrid::HasChanged() const { return MarkNow() != filled_; }
@@ -180,14 +192,16 @@ void WidgetProductGrid::SaveLayoutFile() {
 }
 
 void WidgetProductGrid::ReadAnew() {
-  RefreshFilterValues();
+  RefreshFilterValues(true);
   if (Reload()) editing_->OfferDefaults();
 }
 
-void WidgetProductGrid::RefreshFilterValues() {
+void WidgetProductGrid::RefreshFilterValues(bool names) {
   const std::optional<qint64> mark = MarkNow();
   if (connection_ == nullptr || (mark && *mark == valuesRead_)) return;
-  valuesRead_ = mark.value_or(0);
+  const bool renamed = names && HasOtherNames();
+  if (renamed && Rows().EditRow() < 0 && state() != EditingState) return LoadGrid(true);
+  valuesRead_ = renamed || !names ? 0 : mark.value_or(0);
   editing_->RefreshFilterValues();
 }
 

@@ -42,8 +42,9 @@ class WidgetProductGrid : public DataGrid {
   // What other windows and programs have written since: rows that came or went, and values of the filters.
   void ReadAnew();
   // The values of the filters alone, as ProductEditing; nothing where nobody has written since they were
-  // read.
-  void RefreshFilterValues();
+  // read. Where values and filters have other names by then, and these are wanted as well, the grid is filled
+  // anew, unless a row is being edited.
+  void RefreshFilterValues(bool names);
   void SaveLayoutFile();
   // Ends what it has to do with the database.
   void Release();
@@ -62,7 +63,8 @@ class WidgetProductGrid : public DataGrid {
   void ConnectSignals();
   void FillGrid(bool keepLayout);
   std::optional<qint64> MarkNow() const;
-  void ReadNames();
+  bool HasOtherNames() const;
+  void KeepSort(int column, vorlina::SortDirection direction);
   void OpenGrid();
   void DecorateColumns(std::vector<GridColumn>& columns) const;
   void PlacePictureColumns();

@@ -198,7 +198,9 @@ void frmEditCatalog::ShowCatalog(bool first) {
 // The button itself does nothing: its entries say with what to publish.
 void frmEditCatalog::FillPublishMenu() {
   for (const PluginEntry& plugin : Plugins) {
-    QAction* entry = mnuPubblica->addAction(plugin.icon, plugin.name, this, [this, key = plugin.identifier] {
+    // An ampersand is a part of the name.
+    const QString name = QString(plugin.name).replace(u'&', u"&&"_qs);
+    QAction* entry = mnuPubblica->addAction(plugin.icon, name, this, [this, key = plugin.identifier] {
       Attempt(this, [&] { PublishWith(*context_, key); });
     });
     entry->setObjectName(plugin.identifier);
@@ -273,7 +275,7 @@ void frmEditCatalog::ShowCounts() {
 }
 
 bool frmEditCatalog::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate) grdProducts->RefreshFilterValues();
+  if (event->type() == QEvent::WindowActivate) grdProducts->RefreshFilterValues(!context_->busy);
   if (event->type() == QEvent::WindowUnblocked) drops_->TakeHeld();
   return QMainWindow::event(event);
 }

@@ -452,7 +452,24 @@ bool frmProduct::HasChanged() {
 
 void frmProduct::LookAgain() {
   filters_->Forget();
+  TakeNames();
   if (Stato == Edit) Command(u"cmdImageView"_qs)->setEnabled(pictures_->Show());
+}
+
+// What is typed stays, but in the box of a filter that is gone.
+void frmProduct::TakeNames() {
+  try {
+    const LockPatience none(0);
+    const ProductGridFields former = card_->Names();
+    card_->ReadNames();
+    if (former == card_->Names()) return;
+    filters_->SetCard(*card_);
+    NumeroFiltri = card_->Names().NumeroFiltri;
+    ShowNames();
+    if (Stato == Edit && Salvato) ShowProduct(card_->Read(Product()));
+  } catch (const Error& error) {
+    qCDebug(products) << "names not read" << error.Description();
+  }
 }
 
 // Enter in the description: the key that opened the card may still be held, and in a mask it searches as in

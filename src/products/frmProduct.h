@@ -97,6 +97,7 @@ class frmProduct : public QMainWindow {
   bool CloseOwned();
   bool HasChanged();
   void LookAgain();
+  void TakeNames();
   QAction* Command(const QString& key) const;
 
   std::unique_ptr<Ui::frmProduct> ui_;

@@ -39,7 +39,7 @@ class CatalogPropertiesTest : public CatalogFixture {
         return answer;
       });
       if (refusal) throw Error(refusal->text);
-      properties_->Save();
+      if (const QString failure = properties_->Save(); !failure.isEmpty()) throw Error(failure);
     });
   }
   QString Stored(const QString& expression) {
@@ -96,16 +96,17 @@ TEST_F(CatalogPropertiesTest, ARemovedFilterTakesItsValuesAlong) {
   EXPECT_TRUE(properties_->IsChanged(boxes_));  // by the escaped name alone
   boxes_[u"NomeFiltro3"_qs].clear();
   boxes_[u"NomeValore1"_qs] = u"a.b\\/"_qs;
+  boxes_[u"Extras"_qs] = u"C:\\045"_qs;
   const QString question =
       u"Do you want to delete the selected filterL\\046uso and all data belonging to it? ?"_qs;
   EXPECT_EQ(Save(false), QString());
   EXPECT_EQ(questions_, QStringList{question});
-  EXPECT_TRUE(properties_->ChangesNames());
+  EXPECT_TRUE(properties_->IsChanged(boxes_));
   EXPECT_EQ(Stored(u"NomeFiltro3||NomeValore1"_qs), u"L\\046usoa\\046b\\\\\\047"_qs);
   EXPECT_EQ(Filters(), u"xyz 12 03"_qs);
 
   Open();
-  EXPECT_EQ(boxes_[u"NomeValore1"_qs], u"a.b\\/"_qs);
+  EXPECT_EQ(boxes_[u"NomeValore1"_qs] + boxes_[u"Extras"_qs], u"a.b\\/C:\\045"_qs);
   boxes_[u"NomeFiltro3"_qs].clear();
   // One of the statements fails: all is as it was.
   Refuse(u"UPDATE ON Prodotti"_qs);
@@ -146,11 +147,34 @@ TEST_F(CatalogPropertiesTest, ALogoIsReplacedWholeOrNotAtAll) {
   WriteFileSafely(Outside(u"none.jpg"_qs), "no picture");
   EXPECT_NE(FailureOf([&] { properties_->ChooseLogo(Outside(u"none.jpg"_qs)); }), QString());
   EXPECT_EQ(properties_->ChosenLogo(), QString());
+  // Somebody else has stored the size of another one.
+  connection_.Execute(u"UPDATE Cataloghi SET Width=50"_qs);
+  ChooseLogo({30, 20});
+  EXPECT_EQ(Save(), QString());
+  EXPECT_EQ(properties_->WrittenOver(), QStringList{u"Width"_qs});
+  EXPECT_EQ(Stored(u"Width"_qs), u"30"_qs);
   const QByteArray large = ChooseLogo({900, 700});
   {
     const FullDisk full(100'000);
-    EXPECT_NE(Save(), QString());
+    EXPECT_TRUE(Save().contains(u"5-Logo.jpg cannot be written"));
   }
+  // A link, or no file at all where the row names one, is as it was as well.
+  Refuse(u"UPDATE ON Cataloghi"_qs);
+  for (const bool link : {true, false}) {
+    QFile::remove(target);
+    if (link) QFile::link(Outside(u"none.jpg"_qs), target);
+    EXPECT_NE(Save(), QString());
+    EXPECT_EQ(QFileInfo(target).isSymLink(), link);
+    EXPECT_EQ(QFile::exists(target), link);
+  }
+  connection_.Execute(u"DROP TRIGGER Refuse"_qs);
+  // What alone cannot take its place is told, and stays chosen; the row is as the picture.
+  QDir().mkpath(target);
+  boxes_[u"Titolo"_qs] = u"new"_qs;
+  EXPECT_NE(Save(), QString());
+  EXPECT_EQ(Stored(u"Titolo||Width"_qs), u"new30"_qs);
+  QDir().rmdir(target);
+  WriteFileSafely(target, small);
   // The picture of a product that has the name stays as well.
   SetImage(u"q"_qs, target);
   EXPECT_NE(Save(), QString());

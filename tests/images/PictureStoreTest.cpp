@@ -84,7 +84,8 @@ TEST_F(PictureStoreTest, OnlyWhatLiesInImagesIsWrittenOrRemoved) {
                   StagedCopy::Made);
             }),
             QString());
-  EXPECT_EQ(ContentOf(PicturePath(u"link"_qs)), "new");
+  EXPECT_EQ(ContentOf(PicturePath(u"link"_qs)), "the user's own");
+  EXPECT_EQ(ContentOf(PicturePath(u"linked.jpg"_qs)), "new");
   EXPECT_EQ(Differences(FilesIn(outside_.path()), outside), QStringList());
   EXPECT_TRUE(QFile::exists(Path()));
 }

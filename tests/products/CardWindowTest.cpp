@@ -199,7 +199,12 @@ TEST_F(CardWindow, TheBoxThatAsksToSaveTellsItsEndFromNo) {
   using Answer = Dialogs::Answer;
   UnexpectedModalGuard::allowed = {QString()};
   const auto answer = [](int key) {
-    QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key(key)); });
+    QTimer::singleShot(0, [key] {
+      QWidget* box = QApplication::activeModalWidget();
+      QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
+      QCoreApplication::sendEvent(box->focusWidget(), &held);
+      QTest::keyClick(box, Qt::Key(key));
+    });
     return WidgetDialogs().AskToSave(nullptr, SaveQuestion);
   };
   EXPECT_EQ(answer(Qt::Key_Escape), Answer::Cancel);

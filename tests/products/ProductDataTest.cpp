@@ -16,6 +16,7 @@ class FilterDataTest : public CatalogFixture {
     connection_.Execute(
         u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore) VALUES (1,2,'rosso'),(1,2,'È blu')"_qs);
     connection_.Execute(u"UPDATE Prodotti SET IDFiltro2=1,IDFiltro3=1"_qs);
+    connection_.Execute(u"UPDATE Cataloghi SET NomeFiltro2='Colore'"_qs);
   }
   // What a row that gets this text is refused for.
   QString Refusal(const QString& text) {
@@ -33,6 +34,8 @@ TEST_F(FilterDataTest, AValueIsATextOfItsOwn) {
   EXPECT_NE(Refusal(u"è BLU"_qs), QString());
   EXPECT_EQ(Refusal(u"a|b"_qs), u"| is an invalid character"_qs);
   EXPECT_NE(Refusal(QString()), QString());
+  connection_.Execute(u"UPDATE Cataloghi SET NomeFiltro2=''"_qs);
+  EXPECT_EQ(Refusal(u"verde"_qs), u"The filter was deleted meanwhile by another window or program."_qs);
   for (const QString& text : {u"È blu"_qs, u""_qs}) {
     connection_.Execute(u"UPDATE Filtri SET Valore=?"_qs, {text});
     EXPECT_NO_THROW(data_.Saved(1, text)) << "what an older file holds can still be published or not";

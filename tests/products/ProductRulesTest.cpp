@@ -152,9 +152,11 @@ TEST_F(ProductStoreTest, DeletedProductsTakeTheirFilesButNotThoseOfOthers) {
 
 TEST_F(ProductStoreTest, AFiltersValueIsFoundOrAdded) {
   SetLanguage(u"English"_qs);
+  connection_.Execute(u"UPDATE Cataloghi SET NomeFiltro1='a',NomeFiltro2='b'"_qs);
   const qint64 value = store_.FilterValue(1, u" dell'Èlba "_qs);
   EXPECT_EQ(store_.FilterValue(1, u"DELL'èLBA"_qs), value);
   EXPECT_NE(store_.FilterValue(2, u"dell'Èlba"_qs), value);
   EXPECT_EQ(FailureOf([&] { store_.FilterValue(1, u"a|b"_qs); }), u"| is an invalid character"_qs);
+  EXPECT_NE(FailureOf([&] { store_.FilterValue(3, u"x"_qs); }), QString()) << "there is no such filter";
   EXPECT_EQ(One(u"group_concat(IDNomeFiltro||Valore)"_qs, u"Filtri"_qs), u"1dell'Èlba,2dell'Èlba"_qs);
 }

@@ -28,12 +28,13 @@ class PropertiesWindow : public GridWindow {
   frmCatalog* Form() const { return window_->findChild<frmCatalog*>(); }
   bool IsOpen() const { return Form() != nullptr && Form()->isVisible(); }
   // Some platforms make a window active later, and another one meanwhile.
-  void ActivateForm() const {
-    EXPECT_TRUE(QTest::qWaitFor([this] {
-      if (QApplication::activeWindow() != Form()) Form()->activateWindow();
-      return QApplication::activeWindow() == Form();
+  static void ActivateWindow(QWidget* window) {
+    EXPECT_TRUE(QTest::qWaitFor([window] {
+      if (QApplication::activeWindow() != window) window->activateWindow();
+      return QApplication::activeWindow() == window;
     }));
   }
+  void ActivateForm() const { ActivateWindow(Form()); }
   void OpenForm() const {
     Find<QAction>(u"cmdProperties"_qs)->trigger();
     ASSERT_TRUE(IsOpen());
@@ -71,6 +72,13 @@ class PropertiesWindow : public GridWindow {
 TEST_F(PropertiesWindow, AsksWhenItClosesAndTheGridTakesTheNamesOver) {
   Open();
   OpenForm();
+  // From the last one round to the first, and back.
+  for (const int key : {Qt::Key_PageUp, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_PageDown}) {
+    auto* tabs = Form()->findChild<QTabWidget*>();
+    const int tab = 3 - tabs->currentIndex();
+    FormKey(key, Qt::ControlModifier | (key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier));
+    EXPECT_EQ(tabs->currentIndex(), tab) << key;
+  }
   QStringList names;
   for (QString name; !names.contains(name = Form()->focusWidget()->objectName());) {
     names += name;
@@ -104,28 +112,54 @@ TEST_F(PropertiesWindow, AsksWhenItClosesAndTheGridTakesTheNamesOver) {
   EXPECT_EQ(Property(u"NomeValore2||Spalla"_qs), u"a\\046bx"_qs);
 }
 
-TEST_F(PropertiesWindow, ARemovedFilterIsGoneFromTheCardAndTheGrid) {
-  Open();
-  Find<QAction>(u"cmdEdit"_qs)->trigger();
-  auto* card = window_->findChild<frmProduct*>();
-  card->findChild<QPlainTextEdit*>(u"txtDescription"_qs)->setPlainText(u"typed"_qs);
+TEST_F(PropertiesWindow, ARemovedFilterIsGoneFromTheCardsAndTheGrids) {
+  frmProduct* cards[2];
+  for (frmProduct*& card : cards) {
+    Open();
+    Find<QAction>(u"cmdEdit"_qs)->trigger();
+    card = window_->findChild<frmProduct*>();
+  }
+  cards[1]->findChild<QPlainTextEdit*>(u"txtDescription"_qs)->setPlainText(u"typed"_qs);
+  grid_->CondizioneRicerca = u" AND IDFiltro2=1"_qs;
   OpenForm();
   Write(1, u"txtNomeFiltro2"_qs, {});
   // Someone else has another name for it by then.
   Name(u"NomeFiltro2"_qs, u"Misura"_qs);
   dialogs_.ExpectQuestion(SaveQuestion, true);
+  dialogs_.ExpectQuestion(SaveQuestion, true);  // the card's
   dialogs_.ExpectQuestion(
       u"Do you want to delete the selected filterMisura and all data belonging to it? ?"_qs, true);
   dialogs_.ExpectQuestion(
       u"Another window or another program has changed the catalog meanwhile: Filter name 2.\r\n"
       "Replace those values with what is written here?"_qs,
       true);
-  dialogs_.ExpectQuestion(SaveQuestion, true);  // the card's
   FormKey(Qt::Key_Escape);
-  EXPECT_FALSE(IsOpen() || card->isVisible());
+  EXPECT_FALSE(IsOpen() || cards[1]->isVisible());
   EXPECT_EQ(Stored(u"a"_qs, u"Descrizione||IDFiltro2"_qs), u"typed0"_qs);
   EXPECT_EQ(Count(u"Filtri"_qs), 0);
-  EXPECT_EQ(Captions(), u"||Code|Description|Colore|Publish|Order");
+  const QString captions = u"||Code|Description|Colore|Publish|Order"_qs;
+  EXPECT_EQ(Captions(), captions);
+  EXPECT_EQ(Codes(), u"a b");
+  Activate(0);
+  EXPECT_EQ(Captions(), captions);
+  ActivateWindow(cards[0]);
+  EXPECT_FALSE(cards[0]->findChild<QWidget*>(u"cmbFilter_2"_qs)->isVisible());
+}
+
+TEST_F(PropertiesWindow, AFilterThatIsGoneMeanwhileTakesNoValue) {
+  Open();
+  grid_->SetSort(u"Colore"_qs, SortDirection::Descending);
+  Name(u"NomeFiltro1"_qs, u"Tinta"_qs);
+  Name(u"NomeFiltro2"_qs, {});
+  dialogs_.ExpectMessage(
+      u"The filter was deleted meanwhile by another window or program. Press Esc to give up the "
+      "change."_qs,
+      BoxStyle::Stop);
+  Change(0, u"Taglia"_qs, u"grande"_qs);
+  EXPECT_EQ(Stored(u"a"_qs, u"quote(IDFiltro2)"_qs), u"NULL");
+  for (const int key : {Qt::Key_Escape, Qt::Key_Escape, Qt::Key_F5}) Key(key);
+  EXPECT_EQ(Captions(), u"||Code|Description|Tinta|Publish|Order");
+  EXPECT_EQ(Rows().SortColumn(), ProductColumn::IDFiltro1);
 }
 
 TEST_F(PropertiesWindow, ALogoIsShownAndNoLeavesItAsItWas) {
@@ -146,8 +180,13 @@ TEST_F(PropertiesWindow, ALogoIsShownAndNoLeavesItAsItWas) {
   EXPECT_EQ(Form()->findChild<QLineEdit*>(u"txtWidth"_qs)->text(), u"50");
   ActivateForm();
   box->setFocus();
-  FormKey(Qt::Key_Delete);
-  EXPECT_EQ(box->text(), QString());
+  for (int times = 0; times < 2; ++times) {
+    FormKey(Qt::Key_Delete);
+    EXPECT_EQ(box->text(), QString());
+    if (times == 0) Browse(target, u"Destination and source folder are the same ."_qs);
+    EXPECT_EQ(box->text(), times == 0 ? target : QString());
+    box->setFocus();
+  }
   dialogs_.ExpectQuestion(SaveQuestion, false);
   EXPECT_TRUE(Close());
   EXPECT_EQ(Property(u"Logo||quote(Width)"_qs), QString(target + u"NULL"));

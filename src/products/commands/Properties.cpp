@@ -40,7 +40,10 @@ frmCatalog* Properties::NewWindow() {
   window->MayWrite = [this](bool names) { return MayWrite(names); };
   window->LoadForm();
   connect(window.get(), &frmCatalog::CatalogStored, this, &Properties::Stored);
-  connect(window.get(), &frmCatalog::CatalogRefused, this, [this] { context_.card->ShowAllProducts(); });
+  // A row that stays in edit was told of.
+  connect(window.get(), &frmCatalog::CatalogRefused, this, [this] {
+    if (context_.grid.Rows().EditRow() < 0) context_.card->ShowAllProducts();
+  });
   connect(window.get(), &frmCatalog::Closed, this, [this] {
     context_.owner.activateWindow();
     context_.grid.setFocus();

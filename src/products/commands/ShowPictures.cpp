@@ -1,6 +1,7 @@
 #include "products/commands/ShowPictures.h"
 
 #include "images/frmImageViewer.h"
+#include "products/CellRules.h"
 #include "products/WidgetProductGrid.h"
 #include "products/commands/CardCommands.h"
 #include "products/commands/GridContext.h"
@@ -16,7 +17,8 @@ void ShowPictures(GridContext& context) {
   viewer.Connection = context.connection;
   const QString code = viewer.ShowCatalog(grid.CondizioneRicerca);
   if (code.isEmpty()) return;
-  grid.GoToProduct(code, grid.CurrentKey());
+  // It may have come since the grid was filled, or be gone.
+  if (grid.Rows().FindRow(CodeColumn, code) >= 0) grid.GoToProduct(code, grid.CurrentKey());
   context.card->ApriProdotto(frmProduct::Edit, code, true);
 }
 
