@@ -1,6 +1,5 @@
 #include "base/TextFolding.h"
 
-#include <QVarLengthArray>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -13,8 +12,6 @@ constexpr char32_t TableSize = 0x2000;
 constexpr std::size_t MostUnits = 3;
 // Marks of this class and above stand over or under a letter.
 constexpr int Accents = 200;
-
-using Units = QVarLengthArray<char16_t, 512>;
 
 struct FoldedCharacter {
   std::array<char16_t, MostUnits> units;
@@ -42,7 +39,7 @@ std::array<FoldedCharacter, TableSize> MakeTable() {
   return table;
 }
 
-void AppendFolded(char32_t character, Units& units) {
+void AppendFolded(char32_t character, FoldedUnits& units) {
   static const std::array<FoldedCharacter, TableSize> table = MakeTable();
   if (character < TableSize) {
     const FoldedCharacter& folded = table[character];
@@ -55,13 +52,14 @@ void AppendFolded(char32_t character, Units& units) {
   for (const QChar unit : FoldedText(character)) units.append(unit.unicode());
 }
 
-// The character at a place of a text, which is moved behind it. What is no UTF-8 gives some character.
+// The character at a place of a text, which is moved behind it. What is no UTF-8 gives some character, and
+// never takes one of ASCII with it.
 char32_t NextCharacter(std::string_view utf8, std::size_t& at) {
   const auto first = static_cast<unsigned char>(utf8[at++]);
   if (first < 0xC0) return first;
   const int more = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
   char32_t character = char32_t(first) & (0x3FU >> more);
-  for (int i = 0; i < more && at < utf8.size(); ++i)
+  for (int i = 0; i < more && at < utf8.size() && (static_cast<unsigned char>(utf8[at]) & 0xC0U) == 0x80; ++i)
     character = (character << 6U) | (static_cast<unsigned char>(utf8[at++]) & 0x3FU);
   return character <= QChar::LastValidCodePoint ? character : char32_t(QChar::ReplacementCharacter);
 }
@@ -102,8 +100,22 @@ bool FindAscii(std::string_view text, std::string_view needle) {
 
 }  // namespace
 
+void FoldText(std::string_view utf8, FoldedUnits& units) {
+  if (!IsAscii(utf8)) {
+    for (std::size_t at = 0; at < utf8.size();) AppendFolded(NextCharacter(utf8, at), units);
+    return;
+  }
+  const qsizetype former = units.size();
+  units.resize(former + qsizetype(utf8.size()));
+  // Without the table, so that many are folded at once.
+  std::transform(utf8.begin(), utf8.end(), units.begin() + former, [](char c) {
+    const auto unit = static_cast<unsigned char>(c);
+    return char16_t(unit + (unsigned(unit - 'A') < 26U ? 'a' - 'A' : 0));
+  });
+}
+
 TextNeedle::TextNeedle(const QString& text) {
-  Units units;
+  FoldedUnits units;
   for (const char32_t character : text.toUcs4()) AppendFolded(character, units);
   folded_.assign(units.begin(), units.end());
   if (std::all_of(folded_.begin(), folded_.end(), [](char16_t unit) { return unit < 0x80; }))
@@ -121,8 +133,8 @@ bool TextNeedle::IsOfNumbers() const {
 bool TextNeedle::IsIn(std::string_view utf8) const {
   if (folded_.empty() || (!ascii_.empty() && FindAscii(utf8, ascii_))) return !folded_.empty();
   if (IsAscii(utf8)) return false;
-  Units units;
-  for (std::size_t at = 0; at < utf8.size();) AppendFolded(NextCharacter(utf8, at), units);
+  FoldedUnits units;
+  FoldText(utf8, units);
   return std::u16string_view(units.data(), std::size_t(units.size())).find(folded_) !=
          std::u16string_view::npos;
 }
@@ -136,7 +148,7 @@ bool TextNeedle::IsIn(const QString& text) const {
 std::vector<TextNeedle::Piece> TextNeedle::PiecesIn(const QString& text) const {
   std::vector<Piece> pieces;
   if (folded_.empty()) return pieces;
-  Units units;
+  FoldedUnits units;
   QVarLengthArray<qsizetype, 512> origins;
   for (qsizetype at = 0; at < text.size();) {
     const bool pair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();

@@ -2,11 +2,17 @@
 #pragma once
 
 #include <QString>
+#include <QVarLengthArray>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vorlina {
+
+using FoldedUnits = QVarLengthArray<char16_t, 512>;
+
+// Appends the units of a text as all that compares by TextNeedle sees them.
+void FoldText(std::string_view utf8, FoldedUnits& units);
 
 class TextNeedle {
  public:
@@ -23,6 +29,9 @@ class TextNeedle {
 
   // Found nowhere: no text, or one of accents alone.
   bool IsEmpty() const { return folded_.empty(); }
+  // A text that holds this one holds these units one after the other when it is folded, and the other way
+  // round.
+  const std::u16string& Folded() const { return folded_; }
   // Whatever this one is in, the other one is in as well.
   bool Includes(const TextNeedle& other) const;
   // Whether a number's digits may hold it.

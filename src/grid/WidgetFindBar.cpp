@@ -112,7 +112,7 @@ void WidgetFindBar::Open() {
   txtFind->setFocus(Qt::ShortcutFocusReason);
   txtFind->selectAll();
   origin_ = grid_->currentIndex();
-  if (opens && !txtFind->text().isEmpty()) TextTyped();
+  if (opens) TextTyped();
 }
 
 void WidgetFindBar::Close() {

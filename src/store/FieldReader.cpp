@@ -4,6 +4,7 @@
 
 #include <QVariant>
 #include <algorithm>
+#include <charconv>
 
 #include "store/Connection.h"
 #include "store/KeysetQuery.h"
@@ -27,7 +28,12 @@ RawRow::RawRow(const SQLite::Statement& statement) {
 
 std::string_view RawRow::Text(int column) const {
   const SQLite::Column& value = columns_[std::size_t(column) + 1];
-  if (value.getType() == SQLITE_FLOAT) {
+  const int type = value.getType();
+  if (type == SQLITE_INTEGER) {
+    const char* const end = std::to_chars(integer_.begin(), integer_.end(), value.getInt64()).ptr;
+    return {integer_.data(), std::size_t(end - integer_.data())};
+  }
+  if (type == SQLITE_FLOAT) {
     digits_ = QVariant(value.getDouble()).toString().toUtf8();
     return {digits_.constData(), std::size_t(digits_.size())};
   }
@@ -55,6 +61,11 @@ void FieldReader::Read(const std::vector<qint64>& keys, const Visit& visit) {
     for (std::size_t at = 0; at < keys.size(); at += BlockRows)
       ReadBlock(keys.data() + at, int(std::min<std::size_t>(BlockRows, keys.size() - at)), visit);
   });
+}
+
+std::optional<qint64> FieldReader::ChangeMark() const {
+  if (connection_->InTransaction()) return {};
+  return connection_->ChangeMark();
 }
 
 // Rows come by their keys, so that those that are wanted are met one after the other.

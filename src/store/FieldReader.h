@@ -6,8 +6,10 @@
 
 #include <QByteArray>
 #include <QStringList>
+#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -29,6 +31,7 @@ class RawRow {
  private:
   std::vector<SQLite::Column> columns_;  // the key, and the columns asked for
   mutable QByteArray digits_;
+  mutable std::array<char, 24> integer_{};
 };
 
 class FieldReader {
@@ -41,6 +44,8 @@ class FieldReader {
   // Visits the rows of the keys, which ascend; those that are gone are passed over. Keys close together are
   // read in one go. Throws Error.
   void Read(const std::vector<qint64>& keys, const Visit& visit);
+  // As Connection::ChangeMark; none within a transaction, which may take back what is read. Throws Error.
+  std::optional<qint64> ChangeMark() const;
 
  private:
   void ReadRange(const std::vector<qint64>& keys, const Visit& visit);

@@ -1,7 +1,10 @@
 // Finding in the rows of a table of people, a slice at a time.
 
+#include <random>
+
 #include "base/Error.h"
 #include "grid/RowFinder.h"
+#include "grid/RowSignatures.h"
 #include "support/Print.h"
 #include "support/StoreFixture.h"
 
@@ -42,6 +45,12 @@ class RowFinderTest : public StoreFixture {
   QString Find(const QString& text, int from = 0, int step = 1) {
     finder_.Find(TextNeedle(text), from, step);
     return Answer();
+  }
+  // Reads all rows for what is to be found, as nothing else is.
+  void Prepare() {
+    finder_.Find({}, 0, 1);
+    while (finder_.Work(0)) {
+    }
   }
   // Once more, when all is looked through.
   QString Seek(int from, int step) {
@@ -87,7 +96,7 @@ TEST_F(RowFinderTest, GoesByTheOrderThatIsShown) {
   EXPECT_EQ(Find(u"caffe"_qs, 1), u"1000 of 3"_qs);
   EXPECT_EQ(Seek(999, -1), u"0 of 3"_qs);
   EXPECT_EQ(Seek(2001, 1), u"~0 of 3"_qs);
-  Find(u"nobody"_qs);
+  finder_.Clear();
   finder_.Find(TextNeedle(u"caffe"_qs), 1, 1);
   EXPECT_EQ(Answer(false), u"1000"_qs) << "known before all is looked through";
   EXPECT_FALSE(finder_.IsComplete());
@@ -141,4 +150,77 @@ TEST_F(RowFinderTest, ALockLetsItGoOnAndAStopKeepsWhatIsKnown) {
   finder_.Stop();
   finder_.Seek(1, 1);
   EXPECT_EQ(Answer(false), u"999"_qs) << "also where nothing was begun";
+}
+
+TEST_F(RowFinderTest, PassesOverRowsThatWereReadBefore) {
+  const auto atOnce = [this] {
+    finder_.Find(TextNeedle(u"caffe"_qs), 1998, -1);
+    finder_.Work(0);
+    const auto place = finder_.Take();
+    return place ? place->row : -1;
+  };
+  EXPECT_EQ(atOnce(), -1);
+  Prepare();
+  EXPECT_EQ(atOnce(), 999);
+  EXPECT_EQ(Find(u"GRÜN"_qs, 1), u"2 of 1500"_qs);
+  EXPECT_EQ(Find(u"4711"_qs), u"7 of 1"_qs);
+  EXPECT_EQ(Find(u"person 2999"_qs, 2990, -1), u"~2999 of 1"_qs);
+  EXPECT_EQ(Find(u"2.5"_qs, 9), u"~8 of 1"_qs);
+}
+
+TEST_F(RowFinderTest, WhatWasReadHoldsUntilSomebodyWrites) {
+  Prepare();
+  connection_.Execute(u"UPDATE People SET Name='zebra' WHERE ID=105"_qs);
+  EXPECT_EQ(Find(u"zebra"_qs), u"5 of 1"_qs);
+  Prepare();
+  WritingConnection other;
+  other.Open(ConnectionTextFor(Path()));
+  other.Execute(u"UPDATE People SET Name='horse' WHERE ID=105"_qs);
+  EXPECT_EQ(Find(u"horse"_qs), u"5 of 1"_qs);
+  {
+    Transaction transaction(connection_);
+    connection_.Execute(u"UPDATE People SET Name='zebra' WHERE ID=105"_qs);
+    Prepare();
+  }
+  EXPECT_EQ(Find(u"horse"_qs), u"5 of 1"_qs) << "what was written meanwhile is taken back";
+  Prepare();
+  rows_.SetLookup(u"Colour"_qs, Lookup({{1, u"zebra"_qs}, {2, u"blue"_qs}}));
+  EXPECT_EQ(Find(u"zebra"_qs), u"0 of 1500"_qs);
+  finder_.Columns = [] { return QList<int>{3}; };
+  Prepare();
+  finder_.Columns = [] { return QList<int>{1}; };
+  EXPECT_EQ(Find(u"horse"_qs), u"5 of 1"_qs);
+}
+
+// Of letters that are folded to several or to none, and of bytes that are cut.
+TEST(RowSignatures, NeverRuleOutWhatIsThere) {
+  const std::vector<QByteArray> letters = {
+      "a", "B",  "s",    "S",        " ",    "1",        "ß",      "ẞ",  "è",      "E\u0301",  "İ", "ı",
+      "ﬁ", "ŉ",  "ΐ",    "ς",        "Σ",    "Å",        "\u212B", "壺", "が",     "か\u3099", "😀", "𐐀",
+      "𐐨", "한", "\xC3", "\xF0\x9F", "\x80", "\xE2\x82", "\xFF",   "Ǆ",  "\u0345", "ᾳ",        "ﷺ"};
+  std::mt19937 random(7);
+  const auto some = [&](int most) {
+    QByteArray text;
+    for (int left = 1 + int(random() % unsigned(most)); left > 0; --left)
+      text += letters[random() % letters.size()];
+    return text;
+  };
+  int found = 0;
+  int ruledOut = 0;
+  for (int round = 0; round < 20'000; ++round) {
+    const QByteArray text = some(12);
+    const auto start = qsizetype(random() % unsigned(text.size()));
+    const TextNeedle needle(QString::fromUtf8(round % 2 == 0 ? text.mid(start, 1 + start % 7) : some(5)));
+    RowSignatures::Signature marks{};
+    RowSignatures::Mark(text.toStdString(), marks);
+    const RowSignatures::Signature wanted = RowSignatures::Of(needle);
+    bool hasAll = true;
+    for (std::size_t i = 0; i < marks.size(); ++i) hasAll = hasAll && (wanted[i] & ~marks[i]) == 0;
+    const bool is = needle.IsIn(text.toStdString());
+    found += is ? 1 : 0;
+    ruledOut += hasAll ? 0 : 1;
+    ASSERT_TRUE(hasAll || !is) << text.toHex().constData() << " in round " << round;
+  }
+  EXPECT_GT(found, 1000);
+  EXPECT_GT(ruledOut, 1000);
 }
