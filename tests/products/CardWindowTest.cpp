@@ -43,13 +43,6 @@ class CardWindow : public GridWindow {
     QCoreApplication::processEvents();
     ASSERT_TRUE(IsOpen());
   }
-  // The window that is worked, which some platforms make active later, and another one meanwhile.
-  static void Activate(QWidget& window) {
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-      if (QApplication::activeWindow() != &window) window.activateWindow();
-      return QApplication::activeWindow() == &window;
-    }));
-  }
   // A button of the grid's toolbar, or of the card's.
   void Push(QWidget& window, const QString& key) const {
     Activate(window);

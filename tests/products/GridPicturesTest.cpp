@@ -73,6 +73,23 @@ TEST_F(GridPictures, APressOnThePictureShowsItUntilThePointerLeaves) {
   EXPECT_FALSE(Find<QFrame>(u"picExt"_qs)->isVisible());
 }
 
+TEST_F(GridPictures, WhatIsChosenInThePagerOpensAlsoWhereTheGridDoesNotHaveIt) {
+  AddProducts({u"a"_qs, u"b"_qs});
+  Open();
+  AddProduct(catalog_, u"c"_qs);
+  UnexpectedModalGuard::allowed = QStringList{u"frmImageViewer"_qs};
+  for (const int steps : {2, 3, 1}) {
+    QTimer::singleShot(0, [steps] {
+      for (int i = 0; i < steps; ++i) QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Right);
+      QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+    });
+    Find<QAction>(u"cmdImmagini"_qs)->trigger();
+    EXPECT_EQ(Find<QLineEdit>(u"txtCode"_qs)->text(), QStringLiteral(" abc")[steps]);
+    EXPECT_EQ(grid_->CurrentRow(), steps > 1 ? 1 : 0);
+  }
+  UnexpectedModalGuard::allowed.clear();
+}
+
 TEST_F(GridPictures, ADropOnADeletedProductIsTold) {
   AddProducts({u"a"_qs, u"b"_qs});
   Open();

@@ -199,7 +199,7 @@ QString Roads::Publish(const QString& folder, const std::function<void()>& comma
   QString told;
   bool chosen = false;
   bool typed = false;
-  QWindow* worked = QApplication::activeWindow()->windowHandle();
+  QWidget* worked = QApplication::activeWindow();
   QTimer hands;
   QObject::connect(&hands, &QTimer::timeout, &hands, [&] {
     QWidget* modal = QApplication::activeModalWidget();
@@ -213,7 +213,9 @@ QString Roads::Publish(const QString& folder, const std::function<void()>& comma
       told = box->text();
       box->escapeButton()->click();
     } else if (modal == nullptr && chosen && !std::exchange(typed, true)) {
-      QTest::keyClick(worked, Qt::Key_F2);
+      QTest::keyClick(worked->windowHandle(), Qt::Key_F2);
+      EXPECT_EQ(main_.findChild<QWidget*>(u"editor"_qs), nullptr);
+      EXPECT_FALSE(worked->close());
     } else if (modal != nullptr && modal->objectName() == u"dlgSiteLanguage") {
       asked_ += 1;
       modal->findChild<QRadioButton*>(words_.siteButton)->click();
@@ -223,7 +225,6 @@ QString Roads::Publish(const QString& folder, const std::function<void()>& comma
   hands.start(5);
   command();
   EXPECT_EQ(typed, chosen);
-  EXPECT_EQ(main_.findChild<QWidget*>(u"editor"_qs), nullptr);
   EXPECT_EQ(told, folder.isEmpty() ? QString() : words_.ready);
   return offered;
 }
