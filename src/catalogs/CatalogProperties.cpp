@@ -162,7 +162,11 @@ QString CatalogProperties::Save() {
     failure = error.Description();
     GiveFormerLogoBack();
   }
-  Keep();
+  try {
+    Keep();
+  } catch (const Error& error) {
+    qCWarning(catalogs) << "the stored catalog was not read again" << error.Description();
+  }
   return failure;
 }
 

@@ -57,7 +57,7 @@ void RowFinder::Find(const TextNeedle& needle, int from, int step) {
   wanted_ = RowSignatures::Of(needle);
   preparing_ = true;
   prepared_ = 0;
-  placed_ = false;
+  placed_ = again_ = false;
   places_.Clear();
   stage_ = needle.IsEmpty() ? Stage::None : Stage::Begin;
   if (!narrows_) found_.Clear();
@@ -86,9 +86,12 @@ bool RowFinder::IsRunning() const {
   return sought_.wanted || (stage_ != Stage::None && stage_ != Stage::Done && stage_ != Stage::Stopped);
 }
 
-// What is known by place is used until it is known anew.
+// What is known by place is used until it is known anew. Who writes all the time, as an import does, shall
+// not keep all from being looked through: that comes to its end before it begins again.
 void RowFinder::Renew(bool samePlaces) {
   if (stage_ == Stage::None || (stage_ == Stage::Stopped && samePlaces)) return;
+  again_ = samePlaces && (stage_ == Stage::Gather || stage_ == Stage::Scan || stage_ == Stage::Place);
+  if (again_) return;
   narrows_ = false;
   placed_ = placed_ && samePlaces;
   if (!placed_) places_.Clear();
@@ -276,6 +279,7 @@ void RowFinder::PlaceRows() {
   placed_ = true;
   stage_ = Stage::Done;
   if (sought_.wanted) Resolve();
+  if (again_) Renew(true);
 }
 
 bool RowFinder::Walks() const {

@@ -145,6 +145,7 @@ class RowFinder : public QObject {
   RowMarks placing_;
   RowMarks places_;
   bool placed_ = false;
+  bool again_ = false;  // rows were changed while they are looked through
 
   Sought sought_;
   std::optional<Place> answer_;

@@ -75,6 +75,7 @@ void WidgetProductGrid::LoadGrid(bool keepLayout) {
     if (LeaveRow()) FillGrid(keepLayout);
   } catch (const std::exception& error) {
     qCDebug(products) << "the grid was not loaded whole:" << DescriptionOf(error);
+    fields_ = {};  // none that are shown: it is tried again at the next activation
   }
 }
 
@@ -111,7 +112,7 @@ void WidgetProductGrid::KeepSort(int column, SortDirection direction) {
 bool WidgetProductGrid::HasOtherNames() const {
   try {
     const LockPatience none(0);
-    return !(ProductGridFields::Of(IDCatalogo_, *connection_) == fields_);
+    return !rsGriglia.IsOpen() || !(ProductGridFields::Of(IDCatalogo_, *connection_) == fields_);
   } catch (const Error& error) {
     qCDebug(products) << "names not read" << error.Description();
   }

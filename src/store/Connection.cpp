@@ -111,7 +111,8 @@ void Connection::Execute(const QString& sql, const QVariantList& values) {
 
 int Connection::Changes() const { return Database().getChanges(); }
 
-// The database's own number tells what other connections wrote, the other one what this one did.
+// The database's own number tells what other connections wrote, the others what this one did: what it took
+// back is a change again.
 qint64 Connection::ChangeMark() const {
   return WithStoreErrors([&] {
     if (versionStatement_ == nullptr)
@@ -119,7 +120,7 @@ qint64 Connection::ChangeMark() const {
     versionStatement_->executeStep();
     const qint64 others = versionStatement_->getColumn(0).getInt64();
     versionStatement_->reset();
-    return others * (qint64(1) << 32) + Database().getTotalChanges();
+    return others * (qint64(1) << 32) + Database().getTotalChanges() + takenBack_;
   });
 }
 
@@ -162,6 +163,7 @@ void Connection::RollbackIfOpen() noexcept {
 }
 
 void Connection::AfterRollback() noexcept {
+  ++takenBack_;
   RestoreCounters();
   steps_.label = {};
   TakeBack(0, 0);

@@ -95,6 +95,7 @@ class Connection {
   bool begun_ = false;                  // a transaction, which the database may have given up since
   std::map<QString, qint64> counters_;  // given in the open transaction, by table
   Steps steps_;                         // of the open transaction
+  qint64 takenBack_ = 0;                // transactions and parts of them
 };
 
 // The rows of a query, walked forward. They are read while they are walked, so they must not outlive the

@@ -38,6 +38,7 @@ Transaction::~Transaction() {
   if (connection_.InTransaction()) {
     sqlite3_exec(connection_.Database().getHandle(), "ROLLBACK TO part; RELEASE part", nullptr, nullptr,
                  nullptr);
+    ++connection_.takenBack_;
     connection_.RestoreCounters();
   }
   connection_.TakeBack(commits_, rollbacks_);

@@ -168,6 +168,19 @@ TEST_F(RowFinderTest, PassesOverRowsThatWereReadBefore) {
   EXPECT_EQ(Find(u"2.5"_qs, 9), u"~8 of 1"_qs);
 }
 
+TEST_F(RowFinderTest, WhatIsTakenBackIsFoundAsItWas) {
+  EXPECT_EQ(Find(u"Person 2999"_qs), u"2999 of 1"_qs);
+  connection_.BeginTrans();
+  connection_.Execute(u"UPDATE People SET Name='Zed' WHERE ID=3099"_qs);
+  rows_.Refresh();
+  Answer();
+  connection_.RollbackTrans();
+  rows_.Refresh();
+  Answer();
+  EXPECT_EQ(rows_.index(2999, 1).data().toString(), u"Person 2999"_qs);
+  EXPECT_EQ(Seek(0, 1), u"2999 of 1"_qs);
+}
+
 TEST_F(RowFinderTest, WhatWasReadHoldsUntilSomebodyWrites) {
   Prepare();
   connection_.Execute(u"UPDATE People SET Name='zebra' WHERE ID=105"_qs);
