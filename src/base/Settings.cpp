@@ -136,6 +136,11 @@ QString PathOf(const QString& application) {
   return settingsFolder + u"/Norsel/"_qs + application + u".settings"_qs;
 }
 
+// The program's own folder, asked for without AppPath: what decides on the application folder may ask here.
+QString DeliveredPathOf(const QString& application) {
+  return QCoreApplication::applicationDirPath() + u'/' + application + u".settings"_qs;
+}
+
 // Nothing where there is no file yet. False where it cannot be read.
 bool ReadLines(const QString& path, QByteArray& bytes) {
   QFile file(path);
@@ -143,6 +148,13 @@ bool ReadLines(const QString& path, QByteArray& bytes) {
   if (!file.open(QIODevice::ReadOnly)) return false;
   bytes = file.readAll();
   return file.error() == QFileDevice::NoError;
+}
+
+// Null when there is no such key.
+QString ValueIn(const QString& path, const QString& section, const QString& key) {
+  QByteArray bytes;
+  ReadLines(path, bytes);
+  return SettingsLines(bytes).Value(section, key);
 }
 
 // Whoever gets here holds the folder, so that the file beside has one name, and what a killed save left there
@@ -188,10 +200,13 @@ QString ApplicationTitle() { return QCoreApplication::applicationName(); }
 
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback) {
-  QByteArray bytes;
-  ReadLines(PathOf(application), bytes);
-  const QString value = SettingsLines(bytes).Value(section, key);
-  return value.isNull() ? fallback : value;
+  for (const QString& path : {PathOf(application), DeliveredPathOf(application)})
+    if (QString value = ValueIn(path, section, key); !value.isNull()) return value;
+  return fallback;
+}
+
+bool IsSetByUser(const QString& application, const QString& section, const QString& key) {
+  return !ValueIn(PathOf(application), section, key).isNull();
 }
 
 void SaveSetting(const QString& application, const QString& section, const QString& key,

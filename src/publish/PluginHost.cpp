@@ -128,10 +128,9 @@ QString DefaultPlugins() {
 }
 
 PluginChoice ChosenPlugins() {
-  const QString missing(1, QChar());  // which no text holds
-  const QString named = GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, missing);
-  if (named != missing) return {named.isEmpty() ? QStringList() : named.split(u';'), true};
-  QStringList identifiers = DefaultPlugins().split(u';');
+  const QString named = GetSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, DefaultPlugins());
+  QStringList identifiers = named.isEmpty() ? QStringList() : named.split(u';');
+  if (IsSetByUser(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs)) return {identifiers, true};
   for (const QString& installed : InstalledPlugins())
     if (!identifiers.contains(installed, Qt::CaseInsensitive)) identifiers += installed;
   return {identifiers, false};

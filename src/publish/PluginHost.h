@@ -25,9 +25,9 @@ struct PluginChoice {
   bool named = false;  // by the user's settings
 };
 
-// What the setting names, split at ";": nothing where it is empty, otherwise with the empty pieces. Where it
-// is missing, the defaults of the language and then what else lies in "PubWiz". Nothing when no language is
-// set.
+// What the user's setting names, split at ";": nothing where it is empty, otherwise with the empty pieces.
+// Where the user has none, what was delivered with the program names, or else the defaults of the language,
+// and then what else lies in "PubWiz".
 PluginChoice ChosenPlugins();
 
 // The identifiers of the libraries in "PubWiz", by name: those of the application folder, then those that

@@ -100,6 +100,18 @@ TEST(Settings, KeepWhatAPersonWroteByHand) {
   EXPECT_EQ(Below(folder.filePath(u"Norsel"_qs)).size(), 2) << "the settings, and the lock that is not ours";
 }
 
+TEST(Settings, WhatWasDeliveredCountsWhereTheUserHasNothing) {
+  const QString delivered = DeliveredPath() + u"/Set.settings"_qs;
+  WriteFileSafely(delivered, "[A]\nKey=delivered\nOther=as well\n");
+  const auto value = [](const QString& key) { return GetSetting(u"Set"_qs, u"A"_qs, key, u"-"_qs); };
+  EXPECT_EQ(value(u"Key"_qs) + value(u"Missing"_qs), u"delivered-"_qs);
+  EXPECT_FALSE(IsSetByUser(u"Set"_qs, u"A"_qs, u"Key"_qs));
+  SaveSetting(u"Set"_qs, u"A"_qs, u"Key"_qs, u""_qs);
+  EXPECT_EQ(value(u"Key"_qs) + value(u"Other"_qs), u"as well"_qs);
+  EXPECT_TRUE(IsSetByUser(u"Set"_qs, u"A"_qs, u"Key"_qs));
+  QFile::remove(delivered);
+}
+
 TEST(Settings, AFullDiskLeavesTheFormerSettings) {
   Save(u"Kept"_qs, u"former"_qs);
   {
