@@ -128,66 +128,6 @@
         <translation>The language is Italian or English</translation>
     </message>
     <message>
-        <source>Uso: vorlina-batch COMANDO [OPZIONI]
-
-Comandi:
-  catalogs                 elenca i cataloghi
-  plugins                  elenca i plug-in di pubblicazione
-  publish --catalog ID --plugin IDENT --to CARTELLA
-                           pubblica un catalogo in una cartella
-  import CARTELLA --catalog ID
-                           fa un prodotto di ogni immagine &quot;.jpg&quot; della cartella
-  clone --catalog ID       duplica un catalogo con le sue immagini
-  delete --catalog ID --yes
-                           elimina un catalogo con le sue immagini; --yes dice che è voluto
-  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
-                           solo di note, come un file che nessuna riga usa
-  backup FILE [--allow-missing]
-                           salva database, immagini e layout in un archivio; con --allow-missing anche se
-                           mancano immagini
-  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c&apos;era
-                           prima resta in &quot;Before restore&quot; fino al prossimo ripristino
-
-Opzioni:
-  --app CARTELLA           usa un&apos;altra cartella dell&apos;applicazione
-  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
-  --json                   un oggetto JSON al posto del testo
-  --help                   mostra questo aiuto
-  --version                mostra la versione
-
-Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
-</source>
-        <translation>Usage: vorlina-batch COMMAND [OPTIONS]
-
-Commands:
-  catalogs                 lists the catalogs
-  plugins                  lists the publishing plug-ins
-  publish --catalog ID --plugin IDENT --to DIR
-                           publishes a catalog into a folder
-  import FOLDER --catalog ID
-                           makes a product of each picture &quot;.jpg&quot; in the folder
-  clone --catalog ID       clones a catalog with its pictures
-  delete --catalog ID --yes
-                           deletes a catalog with its pictures; --yes says that this is meant
-  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
-                           notes, such as a file that no row uses
-  backup FILE [--allow-missing]
-                           saves database, pictures and layouts in one archive; with --allow-missing also when
-                           pictures are missing
-  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
-                           before stays in &quot;Before restore&quot; until the next restore
-
-Options:
-  --app DIR                works on another application folder
-  --language LANGUAGE      Italian or English, for the messages and for what is published
-  --json                   one JSON object instead of text
-  --help                   shows this help
-  --version                shows the version
-
-Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
-</translation>
-    </message>
-    <message>
         <source>Copia di </source>
         <translation>Copy of </translation>
     </message>
@@ -1898,6 +1838,199 @@ Replace those values with what is written here?</translation>
         <source>Il filtro è stato eliminato nel frattempo da un&apos;altra finestra o da un altro programma.</source>
         <translation>The filter was deleted meanwhile by another window or program.</translation>
     </message>
+    <message>
+        <source>Uso: vorlina-batch COMANDO [OPZIONI]
+
+Comandi:
+  catalogs                 elenca i cataloghi
+  plugins                  elenca i plug-in di pubblicazione
+  publish --catalog ID --plugin IDENT --to CARTELLA
+                           pubblica un catalogo in una cartella
+  import CARTELLA --catalog ID
+                           fa un prodotto di ogni immagine &quot;.jpg&quot; della cartella
+  clone --catalog ID       duplica un catalogo con le sue immagini
+  delete --catalog ID --yes
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto. Come per import,
+                           prima si tiene in &quot;Backups&quot; una copia del database; con --without-copy no
+  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
+                           solo di note, come un file che nessuna riga usa
+  backup FILE [--allow-missing]
+                           salva database, immagini e layout in un archivio; con --allow-missing anche se
+                           mancano immagini
+  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c&apos;era
+                           prima resta in &quot;Before restore&quot; fino al prossimo ripristino. Di una copia in
+                           &quot;Backups&quot; sostituisce il solo database
+
+Opzioni:
+  --app CARTELLA           usa un&apos;altra cartella dell&apos;applicazione
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
+  --json                   un oggetto JSON al posto del testo
+  --help                   mostra questo aiuto
+  --version                mostra la versione
+
+Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
+</source>
+        <translation>Usage: vorlina-batch COMMAND [OPTIONS]
+
+Commands:
+  catalogs                 lists the catalogs
+  plugins                  lists the publishing plug-ins
+  publish --catalog ID --plugin IDENT --to DIR
+                           publishes a catalog into a folder
+  import FOLDER --catalog ID
+                           makes a product of each picture &quot;.jpg&quot; in the folder
+  clone --catalog ID       clones a catalog with its pictures
+  delete --catalog ID --yes
+                           deletes a catalog with its pictures; --yes says that this is meant. As before
+                           import, a copy of the database is kept in &quot;Backups&quot; first, but for
+                           --without-copy
+  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
+                           notes, such as a file that no row uses
+  backup FILE [--allow-missing]
+                           saves database, pictures and layouts in one archive; with --allow-missing also when
+                           pictures are missing
+  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
+                           before stays in &quot;Before restore&quot; until the next restore. Of a copy in
+                           &quot;Backups&quot; the database alone is replaced
+
+Options:
+  --app DIR                works on another application folder
+  --language LANGUAGE      Italian or English, for the messages and for what is published
+  --json                   one JSON object instead of text
+  --help                   shows this help
+  --version                shows the version
+
+Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
+</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile tenere prima una copia automatica del database, e nulla è stato modificato. Aggiungere --without-copy per continuare senza. (%1)</source>
+        <translation>An automatic copy of the database could not be kept beforehand, and nothing was changed. Add --without-copy to go on without one. (%1)</translation>
+    </message>
+    <message>
+        <source>Nessuna copia automatica del database: %1</source>
+        <translation>No automatic copy of the database: %1</translation>
+    </message>
+    <message>
+        <source>eliminazione di un catalogo</source>
+        <translation>deletion of a catalog</translation>
+    </message>
+    <message>
+        <source>ripristino</source>
+        <translation>restore</translation>
+    </message>
+    <message>
+        <source>importazione di immagini</source>
+        <translation>import of pictures</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è in uso da un altro programma.</source>
+        <translation>The folder %1 is in use by another program.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile tenere prima una copia automatica del database.</source>
+        <translation>An automatic copy of the database could not be kept beforehand.</translation>
+    </message>
+    <message>
+        <source>Continuare senza?</source>
+        <translation>Go on without it?</translation>
+    </message>
+    <message>
+        <source>solo il database</source>
+        <translation>the database alone</translation>
+    </message>
+    <message>
+        <source>ultimo ripristino</source>
+        <translation>last restore</translation>
+    </message>
+    <message>
+        <source>database, immagini e layout</source>
+        <translation>database, pictures and layouts</translation>
+    </message>
+    <message>
+        <source>Ripristina una copia di sicurezza</source>
+        <translation>Restore a backup</translation>
+    </message>
+    <message>
+        <source>Copie di sicurezza|*.zip;*.db</source>
+        <translation>Backups|*.zip;*.db</translation>
+    </message>
+    <message>
+        <source>Impossibile leggere il file %1</source>
+        <translation>The file %1 cannot be read</translation>
+    </message>
+    <message>
+        <source>In %1 non c&apos;è nessun database.</source>
+        <translation>There is no database in %1.</translation>
+    </message>
+    <message>
+        <source>Si stanno importando immagini in un catalogo. Attendere la fine dell&apos;importazione, oppure annullarla.</source>
+        <translation>Pictures are being imported into a catalog. Wait until the import has ended, or cancel it.</translation>
+    </message>
+    <message>
+        <source>È in corso la pubblicazione di un catalogo. Attenderne la fine.</source>
+        <translation>A catalog is being published. Wait until that has ended.</translation>
+    </message>
+    <message>
+        <source>Salva una copia di sicurezza</source>
+        <translation>Save a backup</translation>
+    </message>
+    <message>
+        <source>Copie di sicurezza|*.zip</source>
+        <translation>Backups|*.zip</translation>
+    </message>
+    <message>
+        <source>Il file %1 esiste già. Sostituirlo?</source>
+        <translation>The file %1 exists already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Quel che c&apos;è ora resta nella cartella %1 fino al prossimo ripristino, e il suo database anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.</source>
+        <translation>What is there now stays in the folder %1 until the next restore, and its database also among the automatic copies. The windows of the catalogs are closed.</translation>
+    </message>
+    <message>
+        <source>Immagini che mancano (%1):</source>
+        <translation>Missing pictures (%1):</translation>
+    </message>
+    <message>
+        <source>Copia di sicurezza in %1</source>
+        <translation>Backup to %1</translation>
+    </message>
+    <message>
+        <source>Salvare il resto, senza di esse?</source>
+        <translation>Save the rest, without them?</translation>
+    </message>
+    <message>
+        <source>Ripristino di %1</source>
+        <translation>Restoring %1</translation>
+    </message>
+    <message>
+        <source>Salva una copia di sicurezza...</source>
+        <translation>Save a backup...</translation>
+    </message>
+    <message>
+        <source>Ripristina una copia di sicurezza...</source>
+        <translation>Restore a backup...</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>Rinomina</source>
+        <translation>Rename</translation>
+    </message>
+    <message>
+        <source>Ripristinare %1, del %2 (%3 file, %4)?</source>
+        <translation>Restore %1 of %2 (%3 files, %4)?</translation>
+    </message>
+    <message>
+        <source>Sostituisce tutti i cataloghi, con le immagini e i layout, anche quelli aggiunti dopo.</source>
+        <translation>It replaces all catalogs with their pictures and layouts, also those that were added later.</translation>
+    </message>
+    <message>
+        <source>Sostituisce i dati di tutti i cataloghi. Le immagini restano quelle che ci sono: quelle eliminate dopo mancheranno.</source>
+        <translation>It replaces the data of all catalogs. The pictures stay as they are: those that were deleted later will be missing.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -1955,6 +2088,53 @@ Replace those values with what is written here?</translation>
     <message>
         <source>&amp;Ok</source>
         <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmBackups</name>
+    <message>
+        <source>Ripristina una copia di sicurezza</source>
+        <translation>Restore a backup</translation>
+    </message>
+    <message>
+        <source>&amp;Tornare a com&apos;era prima di:</source>
+        <translation>&amp;Go back to how it was before:</translation>
+    </message>
+    <message>
+        <source>Copie tenute dal programma</source>
+        <translation>Copies kept by the program</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Prima di</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>Contiene</source>
+        <translation>Holds</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Una copia automatica contiene solo il database. Le immagini di un catalogo eliminato tornano solo da una copia di sicurezza intera, che si sceglie come file.</source>
+        <translation>An automatic copy holds the database alone. The pictures of a deleted catalog come back only from a whole backup, which is chosen as a file.</translation>
+    </message>
+    <message>
+        <source>Scegli un &amp;file...</source>
+        <translation>Choose a &amp;file...</translation>
+    </message>
+    <message>
+        <source>&amp;Ripristina</source>
+        <translation>&amp;Restore</translation>
     </message>
     <message>
         <source>&amp;Annulla</source>

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <limits>
 
 #include "base/Texts.h"
 
@@ -37,8 +38,9 @@ bool WidgetProgressBox::Show(qint64 done, qint64 total) {
   if (painted_.isValid() && painted_.elapsed() < PaintInterval) return !wasCanceled();
   painted_.start();
   forceShow();
-  setMaximum(int(total));
-  setValue(int(done));  // paints, and takes what the user does
+  const qint64 unit = total / std::numeric_limits<int>::max() + 1;  // bytes may be more
+  setMaximum(int(total / unit));
+  setValue(int(done / unit));  // paints, and takes what the user does
   return !wasCanceled();
 }
 

@@ -22,9 +22,9 @@ const std::map<QString, CommandForm>& CommandForms() {
       {u"catalogs"_qs, {{}, Word::None}},
       {u"plugins"_qs, {{}, Word::None}},
       {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, Word::None}},
-      {u"import"_qs, {{u"--catalog"_qs}, Word::Folder}},
+      {u"import"_qs, {{u"--catalog"_qs}, Word::Folder, {u"--without-copy"_qs}}},
       {u"clone"_qs, {{u"--catalog"_qs}, Word::None}},
-      {u"delete"_qs, {{u"--catalog"_qs, u"--yes"_qs}, Word::None}},
+      {u"delete"_qs, {{u"--catalog"_qs, u"--yes"_qs}, Word::None, {u"--without-copy"_qs}}},
       {u"check"_qs, {{}, Word::None}},
       {u"backup"_qs, {{}, Word::File, {u"--allow-missing"_qs}}},
       {u"restore"_qs, {{u"--yes"_qs}, Word::File}}};
@@ -40,8 +40,8 @@ struct Pieces {
 };
 
 Pieces Split(const QStringList& texts) {
-  static const QStringList flags{u"--help"_qs, u"--version"_qs, u"--json"_qs, u"--yes"_qs,
-                                 u"--allow-missing"_qs};
+  static const QStringList flags{u"--help"_qs, u"--version"_qs,       u"--json"_qs,
+                                 u"--yes"_qs,  u"--allow-missing"_qs, u"--without-copy"_qs};
   static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs, u"--language"_qs};
   Pieces pieces;
   for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -120,6 +120,7 @@ Arguments ParseArguments(const QStringList& texts) {
   if (!arguments.language.isEmpty() && !HasTexts(arguments.language))
     Refuse(Texts::tr("La lingua è Italian o English"));
   arguments.allowMissing = pieces.options.count(u"--allow-missing"_qs) > 0;
+  arguments.withoutCopy = pieces.options.count(u"--without-copy"_qs) > 0;
   arguments.plugin = value(u"--plugin"_qs);
   arguments.target = value(u"--to"_qs);
   arguments.file = pieces.words.value(1);
@@ -139,14 +140,16 @@ Comandi:
                            fa un prodotto di ogni immagine ".jpg" della cartella
   clone --catalog ID       duplica un catalogo con le sue immagini
   delete --catalog ID --yes
-                           elimina un catalogo con le sue immagini; --yes dice che è voluto
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto. Come per import,
+                           prima si tiene in "Backups" una copia del database; con --without-copy no
   check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
                            solo di note, come un file che nessuna riga usa
   backup FILE [--allow-missing]
                            salva database, immagini e layout in un archivio; con --allow-missing anche se
                            mancano immagini
   restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c'era
-                           prima resta in "Before restore" fino al prossimo ripristino
+                           prima resta in "Before restore" fino al prossimo ripristino. Di una copia in
+                           "Backups" sostituisce il solo database
 
 Opzioni:
   --app CARTELLA           usa un'altra cartella dell'applicazione

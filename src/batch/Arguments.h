@@ -26,6 +26,7 @@ struct Arguments {
   QString plugin;             // --plugin
   QString target;             // --to
   bool allowMissing = false;  // --allow-missing
+  bool withoutCopy = false;   // --without-copy
   QString file;               // what follows "import", "backup" and "restore"
 };
 

@@ -26,10 +26,11 @@ Outcome RunClone(Connection& connection, const Arguments& arguments, const Progr
 
 Outcome RunDelete(Connection& connection, const Arguments& arguments) {
   RequireCatalog(connection, arguments.catalog);
+  const QString copy = KeepCopy(BackupReason::Deletion, arguments);
   DeleteCatalog(arguments.catalog, connection);
   Outcome outcome;
   outcome.text = Texts::tr("Il catalogo %1 è eliminato").arg(arguments.catalog);
-  outcome.json = {{u"catalog"_qs, arguments.catalog}};
+  outcome.json = {{u"catalog"_qs, arguments.catalog}, {u"copy"_qs, copy}};
   return outcome;
 }
 

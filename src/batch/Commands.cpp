@@ -45,6 +45,17 @@ void RequireCatalog(Connection& connection, int catalog) {
                     .arg(catalog));
 }
 
+QString KeepCopy(BackupReason reason, const Arguments& arguments) {
+  if (arguments.withoutCopy) return {};
+  try {
+    return KeepAutomaticBackup(reason);
+  } catch (const Error& error) {
+    throw Error(Texts::tr("Non è stato possibile tenere prima una copia automatica del database, e nulla è "
+                          "stato modificato. Aggiungere --without-copy per continuare senza. (%1)")
+                    .arg(error.Description()));
+  }
+}
+
 Outcome RunCommand(const Arguments& arguments, const Progress& progress) {
   SettleApplicationFolder(arguments);
   if (arguments.command == u"plugins") return RunPlugins();

@@ -6,6 +6,7 @@
 
 #include "base/Progress.h"
 #include "batch/Arguments.h"
+#include "catalogs/AutomaticBackup.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -30,6 +31,9 @@ Outcome RunRestore(const Arguments& arguments, const Progress& progress);
 
 // Throws Error when there is no such catalog.
 void RequireCatalog(Connection& connection, int catalog);
+
+// Keeps an automatic copy of the database unless the user has waived it, and gives its path. Throws Error.
+QString KeepCopy(BackupReason reason, const Arguments& arguments);
 
 // Settles the application folder, opens the database where the command needs it, and runs the command. Throws
 // Error.

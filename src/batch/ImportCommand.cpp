@@ -29,6 +29,7 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
   const QString folder = QFileInfo(arguments.file).absoluteFilePath();
   PictureImport import(folder, arguments.catalog, connection);
   Outcome outcome;
+  const QString copy = import.Count() == 0 ? QString() : KeepCopy(BackupReason::Import, arguments);
   if (import.Count() == 0) {
     outcome.error = Texts::tr("Nessuna immagine 'jpg' nella cartella selezionata");
   } else {
@@ -40,10 +41,13 @@ Outcome RunImport(Connection& connection, const Arguments& arguments, const Prog
   }
   outcome.ok = outcome.error.isEmpty();
   outcome.text = (PassedOverLines(import.PassedOver()) << ImportedText(import)).join(u'\n');
-  outcome.json = {
-      {u"catalog"_qs, arguments.catalog}, {u"source"_qs, QDir::toNativeSeparators(folder)},
-      {u"pictures"_qs, import.Count()},   {u"imported"_qs, import.Imported()},
-      {u"last"_qs, import.LastFile()},    {u"passedOver"_qs, PassedOverList(import.PassedOver())}};
+  outcome.json = {{u"catalog"_qs, arguments.catalog},
+                  {u"source"_qs, QDir::toNativeSeparators(folder)},
+                  {u"pictures"_qs, import.Count()},
+                  {u"imported"_qs, import.Imported()},
+                  {u"last"_qs, import.LastFile()},
+                  {u"passedOver"_qs, PassedOverList(import.PassedOver())},
+                  {u"copy"_qs, copy}};
   return outcome;
 }
 

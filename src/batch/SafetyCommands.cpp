@@ -1,7 +1,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QLocale>
 
 #include "base/AppPath.h"
 #include "base/Texts.h"
@@ -11,20 +10,13 @@
 namespace vorlina {
 namespace {
 
-Outcome OutcomeOf(const QString& file, const BackupManifest& manifest, const QString& text) {
+Outcome OutcomeOf(const QString& file, const BackupManifest& manifest) {
   Outcome outcome;
   outcome.json = {{u"folder"_qs, AppPath()},
                   {u"file"_qs, QDir::toNativeSeparators(file)},
                   {u"files"_qs, qint64(manifest.files.size())},
                   {u"bytes"_qs, manifest.TotalSize()}};
-  outcome.text = text.arg(QDir::toNativeSeparators(file), QString::number(manifest.files.size()),
-                          QLocale().formattedDataSize(manifest.TotalSize()));
   return outcome;
-}
-
-void Add(Outcome& outcome, const QString& member, const QStringList& paths, const QString& heading) {
-  outcome.json[member] = QJsonArray::fromStringList(paths);
-  if (!paths.isEmpty()) outcome.text += u'\n' + heading.arg(paths.size()) + u'\n' + ListOfPaths(paths);
 }
 
 }  // namespace
@@ -35,10 +27,10 @@ Outcome RunBackup(Connection& connection, const Arguments& arguments, const Prog
     const BackupReport report =
         WriteBackup(connection, file, progress,
                     arguments.allowMissing ? MissingPictures::Allowed : MissingPictures::Refused);
-    Outcome outcome = OutcomeOf(file, report.manifest, Texts::tr("Salvati in %1 e verificati: %2 file, %3"));
-    Add(outcome, u"missing"_qs, report.missing, Texts::tr("Mancano nella copia di sicurezza (%1):"));
-    Add(outcome, u"outside"_qs, report.outside,
-        Texts::tr("Fuori dalla cartella \"Images\", e quindi non nella copia di sicurezza (%1):"));
+    Outcome outcome = OutcomeOf(file, report.manifest);
+    outcome.text = SavedText(file, report);
+    outcome.json[u"missing"_qs] = QJsonArray::fromStringList(report.missing);
+    outcome.json[u"outside"_qs] = QJsonArray::fromStringList(report.outside);
     return outcome;
   } catch (const MissingPicturesError& error) {
     Outcome outcome;
@@ -52,13 +44,17 @@ Outcome RunBackup(Connection& connection, const Arguments& arguments, const Prog
 
 Outcome RunRestore(const Arguments& arguments, const Progress& progress) {
   const QString file = QFileInfo(arguments.file).absoluteFilePath();
-  const RestoreReport report = RestoreBackup(file, progress);
-  Outcome outcome = OutcomeOf(file, report.manifest, Texts::tr("Ripristinati da %1: %2 file, %3"));
-  const QString former = QDir::toNativeSeparators(report.former);
-  outcome.json[u"former"_qs] = former;
-  if (!former.isEmpty())
-    outcome.text +=
-        u'\n' + Texts::tr("Quel che c'era prima resta in %1 fino al prossimo ripristino.").arg(former);
+  QStringList warnings;
+  const RestoreReport report = RestoreBackup(file, progress, [&](const QString& why) {
+    // What there was stays whole beside, so that this is no reason to keep anybody from a restore.
+    warnings += Texts::tr("Nessuna copia automatica del database: %1").arg(why);
+    return true;
+  });
+  Outcome outcome = OutcomeOf(file, report.manifest);
+  outcome.text = (warnings + QStringList(RestoredText(file, report))).join(u'\n');
+  outcome.json[u"former"_qs] = QDir::toNativeSeparators(report.former);
+  outcome.json[u"databaseAlone"_qs] = report.scope == RestoreScope::DatabaseAlone;
+  outcome.json[u"warnings"_qs] = QJsonArray::fromStringList(warnings);
   return outcome;
 }
 

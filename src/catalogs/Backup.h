@@ -34,14 +34,38 @@ BackupManifest ReadManifest(const QString& file);
 // than it says. Throws Error for one that is damaged, incomplete, or holds something else.
 BackupManifest ReadBackup(const QString& file, const BackupVisitor& visitor);
 
+// What a restore brings back.
+enum class RestoreScope {
+  Everything,    // an archive, or the folder that keeps what was there before a restore
+  DatabaseAlone  // a database, or a folder without pictures: pictures and layouts stay as they are
+};
+
+struct RestoreOffer {
+  RestoreScope scope = RestoreScope::Everything;
+  BackupManifest manifest;  // which nobody has compared
+};
+
+// What there is to restore in a file or folder. Throws Error where there is nothing of ours.
+RestoreOffer ReadOffer(const QString& source);
+
 struct RestoreReport {
+  RestoreScope scope = RestoreScope::Everything;
   BackupManifest manifest;
   QString former;  // the folder with what was there before; "" when there was nothing
 };
 
-// Replaces database, pictures and layouts of AppPath() by those of the backup, and makes the paths in the
-// database point there. What was there before stays in the folder "Before restore" until the next restore.
-// Nobody may have the database open. Throws Error, with everything as it was.
-RestoreReport RestoreBackup(const QString& file, const Progress& progress = {});
+// What was restored and where the former state lies now, in sentences without the last stop.
+QString RestoredText(const QString& source, const RestoreReport& report);
+
+// Asked where the database that goes cannot be copied to the automatic copies, and told why: false gives the
+// restore up.
+using CopyWaiver = std::function<bool(const QString& why)>;
+
+// Replaces database, pictures and layouts of AppPath() by those of the source, or the database alone, and
+// makes the paths in the database point there. What was there before stays in the folder "Before restore"
+// until the next restore, and its database in an automatic copy besides. Nobody may have the database open.
+// Throws Error, Stopped where it was given up, with everything as it was.
+RestoreReport RestoreBackup(const QString& source, const Progress& progress = {},
+                            const CopyWaiver& waive = {});
 
 }  // namespace vorlina

@@ -27,6 +27,10 @@ class MissingPicturesError : public Error {
 
 enum class MissingPictures { Refused, Allowed };
 
+// What a backup holds, as a sentence without its stop, and what it lacks: a heading with its paths below, for
+// each that there is. Paths are in native separators.
+QString SavedText(const QString& file, const BackupReport& report);
+
 // Those of these paths that fit into a message, and how many there are besides.
 QString ListOfPaths(const QStringList& paths);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "images/PictureStore.h"
+#include "store/Connection.h"
 
 namespace vorlina {
 namespace {
@@ -54,6 +55,14 @@ PictureGaps PictureRows::Compare(Connection& connection, const QSet<QString>& pr
     (elsewhere ? gaps.outside : gaps.missing) += picture.path;
   });
   return gaps;
+}
+
+QStringList MissingPicturesIn(Connection& connection) {
+  const QString root = QFileInfo(connection.DataSource()).absolutePath();
+  PictureRows rows(root);
+  QSet<QString> present;
+  for (const SourceFile& file : SourcesIn(root).files) present.insert(rows.KeyOf(file.path));
+  return rows.Compare(connection, present).missing;
 }
 
 }  // namespace vorlina

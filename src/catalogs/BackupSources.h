@@ -48,4 +48,7 @@ class PictureRows {
   PathKeys keys_;
 };
 
+// The paths in the rows of this folder's database for which there is no file. Throws Error.
+QStringList MissingPicturesIn(Connection& connection);
+
 }  // namespace vorlina

@@ -8,7 +8,9 @@
 #include "base/FolderHold.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
+#include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
+#include "catalogs/BackupSources.h"
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
 #include "store/CatalogSchema.h"
@@ -64,6 +66,34 @@ BackupManifest Unpack(const QString& file, const QString& staging, const Progres
   return manifest;
 }
 
+// By what it begins with, whatever its name ends in.
+bool IsDatabase(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3", 16);
+}
+
+bool IsArchive(const QString& source) { return !QFileInfo(source).isDir() && !IsDatabase(source); }
+
+QString DatabaseIn(const QString& source) {
+  return QFileInfo(source).isDir() ? QDir(source).filePath(DatabaseName) : source;
+}
+
+// Copies what lies there as files, so that it stays until the restore is done.
+void CopyOver(const QString& source, const BackupManifest& manifest, const QString& staging,
+              const Progress& progress) {
+  const QDir target(staging);
+  qint64 done = 0;
+  for (const auto& [name, entry] : manifest.files) {
+    Report(progress, done += entry.size, std::max(manifest.TotalSize(), done), name);
+    if (name == DatabaseName) continue;
+    MakeFolder(QFileInfo(target.filePath(name)).path());
+    const QString path = QDir(source).filePath(name);
+    if (CopyStagedFile(path, target.filePath(name)) != StagedCopy::Made)
+      throw Error(Texts::tr("Impossibile leggere il file %1").arg(QDir::toNativeSeparators(path)));
+  }
+  CopyDatabase(DatabaseIn(source), target.filePath(DatabaseName));
+}
+
 // Puts one folder in the place of another at the beginning of the stored paths; separators become those of
 // this system.
 void MovePaths(Connection& connection, const QString& from, const QString& to) {
@@ -95,6 +125,16 @@ void PrepareDatabase(const QString& path, const QString& from, const QString& to
   if (!from.isEmpty() && from != to) MovePaths(connection, from, to);
 }
 
+// The last step before the places change: what fails earlier costs no older copy.
+void KeepCopy(const CopyWaiver& waive) {
+  try {
+    KeepAutomaticBackup(BackupReason::Restore);
+  } catch (const Error& error) {
+    if (!waive) throw;
+    if (!waive(error.Description())) throw Stopped();
+  }
+}
+
 // A swap that could be neither finished nor taken back leaves its journal, and needs what is staged.
 void Abandon(const QString& folder) {
   if (!IsSwapPending(folder)) QDir(StagingFolder(folder)).removeRecursively();
@@ -102,7 +142,34 @@ void Abandon(const QString& folder) {
 
 }  // namespace
 
-RestoreReport RestoreBackup(const QString& file, const Progress& progress) {
+RestoreOffer ReadOffer(const QString& source) {
+  const QFileInfo database(DatabaseIn(source));
+  if (IsArchive(source)) return {RestoreScope::Everything, ReadManifest(source)};
+  if (!database.isFile())
+    throw Error(Texts::tr("In %1 non c'è nessun database.").arg(QDir::toNativeSeparators(source)));
+  RestoreOffer offer{RestoreScope::DatabaseAlone, {0, {}, database.lastModified(), {}}};
+  offer.manifest.files[DatabaseName] = {DatabaseName, database.size(), {}};
+  if (!QFileInfo(QDir(source).filePath(u"Images"_qs)).isDir()) return offer;
+  offer.scope = RestoreScope::Everything;
+  const SourceFiles files = SourcesIn(source);
+  if (!files.unreadable.isEmpty())
+    throw Error(Texts::tr("Impossibile leggere la cartella %1").arg(files.unreadable.first()));
+  for (const SourceFile& file : files.files) offer.manifest.files[file.name] = {file.name, file.size, {}};
+  return offer;
+}
+
+QString RestoredText(const QString& source, const RestoreReport& report) {
+  const BackupManifest& manifest = report.manifest;
+  QString text = Texts::tr("Ripristinati da %1: %2 file, %3")
+                     .arg(QDir::toNativeSeparators(source), QString::number(manifest.files.size()),
+                          QLocale().formattedDataSize(manifest.TotalSize()));
+  if (!report.former.isEmpty())
+    text += u'\n' + Texts::tr("Quel che c'era prima resta in %1 fino al prossimo ripristino.")
+                        .arg(QDir::toNativeSeparators(report.former));
+  return text;
+}
+
+RestoreReport RestoreBackup(const QString& source, const Progress& progress, const CopyWaiver& waive) {
   const QString folder = AppPath();
   MakeFolder(folder);
   FolderHold hold;
@@ -110,12 +177,17 @@ RestoreReport RestoreBackup(const QString& file, const Progress& progress) {
   FinishInterruptedRestore(folder);
   const QString staging = StagingFolder(folder);
   try {
-    MakeFolder(staging + u"/Images"_qs);
-    RequireRoom(folder, ReadManifest(file).TotalSize());
-    BackupManifest manifest = Unpack(file, staging, progress);
-    PrepareDatabase(QDir(staging).filePath(DatabaseName), manifest.applicationPath, folder);
+    RestoreOffer offer = ReadOffer(source);
+    MakeFolder(offer.scope == RestoreScope::Everything ? staging + u"/Images"_qs : staging);
+    RequireRoom(folder, offer.manifest.TotalSize());
+    if (IsArchive(source))
+      offer.manifest = Unpack(source, staging, progress);
+    else
+      CopyOver(source, offer.manifest, staging, progress);
+    PrepareDatabase(QDir(staging).filePath(DatabaseName), offer.manifest.applicationPath, folder);
     SyncVolume(staging);
-    return {manifest, SwapIn(folder)};
+    KeepCopy(waive);
+    return {offer.scope, offer.manifest, SwapIn(folder, offer.scope == RestoreScope::DatabaseAlone)};
   } catch (const DiskFullError& full) {
     Abandon(folder);
     throw DiskFullError(folder, full.Cause());

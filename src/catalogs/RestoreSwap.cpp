@@ -67,9 +67,10 @@ class Swap {
 
   QString JournalPath() const { return QDir(folder_).filePath(u".restore-journal"_qs); }
 
-  void Begin() {
+  void Begin(bool databaseAlone) {
     kept_ = FormerName + u' ' + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_qs);
     for (const QString& entry : Entries) {
+      if (databaseAlone && !entry.startsWith(Entries.first())) continue;
       if (Exists(In(folder_, entry))) former_ += entry;
       if (Exists(In(staging_, entry))) coming_ += entry;
     }
@@ -119,13 +120,14 @@ class Swap {
   }
 
   // The state before the last restore goes only here, once the journal says that this one is complete. What
-  // cannot be removed stays, and does no harm: the former state then keeps its dated name.
+  // cannot be removed stays, and does no harm: the former state then keeps its dated name. So does a database
+  // alone, for which no pictures go.
   void Clear() {
     if (Exists(Kept()) && kept_ != FormerName) {
       const QStringList folders = QDir(folder_).entryList(QDir::Dirs | QDir::NoSymLinks);
       for (const QString& name : folders)
-        if (IsDatedName(name) && name != kept_) RemoveFormer(In(folder_, name));
-      RemoveFormer(FormerFolder(folder_));
+        if (IsDatedName(name) && name != kept_) RemoveOlder(In(folder_, name));
+      RemoveOlder(FormerFolder(folder_));
       if (!Exists(FormerFolder(folder_))) QDir(folder_).rename(kept_, FormerName);
     }
     RemoveStaging();
@@ -156,6 +158,11 @@ class Swap {
     return names;
   }
   QString Kept() const { return In(folder_, kept_); }
+
+  void RemoveOlder(const QString& path) {
+    const QString pictures = u"Images"_qs;
+    if (Exists(In(Kept(), pictures)) || !Exists(In(path, pictures))) RemoveFormer(path);
+  }
 
   void WriteJournal(bool completed) {
     WriteFileSafely(JournalPath(),
@@ -200,9 +207,9 @@ QString StagingFolder(const QString& folder) { return QDir(folder).filePath(u".r
 
 QString FormerFolder(const QString& folder) { return QDir(folder).filePath(FormerName); }
 
-QString SwapIn(const QString& folder) {
+QString SwapIn(const QString& folder, bool databaseAlone) {
   Swap swap(folder);
-  swap.Begin();
+  swap.Begin(databaseAlone);
   BringToAnEnd(swap);
   return swap.Former();
 }

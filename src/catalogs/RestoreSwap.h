@@ -17,8 +17,8 @@ QString FormerFolder(const QString& folder);
 // Changes places: what a restore replaces goes to a dated folder, what lies in the staging folder comes in,
 // and when all of it is in place the dated folder takes the place of that of the restore before. Gives the
 // folder in which the former state lies now; "" where there was none. Throws Error, with everything as it
-// was.
-QString SwapIn(const QString& folder);
+// was. The database alone changes places with its companions; pictures and layouts then stay.
+QString SwapIn(const QString& folder, bool databaseAlone);
 
 // Whether a change of places was begun and is neither finished nor taken back.
 bool IsSwapPending(const QString& folder);

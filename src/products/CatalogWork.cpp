@@ -29,4 +29,12 @@ void CatalogWork::RequireNone(int IDCatalogo) {
                   : Texts::tr("Il catalogo è in corso di pubblicazione. Attenderne la fine."));
 }
 
+void CatalogWork::RequireNone() {
+  if (atWork.empty()) return;
+  throw Error(atWork.front()->kind_ == Kind::Import
+                  ? Texts::tr("Si stanno importando immagini in un catalogo. Attendere la fine "
+                              "dell'importazione, oppure annullarla.")
+                  : Texts::tr("È in corso la pubblicazione di un catalogo. Attenderne la fine."));
+}
+
 }  // namespace vorlina

@@ -15,6 +15,8 @@ class CatalogWork {
 
   // For what does not go together with it. Throws Error, which says what is at work.
   static void RequireNone(int IDCatalogo);
+  // The same for what does not go together with work on any catalog.
+  static void RequireNone();
 
  private:
   int IDCatalogo_;

@@ -29,14 +29,30 @@ inline constexpr std::array<ToolbarCommand, 7> ToolbarCommands{{
 inline constexpr std::array<int, 5> CatalogPaneButtons{1, 2, 3, 4, 7};
 
 // The drop-down entries of the help button.
-inline constexpr std::array<MenuCommand, 7> HelpCommands{{
+inline constexpr std::array<MenuCommand, 9> HelpCommands{{
     {u"subHelp", QT_TRANSLATE_NOOP("Texts", "Aiuto")},
     {u"mnuTasti", QT_TRANSLATE_NOOP("Texts", "Tasti e scorciatoie"), u"Ctrl+F1"},
     {u"subSupport", QT_TRANSLATE_NOOP("Texts", "Supporto")},
     {u"cmdAggiornamenti", QT_TRANSLATE_NOOP("Texts", "Aggiornamenti")},
     {u"cmdTour", QT_TRANSLATE_NOOP("Texts", "Tour")},
     {u"cmdOpzioni", QT_TRANSLATE_NOOP("Texts", "Opzioni")},
+    {u"mnuBackup", QT_TRANSLATE_NOOP("Texts", "Salva una copia di sicurezza...")},
+    {u"mnuRestore", QT_TRANSLATE_NOOP("Texts", "Ripristina una copia di sicurezza...")},
     {u"subAbout", QT_TRANSLATE_NOOP("Texts", "Informazioni su...")},
+}};
+
+// The context menu of the list of catalogs: what each entry does, "" for typing over the name. Their keys are
+// shown, and the list's own.
+struct CatalogEntry {
+  MenuCommand entry;
+  const char16_t* command;
+};
+inline constexpr std::array<CatalogEntry, 5> CatalogEntries{{
+    {{u"mnuApri", QT_TRANSLATE_NOOP("Texts", "Modifica"), u"Return"}, u"cmdEdit"},
+    {{u"mnuRinomina", QT_TRANSLATE_NOOP("Texts", "Rinomina"), u"F2"}, u""},
+    {{u"mnuDuplica", QT_TRANSLATE_NOOP("Texts", "Duplica"), u"Ctrl+D"}, u"cmdDuplica"},
+    {{u"mnuElimina", QT_TRANSLATE_NOOP("Texts", "Elimina"), u"Del"}, u"cmdDelete"},
+    {{u"mnuPubblica", QT_TRANSLATE_NOOP("Texts", "Pubblica"), u"Ctrl+P"}, u"cmdPublish"},
 }};
 
 // The keys in the list of catalogs, and in that of the plug-ins.

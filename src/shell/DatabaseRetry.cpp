@@ -91,6 +91,20 @@ void DatabaseRetry::OpenCatalogs() {
   });
 }
 
+void DatabaseRetry::Close() {
+  rsCataloghi_.Close();
+  connection_.Close();
+}
+
+void DatabaseRetry::Reopen() {
+  timer_.stop();
+  locked_ = false;
+  OpenDatabase();
+  OpenCatalogs();
+  AttemptOnDatabase(OnRead);
+  OnRetried();
+}
+
 void DatabaseRetry::Retry() {
   if (stopped_) return;
   if (!MayRetry()) return timer_.start();

@@ -30,6 +30,9 @@ class DatabaseRetry : public QObject {
   void OpenDatabase();
   // Opens the recordset of all catalogs.
   void OpenCatalogs();
+  // Closes both, and opens and shows them again.
+  void Close();
+  void Reopen();
   // A step whose failure shows its message and lets the next one run.
   void Attempt(const Step& step);
   // A step that does not wait for another program's lock, and is left to the next try then.

@@ -8,6 +8,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "base/WidgetProgressBox.h"
+#include "catalogs/AutomaticBackup.h"
 #include "catalogs/CloneCatalog.h"
 #include "catalogs/DeleteCatalog.h"
 #include "products/CatalogWork.h"
@@ -41,6 +42,7 @@ void DeleteSelected(CatalogList& catalogs, Connection& connection, QWidget& owne
       const int id = catalogs.SelectedId();
       CatalogWork::RequireNone(id);
       if (!TheDialogs().Ask(&owner, NumberedText(BaseConferma + 0), BoxStyle::QuestionNoFirst)) return;
+      if (!KeepAutomaticBackupOrAsk(BackupReason::Deletion, &owner)) return;
       const WaitCursor wait;
       DeleteCatalog(id, connection);
     }

@@ -20,11 +20,13 @@
 #include "catalogs/frmNewCatalog.h"
 #include "products/ProductKeys.h"
 #include "products/frmEditCatalog.h"
+#include "shell/BackupCommands.h"
 #include "shell/CatalogCommands.h"
 #include "shell/CatalogList.h"
 #include "shell/DatabaseRetry.h"
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
+#include "shell/WidgetCatalogMenu.h"
 #include "support/Language.h"
 #include "support/frmKeys.h"
 #include "ui_frmCatalogs.h"
@@ -56,6 +58,8 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"cmdDuplica"_qs, [this] { CloneSelected(*catalogs_, cnnCatalog, *this); }},
       {u"cmdPublish"_qs, [this] { pane_->Press(); }},
       {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
+      {u"mnuBackup"_qs, [this] { backups_->BackUp(); }},
+      {u"mnuRestore"_qs, [this] { backups_->Restore(); }},
       {u"mnuTasti"_qs, [this] { ShowKeys(); }},
       {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
@@ -80,6 +84,8 @@ void frmCatalogs::MakeParts() {
   database_->MayRetry = [this] { return !IsBusy(); };
   database_->OnRead = [this] { ListCatalog(); };
   database_->OnRetried = [this] { OfferNew(); };
+  backups_ = new BackupCommands(*database_, *this);
+  backups_->CloseWindows = [this] { return CloseDatabaseWindows(); };
   connect(catalogs_.get(), &CatalogList::FillWanted, this,
           [this] { database_->UnlessLocked([this] { ListCatalog(); }); });
 }
@@ -103,6 +109,9 @@ void frmCatalogs::MakeHelpMenu() {
     connect(entry, &QAction::triggered, this, [this, key] { Run(key); });
     entry->setEnabled(handlers_.contains(key));
   }
+  mnuCataloghi_ =
+      new WidgetCatalogMenu(*ui_->LstWCatalogs, *catalogs_, [this](const QString& key) { Run(key); },
+                            *mnuHelp_, {u"mnuBackup"_qs, u"mnuRestore"_qs});
   // The button stays open to its drop-down while its own command is not there.
   SetDropDown(*ui_->tbr, *toolbar_.back(), *mnuHelp_, !handlers_.contains(u"cmdHelp"_qs));
   toolbar_.back()->setEnabled(true);
@@ -186,6 +195,7 @@ void frmCatalogs::Localize_Form() {
   ui_->lblDescription->setText(description);
   LocalizeCommands(*ui_->tbr, ToolbarCommands);
   LocalizeCommands(*mnuHelp_, HelpCommands);
+  mnuCataloghi_->Localize();
   mnuPlugins_->setTitle(Texts::tr("Plugins"));
   mnuInstallPlugin_->setText(Texts::tr("Installa nuovo plugin"));
   mnuInstallaSkin_->setTitle(Texts::tr("Installa skin per"));
@@ -198,7 +208,7 @@ void frmCatalogs::CreaListaCataloghi() { WriteCatalogList(rsCataloghi, AppFile(u
 // Nothing begins in the middle of a clone: its box may be gone already while it still puts everything back.
 // Nor while a plug-in publishes, whose box may not be there yet.
 bool frmCatalogs::IsBusy() const {
-  return objPlugin != nullptr || (cnnCatalog.IsOpen() && cnnCatalog.InTransaction());
+  return backups_->IsAtWork() || objPlugin != nullptr || (cnnCatalog.IsOpen() && cnnCatalog.InTransaction());
 }
 
 void frmCatalogs::Run(const QString& key) {
@@ -210,7 +220,7 @@ void frmCatalogs::Run(const QString& key) {
 bool frmCatalogs::event(QEvent* event) {
   const bool result = QMainWindow::event(event);
   // The windows that close with this one give it the activation once more.
-  if (event->type() == QEvent::WindowActivate && !closed_) {
+  if (event->type() == QEvent::WindowActivate && !closed_ && !backups_->IsAtWork()) {
     // The box that tells of a failed reload gives the activation back to this window: that one is let pass,
     // or the box would come again without end.
     if (std::exchange(activationFailed_, false)) return result;
@@ -313,6 +323,11 @@ bool frmCatalogs::CloseGridWindows() {
       return false;
     }
   return true;
+}
+
+// The wizard has what was typed into it alone, and asks for nothing when it is left.
+bool frmCatalogs::CloseDatabaseWindows() {
+  return CloseGridWindows() && (wizard_ == nullptr || !wizard_->isVisible() || wizard_->close());
 }
 
 void frmCatalogs::GridWindowClosedLate(bool closed) {

@@ -18,9 +18,11 @@
 
 namespace vorlina {
 
+class BackupCommands;
 class CatalogList;
 class DatabaseRetry;
 class PublishPane;
+class WidgetCatalogMenu;
 class frmNewCatalog;
 
 namespace Ui {
@@ -80,6 +82,7 @@ class frmCatalogs : public QMainWindow {
   void EditSelected();
   void EditCatalog(int id, const QString& caption);
   bool CloseGridWindows();
+  bool CloseDatabaseWindows();
   void GridWindowClosedLate(bool closed);
   void ComeToFront();
   void ShowNewest();
@@ -101,6 +104,8 @@ class frmCatalogs : public QMainWindow {
   std::unique_ptr<CatalogList> catalogs_;
   std::unique_ptr<PublishPane> pane_;
   DatabaseRetry* database_;
+  BackupCommands* backups_;
+  WidgetCatalogMenu* mnuCataloghi_;
   bool activationFailed_ = false;
   bool closed_ = false;
 };

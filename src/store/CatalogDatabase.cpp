@@ -151,6 +151,31 @@ QString CopyName(const QString& path, int version) {
   return name;
 }
 
+// Writes beside the path what stands in the database at one moment, and gives it the name where it has no
+// damage.
+void CopyChecked(SQLite::Database& from, const QString& path, QString (*damageOf)(Connection&)) {
+  const QString temporary = path + u".partial"_qs;
+  QFile::remove(temporary);
+  try {
+    WithStoreErrors([&] {
+      SQLite::Database copy(temporary.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+      copy.exec("PRAGMA synchronous=FULL");
+      SQLite::Backup backup(copy, from);
+      if (const int result = backup.executeStep(-1); result != SQLITE_DONE)
+        throw SQLite::Exception(from.getHandle(), result);
+    });
+    Connection copied;
+    copied.Open(ConnectionTextFor(temporary));
+    if (const QString damage = damageOf(copied); !damage.isEmpty())
+      throw Error(Texts::tr("La copia del database non è integra: %1").arg(damage));
+    copied.Close();
+    MoveFileSafely(temporary, path);
+  } catch (...) {
+    QFile::remove(temporary);
+    throw;
+  }
+}
+
 // SQLite copies for no connection that is writing.
 void KeepCopy(const QString& path, int version) {
   Connection reader;
@@ -242,26 +267,16 @@ void OpenCatalogDatabase(Connection& connection, const QString& path,
 }
 
 void BackupDatabase(Connection& connection, const QString& path) {
-  const QString temporary = path + u".partial"_qs;
-  QFile::remove(temporary);
-  try {
-    WithStoreErrors([&] {
-      SQLite::Database copy(temporary.toUtf8().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-      copy.exec("PRAGMA synchronous=FULL");
-      SQLite::Backup backup(copy, connection.Database());
-      if (const int result = backup.executeStep(-1); result != SQLITE_DONE)
-        throw SQLite::Exception(connection.Database().getHandle(), result);
-    });
-    Connection copied;
-    copied.Open(ConnectionTextFor(temporary));
-    if (const QStringList broken = CheckDatabase(copied); !broken.isEmpty())
-      throw Error(Texts::tr("La copia del database non è integra: %1").arg(broken.first()));
-    copied.Close();
-    MoveFileSafely(temporary, path);
-  } catch (...) {
-    QFile::remove(temporary);
-    throw;
-  }
+  CopyChecked(connection.Database(), path,
+              [](Connection& copy) { return CheckDatabase(copy).value(0, QString()); });
+}
+
+void CopyDatabase(const QString& source, const QString& path) {
+  WithStoreErrors([&] {
+    SQLite::Database from(source.toUtf8().toStdString(), SQLite::OPEN_READWRITE);
+    LockPatience::Rule(from.getHandle());
+    CopyChecked(from, path, QuickDamage);
+  });
 }
 
 bool IsDatabaseLocked(const QString& path) {

@@ -34,6 +34,10 @@ void OpenCatalogDatabase(Connection& connection, const QString& path,
 // Error; a file that had the name then stays.
 void BackupDatabase(Connection& connection, const QString& path);
 
+// The same for a database that nobody here has opened, also one of another folder, in little more time than
+// its bytes take: what is checked of the copy is what fits into the moment that opening it takes.
+void CopyDatabase(const QString& source, const QString& path);
+
 // Whether somebody is changing the database at this moment. A file that is no database is not locked.
 bool IsDatabaseLocked(const QString& path);
 

@@ -2,6 +2,7 @@
 #include <QColor>
 #include <QImage>
 #include <QJsonArray>
+#include <QRegularExpression>
 #include <csignal>
 
 #include "batch/BatchFixture.h"
@@ -21,6 +22,7 @@ class CommandsTest : public BatchFixture {
     const Ran run = Run(line + u" --json");
     EXPECT_EQ(run.exitCode, exitCode) << run.out << run.err;
     return QString::fromUtf8(QJsonDocument(run.Json()).toJson(QJsonDocument::Compact))
+        .replace(QRegularExpression(u"Catalog [-0-9. ]{23}"_qs), u"Catalog"_qs)
         .replace(AppPath(), u"APP"_qs)
         .replace(outside_.path(), u"OUT"_qs);
   }
@@ -45,16 +47,34 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   EXPECT_TRUE(QFileInfo::exists(Outside(u"site/index.html"_qs)));
   EXPECT_EQ(publish.err, QString()) << "no progress where there is no terminal";
   WriteFileSafely(Outside(u"photos/b.JPG"_qs), MakeJpeg(MakePhoto({900, 600}, 1)));
-  EXPECT_EQ(Answer(u"import photos --catalog 109"_qs),
-            uR"({"catalog":109,"command":"import","imported":1,"last":"b.JPG","ok":true,"passedOver":[],)"
-            uR"("pictures":1,"source":"OUT/photos"})");
+  EXPECT_EQ(
+      Answer(u"import photos --catalog 109"_qs),
+      uR"({"catalog":109,"command":"import","copy":"APP/Backups/Catalog before import.db","imported":1,)"
+      uR"("last":"b.JPG","ok":true,"passedOver":[],"pictures":1,"source":"OUT/photos"})");
   EXPECT_EQ(Answer(u"clone --catalog 109"_qs),
             uR"({"catalog":109,"clone":110,"command":"clone","ok":true,"warnings":[]})");
-  EXPECT_EQ(Run(u"delete --catalog 110 --yes"_qs).out, u"Catalog 110 is deleted\n");
+  EXPECT_EQ(
+      Answer(u"delete --catalog 110 --yes"_qs),
+      uR"({"catalog":110,"command":"delete","copy":"APP/Backups/Catalog before deletion.db","ok":true})");
   EXPECT_EQ(Run(u"delete --catalog 110 --yes"_qs).exitCode, 1);
   connection_.Close();
   for (const QString& line : {u"backup b.zip --json"_qs, u"restore b.zip --yes --json"_qs})
     EXPECT_EQ(Run(line).Json()[u"files"].toInt(), 11) << line;
+}
+
+TEST_F(CommandsTest, ADeletionKeepsACopyToGoBackToUnlessItIsWaived) {
+  Fill("x", 1);
+  WriteFileSafely(AppFile(u"Backups"_qs), "in the way");
+  EXPECT_TRUE(Run(u"delete --catalog 109 --yes"_qs).err.contains(u"Add --without-copy"));
+  EXPECT_EQ(Count(u"Cataloghi"_qs), 1);
+  QFile::remove(AppFile(u"Backups"_qs));
+  const QString copy = Run(u"delete --catalog 109 --yes --json"_qs).Json()[u"copy"].toString();
+  connection_.Close();
+  EXPECT_TRUE(
+      Batch(Here({u"restore"_qs, copy, u"--yes"_qs, u"--json"_qs})).Json()[u"databaseAlone"].toBool());
+  EXPECT_EQ(QDir(AppFile(u"Backups"_qs)).entryList(QDir::Files).size(), 2);
+  EXPECT_EQ(Run(u"delete --catalog 109 --yes --without-copy"_qs).exitCode, 0);
+  EXPECT_EQ(QDir(AppFile(u"Backups"_qs)).entryList(QDir::Files).size(), 2);
 }
 
 TEST_F(CommandsTest, BackupsAtATimeOntoOneFileEndAsOneGoodFile) {
@@ -115,6 +135,7 @@ TEST_F(CommandsTest, WhatCannotBeDoneIsToldWithItsExitCode) {
       EXPECT_EQ(run.out,
                 line.endsWith(u"photos --catalog 109") ? u"Imported 0 products of 1\n"_qs : QString());
     }
+  QDir(AppFile(u"Backups"_qs)).removeRecursively();
   EXPECT_EQ(Differences(FilesIn(folder_.path()), before), QStringList());
   EXPECT_EQ(FilesIn(outside_.path()).size(), 3U);
   // Nor does any command make a database.

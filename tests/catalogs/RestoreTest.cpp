@@ -6,7 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
+#include "catalogs/BackupSources.h"
 #include "catalogs/CatalogCheck.h"
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
@@ -84,7 +86,9 @@ class RestoreTest : public CatalogFixture {
   }
   std::map<QString, QByteArray> Files() const {
     auto files = FilesIn(folder_.path());
-    std::erase_if(files, [](const auto& file) { return file.first.startsWith(u"Before restore/"); });
+    std::erase_if(files, [](const auto& file) {
+      return file.first.startsWith(u"Before restore/") || file.first.startsWith(u"Backups/");
+    });
     return files;
   }
   // A backup whose database was changed by statements that no connection of ours would run.
@@ -286,4 +290,99 @@ TEST_F(RestoreTest, AJournalThatCannotBeFollowedChangesNothing) {
       R"({"kept":"Before restore","former":["Catalog.db"],"coming":["Images"],"completed":false})");
   EXPECT_TRUE(FailureOf([] { FinishInterruptedRestore(); }).contains(u"cannot be moved"));
   EXPECT_EQ(State(), u"old"_qs);
+}
+
+// The copy before a restore is the way back to its rows; "Before restore" brings the pictures back as well.
+TEST_F(RestoreTest, ADatabaseAloneAndWhatWasThereBeforeComeBack) {
+  const auto before = Files();
+  EXPECT_EQ(Restore(), QString());
+  const QString former = FormerFolder(folder_.path());
+  const QString copy = AutomaticBackups().at(0).file;
+  EXPECT_EQ(RestoreBackup(copy).scope, RestoreScope::DatabaseAlone);
+  connection_.Open(ConnectionTextFor(Path()));
+  EXPECT_EQ(One(u"NomeCatalogo"_qs, u"Cataloghi"_qs), u"old"_qs);
+  EXPECT_EQ(MissingPicturesIn(connection_).size(), 2);
+  connection_.Close();
+  EXPECT_TRUE(PictureNames().contains(u"109-È 3.jpg"));
+  // The pictures that were there before the first restore are those that the database names.
+  EXPECT_EQ(Differences(FilesIn(former), before), QStringList());
+  EXPECT_EQ(RestoreBackup(former).scope, RestoreScope::Everything);
+  EXPECT_EQ(State(), u"old"_qs);
+  EXPECT_EQ(FilesIn(former).count(u"Images/109-È 5.jpg"_qs), 0U);
+}
+
+TEST_F(RestoreTest, WithoutACopyOfTheFormerDatabaseTheUserDecides) {
+  WriteFileSafely(AppFile(u"Backups"_qs), "in the way");
+  EXPECT_TRUE(Restore().contains(u"Backups"));
+  EXPECT_THROW(RestoreBackup(file_, {}, [](const QString&) { return false; }), Stopped);
+  QFile::remove(AppFile(u"Backups"_qs));
+  EXPECT_EQ(State(), u"old"_qs);
+  // One that cannot be read is what a restore is for.
+  WriteFileSafely(Path(), QByteArray(5000, 'x'));
+  RestoreBackup(file_, {}, [](const QString& why) { return why.contains(u"damaged"); });
+  EXPECT_EQ(State(), u"new"_qs);
+}
+
+TEST_F(RestoreTest, TenAutomaticCopiesStayWhateverHappensMeanwhile) {
+  const QDir folder(AppFile(u"Backups"_qs));
+  const auto keep = [] { return FailureOf([] { KeepAutomaticBackup(BackupReason::Deletion); }); };
+  // The clock was set back meanwhile, and somebody keeps more in the folder.
+  ASSERT_EQ(keep(), QString());
+  const QByteArray whole = ContentOf(AutomaticBackups().at(0).file);
+  for (int i = 0; i < 12; ++i)
+    WriteFileSafely(folder.filePath(u"Catalog 2099-01-01 00.00.%1.000 before import.db"_qs.arg(i + 10)),
+                    whole);
+  const QStringList others{u"Catalog 2001-01-01 00.00.00.000.db"_qs, u"notes.txt"_qs};
+  for (const QString& name : others) WriteFileSafely(folder.filePath(name), "kept");
+  const auto isWhole = [&](std::size_t copies) {
+    const std::vector<AutomaticBackup> there = AutomaticBackups();
+    EXPECT_EQ(there.size(), copies);
+    for (const AutomaticBackup& copy : there) EXPECT_EQ(ContentOf(copy.file), whole) << copy.file;
+    EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(),
+              qsizetype(copies) + 2);
+  };
+  ASSERT_EQ(keep(), QString());
+  EXPECT_EQ(AutomaticBackups().back().reason, u"deletion of a catalog"_qs) << "the new one stays";
+  isWhole(10);
+
+  // What fails costs no older one.
+  for (const unsigned long room : {50UL, 3'000UL, 20'000UL}) {
+    const FullDisk full(room);
+    EXPECT_TRUE(keep().contains(u"Backups")) << room;
+  }
+  const QByteArray rows = ContentOf(Path());
+  QByteArray damaged = rows;
+  damaged.replace(4096, 500, QByteArray(500, 'z'));
+  WriteFileSafely(Path(), damaged);
+  EXPECT_FALSE(keep().isEmpty());
+  WriteFileSafely(Path(), rows);
+  isWhole(10);
+
+  // A kill leaves ten, of which one may be too many, and no rest for long.
+  bool ended = false;
+  for (int call = 1; !ended; ++call) {
+    ASSERT_LT(call, 100);
+    const pid_t child = fork();
+    if (child == 0) {
+      dieAtCall = call;
+      _exit(keep().isEmpty() ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 1) << call;
+    ended = WEXITSTATUS(status) == 0;
+    ASSERT_GE(AutomaticBackups().size(), 10U) << call;
+  }
+  isWhole(10);
+
+  // Programs at a time count and remove one after the other.
+  std::vector<pid_t> children;
+  for (int i = 0; i < 4; ++i)
+    if (children.push_back(fork()); children.back() == 0) _exit(keep().isEmpty() && keep().isEmpty() ? 0 : 1);
+  for (const pid_t child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  isWhole(10);
 }

@@ -17,7 +17,7 @@ const arrows = {
   publish: ['plug-in headers', 'base', 'store', 'support'],
   catalogs: ['base', 'store', 'support', 'images', 'publish'],
   products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
-  shell: ['plug-in headers', 'base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
+  shell: ['plug-in headers', 'base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs', 'products'],
   batch: ['base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
 };
 export const problems = [];

@@ -9,6 +9,7 @@
 #include "base/Dialogs.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "catalogs/AutomaticBackup.h"
 #include "products/Attempt.h"
 #include "products/CatalogWork.h"
 #include "products/PictureImport.h"
@@ -118,6 +119,7 @@ void ImportPictures::ImportFolder(const QString& folder) {
                          BoxStyle::Information);
     return outcome_->Show(Texts::tr("Nessun prodotto importato"), import.PassedOver());
   }
+  if (!KeepAutomaticBackupOrAsk(BackupReason::Import, &context_.owner)) return;
   QString ending;
   try {
     const CatalogWork work(context_.IDCatalogo, CatalogWork::Kind::Import);

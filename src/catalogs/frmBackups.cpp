@@ -1,0 +1,109 @@
+#include "catalogs/frmBackups.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QLoggingCategory>
+#include <QPushButton>
+#include <QStandardPaths>
+
+#include "base/AppPath.h"
+#include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Settings.h"
+#include "base/Texts.h"
+#include "catalogs/AutomaticBackup.h"
+#include "catalogs/Backup.h"
+#include "catalogs/RestoreSwap.h"
+#include "ui_frmBackups.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
+
+constexpr int SourceRole = Qt::UserRole;
+constexpr int SizeColumn = 3;
+
+}  // namespace
+
+QString BackupFolder() {
+  const QString last = GetSetting(ApplicationTitle(), u"Cartelle"_qs, u"Backup"_qs, {});
+  return QFileInfo(last).isDir() ? last : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void RememberBackupFolder(const QString& file) {
+  try {
+    SaveSetting(ApplicationTitle(), u"Cartelle"_qs, u"Backup"_qs, QFileInfo(file).absolutePath());
+  } catch (const Error& error) {
+    qCDebug(catalogs) << "not remembered" << error.Description();
+  }
+}
+
+frmBackups::frmBackups(QWidget* parent) : QDialog(parent), ui_(new Ui::frmBackups) {
+  ui_->setupUi(this);
+  connect(ui_->cmdRestore, &QPushButton::clicked, this, &frmBackups::ChooseSelected);
+  connect(ui_->cmdFile, &QPushButton::clicked, this, &frmBackups::ChooseFile);
+  connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(ui_->lstBackups, &QTreeWidget::itemDoubleClicked, this, &frmBackups::ChooseSelected);
+}
+
+frmBackups::~frmBackups() = default;
+
+void frmBackups::LoadForm() {
+  ui_->retranslateUi(this);
+  AddFormer();
+  for (const AutomaticBackup& copy : AutomaticBackups())
+    Add(copy.made, copy.reason, Texts::tr("solo il database"), copy.size, copy.file);
+  QTreeWidget& list = *ui_->lstBackups;
+  for (int column = 0; column <= SizeColumn; ++column) list.resizeColumnToContents(column);
+  list.setCurrentItem(list.topLevelItem(0));
+  ui_->cmdRestore->setEnabled(list.topLevelItemCount() > 0);
+  if (list.topLevelItemCount() == 0) ui_->cmdFile->setFocus();
+}
+
+void frmBackups::Add(const QDateTime& made, const QString& before, const QString& holds, qint64 size,
+                     const QString& source) {
+  const QLocale locale;
+  auto* item = new QTreeWidgetItem(ui_->lstBackups, {locale.toString(made, QLocale::ShortFormat), before,
+                                                     holds, locale.formattedDataSize(size)});
+  item->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
+  item->setData(0, SourceRole, source);
+}
+
+// What holds nothing that could be restored, or cannot be read, is left out.
+void frmBackups::AddFormer() {
+  const QString former = FormerFolder(AppPath());
+  try {
+    const RestoreOffer offer = ReadOffer(former);
+    const bool pictures = offer.scope == RestoreScope::Everything;
+    Add(QFileInfo(former).lastModified(), Texts::tr("ultimo ripristino"),
+        pictures ? Texts::tr("database, immagini e layout") : Texts::tr("solo il database"),
+        offer.manifest.TotalSize(), QDir::toNativeSeparators(former));
+  } catch (const Error& error) {
+    qCDebug(catalogs) << "not offered" << error.Description();
+  }
+}
+
+void frmBackups::ChooseSelected() {
+  if (const QTreeWidgetItem* item = ui_->lstBackups->currentItem())
+    Choose(item->data(0, SourceRole).toString());
+}
+
+void frmBackups::ChooseFile() {
+  const QString file = TheDialogs().OpenFile(this, Texts::tr("Ripristina una copia di sicurezza"),
+                                             Texts::tr("Copie di sicurezza|*.zip;*.db"), BackupFolder());
+  if (file.isEmpty()) return;
+  RememberBackupFolder(file);
+  Choose(file);
+}
+
+// Once: what is pressed twice must not restore twice.
+void frmBackups::Choose(const QString& source) {
+  if (!isVisible()) return;
+  accept();
+  Q_EMIT Chosen(source);
+}
+
+}  // namespace vorlina
