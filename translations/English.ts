@@ -2004,14 +2004,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>Restoring %1</translation>
     </message>
     <message>
-        <source>Salva una copia di sicurezza...</source>
-        <translation>Save a backup...</translation>
-    </message>
-    <message>
-        <source>Ripristina una copia di sicurezza...</source>
-        <translation>Restore a backup...</translation>
-    </message>
-    <message>
         <source>Modifica</source>
         <translation>Edit</translation>
     </message>
@@ -2030,6 +2022,22 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Sostituisce i dati di tutti i cataloghi. Le immagini restano quelle che ci sono: quelle eliminate dopo mancheranno.</source>
         <translation>It replaces the data of all catalogs. The pictures stay as they are: those that were deleted later will be missing.</translation>
+    </message>
+    <message>
+        <source>Copia di sicurezza...</source>
+        <translation>Backup...</translation>
+    </message>
+    <message>
+        <source>Ripristina...</source>
+        <translation>Restore...</translation>
+    </message>
+    <message>
+        <source>Ripristinato il database %1</source>
+        <translation>Restored the database %1</translation>
+    </message>
+    <message>
+        <source>Ripristinare il database %1, del %2?</source>
+        <translation>Restore the database %1 of %2?</translation>
     </message>
 </context>
 <context>

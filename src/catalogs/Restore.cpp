@@ -160,9 +160,12 @@ RestoreOffer ReadOffer(const QString& source) {
 
 QString RestoredText(const QString& source, const RestoreReport& report) {
   const BackupManifest& manifest = report.manifest;
-  QString text = Texts::tr("Ripristinati da %1: %2 file, %3")
-                     .arg(QDir::toNativeSeparators(source), QString::number(manifest.files.size()),
-                          QLocale().formattedDataSize(manifest.TotalSize()));
+  const QString name = QDir::toNativeSeparators(source);
+  QString text = report.scope == RestoreScope::DatabaseAlone
+                     ? Texts::tr("Ripristinato il database %1").arg(name)
+                     : Texts::tr("Ripristinati da %1: %2 file, %3")
+                           .arg(name, QString::number(manifest.files.size()),
+                                QLocale().formattedDataSize(manifest.TotalSize()));
   if (!report.former.isEmpty())
     text += u'\n' + Texts::tr("Quel che c'era prima resta in %1 fino al prossimo ripristino.")
                         .arg(QDir::toNativeSeparators(report.former));

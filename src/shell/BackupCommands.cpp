@@ -39,18 +39,17 @@ QString ChooseTarget(QWidget* owner) {
              : QString();
 }
 
-QString WhenMade(const BackupManifest& manifest) {
-  return QLocale().toString(manifest.created.toLocalTime(), QLocale::ShortFormat);
-}
-
 QString RestoreQuestion(const QString& source, const RestoreOffer& offer) {
   const BackupManifest& manifest = offer.manifest;
-  const QString what =
-      Texts::tr("Ripristinare %1, del %2 (%3 file, %4)?")
-          .arg(QDir::toNativeSeparators(source), WhenMade(manifest), QString::number(manifest.files.size()),
-               QLocale().formattedDataSize(manifest.TotalSize()));
+  const QString name = QDir::toNativeSeparators(source);
+  const QString made = QLocale().toString(manifest.created.toLocalTime(), QLocale::ShortFormat);
+  const bool everything = offer.scope == RestoreScope::Everything;
+  const QString what = everything ? Texts::tr("Ripristinare %1, del %2 (%3 file, %4)?")
+                                        .arg(name, made, QString::number(manifest.files.size()),
+                                             QLocale().formattedDataSize(manifest.TotalSize()))
+                                  : Texts::tr("Ripristinare il database %1, del %2?").arg(name, made);
   const QString goes =
-      offer.scope == RestoreScope::Everything
+      everything
           ? Texts::tr(
                 "Sostituisce tutti i cataloghi, con le immagini e i layout, anche quelli aggiunti dopo.")
           : Texts::tr(

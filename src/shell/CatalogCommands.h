@@ -36,8 +36,8 @@ inline constexpr std::array<MenuCommand, 9> HelpCommands{{
     {u"cmdAggiornamenti", QT_TRANSLATE_NOOP("Texts", "Aggiornamenti")},
     {u"cmdTour", QT_TRANSLATE_NOOP("Texts", "Tour")},
     {u"cmdOpzioni", QT_TRANSLATE_NOOP("Texts", "Opzioni")},
-    {u"mnuBackup", QT_TRANSLATE_NOOP("Texts", "Salva una copia di sicurezza...")},
-    {u"mnuRestore", QT_TRANSLATE_NOOP("Texts", "Ripristina una copia di sicurezza...")},
+    {u"mnuBackup", QT_TRANSLATE_NOOP("Texts", "Copia di sicurezza...")},
+    {u"mnuRestore", QT_TRANSLATE_NOOP("Texts", "Ripristina...")},
     {u"subAbout", QT_TRANSLATE_NOOP("Texts", "Informazioni su...")},
 }};
 

@@ -23,6 +23,7 @@
 #include <QTreeWidget>
 #include <cstdio>
 
+#include "BackupBoxes.h"
 #include "Boxes.h"
 #include "Photographer.h"
 #include "base/AppPath.h"
@@ -318,6 +319,7 @@ void TakeAll(const Photographer& photographer) {
   main.LoadForm();
   main.ListCatalog();
   TakeBoxes(photographer, main);
+  TakeBackupBoxes(photographer, main);
 }
 
 // The scale is the process's own, so this program starts itself once for each.
