@@ -1985,7 +1985,7 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     </message>
     <message>
         <source>Quel che c&apos;è ora resta nella cartella %1 fino al prossimo ripristino, e il suo database anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.</source>
-        <translation>What is there now stays in the folder %1 until the next restore, and its database also among the automatic copies. The windows of the catalogs are closed.</translation>
+        <translation>What is there now stays in the folder %1 until the next restore, and its database also among the automatic copies. The windows of the catalogs will close.</translation>
     </message>
     <message>
         <source>Immagini che mancano (%1):</source>
@@ -2133,10 +2133,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>Size</translation>
     </message>
     <message>
-        <source>Una copia automatica contiene solo il database. Le immagini di un catalogo eliminato tornano solo da una copia di sicurezza intera, che si sceglie come file.</source>
-        <translation>An automatic copy holds the database alone. The pictures of a deleted catalog come back only from a whole backup, which is chosen as a file.</translation>
-    </message>
-    <message>
         <source>Scegli un &amp;file...</source>
         <translation>Choose a &amp;file...</translation>
     </message>
@@ -2147,6 +2143,10 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>&amp;Annulla</source>
         <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Una copia automatica contiene solo il database: le immagini di un catalogo eliminato tornano solo da una copia di sicurezza intera. Questa si sceglie come file.</source>
+        <translation>An automatic copy holds the database alone: the pictures of a deleted catalog come back only from a whole backup. That one is chosen as a file.</translation>
     </message>
 </context>
 <context>

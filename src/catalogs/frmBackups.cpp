@@ -57,7 +57,12 @@ void frmBackups::LoadForm() {
   for (const AutomaticBackup& copy : AutomaticBackups())
     Add(copy.made, copy.reason, Texts::tr("solo il database"), copy.size, copy.file);
   QTreeWidget& list = *ui_->lstBackups;
-  for (int column = 0; column <= SizeColumn; ++column) list.resizeColumnToContents(column);
+  const int gap = 2 * fontMetrics().averageCharWidth();
+  for (int column = 0; column <= SizeColumn; ++column) {
+    list.resizeColumnToContents(column);
+    list.setColumnWidth(column, list.columnWidth(column) + gap);
+  }
+  list.headerItem()->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
   list.setCurrentItem(list.topLevelItem(0));
   ui_->cmdRestore->setEnabled(list.topLevelItemCount() > 0);
   if (list.topLevelItemCount() == 0) ui_->cmdFile->setFocus();

@@ -46,7 +46,7 @@ class PlainDialogs : public ScriptedDialogs {
 const QString Stays = QStringLiteral(
     "\r\n\r\nWhat is there now stays in the folder APP/Before restore until the next restore, and its "
     "database "
-    "also among the automatic copies. The windows of the catalogs are closed.");
+    "also among the automatic copies. The windows of the catalogs will close.");
 const QString DatabaseQuestion =
     QStringLiteral(
         "Restore the database APP/Backups/before deletion.db ?\r\n\r\nIt replaces the data of all catalogs. "
