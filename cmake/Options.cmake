@@ -18,6 +18,14 @@ if(VORLINA_SANITIZE)
   target_link_options(vorlina_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(VORLINA_PACKAGE)
+  # What distributions ask of programs, and no path of the machine that built it. The run path serves the portable
+  # archive, whose libraries lie in "lib"; it has to hold for the libraries' own needs too, as the old kind alone does.
+  target_compile_options(vorlina_options INTERFACE -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+    -ffile-prefix-map=${PROJECT_BINARY_DIR}=. -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  target_link_options(vorlina_options INTERFACE LINKER:-z,relro,-z,now LINKER:--disable-new-dtags LINKER:--strip-all)
+endif()
+
 find_program(CCACHE ccache)
 if(CCACHE)
   # The two sloppiness settings let precompiled headers be cached.

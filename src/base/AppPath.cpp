@@ -14,6 +14,10 @@ namespace {
 
 QString appPath;
 
+// An installed program says by a file beside it that data never lie there, also for who may write there, as
+// the system's administrator.
+bool IsInstalled() { return QFileInfo::exists(DeliveredPath() + u"/installed"); }
+
 // Permissions alone do not tell (a read-only mount, access lists), so a file is tried.
 bool IsWritable(const QString& folder) {
   QTemporaryFile probe(folder + u"/.vorlina-XXXXXX"_qs);
@@ -43,14 +47,16 @@ QString DeliveredPath() { return QCoreApplication::applicationDirPath(); }
 
 QString AppPath() {
   if (appPath.isEmpty())
-    SetAppPath(IsWritable(DeliveredPath())
+    SetAppPath(!IsInstalled() && IsWritable(DeliveredPath())
                    ? DeliveredPath()
                    : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
   return appPath;
 }
 
 void SetAppPath(const QString& folder) {
-  appPath = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
+  appPath = folder.isEmpty()
+                ? QString()
+                : QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
 }
 
 QString AppFile(const QString& name) { return QDir::toNativeSeparators(AppPath() + u'/' + name); }

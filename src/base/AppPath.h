@@ -6,7 +6,7 @@
 namespace vorlina {
 
 // The application folder, in native separators, with no trailing one: the folder of the running program where
-// that is writable, otherwise a folder of the user's own.
+// that is writable and does not hold a file "installed", otherwise a folder of the user's own.
 QString AppPath();
 
 // Where the program and the plug-in libraries delivered with it lie: the folder of the running program. It
@@ -18,7 +18,8 @@ QString DeliveredPath();
 // the next start. Throws Error when the folder cannot be made or filled.
 void PrepareAppPath();
 
-// Takes this folder as AppPath(), for the companion program and the tests.
+// Takes this folder as AppPath(), for the companion program and the tests; with an empty one it is settled
+// anew.
 void SetAppPath(const QString& folder);
 
 // AppPath() with a name below it, such as AppFile("Images/109-A.jpg"), in native separators.

@@ -40,6 +40,8 @@ int main(int, char** argv) {
   QApplication::setApplicationName(u"Vorlina"_qs);
   QApplication::setOrganizationName(u"Norsel"_qs);
   QApplication::setApplicationVersion(QStringLiteral(VORLINA_VERSION));
+  // By which a desktop finds the entry of the program that a window belongs to.
+  QApplication::setDesktopFileName(u"vorlina"_qs);
   QApplication::setWindowIcon(ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);
   WidgetDialogs dialogs;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "base/AppPath.h"
@@ -156,4 +157,14 @@ TEST(AppPath, TheUsersFolderIsFilledOnceAndThenKept) {
   PrepareAppPath();
   EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "the user's");
   for (const QString& name : names) QFile::remove(delivered.filePath(name));
+}
+
+TEST(AppPath, IsTheUsersFolderForAnInstalledProgramAlsoWhereItMayWrite) {
+  const QString mark = DeliveredPath() + u"/installed"_qs;
+  SetAppPath({});
+  EXPECT_EQ(QDir(AppPath()), QDir(DeliveredPath()));
+  WriteFileSafely(mark, "");
+  SetAppPath({});
+  EXPECT_EQ(QDir(AppPath()), QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
+  QFile::remove(mark);
 }
