@@ -2039,6 +2039,80 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Ripristinare il database %1, del %2?</source>
         <translation>Restore the database %1 of %2?</translation>
     </message>
+    <message>
+        <source>Il pacchetto è danneggiato o non è fatto come deve (%1). Procurarsene un&apos;altra copia.</source>
+        <translation>The package is damaged or is not made as it has to be (%1). Get another copy of it.</translation>
+    </message>
+    <message>
+        <source>Il pacchetto è fatto per una versione più recente di Vorlina</source>
+        <translation>The package was made for a newer version of Vorlina</translation>
+    </message>
+    <message>
+        <source>Il plug-in è fatto per un altro tipo di computer (%1): qui ne serve uno per %2</source>
+        <translation>The plug-in was made for another kind of computer (%1): here it has to be one for %2</translation>
+    </message>
+    <message>
+        <source>Il plug-in è fatto per un&apos;altra versione di Vorlina (%1). Procurarsene una versione adatta.</source>
+        <translation>The plug-in was made for another version of Vorlina (%1). Get a version that fits.</translation>
+    </message>
+    <message>
+        <source>Il plug-in è fatto con Qt %1, e questo programma ha Qt %2. Procurarsene una versione adatta.</source>
+        <translation>The plug-in was made with Qt %1, and this program has Qt %2. Get a version that fits.</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta installando un plug-in. Riprovare.</source>
+        <translation>Another program is installing a plug-in. Try again.</translation>
+    </message>
+    <message>
+        <source>Il file si chiama &quot;%1&quot;, ma contiene il plug-in %2. Dargli il nome &quot;%3&quot; e riprovare.</source>
+        <translation>The file is called &quot;%1&quot;, but it holds the plug-in %2. Rename it to &quot;%3&quot; and try again.</translation>
+    </message>
+    <message>
+        <source>%1 non è un pacchetto di plug-in</source>
+        <translation>%1 is not a package of a plug-in</translation>
+    </message>
+    <message>
+        <source>Il pacchetto contiene un file che non vi deve essere: %1</source>
+        <translation>The package holds a file that must not be in it: %1</translation>
+    </message>
+    <message>
+        <source>Il file %1 nel pacchetto è danneggiato o è stato cambiato. Procurarsi un&apos;altra copia del pacchetto.</source>
+        <translation>The file %1 in the package is damaged or was changed. Get another copy of the package.</translation>
+    </message>
+    <message>
+        <source>Nel pacchetto manca il file %1. Procurarsene un&apos;altra copia.</source>
+        <translation>The file %1 is missing in the package. Get another copy of it.</translation>
+    </message>
+    <message>
+        <source>La libreria nel pacchetto non è quella che il pacchetto dice (%1, Qt %2)</source>
+        <translation>The library in the package is not what the package says (%1, Qt %2)</translation>
+    </message>
+    <message>
+        <source>Installare il plug-in %1, versione %2?</source>
+        <translation>Do you want to install the plug-in %1, version %2?</translation>
+    </message>
+    <message>
+        <source>La versione %1, che è installata, viene sostituita.</source>
+        <translation>It replaces version %1, which is installed.</translation>
+    </message>
+    <message>
+        <source>Questi file sono stati modificati, e restano nella cartella &quot;%1&quot; del plug-in:<byte value="xd"/>
+%2</source>
+        <translation>These files were changed, and stay in the folder &quot;%1&quot; of the plug-in:<byte value="xd"/>
+%2</translation>
+    </message>
+    <message>
+        <source>Un plug-in è un programma, e può fare tutto ciò che può fare chi lo installa: leggere, cambiare e cancellare i cataloghi e ogni altro file. Rispondere Sì soltanto se si conosce chi lo ha fatto, e ce ne si fida.</source>
+        <translation>A plug-in is a program and can do whatever you can: read, change and delete your catalogs and every other file. Answer Yes only if you know who made it, and trust them.</translation>
+    </message>
+    <message>
+        <source>Installazione completata con successo. Il nuovo plugin sarà disponibile al prossimo riavvio del programma.</source>
+        <translation>Installation completed. New plugin will be available at the next software reboot.</translation>
+    </message>
+    <message>
+        <source>Impossibile installare il plugin selezionato</source>
+        <translation>Impossible to install selected plugin</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

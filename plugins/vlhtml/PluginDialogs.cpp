@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
@@ -166,9 +167,12 @@ SkinChoice AskSkin(QWidget* owner, bool italian, const QStringList& skins, const
 }
 
 QString AskSkinArchive(QWidget* owner, bool italian) {
-  return QFileDialog::getOpenFileName(
-      owner, italian ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"), {},
+  static QString folder;  // where the last one was found
+  QString archive = QFileDialog::getOpenFileName(
+      owner, italian ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"), folder,
       QStringLiteral("Skin (*.zip)"));
+  if (!archive.isEmpty()) folder = QFileInfo(archive).path();
+  return archive;
 }
 
 void TellSkinInstalled(QWidget* owner, bool italian, const QString& name) {

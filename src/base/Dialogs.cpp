@@ -21,6 +21,13 @@ Dialogs::Answer Dialogs::AskToSave(QWidget* owner, const QString& text) {
   return Ask(owner, text) ? Answer::Yes : Answer::No;
 }
 
+QStringList Dialogs::ChooseFiles(QWidget* owner, Chooser kind, FileChoice& choice) {
+  if (kind == Chooser::OpenSeveral) return OpenFiles(owner, choice.title, choice.filter, choice.initial);
+  const QString file = kind == Chooser::Open ? OpenFile(owner, choice.title, choice.filter, choice.initial)
+                                             : SaveFile(owner, choice.title, choice.filter, choice.initial);
+  return file.isEmpty() ? QStringList() : QStringList(file);
+}
+
 Dialogs& TheDialogs() {
   if (installed == nullptr) throw std::logic_error("no dialogs installed");
   return *installed;
@@ -28,8 +35,8 @@ Dialogs& TheDialogs() {
 
 void InstallDialogs(Dialogs* dialogs) { installed = dialogs; }
 
-QString BrowseForFolder(const QString& title, QWidget* owner) {
-  return TheDialogs().Folder(owner, title, {});
+QString BrowseForFolder(const QString& title, QWidget* owner, const QString& initial) {
+  return TheDialogs().Folder(owner, title, initial);
 }
 
 void ShowError(QWidget* owner, const QString& description) {

@@ -17,6 +17,17 @@ enum class BoxStyle {
   Information = 64,
 };
 
+enum class Chooser { Open, OpenSeveral, Save };
+
+// What a chooser of files is told, and what it tells.
+struct FileChoice {
+  QString title;
+  QString filter;           // "Description|*.jpg;*.jpeg|Other|*.*"
+  QString initial = {};     // the folder that it begins in, with or without a file's name behind it
+  QString defaultExt = {};  // what a typed name without an ending gets, without the point
+  int filterIndex = 1;      // the entry of the filter, from 1; then the one that was chosen
+};
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -37,8 +48,10 @@ class Dialogs {
   // A line of text; when cancelled a null one, which is empty as well.
   virtual QString Input(QWidget* owner, const QString& text, const QString& title,
                         const QString& initial) = 0;
-  // A filter is "Description|*.jpg;*.jpeg|Other|*.*". The path chosen in native separators, "" when
-  // cancelled.
+  // The paths chosen, in native separators; none when cancelled. What is not overridden goes by the three
+  // below, and leaves the entry of the filter as it was.
+  virtual QStringList ChooseFiles(QWidget* owner, Chooser kind, FileChoice& choice);
+  // A filter is that of a FileChoice. The path chosen, "" when cancelled.
   virtual QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                            const QString& folder) = 0;
   // The same for one file or several; none when cancelled.
@@ -59,7 +72,7 @@ Dialogs& TheDialogs();
 void InstallDialogs(Dialogs* dialogs);
 
 // Shows the shell's folder chooser. The path chosen, in native separators, or "" when it was cancelled.
-QString BrowseForFolder(const QString& title, QWidget* owner);
+QString BrowseForFolder(const QString& title, QWidget* owner, const QString& initial);
 
 // "Errore: " or "Error: " and the description with a stop icon; nothing when no language is set.
 void ShowError(QWidget* owner, const QString& description);

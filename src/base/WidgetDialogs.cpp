@@ -82,8 +82,8 @@ QString Elided(const QString& text, const QWidget& box) {
   return metrics.elidedText(text, Qt::ElideMiddle, width);
 }
 
-// "Pictures|*.jpg;*.jpeg|All|*.*" in Qt's form "Pictures (*.jpg *.jpeg);;All (*)".
-QString QtFilter(const QString& filter) {
+// "Pictures|*.jpg;*.jpeg|All|*.*" in Qt's form "Pictures (*.jpg *.jpeg)" and "All (*)".
+QStringList QtFilters(const QString& filter) {
   const QStringList parts = filter.split(u'|');
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
@@ -95,7 +95,7 @@ QString QtFilter(const QString& filter) {
     if (QString(description).replace(u',', u' ').endsWith(named)) description.chop(named.size());
     filters += description + named;
   }
-  return filters.join(u";;"_qs);
+  return filters;
 }
 
 }  // namespace
@@ -137,21 +137,40 @@ QString WidgetDialogs::Input(QWidget* owner, const QString& text, const QString&
   return answer.isNull() ? u""_qs : answer;
 }
 
-QString WidgetDialogs::OpenFile(QWidget* owner, const QString& title, const QString& filter,
-                                const QString& folder) {
-  return QDir::toNativeSeparators(QFileDialog::getOpenFileName(owner, title, folder, QtFilter(filter)));
-}
-
-QStringList WidgetDialogs::OpenFiles(QWidget* owner, const QString& title, const QString& filter,
-                                     const QString& folder) {
-  QStringList files = QFileDialog::getOpenFileNames(owner, title, folder, QtFilter(filter));
+QStringList WidgetDialogs::ChooseFiles(QWidget* owner, Chooser kind, FileChoice& choice) {
+  QFileDialog chooser(owner, choice.title, choice.initial);
+  chooser.setAcceptMode(kind == Chooser::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  chooser.setFileMode(kind == Chooser::Save   ? QFileDialog::AnyFile
+                      : kind == Chooser::Open ? QFileDialog::ExistingFile
+                                              : QFileDialog::ExistingFiles);
+  if (const QStringList filters = QtFilters(choice.filter); !filters.isEmpty()) {
+    chooser.setNameFilters(filters);
+    chooser.selectNameFilter(filters.value(choice.filterIndex - 1, filters.first()));
+  }
+  chooser.setDefaultSuffix(choice.defaultExt);
+  if (chooser.exec() != QDialog::Accepted) return {};
+  choice.filterIndex = int(chooser.nameFilters().indexOf(chooser.selectedNameFilter())) + 1;
+  QStringList files = chooser.selectedFiles();
   for (QString& file : files) file = QDir::toNativeSeparators(file);
   return files;
 }
 
+QString WidgetDialogs::OpenFile(QWidget* owner, const QString& title, const QString& filter,
+                                const QString& folder) {
+  FileChoice choice{title, filter, folder};
+  return ChooseFiles(owner, Chooser::Open, choice).value(0);
+}
+
+QStringList WidgetDialogs::OpenFiles(QWidget* owner, const QString& title, const QString& filter,
+                                     const QString& folder) {
+  FileChoice choice{title, filter, folder};
+  return ChooseFiles(owner, Chooser::OpenSeveral, choice);
+}
+
 QString WidgetDialogs::SaveFile(QWidget* owner, const QString& title, const QString& filter,
                                 const QString& initial) {
-  return QDir::toNativeSeparators(QFileDialog::getSaveFileName(owner, title, initial, QtFilter(filter)));
+  FileChoice choice{title, filter, initial};
+  return ChooseFiles(owner, Chooser::Save, choice).value(0);
 }
 
 QString WidgetDialogs::Folder(QWidget* owner, const QString& title, const QString& initial) {

@@ -15,6 +15,7 @@ class WidgetDialogs : public Dialogs {
   Answer AskWithCancel(QWidget* owner, const QString& text, const QString& title) override;
   Answer AskToSave(QWidget* owner, const QString& text) override;
   QString Input(QWidget* owner, const QString& text, const QString& title, const QString& initial) override;
+  QStringList ChooseFiles(QWidget* owner, Chooser kind, FileChoice& choice) override;
   QString OpenFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& folder) override;
   QStringList OpenFiles(QWidget* owner, const QString& title, const QString& filter,

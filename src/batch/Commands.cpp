@@ -8,6 +8,7 @@
 #include "batch/Output.h"
 #include "catalogs/RestoreSwap.h"
 #include "images/PicturePaths.h"
+#include "publish/PluginChange.h"
 #include "store/CatalogDatabase.h"
 #include "store/GetValue.h"
 
@@ -26,6 +27,7 @@ void SettleApplicationFolder(const Arguments& arguments) {
   if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) PrintError(told);
   // A folder that the user names is never filled with samples.
   if (arguments.application.isEmpty()) PrepareAppPath();
+  FinishInterruptedInstallations(AppFile(u"PubWiz"_qs));
 }
 
 void OpenCatalogs(Connection& connection) {

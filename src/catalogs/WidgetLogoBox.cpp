@@ -5,8 +5,8 @@
 #include <QStyle>
 
 #include "base/CommandIcon.h"
-#include "base/Dialogs.h"
 #include "base/Helpers.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "images/frmImage.h"
 
@@ -45,7 +45,7 @@ void WidgetLogoBox::Localize() {
 }
 
 QString WidgetLogoBox::AskForFile() {
-  return TheDialogs().OpenFile(window(), u"Choose an image"_qs, u"Immagini (*.jpg)|*.jpg"_qs, QString());
+  return OpenFileFor(purpose::Logo, window(), u"Choose an image"_qs, u"Immagini (*.jpg)|*.jpg"_qs);
 }
 
 void WidgetLogoBox::ShowPreview(const QString& path) {

@@ -11,7 +11,7 @@
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/Error.h"
-#include "base/Settings.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
@@ -29,16 +29,8 @@ constexpr int SizeColumn = 3;
 }  // namespace
 
 QString BackupFolder() {
-  const QString last = GetSetting(ApplicationTitle(), u"Cartelle"_qs, u"Backup"_qs, {});
-  return QFileInfo(last).isDir() ? last : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
-
-void RememberBackupFolder(const QString& file) {
-  try {
-    SaveSetting(ApplicationTitle(), u"Cartelle"_qs, u"Backup"_qs, QFileInfo(file).absolutePath());
-  } catch (const Error& error) {
-    qCDebug(catalogs) << "not remembered" << error.Description();
-  }
+  const QString last = LastFolder(purpose::Backups);
+  return last.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : last;
 }
 
 frmBackups::frmBackups(QWidget* parent) : QDialog(parent), ui_(new Ui::frmBackups) {
@@ -100,7 +92,7 @@ void frmBackups::ChooseFile() {
   const QString file = TheDialogs().OpenFile(this, Texts::tr("Ripristina una copia di sicurezza"),
                                              Texts::tr("Copie di sicurezza|*.zip;*.db"), BackupFolder());
   if (file.isEmpty()) return;
-  RememberBackupFolder(file);
+  RememberFolderOf(purpose::Backups, file);
   Choose(file);
 }
 

@@ -13,8 +13,6 @@ class frmBackups;
 
 // The folder of the backup that was saved or chosen last, at first that of the user's documents.
 QString BackupFolder();
-// Remembers the folder of a file for the next time; one that cannot be remembered keeps nobody from anything.
-void RememberBackupFolder(const QString& file);
 
 class frmBackups : public QDialog {
   Q_OBJECT

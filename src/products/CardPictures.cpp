@@ -9,6 +9,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/PictureFolder.h"
@@ -84,8 +85,8 @@ QString CardPictures::Change() {
   const QString main = card_->MainImage();
   QString kept = main.isEmpty() ? MainImagePath(IDCatalogo_, card_->Code()) : main;
   try {
-    const QString file = TheDialogs().OpenFile(&window_, Texts::tr("Selezionare un'immagine"),
-                                               Texts::tr("Immagini (*.jpg)|*.jpg"), {});
+    const QString file = OpenFileFor(purpose::Pictures, &window_, Texts::tr("Selezionare un'immagine"),
+                                     Texts::tr("Immagini (*.jpg)|*.jpg"));
     if (file.isEmpty() || !QFile::exists(file)) return kept;
     const WaitCursor wait;
     card_->SetMainImage(file);

@@ -9,6 +9,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "images/ImagePipeline.h"
@@ -152,7 +153,7 @@ void frmImages::Rename(const QString& key, const QString& text) {
 // The marks are set before a file is chosen, and stay where none is.
 void frmImages::Add() {
   images_->Mark();
-  AddFiles(TheDialogs().OpenFiles(this, ChooserTitle(), ChooserFilter(), {}));
+  AddFiles(OpenFilesFor(purpose::Pictures, this, ChooserTitle(), ChooserFilter()));
 }
 
 // Of several files each is asked about by its name, which is its description unless another one is typed, and
@@ -228,7 +229,7 @@ void frmImages::ChangeMain() {
 
 void frmImages::ChangeAdditional(qint64 image) {
   const QString former = images_->Find(image).Descrizione;
-  const QString file = TheDialogs().OpenFile(this, ChooserTitle(), ChooserFilter(), {});
+  const QString file = OpenFileFor(purpose::Pictures, this, ChooserTitle(), ChooserFilter());
   if (file.isEmpty()) return;
   const WaitCursor wait;
   const PreparedPicture picture = PrepareAdditionalFile(file);

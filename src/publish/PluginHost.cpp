@@ -17,6 +17,7 @@
 #include "base/Settings.h"
 #include "base/Texts.h"
 #include "publish/PluginConnection.h"
+#include "publish/PluginLibrary.h"
 #include "store/Connection.h"
 #include "support/Language.h"
 
@@ -24,12 +25,6 @@ namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
-
-#ifdef Q_OS_WIN
-const QString LibrarySuffix = QStringLiteral(".dll");
-#else
-const QString LibrarySuffix = QStringLiteral(".so");
-#endif
 
 QString LibraryOf(const QString& identifier) {
   if (identifier.isEmpty() || !IsValidFileName(identifier))

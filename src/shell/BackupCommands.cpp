@@ -8,7 +8,7 @@
 
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
-#include "base/Settings.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "base/WidgetProgressBox.h"
 #include "catalogs/AutomaticBackup.h"
@@ -101,7 +101,7 @@ void BackupCommands::BackUp() {
     if (!LeaveRows()) return;
     const QString file = ChooseTarget(&owner_);
     if (file.isEmpty()) return;
-    RememberBackupFolder(file);
+    RememberFolderOf(purpose::Backups, file);
     const QScopedValueRollback<bool> atWork(atWork_, true);
     Save(file, MissingPictures::Refused);
   });

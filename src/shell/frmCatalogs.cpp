@@ -24,6 +24,7 @@
 #include "shell/CatalogCommands.h"
 #include "shell/CatalogList.h"
 #include "shell/DatabaseRetry.h"
+#include "shell/InstallPlugin.h"
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
 #include "shell/WidgetCatalogMenu.h"
@@ -60,6 +61,7 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"cmdPlugins"_qs, [this] { PopUpPlugins(); }},
       {u"mnuBackup"_qs, [this] { backups_->BackUp(); }},
       {u"mnuRestore"_qs, [this] { backups_->Restore(); }},
+      {u"mnuInstallPlugin"_qs, [this] { InstallPlugin(*this); }},
       {u"mnuTasti"_qs, [this] { ShowKeys(); }},
       {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
@@ -122,7 +124,7 @@ void frmCatalogs::MakePluginMenu() {
   mnuPlugins_->setObjectName(u"mnuPlugins"_qs);
   mnuInstallPlugin_ = mnuPlugins_->addAction(QString());
   mnuInstallPlugin_->setObjectName(u"mnuInstallPlugin"_qs);
-  mnuInstallPlugin_->setEnabled(false);
+  connect(mnuInstallPlugin_, &QAction::triggered, this, [this] { Run(u"mnuInstallPlugin"_qs); });
   mnuInstallaSkin_ = mnuPlugins_->addMenu(QString());
   mnuInstallaSkin_->setObjectName(u"mnuInstallaSkin"_qs);
 }

@@ -5,6 +5,7 @@
 #include "base/WidgetDialogs.h"
 #include "base/WidgetWaiting.h"
 #include "catalogs/RestoreSwap.h"
+#include "publish/PluginChange.h"
 #include "shell/WidgetApplication.h"
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
@@ -20,6 +21,7 @@ void ShowMainWindow(frmCatalogs& catalogs) {
     // First of all: what is delivered must not be copied to where a restore is half done.
     if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) qInfo().noquote() << told;
     PrepareAppPath();
+    FinishInterruptedInstallations(AppFile(u"PubWiz"_qs));
   } catch (...) {
     ShowUnhandled();
   }

@@ -1,6 +1,5 @@
 // Restores: what is refused, and that there is the old state or the new one afterwards, wherever one is cut
 // short.
-#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -13,40 +12,10 @@
 #include "catalogs/RestoreSwap.h"
 #include "store/CatalogDatabase.h"
 #include "support/BackupFiles.h"
+#include "support/FolderCalls.h"
 #include "support/FullDisk.h"
 
 using namespace vorlina;
-
-namespace {
-
-// The calls that change a folder end the process at this one, counted from 1; 0 never.
-int dieAtCall = 0;
-int folderCalls = 0;
-
-void CountFolderCall() {
-  if (dieAtCall > 0 && ++folderCalls == dieAtCall) _exit(9);
-}
-
-}  // namespace
-
-// In the place of the system's own, for this program and the libraries that it uses.
-#define VORLINA_EXPORT extern "C" __attribute__((visibility("default")))
-VORLINA_EXPORT int rename(const char* from, const char* to) noexcept {
-  CountFolderCall();
-  return renameat(AT_FDCWD, from, AT_FDCWD, to);
-}
-VORLINA_EXPORT int unlink(const char* path) noexcept {
-  CountFolderCall();
-  return unlinkat(AT_FDCWD, path, 0);
-}
-VORLINA_EXPORT int rmdir(const char* path) noexcept {
-  CountFolderCall();
-  return unlinkat(AT_FDCWD, path, AT_REMOVEDIR);
-}
-VORLINA_EXPORT int mkdir(const char* path, mode_t mode) noexcept {
-  CountFolderCall();
-  return mkdirat(AT_FDCWD, path, mode);
-}
 
 namespace {
 

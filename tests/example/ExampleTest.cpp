@@ -1,5 +1,8 @@
+#include <QProcess>
+
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
+#include "publish/PluginInstallation.h"
 #include "support/StoreFixture.h"
 
 using namespace vorlina;
@@ -20,8 +23,11 @@ class ExampleTest : public StoreFixture {};
 }  // namespace
 
 TEST_F(ExampleTest, PublishesThroughTheHeaderAlone) {
-  QDir(folder_.path()).mkdir(u"PubWiz"_qs);
-  ASSERT_TRUE(QFile::link(QStringLiteral(EXAMPLE_LIBRARY), AppFile(u"PubWiz/Example.PriceList.so"_qs)));
+  const QTemporaryDir kit;
+  ASSERT_EQ(QProcess::execute(QStringLiteral(MAKE_PACKAGE),
+                              {QStringLiteral(EXAMPLE_LIBRARY), u"1.0"_qs, kit.path()}),
+            0);
+  ASSERT_TRUE(AggiornaPluginMsi(kit.filePath(u"Example.PriceList.vpk"_qs), AppFile(u"PubWiz"_qs)));
   const int catalog = AddCatalog(u"c"_qs);
   AddProduct(catalog, u"B"_qs, 1);
   AddProduct(catalog, u"A\t2"_qs, 2);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Dialogs.h"
+#include "base/LastFolder.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "catalogs/AutomaticBackup.h"
@@ -103,7 +104,8 @@ void ImportPictures::Import() {
     const QScopedValueRollback<bool> running(running_, true);
     const QScopedValueRollback<bool> any(anyRuns, true);
     // The title has one language.
-    const QString folder = BrowseForFolder(u"Selezionare la cartella delle immagini"_qs, &context_.owner);
+    const QString folder =
+        FolderFor(purpose::Import, &context_.owner, u"Selezionare la cartella delle immagini"_qs);
     Attempt(&context_.owner, [&] {
       if (!folder.isEmpty() && !closing_) ImportFolder(folder);
     });
