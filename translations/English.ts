@@ -2113,6 +2113,150 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Impossibile installare il plugin selezionato</source>
         <translation>Impossible to install selected plugin</translation>
     </message>
+    <message>
+        <source>Non è installato un programma di aggiornamento: una versione nuova si installa come questa.</source>
+        <translation>No update programme is installed: a new version is installed the way this one was.</translation>
+    </message>
+    <message>
+        <source>Le informazioni sul sistema non sono attualmente disponibili.</source>
+        <translation>System info aren&apos;t available at this moment.</translation>
+    </message>
+    <message>
+        <source>Informazioni su %1</source>
+        <translation>Info about %1</translation>
+    </message>
+    <message>
+        <source>&amp;Pausa</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>A&amp;vvia</source>
+        <translation>&amp;Play</translation>
+    </message>
+    <message>
+        <source>Programma</source>
+        <translation>Program</translation>
+    </message>
+    <message>
+        <source>Lingua</source>
+        <translation>Language</translation>
+    </message>
+    <message>
+        <source>Sistema</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Lingua del sistema</source>
+        <translation>Language of the system</translation>
+    </message>
+    <message>
+        <source>Finestre</source>
+        <translation>Windows</translation>
+    </message>
+    <message>
+        <source>Cartelle</source>
+        <translation>Folders</translation>
+    </message>
+    <message>
+        <source>Cataloghi e immagini</source>
+        <translation>Catalogs and pictures</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Database</translation>
+    </message>
+    <message>
+        <source>Condizione</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>non è aperto</source>
+        <translation>is not open</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Versione dello schema</source>
+        <translation>Version of the schema</translation>
+    </message>
+    <message>
+        <source>Cataloghi</source>
+        <translation>Catalogs</translation>
+    </message>
+    <message>
+        <source>Immagini supplementari</source>
+        <translation>Additional pictures</translation>
+    </message>
+    <message>
+        <source>Schermi</source>
+        <translation>Screens</translation>
+    </message>
+    <message>
+        <source>Plug-in</source>
+        <translation>Plug-ins</translation>
+    </message>
+    <message>
+        <source>pubblico dominio</source>
+        <translation>public domain</translation>
+    </message>
+    <message>
+        <source>Librerie</source>
+        <translation>Libraries</translation>
+    </message>
+    <message>
+        <source>Qui stanno i cataloghi. Ognuno ha i suoi prodotti, le sue immagini e i nomi dei campi che servono a chi lo fa.</source>
+        <translation>Here are the catalogs. Each one has its products, its pictures and fields with the names that you need.</translation>
+    </message>
+    <message>
+        <source>Un catalogo nuovo nasce in quattro passi: il nome, i campi, i filtri, i dati dell&apos;azienda. Tutto si può cambiare anche dopo.</source>
+        <translation>A new catalog takes four steps: its name, the fields, the filters, your company. All of it can be changed later.</translation>
+    </message>
+    <message>
+        <source>Un doppio clic apre il catalogo: un prodotto per riga, come in un foglio di calcolo.</source>
+        <translation>A double click opens a catalog: a row for each product, as in a spreadsheet.</translation>
+    </message>
+    <message>
+        <source>Si scrive direttamente nella cella. La riga si salva da sola quando la si lascia, Esc la riporta com&apos;era.</source>
+        <translation>Type right into a cell. A row is saved when you leave it; Esc brings back what it was.</translation>
+    </message>
+    <message>
+        <source>Una cartella di fotografie diventa un catalogo: Importa fa di ogni file JPEG un prodotto, con l&apos;immagine già ridotta.</source>
+        <translation>A folder of photographs becomes a catalog: Import makes a product of each JPEG file, with its picture in the right size.</translation>
+    </message>
+    <message>
+        <source>Un clic sulla colonna dell&apos;immagine la mostra grande. Un file JPEG trascinato su una riga ne diventa l&apos;immagine.</source>
+        <translation>A click on the column of pictures shows one large. Drop a JPEG file on a row, and it is that product&apos;s picture.</translation>
+    </message>
+    <message>
+        <source>La scheda mostra un prodotto intero: testi, filtri, immagine, altre immagini e dati tecnici.</source>
+        <translation>The card shows a whole product: texts, filters, its picture, further pictures and technical data.</translation>
+    </message>
+    <message>
+        <source>L&apos;ordine in cui i prodotti si pubblicano si decide qui: si trascina la riga, per la striscia a sinistra, dove deve stare.</source>
+        <translation>In which order products are published is decided here: drag a row, by the strip at its left, to where it belongs.</translation>
+    </message>
+    <message>
+        <source>Pubblica mostra i plug-in installati. Se ne sceglie uno, poi la cartella in cui deve andare il risultato.</source>
+        <translation>Publish shows the plug-ins that are installed. Choose one, and then the folder for the result.</translation>
+    </message>
+    <message>
+        <source>Ecco fatto: il sito è pronto da guardare e da caricare. Alla prossima pubblicazione si rifà soltanto ciò che è cambiato.</source>
+        <translation>Done: the site is ready to be looked at and uploaded. The next time only what has changed is made anew.</translation>
+    </message>
+    <message>
+        <source>F1 spiega la finestra in cui ci si trova. Da questo menu si rivede anche il tour. Buon lavoro!</source>
+        <translation>F1 explains the window that you are in. This menu also shows the tour again. Enjoy your work!</translation>
+    </message>
+    <message>
+        <source>Impossibile avviare il programma di aggiornamento %1</source>
+        <translation>The update programme %1 could not be started</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -2151,6 +2295,25 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Informazioni Aziendali: inserire le informazioni aziendali in modo da dare agli utenti del catalogo tutti i vostri recapiti</source>
         <translation>Insert here the company information to be used by the user to contact you</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmAbout</name>
+    <message>
+        <source>Vorlina</source>
+        <translation>Vorlina</translation>
+    </message>
+    <message>
+        <source>Copyright © 2026 Norsel. Il programma è fornito così com&apos;è, senza garanzie. I cataloghi, le immagini e i siti pubblicati appartengono a chi li fa.</source>
+        <translation>Copyright © 2026 Norsel. The program is provided as it is, without any warranty. Catalogs, pictures and published sites belong to those who make them.</translation>
+    </message>
+    <message>
+        <source>&amp;System Info...</source>
+        <translation>&amp;System Info...</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -2682,6 +2845,73 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     </message>
 </context>
 <context>
+    <name>vorlina::frmOptions</name>
+    <message>
+        <source>Opzioni</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Aggiornamenti</source>
+        <translation>Updates</translation>
+    </message>
+    <message>
+        <source>Imposta le opzioni per l&apos;aggiornamento automatico</source>
+        <translation>Set automatic updates settings</translation>
+    </message>
+    <message>
+        <source>Unità CD ROM</source>
+        <translation>CD-ROM Unit</translation>
+    </message>
+    <message>
+        <source>Locazione remota</source>
+        <translation>Remote host</translation>
+    </message>
+    <message>
+        <source>URL:</source>
+        <translation>URL:</translation>
+    </message>
+    <message>
+        <source>HOST:</source>
+        <translation>HOST:</translation>
+    </message>
+    <message>
+        <source> Proxy Server </source>
+        <translation> Proxy Server </translation>
+    </message>
+    <message>
+        <source>Tipo:</source>
+        <translation>Type:</translation>
+    </message>
+    <message>
+        <source>Proxy:</source>
+        <translation>Proxy:</translation>
+    </message>
+    <message>
+        <source>Porta:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation>Username:</translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation>Password:</translation>
+    </message>
+    <message>
+        <source>Usa DNS remoto</source>
+        <translation>Use remote DNS</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
     <name>vorlina::frmProduct</name>
     <message>
         <source>Proprietà prodotto</source>
@@ -2720,6 +2950,49 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     </message>
 </context>
 <context>
+    <name>vorlina::frmSystemInfo</name>
+    <message>
+        <source>Informazioni sul sistema</source>
+        <translation>System information</translation>
+    </message>
+    <message>
+        <source>Sistema</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Che cosa</source>
+        <translation>What</translation>
+    </message>
+    <message>
+        <source>Valore</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Librerie</source>
+        <translation>Libraries</translation>
+    </message>
+    <message>
+        <source>Libreria</source>
+        <translation>Library</translation>
+    </message>
+    <message>
+        <source>Versione</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Licenza</source>
+        <translation>Licence</translation>
+    </message>
+    <message>
+        <source>&amp;Copia</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>C&amp;hiudi</source>
+        <translation>C&amp;lose</translation>
+    </message>
+</context>
+<context>
     <name>vorlina::frmTechData</name>
     <message>
         <source>Scheda tecnica</source>
@@ -2728,6 +3001,29 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Invio apre la caratteristica in una finestra più grande.</source>
         <translation>Enter opens the feature in a larger window.</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmTour</name>
+    <message>
+        <source>Tour</source>
+        <translation>Tour</translation>
+    </message>
+    <message>
+        <source>&amp;Indietro</source>
+        <translation>&amp;Back</translation>
+    </message>
+    <message>
+        <source>&amp;Pausa</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>&amp;Avanti</source>
+        <translation>&amp;Next</translation>
+    </message>
+    <message>
+        <source>C&amp;hiudi</source>
+        <translation>C&amp;lose</translation>
     </message>
 </context>
 </TS>

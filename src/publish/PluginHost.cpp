@@ -37,9 +37,11 @@ QString LibraryOf(const QString& identifier) {
                   .arg(identifier, AppFile(u"PubWiz/"_qs + identifier + LibrarySuffix)));
 }
 
-// Looks at the library's metadata alone, so that no code of a library of another version runs.
+// What the library's metadata tell, so that no code of a library of another version runs.
+QString VersionOf(const QPluginLoader& loader) { return loader.metaData().value(u"IID"_qs).toString(); }
+
 void CheckVersion(const QPluginLoader& loader) {
-  const QString version = loader.metaData().value(u"IID"_qs).toString();
+  const QString version = VersionOf(loader);
   if (version == QStringLiteral(VORLINA_PLUGIN_IID)) return;
   const QString path = QDir::toNativeSeparators(loader.fileName());
   if (version.startsWith(u"vorlina."))
@@ -143,6 +145,8 @@ QStringList InstalledPlugins() {
   }
   return identifiers;
 }
+
+QString InterfaceOf(const QString& identifier) { return VersionOf(QPluginLoader(LibraryOf(identifier))); }
 
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   static std::map<QString, std::unique_ptr<QPluginLoader>> loaders;

@@ -39,6 +39,10 @@ QStringList InstalledPlugins();
 // cannot be loaded.
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier);
 
+// The version of the interface that the identifier's library was built for, of which no code runs; "" for
+// what is no plug-in. Throws Error where there is none.
+QString InterfaceOf(const QString& identifier);
+
 // What plug-ins are told of this program.
 VorlinaHost HostOfPlugins();
 

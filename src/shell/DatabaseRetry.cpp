@@ -80,8 +80,12 @@ void DatabaseRetry::SettleStart() {
     if (connection_.IsOpen()) FitPicturePaths(connection_);
   });
   const QString title = ApplicationTitle();
-  if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) == u"True")
-    Attempt([&] { SaveSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"False"_qs); });
+  // By a retry the window is there already, and its list must not wait.
+  if (retrying_ || GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) != u"True") return;
+  Attempt([this] {
+    if (OnFirstRun) OnFirstRun();
+  });
+  Attempt([&] { SaveSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"False"_qs); });
 }
 
 void DatabaseRetry::OpenCatalogs() {

@@ -23,6 +23,9 @@ class DatabaseRetry : public QObject {
   std::function<bool()> MayRetry;
   // Shows what was read. OnRetried comes behind it, also where there was nothing.
   Step OnRead, OnRetried;
+  // At the first start of all; the next steps wait for it. Where a lock kept the database from being read, at
+  // the next one.
+  Step OnFirstRun;
 
   // Whether another program's lock has kept something from being read.
   bool IsLocked() const { return locked_; }

@@ -25,6 +25,7 @@
 #include "shell/CatalogList.h"
 #include "shell/DatabaseRetry.h"
 #include "shell/InstallPlugin.h"
+#include "shell/ProgramCommands.h"
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
 #include "shell/WidgetCatalogMenu.h"
@@ -65,6 +66,8 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"mnuTasti"_qs, [this] { ShowKeys(); }},
       {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
+  handlers_.merge(
+      ProgramCommands({*this, cnnCatalog, [this](const Handler& again) { return CloseGridWindows(again); }}));
   MakeToolbar();
   MakeHelpMenu();
   MakePluginMenu();
@@ -88,6 +91,9 @@ void frmCatalogs::MakeParts() {
   database_->OnRetried = [this] { OfferNew(); };
   backups_ = new BackupCommands(*database_, *this);
   backups_->CloseWindows = [this] { return CloseDatabaseWindows(); };
+  database_->OnFirstRun = [this] {
+    if (OnFirstRun) OnFirstRun();
+  };
   connect(catalogs_.get(), &CatalogList::FillWanted, this,
           [this] { database_->UnlessLocked([this] { ListCatalog(); }); });
 }
@@ -247,7 +253,7 @@ bool frmCatalogs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCatalogs::closeEvent(QCloseEvent* event) {
-  if (IsBusy() || !catalogs_->EndRename() || !CloseGridWindows()) {
+  if (IsBusy() || !catalogs_->EndRename() || !CloseGridWindows([this] { close(); })) {
     event->ignore();
     return;
   }
@@ -315,8 +321,9 @@ void frmCatalogs::EditCatalog(int id, const QString& caption) {
 }
 
 // False where one has a row that cannot be written: it stays, and has told why. One that imports closes when
-// it has stopped, and this window behind it.
-bool frmCatalogs::CloseGridWindows() {
+// it has stopped, and what asked for it goes on behind it.
+bool frmCatalogs::CloseGridWindows(const Handler& again) {
+  whenClosedLate_ = again;
   for (frmEditCatalog* window : findChildren<frmEditCatalog*>(QString(), Qt::FindDirectChildrenOnly))
     if (window->isVisible() && !window->close()) {
       if (window->ClosesLate())
@@ -329,11 +336,12 @@ bool frmCatalogs::CloseGridWindows() {
 
 // The wizard has what was typed into it alone, and asks for nothing when it is left.
 bool frmCatalogs::CloseDatabaseWindows() {
-  return CloseGridWindows() && (wizard_ == nullptr || !wizard_->isVisible() || wizard_->close());
+  return CloseGridWindows([] {}) && (wizard_ == nullptr || !wizard_->isVisible() || wizard_->close());
 }
 
 void frmCatalogs::GridWindowClosedLate(bool closed) {
-  if (closed) close();
+  const Handler go = whenClosedLate_;  // which may set another one
+  if (closed) go();
 }
 
 void frmCatalogs::ComeToFront() {

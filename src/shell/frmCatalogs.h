@@ -48,6 +48,8 @@ class frmCatalogs : public QMainWindow {
   // Writes "Cataloghi.txt" in the application folder: three lines a catalog. Throws Error.
   void CreaListaCataloghi();
 
+  // What a first start shows before the window, such as the tour.
+  std::function<void()> OnFirstRun;
   // The main connection; other windows open their own with its connection text.
   Connection cnnCatalog;
   // All rows of Cataloghi.
@@ -81,7 +83,7 @@ class frmCatalogs : public QMainWindow {
   void NewCatalogWizard();
   void EditSelected();
   void EditCatalog(int id, const QString& caption);
-  bool CloseGridWindows();
+  bool CloseGridWindows(const Handler& again);
   bool CloseDatabaseWindows();
   void GridWindowClosedLate(bool closed);
   void ComeToFront();
@@ -94,6 +96,7 @@ class frmCatalogs : public QMainWindow {
   std::unique_ptr<Ui::frmCatalogs> ui_;
   // What a key of the toolbar or of the help drop-down does. A command that is not here is disabled.
   std::map<QString, Handler> handlers_;
+  Handler whenClosedLate_;
   std::vector<QAction*> toolbar_;  // by index - 1
   std::vector<PluginEntry> plugins_;
   QMenu* mnuHelp_;

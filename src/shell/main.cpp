@@ -1,6 +1,7 @@
 #include <QIcon>
 
 #include "base/AppPath.h"
+#include "base/Error.h"
 #include "base/SafeFile.h"
 #include "base/WidgetDialogs.h"
 #include "base/WidgetWaiting.h"
@@ -10,6 +11,8 @@
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
 #include "support/frmSplash.h"
+#include "support/frmTour.h"
+#include "update/Keyring.h"
 
 using namespace vorlina;
 
@@ -32,6 +35,22 @@ void ShowMainWindow(frmCatalogs& catalogs) {
   catalogs.activateWindow();
 }
 
+// The splash, which some desktops keep above all windows, goes first.
+void ShowTour(frmCatalogs& catalogs, frmSplash& splash) {
+  splash.hide();
+  frmTour tour(&catalogs);
+  tour.LoadForm();
+  tour.exec();
+}
+
+void KeepPassword(const PasswordStore& passwords) {
+  try {
+    passwords.Flush();
+  } catch (const Error& error) {
+    qWarning().noquote() << error.Description();
+  }
+}
+
 }  // namespace
 
 int main(int, char** argv) {
@@ -49,11 +68,16 @@ int main(int, char** argv) {
   WidgetDialogs dialogs;
   InstallDialogs(&dialogs);
   LockPatience::WhileWaiting = ShowWaiting;
+  Keyring keyring;
+  PasswordStore passwords(&keyring);
+  InstallPasswordStore(&passwords);
 
   frmCatalogs catalogs;
   frmSplash splash;
   QObject::connect(&splash, &frmSplash::Ended, &catalogs, [&] { ShowMainWindow(catalogs); });
   QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] { QApplication::exit(0); });
+  QObject::connect(&application, &QApplication::aboutToQuit, &catalogs, [&] { KeepPassword(passwords); });
+  catalogs.OnFirstRun = [&] { ShowTour(catalogs, splash); };
   splash.LoadSplash();
   splash.show();
   return QApplication::exec();

@@ -11,13 +11,14 @@ const arrows = {
   zip: [],
   base: [],
   store: ['zip', 'base'],
-  support: ['base'],
+  support: ['base', 'store'],
   grid: ['base', 'store'],
   images: ['base', 'store'],
   publish: ['plug-in headers', 'base', 'store', 'support'],
   catalogs: ['base', 'store', 'support', 'images', 'publish'],
   products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
-  shell: ['plug-in headers', 'base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs', 'products'],
+  update: ['base', 'support'],
+  shell: ['plug-in headers', 'base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs', 'products', 'update'],
   batch: ['base', 'store', 'support', 'images', 'publish', 'catalogs', 'products'],
 };
 export const problems = [];

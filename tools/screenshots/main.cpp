@@ -26,6 +26,7 @@
 #include "BackupBoxes.h"
 #include "Boxes.h"
 #include "Photographer.h"
+#include "Services.h"
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/Settings.h"
@@ -294,6 +295,7 @@ void TakeAll(const Photographer& photographer) {
   catalogs.findChild<QMenu*>(u"mnuHelp"_qs)->hide();
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuPlugins"_qs), u"frmCatalogs-plugins"_qs);
   catalogs.findChild<QMenu*>(u"mnuPlugins"_qs)->hide();
+  TakeServices(photographer, catalogs);
   TakeGrid(photographer, catalogs);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   TakeImport(photographer, catalogs);
