@@ -2,7 +2,7 @@
 
 #include <QAction>
 #include <QToolBar>
-#include <QToolTip>
+#include <QWhatsThis>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -17,12 +17,12 @@
 namespace vorlina {
 namespace {
 
-// Under the button that was pressed: there is no box for what is usual.
+// Below the button that was pressed, until anything is done: there is no box for what is usual.
 void TellNoUpdater(const QWidget& owner) {
   const auto* bar = owner.findChild<QToolBar*>(u"tbr"_qs);
   QWidget* button = bar->widgetForAction(owner.findChild<QAction*>(u"cmdHelp"_qs));
   const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
-  QToolTip::showText(
+  QWhatsThis::showText(
       place,
       PlainToolTip(Texts::tr("Non è installato un programma di aggiornamento: una versione nuova "
                              "si installa come questa.")),
@@ -36,7 +36,7 @@ void StartUpdate(const ProgramContext& context) {
     };
     const UpdateStart start = AvviaAggiornamento([&] { return context.closeWindows(again); });
     if (start == UpdateStart::Started) context.owner.close();
-    // Behind the events by which the menu closes, which would take it away.
+    // Behind the closing of the menu, which would take it along.
     if (start == UpdateStart::NoUpdater)
       QMetaObject::invokeMethod(
           &context.owner, [&owner = context.owner] { TellNoUpdater(owner); }, Qt::QueuedConnection);

@@ -90,7 +90,7 @@ std::vector<InformationGroup> SystemInformation(Connection& connection,
 std::vector<UsedLibrary> UsedLibraries() {
   const int lcms = cmsGetEncodedCMMversion();
   return {
-      {u"Qt"_qs, QString::fromLatin1(qVersion()), u"LGPL 3"_qs},
+      {u"Qt (Core, Gui, Widgets, Svg, Help)"_qs, QString::fromLatin1(qVersion()), u"LGPL 3"_qs},
       {u"SQLite"_qs, QString::fromLatin1(sqlite3_libversion()), Texts::tr("pubblico dominio")},
       {u"SQLiteCpp"_qs, QString::fromLatin1(SQLITECPP_VERSION), u"MIT"_qs},
       {u"libjpeg-turbo"_qs, QStringLiteral(TEXT_IN(LIBJPEG_TURBO_VERSION)), u"IJG, BSD 3-Clause, zlib"_qs},

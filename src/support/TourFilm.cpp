@@ -147,7 +147,7 @@ QString TourCaption(const QString& scene) {
 
 QImage PictureOf(const TourFilm& film, int picture) {
   const TourPicture& stored = film.pictures[std::size_t(picture)];
-  const QImage part = QImage::fromData(stored.png, "PNG");
+  QImage part = QImage::fromData(stored.png, "PNG");
   if (stored.base < 0) return part;
   QImage whole = PictureOf(film, stored.base);
   QPainter(&whole).drawImage(stored.corner, part);
