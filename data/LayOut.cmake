@@ -2,6 +2,10 @@
 # Every file is copied under another name and renamed, and the database comes last: a copy cut short is taken up again
 # by the next build, and a folder with a database is its user's.
 file(MAKE_DIRECTORY ${TO}/Images ${TO}/PubWiz)
+# The help is the program's, whoever the folder belongs to.
+foreach(name Vorlina.qch VorlinaEN.qch)
+  file(COPY_FILE "${FROM}/${name}" "${TO}/${name}" ONLY_IF_DIFFERENT)
+endforeach()
 if(EXISTS ${TO}/Catalog.db)
   return()
 endif()

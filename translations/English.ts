@@ -2257,6 +2257,86 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Impossibile avviare il programma di aggiornamento %1</source>
         <translation>The update programme %1 could not be started</translation>
     </message>
+    <message>
+        <source>Aiuto sulla finestra in uso</source>
+        <translation>Help on the window in use</translation>
+    </message>
+    <message>
+        <source>Nessuna pagina trovata</source>
+        <translation>No page found</translation>
+    </message>
+    <message>
+        <source>%1 pagina trovata</source>
+        <translation>%1 page found</translation>
+    </message>
+    <message>
+        <source>%1 pagine trovate</source>
+        <translation>%1 pages found</translation>
+    </message>
+    <message>
+        <source>Non trovato</source>
+        <translation>Not found</translation>
+    </message>
+    <message>
+        <source>Indietro</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>Torna alla pagina di prima</source>
+        <translation>Go back to the page before</translation>
+    </message>
+    <message>
+        <source>Avanti</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
+        <source>Torna alla pagina che seguiva</source>
+        <translation>Go on to the page that followed</translation>
+    </message>
+    <message>
+        <source>Inizio</source>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>Prima pagina della guida</source>
+        <translation>First page of the help</translation>
+    </message>
+    <message>
+        <source>Trova nella pagina</source>
+        <translation>Find on page</translation>
+    </message>
+    <message>
+        <source>Cerca un testo nella pagina che si legge</source>
+        <translation>Find a text on the page that is shown</translation>
+    </message>
+    <message>
+        <source>A-</source>
+        <translation>A-</translation>
+    </message>
+    <message>
+        <source>Caratteri più piccoli</source>
+        <translation>Smaller letters</translation>
+    </message>
+    <message>
+        <source>A+</source>
+        <translation>A+</translation>
+    </message>
+    <message>
+        <source>Caratteri più grandi</source>
+        <translation>Larger letters</translation>
+    </message>
+    <message>
+        <source>Altra lingua</source>
+        <translation>Other language</translation>
+    </message>
+    <message>
+        <source>Mostra questa pagina nell&apos;altra lingua</source>
+        <translation>Show this page in the other language</translation>
+    </message>
+    <message>
+        <source>Impossibile aprire l&apos;aiuto %1: %2</source>
+        <translation>Cannot open the help %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -2608,6 +2688,81 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Valori del filtro</source>
         <translation>Filter values</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmHelp</name>
+    <message>
+        <source>Guida di Vorlina</source>
+        <translation>Vorlina Help</translation>
+    </message>
+    <message>
+        <source>&amp;Sommario</source>
+        <translation>&amp;Contents</translation>
+    </message>
+    <message>
+        <source>Sommario</source>
+        <translation>Contents</translation>
+    </message>
+    <message>
+        <source>I&amp;ndice</source>
+        <translation>I&amp;ndex</translation>
+    </message>
+    <message>
+        <source>Parola dell&apos;indice</source>
+        <translation>Word of the index</translation>
+    </message>
+    <message>
+        <source>Indice</source>
+        <translation>Index</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca</source>
+        <translation>&amp;Search</translation>
+    </message>
+    <message>
+        <source>Parole da cercare nell&apos;aiuto</source>
+        <translation>Words to be sought in the help</translation>
+    </message>
+    <message>
+        <source>Parole da cercare</source>
+        <translation>Words to be sought</translation>
+    </message>
+    <message>
+        <source>Pagine trovate</source>
+        <translation>Pages found</translation>
+    </message>
+    <message>
+        <source>Pagina dell&apos;aiuto</source>
+        <translation>Page of the help</translation>
+    </message>
+    <message>
+        <source>Trova nella pagina:</source>
+        <translation>Find on page:</translation>
+    </message>
+    <message>
+        <source>Trova nella pagina</source>
+        <translation>Find on page</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Previous</translation>
+    </message>
+    <message>
+        <source>Maiusc+F3</source>
+        <translation>Shift+F3</translation>
+    </message>
+    <message>
+        <source>Successi&amp;vo</source>
+        <translation>Ne&amp;xt</translation>
+    </message>
+    <message>
+        <source>F3</source>
+        <translation>F3</translation>
+    </message>
+    <message>
+        <source>Comandi</source>
+        <translation>Commands</translation>
     </message>
 </context>
 <context>

@@ -1,7 +1,6 @@
 #include "catalogs/frmNewCatalog.h"
 
 #include <QIcon>
-#include <QMetaMethod>
 
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -12,6 +11,7 @@
 #include "images/ImagePipeline.h"
 #include "publish/WidgetEscapedName.h"
 #include "store/Connection.h"
+#include "support/HTMLHelp.h"
 #include "support/Language.h"
 #include "support/Messages.h"
 #include "ui_frmNewCatalog.h"
@@ -90,7 +90,6 @@ void frmNewCatalog::CaptionButtons() {
       cmdNav[i]->setShortcut(QKeySequence(QString::fromUtf16(ItalianKeys[i])));
     cmdNav[i]->setToolTip(PlainToolTip(cmdNav[i]->shortcut().toString(QKeySequence::NativeText)));
   }
-  cmdNav[Help]->setEnabled(isSignalConnected(QMetaMethod::fromSignal(&frmNewCatalog::HelpWanted)));
 }
 
 void frmNewCatalog::Localize_Form() {
@@ -113,7 +112,7 @@ void frmNewCatalog::cmdNav_Click(int index) {
     case Cancel:
       return reject();
     default:
-      Q_EMIT HelpWanted(HelpTopic);
+      ShowHelpTopic(HelpTopic, Language);
       return;
   }
   ShowStep(StepCorrente);

@@ -41,8 +41,6 @@ class frmNewCatalog : public QDialog {
   void MainMenuWanted();
   // The wizard was left by Cancel, Escape or its close button.
   void Cancelled();
-  // Help on a topic. As long as nobody listens the button is disabled.
-  void HelpWanted(int topic);
 
  private:
   void ConnectControls();

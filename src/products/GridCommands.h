@@ -25,8 +25,7 @@ inline constexpr std::array<ToolbarCommand, 9> GridToolbar{{
      QT_TRANSLATE_NOOP("Texts", "Pubblica il catalogo"), u"publish", u"Ctrl+P"},
     {u"cmdImporta", QT_TRANSLATE_NOOP("Texts", "Importa"),
      QT_TRANSLATE_NOOP("Texts", "Importazione da una cartella di immagini"), u"import", u"Ctrl+I"},
-    {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "    Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help",
-     u"F1"},
+    {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "    Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help", u""},
 }};
 
 // The entries below cmdHelp.

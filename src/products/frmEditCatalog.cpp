@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QMetaMethod>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -29,6 +28,7 @@
 #include "products/commands/RowCommands.h"
 #include "products/commands/ShowPictures.h"
 #include "store/GetValue.h"
+#include "support/HTMLHelp.h"
 #include "support/Language.h"
 #include "support/frmKeys.h"
 #include "ui_frmEditCatalog.h"
@@ -40,22 +40,19 @@ constexpr int HelpTopic = 1002;
 
 using GridCommand = void (*)(GridContext&);
 
+// The Italian help, whatever the language.
+void ShowGridHelp(GridContext&) { ShowHelpTopic(HelpTopic, u"Italian"_qs); }
+
 // What a key of the toolbar or of the menu does; null for one that does nothing, which is disabled.
 GridCommand CommandOf(const QString& key) {
   static constexpr std::pair<const char16_t*, GridCommand> commands[] = {
-      {u"cmdNew", NewProduct},
-      {u"cmdEdit", EditProduct},
-      {u"cmdDelete", DeleteRows},
-      {u"cmdSearch", SearchProducts},
-      {u"cmdImmagini", ShowPictures},
-      {u"cmdProperties", ShowProperties},
-      {u"cmdImporta", ImportFolder},
-      {u"mnuCopia", CopyRows},
-      {u"mnuOrdinePubbl", NumberAsShown},
-      {u"mnuSpostaSu", MoveRowsUp},
-      {u"mnuSpostaGiu", MoveRowsDown},
-      {u"mnuAggiorna", RefreshRows},
-      {u"mnuResizeCol", RestoreColumnWidths},
+      {u"cmdNew", NewProduct},        {u"cmdEdit", EditProduct},
+      {u"cmdDelete", DeleteRows},     {u"cmdSearch", SearchProducts},
+      {u"cmdImmagini", ShowPictures}, {u"cmdProperties", ShowProperties},
+      {u"cmdImporta", ImportFolder},  {u"cmdHelp", ShowGridHelp},
+      {u"mnuCopia", CopyRows},        {u"mnuOrdinePubbl", NumberAsShown},
+      {u"mnuSpostaSu", MoveRowsUp},   {u"mnuSpostaGiu", MoveRowsDown},
+      {u"mnuAggiorna", RefreshRows},  {u"mnuResizeCol", RestoreColumnWidths},
   };
   for (const auto& [name, command] : commands)
     if (key == name) return command;
@@ -114,9 +111,10 @@ void frmEditCatalog::MakeMenus() {
   mnuAiuto->setObjectName(u"mnuAiuto"_qs);
   for (const MenuCommand& command : GridHelpMenu) AddCommand(*mnuAiuto, command, *this);
   connect(mnuAiuto->findChild<QAction*>(u"subHelp"_qs), &QAction::triggered, this,
-          [this] { Q_EMIT HelpWanted(HelpTopic); });
+          [] { ShowHelpTopic(HelpTopic, Language); });
   connect(mnuAiuto->findChild<QAction*>(u"mnuTasti"_qs), &QAction::triggered, this,
           [this] { frmKeys::Open(*this, ProductKeys()); });
+  SetDropDown(*ui_->tbr, *findChild<QAction*>(u"cmdHelp"_qs), *mnuAiuto, false);
   mnuColonna = new WidgetColumnMenu(*grdProducts);
   mnuColonna->OnSort = [this](const QString& key) { grdProducts->ToggleSort(key, grdProducts->SortOf(key)); };
 }
@@ -177,7 +175,6 @@ void frmEditCatalog::Run(const QString& key) {
 void frmEditCatalog::LoadForm() {
   FitIntoScreen(*this);
   FillPublishMenu();
-  OfferHelp();
   ShowCatalog(true);
   NumberNewProducts(*context_);
   // Whoever begins a catalog can type at once.
@@ -208,16 +205,6 @@ void frmEditCatalog::FillPublishMenu() {
   auto* action = findChild<QAction*>(u"cmdPublish"_qs);
   SetDropDown(*ui_->tbr, *action, *mnuPubblica, true);
   action->setEnabled(!Plugins.empty());
-}
-
-// The button stays open to its drop-down while its own command is not there.
-void frmEditCatalog::OfferHelp() {
-  const bool helps = isSignalConnected(QMetaMethod::fromSignal(&frmEditCatalog::HelpWanted));
-  mnuAiuto->findChild<QAction*>(u"subHelp"_qs)->setEnabled(helps);
-  auto* action = findChild<QAction*>(u"cmdHelp"_qs);
-  SetDropDown(*ui_->tbr, *action, *mnuAiuto, !helps);
-  if (helps) connect(action, &QAction::triggered, this, [this] { Q_EMIT HelpWanted(HelpTopic); });
-  action->setEnabled(true);
 }
 
 void frmEditCatalog::Localize_Form() {

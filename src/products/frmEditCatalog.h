@@ -53,8 +53,6 @@ class frmEditCatalog : public QMainWindow {
  Q_SIGNALS:
   // The window was closed.
   void Closed();
-  // Help on a topic. As long as nobody listens its commands are disabled.
-  void HelpWanted(int topic);
   // Behind ClosesLate: it has closed, or stays after all.
   void ClosedLate(bool closed);
 
@@ -70,7 +68,6 @@ class frmEditCatalog : public QMainWindow {
   void MakeStatusBar();
   void ConnectGrid();
   void FillPublishMenu();
-  void OfferHelp();
   void Localize_Form();
   void ShowCatalog(bool first);
   void Run(const QString& key);

@@ -6,6 +6,7 @@
 #include <QLoggingCategory>
 #include <QPluginLoader>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <deque>
 #include <map>
@@ -25,6 +26,8 @@ namespace vorlina {
 namespace {
 
 Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
+
+int callsAtWork = 0;
 
 QString LibraryOf(const QString& identifier) {
   if (identifier.isEmpty() || !IsValidFileName(identifier))
@@ -176,7 +179,10 @@ std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
   return plugin;
 }
 
+bool PluginAtWork() { return callsAtWork > 0; }
+
 void CallPlugin(const std::function<void()>& call) {
+  const QScopedValueRollback atWork(callsAtWork, callsAtWork + 1);
   QString told;
   try {
     call();

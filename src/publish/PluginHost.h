@@ -49,6 +49,9 @@ VorlinaHost HostOfPlugins();
 // A new plug-in object in the program's language. Throws Error, also for what the plug-in itself throws.
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier);
 
+// Whether a plug-in has been called and is not done.
+bool PluginAtWork();
+
 // Runs something that calls into a plug-in and turns whatever it throws into an Error.
 void CallPlugin(const std::function<void()>& call);
 

@@ -22,7 +22,7 @@ inline constexpr std::array<ToolbarCommand, 7> ToolbarCommands{{
      QT_TRANSLATE_NOOP("Texts", "Pubblica il catalogo selezionato"), u"publish", u"Ctrl+P"},
     {u"cmdPlugins", QT_TRANSLATE_NOOP("Texts", "   Plug-Ins"),
      QT_TRANSLATE_NOOP("Texts", "Installa nuovi plug-ins"), u"plugins", u""},
-    {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "   Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help", u"F1"},
+    {u"cmdHelp", QT_TRANSLATE_NOOP("Texts", "   Aiuto"), QT_TRANSLATE_NOOP("Texts", "Aiuto"), u"help", u""},
 }};
 
 // The buttons that are of no use while the publishing pane shows, by index.
@@ -56,7 +56,8 @@ inline constexpr std::array<CatalogEntry, 5> CatalogEntries{{
 }};
 
 // The keys in the list of catalogs, and in that of the plug-ins.
-inline constexpr std::array<KeyUse, 3> CatalogListKeys{{
+inline constexpr std::array<KeyUse, 4> CatalogListKeys{{
+    {u"F1", QT_TRANSLATE_NOOP("Texts", "Aiuto sulla finestra in uso")},
     {u"Return",
      QT_TRANSLATE_NOOP("Texts", "Apri il catalogo selezionato, o pubblica con il plug-in selezionato")},
     {u"F2", QT_TRANSLATE_NOOP("Texts", "Cambia il nome del catalogo selezionato")},

@@ -28,6 +28,7 @@
 #include "shell/ProgramCommands.h"
 #include "shell/PublishPane.h"
 #include "shell/SelectedCatalog.h"
+#include "shell/ShellHelp.h"
 #include "shell/WidgetCatalogMenu.h"
 #include "support/Language.h"
 #include "support/frmKeys.h"
@@ -63,6 +64,8 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"mnuBackup"_qs, [this] { backups_->BackUp(); }},
       {u"mnuRestore"_qs, [this] { backups_->Restore(); }},
       {u"mnuInstallPlugin"_qs, [this] { InstallPlugin(*this); }},
+      {u"cmdHelp"_qs, [] { ShowCatalogsHelp(); }},
+      {u"subHelp"_qs, [] { ShowHelpContents(); }},
       {u"mnuTasti"_qs, [this] { ShowKeys(); }},
       {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
@@ -120,9 +123,7 @@ void frmCatalogs::MakeHelpMenu() {
   mnuCataloghi_ =
       new WidgetCatalogMenu(*ui_->LstWCatalogs, *catalogs_, [this](const QString& key) { Run(key); },
                             *mnuHelp_, {u"mnuBackup"_qs, u"mnuRestore"_qs});
-  // The button stays open to its drop-down while its own command is not there.
-  SetDropDown(*ui_->tbr, *toolbar_.back(), *mnuHelp_, !handlers_.contains(u"cmdHelp"_qs));
-  toolbar_.back()->setEnabled(true);
+  SetDropDown(*ui_->tbr, *toolbar_.back(), *mnuHelp_, false);
 }
 
 void frmCatalogs::MakePluginMenu() {
@@ -354,8 +355,7 @@ void frmCatalogs::ShowPublishPane(bool show) {
   ui_->fmListCatalog->setVisible(!show);
   for (const int index : CatalogPaneButtons) {
     QAction* button = toolbar_[std::size_t(index) - 1];
-    const bool usable = handlers_.contains(button->objectName()) || button == toolbar_.back();
-    button->setEnabled(!show && usable);
+    button->setEnabled(!show && handlers_.contains(button->objectName()));
   }
   QWidget* focus = show ? static_cast<QWidget*>(ui_->lstPlugIns) : ui_->LstWCatalogs;
   focus->setFocus();

@@ -8,8 +8,10 @@
 #include "catalogs/RestoreSwap.h"
 #include "publish/PluginChange.h"
 #include "shell/WidgetApplication.h"
+#include "shell/WidgetHelpKey.h"
 #include "shell/frmCatalogs.h"
 #include "store/LockPatience.h"
+#include "support/HTMLHelp.h"
 #include "support/frmSplash.h"
 #include "support/frmTour.h"
 #include "update/Keyring.h"
@@ -72,10 +74,14 @@ int main(int, char** argv) {
   PasswordStore passwords(&keyring);
   InstallPasswordStore(&passwords);
 
+  const WidgetHelpKey helpKey;
   frmCatalogs catalogs;
   frmSplash splash;
   QObject::connect(&splash, &frmSplash::Ended, &catalogs, [&] { ShowMainWindow(catalogs); });
-  QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] { QApplication::exit(0); });
+  QObject::connect(&catalogs, &frmCatalogs::Closed, &application, [] {
+    HTMLHelp::HHClose();
+    QApplication::exit(0);
+  });
   QObject::connect(&application, &QApplication::aboutToQuit, &catalogs, [&] { KeepPassword(passwords); });
   catalogs.OnFirstRun = [&] { ShowTour(catalogs, splash); };
   splash.LoadSplash();

@@ -49,7 +49,6 @@ class GridWindow : public CatalogFixture, public GridHands {
     window->rsCatalogo.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=?"_qs, .values = {catalog_}},
                             *window->Connessione);
     window->Plugins = plugins_;
-    if (onHelp_) QObject::connect(window.get(), &frmEditCatalog::HelpWanted, onHelp_);
     window->LoadForm();
     window->resize(1300, 500);
     window->show();
@@ -156,7 +155,6 @@ class GridWindow : public CatalogFixture, public GridHands {
   int AddNewRow() const { return Rows().RecordCount(); }
 
   std::vector<PluginEntry> plugins_;
-  std::function<void(int topic)> onHelp_;
   ScriptedDialogs dialogs_;
   std::vector<std::unique_ptr<frmEditCatalog>> windows_;
   frmEditCatalog* window_ = nullptr;

@@ -264,6 +264,24 @@ TEST_F(MainWindow, ANewCatalogEndsAsTheWizardWasTold) {
   EXPECT_EQ(Catalogs()->count(), 5);
 }
 
+// The button opens the Italian help, its entry and the wizard that of the language. None lies beside this
+// test.
+TEST_F(MainWindow, TheHelpOfTheButtonOfItsEntryAndOfTheWizard) {
+  Open();
+  const auto expect = [&](const QString& file) {
+    dialogs_.ExpectMessage(
+        u"The file %1 does not exist.\nPlease make sure the correct path and file name have been specified."_qs
+            .arg(DeliveredPath() + file));
+  };
+  expect(u"/Vorlina.qch"_qs);
+  Press(u"cmdHelp"_qs);
+  expect(u"/VorlinaEN.qch"_qs);
+  Press(u"subHelp"_qs);
+  Press(u"cmdNew"_qs);
+  expect(u"/VorlinaEN.qch"_qs);
+  window_->findChild<QPushButton*>(u"cmdNav_4"_qs)->click();
+}
+
 // In the windows as they stand, whatever command is added to them.
 TEST_F(MainWindow, TheOverviewOfKeysHasEveryShortcut) {
   Open();

@@ -24,6 +24,7 @@ const places = {
   'src/base/AppPath.cpp': ['scratch', 'whether a folder takes a file is seen by one that goes at once'],
   'src/base/Settings.cpp': ['removes', 'the file beside, which a killed save left'],
   'src/store/CatalogDatabase.cpp': ['removes', 'a copy of the database that is not whole'],
+  'src/support/WidgetHelpCollection.h': ['scratch', 'what Qt notes of a help file while it shows'],
   'src/images/PictureStore.cpp': ['removes', 'the owner of "Images"'],
   'src/catalogs/AutomaticBackup.cpp': ['removes', 'the copies that are older than the ten newest'],
   'src/publish/PluginChange.cpp': ['removes', 'a plug-in changes places with the former one, by renames that are taken back'],

@@ -12,11 +12,16 @@ namespace vorlina {
 
 class Photographer {
  public:
-  Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
+  // Those of the names alone; all where there are none.
+  Photographer(QString folder, QString suffix, QStringList names = {})
+      : folder_(std::move(folder)), suffix_(std::move(suffix)), names_(std::move(names)) {}
+
+  bool Wants(const QString& name) const { return names_.isEmpty() || names_.contains(name); }
 
   void Take(QWidget& window, const QString& name) const {
     window.show();
     QApplication::processEvents();
+    if (!Wants(name)) return;
     const QString path = folder_ + u'/' + name + suffix_ + u".png"_qs;
     if (!window.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
   }
@@ -24,6 +29,7 @@ class Photographer {
   // Pictures are as sharp as they get when their window has been at rest for a moment.
   void TakeAtRest(QWidget& window, const QString& name) const {
     window.show();
+    if (!Wants(name)) return Take(window, name);
     QEventLoop loop;
     QTimer::singleShot(400, &loop, &QEventLoop::quit);
     loop.exec();
@@ -39,6 +45,7 @@ class Photographer {
  private:
   QString folder_;
   QString suffix_;
+  QStringList names_;
 };
 
 inline void Press(QWidget& window, int key, const QString& text = {}) {

@@ -2,6 +2,10 @@
 // copy of the delivered database and on settings of its own, and shows nothing on the screen.
 //
 // usage: vorlina-screenshots FOLDER
+//        vorlina-screenshots FOLDER LANGUAGE NAMES [HELP]
+//
+// The latter takes those that the help shows: light, at 100 per cent, in one language ("it" or "en"), the
+// names being the lines of a file; with a help file those of the help's viewer, else the others.
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -21,10 +25,12 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeWidget>
+#include <algorithm>
 #include <cstdio>
 
 #include "BackupBoxes.h"
 #include "Boxes.h"
+#include "HelpPictures.h"
 #include "Photographer.h"
 #include "Services.h"
 #include "base/AppPath.h"
@@ -47,6 +53,8 @@
 #include "products/frmTechData.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
+#include "support/HelpFiles.h"
+#include "support/Language.h"
 #include "support/frmKeys.h"
 #include "support/frmSplash.h"
 
@@ -282,6 +290,12 @@ void TakeProductData(const Photographer& photographer, Connection& connection) {
   grid->Rows().Revert();
 }
 
+void SpeakLanguage(const QString& language) {
+  SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, language);
+  SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"VLHTML.HTML"_qs);
+  ChooseLanguage();
+}
+
 void TakeAll(const Photographer& photographer) {
   frmSplash splash;
   splash.LoadSplash();
@@ -324,6 +338,44 @@ void TakeAll(const Photographer& photographer) {
   TakeBackupBoxes(photographer, main);
 }
 
+// Each language light and dark.
+void TakeLanguages(const QString& folder, const QString& scale) {
+  for (const QString& language : {u"Italian"_qs, u"English"_qs}) {
+    SpeakLanguage(language);
+    for (const bool dark : {false, true}) {
+      QApplication::setPalette(Palette(dark));
+      const QString suffix = u"-"_qs + language.left(2).toLower() + (dark ? u"-dark-"_qs : u"-light-"_qs);
+      const Photographer photographer(folder, suffix + scale);
+      TakeAll(photographer);
+      TakeHelp(photographer,
+               QStringLiteral(VORLINA_DELIVERED) + u'/' + QFileInfo(HelpFile(language)).fileName(), language);
+    }
+  }
+}
+
+// Fails on a name that no window has.
+int TakeForHelp(const QString& folder, const QString& code, const QString& list, const QString& help) {
+  QFile file(list);
+  if (!file.open(QIODevice::ReadOnly)) return 1;
+  QStringList names = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+  names.removeIf([&](const QString& name) { return name.startsWith(u"frmHelp") == help.isEmpty(); });
+  if (names.isEmpty()) return 0;
+  const QString language = code == u"en" ? u"English"_qs : u"Italian"_qs;
+  SpeakLanguage(language);
+  QApplication::setPalette(Palette(false));
+  const Photographer photographer(folder, {}, names);
+  if (help.isEmpty())
+    TakeAll(photographer);
+  else
+    TakeHelp(photographer, help, language);
+  const auto missing = std::count_if(names.begin(), names.end(), [&](const QString& name) {
+    const bool none = !QFile::exists(folder + u'/' + name + u".png"_qs);
+    if (none) std::fprintf(stderr, "the help shows %s, which no window is\n", qPrintable(name));
+    return none;
+  });
+  return missing == 0 ? 0 : 1;
+}
+
 // The scale is the process's own, so this program starts itself once for each.
 int StartForEachScale(const QString& program, const QString& folder) {
   int failed = 0;
@@ -364,22 +416,19 @@ int main(int argc, char** argv) {
   QTemporaryDir place;
   SetSettingsFolder(place.filePath(u"settings"_qs));
   // Without it every window would first show a box, and wait.
-  if (!QFile::copy(QStringLiteral(VORLINA_APP_DIR "/Catalog.db"), place.filePath(u"Catalog.db"_qs))) {
+  if (!QFile::copy(QStringLiteral(VORLINA_DELIVERED "/Catalog.db"), place.filePath(u"Catalog.db"_qs))) {
     std::fprintf(stderr, "there is no %s: build the target \"application\" first\n",
-                 VORLINA_APP_DIR "/Catalog.db");
+                 VORLINA_DELIVERED "/Catalog.db");
     return 1;
   }
   QFile::link(QStringLiteral(VORLINA_APP_DIR "/PubWiz"), place.filePath(u"PubWiz"_qs));
-  QFile::link(QStringLiteral(VORLINA_APP_DIR "/Images"), place.filePath(u"Images"_qs));
+  QFile::link(QStringLiteral(VORLINA_DELIVERED "/Images"), place.filePath(u"Images"_qs));
   SetAppPath(place.path());
-  for (const QString& language : {u"Italian"_qs, u"English"_qs}) {
-    SaveSetting(ApplicationTitle(), u"Generali"_qs, u"Language"_qs, language);
-    SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs, u"VLHTML.HTML"_qs);
-    for (const bool dark : {false, true}) {
-      QApplication::setPalette(Palette(dark));
-      const QString suffix = u"-"_qs + language.left(2).toLower() + (dark ? u"-dark-"_qs : u"-light-"_qs);
-      TakeAll(Photographer(folder, suffix + QString::fromLocal8Bit(argv[2])));
-    }
+  const QString what = QString::fromLocal8Bit(argv[2]);
+  if (argc > 3) {
+    const QString help = argc > 4 ? QString::fromLocal8Bit(argv[4]) : QString();
+    return TakeForHelp(folder, what, QString::fromLocal8Bit(argv[3]), help);
   }
+  TakeLanguages(folder, what);
   return 0;
 }
