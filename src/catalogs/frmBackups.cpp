@@ -69,15 +69,15 @@ void frmBackups::Add(const QDateTime& made, const QString& before, const QString
   item->setData(0, SourceRole, source);
 }
 
-// What holds nothing that could be restored, or cannot be read, is left out.
+// A database alone is among the automatic copies besides; what cannot be read is left out.
 void frmBackups::AddFormer() {
   const QString former = FormerFolder(AppPath());
   try {
     const RestoreOffer offer = ReadOffer(former);
-    const bool pictures = offer.scope == RestoreScope::Everything;
-    Add(QFileInfo(former).lastModified(), Texts::tr("ultimo ripristino"),
-        pictures ? Texts::tr("database, immagini e layout") : Texts::tr("solo il database"),
-        offer.manifest.TotalSize(), QDir::toNativeSeparators(former));
+    if (offer.scope == RestoreScope::Everything)
+      Add(QFileInfo(former).lastModified(), Texts::tr("ultimo ripristino"),
+          Texts::tr("database, immagini e layout"), offer.manifest.TotalSize(),
+          QDir::toNativeSeparators(former));
   } catch (const Error& error) {
     qCDebug(catalogs) << "not offered" << error.Description();
   }

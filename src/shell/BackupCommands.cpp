@@ -127,7 +127,8 @@ bool BackupCommands::AskWithoutPictures(const QString& description) const {
                           BoxStyle::QuestionNoFirst);
 }
 
-// The restore begins when the window has gone, and nothing of its own is on the stack.
+// The restore begins when the window has gone, and nothing of its own is on the stack. Until then nothing
+// else begins, nor does a database that cannot be read tell so once more.
 void BackupCommands::Restore() {
   Attempt([this] {
     CatalogWork::RequireNone();
@@ -137,17 +138,20 @@ void BackupCommands::Restore() {
     connect(
         window, &frmBackups::Chosen, this, [this](const QString& source) { RestoreFrom(source); },
         Qt::QueuedConnection);
+    connect(window, &frmBackups::rejected, this, [this] { atWork_ = false; });
+    atWork_ = true;
     window->show();
   });
 }
 
 void BackupCommands::RestoreFrom(const QString& source) {
+  atWork_ = false;
+  const QScopedValueRollback<bool> atWork(atWork_, true);
   Attempt([&] {
     CatalogWork::RequireNone();
     if (!TheDialogs().Ask(&owner_, RestoreQuestion(source, ReadOffer(source)), BoxStyle::QuestionNoFirst))
       return;
     if (!CloseWindows()) return;
-    const QScopedValueRollback<bool> atWork(atWork_, true);
     TheDialogs().Message(&owner_, Replace(source), BoxStyle::Information);
   });
 }

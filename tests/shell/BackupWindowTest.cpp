@@ -203,8 +203,6 @@ TEST_F(BackupWindow, ADeletedCatalogComesBackByTheListOfCopies) {
     EXPECT_EQ(dialogs_.Left(), 0);
     EXPECT_EQ(List()->count(), answer ? 1 : 0);
   }
-  EXPECT_EQ(Offered()->findChild<QTreeWidget*>()->topLevelItem(0)->text(1), u"last restore"_qs);
-  QTest::keyClick(window_.findChild<frmBackups*>(), Qt::Key_Escape);
 }
 
 // Whatever keeps it from that leaves everything as it was, and usable; nothing else begins in the middle.
@@ -269,4 +267,18 @@ TEST_F(BackupWindow, ARestoreThatDoesNotComeAboutChangesNothing) {
   EXPECT_TRUE(AutomaticBackups().empty());
   Press(u"cmdEdit"_qs);
   EXPECT_EQ(window_.findChildren<frmEditCatalog*>().size(), 1);
+
+  // One that does leaves what was there as the first of what can be restored next.
+  watch.stop();
+  RestoreFile(file, [&] {
+    dialogs_.ExpectQuestion(question, true);
+    dialogs_.ExpectMessage(
+        u"Restored from %1: 7 files\nWhat was there before stays in APP/Before restore until "
+        "the next restore."_qs.arg(file),
+        BoxStyle::Information);
+  });
+  for (const auto* window : window_.findChildren<frmEditCatalog*>()) EXPECT_FALSE(window->isVisible());
+  frmBackups* offered = Offered();
+  EXPECT_EQ(offered->findChild<QTreeWidget*>()->topLevelItem(0)->text(1), u"last restore"_qs);
+  QTest::keyClick(offered, Qt::Key_Escape);
 }
