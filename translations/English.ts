@@ -2337,6 +2337,10 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Impossibile aprire l&apos;aiuto %1: %2</source>
         <translation>Cannot open the help %1: %2</translation>
     </message>
+    <message>
+        <source>Quel che c&apos;è resta comunque in %1.</source>
+        <translation>What is there stays in %1 all the same.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

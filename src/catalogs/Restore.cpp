@@ -147,7 +147,7 @@ RestoreOffer ReadOffer(const QString& source) {
   if (IsArchive(source)) return {RestoreScope::Everything, ReadManifest(source)};
   if (!database.isFile())
     throw Error(Texts::tr("In %1 non c'è nessun database.").arg(QDir::toNativeSeparators(source)));
-  RestoreOffer offer{RestoreScope::DatabaseAlone, {0, {}, database.lastModified(), {}}};
+  RestoreOffer offer{RestoreScope::DatabaseAlone, {0, {}, QFileInfo(source).lastModified(), {}}};
   offer.manifest.files[DatabaseName] = {DatabaseName, database.size(), {}};
   if (!QFileInfo(QDir(source).filePath(u"Images"_qs)).isDir()) return offer;
   offer.scope = RestoreScope::Everything;

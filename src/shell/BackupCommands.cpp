@@ -168,7 +168,8 @@ QString BackupCommands::Replace(const QString& source) {
     const Reopening reopening{database_};
     WidgetProgressBox box(&owner_, Texts::tr("Ripristino di %1").arg(source));
     report = RestoreBackup(source, box.Reporter(), [&](const QString& why) {
-      return TheDialogs().Ask(&box, WithoutCopyQuestion(why), BoxStyle::QuestionNoFirst);
+      const QString stays = Texts::tr("Quel che c'è resta comunque in %1.").arg(FormerFolder(AppPath()));
+      return TheDialogs().Ask(&box, WithoutCopyQuestion(why + u"\r\n"_qs + stays), BoxStyle::QuestionNoFirst);
     });
   }
   return RestoredText(source, report) + MissingText();

@@ -104,8 +104,10 @@ void DatabaseRetry::Reopen() {
   timer_.stop();
   locked_ = false;
   OpenDatabase();
-  OpenCatalogs();
-  AttemptOnDatabase(OnRead);
+  if (connection_.IsOpen()) {
+    OpenCatalogs();
+    AttemptOnDatabase(OnRead);
+  }
   OnRetried();
 }
 
