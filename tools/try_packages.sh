@@ -126,6 +126,8 @@ start_and_close() {
   await 20 ended "$program" || fail "the program does not end; its windows: $(titles)"
   wait "$program" || code=$?
   expect "the program's end ($(cat "$root.program.log"))" "$code" 0
+  # Such as a plug-in that is delivered and cannot be listed.
+  expect "what the program passed over" "$(grep '^vorlina' "$root.program.log" || true)" ""
 }
 
 # -- What is looked at in both
