@@ -149,6 +149,7 @@ publishes() {
   pictures=$(find "$root$site" -name '*.jpg' | wc -l)
   [ -s "$root$site/index.html" ] && [ "$pictures" -gt 30 ] || fail "the site of catalog $1 has $pictures pictures"
 }
+work_in() { (cd "$1" && sha256sum Catalog.db Images/*); }
 sums() { (cd "$1" && find . -type f -exec sha256sum {} + | sort -k 2); }
 
 # -- The Debian package
@@ -233,8 +234,16 @@ try_portable() {
   start_and_close AGAIN "$home/Vorlina"
   batch check >/dev/null
 
-  say "The stick is mounted elsewhere"
+  say "The archive is unpacked once more over the folder in use"
+  local work
   batch clone --catalog 109 >/dev/null
+  batch delete --catalog 110 --yes >/dev/null
+  work=$(work_in "$root$home")
+  as_user tar -xzf - -C "$stick" <"$archive"
+  batch check >/dev/null
+  expect "the user's catalogs and pictures" "$(work_in "$root$home")" "$work"
+
+  say "The stick is mounted elsewhere"
   mount --move "$root$stick" "$root$elsewhere"
   home=$elsewhere/Vorlina
   expect "the folder in use" "$(folder_in_use)" "$home"

@@ -24,20 +24,27 @@ bool IsWritable(const QString& folder) {
   return probe.open();
 }
 
-void CopyMissing(const QString& name) {
+// Where the first catalogs come from. A program that is unpacked and works where it lies has them apart, so
+// that a new version that is unpacked over it replaces no catalog and no picture.
+QString SamplesPath() {
+  const QString apart = DeliveredPath() + u"/Samples"_qs;
+  return QFileInfo::exists(apart) ? apart : DeliveredPath();
+}
+
+void CopyMissing(const QString& from, const QString& name) {
   const QString target = AppFile(name);
   if (QFileInfo::exists(target)) return;
   MakeFolder(QFileInfo(target).path());
-  CopyFileSafely(DeliveredPath() + u'/' + name, target);
+  CopyFileSafely(from + u'/' + name, target);
 }
 
-void CopyMissingBelow(const QString& folder) {
-  const QDir delivered(DeliveredPath());
+void CopyMissingBelow(const QString& from, const QString& folder) {
+  const QDir delivered(from);
   QDirIterator files(delivered.filePath(folder), QDir::Files, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     const QString name = delivered.relativeFilePath(files.next());
     // Libraries are loaded from where they were delivered, so that they are never older than the program.
-    if (!QLibrary::isLibrary(name)) CopyMissing(name);
+    if (!QLibrary::isLibrary(name)) CopyMissing(from, name);
   }
 }
 
@@ -62,10 +69,11 @@ void SetAppPath(const QString& folder) {
 QString AppFile(const QString& name) { return QDir::toNativeSeparators(AppPath() + u'/' + name); }
 
 void PrepareAppPath() {
-  if (QDir(AppPath()) == QDir(DeliveredPath()) || QFileInfo::exists(AppFile(u"Catalog.db"_qs))) return;
-  CopyMissingBelow(u"PubWiz"_qs);
-  CopyMissingBelow(u"Images"_qs);
-  CopyMissing(u"Catalog.db"_qs);
+  const QString samples = SamplesPath();
+  if (QDir(AppPath()) == QDir(samples) || QFileInfo::exists(AppFile(u"Catalog.db"_qs))) return;
+  if (QDir(AppPath()) != QDir(DeliveredPath())) CopyMissingBelow(DeliveredPath(), u"PubWiz"_qs);
+  CopyMissingBelow(samples, u"Images"_qs);
+  CopyMissing(samples, u"Catalog.db"_qs);
 }
 
 }  // namespace vorlina

@@ -168,3 +168,23 @@ TEST(AppPath, IsTheUsersFolderForAnInstalledProgramAlsoWhereItMayWrite) {
   EXPECT_EQ(QDir(AppPath()), QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
   QFile::remove(mark);
 }
+
+TEST(AppPath, SamplesThatLieApartReplaceNothing) {
+  const QDir delivered(DeliveredPath());
+  const auto deliver = [&](const QByteArray& bytes) {
+    for (const QString& name : {u"Samples/Images/1.jpg"_qs, u"Samples/Catalog.db"_qs}) {
+      ASSERT_TRUE(delivered.mkpath(QFileInfo(name).path()));
+      WriteFileSafely(delivered.filePath(name), bytes);
+    }
+    SetAppPath({});
+    PrepareAppPath();
+  };
+  deliver("first");
+  deliver("second");
+  EXPECT_EQ(AppPath(), QDir::toNativeSeparators(delivered.path()));
+  for (const QString& name : {u"Images/1.jpg"_qs, u"Catalog.db"_qs}) {
+    EXPECT_EQ(ContentOf(AppFile(name)), "first") << name.toStdString();
+    QFile::remove(AppFile(name));
+  }
+  QDir(delivered.filePath(u"Samples"_qs)).removeRecursively();
+}
