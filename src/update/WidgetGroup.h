@@ -1,5 +1,6 @@
-// A frame with a title around controls, from which Return reaches the window's button as from any other place: on some
-// desktops Qt's own takes the keys that press buttons for itself, though it has nothing to be pressed.
+// A frame with a title around controls, from which Return reaches the window's button as from any other
+// place: on some desktops Qt's own takes the keys that press buttons for itself, though it has nothing to be
+// pressed.
 #pragma once
 
 #include <QEvent>
