@@ -69,6 +69,7 @@ std::vector<HelpHit> HelpSearch::Find(const QString& text) const {
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& a, const auto& b) { return a.first > b.first; });
   std::vector<HelpHit> hits;
+  hits.reserve(found.size());
   for (auto& [weight, hit] : found) hits.push_back(std::move(hit));
   return hits;
 }
