@@ -2096,9 +2096,9 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>It replaces version %1, which is installed.</translation>
     </message>
     <message>
-        <source>Questi file sono stati modificati, e restano nella cartella &quot;%1&quot; del plug-in:<byte value="xd"/>
+        <source>Questi file sono stati modificati: vengono sostituiti, e come erano restano nella cartella &quot;%1&quot; del plug-in:<byte value="xd"/>
 %2</source>
-        <translation>These files were changed, and stay in the folder &quot;%1&quot; of the plug-in:<byte value="xd"/>
+        <translation>These files were changed: they are replaced, and stay as they were in the folder &quot;%1&quot; of the plug-in:<byte value="xd"/>
 %2</translation>
     </message>
     <message>

@@ -22,9 +22,10 @@ QString QuestionAbout(const PackageManifest& package, const QString& folder) {
       Texts::tr("Installare il plug-in %1, versione %2?").arg(package.identifier, package.version)};
   if (former) lines += Texts::tr("La versione %1, che è installata, viene sostituita.").arg(former->version);
   if (const QStringList kept = FilesToKeep(folder, package); !kept.isEmpty())
-    lines +=
-        Texts::tr("Questi file sono stati modificati, e restano nella cartella \"%1\" del plug-in:\r\n%2")
-            .arg(KeptFolder, FirstLines(kept));
+    lines += Texts::tr(
+                 "Questi file sono stati modificati: vengono sostituiti, e come erano restano nella cartella "
+                 "\"%1\" del plug-in:\r\n%2")
+                 .arg(KeptFolder, FirstLines(kept));
   lines += Texts::tr(
       "Un plug-in è un programma, e può fare tutto ciò che può fare chi lo installa: leggere, cambiare e "
       "cancellare i cataloghi e ogni altro file. Rispondere Sì soltanto se si conosce chi lo ha fatto, e ce "

@@ -16,6 +16,7 @@
 #include <QTreeWidget>
 
 #include "Photographer.h"
+#include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
@@ -26,6 +27,7 @@
 #include "products/frmEditCatalog.h"
 #include "products/frmImages.h"
 #include "products/frmProduct.h"
+#include "publish/PluginPackage.h"
 #include "shell/frmCatalogs.h"
 #include "store/Transaction.h"
 
@@ -194,6 +196,10 @@ void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
     boxes.During(
         u"publish-%1"_qs.arg(row + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, place.path());
   }
+  const QString package = WritePackage(AppFile(u"PubWiz/VLHTML.HTML.so"_qs), QStringLiteral(VORLINA_VERSION),
+                                       AppFile(u"PubWiz/VLHTML.HTML"_qs), place.path());
+  boxes.During(
+      u"package"_qs, [&] { Trigger(catalogs, u"mnuInstallPlugin"_qs); }, package);
   boxes.During(u"skins"_qs,
                [&] { catalogs.findChild<QMenu*>(u"mnuInstallaSkin"_qs)->actions().first()->trigger(); });
 }
