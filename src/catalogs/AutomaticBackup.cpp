@@ -56,7 +56,7 @@ void RemoveOldest(const QString& added) {
 }
 
 QString CopyInto(const QDir& folder, BackupReason reason) {
-  const BackupStaging staging(folder.filePath(DatabaseName));
+  const BackupStaging staging(FreeName(folder, reason));
   CopyDatabase(AppFile(DatabaseName), staging.Database());
   // One after the other: two programs must not take the same name, nor count while the other one removes.
   FolderHold hold;

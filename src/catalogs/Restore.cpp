@@ -69,7 +69,8 @@ BackupManifest Unpack(const QString& file, const QString& staging, const Progres
 // By what it begins with, whatever its name ends in.
 bool IsDatabase(const QString& path) {
   QFile file(path);
-  return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3", 16);
+  return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
+         file.read(16) == QByteArray("SQLite format 3", 16);
 }
 
 bool IsArchive(const QString& source) { return !QFileInfo(source).isDir() && !IsDatabase(source); }
@@ -144,6 +145,9 @@ void Abandon(const QString& folder) {
 
 RestoreOffer ReadOffer(const QString& source) {
   const QFileInfo database(DatabaseIn(source));
+  // Whoever opens a pipe waits for somebody to write into it.
+  if (database.exists() && !database.isFile())
+    throw Error(Texts::tr("Impossibile leggere il file %1").arg(QDir::toNativeSeparators(source)));
   if (IsArchive(source)) return {RestoreScope::Everything, ReadManifest(source)};
   if (!database.isFile())
     throw Error(Texts::tr("In %1 non c'è nessun database.").arg(QDir::toNativeSeparators(source)));

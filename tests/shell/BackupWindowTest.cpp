@@ -12,6 +12,7 @@
 #include <QTreeWidget>
 
 #include "base/Settings.h"
+#include "base/WidgetProgressBox.h"
 #include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
 #include "catalogs/frmBackups.h"
@@ -208,4 +209,11 @@ TEST_F(BackupWindow, ARestoreThatDoesNotComeAboutChangesNothing) {
   QTreeWidget* offered = Offered();
   EXPECT_EQ(offered->topLevelItem(0)->text(1), u"last restore"_qs);
   QTest::keyClick(offered, Qt::Key_Escape);
+}
+
+// Bytes of a backup are soon more than a number of the box can be.
+TEST_F(BackupWindow, TheProgressOfManyBytesShows) {
+  WidgetProgressBox box(&window_, u"x"_qs);
+  EXPECT_TRUE(box.Reporter()(3'000'000'000, 6'000'000'000, {}));
+  EXPECT_NEAR(2.0 * box.value() / box.maximum(), 1, 0.001);
 }
