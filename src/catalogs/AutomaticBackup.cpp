@@ -43,7 +43,7 @@ QString ReasonShown(const QString& name) {
 QString FreeName(const QDir& folder, BackupReason reason) {
   const QString ending = u" before "_qs + QString::fromUtf16(Reasons[int(reason)].name) + u".db"_qs;
   for (QDateTime made = QDateTime::currentDateTime();; made = made.addMSecs(1)) {
-    const QString path = folder.filePath(Beginning + made.toString(DateFormat) + ending);
+    QString path = folder.filePath(Beginning + made.toString(DateFormat) + ending);
     if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink()) return path;
   }
 }

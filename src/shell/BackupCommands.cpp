@@ -28,9 +28,8 @@ namespace {
 // The file to save in; "" when none was chosen. One that only got its ending here has not been asked about.
 QString ChooseTarget(QWidget* owner) {
   const QString name = u"Vorlina %1.zip"_qs.arg(QDate::currentDate().toString(Qt::ISODate));
-  const QString file =
-      TheDialogs().SaveFile(owner, Texts::tr("Salva una copia di sicurezza"),
-                            Texts::tr("Copie di sicurezza|*.zip"), BackupFolder() + u'/' + name);
+  QString file = TheDialogs().SaveFile(owner, Texts::tr("Salva una copia di sicurezza"),
+                                       Texts::tr("Copie di sicurezza|*.zip"), BackupFolder() + u'/' + name);
   if (file.isEmpty() || file.endsWith(u".zip", Qt::CaseInsensitive)) return file;
   const QString whole = file + u".zip"_qs;
   const QString question = Texts::tr("Il file %1 esiste già. Sostituirlo?").arg(whole);
