@@ -96,8 +96,9 @@ TEST_F(Wizard, IsWorkedByKeyboardAlone) {
     names += name;
     QTest::keyClick(wizard_.focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(names.join(u' '),
-            u"txtCatalogName txtCatalogDescription txtValue_0 txtValue_1 txtValue_2 cmdNav_0 cmdNav_3");
+  EXPECT_EQ(
+      names.join(u' '),
+      u"txtCatalogName txtCatalogDescription txtValue_0 txtValue_1 txtValue_2 cmdNav_0 cmdNav_3 cmdNav_4");
   for (const QString& typed : {u"Nome"_qs, u"Colore"_qs, QString()}) {
     QTest::keyClicks(wizard_.focusWidget(), typed);
     QTest::keyClick(wizard_.focusWidget(), Qt::Key_Return);
