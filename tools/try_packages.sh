@@ -107,19 +107,23 @@ press() {
 }
 
 main_window="Vorlina - Catalogs"
-# Windows that may come at a first start besides the main window: the splash, and the tour, which Escape closes.
-tour=""
+tour="Tour"
+help="Vorlina Help"
 
-# start_and_close FIRST|AGAIN PROGRAM: starts the program as the user does, and closes its main window.
+# start_and_close FIRST|AGAIN PROGRAM: starts the program as the user does, with the tour at the first start and nothing
+# but the main window at later ones, looks into the help, and closes the main window.
 start_and_close() {
   local which=$1 code=0
   as_user env DISPLAY="$DISPLAY" "$2" >"$root.program.log" 2>&1 &
   local program=$!
-  await 60 shows "$main_window" || fail "the main window does not come; there are: $(titles)"
-  if [ "$which" = FIRST ] && [ -n "$tour" ]; then
-    await 20 shows "$tour" || fail "the tour does not come; there are: $(titles)"
+  if [ "$which" = FIRST ]; then
+    await 60 shows_only "$tour" || fail "the tour does not come; there are: $(titles)"
     press "$tour" Escape
   fi
+  await 60 shows_only "$main_window" || fail "the main window is not alone; there are: $(titles)"
+  press "$main_window" F1
+  await 60 shows "$help" || fail "the help does not come; there are: $(titles)"
+  press "$help" Escape
   await 20 shows_only "$main_window" || fail "windows that nobody expects: $(titles)"
   # A box that comes only now would keep the window from closing.
   press "$main_window" alt+F4
@@ -139,7 +143,7 @@ folder_in_use() { batch catalogs --json | sed 's/.*"folder":"\([^"]*\)".*/\1/'; 
 libraries_are_there() {
   local missing
   # shellcheck disable=SC2016  # expanded in the root
-  missing=$(in_root sh -c 'ldd "$1/Vorlina" "$1/vorlina-batch"
+  missing=$(in_root sh -c 'ldd "$1/Vorlina" "$1/vorlina-batch" "$1/PluginKit/make_package"
     find "$1" -name "*.so*" -exec env LD_LIBRARY_PATH="$1/lib" ldd {} +' sh "$home" | grep 'not found' || true)
   expect "libraries that are missing" "$missing" ""
 }
