@@ -12,12 +12,11 @@ cd "$(dirname "$0")/.."
 if [ -z "${TRY_PACKAGES_INSIDE:-}" ]; then
   . tools/packages.sh
   install_packages package
-  TRY_PACKAGES_INSIDE=1 exec unshare --mount --pid --fork --kill-child --mount-proc "$0" "$@"
+  TRY_PACKAGES_INSIDE=1 exec unshare --mount --pid --fork --kill-child --mount-proc "$PWD/tools/try_packages.sh" "$@"
 fi
 
 packages=$PWD/build/packages
 place=$PWD/build/try
-mirror=${MIRROR:-http://deb.debian.org/debian}
 user=anna
 mkdir -p "$place/debs"
 
@@ -39,7 +38,7 @@ make_base() {
   [ -e "$place/base.made" ] && return
   say "Making the base of Debian 12"
   rm -rf "$place/base"
-  debootstrap --variant=minbase bookworm "$place/base" "$mirror" >"$place/base.log" ||
+  debootstrap --variant=minbase bookworm "$place/base" ${MIRROR:+"$MIRROR"} >"$place/base.log" ||
     { tail -20 "$place/base.log" >&2; fail "debootstrap"; }
   if [ -n "${CA_CERTIFICATES:-}" ]; then
     install -D -m 644 "$CA_CERTIFICATES" "$place/base/etc/ssl/certs/mirror.crt"
