@@ -260,6 +260,7 @@ try_portable() {
   mount -o remount,ro "$root$elsewhere"
   expect "the folder in use" "$(folder_in_use)" "/home/$user/.local/share/Norsel/Vorlina"
   batch check >/dev/null
+  publishes 111
   start_and_close AGAIN "$home/Vorlina"
   umount "$root$elsewhere"
   remove_root

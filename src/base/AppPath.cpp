@@ -25,10 +25,12 @@ bool IsWritable(const QString& folder) {
 }
 
 // Where the first catalogs come from. A program that is unpacked and works where it lies has them apart, so
-// that a new version that is unpacked over it replaces no catalog and no picture.
+// that a new version that is unpacked over it replaces no catalog and no picture. Where it cannot write by
+// now what it worked with goes on being what the user sees.
 QString SamplesPath() {
   const QString apart = DeliveredPath() + u"/Samples"_qs;
-  return QFileInfo::exists(apart) ? apart : DeliveredPath();
+  const bool hasWorked = QFileInfo::exists(DeliveredPath() + u"/Catalog.db");
+  return QFileInfo::exists(apart) && !hasWorked ? apart : DeliveredPath();
 }
 
 void CopyMissing(const QString& from, const QString& name) {

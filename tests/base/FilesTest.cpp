@@ -182,6 +182,12 @@ TEST(AppPath, SamplesThatLieApartReplaceNothing) {
   deliver("first");
   deliver("second");
   EXPECT_EQ(AppPath(), QDir::toNativeSeparators(delivered.path()));
+  // On a stick that cannot be written any more.
+  const QTemporaryDir user;
+  SetAppPath(user.path());
+  PrepareAppPath();
+  EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "first");
+  SetAppPath(delivered.path());
   for (const QString& name : {u"Images/1.jpg"_qs, u"Catalog.db"_qs}) {
     EXPECT_EQ(ContentOf(AppFile(name)), "first") << name.toStdString();
     QFile::remove(AppFile(name));
