@@ -1,5 +1,6 @@
 #include "products/ProductImages.h"
 
+#include <QFile>
 #include <algorithm>
 
 #include "base/Error.h"
@@ -74,14 +75,14 @@ qint64 ProductImages::Add(const QString& source, const PreparedPicture& picture,
   return image;
 }
 
-// A number whose file another row names is passed over.
+// A number whose file is there is passed over: a copy of the database, which may come back, may name it.
 qint64 ProductImages::NewRow(const QString& code) {
   for (;;) {
     connection_.Execute(u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto) VALUES (?,?)"_qs,
                         {IDCatalogo_, code});
     const qint64 number = connection_.LastInsertId();
     connection_.KeepCounter(u"Immagini"_qs, number);
-    if (IsPictureNameFree(AdditionalImagePath(number), connection_)) return number;
+    if (!QFile::exists(AdditionalImagePath(number))) return number;
     connection_.Execute(u"DELETE FROM Immagini WHERE IDImmagine=?"_qs, {number});
   }
 }

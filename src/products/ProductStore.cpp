@@ -1,5 +1,6 @@
 #include "products/ProductStore.h"
 
+#include <QFile>
 #include <algorithm>
 
 #include "base/Error.h"
@@ -57,10 +58,9 @@ QString ProductStore::NuovoCodice(qint64 above) const {
   return rows.Value(0).toString();
 }
 
-QString ProductStore::FreePictureCode() const {
-  QString code = NuovoCodice();
-  while (!IsPictureNameFree(MainImagePath(IDCatalogo_, code), connection_))
-    code = NuovoCodice(code.toLongLong());
+QString ProductStore::FreePictureCode() {
+  QString code = NuovoCodice(lastTaken_);
+  while (QFile::exists(MainImagePath(IDCatalogo_, code))) code = NuovoCodice(lastTaken_ = code.toLongLong());
   return code;
 }
 
@@ -157,14 +157,14 @@ void ProductStore::Mark(const QString& code, ProductMarks marks) {
   part.Commit();
 }
 
-// A picture that does not lie in "Images", is missing, or whose new name another row uses, keeps its name.
+// A picture that does not lie in "Images", is missing, or whose new name another file has, keeps its name.
 // Also another letter case of the code is the same file on some systems: to give the former name up would be
 // to delete the copy.
 void ProductStore::TakePicturesAlong(qint64 product, const QString& code, Transaction& part) {
   const QString former = NullToEmpty(ValueOf(product, u"Immagine"_qs));
   const QString target = MainImagePath(IDCatalogo_, code);
   if (!IsPictureFile(former) || !PictureFolder().Holds(former) || IsSameFile(former, target) ||
-      !IsPictureNameFree(target, connection_, product))
+      QFile::exists(target))
     return;
   PictureChange pictures(part, connection_);
   pictures.CopyMain(former, target);

@@ -42,9 +42,9 @@ class ProductStore {
   // The smallest free number above the catalog's number of products, as text: codes stay numeric and dense,
   // and no existing code's value is looked at. It is also above the other bound. Throws Error.
   QString NuovoCodice(qint64 above = 0) const;
-  // The same, passing over numbers whose picture another row names: a product may have been given another
-  // code since. Throws Error.
-  QString FreePictureCode() const;
+  // The same, passing over numbers whose picture is there: a product may have been given another code since,
+  // or a copy of the database, which may come back, has the product. Throws Error.
+  QString FreePictureCode();
 
   // Whether another product of the catalog has the code but for letter case, in every script. A new product
   // has no number yet. Throws Error.
@@ -86,6 +86,7 @@ class ProductStore {
 
   int IDCatalogo_;
   Connection& connection_;
+  qint64 lastTaken_ = 0;  // the last number whose picture was there
   Telling tellFaultyExtensions_;
 };
 
