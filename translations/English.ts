@@ -2020,10 +2020,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>It replaces all catalogs with their pictures and layouts, also those that were added later.</translation>
     </message>
     <message>
-        <source>Sostituisce i dati di tutti i cataloghi. Le immagini restano quelle che ci sono: quelle eliminate dopo mancheranno.</source>
-        <translation>It replaces the data of all catalogs. The pictures stay as they are: those that were deleted later will be missing.</translation>
-    </message>
-    <message>
         <source>Copia di sicurezza...</source>
         <translation>Backup...</translation>
     </message>
@@ -2340,6 +2336,26 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Quel che c&apos;è resta comunque in %1.</source>
         <translation>What is there stays in %1 all the same.</translation>
+    </message>
+    <message>
+        <source>Scegliere un&apos;altra copia di sicurezza.</source>
+        <translation>Choose another backup.</translation>
+    </message>
+    <message>
+        <source>Ripristinare una copia di sicurezza.</source>
+        <translation>Restore a backup.</translation>
+    </message>
+    <message>
+        <source>Impossibile ripristinare %1.</source>
+        <translation>%1 cannot be restored.</translation>
+    </message>
+    <message>
+        <source>Sostituisce i dati di tutti i cataloghi. Le immagini restano quelle che ci sono: quelle eliminate dopo mancheranno, e di quelle cambiate dopo si vedranno le nuove.</source>
+        <translation>It replaces the data of all catalogs. The pictures stay as they are: those that were deleted later will be missing, and of those that were changed later the new ones will be seen.</translation>
+    </message>
+    <message>
+        <source>Il database di adesso resta nella cartella %1 fino al prossimo ripristino, e anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.</source>
+        <translation>The present database stays in the folder %1 until the next restore, and also among the automatic copies. The windows of the catalogs will close.</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,7 @@
 #include "base/WaitCursor.h"
 #include "catalogs/BackupManifest.h"
 #include "catalogs/BackupPlace.h"
+#include "images/PictureFolder.h"
 #include "store/CatalogDatabase.h"
 
 namespace vorlina {
@@ -49,15 +50,18 @@ QString FreeName(const QDir& folder, BackupReason reason) {
 }
 
 // The new one stays also where the clock was set back, so that its name is the oldest.
-void RemoveOldest(const QString& added) {
+void RemoveOldest(const QString& added, const QString& spared) {
   std::size_t kept = 1;
   for (const AutomaticBackup& copy : AutomaticBackups())
-    if (copy.file != QDir::toNativeSeparators(added) && ++kept > MostCopies) QFile::remove(copy.file);
+    if (copy.file != QDir::toNativeSeparators(added) && ++kept > MostCopies && !IsSameFile(copy.file, spared))
+      QFile::remove(copy.file);
 }
 
-QString CopyInto(const QDir& folder, BackupReason reason) {
+// An empty or foreign file would only push out a copy that is worth something.
+QString CopyInto(const QDir& folder, BackupReason reason, const QString& spared) {
   const BackupStaging staging(FreeName(folder, reason));
   CopyDatabase(AppFile(DatabaseName), staging.Database());
+  if (!IsOwnDatabase(staging.Database())) return {};
   // One after the other: two programs must not take the same name, nor count while the other one removes.
   FolderHold hold;
   if (!hold.TakeAlone(folder.path(), WaitForOthers))
@@ -65,18 +69,18 @@ QString CopyInto(const QDir& folder, BackupReason reason) {
                     .arg(QDir::toNativeSeparators(folder.path())));
   const QString path = FreeName(folder, reason);
   MoveFileSafely(staging.Database(), path);
-  RemoveOldest(path);
+  RemoveOldest(path, spared);
   return QDir::toNativeSeparators(path);
 }
 
 }  // namespace
 
-QString KeepAutomaticBackup(BackupReason reason) {
+QString KeepAutomaticBackup(BackupReason reason, const QString& spared) {
   if (!QFileInfo::exists(AppFile(DatabaseName))) return {};
   const QDir folder(AppFile(u"Backups"_qs));
   try {
     MakeFolder(folder.path());
-    return CopyInto(folder, reason);
+    return CopyInto(folder, reason, spared);
   } catch (const DiskFullError& full) {
     throw DiskFullError(folder.path(), full.Cause());
   }

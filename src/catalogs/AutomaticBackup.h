@@ -19,10 +19,10 @@ struct AutomaticBackup {
   qint64 size = 0;
 };
 
-// Copies the database of AppPath() and gives the copy's path; "" where there is no database. The oldest
-// copies go once the new one is whole; nothing else in their folder is touched. Nobody here needs to have the
-// database open. Throws Error, with all copies as they were.
-QString KeepAutomaticBackup(BackupReason reason);
+// Copies the database of AppPath() and gives the copy's path; "" where there is none of ours. The oldest
+// copies go once the new one is whole, but for the spared one; nothing else in their folder is touched.
+// Nobody here needs to have the database open. Throws Error, with all copies as they were.
+QString KeepAutomaticBackup(BackupReason reason, const QString& spared = {});
 
 // The same, and where it fails tells why and asks whether to go on without a copy. False where that is not
 // wanted.

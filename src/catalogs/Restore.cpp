@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QStorageInfo>
 #include <algorithm>
+#include <functional>
 
 #include "base/AppPath.h"
 #include "base/FolderHold.h"
@@ -15,6 +16,7 @@
 #include "store/CatalogDatabase.h"
 #include "store/CatalogSchema.h"
 #include "store/Connection.h"
+#include "store/RowErrors.h"
 #include "store/SampleData.h"
 #include "store/Transaction.h"
 
@@ -30,14 +32,16 @@ void TakeFolder(FolderHold& hold, const QString& folder) {
 
 // Before anything is unpacked, and with something to spare: neither a large backup nor one that was made to
 // fill the disk takes the last of it.
-void RequireRoom(const QString& folder, qint64 needed) {
+void RequireRoom(const QString& folder, qint64 needed, const QString& source) {
   constexpr qint64 MostSpared = 1 << 30;
   const qint64 room = QStorageInfo(folder).bytesAvailable();
   const qint64 missing = needed - (room - std::min(room / 10, MostSpared));
   if (missing <= 0) return;
   QString text = Texts::tr("Sul disco non c'è spazio per il ripristino: servono almeno altri %1.")
                      .arg(QLocale().formattedDataSize(missing));
-  if (const QString former = FormerFolder(folder); QFileInfo::exists(former))
+  const QString former = FormerFolder(folder);
+  const QString chosen = QFileInfo(source).canonicalFilePath() + u'/';
+  if (QFileInfo::exists(former) && !chosen.startsWith(QFileInfo(former).canonicalFilePath() + u'/'))
     text += u' ' + Texts::tr(
                        "La cartella %1 contiene quel che c'era prima dell'ultimo ripristino; se non "
                        "serve più, eliminarla.")
@@ -79,7 +83,7 @@ QString DatabaseIn(const QString& source) {
   return QFileInfo(source).isDir() ? QDir(source).filePath(DatabaseName) : source;
 }
 
-// Copies what lies there as files, so that it stays until the restore is done.
+// Copies the files that lie there beside the database, so that they stay until the restore is done.
 void CopyOver(const QString& source, const BackupManifest& manifest, const QString& staging,
               const Progress& progress) {
   const QDir target(staging);
@@ -92,7 +96,16 @@ void CopyOver(const QString& source, const BackupManifest& manifest, const QStri
     if (CopyStagedFile(path, target.filePath(name)) != StagedCopy::Made)
       throw Error(Texts::tr("Impossibile leggere il file %1").arg(QDir::toNativeSeparators(path)));
   }
-  CopyDatabase(DatabaseIn(source), target.filePath(DatabaseName));
+}
+
+// Pictures are named after numbers: none is given twice, also where databases take turns.
+void RaiseCounters(Connection& connection) {
+  QStringList databases{AppFile(DatabaseName)};
+  for (const AutomaticBackup& copy : AutomaticBackups()) databases += copy.file;
+  Transaction transaction(connection);
+  for (const QString& database : databases)
+    for (const auto& [table, number] : CountersOf(database)) connection.KeepCounter(table, number);
+  transaction.Commit();
 }
 
 // Puts one folder in the place of another at the beginning of the stored paths; separators become those of
@@ -124,12 +137,32 @@ void PrepareDatabase(const QString& path, const QString& from, const QString& to
     throw Error(Texts::tr("Il database della copia di sicurezza non è integro: %1").arg(broken.first()));
   RequireOwnSchema(connection);
   if (!from.isEmpty() && from != to) MovePaths(connection, from, to);
+  RaiseCounters(connection);
+}
+
+// What is wrong with it is told of what the user chose, and what to do by whoever restores already.
+void NamingTheSource(const QString& source, const QString& staged, const std::function<void()>& step) {
+  const QString choose = Texts::tr("Scegliere un'altra copia di sicurezza.");
+  try {
+    step();
+  } catch (const DiskFullError&) {
+    throw;
+  } catch (const LockedError&) {
+    throw;
+  } catch (const Error& error) {
+    const QString name = QDir::toNativeSeparators(source);
+    QString why = error.Description();
+    why.replace(QDir::toNativeSeparators(staged), name);
+    for (const QString& advice : {choose, Texts::tr("Ripristinare una copia di sicurezza.")})
+      why.remove(u' ' + advice);
+    throw Error(Texts::tr("Impossibile ripristinare %1.").arg(name) + u' ' + choose + u" ("_qs + why + u')');
+  }
 }
 
 // The last step before the places change: what fails earlier costs no older copy.
-void KeepCopy(const CopyWaiver& waive) {
+void KeepCopy(const QString& source, const CopyWaiver& waive) {
   try {
-    KeepAutomaticBackup(BackupReason::Restore);
+    KeepAutomaticBackup(BackupReason::Restore, source);
   } catch (const Error& error) {
     if (!waive) throw;
     if (!waive(error.Description())) throw Stopped();
@@ -186,14 +219,18 @@ RestoreReport RestoreBackup(const QString& source, const Progress& progress, con
   try {
     RestoreOffer offer = ReadOffer(source);
     MakeFolder(offer.scope == RestoreScope::Everything ? staging + u"/Images"_qs : staging);
-    RequireRoom(folder, offer.manifest.TotalSize());
+    RequireRoom(folder, offer.manifest.TotalSize(), source);
     if (IsArchive(source))
       offer.manifest = Unpack(source, staging, progress);
     else
       CopyOver(source, offer.manifest, staging, progress);
-    PrepareDatabase(QDir(staging).filePath(DatabaseName), offer.manifest.applicationPath, folder);
+    const QString database = QDir(staging).filePath(DatabaseName);
+    NamingTheSource(source, database, [&] {
+      if (!IsArchive(source)) CopyDatabase(DatabaseIn(source), database);
+      PrepareDatabase(database, offer.manifest.applicationPath, folder);
+    });
     SyncVolume(staging);
-    KeepCopy(waive);
+    KeepCopy(source, waive);
     return {offer.scope, offer.manifest, SwapIn(folder, offer.scope == RestoreScope::DatabaseAlone)};
   } catch (const DiskFullError& full) {
     Abandon(folder);

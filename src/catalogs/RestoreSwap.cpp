@@ -54,6 +54,18 @@ void Remove(const QString& path) {
     QDir(path).removeRecursively();
 }
 
+// Whether a former state goes for one that comes: for a database alone no pictures go.
+bool GoesFor(const QString& path, bool withPictures) {
+  return withPictures || !Exists(QDir(path).filePath(u"Images"_qs));
+}
+
+bool HoldsOthers(const QString& path) {
+  QStringList inside =
+      QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  for (const QString& entry : Entries) inside.removeAll(entry);
+  return !inside.isEmpty();
+}
+
 // Removes a former state, and its folder where nothing else lies in it.
 void RemoveFormer(const QString& path) {
   if (QFileInfo(path).isSymLink()) return;
@@ -120,14 +132,12 @@ class Swap {
   }
 
   // The state before the last restore goes only here, once the journal says that this one is complete. What
-  // cannot be removed stays, and does no harm: the former state then keeps its dated name. So does a database
-  // alone, for which no pictures go.
+  // cannot be removed stays, and does no harm: the former state then keeps its dated name.
   void Clear() {
     if (Exists(Kept()) && kept_ != FormerName) {
-      const QStringList folders = QDir(folder_).entryList(QDir::Dirs | QDir::NoSymLinks);
-      for (const QString& name : folders)
-        if (IsDatedName(name) && name != kept_) RemoveOlder(In(folder_, name));
-      RemoveOlder(FormerFolder(folder_));
+      const bool withPictures = Exists(In(Kept(), u"Images"_qs));
+      for (const QString& former : FormerFolders(folder_))
+        if (former != Kept() && GoesFor(former, withPictures)) RemoveFormer(former);
       if (!Exists(FormerFolder(folder_))) QDir(folder_).rename(kept_, FormerName);
     }
     RemoveStaging();
@@ -158,11 +168,6 @@ class Swap {
     return names;
   }
   QString Kept() const { return In(folder_, kept_); }
-
-  void RemoveOlder(const QString& path) {
-    const QString pictures = u"Images"_qs;
-    if (Exists(In(Kept(), pictures)) || !Exists(In(path, pictures))) RemoveFormer(path);
-  }
 
   void WriteJournal(bool completed) {
     WriteFileSafely(JournalPath(),
@@ -206,6 +211,22 @@ QString Completed() { return Texts::tr("Un ripristino interrotto è stato portat
 QString StagingFolder(const QString& folder) { return QDir(folder).filePath(u".restore"_qs); }
 
 QString FormerFolder(const QString& folder) { return QDir(folder).filePath(FormerName); }
+
+QStringList FormerFolders(const QString& folder) {
+  const QDir parent(folder);
+  QStringList folders;
+  for (const QString& name : parent.entryList(QDir::Dirs | QDir::NoSymLinks))
+    if (name == FormerName || IsDatedName(name)) folders += parent.filePath(name);
+  return folders;
+}
+
+QString NextFormerFolder(const QString& folder, bool databaseAlone) {
+  QString former = FormerFolder(folder);
+  const bool withPictures = !databaseAlone && Exists(QDir(folder).filePath(u"Images"_qs));
+  if (QFileInfo(former).isSymLink() || HoldsOthers(former) || !GoesFor(former, withPictures))
+    former += u' ' + QDate::currentDate().toString(Qt::ISODate) + u"..."_qs;
+  return former;
+}
 
 QString SwapIn(const QString& folder, bool databaseAlone) {
   Swap swap(folder);

@@ -14,6 +14,13 @@ QString StagingFolder(const QString& folder);
 // The folder in an application folder that keeps what was there before the last restore.
 QString FormerFolder(const QString& folder);
 
+// The folders that keep what was there before a restore: that one, and those that bear a date since it could
+// not go for them.
+QStringList FormerFolders(const QString& folder);
+
+// Where a restore would put what is there; the time of a dated name is left open.
+QString NextFormerFolder(const QString& folder, bool databaseAlone);
+
 // Changes places: what a restore replaces goes to a dated folder, what lies in the staging folder comes in,
 // and when all of it is in place the dated folder takes the place of that of the restore before. Gives the
 // folder in which the former state lies now; "" where there was none. Throws Error, with everything as it

@@ -7,6 +7,7 @@
 #include <QLoggingCategory>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
@@ -24,6 +25,7 @@ namespace {
 Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
 
 constexpr int SourceRole = Qt::UserRole;
+constexpr int MadeRole = Qt::UserRole + 1;
 constexpr int SizeColumn = 3;
 
 }  // namespace
@@ -45,9 +47,9 @@ frmBackups::~frmBackups() = default;
 
 void frmBackups::LoadForm() {
   ui_->retranslateUi(this);
-  AddFormer();
   for (const AutomaticBackup& copy : AutomaticBackups())
     Add(copy.made, copy.reason, Texts::tr("solo il database"), copy.size, copy.file);
+  for (const QString& former : FormerFolders(AppPath())) AddFormer(former);
   QTreeWidget& list = *ui_->lstBackups;
   const int gap = 2 * fontMetrics().averageCharWidth();
   for (int column = 0; column <= SizeColumn; ++column) {
@@ -63,21 +65,37 @@ void frmBackups::LoadForm() {
 void frmBackups::Add(const QDateTime& made, const QString& before, const QString& holds, qint64 size,
                      const QString& source) {
   const QLocale locale;
-  auto* item = new QTreeWidgetItem(ui_->lstBackups, {locale.toString(made, QLocale::ShortFormat), before,
-                                                     holds, locale.formattedDataSize(size)});
+  // Copies are soon made within one minute.
+  const QString format = locale.dateTimeFormat(QLocale::ShortFormat).replace(u"mm"_qs, u"mm:ss"_qs);
+  auto* item =
+      new QTreeWidgetItem({locale.toString(made, format), before, holds, locale.formattedDataSize(size)});
   item->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
   item->setData(0, SourceRole, source);
+  item->setData(0, MadeRole, made);
+  int newer = 0;
+  const QTreeWidget& list = *ui_->lstBackups;
+  while (newer < list.topLevelItemCount() && list.topLevelItem(newer)->data(0, MadeRole).toDateTime() > made)
+    ++newer;
+  ui_->lstBackups->insertTopLevelItem(newer, item);
 }
 
-// A database alone is among the automatic copies besides; what cannot be read is left out.
-void frmBackups::AddFormer() {
-  const QString former = FormerFolder(AppPath());
+// A database alone is among the automatic copies besides, unless none could be kept; what cannot be read is
+// left out.
+void frmBackups::AddFormer(const QString& former) {
+  const QDateTime made = QFileInfo(former).lastModified();
+  const bool isLast = former == FormerFolder(AppPath());
+  const std::vector<AutomaticBackup> copies = AutomaticBackups();
+  constexpr qint64 AMinute = 60;
+  const bool isKept = std::any_of(copies.begin(), copies.end(), [&](const AutomaticBackup& copy) {
+    return std::abs(copy.made.secsTo(made)) < AMinute;
+  });
   try {
     const RestoreOffer offer = ReadOffer(former);
-    if (offer.scope == RestoreScope::Everything)
-      Add(QFileInfo(former).lastModified(), Texts::tr("ultimo ripristino"),
-          Texts::tr("database, immagini e layout"), offer.manifest.TotalSize(),
-          QDir::toNativeSeparators(former));
+    const bool everything = offer.scope == RestoreScope::Everything;
+    if (everything || !isKept)
+      Add(made, isLast ? Texts::tr("ultimo ripristino") : Texts::tr("ripristino"),
+          everything ? Texts::tr("database, immagini e layout") : Texts::tr("solo il database"),
+          offer.manifest.TotalSize(), QDir::toNativeSeparators(former));
   } catch (const Error& error) {
     qCDebug(catalogs) << "not offered" << error.Description();
   }

@@ -1,5 +1,5 @@
-// The window that offers what can be restored: the automatic copies, what was there before the last restore,
-// and any other backup as a file.
+// The window that offers what can be restored: the automatic copies and what was there before a restore, the
+// newest first, and any other backup as a file.
 #pragma once
 
 #include <QDialog>
@@ -31,7 +31,7 @@ class frmBackups : public QDialog {
  private:
   void Add(const QDateTime& made, const QString& before, const QString& holds, qint64 size,
            const QString& source);
-  void AddFormer();
+  void AddFormer(const QString& former);
   void ChooseFile();
   void ChooseSelected();
   void Choose(const QString& source);

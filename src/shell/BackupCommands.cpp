@@ -53,23 +53,31 @@ QString RestoreQuestion(const QString& source, const RestoreOffer& offer) {
                 "Sostituisce tutti i cataloghi, con le immagini e i layout, anche quelli aggiunti dopo.")
           : Texts::tr(
                 "Sostituisce i dati di tutti i cataloghi. Le immagini restano quelle che ci sono: quelle "
-                "eliminate dopo mancheranno.");
+                "eliminate dopo mancheranno, e di quelle cambiate dopo si vedranno le nuove.");
   const QString stays =
-      Texts::tr(
-          "Quel che c'è ora resta nella cartella %1 fino al prossimo ripristino, e il suo database anche "
-          "tra le copie automatiche. Le finestre dei cataloghi si chiudono.")
-          .arg(FormerFolder(AppPath()));
+      (everything
+           ? Texts::tr(
+                 "Quel che c'è ora resta nella cartella %1 fino al prossimo ripristino, e il suo database "
+                 "anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.")
+           : Texts::tr(
+                 "Il database di adesso resta nella cartella %1 fino al prossimo ripristino, e anche tra le "
+                 "copie automatiche. Le finestre dei cataloghi si chiudono."))
+          .arg(QDir::toNativeSeparators(NextFormerFolder(AppPath(), !everything)));
   return QStringList{what, goes, stays}.join(u"\r\n\r\n"_qs);
 }
 
-// Pictures that rows of the restored database name and that are not there.
+// Pictures that rows of the restored database name and that are not there, or why that cannot be told.
 QString MissingText() {
-  Connection connection;
-  connection.Open(ConnectionTextFor(AppFile(DatabaseName)));
-  const QStringList missing = MissingPicturesIn(connection);
-  return missing.isEmpty() ? QString()
-                           : u"\r\n\r\n"_qs + Texts::tr("Immagini che mancano (%1):").arg(missing.size()) +
-                                 u"\r\n"_qs + ListOfPaths(missing);
+  try {
+    Connection connection;
+    connection.Open(ConnectionTextFor(AppFile(DatabaseName)));
+    const QStringList missing = MissingPicturesIn(connection);
+    return missing.isEmpty() ? QString()
+                             : u"\r\n\r\n"_qs + Texts::tr("Immagini che mancano (%1):").arg(missing.size()) +
+                                   u"\r\n"_qs + ListOfPaths(missing);
+  } catch (const Error& error) {
+    return u"\r\n\r\n"_qs + error.Description();
+  }
 }
 
 }  // namespace
@@ -148,30 +156,28 @@ void BackupCommands::RestoreFrom(const QString& source) {
   const QScopedValueRollback<bool> atWork(atWork_, true);
   Attempt([&] {
     CatalogWork::RequireNone();
-    if (!TheDialogs().Ask(&owner_, RestoreQuestion(source, ReadOffer(source)), BoxStyle::QuestionNoFirst))
-      return;
-    if (!CloseWindows()) return;
-    TheDialogs().Message(&owner_, Replace(source), BoxStyle::Information);
+    const RestoreOffer offer = ReadOffer(source);
+    if (!TheDialogs().Ask(&owner_, RestoreQuestion(source, offer), BoxStyle::QuestionNoFirst)) return;
+    if (CloseWindows()) Replace(source, offer.scope == RestoreScope::DatabaseAlone);
   });
 }
 
-// Whatever comes of it the database is opened again: the former one, or the restored one.
-QString BackupCommands::Replace(const QString& source) {
-  struct Reopening {
-    DatabaseRetry& database;
-    ~Reopening() { database.Reopen(); }
-  };
-  RestoreReport report;
-  {
-    database_.Close();
-    const Reopening reopening{database_};
+// Whatever comes of it the database is opened again: the former one, or the restored one. Why there was no
+// restore is told before anything that comes of that.
+void BackupCommands::Replace(const QString& source, bool databaseAlone) {
+  QString told;
+  database_.Close();
+  Attempt([&] {
+    const QString former = QDir::toNativeSeparators(NextFormerFolder(AppPath(), databaseAlone));
     WidgetProgressBox box(&owner_, Texts::tr("Ripristino di %1").arg(source));
-    report = RestoreBackup(source, box.Reporter(), [&](const QString& why) {
-      const QString stays = Texts::tr("Quel che c'è resta comunque in %1.").arg(FormerFolder(AppPath()));
-      return TheDialogs().Ask(&box, WithoutCopyQuestion(why + u"\r\n"_qs + stays), BoxStyle::QuestionNoFirst);
-    });
-  }
-  return RestoredText(source, report) + MissingText();
+    told = RestoredText(source, RestoreBackup(source, box.Reporter(), [&](const QString& why) {
+                          const QString stays = Texts::tr("Quel che c'è resta comunque in %1.").arg(former);
+                          return TheDialogs().Ask(&box, WithoutCopyQuestion(why + u"\r\n"_qs + stays),
+                                                  BoxStyle::QuestionNoFirst);
+                        }));
+  });
+  database_.Reopen();
+  if (!told.isEmpty()) TheDialogs().Message(&owner_, told + MissingText(), BoxStyle::Information);
 }
 
 }  // namespace vorlina

@@ -34,7 +34,7 @@ class BackupCommands : public QObject {
   void Save(const QString& file, MissingPictures missing);
   bool AskWithoutPictures(const QString& description) const;
   void RestoreFrom(const QString& source);
-  QString Replace(const QString& source);
+  void Replace(const QString& source, bool databaseAlone);
 
   DatabaseRetry& database_;
   QWidget& owner_;

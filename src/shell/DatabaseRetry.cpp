@@ -69,19 +69,26 @@ void DatabaseRetry::WaitForLock() {
 }
 
 void DatabaseRetry::OpenDatabase() {
-  AttemptOnDatabase([this] { OpenCatalogDatabase(connection_, AppFile(u"Catalog.db"_qs)); });
-  if (!locked_) SettleStart();
+  Open();
+  // Later the window is there already, and its list must not wait.
+  if (!locked_) SettleFirstRun();
 }
 
-// At every start: the folder may have been copied or moved since, or laid out anew with settings that are
-// older.
-void DatabaseRetry::SettleStart() {
+void DatabaseRetry::Open() {
+  AttemptOnDatabase([this] { OpenCatalogDatabase(connection_, AppFile(u"Catalog.db"_qs)); });
+  FitPaths();
+}
+
+// At every start: the folder may have been copied or moved since.
+void DatabaseRetry::FitPaths() {
   AttemptOnDatabase([this] {
     if (connection_.IsOpen()) FitPicturePaths(connection_);
   });
+}
+
+void DatabaseRetry::SettleFirstRun() {
   const QString title = ApplicationTitle();
-  // By a retry the window is there already, and its list must not wait.
-  if (retrying_ || GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) != u"True") return;
+  if (GetSetting(title, u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs) != u"True") return;
   Attempt([this] {
     if (OnFirstRun) OnFirstRun();
   });
@@ -103,7 +110,7 @@ void DatabaseRetry::Close() {
 void DatabaseRetry::Reopen() {
   timer_.stop();
   locked_ = false;
-  OpenDatabase();
+  Open();
   if (connection_.IsOpen()) {
     OpenCatalogs();
     AttemptOnDatabase(OnRead);
@@ -117,9 +124,9 @@ void DatabaseRetry::Retry() {
   const QScopedValueRollback<bool> retrying(retrying_, true);
   locked_ = false;
   if (!connection_.IsOpen())
-    OpenDatabase();
+    Open();
   else if (!rsCataloghi_.IsOpen())
-    SettleStart();
+    FitPaths();
   if (!rsCataloghi_.IsOpen()) OpenCatalogs();
   AttemptOnDatabase(OnRead);
   OnRetried();

@@ -45,7 +45,9 @@ class DatabaseRetry : public QObject {
 
  private:
   void AttemptOnDatabase(const Step& step);
-  void SettleStart();
+  void Open();
+  void FitPaths();
+  void SettleFirstRun();
   void WaitForLock();
   void Retry();
 

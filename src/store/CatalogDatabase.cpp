@@ -279,6 +279,26 @@ void CopyDatabase(const QString& source, const QString& path) {
   });
 }
 
+bool IsOwnDatabase(const QString& path) {
+  const std::optional<Header> header = HeaderAsItLies(path);
+  return header && header->applicationId == ApplicationId;
+}
+
+std::map<QString, qint64> CountersOf(const QString& path) {
+  std::map<QString, qint64> counters;
+  try {
+    SQLite::Database database(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE);
+    // What damage makes of a number would leave none for the next rows.
+    SQLite::Statement rows =
+        Prepare(database, u"SELECT name,seq FROM sqlite_sequence WHERE seq BETWEEN 1 AND 1000000000"_qs);
+    while (rows.executeStep())
+      counters[QString::fromUtf8(rows.getColumn(0).getText())] = rows.getColumn(1).getInt64();
+  } catch (const SQLite::Exception& failure) {
+    qCDebug(StoreLog) << "no counters of" << path << failure.what();
+  }
+  return counters;
+}
+
 bool IsDatabaseLocked(const QString& path) {
   try {
     SQLite::Database database(path.toUtf8().toStdString(), SQLite::OPEN_READWRITE);

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <map>
 #include <vector>
 
 namespace vorlina {
@@ -37,6 +38,13 @@ void BackupDatabase(Connection& connection, const QString& path);
 // The same for a database that nobody here has opened, also one of another folder, in little more time than
 // its bytes take: what is checked of the copy is what fits into the moment that opening it takes.
 void CopyDatabase(const QString& source, const QString& path);
+
+// Whether a database that nobody has open bears the program's mark.
+bool IsOwnDatabase(const QString& path);
+
+// The highest number that a row of each table was ever given, in a database that nobody here has opened; none
+// where it cannot be read.
+std::map<QString, qint64> CountersOf(const QString& path);
 
 // Whether somebody is changing the database at this moment. A file that is no database is not locked.
 bool IsDatabaseLocked(const QString& path);

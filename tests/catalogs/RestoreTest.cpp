@@ -156,7 +156,9 @@ TEST_F(RestoreTest, WhatIsNotWholeOrNotBuiltLikeOursIsRefused) {
       {u"does not belong"_qs, fit(put(u"PubWiz/Evil.so"_qs, "a program"))},
       {u"no room"_qs, bomb(qint64(1) << 50)},
       {u"not whole"_qs, bomb(4'000'000)},
-      {u"damaged"_qs, fit(put(DatabaseName, damaged))},
+      {file_ + u" cannot be restored. Choose another backup. (The file "_qs + file_ +
+           u" cannot be used: it is damaged. ("_qs,
+       fit(put(DatabaseName, damaged))},
       {u"(Immagini)"_qs, sql(u"PRAGMA foreign_keys=OFF; DROP TABLE Immagini"_qs)},
       {u"(OnlyOne)"_qs, sql(u"CREATE UNIQUE INDEX OnlyOne ON Prodotti (CodiceProdotto, Pubblica)"_qs)},
       {u"(Extensions)"_qs, sql(u"ALTER TABLE Extensions RENAME COLUMN C TO D"_qs)},
@@ -267,9 +269,14 @@ TEST_F(RestoreTest, ADatabaseAloneAndWhatWasThereBeforeComeBack) {
   EXPECT_EQ(Restore(), QString());
   const QString former = FormerFolder(folder_.path());
   const QString copy = AutomaticBackups().at(0).file;
-  EXPECT_EQ(RestoreBackup(copy).scope, RestoreScope::DatabaseAlone);
+  connection_.Open(ConnectionTextFor(Path()));
+  EXPECT_EQ(AddCatalog(u"later"_qs), 110);
+  connection_.Close();
+  EXPECT_EQ(RestoreBackup(copy).former.section(u'-', 0, 0),
+            NextFormerFolder(folder_.path(), true).section(u'-', 0, 0));
   connection_.Open(ConnectionTextFor(Path()));
   EXPECT_EQ(One(u"NomeCatalogo"_qs, u"Cataloghi"_qs), u"old"_qs);
+  EXPECT_EQ(AddCatalog(u"another"_qs), 111) << "its pictures would be those of the one that may come back";
   EXPECT_EQ(MissingPicturesIn(connection_).size(), 2);
   connection_.Close();
   EXPECT_TRUE(PictureNames().contains(u"109-È 3.jpg"));
@@ -286,7 +293,10 @@ TEST_F(RestoreTest, WithoutACopyOfTheFormerDatabaseTheUserDecides) {
   EXPECT_THROW(RestoreBackup(file_, {}, [](const QString&) { return false; }), Stopped);
   QFile::remove(AppFile(u"Backups"_qs));
   EXPECT_EQ(State(), u"old"_qs);
-  // One that cannot be read is what a restore is for.
+  // An empty one is not worth a copy, and one that cannot be read is what a restore is for.
+  WriteFileSafely(Path(), "");
+  EXPECT_EQ(Restore(), QString());
+  EXPECT_TRUE(AutomaticBackups().empty());
   WriteFileSafely(Path(), QByteArray(5000, 'x'));
   RestoreBackup(file_, {}, [](const QString& why) { return why.contains(u"damaged"); });
   EXPECT_EQ(State(), u"new"_qs);
@@ -311,6 +321,10 @@ TEST_F(RestoreTest, TenAutomaticCopiesStayWhateverHappensMeanwhile) {
   };
   ASSERT_EQ(keep(), QString());
   EXPECT_EQ(AutomaticBackups().back().reason, u"deletion of a catalog"_qs) << "the new one stays";
+  isWhole(10);
+  KeepAutomaticBackup(BackupReason::Restore, AutomaticBackups().back().file);
+  isWhole(11);  // with the one that is being restored
+  ASSERT_EQ(keep(), QString());
   isWhole(10);
 
   // What fails costs no older one.

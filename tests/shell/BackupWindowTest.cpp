@@ -70,11 +70,12 @@ class BackupWindow : public CatalogFixture {
     EXPECT_EQ(window_.findChild<frmBackups*>(), nullptr);
     EXPECT_EQ(dialogs_.Left(), 0);
   }
-  // Restores the backup, which is asked first; what comes of it is told.
-  void RestoreFile(const QString& told, BoxStyle style) {
+  // Restores the backup, which is asked first; what comes of it is told, and then what that leads to.
+  void RestoreFile(const QString& told, BoxStyle style, const QString& then = {}) {
     dialogs_.ExpectFile(file_);
     dialogs_.ExpectQuestion(u"Restore %1 (7 files)?"_qs.arg(file_), true);
-    if (!told.isEmpty()) dialogs_.ExpectMessage(told, style);
+    for (const QString& text : {told, then})
+      if (!text.isEmpty()) dialogs_.ExpectMessage(text, style);
     Offered()->window()->findChild<QPushButton*>(u"cmdFile"_qs)->click();
     Settle();
   }
@@ -159,6 +160,10 @@ TEST_F(BackupWindow, ADeletedCatalogComesBackByTheListOfCopies) {
     EXPECT_EQ(List()->count(), kept ? 0 : 1);
     QFile::remove(AppFile(u"Backups"_qs));
   }
+  auto* cancel = Offered()->window()->findChild<QPushButton*>(u"cmdCancel"_qs);
+  cancel->setFocus();
+  QTest::keyClick(cancel, Qt::Key_Return);
+  Settle();
   for (const bool answer : {false, true}) {
     QTreeWidget* list = Offered();
     EXPECT_EQ(list->topLevelItemCount(), 1);
@@ -181,9 +186,14 @@ TEST_F(BackupWindow, ARestoreThatDoesNotComeAboutChangesNothing) {
   RestoreFile(u"refused. Press Esc to give up the change."_qs, BoxStyle::Stop);
   EXPECT_TRUE(grid->isVisible());
   connection_.Execute(u"DROP TRIGGER Refuse"_qs);
-  RestoreFile(u"Error: The catalogs in APP are open in another program. Close it and try again."_qs,
-              BoxStyle::Stop);
+  const QString open = u"Error: The catalogs in APP are open in another program. Close it and try again."_qs;
+  RestoreFile(open, BoxStyle::Stop);
   EXPECT_TRUE(window_.cnnCatalog.IsOpen());
+  QFile::rename(Path(), Path() + u'x');
+  RestoreFile(open, BoxStyle::Stop,
+              u"Error: The database APP/Catalog.db does not exist. Restore a backup or install the program "
+              "again."_qs);
+  QFile::rename(Path() + u'x', Path());
   connection_.Close();
 
   QTimer watch;
@@ -204,10 +214,20 @@ TEST_F(BackupWindow, ARestoreThatDoesNotComeAboutChangesNothing) {
 
   // One that does leaves what was there as the first of what can be restored next.
   watch.stop();
+  SaveSetting(ApplicationTitle(), u"Riservati"_qs, u"FirstRun"_qs, u"True"_qs);
+  window_.OnFirstRun = [] { ADD_FAILURE() << "the start is over"; };
   RestoreFile(u"Restored from %1: 7 files"_qs.arg(file_), BoxStyle::Information);
   for (const auto* window : window_.findChildren<frmEditCatalog*>()) EXPECT_FALSE(window->isVisible());
   QTreeWidget* offered = Offered();
   EXPECT_EQ(offered->topLevelItem(0)->text(1), u"last restore"_qs);
+  QTest::keyClick(offered, Qt::Key_Down);
+  dialogs_.ExpectQuestion(u"Restore the database APP/Backups/before restore.db?"_qs, true);
+  dialogs_.ExpectMessage(u"Restored the database APP/Backups/before restore.db"_qs, BoxStyle::Information);
+  QTest::keyClick(offered, Qt::Key_Return);
+  Settle();
+  offered = Offered();
+  EXPECT_EQ(offered->topLevelItem(0)->text(1), u"restore"_qs) << "the newest one is the first";
+  EXPECT_EQ(offered->topLevelItem(1)->text(1), u"last restore"_qs) << "with the pictures";
   QTest::keyClick(offered, Qt::Key_Escape);
 }
 
