@@ -66,7 +66,8 @@ void frmBackups::Add(const QDateTime& made, const QString& before, const QString
                      const QString& source) {
   const QLocale locale;
   // Copies are soon made within one minute.
-  const QString format = locale.dateTimeFormat(QLocale::ShortFormat).replace(u"mm"_qs, u"mm:ss"_qs);
+  QString format = locale.dateTimeFormat(QLocale::ShortFormat);
+  if (!format.contains(u's')) format.replace(u"mm"_qs, u"mm:ss"_qs);
   auto* item =
       new QTreeWidgetItem({locale.toString(made, format), before, holds, locale.formattedDataSize(size)});
   item->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
