@@ -10,7 +10,9 @@ namespace {
 
 Q_LOGGING_CATEGORY(update, "vorlina.update", QtInfoMsg)
 
-constexpr int Patience = 60000;  // milliseconds, in which a person finds the box that unlocks
+constexpr int Patience = 5000;  // milliseconds, in which a keyring that is open answers
+
+const QString ToForget = u"ScordaPassword"_qs;  // "1": the keyring still has to lose what it keeps
 
 PasswordStore* installed = nullptr;
 
@@ -18,6 +20,19 @@ QString InSettings() { return GetSetting(ApplicationTitle(), u"Aggiornamento"_qs
 
 void SaveInSettings(const QString& password) {
   SaveSetting(ApplicationTitle(), u"Aggiornamento"_qs, u"Password"_qs, password);
+}
+
+bool IsToForget() { return GetSetting(ApplicationTitle(), u"Aggiornamento"_qs, ToForget, u"0"_qs) == u"1"; }
+
+void SetToForget(bool forget) {
+  if (forget != IsToForget())
+    SaveSetting(ApplicationTitle(), u"Aggiornamento"_qs, ToForget, forget ? u"1"_qs : u"0"_qs);
+}
+
+// What the keyring has not taken.
+void KeepInSettings(const QString& password) {
+  SetToForget(password.isEmpty());
+  SaveInSettings(password);
 }
 
 }  // namespace
@@ -31,6 +46,10 @@ PasswordStore::PasswordStore(PasswordKeeper* keyring) : keyring_(keyring) {
 void PasswordStore::Read(QObject* receiver, const std::function<void(std::optional<QString>)>& done) {
   const QString stored = waiting_.value_or(InSettings());
   if (waiting_ || !stored.isEmpty() || keyring_ == nullptr) return done(stored);
+  if (IsToForget()) {
+    Save({});
+    return done(stored);
+  }
   keyring_->Read([this, to = QPointer(receiver), done](const std::optional<QString>& password) {
     known_ = password;
     if (!to.isNull()) done(password);
@@ -55,16 +74,19 @@ void PasswordStore::Written(const QString& password, bool kept) {
   known_.reset();
   if (waiting_ != password) return WriteNext();
   patience_.stop();
-  if (kept)
-    known_ = password;
-  else
-    qCInfo(update) << "the keyring did not take the password: it is in the settings";
+  if (!kept) {
+    qCInfo(update) << "the keyring did not take the password: it goes into the settings";
+    KeepInSettings(password);
+    return waiting_.reset();
+  }
+  known_ = password;
   waiting_.reset();
-  SaveInSettings(kept ? QString() : password);
+  SetToForget(false);
+  SaveInSettings({});
 }
 
 void PasswordStore::Flush() const {
-  if (waiting_) SaveInSettings(*waiting_);
+  if (waiting_) KeepInSettings(*waiting_);
 }
 
 PasswordStore& ThePasswordStore() {

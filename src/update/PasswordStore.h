@@ -30,9 +30,11 @@ class PasswordStore {
   // keyring. Nothing where the keyring does not tell.
   void Read(QObject* receiver, const std::function<void(std::optional<QString>)>& done);
   // Keeps the password. It leaves the settings once the keyring has it, and goes there where the keyring does
-  // not take it. Throws Error where it cannot be stored.
+  // not take it. One that it does not remove is removed at a later start. Throws Error where it cannot be
+  // stored.
   void Save(const QString& password);
-  // What is still on its way goes into the settings: the program ends. Throws Error.
+  // What is still on its way goes into the settings: the program ends, or the keyring takes long. Throws
+  // Error.
   void Flush() const;
 
  private:

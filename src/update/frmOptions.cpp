@@ -35,16 +35,38 @@ constexpr std::array<Option, 9> Options{{
 
 const QString Section = u"Aggiornamento"_qs;
 
-// The volumes that a person takes for drives: those of a device or a network, once each.
+#ifdef Q_OS_LINUX
+// As the system writes it in its list.
+QString PathFrom(const QByteArray& text) {
+  QByteArray path = text;
+  path.replace("\\040", " ").replace("\\011", "\t").replace("\\012", "\n").replace("\\134", "\\");
+  return QFile::decodeName(path);
+}
+
+// The volumes that a person takes for drives: those of a device or a network, once each. The network's are
+// asked nothing: one that is gone would hold the window up for minutes.
 QStringList Drives() {
   QStringList drives;
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-    const QString root = QDir::toNativeSeparators(volume.rootPath());
-    const bool real = volume.isRoot() || volume.device().contains('/') || volume.device().contains(':');
-    if (real && volume.isReady() && QFileInfo(root).isDir() && !drives.contains(root)) drives += root;
+  QFile mounts(u"/proc/self/mounts"_qs);
+  mounts.open(QIODevice::ReadOnly);
+  for (const QByteArray& line : mounts.readAll().split('\n')) {
+    const QList<QByteArray> fields = line.split(' ');
+    if (fields.size() < 3 || fields[2] == "autofs") continue;
+    const QString root = PathFrom(fields[1]);
+    const bool network = fields[0].contains(':') || fields[0].startsWith("//");
+    const bool device = fields[0].contains('/') || root == u"/";
+    if ((network || (device && QFileInfo(root).isDir())) && !drives.contains(root)) drives += root;
   }
   return drives;
 }
+#else
+QStringList Drives() {
+  QStringList drives;
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes())
+    if (volume.isReady()) drives += QDir::toNativeSeparators(volume.rootPath());
+  return drives;
+}
+#endif
 
 // What is stored shows also where the list does not have it.
 void ShowStored(QComboBox& combo, const QString& text) {

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "base/Error.h"
 #include "base/Settings.h"
 #include "support/Language.h"
 #include "support/ScriptedDialogs.h"
@@ -164,4 +165,27 @@ TEST_F(Options, WhatIsOnItsWayToTheKeyringIsNotLost) {
   EXPECT_EQ(Stored(u"Password"_qs), u"second"_qs);
   keyring_.write(true);
   EXPECT_EQ(Stored(u"Password"_qs), QString());
+  store_.Save(u"third"_qs);
+  SetSettingsFolder(u"/dev/null"_qs);
+  EXPECT_THROW(keyring_.write(false), Error);
+  SetSettingsFolder(folder_.path());
+  store_.Flush();
+  EXPECT_EQ(Stored(u"Password"_qs), u"third"_qs);
+}
+
+TEST_F(Options, APasswordThatIsRemovedDoesNotComeBack) {
+  Store(u"Password"_qs, u"old"_qs);
+  store_.Save({});
+  keyring_.write(false);
+  PasswordStore later(&keyring_);
+  QString shown = u"?"_qs;
+  QObject receiver;
+  const auto show = [&](const std::optional<QString>& password) { shown = password.value_or(u"?"_qs); };
+  later.Read(&receiver, show);
+  EXPECT_EQ(shown, QString());
+  EXPECT_EQ(keyring_.written.size(), 2) << "asked once more";
+  keyring_.write(true);
+  later.Read(&receiver, show);
+  keyring_.read(u"new"_qs);
+  EXPECT_EQ(shown, u"new"_qs);
 }
