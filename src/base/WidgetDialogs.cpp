@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -12,6 +11,7 @@
 #include "base/Settings.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetHeldKeys.h"
 
 namespace vorlina {
 namespace {
@@ -31,14 +31,6 @@ QMessageBox::Icon IconOf(BoxStyle style) {
   return QMessageBox::NoIcon;
 }
 
-// A key that is still held from before is no answer.
-class HeldKeys : public QObject {
- public:
-  bool eventFilter(QObject*, QEvent* event) override {
-    return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
-  }
-};
-
 // The buttons' words follow the program's language, which need not be the desktop's.
 QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle style, const QString& title,
                                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton initial,
@@ -56,9 +48,7 @@ QMessageBox::StandardButton Show(QWidget* owner, const QString& text, BoxStyle s
       found->setText(word);
   // Escape and the box's own end push it all the same.
   if (QAbstractButton* unseen = box.button(hidden)) unseen->hide();
-  HeldKeys held;
-  box.installEventFilter(&held);
-  for (QAbstractButton* button : box.buttons()) button->installEventFilter(&held);
+  IgnoreHeldKeys(box);
   const PlainCursor plain;
   box.exec();
   return box.standardButton(box.clickedButton());

@@ -3,6 +3,7 @@
 #include <QShortcut>
 
 #include "base/Texts.h"
+#include "base/WidgetHeldKeys.h"
 #include "base/WidgetPlace.h"
 #include "support/Language.h"
 #include "ui_frmTour.h"
@@ -22,6 +23,8 @@ frmTour::frmTour(QWidget* parent) : QDialog(parent), ui_(new Ui::frmTour) {
                                                    {Qt::Key_Right, ui_->cmdNext}};
   for (const auto& [key, button] : keys)
     connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+  // The first start shows it behind a splash that a key closes.
+  IgnoreHeldKeys(*this);
 }
 
 frmTour::~frmTour() = default;
