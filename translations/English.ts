@@ -2354,6 +2354,26 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>It replaces the data of all catalogs. The pictures stay as they are: those that were deleted later will be missing, and of those that were changed later the new ones will be seen.</translation>
     </message>
     <message>
+        <source>L&apos;installazione del plug-in %1 è stata interrotta e non può essere completata. Cancellare la cartella %2 e installarlo di nuovo.</source>
+        <translation>The installation of the plug-in %1 was interrupted and cannot be completed. Delete the folder %2 and install the plug-in again.</translation>
+    </message>
+    <message>
+        <source>%1 è nascosto, o un collegamento: un pacchetto contiene soltanto file veri</source>
+        <translation>%1 is hidden or a link: a package holds real files only</translation>
+    </message>
+    <message>
+        <source>Prende il posto di quello che è stato installato insieme al programma.</source>
+        <translation>It takes the place of the one that came with the program.</translation>
+    </message>
+    <message>
+        <source>È già installato il plug-in %1, il cui nome differisce da %2 soltanto per maiuscole e minuscole. Procurarsi un pacchetto con lo stesso nome.</source>
+        <translation>The plug-in %1 is installed already. Its name and %2 differ in upper and lower case alone. Obtain a package with the same name.</translation>
+    </message>
+    <message>
+        <source>Non si trova un programma di posta elettronica. L&apos;indirizzo è %1</source>
+        <translation>There is no e-mail program. The address is %1</translation>
+    </message>
+    <message>
         <source>Il database di adesso resta nella cartella %1 fino al prossimo ripristino, e anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.</source>
         <translation>The present database stays in the folder %1 until the next restore, and also among the automatic copies. The windows of the catalogs will close.</translation>
     </message>

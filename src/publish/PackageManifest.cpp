@@ -41,7 +41,7 @@ PackagedFile FileFrom(const QJsonObject& object, const QString& identifier) {
                     object.value(u"sha256"_qs).toString().toLatin1()};
   const bool good = IsNameOfPlugin(file.name, identifier) && file.size >= 0 &&
                     Matches(QString::fromLatin1(file.hash), u"[0-9a-f]{64}"_qs);
-  if (!good) Refuse(u"manifest.json: "_qs + file.name);
+  if (!good) Refuse(u"manifest.json: "_qs + file.name.left(100).simplified());
   return file;
 }
 
@@ -96,7 +96,8 @@ PackageManifest ManifestFrom(const QByteArray& json) {
   PackageManifest manifest{text(u"identifier"_qs), text(u"version"_qs),  text(u"interface"_qs),
                            text(u"qt"_qs),         text(u"platform"_qs), {}};
   if (!IsIdentifier(manifest.identifier))
-    throw Error(Texts::tr("\"%1\" non è il nome di un plug-in").arg(manifest.identifier.left(100)));
+    throw Error(
+        Texts::tr("\"%1\" non è il nome di un plug-in").arg(manifest.identifier.left(100).simplified()));
   if (!Matches(manifest.version, u"[A-Za-z0-9.+-]{1,40}"_qs)) Refuse(u"manifest.json: version"_qs);
   for (const QJsonValue& file : object.value(u"files"_qs).toArray())
     manifest.files.push_back(FileFrom(file.toObject(), manifest.identifier));
@@ -108,19 +109,19 @@ PackageManifest ManifestFrom(const QByteArray& json) {
 void RequireUsable(const PackageManifest& manifest) {
   if (manifest.platform != OwnPlatform())
     throw Error(Texts::tr("Il plug-in è fatto per un altro tipo di computer (%1): qui ne serve uno per %2")
-                    .arg(manifest.platform.left(100), OwnPlatform()));
+                    .arg(manifest.platform.left(100).simplified(), OwnPlatform()));
   if (manifest.interface != QStringLiteral(VORLINA_PLUGIN_IID))
     throw Error(
         Texts::tr("Il plug-in è fatto per un'altra versione di Vorlina (%1). Procurarsene una versione "
                   "adatta.")
-            .arg(manifest.interface.left(100)));
+            .arg(manifest.interface.left(100).simplified()));
   const QVersionNumber own = QLibraryInfo::version();
   const QVersionNumber qt = QVersionNumber::fromString(manifest.qt);
   if (qt.majorVersion() != own.majorVersion() || qt.minorVersion() > own.minorVersion())
     throw Error(
         Texts::tr("Il plug-in è fatto con Qt %1, e questo programma ha Qt %2. Procurarsene una versione "
                   "adatta.")
-            .arg(manifest.qt.left(20), own.toString()));
+            .arg(manifest.qt.left(20).simplified(), own.toString()));
 }
 
 }  // namespace vorlina

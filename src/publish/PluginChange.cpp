@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
+#include "base/AppPath.h"
 #include "base/Error.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
@@ -39,13 +40,23 @@ std::optional<PackageManifest> ReadRecord(const QString& path, const QString& id
   return {};
 }
 
+// As it came with the program, from another folder.
+bool IsAsDelivered(const QString& path, const QString& name) {
+  const QFileInfo delivered(DeliveredPlugin(name));
+  return delivered.isFile() && delivered.canonicalFilePath() != QFileInfo(path).canonicalFilePath() &&
+         !HashOf(path).isEmpty() && HashOf(path) == HashOf(delivered.filePath());
+}
+
 // A library is nobody's own work, whatever it holds.
 bool IsSomebodysWork(const QString& path, const QString& name, const QString& identifier,
                      const QByteArray& expected) {
-  return name != LibraryOfPlugin(identifier) && QFileInfo::exists(path) && HashOf(path) != expected;
+  return name != LibraryOfPlugin(identifier) && QFileInfo::exists(path) && HashOf(path) != expected &&
+         !IsAsDelivered(path, name);
 }
 
 }  // namespace
+
+QString DeliveredPlugin(const QString& name) { return DeliveredPath() + u"/PubWiz/"_qs + name; }
 
 std::optional<PackageManifest> InstalledPackage(const QString& folder, const QString& identifier) {
   return ReadRecord(RecordOf(QDir(folder), identifier), identifier);
@@ -92,19 +103,35 @@ QString PluginChange::Record() const { return RecordOf(folder_, identifier_); }
 void PluginChange::Resume() {
   const bool replaces = QFileInfo::exists(Hidden(Ready, Manifest));
   const bool removes = !QFileInfo::exists(Hidden(Ready)) && QFileInfo::exists(Hidden(Old));
+  if (replaces) ReadyPackage();  // Where it cannot be read, what is installed stays.
   if (replaces || removes) TakeOut();
   if (replaces) PutIn();
   Complete();
 }
 
-void PluginChange::Stage(const QString& package) {
-  const QString fresh = Hidden(New);
-  MakeFolder(fresh + u"/files"_qs);
-  const PackageManifest manifest = UnpackPackage(package, fresh + u"/files"_qs);
-  WriteStagedFile(Hidden(New, Manifest),
-                  [json = JsonOf(manifest)](QIODevice& device) { return device.write(json) == json.size(); });
-  SyncVolume(fresh);
-  MoveFileSafely(fresh, Hidden(Ready));
+PackageManifest PluginChange::ReadyPackage() const {
+  if (std::optional<PackageManifest> manifest = ReadRecord(Hidden(Ready, Manifest), identifier_))
+    return *std::move(manifest);
+  throw Error(Texts::tr("L'installazione del plug-in %1 è stata interrotta e non può essere completata. "
+                        "Cancellare la cartella %2 e installarlo di nuovo.")
+                  .arg(identifier_, QDir::toNativeSeparators(Hidden(Ready))));
+}
+
+void PluginChange::Stage(const QString& package, const PackageManifest& verified) {
+  try {
+    const QString fresh = Hidden(New);
+    MakeFolder(fresh + u"/files"_qs);
+    const QByteArray json = JsonOf(UnpackPackage(package, fresh + u"/files"_qs));
+    if (json != JsonOf(verified))
+      throw Error(Texts::tr("Il file \"%1\" è cambiato mentre veniva letto. Riprovare.")
+                      .arg(QDir::toNativeSeparators(package)));
+    WriteStagedFile(Hidden(New, Manifest),
+                    [&](QIODevice& device) { return device.write(json) == json.size(); });
+    SyncVolume(fresh);
+    MoveFileSafely(fresh, Hidden(Ready));
+  } catch (const DiskFullError& full) {
+    throw DiskFullError(folder_.path(), full.Cause());
+  }
 }
 
 bool PluginChange::TakeOut() {
@@ -116,8 +143,7 @@ bool PluginChange::TakeOut() {
 }
 
 void PluginChange::PutIn() {
-  const PackageManifest manifest =
-      ReadRecord(Hidden(Ready, Manifest), identifier_).value_or(PackageManifest());
+  const PackageManifest manifest = ReadyPackage();
   for (const PackagedFile& file : manifest.files) {
     const QString source = Hidden(Ready, u"files/"_qs + file.name);
     if (!QFileInfo::exists(source)) continue;  // an interrupted change has put it in its place

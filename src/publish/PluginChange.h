@@ -16,11 +16,14 @@
 
 namespace vorlina {
 
+// The path that a plug-in's file has where it came with the program.
+QString DeliveredPlugin(const QString& name);
+
 // The manifest of an installed package; nothing where none of this identifier is installed.
 std::optional<PackageManifest> InstalledPackage(const QString& folder, const QString& identifier);
 
-// The names of the files that a package would replace or take away and that are not as a package brought
-// them: somebody has worked on them.
+// The names of the files that a package would replace or take away and that are neither as a package brought
+// them nor as they came with the program: somebody has worked on them.
 QStringList FilesToKeep(const QString& folder, const PackageManifest& manifest);
 
 // Where they are kept, below the folder of the plug-in.
@@ -28,16 +31,16 @@ inline const QString KeptFolder = QStringLiteral("Before update");
 
 class PluginChange {
  public:
-  // Takes an interrupted change of the plug-in up again first. Throws Error, also while another program is at
-  // one in this folder.
+  // Takes an interrupted change of the plug-in up again first. Throws Error, also where that one cannot be
+  // read, and while another program is at one in this folder.
   PluginChange(const QString& folder, QString identifier);
   // What was not completed is taken back.
   ~PluginChange();
   PluginChange(const PluginChange&) = delete;
   PluginChange& operator=(const PluginChange&) = delete;
 
-  // Unpacks and verifies the package; nothing of it counts yet.
-  void Stage(const QString& package);
+  // Unpacks the package, which has to be what was verified; nothing of it counts yet.
+  void Stage(const QString& package, const PackageManifest& verified);
   // Takes away what is installed. False where nothing is.
   bool TakeOut();
   // Puts the staged package in its place.
@@ -46,6 +49,7 @@ class PluginChange {
 
  private:
   void Resume();
+  PackageManifest ReadyPackage() const;
   void Move(const QString& from, const QString& to);
   void GiveWay(const QString& name, const QByteArray& expected);
   bool TakeBack();

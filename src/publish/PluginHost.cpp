@@ -32,10 +32,17 @@ int callsAtWork = 0;
 QString LibraryOf(const QString& identifier) {
   if (identifier.isEmpty() || !IsValidFileName(identifier))
     throw Error(Texts::tr("\"%1\" non è il nome di un plug-in").arg(identifier));
+  QString unfit;
   for (const QString& folder : {AppPath(), DeliveredPath()}) {
     QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
-    if (QFileInfo::exists(path)) return path;
+    if (!QFileInfo::exists(path)) continue;
+    if (FactsOf(path).interface == QStringLiteral(VORLINA_PLUGIN_IID)) {
+      if (!unfit.isEmpty()) qCWarning(publish).noquote() << unfit << "is passed over for" << path;
+      return path;
+    }
+    if (unfit.isEmpty()) unfit = path;
   }
+  if (!unfit.isEmpty()) return unfit;
   throw Error(Texts::tr("Il plug-in %1 non è installato: manca il file %2")
                   .arg(identifier, AppFile(u"PubWiz/"_qs + identifier + LibrarySuffix)));
 }
@@ -50,7 +57,7 @@ void CheckVersion(const QPluginLoader& loader) {
   if (version.startsWith(u"vorlina."))
     throw Error(
         Texts::tr("%1 è fatto per un'altra versione di Vorlina (%2). Installarne una versione adatta.")
-            .arg(path, version));
+            .arg(path, version.left(100).simplified()));
   throw Error(Texts::tr("%1 non è un plug-in di Vorlina").arg(path));
 }
 
@@ -152,17 +159,15 @@ QStringList InstalledPlugins() {
 QString InterfaceOf(const QString& identifier) { return VersionOf(QPluginLoader(LibraryOf(identifier))); }
 
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
+  // What is installed while one is in use waits for the next start.
   static std::map<QString, std::unique_ptr<QPluginLoader>> loaders;
-  const QString path = LibraryOf(identifier);
-  std::unique_ptr<QPluginLoader>& loader = loaders[path];
-  if (loader == nullptr) loader = std::make_unique<QPluginLoader>(path);
-  if (!loader->isLoaded()) {
-    CheckVersion(*loader);
-    if (!loader->load()) {
-      const QString reason = loader->errorString();
-      loader.reset();
-      throw Error(Texts::tr("Impossibile caricare il plug-in %1: %2").arg(identifier, reason));
-    }
+  std::unique_ptr<QPluginLoader>& loader = loaders[AppFile(u"PubWiz/"_qs + identifier)];
+  if (loader == nullptr) {
+    auto found = std::make_unique<QPluginLoader>(LibraryOf(identifier));
+    CheckVersion(*found);
+    if (!found->load())
+      throw Error(Texts::tr("Impossibile caricare il plug-in %1: %2").arg(identifier, found->errorString()));
+    loader = std::move(found);
   }
   auto* factory = qobject_cast<IVorlinaPluginFactory*>(loader->instance());
   if (factory == nullptr)

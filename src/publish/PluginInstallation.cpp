@@ -14,10 +14,10 @@ bool RimuoviPluginMsi(const QString& package) {
 }
 
 bool InstallaPluginMsi(const QString& package, const QString& folder) {
-  const QString identifier = VerifyPackage(package).identifier;
-  PluginChange change(folder, identifier);
-  if (InstalledPackage(folder, identifier)) return false;
-  change.Stage(package);
+  const PackageManifest verified = VerifyPackage(package);
+  PluginChange change(folder, verified.identifier);
+  if (InstalledPackage(folder, verified.identifier)) return false;
+  change.Stage(package, verified);
   change.PutIn();
   change.Complete();
   return true;
@@ -25,11 +25,14 @@ bool InstallaPluginMsi(const QString& package, const QString& folder) {
 
 // The two halves as one change, with the new files ready before the old ones go.
 bool AggiornaPluginMsi(const QString& package, const QString& folder) {
-  const QString identifier = VerifyPackage(package).identifier;
-  PluginChange change(folder, identifier);
-  change.Stage(package);
+  return AggiornaPluginMsi(package, VerifyPackage(package), folder);
+}
+
+bool AggiornaPluginMsi(const QString& package, const PackageManifest& verified, const QString& folder) {
+  PluginChange change(folder, verified.identifier);
+  change.Stage(package, verified);
   change.TakeOut();
-  if (InstalledPackage(folder, identifier)) return false;
+  if (InstalledPackage(folder, verified.identifier)) return false;
   change.PutIn();
   change.Complete();
   return true;

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include "publish/PackageManifest.h"
+
 namespace vorlina {
 
 // Takes the package's plug-in away from the application folder's "PubWiz", if it was installed from a
@@ -16,5 +18,7 @@ bool InstallaPluginMsi(const QString& package, const QString& folder);
 // Takes away what is installed, whether or not there is something, and installs the package; the result is
 // that of the installation. A kill or a failure at any moment leaves the former plug-in or the new one.
 bool AggiornaPluginMsi(const QString& package, const QString& folder);
+// The same for a package that was verified before; throws where it has become another one since then.
+bool AggiornaPluginMsi(const QString& package, const PackageManifest& verified, const QString& folder);
 
 }  // namespace vorlina

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <functional>
 #include <map>
 #include <set>
@@ -52,7 +53,8 @@ void ReadFiles(const QString& package, const PackageManifest& manifest, const Ta
     if (entry.name == ManifestName) return;
     const PackagedFile* listed = manifest.Find(entry.name);
     if (listed == nullptr)
-      throw Error(Texts::tr("Il pacchetto contiene un file che non vi deve essere: %1").arg(entry.name));
+      throw Error(
+          Texts::tr("Il pacchetto contiene un file che non vi deve essere: %1").arg(entry.name.left(100)));
     QCryptographicHash hash(QCryptographicHash::Sha256);
     qint64 size = 0;
     const Pieces next = [&] {
@@ -80,7 +82,7 @@ void RequireAsTold(const QString& library, const PackageManifest& manifest) {
   const LibraryFacts facts = FactsOf(library);
   if (facts.interface != manifest.interface || facts.qt.toString() != manifest.qt)
     throw Error(Texts::tr("La libreria nel pacchetto non è quella che il pacchetto dice (%1, Qt %2)")
-                    .arg(facts.interface, facts.qt.toString()));
+                    .arg(facts.interface.left(100).simplified(), facts.qt.toString()));
 }
 
 // The files of a package by the names that they have in it.
@@ -91,10 +93,15 @@ std::map<QString, QString> SourcesOf(const QString& library, const QString& iden
   if (!QFileInfo(folder).isDir())
     throw Error(Texts::tr("La cartella %1 non esiste").arg(QDir::toNativeSeparators(folder)));
   const QDir root(QFileInfo(folder).absoluteFilePath());
-  QDirIterator files(root.path(), QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+  QDirIterator files(root.path(), QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot,
+                     QDirIterator::Subdirectories);
   while (files.hasNext()) {
     const QString path = files.next();
-    sources[identifier + u'/' + root.relativeFilePath(path)] = path;
+    const QFileInfo file = files.fileInfo();
+    if (file.isSymLink() || file.isHidden() || (!file.isFile() && !file.isDir()))
+      throw Error(Texts::tr("%1 è nascosto, o un collegamento: un pacchetto contiene soltanto file veri")
+                      .arg(QDir::toNativeSeparators(path)));
+    if (file.isFile()) sources[identifier + u'/' + root.relativeFilePath(path)] = path;
   }
   return sources;
 }
@@ -148,14 +155,24 @@ QString WritePackage(const QString& library, const QString& version, const QStri
   ManifestFrom(json);
   const QString package = QDir(target).filePath(manifest.identifier + PackageSuffix);
   MakeFolder(target);
-  WriteFileSafely(package, [&](QIODevice& device) {
-    ZipWriter zip(device);
-    zip.Add(ManifestName, json, ZipWriter::Packing::Deflate);
-    for (const auto& [name, path] : sources) zip.Add(name, ContentOfFile(path), ZipWriter::Packing::Deflate);
-    zip.Close();
-    return true;
-  });
-  VerifyPackage(package);
+  // One that cannot be used is not left behind.
+  const QTemporaryDir made(QDir(target).filePath(u".vpk-XXXXXX"_qs));
+  const QString unproven = made.filePath(QFileInfo(package).fileName());
+  if (!made.isValid()) FailWriting(package, 0, made.errorString());
+  try {
+    WriteStagedFile(unproven, [&](QIODevice& device) {
+      ZipWriter zip(device);
+      zip.Add(ManifestName, json, ZipWriter::Packing::Deflate);
+      for (const auto& [name, path] : sources)
+        zip.Add(name, ContentOfFile(path), ZipWriter::Packing::Deflate);
+      zip.Close();
+      return true;
+    });
+  } catch (const DiskFullError& full) {
+    throw DiskFullError(package, full.Cause());
+  }
+  VerifyPackage(unproven);
+  MoveFileSafely(unproven, package);
   return QDir::toNativeSeparators(package);
 }
 

@@ -1,5 +1,7 @@
 #include "shell/InstallPlugin.h"
 
+#include <QFileInfo>
+
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/Error.h"
@@ -9,6 +11,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "publish/PluginChange.h"
+#include "publish/PluginHost.h"
 #include "publish/PluginInstallation.h"
 #include "publish/PluginPackage.h"
 #include "support/FileDialog.h"
@@ -20,7 +23,10 @@ QString QuestionAbout(const PackageManifest& package, const QString& folder) {
   const std::optional<PackageManifest> former = InstalledPackage(folder, package.identifier);
   QStringList lines{
       Texts::tr("Installare il plug-in %1, versione %2?").arg(package.identifier, package.version)};
-  if (former) lines += Texts::tr("La versione %1, che è installata, viene sostituita.").arg(former->version);
+  if (former)
+    lines += Texts::tr("La versione %1, che è installata, viene sostituita.").arg(former->version);
+  else if (QFileInfo::exists(DeliveredPlugin(LibraryOfPlugin(package.identifier))))
+    lines += Texts::tr("Prende il posto di quello che è stato installato insieme al programma.");
   if (const QStringList kept = FilesToKeep(folder, package); !kept.isEmpty())
     lines += Texts::tr(
                  "Questi file sono stati modificati: vengono sostituiti, e come erano restano nella cartella "
@@ -33,19 +39,33 @@ QString QuestionAbout(const PackageManifest& package, const QString& folder) {
   return lines.join(u"\r\n\r\n"_qs);
 }
 
-// What is wrong with a package is told before anything is asked.
-bool IsWanted(const QString& file, const QString& folder, QWidget& owner) {
+// File systems tell letter case where the lists of plug-ins do not: only one of the two would appear.
+void RequireSameSpelling(const QString& identifier) {
+  for (const QString& installed : InstalledPlugins())
+    if (installed != identifier && installed.compare(identifier, Qt::CaseInsensitive) == 0)
+      throw Error(
+          Texts::tr("È già installato il plug-in %1, il cui nome differisce da %2 soltanto per maiuscole e "
+                    "minuscole. Procurarsi un pacchetto con lo stesso nome.")
+              .arg(installed, identifier));
+}
+
+// What the user wants to be installed. What is wrong with a package is told before anything is asked.
+std::optional<PackageManifest> WantedPackage(const QString& file, const QString& folder, QWidget& owner) {
+  PackageManifest package;
   QString question;
   {
     const WaitCursor wait;
-    question = QuestionAbout(VerifyPackage(file), folder);
+    package = VerifyPackage(file);
+    RequireSameSpelling(package.identifier);
+    question = QuestionAbout(package, folder);
   }
-  return TheDialogs().Ask(&owner, question, BoxStyle::QuestionNoFirst);
+  if (!TheDialogs().Ask(&owner, question, BoxStyle::QuestionNoFirst)) return {};
+  return package;
 }
 
-bool Install(const QString& file, const QString& folder) {
+bool Install(const QString& file, const PackageManifest& package, const QString& folder) {
   const WaitCursor wait;
-  return AggiornaPluginMsi(file, folder);
+  return AggiornaPluginMsi(file, package, folder);
 }
 
 // A part of a longer identifier counts as found. Who never had a list gets the one below, where none was
@@ -56,6 +76,19 @@ void EnterIntoList(const QString& identifier) {
   if (!plugins.contains(identifier, Qt::CaseInsensitive))
     SaveSetting(ApplicationTitle(), u"Plugins"_qs, u"Plugins"_qs,
                 plugins.isEmpty() ? identifier : plugins + u';' + identifier);
+}
+
+// The plug-in is there, whatever fails here.
+void FinishInstallation(const QString& identifier, QWidget& owner) {
+  try {
+    EnterIntoList(identifier);
+  } catch (const std::exception& error) {
+    return ShowError(&owner, DescriptionOf(error));
+  }
+  TheDialogs().Message(&owner,
+                       Texts::tr("Installazione completata con successo. Il nuovo plugin sarà disponibile "
+                                 "al prossimo riavvio del programma."),
+                       BoxStyle::Information);
 }
 
 }  // namespace
@@ -71,16 +104,9 @@ void InstallPlugin(QWidget& owner) {
   const QString folder = AppFile(u"PubWiz"_qs);
   QString reason;
   try {
-    if (!IsWanted(dialog.FileName(), folder, owner)) return;
-    if (Install(dialog.FileName(), folder)) {
-      const QString identifier = dialog.FileTitle.chopped(4);
-      TheDialogs().Message(
-          &owner,
-          Texts::tr("Installazione completata con successo. Il nuovo plugin sarà disponibile "
-                    "al prossimo riavvio del programma."),
-          BoxStyle::Information);
-      return EnterIntoList(identifier);
-    }
+    const std::optional<PackageManifest> package = WantedPackage(dialog.FileName(), folder, owner);
+    if (!package) return;
+    if (Install(dialog.FileName(), *package, folder)) return FinishInstallation(package->identifier, owner);
   } catch (const std::exception& error) {
     reason = u"\r\n"_qs + DescriptionOf(error);
   }

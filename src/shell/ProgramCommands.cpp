@@ -1,9 +1,12 @@
 #include "shell/ProgramCommands.h"
 
 #include <QAction>
+#include <QDesktopServices>
 #include <QToolBar>
+#include <QUrl>
 #include <QWhatsThis>
 
+#include "base/Commands.h"
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Helpers.h"
@@ -17,16 +20,27 @@
 namespace vorlina {
 namespace {
 
+const char16_t SupportAddress[] = u"support@vorlina.example";
+
 // Below the button that was pressed, until anything is done: there is no box for what is usual.
-void TellNoUpdater(const QWidget& owner) {
+void TellBelowHelp(const QWidget& owner, const QString& text) {
   const auto* bar = owner.findChild<QToolBar*>(u"tbr"_qs);
   QWidget* button = bar->widgetForAction(owner.findChild<QAction*>(u"cmdHelp"_qs));
   const QPoint place = button->mapToGlobal(QPoint(0, button->height()));
-  QWhatsThis::showText(
-      place,
-      PlainToolTip(Texts::tr("Non è installato un programma di aggiornamento: una versione nuova "
-                             "si installa come questa.")),
-      button);
+  QWhatsThis::showText(place, PlainToolTip(text), button);
+}
+
+// Behind the closing of the menu, which would take it along.
+void TellLater(QWidget& owner, const QString& text) {
+  QMetaObject::invokeMethod(
+      &owner, [&owner, text] { TellBelowHelp(owner, text); }, Qt::QueuedConnection);
+}
+
+void WriteToSupport(QWidget& owner) {
+  const QString address = Text(SupportAddress);
+  if (!QDesktopServices::openUrl(QUrl(u"mailto:"_qs + address)))
+    TellLater(owner,
+              Texts::tr("Non si trova un programma di posta elettronica. L'indirizzo è %1").arg(address));
 }
 
 void StartUpdate(const ProgramContext& context) {
@@ -36,10 +50,9 @@ void StartUpdate(const ProgramContext& context) {
     };
     const UpdateStart start = AvviaAggiornamento([&] { return context.closeWindows(again); });
     if (start == UpdateStart::Started) context.owner.close();
-    // Behind the closing of the menu, which would take it along.
     if (start == UpdateStart::NoUpdater)
-      QMetaObject::invokeMethod(
-          &context.owner, [&owner = context.owner] { TellNoUpdater(owner); }, Qt::QueuedConnection);
+      TellLater(context.owner, Texts::tr("Non è installato un programma di aggiornamento: una versione nuova "
+                                         "si installa come questa."));
   } catch (const std::exception& error) {
     ShowError(&context.owner, DescriptionOf(error));
   }
@@ -57,7 +70,13 @@ void ShowModal(QWidget& owner) {
 
 std::vector<InformationLine> PluginLines() {
   std::vector<InformationLine> lines;
-  for (const QString& identifier : InstalledPlugins()) lines.push_back({identifier, InterfaceOf(identifier)});
+  for (const QString& identifier : InstalledPlugins()) {
+    try {
+      lines.push_back({identifier, InterfaceOf(identifier)});
+    } catch (const Error& error) {
+      lines.push_back({identifier, error.Description()});
+    }
+  }
   return lines;
 }
 
@@ -74,6 +93,7 @@ std::map<QString, std::function<void()>> ProgramCommands(const ProgramContext& c
       {u"cmdAggiornamenti"_qs, [context] { StartUpdate(context); }},
       {u"cmdTour"_qs, [&owner] { ShowModal<frmTour>(owner); }},
       {u"cmdOpzioni"_qs, [&owner] { ShowModal<frmOptions>(owner); }},
+      {u"subSupport"_qs, [&owner] { WriteToSupport(owner); }},
       {u"subAbout"_qs, [context] { ShowAbout(context); }},
   };
 }

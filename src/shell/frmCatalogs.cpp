@@ -1,11 +1,9 @@
 #include "shell/frmCatalogs.h"
 
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QListWidget>
 #include <QToolBar>
 #include <QTreeWidget>
-#include <QUrl>
 
 #include "base/AppPath.h"
 #include "base/CommandIcon.h"
@@ -37,8 +35,6 @@
 namespace vorlina {
 namespace {
 
-const char16_t SupportAddress[] = u"support@vorlina.example";
-
 QString NoNewReason(bool locked) {
   if (locked)
     return Texts::tr(
@@ -67,7 +63,6 @@ frmCatalogs::frmCatalogs(QWidget* parent) : QMainWindow(parent), ui_(new Ui::frm
       {u"cmdHelp"_qs, [] { ShowCatalogsHelp(); }},
       {u"subHelp"_qs, [] { ShowHelpContents(); }},
       {u"mnuTasti"_qs, [this] { ShowKeys(); }},
-      {u"subSupport"_qs, [] { QDesktopServices::openUrl(QUrl(u"mailto:"_qs + Text(SupportAddress))); }},
   };
   handlers_.merge(
       ProgramCommands({*this, cnnCatalog, [this](const Handler& again) { return CloseGridWindows(again); }}));

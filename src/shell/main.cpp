@@ -26,6 +26,10 @@ void ShowMainWindow(frmCatalogs& catalogs) {
     // First of all: what is delivered must not be copied to where a restore is half done.
     if (const QString told = FinishInterruptedRestore(); !told.isEmpty()) qInfo().noquote() << told;
     PrepareAppPath();
+  } catch (...) {
+    ShowUnhandled();
+  }
+  try {
     FinishInterruptedInstallations(AppFile(u"PubWiz"_qs));
   } catch (...) {
     ShowUnhandled();

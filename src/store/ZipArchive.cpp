@@ -15,8 +15,12 @@
 namespace vorlina {
 namespace {
 
-QString TextOf(ZipFault fault, const QString& about, const QString& path) {
+// A foreign archive may have names that would make a box higher than any screen.
+constexpr int LongestToTell = 250;
+
+QString TextOf(ZipFault fault, const QString& told, const QString& path) {
   const QString file = QDir::toNativeSeparators(path);
+  const QString about = told.left(LongestToTell).simplified();
   switch (fault) {
     case ZipFault::NoFile:
       return Texts::tr("%1 non è un file. Scegliere un altro nome.").arg(file);

@@ -2,12 +2,15 @@
 // installation is cut short.
 #include <sys/wait.h>
 
+#include <QScopeGuard>
+
 #include "publish/PluginChange.h"
 #include "publish/PluginInstallation.h"
 #include "publish/PluginPackage.h"
 #include "publish/plugin/IVorlinaPlugin.h"
 #include "support/BackupFiles.h"
 #include "support/FolderCalls.h"
+#include "support/FullDisk.h"
 
 using namespace vorlina;
 
@@ -89,6 +92,7 @@ TEST_F(PackageTest, WhatIsWrongIsToldAndNothingIsLeft) {
       {u"another kind of computer"_qs, edited("x86_64", "arm64")},
       {u"Test.Good/../x"_qs, edited("Test.Good/a.txt", "Test.Good/../x")},
       {u"Catalog.db"_qs, edited("Test.Good/a.txt", "Catalog.db")},
+      {u"x x x"_qs, edited("Test.Good/a.txt", QByteArray("x\\n").repeated(500))},
       {u"Test.Good.so"_qs, edited("Test.Good.so", "Test.Good/b.so")},
       {u"a.txt in the package is damaged"_qs, with(u"Test.Good/a.txt"_qs, "a.txt1.1")},
       {u"a.txt in the package is damaged"_qs, edited("\"size\": 8", "\"size\": 9")},
@@ -103,12 +107,17 @@ TEST_F(PackageTest, WhatIsWrongIsToldAndNothingIsLeft) {
       for (int i = 0; i < 3; ++i) written[manifest].replace("Test.Good", "Other.Good");
     WriteBackupFiles(package, written);
     const QString told = Failure(package);
-    EXPECT_TRUE(told.contains(tells)) << tells << ": " << told;
+    EXPECT_TRUE(told.contains(tells) && told.size() < 300) << tells << ": " << told;
     EXPECT_EQ(Names(), QString());
   }
   for (const QString& name : {u"Test.Good (1).vpk"_qs, u"test.good.vpk"_qs, u"Test.Good.zip"_qs, u"vpk"_qs}) {
     WriteBackupFiles(Outside(name), whole);
     EXPECT_TRUE(Failure(Outside(name)).contains(u"Rename it to \"Test.Good.vpk\""_qs)) << name;
+  }
+  WriteBackupFiles(package, whole);
+  {
+    const FullDisk full(20000);
+    EXPECT_TRUE(Failure(package).startsWith(PubWiz() + u" cannot"_qs));
   }
   WriteFileSafely(package, "no archive");
   EXPECT_TRUE(Failure(package).contains(u"zip"_qs));
@@ -120,6 +129,7 @@ TEST_F(PackageTest, WhatIsWrongIsToldAndNothingIsLeft) {
 TEST_F(PackageTest, TheHalvesAndBothOfThem) {
   const QString first =
       Pack(u"1.0"_qs, {u"Skins/Standard/a.css"_qs, u"Skins/Standard/b.css"_qs, u"old/c"_qs});
+  const PackageManifest seen = VerifyPackage(first);
   EXPECT_FALSE(RimuoviPluginMsi(first));
   EXPECT_TRUE(InstallaPluginMsi(first, PubWiz()));
   const auto installed = Installed();
@@ -128,7 +138,13 @@ TEST_F(PackageTest, TheHalvesAndBothOfThem) {
             "Test.Good/Skins/Standard/b.css|Test.Good/old/c"_qs);
   const QString second = Pack(u"2.0"_qs, {u"Skins/Standard/a.css"_qs, u"Skins/Standard/b.css"_qs, u"d"_qs});
   EXPECT_FALSE(InstallaPluginMsi(second, PubWiz()));
+  const QString ready = PubWiz() + u"/.Test.Good.vpk-ready"_qs;
+  Write(ready + u"/manifest.json"_qs, "{\"format\":2}");
+  FinishInterruptedInstallations(PubWiz());
+  QDir(ready).removeRecursively();
   EXPECT_EQ(Installed(), installed);
+  EXPECT_TRUE(FailureOf([&] { AggiornaPluginMsi(second, seen, PubWiz()); }).contains(u"changed"));
+  EXPECT_TRUE(FailureOf([&] { Pack(u"3.0"_qs, {u".a"_qs}); }).contains(u"hidden"));
 
   Write(PubWiz() + u"/Test.Good/Skins/Mine/a.css"_qs, "mine");
   Write(PubWiz() + u"/Test.Good/Skins/Standard/b.css"_qs, "changed");
@@ -147,14 +163,19 @@ TEST_F(PackageTest, TheHalvesAndBothOfThem) {
   EXPECT_TRUE(RimuoviPluginMsi(second));
   EXPECT_EQ(Names(), u"Test.Good/Before update/Skins/Standard/b.css|Test.Good/Skins/Mine/a.css"_qs);
   EXPECT_FALSE(RimuoviPluginMsi(second));
+  const QString delivered = DeliveredPlugin(u"Test.Good/Skins/Standard/a.css"_qs);
+  const auto end = qScopeGuard([] { QDir(DeliveredPlugin({})).removeRecursively(); });
   // What lies there without a package makes room too; what is not as the package has it is kept.
   Write(PubWiz() + u"/Test.Good.so"_qs, "another");
   Write(PubWiz() + u"/Test.Good/d"_qs, "mine");
+  for (const QString& place : {QDir(PubWiz()).filePath(u"Test.Good/Skins/Standard/a.css"_qs), delivered})
+    Write(place, "as delivered");
   Write(PubWiz() + u"/Test.Good.manifest.json"_qs, "cut sh");
   EXPECT_TRUE(AggiornaPluginMsi(second, PubWiz()));
   files = Installed();
   EXPECT_EQ(files[u"Test.Good.so"_qs], ContentOf(Library));
   EXPECT_EQ(files[u"Test.Good/Before update/d"_qs], "mine");
+  EXPECT_EQ(files.count(u"Test.Good/Before update/Skins/Standard/a.css"_qs), 0U);
 }
 
 TEST_F(PackageTest, WhereverAnUpdateIsCutShortThereIsTheOldPluginOrTheNewOne) {

@@ -109,13 +109,23 @@ TEST_F(InstallPluginTest, TheIdentifierIsEnteredWhereTheListDoesNotHoldIt) {
 TEST_F(InstallPluginTest, WhatCannotBeInstalledIsToldWithItsReason) {
   dialogs_.ExpectFile({});
   Press(u"mnuInstallPlugin"_qs);
-  WriteFileSafely(package_, ContentOf(package_).first(1000));
+  const QByteArray whole = ContentOf(package_);
+  WriteFileSafely(package_, whole.first(1000));
   dialogs_.ExpectFile(package_);
   dialogs_.ExpectMessage(
       u"Impossible to install selected plugin\r\n"_qs + FailureOf([this] { VerifyPackage(package_); }),
       BoxStyle::Stop);
   Press(u"mnuInstallPlugin"_qs);
   EXPECT_FALSE(QFileInfo::exists(AppFile(u"PubWiz"_qs)));
+  WriteFileSafely(package_, whole);
+  MakeFolder(AppFile(u"PubWiz"_qs));
+  WriteFileSafely(AppFile(u"PubWiz/test.Good.so"_qs), "");
+  dialogs_.ExpectFile(package_);
+  dialogs_.ExpectMessage(
+      u"Impossible to install selected plugin\r\nThe plug-in test.Good is installed already. Its name and "
+      "Test.Good differ in upper and lower case alone. Obtain a package with the same name."_qs,
+      BoxStyle::Stop);
+  Press(u"mnuInstallPlugin"_qs);
   EXPECT_EQ(Plugins(), QString());
 }
 

@@ -1,4 +1,5 @@
 #include "base/Settings.h"
+#include "publish/PluginChange.h"
 #include "publish/PluginHost.h"
 #include "support/CatalogFixture.h"
 
@@ -39,6 +40,11 @@ TEST_F(PluginHost, TellsWhyALibraryCannotBeUsed) {
   EXPECT_EQ(Creating(u"Test.Good"_qs), QString());
   EXPECT_TRUE(Creating(u"Test.Older"_qs).contains(u"made for another version of Vorlina"));
   EXPECT_TRUE(Creating(u"Test.Foreign"_qs).contains(u"is not a plug-in of Vorlina"));
+  QDir().mkpath(DeliveredPlugin({}));
+  QFile::copy(QStringLiteral(TEST_PLUGINS "/Test.Good.so"), DeliveredPlugin(u"Test.Foreign.so"_qs));
+  EXPECT_EQ(Creating(u"Test.Foreign"_qs), QString()) << "the delivered one";
+  QDir(DeliveredPlugin({})).removeRecursively();
+  EXPECT_EQ(Creating(u"Test.Foreign"_qs), QString()) << "as long as the program runs";
   EXPECT_TRUE(Creating(u"Test.Missing"_qs).contains(u"is not installed"));
   for (const QString& name : {u""_qs, u"../../etc/passwd"_qs, u"a\\b"_qs})
     EXPECT_TRUE(Creating(name).contains(u"is not the name of a plug-in")) << name;

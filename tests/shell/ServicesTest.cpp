@@ -157,6 +157,9 @@ TEST_F(Services, TheTourIsWalkedThroughByKeys) {
   QTest::keyClick(&Find<QPushButton>(window, u"cmdPause"_qs), Qt::Key_Space);
   EXPECT_TRUE(tour.IsPlaying());
   EXPECT_EQ(tour.Current(), 0) << "from the end it starts over";
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&window, &held);
+  EXPECT_TRUE(window.isVisible());
   QTest::keyClick(&window, Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible());
 }

@@ -69,8 +69,9 @@ void Move(const QString& from, const QString& to, bool italian) {
   throw std::runtime_error(text.toStdString());
 }
 
-void RefuseArchive(bool italian, vorlina::ZipFault fault, const QString& name) {
+void RefuseArchive(bool italian, vorlina::ZipFault fault, const QString& told) {
   using vorlina::ZipFault;
+  const QString name = told.left(250).simplified();  // or the box could be higher than any screen
   switch (fault) {
     case ZipFault::NoFile:
     case ZipFault::Unreadable:
