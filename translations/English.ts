@@ -2294,7 +2294,7 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>Home</translation>
     </message>
     <message>
-        <source>Prima pagina della guida</source>
+        <source>Prima pagina dell&apos;aiuto</source>
         <translation>First page of the help</translation>
     </message>
     <message>
@@ -2376,6 +2376,10 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Il database di adesso resta nella cartella %1 fino al prossimo ripristino, e anche tra le copie automatiche. Le finestre dei cataloghi si chiudono.</source>
         <translation>The present database stays in the folder %1 until the next restore, and also among the automatic copies. The windows of the catalogs will close.</translation>
+    </message>
+    <message>
+        <source>Apri il menu dei cataloghi</source>
+        <translation>Open the menu of the catalogs</translation>
     </message>
 </context>
 <context>
@@ -2733,7 +2737,7 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
 <context>
     <name>vorlina::frmHelp</name>
     <message>
-        <source>Guida di Vorlina</source>
+        <source>Aiuto di Vorlina</source>
         <translation>Vorlina Help</translation>
     </message>
     <message>
@@ -2789,16 +2793,8 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>&amp;Previous</translation>
     </message>
     <message>
-        <source>Maiusc+F3</source>
-        <translation>Shift+F3</translation>
-    </message>
-    <message>
         <source>Successi&amp;vo</source>
         <translation>Ne&amp;xt</translation>
-    </message>
-    <message>
-        <source>F3</source>
-        <translation>F3</translation>
     </message>
     <message>
         <source>Comandi</source>

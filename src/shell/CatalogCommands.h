@@ -56,12 +56,13 @@ inline constexpr std::array<CatalogEntry, 5> CatalogEntries{{
 }};
 
 // The keys in the list of catalogs, and in that of the plug-ins.
-inline constexpr std::array<KeyUse, 4> CatalogListKeys{{
+inline constexpr std::array<KeyUse, 5> CatalogListKeys{{
     {u"F1", QT_TRANSLATE_NOOP("Texts", "Aiuto sulla finestra in uso")},
     {u"Return",
      QT_TRANSLATE_NOOP("Texts", "Apri il catalogo selezionato, o pubblica con il plug-in selezionato")},
     {u"F2", QT_TRANSLATE_NOOP("Texts", "Cambia il nome del catalogo selezionato")},
     {u"Del", QT_TRANSLATE_NOOP("Texts", "Elimina il catalogo selezionato")},
+    {u"Menu; Shift+F10", QT_TRANSLATE_NOOP("Texts", "Apri il menu dei cataloghi")},
 }};
 
 }  // namespace vorlina

@@ -1,6 +1,7 @@
 #include "shell/WidgetCatalogMenu.h"
 
 #include <QListWidget>
+#include <QShortcut>
 
 #include "base/Texts.h"
 #include "shell/CatalogCommands.h"
@@ -25,6 +26,11 @@ WidgetCatalogMenu::WidgetCatalogMenu(QListWidget& list, const CatalogList& catal
   for (const QString& key : keys) addAction(others.findChild<QAction*>(key));
   list.setContextMenuPolicy(Qt::CustomContextMenu);
   connect(&list, &QListWidget::customContextMenuRequested, this, &WidgetCatalogMenu::PopUp);
+  // Not every keyboard has the key for it.
+  auto* key = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &list);
+  key->setContext(Qt::WidgetShortcut);
+  connect(key, &QShortcut::activated, this,
+          [this] { PopUp(list_.visualItemRect(list_.currentItem()).center()); });
   Localize();
 }
 

@@ -54,7 +54,10 @@ QStringList HelpNamesOf(const QWidget& control) {
       menu != nullptr && menu->activeAction() != nullptr)
     names += menu->activeAction()->objectName();
   for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget()) {
-    if (!widget->isWindow()) continue;
+    if (!widget->isWindow()) {
+      names += widget->objectName();  // a part of a window may have a page of its own
+      continue;
+    }
     const QString name = ClassOf(*widget);
     if (name.startsWith(u"frm"))
       names += name;

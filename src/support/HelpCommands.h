@@ -13,7 +13,7 @@ inline constexpr std::array<ToolbarCommand, 7> ViewerCommands{{
      QT_TRANSLATE_NOOP("Texts", "Torna alla pagina di prima"), u"previous", u"Alt+Left"},
     {u"cmdForward", QT_TRANSLATE_NOOP("Texts", "Avanti"),
      QT_TRANSLATE_NOOP("Texts", "Torna alla pagina che seguiva"), u"next", u"Alt+Right"},
-    {u"cmdHome", QT_TRANSLATE_NOOP("Texts", "Inizio"), QT_TRANSLATE_NOOP("Texts", "Prima pagina della guida"),
+    {u"cmdHome", QT_TRANSLATE_NOOP("Texts", "Inizio"), QT_TRANSLATE_NOOP("Texts", "Prima pagina dell'aiuto"),
      u"home", u"Alt+Home"},
     {u"cmdFind", QT_TRANSLATE_NOOP("Texts", "Trova nella pagina"),
      QT_TRANSLATE_NOOP("Texts", "Cerca un testo nella pagina che si legge"), u"search", u"Ctrl+F"},

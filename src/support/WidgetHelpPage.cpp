@@ -15,6 +15,8 @@ constexpr int AtRest = 150;  // milliseconds
 constexpr int DocumentMargin = 16;
 // What lists and the like take from the width of a picture.
 constexpr int Indent = 40;
+// Pictures are taken for dense screens.
+constexpr int PictureScale = 2;
 
 bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
@@ -91,7 +93,7 @@ QVariant WidgetHelpPage::Picture(const QUrl& url) {
   if (image.isNull()) return {};
   shownWidth_ = PictureWidth();
   const double scale = devicePixelRatioF();
-  const int width = int(std::min(shownWidth_, image.width()) * scale);
+  const int width = int(std::min(shownWidth_, image.width() / PictureScale) * scale);
   image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
               .scaledToWidth(width, Qt::SmoothTransformation);
   {

@@ -8,6 +8,7 @@
 #include <QHelpIndexModel>
 #include <QHelpLink>
 #include <QLoggingCategory>
+#include <QTabBar>
 #include <QWindow>
 
 #include "base/CommandIcon.h"
@@ -111,6 +112,7 @@ void frmHelp::MakeFindBar() {
 void frmHelp::ConnectPanes() {
   ui_->splitter->setStretchFactor(1, 1);
   ui_->splitter->setSizes({PaneWidth, width() - PaneWidth});
+  ui_->tabHelp->tabBar()->installEventFilter(this);
   connect(ui_->lstContents, &QTreeView::clicked, this, [this](const QModelIndex& entry) {
     Go(collection_->Engine().contentModel()->contentItemAt(entry)->url());
   });
@@ -275,7 +277,7 @@ void frmHelp::GoToItem(const QTreeWidgetItem* item) {
   if (item == nullptr) return;
   Go(item->data(0, UrlRole).toUrl());
   if (item->treeWidget() != ui_->lstSearch) return;
-  ui_->txtPage->Mark(WordsOf(ui_->txtSearch->text()));
+  ui_->txtPage->Mark(MarksFor(ui_->txtSearch->text(), ui_->txtPage->toPlainText()));
   ui_->txtPage->Step(1);
 }
 
@@ -350,8 +352,15 @@ bool frmHelp::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-// From the line that is typed into down to the list.
+// From the line that is typed into down to the list. Who chooses a pane by its letter or with the mouse wants
+// to type into it.
 bool frmHelp::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui_->tabHelp->tabBar()) {
+    if (event->type() == QEvent::Shortcut || event->type() == QEvent::MouseButtonRelease)
+      QMetaObject::invokeMethod(
+          this, [this] { ShowPane(Pane(ui_->tabHelp->currentIndex())); }, Qt::QueuedConnection);
+    return QMainWindow::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
     QTreeWidget* list = watched == ui_->txtIndex ? ui_->lstIndex : ui_->lstSearch;
     list->setFocus();

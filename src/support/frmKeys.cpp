@@ -6,6 +6,7 @@
 #include <QHeaderView>
 
 #include "base/Texts.h"
+#include "base/WidgetPlace.h"
 #include "ui_frmKeys.h"
 
 namespace vorlina {
@@ -23,6 +24,7 @@ frmKeys::frmKeys(QWidget& owner, std::vector<KeyGroup> groups)
   connect(copy, &QAction::triggered, this, &frmKeys::Copy);
   ui_->lstKeys->addAction(copy);
   Fill();
+  FitIntoScreen(*this);
 }
 
 frmKeys::~frmKeys() = default;

@@ -100,6 +100,7 @@ frmOptions::~frmOptions() = default;
 void frmOptions::LoadForm() {
   LoadOptions();
   Localize_Form();
+  ui_->CmbDrive->setFocus();
   adjustSize();
   move(screen()->availableGeometry().center() - rect().center());
 }

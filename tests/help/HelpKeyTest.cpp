@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QTest>
+#include <QTreeWidget>
 #include <QWindow>
 
 #include "base/Settings.h"
@@ -69,6 +70,7 @@ class HelpKey : public StoreFixture {
 
 TEST_F(HelpKey, OpensThePageOfTheWindow) {
   ExpectHelp(*List(), u"1000"_qs);
+  ExpectHelp(*window_.findChild<QTreeWidget*>(u"lstPlugIns"_qs), u"1018"_qs);
   frmEditCatalog* grid = OpenGrid();
   auto* rows = grid->findChild<DataGrid*>(u"grdProducts"_qs);
   ExpectHelp(*rows, u"1002"_qs);

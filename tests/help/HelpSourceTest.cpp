@@ -98,6 +98,8 @@ TEST(HelpSearch, FindsWordsWhateverTheirCaseAndAccents) {
   add(u"a"_qs, u"Proprietà"_qs, u"nome"_qs, u"<p>Il catalogo.</p>"_qs);
   add(u"b"_qs, u"Filtri"_qs, u"proprieta; valori"_qs, u"<p>I <b>valori</b> &lt;nuovi&gt;.</p>"_qs);
   add(u"c"_qs, u"Altro"_qs, u"x"_qs, u"<p>Una proprietà del CATALOGO</p>"_qs);
+  add(u"d"_qs, u"Il file"_qs, u"y"_qs, u"<p>Non è un file; esiste già</p>"_qs);
+  add(u"e"_qs, u"Z"_qs, u"z"_qs, u"<p>Il file \"…\" esiste già: un altro.</p>"_qs);
   const auto found = [&](const QString& words) {
     QString names;
     for (const HelpHit& hit : search.Find(words)) names += hit.url.toString();
@@ -107,7 +109,12 @@ TEST(HelpSearch, FindsWordsWhateverTheirCaseAndAccents) {
                                      {u"propr catalogo"_qs, u"ac"_qs},
                                      {u"<nuovi>"_qs, u"b"_qs},
                                      {u"nessuna"_qs, u""_qs},
+                                     {u"catalogo nessuna"_qs, u""_qs},
+                                     {u"Il file \"/home/anna/a b.jpg\" esiste già."_qs, u"ed"_qs},
                                      {u"  "_qs, u""_qs}})
     EXPECT_EQ(found(words), names) << words;
   EXPECT_EQ(search.Find(u"nuovi"_qs).front().extract, u"I valori <nuovi>. …"_qs);
+  const QString message = u"il «x», non è un file"_qs;
+  EXPECT_EQ(MarksFor(message, u"Il. Non è un File"_qs).front().Folded(),
+            TextNeedle(u"non è un file"_qs).Folded());
 }

@@ -100,7 +100,10 @@ TEST_F(Viewer, GoesWhereItIsSent) {
 }
 
 TEST_F(Viewer, FindsPagesByTheirWordsAndTextsOnThem) {
-  help_.HHDisplaySearch();
+  help_.HHTopicID = 1002;
+  help_.HHDisplayTopicID();
+  EXPECT_TRUE(QTest::qWaitFor([] { return frmHelp::Shown()->isActiveWindow(); }));
+  QTest::keyClick(frmHelp::Shown(), Qt::Key_S, Qt::AltModifier);
   auto* words = Find<QLineEdit>(u"txtSearch"_qs);
   EXPECT_TRUE(QTest::qWaitFor([&] { return words->hasFocus(); }));
   words->insert(u"PRODUCT cárd"_qs);

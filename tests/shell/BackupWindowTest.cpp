@@ -117,6 +117,13 @@ TEST_F(BackupWindow, TheListHasAMenu) {
   List()->clearSelection();
   EXPECT_EQ(open(), u"mnuBackup mnuRestore"_qs);
   QApplication::activePopupWidget()->close();
+  window_.show();
+  window_.activateWindow();
+  List()->setFocus();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return List()->hasFocus(); }));
+  QTest::keyClick(List(), Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QApplication::activePopupWidget()->close();
 }
 
 TEST_F(BackupWindow, SavesWhatIsBeingTypedAndAsksForMissingPictures) {

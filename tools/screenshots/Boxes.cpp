@@ -16,6 +16,7 @@
 #include <QTreeWidget>
 
 #include "Photographer.h"
+#include "Sample.h"
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
 #include "base/SafeFile.h"
@@ -80,7 +81,7 @@ void Trigger(const QWidget& window, const QString& command) {
 void TakeMainWindowsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   const Boxes boxes(photographer);
   auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
-  list->setCurrentRow(0);
+  list->setCurrentRow(TheSample().row);
   boxes.During(u"delete-catalog"_qs, [&] { Trigger(catalogs, u"cmdDelete"_qs); });
   boxes.During(u"clone"_qs, [&] { Trigger(catalogs, u"cmdDuplica"_qs); });
   WidgetProgressBox progress(&catalogs, list->currentItem()->text());
@@ -121,7 +122,7 @@ void TakeGridsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   auto* combo = card->findChild<QComboBox*>(u"cmbFilter_2"_qs);
   combo->setFocus();
   combo->lineEdit()->selectAll();
-  for (const QChar letter : u"Ocra"_qs) Press(*combo, 0, letter);
+  for (const QChar letter : TheSample().value) Press(*combo, 0, letter);
   boxes.During(u"new-value"_qs, [&] { Trigger(*card, u"cmdSave"_qs); });
   combo->setCurrentIndex(0);
   boxes.During(u"save"_qs, [&] { card->close(); });
@@ -135,7 +136,8 @@ void TakeGridsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
 void TakePropertiesBoxes(const Photographer& photographer, Connection& connection) {
   const Boxes boxes(photographer);
   frmCatalog form;
-  form.CatalogRs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=109"_qs}, connection);
+  form.CatalogRs.Open({.table = u"Cataloghi"_qs, .where = u"IDCatalogo=%1"_qs.arg(TheSample().catalog)},
+                      connection);
   form.Connessione = &connection;
   form.LoadForm();
   form.show();
@@ -153,8 +155,8 @@ void TakePropertiesBoxes(const Photographer& photographer, Connection& connectio
 void TakePicturesBoxes(const Photographer& photographer, Connection& connection) {
   const Boxes boxes(photographer);
   frmImages images;
-  images.IDCatalogo = 109;
-  images.CodiceProdotto = u"CT-301"_qs;
+  images.IDCatalogo = TheSample().catalog;
+  images.CodiceProdotto = TheSample().product;
   images.Connessione = &connection;
   images.LoadForm();
   images.show();
@@ -174,7 +176,7 @@ void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   for (const QString& name : {u"empty"_qs, u"broken"_qs}) {
     const QString folder = place.filePath(name);
     QDir().mkpath(folder);
-    if (name == u"broken") WriteFileSafely(folder + u"/tazza.jpg"_qs, "no picture");
+    if (name == u"broken") WriteFileSafely(folder + u'/' + TheSample().picture, "no picture");
     boxes.During(
         u"import-"_qs + name, [&] { Trigger(*window, u"cmdImporta"_qs); }, folder);
   }
@@ -190,11 +192,11 @@ void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   catalogs.cnnCatalog.Execute(u"DELETE FROM CExtension"_qs);  // the language is asked anew
   transaction.Commit();
   auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
-  for (const int row : {0, 1}) {
-    list->setCurrentRow(row);
+  for (const int each : {0, 1}) {
+    list->setCurrentRow(each == 0 ? TheSample().row : 1 - TheSample().row);
     Trigger(catalogs, u"cmdPublish"_qs);
     boxes.During(
-        u"publish-%1"_qs.arg(row + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, place.path());
+        u"publish-%1"_qs.arg(each + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, place.path());
   }
   const QString package = WritePackage(AppFile(u"PubWiz/VLHTML.HTML.so"_qs), QStringLiteral(VORLINA_VERSION),
                                        AppFile(u"PubWiz/VLHTML.HTML"_qs), place.path());

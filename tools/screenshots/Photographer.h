@@ -23,7 +23,10 @@ class Photographer {
     QApplication::processEvents();
     if (!Wants(name)) return;
     const QString path = folder_ + u'/' + name + suffix_ + u".png"_qs;
-    if (!window.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    // The help is to be small.
+    const auto format = names_.isEmpty() ? QImage::Format_RGB888 : QImage::Format_RGB16;
+    const QImage picture = window.grab().toImage().convertToFormat(format);
+    if (!picture.save(path, "PNG", 0)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
   }
 
   // Pictures are as sharp as they get when their window has been at rest for a moment.

@@ -4,8 +4,8 @@
 // usage: vorlina-screenshots FOLDER
 //        vorlina-screenshots FOLDER LANGUAGE NAMES [HELP]
 //
-// The latter takes those that the help shows: light, at 100 per cent, in one language ("it" or "en"), the
-// names being the lines of a file; with a help file those of the help's viewer, else the others.
+// The latter takes those that the help shows: light, at the scale of the process, in one language ("it" or
+// "en"), the names being the lines of a file; with a help file those of the help's viewer, else the others.
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -32,6 +32,7 @@
 #include "Boxes.h"
 #include "HelpPictures.h"
 #include "Photographer.h"
+#include "Sample.h"
 #include "Services.h"
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
@@ -76,7 +77,7 @@ QPalette Palette(bool dark) {
 
 void TakePreview(const Photographer& photographer) {
   frmImage preview;
-  preview.Percorso = AppFile(u"Images/109-TZ-201.jpg"_qs);
+  preview.Percorso = AppFile(u"Images/%1-%2.jpg"_qs.arg(TheSample().catalog).arg(TheSample().product));
   preview.LoadForm();
   photographer.TakeAtRest(preview, u"frmImage"_qs);
 }
@@ -85,8 +86,8 @@ void TakePreview(const Photographer& photographer) {
 void TakeImages(const Photographer& photographer, Connection& connection) {
   frmImage preview;
   auto* images = new frmImages(&preview);
-  images->IDCatalogo = 109;
-  images->CodiceProdotto = u"CT-301"_qs;
+  images->IDCatalogo = TheSample().catalog;
+  images->CodiceProdotto = TheSample().product;
   images->Connessione = &connection;
   images->Anteprima = &preview;
   images->LoadForm();
@@ -101,7 +102,7 @@ void TakeImages(const Photographer& photographer, Connection& connection) {
 // pictures are taken from within.
 void TakePager(const Photographer& photographer, Connection& connection) {
   frmImageViewer pager;
-  pager.IDCatalogo = 109;
+  pager.IDCatalogo = TheSample().catalog;
   pager.Connection = &connection;
   QTimer::singleShot(0, &pager, [&] {
     Press(pager, Qt::Key_Right);
@@ -127,7 +128,7 @@ void TakeGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   grid->Rows().Revert();
   window->findChild<QAction*>(u"mnuTrova"_qs)->trigger();
   auto* line = window->findChild<QLineEdit*>(u"txtFind"_qs);
-  line->setText(u"ot"_qs);
+  line->setText(TheSample().text);
   photographer.TakeAtRest(*window, u"frmEditCatalog-find"_qs);
   Press(*line, Qt::Key_Escape);
   grid->GoTo(4);
@@ -160,14 +161,15 @@ void TakeImport(const Photographer& photographer, frmCatalogs& catalogs) {
   for (int done = 0; done < 500; ++done) progress->Advance();
   progress->ShowCount(500, 1200);
   QApplication::processEvents();
-  progress->ShowMade(u"tazza 201.jpg"_qs, AppFile(u"Images/109-TZ-201.jpg"_qs));
+  const Sample sample = TheSample();
+  progress->ShowMade(sample.picture, AppFile(u"Images/%1-%2.jpg"_qs.arg(sample.catalog).arg(sample.product)));
   photographer.TakeAtRest(*window, u"frmEditCatalog-import"_qs);
   progress->MostraProgresso(1, 1, false);
   auto* outcome = dynamic_cast<WidgetImportOutcome*>(window->findChild<QWidget*>(u"fmeImportati"_qs));
   outcome->Show(
       Texts::tr("Importati %1 prodotti").arg(QLocale().toString(1200)),
-      {{u"copertina.jpeg"_qs, Texts::tr("il nome non finisce in .jpg: per importare il file va rinominato")},
-       {u"listino.xlsx"_qs, Texts::tr("non è un'immagine 'jpg'")}});
+      {{sample.leftOut[0], Texts::tr("il nome non finisce in .jpg: per importare il file va rinominato")},
+       {sample.leftOut[1], Texts::tr("non è un'immagine 'jpg'")}});
   photographer.Take(*window, u"frmEditCatalog-imported"_qs);
   window->findChild<QPushButton*>(u"cmdEsclusi"_qs)->click();
   photographer.Take(*window->findChild<frmLeftOut*>(), u"frmLeftOut"_qs);
@@ -202,7 +204,7 @@ void TakeCard(const Photographer& photographer, frmCatalogs& catalogs) {
   card->Salvato = true;
   card->close();
   card = open(u"cmdSearch"_qs);
-  card->findChild<QLineEdit*>(u"txtCode"_qs)->setText(u"TZ"_qs);
+  card->findChild<QLineEdit*>(u"txtCode"_qs)->setText(TheSample().code);
   photographer.Take(*card, u"frmProduct-search"_qs);
   card->findChild<QAction*>(u"cmdFind"_qs)->trigger();
   photographer.Take(*window, u"frmEditCatalog-search"_qs);
@@ -216,6 +218,7 @@ void TakeProperties(const Photographer& photographer, frmCatalogs& catalogs) {
   window->findChild<QAction*>(u"cmdProperties"_qs)->trigger();
   auto* form = window->findChild<frmCatalog*>();
   auto* tabs = form->findChild<QTabWidget*>(u"tbsCatalogo"_qs);
+  form->findChild<QLineEdit*>(u"txtLogo"_qs)->setText(TheSample().logo);  // not where the program is built
   for (int tab = 0; tab < tabs->count(); ++tab) {
     tabs->setCurrentIndex(tab);
     photographer.Take(*form, u"frmCatalog-%1"_qs.arg(tab + 1));
@@ -236,6 +239,7 @@ void TakeEmptyGrid(const Photographer& photographer, frmCatalogs& catalogs) {
   window->close();
   Write(catalogs.cnnCatalog, u"DELETE FROM Cataloghi WHERE NomeCatalogo='Ceramiche'"_qs);
   catalogs.ListCatalog();
+  list->setCurrentRow(TheSample().row);
 }
 
 // The four steps of the wizard, filled in. It is left before it writes anything.
@@ -243,20 +247,15 @@ void TakeWizard(const Photographer& photographer, const Connection& connection) 
   frmNewCatalog wizard;
   wizard.ConnectionText = connection.ConnectionText();
   wizard.LoadForm();
-  const std::pair<QString, QString> texts[] = {{u"txtCatalogName"_qs, u"Ceramiche 2026"_qs},
-                                               {u"txtCatalogDescription"_qs, u"Piatti, tazze e vasi"_qs},
-                                               {u"txtValue_0"_qs, u"Prezzo €"_qs},
-                                               {u"txtValue_1"_qs, u"Peso (kg)"_qs},
-                                               {u"txtFilter_0"_qs, u"Colore"_qs},
-                                               {u"txtFilter_1"_qs, u"Materiale"_qs},
-                                               {u"txtAzienda"_qs, u"Manifatture Lunari"_qs},
-                                               {u"txtIndirizzo"_qs, u"Via dei Tornitori 12"_qs},
-                                               {u"txtCitta"_qs, u"Faenza"_qs},
-                                               {u"txtProvincia"_qs, u"RA"_qs},
-                                               {u"txtCap"_qs, u"48018"_qs},
-                                               {u"txtStato"_qs, u"Italia"_qs},
-                                               {u"txtEmail"_qs, u"info@lunari.example"_qs},
-                                               {u"txtLogo"_qs, u"/home/anna/Immagini/logo.jpg"_qs}};
+  const Sample sample = TheSample();
+  const std::pair<QString, QString> texts[] = {
+      {u"txtCatalogName"_qs, sample.texts[0]}, {u"txtCatalogDescription"_qs, sample.texts[1]},
+      {u"txtValue_0"_qs, sample.texts[2]},     {u"txtValue_1"_qs, sample.texts[3]},
+      {u"txtFilter_0"_qs, sample.texts[4]},    {u"txtFilter_1"_qs, sample.texts[5]},
+      {u"txtAzienda"_qs, sample.texts[6]},     {u"txtIndirizzo"_qs, sample.texts[7]},
+      {u"txtCitta"_qs, sample.texts[8]},       {u"txtProvincia"_qs, sample.texts[9]},
+      {u"txtCap"_qs, sample.texts[10]},        {u"txtStato"_qs, sample.texts[11]},
+      {u"txtEmail"_qs, sample.texts[12]},      {u"txtLogo"_qs, sample.logo}};
   for (int step = 1; step <= 4; ++step) {
     for (const auto& [box, text] : texts) wizard.findChild<QLineEdit*>(box)->setText(text);
     photographer.Take(wizard, u"frmNewCatalog-%1"_qs.arg(step));
@@ -267,16 +266,16 @@ void TakeWizard(const Photographer& photographer, const Connection& connection) 
 // The values of a filter, a sheet with a row in edit, and the editor for long texts.
 void TakeProductData(const Photographer& photographer, Connection& connection) {
   frmFilterData values;
-  values.IDCatalogo = 109;
+  values.IDCatalogo = TheSample().catalog;
   values.NumeroFiltro = u"1"_qs;
-  values.NomeFiltro = u"Linea"_qs;
+  values.NomeFiltro = TheSample().filter;
   values.Connessione = &connection;
   values.LoadForm();
   photographer.Take(values, u"frmFilterData"_qs);
 
   frmTechData sheet;
-  sheet.IDCatalogo = 109;
-  sheet.CodiceProdotto = u"BR-501"_qs;
+  sheet.IDCatalogo = TheSample().catalog;
+  sheet.CodiceProdotto = TheSample().product;
   sheet.Connessione = &connection;
   sheet.LoadForm();
   photographer.Take(sheet, u"frmTechData"_qs);
@@ -296,14 +295,20 @@ void SpeakLanguage(const QString& language) {
   ChooseLanguage();
 }
 
+// With the catalog selected that the pictures show.
+void ShowSample(frmCatalogs& catalogs) {
+  catalogs.LoadForm();
+  catalogs.ListCatalog();
+  catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs)->setCurrentRow(TheSample().row);
+}
+
 void TakeAll(const Photographer& photographer) {
   frmSplash splash;
   splash.LoadSplash();
   photographer.Take(splash, u"frmSplash"_qs);
 
   frmCatalogs catalogs;
-  catalogs.LoadForm();
-  catalogs.ListCatalog();
+  ShowSample(catalogs);
   photographer.Take(catalogs, u"frmCatalogs"_qs);
   photographer.Take(*catalogs.findChild<QMenu*>(u"mnuHelp"_qs), u"frmCatalogs-help"_qs);
   catalogs.findChild<QMenu*>(u"mnuHelp"_qs)->hide();
@@ -332,8 +337,7 @@ void TakeAll(const Photographer& photographer) {
   TakePager(photographer, catalogs.cnnCatalog);
 
   frmCatalogs main;
-  main.LoadForm();
-  main.ListCatalog();
+  ShowSample(main);
   TakeBoxes(photographer, main);
   TakeBackupBoxes(photographer, main);
 }

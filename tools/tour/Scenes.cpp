@@ -133,7 +133,10 @@ class Publication {
     if (auto* chooser = qobject_cast<QFileDialog*>(box)) {
       Find<QLineEdit>(*chooser, u"fileNameEdit"_qs).setText(folder_);
       Find<QDialogButtonBox>(*chooser, u"buttonBox"_qs).button(QDialogButtonBox::Open)->click();
-    } else if (qobject_cast<QMessageBox*>(box) != nullptr) {
+    } else if (auto* told = qobject_cast<QMessageBox*>(box)) {
+      // Not where the film is made.
+      const QString site = Language == u"Italian" ? u"/home/anna/Sito"_qs : u"/home/anna/Website"_qs;
+      told->setInformativeText(told->informativeText().replace(folder_, site));
       stage_.PutInMiddle(*box);
       stage_.Take();
       stage_.Scene(u"site"_qs, *box);
