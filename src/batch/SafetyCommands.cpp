@@ -6,6 +6,7 @@
 #include "base/Texts.h"
 #include "batch/Commands.h"
 #include "catalogs/Backup.h"
+#include "catalogs/BackupSources.h"
 
 namespace vorlina {
 namespace {
@@ -50,6 +51,7 @@ Outcome RunRestore(const Arguments& arguments, const Progress& progress) {
     warnings += Texts::tr("Nessuna copia automatica del database: %1").arg(why);
     return true;
   });
+  if (const QString missing = MissingPicturesText(); !missing.isEmpty()) warnings += missing;
   Outcome outcome = OutcomeOf(file, report.manifest);
   outcome.text = (warnings + QStringList(RestoredText(file, report))).join(u'\n');
   outcome.json[u"former"_qs] = QDir::toNativeSeparators(report.former);

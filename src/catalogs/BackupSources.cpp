@@ -5,7 +5,11 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "base/AppPath.h"
+#include "base/Texts.h"
+#include "catalogs/BackupReport.h"
 #include "images/PictureStore.h"
+#include "store/CatalogDatabase.h"
 #include "store/Connection.h"
 
 namespace vorlina {
@@ -63,6 +67,18 @@ QStringList MissingPicturesIn(Connection& connection) {
   QSet<QString> present;
   for (const SourceFile& file : SourcesIn(root).files) present.insert(rows.KeyOf(file.path));
   return rows.Compare(connection, present).missing;
+}
+
+QString MissingPicturesText() {
+  try {
+    Connection connection;
+    connection.Open(ConnectionTextFor(AppFile(DatabaseName)));
+    const QStringList missing = MissingPicturesIn(connection);
+    if (missing.isEmpty()) return {};
+    return Texts::tr("Immagini che mancano (%1):").arg(missing.size()) + u'\n' + ListOfPaths(missing);
+  } catch (const Error& error) {
+    return error.Description();
+  }
 }
 
 }  // namespace vorlina

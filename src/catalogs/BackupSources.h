@@ -51,4 +51,8 @@ class PictureRows {
 // The paths in the rows of this folder's database for which there is no file. Throws Error.
 QStringList MissingPicturesIn(Connection& connection);
 
+// The pictures that rows of the application's database name and that are not there, as a message lists them,
+// or why that cannot be told; "" where none is missing.
+QString MissingPicturesText();
+
 }  // namespace vorlina

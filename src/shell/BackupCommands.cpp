@@ -66,20 +66,6 @@ QString RestoreQuestion(const QString& source, const RestoreOffer& offer) {
   return QStringList{what, goes, stays}.join(u"\r\n\r\n"_qs);
 }
 
-// Pictures that rows of the restored database name and that are not there, or why that cannot be told.
-QString MissingText() {
-  try {
-    Connection connection;
-    connection.Open(ConnectionTextFor(AppFile(DatabaseName)));
-    const QStringList missing = MissingPicturesIn(connection);
-    return missing.isEmpty() ? QString()
-                             : u"\r\n\r\n"_qs + Texts::tr("Immagini che mancano (%1):").arg(missing.size()) +
-                                   u"\r\n"_qs + ListOfPaths(missing);
-  } catch (const Error& error) {
-    return u"\r\n\r\n"_qs + error.Description();
-  }
-}
-
 }  // namespace
 
 BackupCommands::BackupCommands(DatabaseRetry& database, QWidget& owner)
@@ -177,7 +163,9 @@ void BackupCommands::Replace(const QString& source, bool databaseAlone) {
                         }));
   });
   database_.Reopen();
-  if (!told.isEmpty()) TheDialogs().Message(&owner_, told + MissingText(), BoxStyle::Information);
+  if (told.isEmpty()) return;
+  if (const QString missing = MissingPicturesText(); !missing.isEmpty()) told += u"\r\n\r\n"_qs + missing;
+  TheDialogs().Message(&owner_, told, BoxStyle::Information);
 }
 
 }  // namespace vorlina
