@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStorageInfo>
 #include <array>
 
@@ -9,6 +10,7 @@
 #include "base/Dialogs.h"
 #include "base/Error.h"
 #include "base/Settings.h"
+#include "base/WidgetPlace.h"
 #include "ui_frmOptions.h"
 #include "update/PasswordStore.h"
 
@@ -91,6 +93,9 @@ QString TextOf(const QWidget& control) {
 
 frmOptions::frmOptions(QWidget* parent) : QDialog(parent), ui_(new Ui::frmOptions) {
   ui_->setupUi(this);
+  // The tab shows through.
+  ui_->scrOptions->viewport()->setAutoFillBackground(false);
+  ui_->picOptions_0->setAutoFillBackground(false);
   connect(ui_->cmdOK, &QPushButton::clicked, this, &frmOptions::SaveAndClose);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmOptions::reject);
 }
@@ -100,9 +105,17 @@ frmOptions::~frmOptions() = default;
 void frmOptions::LoadForm() {
   LoadOptions();
   Localize_Form();
-  ui_->CmbDrive->setFocus();
-  adjustSize();
+  Fit();
+  ui_->CmbDrive->setFocus(Qt::TabFocusReason);
   move(screen()->availableGeometry().center() - rect().center());
+}
+
+// Large enough for all that can be scrolled, where the screen is.
+void frmOptions::Fit() {
+  const QScrollArea& scrolled = *ui_->scrOptions;
+  const QSize bar(scrolled.verticalScrollBar()->sizeHint().width(), 0);
+  resize(sizeHint() - scrolled.sizeHint() + ui_->picOptions_0->sizeHint() + bar);
+  FitIntoScreen(*this);
 }
 
 void frmOptions::LoadOptions() {

@@ -21,6 +21,7 @@ class frmOptions : public QDialog {
   void LoadForm();
 
  private:
+  void Fit();
   void LoadOptions();
   void ReadPassword();
   void SaveOptions();
