@@ -2381,6 +2381,10 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Apri il menu dei cataloghi</source>
         <translation>Open the menu of the catalogs</translation>
     </message>
+    <message>
+        <source>Non ci sono ancora copie automatiche.</source>
+        <translation>There are no automatic copies yet.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -41,6 +41,7 @@ frmBackups::frmBackups(QWidget* parent) : QDialog(parent), ui_(new Ui::frmBackup
   connect(ui_->cmdFile, &QPushButton::clicked, this, &frmBackups::ChooseFile);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(ui_->lstBackups, &QTreeWidget::itemDoubleClicked, this, &frmBackups::ChooseSelected);
+  connect(ui_->lstBackups, &QTreeWidget::itemSelectionChanged, this, &frmBackups::KeepSelection);
 }
 
 frmBackups::~frmBackups() = default;
@@ -58,8 +59,21 @@ void frmBackups::LoadForm() {
   }
   list.headerItem()->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
   list.setCurrentItem(list.topLevelItem(0));
-  ui_->cmdRestore->setEnabled(list.topLevelItemCount() > 0);
-  if (list.topLevelItemCount() == 0) ui_->cmdFile->setFocus();
+  if (list.topLevelItemCount() == 0) SayNone();
+}
+
+void frmBackups::SayNone() {
+  auto* item = new QTreeWidgetItem(ui_->lstBackups, {Texts::tr("Non ci sono ancora copie automatiche.")});
+  item->setFirstColumnSpanned(true);
+  item->setFlags(Qt::ItemIsEnabled);
+  ui_->cmdRestore->setEnabled(false);
+  ui_->cmdFile->setFocus();
+}
+
+// A click beside the copies takes nothing away: what shows as selected is what is restored.
+void frmBackups::KeepSelection() {
+  QTreeWidgetItem* current = ui_->lstBackups->currentItem();
+  if (current != nullptr && ui_->lstBackups->selectedItems().isEmpty()) current->setSelected(true);
 }
 
 void frmBackups::Add(const QDateTime& made, const QString& before, const QString& holds, qint64 size,
@@ -103,8 +117,8 @@ void frmBackups::AddFormer(const QString& former) {
 }
 
 void frmBackups::ChooseSelected() {
-  if (const QTreeWidgetItem* item = ui_->lstBackups->currentItem())
-    Choose(item->data(0, SourceRole).toString());
+  const QList<QTreeWidgetItem*> selected = ui_->lstBackups->selectedItems();
+  if (!selected.isEmpty()) Choose(selected.first()->data(0, SourceRole).toString());
 }
 
 void frmBackups::ChooseFile() {

@@ -32,6 +32,8 @@ class frmBackups : public QDialog {
   void Add(const QDateTime& made, const QString& before, const QString& holds, qint64 size,
            const QString& source);
   void AddFormer(const QString& former);
+  void SayNone();
+  void KeepSelection();
   void ChooseFile();
   void ChooseSelected();
   void Choose(const QString& source);
