@@ -60,7 +60,8 @@ void PasswordStore::Save(const QString& password) {
   if (keyring_ == nullptr || (!waiting_ && known_ == password))
     return SaveInSettings(keyring_ == nullptr ? password : QString());
   waiting_ = password;
-  if (!writing_) WriteNext();
+  if (!writing_) return WriteNext();
+  patience_.start();  // that of the former one may be over
 }
 
 void PasswordStore::WriteNext() {
