@@ -1,5 +1,6 @@
 #include "publish/PluginChange.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -103,18 +104,44 @@ QString PluginChange::Record() const { return RecordOf(folder_, identifier_); }
 void PluginChange::Resume() {
   const bool replaces = QFileInfo::exists(Hidden(Ready, Manifest));
   const bool removes = !QFileInfo::exists(Hidden(Ready)) && QFileInfo::exists(Hidden(Old));
-  if (replaces) ReadyPackage();  // Where it cannot be read, what is installed stays.
+  if (replaces) {
+    const std::optional<PackageManifest> ready = ReadRecord(Hidden(Ready, Manifest), identifier_);
+    if (!ready) return GoBack();
+    ready_ = *ready;
+  }
   if (replaces || removes) TakeOut();
   if (replaces) PutIn();
   Complete();
 }
 
-PackageManifest PluginChange::ReadyPackage() const {
-  if (std::optional<PackageManifest> manifest = ReadRecord(Hidden(Ready, Manifest), identifier_))
-    return *std::move(manifest);
-  throw Error(Texts::tr("L'installazione del plug-in %1 è stata interrotta e non può essere completata. "
-                        "Cancellare la cartella %2 e installarlo di nuovo.")
-                  .arg(identifier_, QDir::toNativeSeparators(Hidden(Ready))));
+// What is ready cannot be read. Without its folder the old files would pass for those of a removal, so that
+// nobody is told to delete it before they are back.
+void PluginChange::GoBack() {
+  if (!QFileInfo::exists(Hidden(Old)))
+    throw Error(Texts::tr("L'installazione del plug-in %1 è stata interrotta e non può essere completata. "
+                          "Cancellare la cartella %2 e installarlo di nuovo.")
+                    .arg(identifier_, QDir::toNativeSeparators(Hidden(Ready))));
+  qCWarning(publish).noquote() << Hidden(Ready) << "cannot be read: what it was to replace is put back";
+  // From here on there is no way forward, even if it could be read the next time.
+  WriteFileSafely(Hidden(Ready, Manifest), QByteArray());
+  PutBack();
+  QFile::remove(Hidden(Ready, Manifest));
+  Complete();
+}
+
+void PluginChange::PutBack() {
+  const QDir old(Hidden(Old));
+  QStringList names;
+  for (QDirIterator it(old.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+       it.hasNext();)
+    names += old.relativeFilePath(it.next());
+  const bool hadRecord = names.removeOne(Manifest);
+  for (const QString& name : names) {
+    const QString path = Place(name);
+    if (IsSomebodysWork(path, name, identifier_, HashOf(old.filePath(name)))) Move(path, KeptPath(name));
+    Move(old.filePath(name), path);
+  }
+  if (hadRecord) Move(old.filePath(Manifest), Record());
 }
 
 void PluginChange::Stage(const QString& package, const PackageManifest& verified) {
@@ -129,6 +156,7 @@ void PluginChange::Stage(const QString& package, const PackageManifest& verified
                     [&](QIODevice& device) { return device.write(json) == json.size(); });
     SyncVolume(fresh);
     MoveFileSafely(fresh, Hidden(Ready));
+    ready_ = verified;
   } catch (const DiskFullError& full) {
     throw DiskFullError(folder_.path(), full.Cause());
   }
@@ -143,8 +171,7 @@ bool PluginChange::TakeOut() {
 }
 
 void PluginChange::PutIn() {
-  const PackageManifest manifest = ReadyPackage();
-  for (const PackagedFile& file : manifest.files) {
+  for (const PackagedFile& file : ready_.files) {
     const QString source = Hidden(Ready, u"files/"_qs + file.name);
     if (!QFileInfo::exists(source)) continue;  // an interrupted change has put it in its place
     GiveWay(file.name, file.hash);

@@ -31,8 +31,9 @@ inline const QString KeptFolder = QStringLiteral("Before update");
 
 class PluginChange {
  public:
-  // Takes an interrupted change of the plug-in up again first. Throws Error, also where that one cannot be
-  // read, and while another program is at one in this folder.
+  // Takes an interrupted change of the plug-in up again first, or back where its package cannot be read.
+  // Throws Error, also where there is nothing to take back then, and while another program is at one in this
+  // folder.
   PluginChange(const QString& folder, QString identifier);
   // What was not completed is taken back.
   ~PluginChange();
@@ -49,7 +50,8 @@ class PluginChange {
 
  private:
   void Resume();
-  PackageManifest ReadyPackage() const;
+  void GoBack();
+  void PutBack();
   void Move(const QString& from, const QString& to);
   void GiveWay(const QString& name, const QByteArray& expected);
   bool TakeBack();
@@ -62,6 +64,7 @@ class PluginChange {
   QDir folder_;
   QString identifier_;
   FolderHold hold_;
+  PackageManifest ready_;                           // the staged package
   QStringList emptied_;                             // folders out of which files went
   std::vector<std::pair<QString, QString>> moves_;  // from, to
 };
