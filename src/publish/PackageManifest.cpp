@@ -115,13 +115,11 @@ void RequireUsable(const PackageManifest& manifest) {
         Texts::tr("Il plug-in è fatto per un'altra versione di Vorlina (%1). Procurarsene una versione "
                   "adatta.")
             .arg(manifest.interface.left(100).simplified()));
-  const QVersionNumber own = QLibraryInfo::version();
-  const QVersionNumber qt = QVersionNumber::fromString(manifest.qt);
-  if (qt.majorVersion() != own.majorVersion() || qt.minorVersion() > own.minorVersion())
+  if (!FitsOwnQt(QVersionNumber::fromString(manifest.qt)))
     throw Error(
         Texts::tr("Il plug-in è fatto con Qt %1, e questo programma ha Qt %2. Procurarsene una versione "
                   "adatta.")
-            .arg(manifest.qt.left(20).simplified(), own.toString()));
+            .arg(manifest.qt.left(20).simplified(), QLibraryInfo::version().toString()));
 }
 
 }  // namespace vorlina

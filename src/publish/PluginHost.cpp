@@ -36,7 +36,8 @@ QString LibraryOf(const QString& identifier) {
   for (const QString& folder : {AppPath(), DeliveredPath()}) {
     QString path = QDir(folder).filePath(u"PubWiz/"_qs + identifier + LibrarySuffix);
     if (!QFileInfo::exists(path)) continue;
-    if (FactsOf(path).interface == QStringLiteral(VORLINA_PLUGIN_IID)) {
+    const LibraryFacts facts = FactsOf(path);
+    if (facts.interface == QStringLiteral(VORLINA_PLUGIN_IID) && FitsOwnQt(facts.qt)) {
       if (!unfit.isEmpty()) qCWarning(publish).noquote() << unfit << "is passed over for" << path;
       return path;
     }

@@ -35,9 +35,9 @@ PluginChoice ChosenPlugins();
 QStringList InstalledPlugins();
 
 // The factory of the library named after the identifier in "PubWiz": the user's own first, then the delivered
-// one, which also counts where the user's own is for another version of the interface. Once it was loaded it
-// stays the same as long as the program runs. Throws Error when there is none, when it was built for another
-// version of the interface, or when it cannot be loaded.
+// one, which also counts where the user's own is for another version of the interface or a newer Qt. Once it
+// was loaded it stays the same as long as the program runs. Throws Error when there is none, when it was
+// built for another version of the interface, or when it cannot be loaded.
 IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier);
 
 // The version of the interface that the identifier's library was built for, of which no code runs; "" for

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QJsonObject>
+#include <QLibraryInfo>
 #include <QPluginLoader>
 
 namespace vorlina {
@@ -17,6 +18,11 @@ LibraryFacts FactsOf(const QString& library) {
   const QJsonObject data = QPluginLoader(QFileInfo(library).absoluteFilePath()).metaData();
   const int qt = data.value(u"version"_qs).toInt();
   return {data.value(u"IID"_qs).toString(), QVersionNumber(qt >> 16, (qt >> 8) & 0xFF)};
+}
+
+bool FitsOwnQt(const QVersionNumber& qt) {
+  const QVersionNumber own = QLibraryInfo::version();
+  return qt.majorVersion() == own.majorVersion() && qt.minorVersion() <= own.minorVersion();
 }
 
 }  // namespace vorlina

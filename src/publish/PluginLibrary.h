@@ -17,4 +17,7 @@ struct LibraryFacts {
 };
 LibraryFacts FactsOf(const QString& library);
 
+// Whether a library that was built with this Qt runs on that of the program.
+bool FitsOwnQt(const QVersionNumber& qt);
+
 }  // namespace vorlina

@@ -46,6 +46,17 @@ TEST_F(PluginHost, TellsWhyALibraryCannotBeUsed) {
   QDir(DeliveredPlugin({})).removeRecursively();
   EXPECT_EQ(Creating(u"Test.Foreign"_qs), QString()) << "as long as the program runs";
   EXPECT_TRUE(Creating(u"Test.Missing"_qs).contains(u"is not installed"));
+  QFile::remove(AppFile(u"PubWiz"_qs));  // the link
+  QByteArray newer = ContentOf(QStringLiteral(TEST_PLUGINS "/Test.Good.so"));
+  const qsizetype minorQt = newer.indexOf("qt-project!") + 14;
+  ASSERT_EQ(newer[minorQt], QT_VERSION_MINOR);
+  newer[minorQt] = 99;
+  for (const QString& folder : {AppFile(u"PubWiz"_qs), DeliveredPlugin({})}) QDir().mkpath(folder);
+  WriteFileSafely(AppFile(u"PubWiz/Test.Newer.so"_qs), newer);
+  EXPECT_TRUE(Creating(u"Test.Newer"_qs).contains(u"cannot be loaded")) << Creating(u"Test.Newer"_qs);
+  QFile::copy(QStringLiteral(TEST_PLUGINS "/Test.Good.so"), DeliveredPlugin(u"Test.Newer.so"_qs));
+  EXPECT_EQ(Creating(u"Test.Newer"_qs), QString()) << "the delivered one";
+  QDir(DeliveredPlugin({})).removeRecursively();
   for (const QString& name : {u""_qs, u"../../etc/passwd"_qs, u"a\\b"_qs})
     EXPECT_TRUE(Creating(name).contains(u"is not the name of a plug-in")) << name;
 }
