@@ -125,24 +125,35 @@ void MovePaths(Connection& connection, const QString& from, const QString& to) {
   transaction.Commit();
 }
 
+QString ChooseAnother() { return Texts::tr("Scegliere un'altra copia di sicurezza."); }
+
 // Opens the unpacked database as the program would, which refuses a foreign or a newer one and brings an
 // older one up to date, and fits its paths to where it is going to lie. Nothing is written as long as it may
 // have something that would do more than what was written.
-void PrepareDatabase(const QString& path, const QString& from, const QString& to) {
-  Connection connection;
+void PrepareDatabase(Connection& connection, const QString& path, const QString& from, const QString& to) {
   connection.Open(ConnectionTextFor(path));
   RequireTablesAlone(connection);
   OpenCatalogDatabase(connection, path);
   if (const QStringList broken = CheckDatabase(connection); !broken.isEmpty())
-    throw Error(Texts::tr("Il database della copia di sicurezza non è integro: %1").arg(broken.first()));
+    throw Error(Texts::tr("Il database della copia di sicurezza non è integro: %1").arg(broken.first()) +
+                u' ' + ChooseAnother());
   RequireOwnSchema(connection);
   if (!from.isEmpty() && from != to) MovePaths(connection, from, to);
-  RaiseCounters(connection);
 }
 
-// What is wrong with it is told of what the user chose, and what to do by whoever restores already.
+// Takes the advice out of what is told of a database that is not whole, or none of ours: who restores already
+// is told to choose another one. False for what another backup does not help against.
+bool TakeAdvice(QString& why) {
+  bool helps = why.contains(Texts::tr("La copia del database non è integra: %1").arg(QString()));
+  for (const QString& advice : {ChooseAnother(), Texts::tr("Ripristinare una copia di sicurezza.")}) {
+    helps = helps || why.contains(advice);
+    why.remove(u' ' + advice);
+  }
+  return helps;
+}
+
+// What is wrong with it is told of what the user chose.
 void NamingTheSource(const QString& source, const QString& staged, const std::function<void()>& step) {
-  const QString choose = Texts::tr("Scegliere un'altra copia di sicurezza.");
   try {
     step();
   } catch (const DiskFullError&) {
@@ -153,9 +164,9 @@ void NamingTheSource(const QString& source, const QString& staged, const std::fu
     const QString name = QDir::toNativeSeparators(source);
     QString why = error.Description();
     why.replace(QDir::toNativeSeparators(staged), name);
-    for (const QString& advice : {choose, Texts::tr("Ripristinare una copia di sicurezza.")})
-      why.remove(u' ' + advice);
-    throw Error(Texts::tr("Impossibile ripristinare %1.").arg(name) + u' ' + choose + u" ("_qs + why + u')');
+    const QString what = Texts::tr("Impossibile ripristinare %1.").arg(name) + u' ';
+    if (TakeAdvice(why)) throw Error(what + ChooseAnother() + u" ("_qs + why + u')');
+    throw Error(what + why);
   }
 }
 
@@ -225,10 +236,13 @@ RestoreReport RestoreBackup(const QString& source, const Progress& progress, con
     else
       CopyOver(source, offer.manifest, staging, progress);
     const QString database = QDir(staging).filePath(DatabaseName);
+    Connection connection;
     NamingTheSource(source, database, [&] {
       if (!IsArchive(source)) CopyDatabase(DatabaseIn(source), database);
-      PrepareDatabase(database, offer.manifest.applicationPath, folder);
+      PrepareDatabase(connection, database, offer.manifest.applicationPath, folder);
     });
+    RaiseCounters(connection);
+    connection.Close();
     SyncVolume(staging);
     KeepCopy(source, waive);
     return {offer.scope, offer.manifest, SwapIn(folder, offer.scope == RestoreScope::DatabaseAlone)};

@@ -159,6 +159,8 @@ TEST_F(RestoreTest, WhatIsNotWholeOrNotBuiltLikeOursIsRefused) {
       {file_ + u" cannot be restored. Choose another backup. (The file "_qs + file_ +
            u" cannot be used: it is damaged. ("_qs,
        fit(put(DatabaseName, damaged))},
+      {file_ + u" cannot be restored. The file "_qs + file_ + u" cannot be used: it was made by a newer"_qs,
+       sql(u"PRAGMA user_version=99"_qs)},
       {u"(Immagini)"_qs, sql(u"PRAGMA foreign_keys=OFF; DROP TABLE Immagini"_qs)},
       {u"(OnlyOne)"_qs, sql(u"CREATE UNIQUE INDEX OnlyOne ON Prodotti (CodiceProdotto, Pubblica)"_qs)},
       {u"(Extensions)"_qs, sql(u"ALTER TABLE Extensions RENAME COLUMN C TO D"_qs)},
