@@ -1,6 +1,7 @@
 #include "base/AppPath.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QLibrary>
@@ -8,6 +9,7 @@
 #include <QTemporaryFile>
 
 #include "base/SafeFile.h"
+#include "base/Texts.h"
 
 namespace vorlina {
 namespace {
@@ -26,10 +28,12 @@ bool IsWritable(const QString& folder) {
 
 // Where the first catalogs come from. A program that is unpacked and works where it lies has them apart, so
 // that a new version that is unpacked over it replaces no catalog and no picture. Where it cannot write by
-// now what it worked with goes on being what the user sees.
+// now what it worked with goes on being what the user sees, unless a restore was cut short there: what lies
+// beside its journal belongs together only by chance.
 QString SamplesPath() {
   const QString apart = DeliveredPath() + u"/Samples"_qs;
-  const bool hasWorked = QFileInfo::exists(DeliveredPath() + u"/Catalog.db");
+  const bool hasWorked = QFileInfo(DeliveredPath() + u"/Catalog.db").isReadable() &&
+                         !QFileInfo::exists(DeliveredPath() + u"/.restore-journal");
   return QFileInfo::exists(apart) && !hasWorked ? apart : DeliveredPath();
 }
 
@@ -48,6 +52,34 @@ void CopyMissingBelow(const QString& from, const QString& folder) {
     // Libraries are loaded from where they were delivered, so that they are never older than the program.
     if (!QLibrary::isLibrary(name)) CopyMissing(from, name);
   }
+}
+
+// Tells whether somebody wrote the database of a folder, or its journal, meanwhile.
+QString StampOf(const QString& folder) {
+  QString stamp;
+  for (const QString& name : {u"/Catalog.db"_qs, u"/Catalog.db-journal"_qs}) {
+    const QFileInfo file(folder + name);
+    stamp += u"%1 %2;"_qs.arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+  }
+  return stamp;
+}
+
+// With the journal of a transaction that was cut short, without which the database is half changed. It has
+// its name last, so that a copy that was cut short is none.
+void CopyDatabaseFrom(const QString& folder) {
+  const QString partial = AppFile(u"Catalog.db.partial"_qs);
+  const QString journal = AppFile(u"Catalog.db-journal"_qs);
+  const QString before = StampOf(folder);
+  QFile::remove(journal);
+  if (QFileInfo::exists(folder + u"/Catalog.db-journal"))
+    CopyFileSafely(folder + u"/Catalog.db-journal"_qs, journal);
+  CopyFileSafely(folder + u"/Catalog.db"_qs, partial);
+  if (StampOf(folder) != before) {
+    QFile::remove(partial);
+    throw Error(Texts::tr("I cataloghi in %1 sono aperti in un altro programma. Chiuderlo e riprovare.")
+                    .arg(QDir::toNativeSeparators(folder)));
+  }
+  MoveFileSafely(partial, AppFile(u"Catalog.db"_qs));
 }
 
 }  // namespace
@@ -75,7 +107,7 @@ void PrepareAppPath() {
   if (QDir(AppPath()) == QDir(samples) || QFileInfo::exists(AppFile(u"Catalog.db"_qs))) return;
   if (QDir(AppPath()) != QDir(DeliveredPath())) CopyMissingBelow(DeliveredPath(), u"PubWiz"_qs);
   CopyMissingBelow(samples, u"Images"_qs);
-  CopyMissing(samples, u"Catalog.db"_qs);
+  CopyDatabaseFrom(samples);
 }
 
 }  // namespace vorlina

@@ -141,7 +141,7 @@ TEST(Language, ComesFromTheSettingOrTheSystemAndIsNotSaved) {
 TEST(AppPath, TheUsersFolderIsFilledOnceAndThenKept) {
   const QDir delivered(DeliveredPath());
   const QStringList names{u"Images/1.jpg"_qs, u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs,
-                          u"Catalog.db"_qs};
+                          u"Catalog.db"_qs, u"Catalog.db-journal"_qs};
   for (const QString& name : names) {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(delivered.filePath(name)).path()));
     WriteFileSafely(delivered.filePath(name), "delivered");
@@ -187,7 +187,12 @@ TEST(AppPath, SamplesThatLieApartReplaceNothing) {
   SetAppPath(user.path());
   PrepareAppPath();
   EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "first");
+  QFile::remove(AppFile(u"Catalog.db"_qs));
+  WriteFileSafely(delivered.filePath(u".restore-journal"_qs), "");
+  PrepareAppPath();
+  EXPECT_EQ(ContentOf(AppFile(u"Catalog.db"_qs)), "second") << "a restore was cut short there";
   SetAppPath(delivered.path());
+  QFile::remove(AppFile(u".restore-journal"_qs));
   for (const QString& name : {u"Images/1.jpg"_qs, u"Catalog.db"_qs}) {
     EXPECT_EQ(ContentOf(AppFile(name)), "first") << name.toStdString();
     QFile::remove(AppFile(name));

@@ -21,7 +21,7 @@ const byVariable = { writes: 'copy|link|resize', removes: 'remove|moveToTrash' }
 const seam = 'src/base/SafeFile.cpp';
 const places = {
   // The program.
-  'src/base/AppPath.cpp': ['scratch', 'whether a folder takes a file is seen by one that goes at once'],
+  'src/base/AppPath.cpp': ['scratch removes', 'whether a folder takes a file is seen by one that goes at once; a first database that is not whole'],
   'src/base/Settings.cpp': ['removes', 'the file beside, which a killed save left'],
   'src/store/CatalogDatabase.cpp': ['removes', 'a copy of the database that is not whole'],
   'src/support/WidgetHelpCollection.h': ['scratch', 'what Qt notes of a help file while it shows'],
