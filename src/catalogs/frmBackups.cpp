@@ -17,6 +17,7 @@
 #include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
 #include "catalogs/RestoreSwap.h"
+#include "store/CatalogDatabase.h"
 #include "ui_frmBackups.h"
 
 namespace vorlina {
@@ -27,6 +28,16 @@ Q_LOGGING_CATEGORY(catalogs, "vorlina.catalogs", QtInfoMsg)
 constexpr int SourceRole = Qt::UserRole;
 constexpr int MadeRole = Qt::UserRole + 1;
 constexpr int SizeColumn = 3;
+
+// Which of them keeps what was there before the last restore; one may lie there without a database.
+QString NewestFormer() {
+  QString newest;
+  for (const QString& former : FormerFolders(AppPath()))
+    if (QFileInfo::exists(QDir(former).filePath(DatabaseName)) &&
+        (newest.isEmpty() || QFileInfo(former).lastModified() > QFileInfo(newest).lastModified()))
+      newest = former;
+  return newest;
+}
 
 }  // namespace
 
@@ -94,21 +105,21 @@ void frmBackups::Add(const QDateTime& made, const QString& before, const QString
   ui_->lstBackups->insertTopLevelItem(newer, item);
 }
 
-// A database alone is among the automatic copies besides, unless none could be kept; what cannot be read is
-// left out.
+// What cannot be read, or is no database of ours, is left out, and so is a database alone that was kept by
+// itself just before it went.
 void frmBackups::AddFormer(const QString& former) {
   const QDateTime made = QFileInfo(former).lastModified();
-  const bool isLast = former == FormerFolder(AppPath());
   const std::vector<AutomaticBackup> copies = AutomaticBackups();
   constexpr qint64 AMinute = 60;
   const bool isKept = std::any_of(copies.begin(), copies.end(), [&](const AutomaticBackup& copy) {
-    return std::abs(copy.made.secsTo(made)) < AMinute;
+    const qint64 after = copy.made.secsTo(made);
+    return copy.reason == Texts::tr("ripristino") && after >= 0 && after < AMinute;
   });
   try {
     const RestoreOffer offer = ReadOffer(former);
     const bool everything = offer.scope == RestoreScope::Everything;
-    if (everything || !isKept)
-      Add(made, isLast ? Texts::tr("ultimo ripristino") : Texts::tr("ripristino"),
+    if ((everything || !isKept) && IsOwnDatabase(QDir(former).filePath(DatabaseName)))
+      Add(made, former == NewestFormer() ? Texts::tr("ultimo ripristino") : Texts::tr("ripristino"),
           everything ? Texts::tr("database, immagini e layout") : Texts::tr("solo il database"),
           offer.manifest.TotalSize(), QDir::toNativeSeparators(former));
   } catch (const Error& error) {

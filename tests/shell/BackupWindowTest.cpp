@@ -234,7 +234,8 @@ TEST_F(BackupWindow, ARestoreThatDoesNotComeAboutChangesNothing) {
   Settle();
   offered = Offered();
   EXPECT_EQ(offered->topLevelItem(0)->text(1), u"restore"_qs) << "the newest one is the first";
-  EXPECT_EQ(offered->topLevelItem(1)->text(1), u"last restore"_qs) << "with the pictures";
+  EXPECT_EQ(offered->topLevelItem(1)->text(2), u"database, pictures and layouts"_qs);
+  EXPECT_EQ(offered->topLevelItem(1)->text(1), u"restore"_qs) << "it is not the last one";
   QTest::keyClick(offered, Qt::Key_Escape);
 }
 
