@@ -113,7 +113,7 @@ ProductValues ProductCard::ToStore(const ProductValues& typed, const ProductValu
 void ProductCard::Add(const ProductValues& typed) {
   QString code = CodeTyped(typed);
   Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Nuovo prodotto %1"), {code}});
-  if (code == proposed_ && products_.IsCodeTaken(code)) code = products_.NuovoCodice();
+  if (code == proposed_ && products_.IsCodeTaken(code)) code = products_.FreePictureCode();
   product_ = 0;
   ProductValues values = ToStore(typed, {});
   values[CodeField] = code;

@@ -37,7 +37,7 @@ class ProductCard {
   void BeginNew() { product_ = 0; }
   // A free code for it. One that is not typed over is another free one when it is saved, should somebody have
   // taken it by then. Throws Error.
-  QString ProposeCode() { return proposed_ = products_.NuovoCodice(); }
+  QString ProposeCode() { return proposed_ = products_.FreePictureCode(); }
 
   // Why what was typed cannot be saved; "" where nothing is in the way.
   QString Refusal(const ProductValues& typed) const;

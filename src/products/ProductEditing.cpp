@@ -64,7 +64,7 @@ void ProductEditing::SetCatalog(int IDCatalogo, Connection& connection) {
 }
 
 void ProductEditing::OfferCode() {
-  rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, Products().NuovoCodice());
+  rows_.SetDefaultValue(rows_.Column(ProductColumn::Codice).key, Products().FreePictureCode());
 }
 
 // The code that a new row was offered may be another product's when it is written.

@@ -59,8 +59,15 @@ QString ProductStore::NuovoCodice(qint64 above) const {
 }
 
 QString ProductStore::FreePictureCode() {
+  const auto isTaken = [this](const QString& code) {
+    return QFile::exists(MainImagePath(IDCatalogo_, code));
+  };
   QString code = NuovoCodice(lastTaken_);
-  while (QFile::exists(MainImagePath(IDCatalogo_, code))) code = NuovoCodice(lastTaken_ = code.toLongLong());
+  while (isTaken(code)) {
+    // The rows are counted once for all that lie there: after a restore these may be thousands.
+    for (lastTaken_ = code.toLongLong(); isTaken(QString::number(lastTaken_ + 1));) ++lastTaken_;
+    code = NuovoCodice(lastTaken_);
+  }
   return code;
 }
 
@@ -110,7 +117,7 @@ QString ProductStore::CodeOf(qint64 product) const { return ValueOf(product, Cod
 qint64 ProductStore::Add(ProductValues values, ProductMarks marks) {
   QVariant& code = values[CodeField];
   Transaction transaction(connection_, {QT_TRANSLATE_NOOP("Texts", "Nuovo prodotto %1"), {code.toString()}});
-  if (code.isNull()) code = NuovoCodice();
+  if (code.isNull()) code = FreePictureCode();
   values[u"IDCatalogo"_qs] = IDCatalogo_;
   Recordset row;
   row.Open({.table = u"Prodotti"_qs, .where = u"FALSE"_qs}, connection_);

@@ -124,6 +124,9 @@ TEST_F(ProductCardTest, WritesNullInANewProductAndEmptyTextInAChangedOne) {
   AddProduct(catalog_, card_.ProposeCode());
   card_.Add({{u"CodiceProdotto"_qs, u"5"_qs}});
   EXPECT_EQ(card_.Code(), u"6"_qs);
+  // A copy of the database that may come back has the product.
+  WriteFileSafely(MainImagePath(catalog_, u"7"_qs), "of then");
+  EXPECT_EQ(card_.ProposeCode(), u"8"_qs);
 }
 
 TEST_F(ProductCardTest, WhatOthersHaveStoredIsNotWrittenOverUnseen) {
