@@ -106,7 +106,8 @@ void PrepareAppPath() {
   const QString samples = SamplesPath();
   if (QDir(AppPath()) == QDir(samples) || QFileInfo::exists(AppFile(u"Catalog.db"_qs))) return;
   if (QDir(AppPath()) != QDir(DeliveredPath())) CopyMissingBelow(DeliveredPath(), u"PubWiz"_qs);
-  CopyMissingBelow(samples, u"Images"_qs);
+  for (const QString& folder : {u"Images"_qs, u"Layouts"_qs}) CopyMissingBelow(samples, folder);
+  if (QFileInfo::exists(samples + u"/CardLayout.lyt")) CopyMissing(samples, u"CardLayout.lyt"_qs);
   CopyDatabaseFrom(samples);
 }
 

@@ -14,9 +14,10 @@ QString AppPath();
 QString DeliveredPath();
 
 // Settles AppPath() and, where it is the user's own folder, copies into it what is delivered and is not yet
-// there: database, pictures and skins; where the program brings its samples in a folder "Samples" and has no
-// database beside it, from there. The database comes last, so that a copy cut short is taken up again at the
-// next start. Throws Error when the folder cannot be made or filled.
+// there: database, pictures, layouts and skins; where the program brings its samples in a folder "Samples"
+// and has beside it no database that it could take, from there. The database comes last, so that a copy cut
+// short is taken up again at the next start. Throws Error when the folder cannot be made or filled, or
+// another program changes the database meanwhile.
 void PrepareAppPath();
 
 // Takes this folder as AppPath(), for the companion program and the tests; with an empty one it is settled

@@ -140,8 +140,9 @@ TEST(Language, ComesFromTheSettingOrTheSystemAndIsNotSaved) {
 // leaves alone.
 TEST(AppPath, TheUsersFolderIsFilledOnceAndThenKept) {
   const QDir delivered(DeliveredPath());
-  const QStringList names{u"Images/1.jpg"_qs, u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs,
-                          u"Catalog.db"_qs, u"Catalog.db-journal"_qs};
+  const QStringList names{u"Images/1.jpg"_qs,  u"PubWiz/Own/skin.txt"_qs, u"PubWiz/Own.so"_qs,
+                          u"Catalog.db"_qs,    u"Catalog.db-journal"_qs,  u"Layouts/1.lyt"_qs,
+                          u"CardLayout.lyt"_qs};
   for (const QString& name : names) {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(delivered.filePath(name)).path()));
     WriteFileSafely(delivered.filePath(name), "delivered");
