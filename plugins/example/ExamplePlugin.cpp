@@ -75,14 +75,19 @@ class ExamplePlugin : public IVorlinaPlugin {
   VorlinaHost host_;
 };
 
-class ExamplePublisher : public IVorlinaFolderPublisher {
+class ExamplePublisher : public IVorlinaPublisher {
  public:
-  bool PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                 IVorlinaProgress& progress) override {
+  VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
+                        IVorlinaProgress& progress) override {
     bool stopped = false;
-    const QByteArray list = PriceList(connection, IDCatalogo, &progress, stopped);
-    if (!stopped) WriteList(folder, list);
-    return !stopped;
+    const QByteArray list = PriceList(connection, job.IDCatalogo, &progress, stopped);
+    if (!stopped) WriteList(job.target, list);
+    VorlinaReport report;
+    report.complete = !stopped;
+    report.pages = 1;
+    report.bytes = list.size();
+    report.open += job.target + QStringLiteral("/prices.txt");
+    return report;
   }
 };
 
@@ -95,7 +100,7 @@ class ExampleFactory : public QObject, public IVorlinaPluginFactory {
   std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) override {
     return std::make_unique<ExamplePlugin>(host);
   }
-  std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost&) override {
+  std::unique_ptr<IVorlinaPublisher> CreatePublisher(const VorlinaHost&) override {
     return std::make_unique<ExamplePublisher>();
   }
 };

@@ -5,10 +5,10 @@
 #include <memory>
 
 #include "PluginDialogs.h"
+#include "SkinFolders.h"
+#include "TargetMemory.h"
 #include "engine/CatalogLanguage.h"
 #include "engine/SitePublisher.h"
-#include "engine/SkinFolders.h"
-#include "engine/TargetMemory.h"
 
 // The picture lies in this library.
 static void InitPicture() { Q_INIT_RESOURCE(vlhtml); }
@@ -81,27 +81,26 @@ QVariant Plugin::InstallSkin(QString& skin) {
   return {};
 }
 
-// The language is the one asked for in this run, then the one chosen for the catalog, then that of its texts.
-bool FolderPublisher::PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                                IVorlinaProgress& progress) {
-  QString language = host_.askedLanguage;
-  if (language.isEmpty()) language = RememberedLanguage(connection, IDCatalogo);
+VorlinaReport Publisher::Publish(IVorlinaConnection& connection, const VorlinaJob& job,
+                                 IVorlinaProgress& progress) {
   const bool italian = host_.language == u"Italian";
-  const bool siteItalian =
-      language.isEmpty() ? LooksItalian(connection, IDCatalogo, italian) : language == u"Italian";
-  const Languages languages{italian, siteItalian};
+  const Languages languages{italian, job.profile.language == u"it"};
   const PublishResult result =
-      PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, progress);
-  for (const QString& warning : result.warnings) progress.Warn(warning);
-  return result.complete;
+      PublishSite(connection, job.IDCatalogo, job.target, CurrentSkin(host_), languages, progress);
+  VorlinaReport report;
+  report.complete = result.complete;
+  report.pages = result.pages;
+  for (const QString& warning : result.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
+  report.open += job.target + QStringLiteral("/index.html");
+  return report;
 }
 
 std::unique_ptr<IVorlinaPlugin> Factory::CreatePlugin(const VorlinaHost& host) {
   return std::make_unique<Plugin>(host);
 }
 
-std::unique_ptr<IVorlinaFolderPublisher> Factory::CreateFolderPublisher(const VorlinaHost& host) {
-  return std::make_unique<FolderPublisher>(host);
+std::unique_ptr<IVorlinaPublisher> Factory::CreatePublisher(const VorlinaHost& host) {
+  return std::make_unique<Publisher>(host);
 }
 
 }  // namespace vlhtml

@@ -23,11 +23,11 @@ class Plugin : public IVorlinaPlugin {
   bool italian_;
 };
 
-class FolderPublisher : public IVorlinaFolderPublisher {
+class Publisher : public IVorlinaPublisher {
  public:
-  explicit FolderPublisher(const VorlinaHost& host) : host_(host) {}
-  bool PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                 IVorlinaProgress& progress) override;
+  explicit Publisher(const VorlinaHost& host) : host_(host) {}
+  VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
+                        IVorlinaProgress& progress) override;
 
  private:
   VorlinaHost host_;
@@ -40,7 +40,7 @@ class Factory : public QObject, public IVorlinaPluginFactory {
 
  public:
   std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) override;
-  std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost& host) override;
+  std::unique_ptr<IVorlinaPublisher> CreatePublisher(const VorlinaHost& host) override;
 };
 
 }  // namespace vlhtml

@@ -35,8 +35,7 @@ Listed Look(const QString& identifier) {
     CallPlugin([&] {
       listed.name = plugin->GetPluginName();
       listed.description = plugin->GetPluginDescription();
-      listed.publishesToFolder =
-          PluginFactoryOf(identifier).CreateFolderPublisher(HostOfPlugins()) != nullptr;
+      listed.publishesToFolder = PluginFactoryOf(identifier).CreatePublisher(HostOfPlugins()) != nullptr;
     });
   } catch (const Error& error) {
     listed.error = error.Description();

@@ -34,13 +34,14 @@ TEST_F(ExampleTest, PublishesThroughTheHeaderAlone) {
   connection_.Execute(u"UPDATE Prodotti SET Valore1='5,00', Descrizione='L''uno'||char(10)||'due'"_qs);
   PluginConnection connection(connection_);
   IVorlinaPluginFactory& factory = PluginFactoryOf(u"Example.PriceList"_qs);
+  VorlinaJob job;
+  job.IDCatalogo = catalog;
+  job.target = AppPath();
   Progress stopping(false);
-  EXPECT_FALSE(
-      factory.CreateFolderPublisher(HostOfPlugins())->PublishTo(connection, catalog, AppPath(), stopping));
+  EXPECT_FALSE(factory.CreatePublisher(HostOfPlugins())->Publish(connection, job, stopping).complete);
   EXPECT_FALSE(QFile::exists(AppFile(u"prices.txt"_qs)));
   Progress going(true);
-  EXPECT_TRUE(
-      factory.CreateFolderPublisher(HostOfPlugins())->PublishTo(connection, catalog, AppPath(), going));
+  EXPECT_TRUE(factory.CreatePublisher(HostOfPlugins())->Publish(connection, job, going).complete);
   QFile list(AppFile(u"prices.txt"_qs));
   ASSERT_TRUE(list.open(QIODevice::ReadOnly));
   EXPECT_EQ(QString::fromUtf8(list.readAll()), u"B\tL'uno due\t5,00\nA 2\tL'uno due\t5,00\n"_qs);

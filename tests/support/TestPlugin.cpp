@@ -11,7 +11,7 @@
 
 namespace {
 
-class TestPlugin : public IVorlinaPlugin, public IVorlinaFolderPublisher {
+class TestPlugin : public IVorlinaPlugin, public IVorlinaPublisher {
  public:
   QString GetPluginName() override { return QStringLiteral(TEST_PLUGIN_NAME); }
   QIcon GetPluginIcon() override { return QPixmap(32, 32); }
@@ -33,17 +33,17 @@ class TestPlugin : public IVorlinaPlugin, public IVorlinaFolderPublisher {
   }
 
   // Goes on until it is asked to stop, and says beside the folder that it has begun.
-  bool PublishTo(IVorlinaConnection& connection, int, const QString& folder,
-                 IVorlinaProgress& progress) override {
+  VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
+                        IVorlinaProgress& progress) override {
     connection.BeginTrans();
     connection.Execute(QStringLiteral("DELETE FROM Cataloghi"));
 #ifdef TEST_PLUGIN_THROWS
     throw std::runtime_error("the paper is used up");
 #endif
     connection.RollbackTrans();
-    QFile(folder + QStringLiteral(".begun")).open(QIODevice::WriteOnly);
+    QFile(job.target + QStringLiteral(".begun")).open(QIODevice::WriteOnly);
     while (progress.Report(1, 1000, QStringLiteral("page"))) QThread::msleep(1);
-    return false;
+    return {};
   }
 
 #ifdef TEST_PLUGIN_PAINTS
@@ -62,7 +62,7 @@ class TestFactory : public QObject, public IVorlinaPluginFactory {
     return std::make_unique<TestPlugin>();
   }
 #ifndef TEST_PLUGIN_WINDOWS
-  std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost&) override {
+  std::unique_ptr<IVorlinaPublisher> CreatePublisher(const VorlinaHost&) override {
     return std::make_unique<TestPlugin>();
   }
 #endif

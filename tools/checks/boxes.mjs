@@ -10,7 +10,7 @@ export const problems = [];
 
 const seamOf = (file) => (file.startsWith('plugins/') ? /^plugins\/\w+\/PluginDialogs\.\w+$/ : /^src\/base\/Widget\w+\.\w+$/);
 const isWindow = (file) => /^src\/\w+\/frm\w+\.\w+$/.test(file);
-const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file) && !seamOf(file).test(file));
+const looked = sources.filter((file) => /^(?:src|publishing|plugins)\//.test(file) && !seamOf(file).test(file));
 
 for (const file of looked) {
   const box = new RegExp(`\\bQ(?:${boxes}${isWindow(file) ? '' : '|Dialog'})\\b`);

@@ -34,12 +34,12 @@ const places = {
   'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],
   // The plug-ins, which have nothing of the program but the plug-in headers.
   'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
-  'plugins/vlhtml/engine/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
-  'plugins/vlhtml/engine/SkinFolders.cpp': ['writes scratch folders renames removes', 'unpacks a skin where it does not count yet, and gives it its name; the name of the one in use'],
-  'plugins/vlhtml/engine/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],
+  'publishing/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
+  'publishing/SkinFolders.cpp': ['writes scratch folders renames removes', 'unpacks a skin where it does not count yet, and gives it its name; the name of the one in use'],
+  'publishing/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],
 };
 export const problems = [];
-const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file) && file !== seam);
+const looked = sources.filter((file) => /^(?:src|publishing|plugins)\//.test(file) && file !== seam);
 
 for (const file of looked) {
   const code = codeOf(file);

@@ -9,6 +9,7 @@ import { sources, textOf } from './sources.mjs';
 const arrows = {
   'plug-in headers': [],
   zip: [],
+  publishing: ['plug-in headers', 'zip'],
   base: [],
   store: ['zip', 'base'],
   support: ['base', 'store'],
@@ -30,14 +31,14 @@ const roomOf = (file) => {
   if (top === 'src') return inFolder === undefined ? 'precompiled headers' : folder;
   return top;
 };
-// A plug-in has the plug-in headers alone, as a third party does, and the one library that knows nothing of the program;
-// tests, benchmarks and tools have everything.
+// A plug-in has what a third party has: the plug-in headers, and the library of all plug-ins. Tests, benchmarks and tools
+// have everything.
 const mayInclude = (room, to) =>
   ['tests', 'bench', 'tools'].includes(room) ||
-  (room.startsWith('plugins/') ? ['plug-in headers', 'zip'].includes(to) : (arrows[room] ?? []).includes(to));
+  (room.startsWith('plugins/') ? ['plug-in headers', 'publishing'].includes(to) : (arrows[room] ?? []).includes(to));
 
 const known = new Set(sources);
-const places = ['src', 'src/zip', 'src/publish/plugin', 'tests', 'tools', 'plugins/vlhtml', 'plugins/vlhtml/engine'];
+const places = ['src', 'src/zip', 'src/publish/plugin', 'publishing', 'tests', 'tools', 'plugins/vlhtml', 'plugins/vlhtml/engine'];
 const included = new Map(sources.map((file) => [file,
   [...textOf(file).matchAll(/^\s*#\s*include\s+["<]([^">]+)[">]/gm)]
     .map(([, name]) => [dirname(file), ...places].map((place) => join(place, name)).find((path) => known.has(path)))

@@ -8,7 +8,7 @@
 // that reach a tool tip by another way, as a model's ToolTipRole does.
 import { listed, sources, textOf } from './sources.mjs';
 
-const files = sources.filter((file) => /^(?:src|plugins)\//.test(file));
+const files = sources.filter((file) => /^(?:src|publishing|plugins)\//.test(file));
 const forms = listed('*.ui');
 export const problems = [];
 

@@ -8,7 +8,7 @@ import { codeOf, lineAt, sources, textOf } from './sources.mjs';
 const writing = /"\s*(?:INSERT|UPDATE|DELETE|REPLACE|CREATE|DROP|ALTER)\b/g;
 const places = {};
 export const problems = [];
-const looked = sources.filter((file) => /^(?:src|plugins)\//.test(file));
+const looked = sources.filter((file) => /^(?:src|publishing|plugins)\//.test(file));
 
 for (const file of looked) {
   const code = codeOf(file);

@@ -1,6 +1,8 @@
 // The language of a catalog's site: Italian or English, asked for once and kept with the catalog.
 #pragma once
 
+#include "Publishing.h"
+
 #include <QString>
 
 class IVorlinaConnection;

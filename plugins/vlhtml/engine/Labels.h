@@ -1,6 +1,8 @@
 // The words that the site itself says, in the language of the catalog.
 #pragma once
 
+#include "Publishing.h"
+
 #include <string>
 
 #include "Fields.h"

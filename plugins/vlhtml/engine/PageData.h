@@ -2,6 +2,8 @@
 // Both come from the same procedures.
 #pragma once
 
+#include "Publishing.h"
+
 #include <QByteArray>
 #include <array>
 

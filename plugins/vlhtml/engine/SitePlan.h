@@ -2,6 +2,8 @@
 // their names, and which belongs where.
 #pragma once
 
+#include "Publishing.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>

@@ -1,6 +1,8 @@
 // Publishes a catalog as a web site into a folder: no window, no question.
 #pragma once
 
+#include "Publishing.h"
+
 #include <IVorlinaPlugin.h>
 
 #include <QString>

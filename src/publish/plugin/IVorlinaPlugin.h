@@ -1,5 +1,6 @@
-// The plug-in interface of Vorlina, version 1. This header is all that a publishing plug-in needs, with
-// VorlinaNames.h for the names of values and filters; it uses Qt Core and Qt Gui. plugins.md tells how a
+// The plug-in interface of Vorlina, version 2. This header is all that a publishing plug-in needs, with
+// VorlinaJob.h for what is to be published and VorlinaNames.h for the names of values and filters; it uses Qt
+// Core and Qt Gui. plugins.md tells how a
 // plug-in is built and installed, when what is called, and what the tables hold.
 //
 // A plug-in is a Qt plug-in library whose root object implements IVorlinaPluginFactory:
@@ -25,9 +26,11 @@
 #include <QVariant>
 #include <memory>
 
+#include "VorlinaJob.h"
+
 // The version stands in the identifier, so that a library of another version is refused before any of its
 // code runs.
-#define VORLINA_PLUGIN_IID "vorlina.IVorlinaPluginFactory/1"
+#define VORLINA_PLUGIN_IID "vorlina.IVorlinaPluginFactory/2"
 
 // The rows of a query, walked forward, as long as the call that opened them lasts. Column names are found in
 // any letter case. A column that is Null gives a QVariant for which isNull() is true.
@@ -78,36 +81,66 @@ class IVorlinaPlugin {
   virtual QVariant InstallSkin(QString& skin) = 0;
 };
 
-// What a plug-in reports to while it publishes without a window.
+// What a plug-in reports to while it works.
 class IVorlinaProgress {
  public:
   virtual ~IVorlinaProgress() = default;
   // done of total steps are finished, and the step that is named begins. False asks the plug-in to stop: it
-  // then leaves the target as it was and returns false.
+  // then leaves the target as it was.
   virtual bool Report(int done, int total, const QString& step) = 0;
-  // Something that was left out, such as a picture whose file is missing; the user is told at the end.
-  virtual void Warn(const QString& text) { Q_UNUSED(text); }
 };
 
-// Optional: publishing into a given folder without a question or a window. It may be used without a display,
-// so the plug-in makes no widget here.
-class IVorlinaFolderPublisher {
+// The part of a plug-in that publishes: without a question of its own but by VorlinaHost::ui, and without a
+// window, since it may be used without a display.
+class IVorlinaPublisher {
  public:
-  virtual ~IVorlinaFolderPublisher() = default;
-  // Publishes the catalog into the folder, which is made when it is missing. True when it is complete, false
-  // when the progress asked to stop; throws on a failure, with the folder as it was.
-  virtual bool PublishTo(IVorlinaConnection& connection, int IDCatalogo, const QString& folder,
-                         IVorlinaProgress& progress) = 0;
+  virtual ~IVorlinaPublisher() = default;
+  virtual VorlinaTarget Target() { return {}; }
+  virtual QList<VorlinaOption> Options() { return {}; }
+  // Makes the job's target, which may be missing, or have what was published there before. A report that is
+  // not complete where the progress asked to stop; throws on a failure. Either way the target is as it was.
+  virtual VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
+                                IVorlinaProgress& progress) = 0;
 };
 
-// What a plug-in is told of the program that it works in.
+// The windows that the program shows for a plug-in. All texts are plain, in VorlinaHost::language.
+class IVorlinaUi {
+ public:
+  virtual ~IVorlinaUi() = default;
+  virtual void Tell(const QString& text) = 0;
+  // Yes or no; no is what Enter answers. The details stand below the question.
+  virtual bool Ask(const QString& question, const QString& details) = 0;
+  // One of the choices, -1 for none. A text for `other` adds a button for something else, which gives the
+  // number of choices.
+  virtual int Choose(const QString& title, const QString& question, const QStringList& choices, int current,
+                     const QString& other) = 0;
+  // "" where the user gives none. The filter is such as "Skins (*.zip)"; purpose tells which folder to begin
+  // in: that of the last file for it.
+  virtual QString ChooseFile(const QString& title, const QString& filter, const QString& purpose) = 0;
+  // Asks how and where to publish, shows a preview where the user wants one, has the publisher do it with a
+  // progress window, and shows the report. What the user chose is kept with the catalog.
+  virtual void Publish(IVorlinaPublisher& publisher, IVorlinaConnection& connection, int IDCatalogo) = 0;
+};
+
+// Pictures for readers, which the program makes once and keeps beside the catalog.
+class IVorlinaPictures {
+ public:
+  virtual ~IVorlinaPictures() = default;
+  // For each of the files the sizes that are asked for: longer sides in pixels. A size that is not smaller
+  // than the picture itself is made in the picture's own size. Nothing where the progress asked to stop, else
+  // as many as there are sources.
+  virtual QList<VorlinaWebPictures> Prepare(const QStringList& sources, const QList<int>& sizes,
+                                            IVorlinaProgress& progress) = 0;
+};
+
+// What a plug-in is told of the program that it works in, and what it may use of it.
 struct VorlinaHost {
-  QString language;            // "Italian" or "English", that of the program's windows
-  QString applicationFolder;   // the user's application folder, where a plug-in may keep files of its own in
-                               // "PubWiz"
-  QString deliveredFolder;     // the folder of the program, which may be read-only; often the same
-  QString askedLanguage = {};  // the language that the user asked for in this run; empty: the plug-in decides
-                               // in which one it publishes
+  QString language;           // "Italian" or "English", that of the program's windows
+  QString applicationFolder;  // the user's application folder, where a plug-in may keep files of its own in
+                              // "PubWiz"
+  QString deliveredFolder;    // the folder of the program, which may be read-only; often the same
+  IVorlinaPictures* pictures = nullptr;  // never null
+  IVorlinaUi* ui = nullptr;              // null where there is no display
 };
 
 // The root object of a plug-in library. It may be used without a display: no widget is made in a constructor.
@@ -115,8 +148,8 @@ class IVorlinaPluginFactory {
  public:
   virtual ~IVorlinaPluginFactory() = default;
   virtual std::unique_ptr<IVorlinaPlugin> CreatePlugin(const VorlinaHost& host) = 0;
-  // Null where the plug-in has no such interface.
-  virtual std::unique_ptr<IVorlinaFolderPublisher> CreateFolderPublisher(const VorlinaHost& host) {
+  // Null where the plug-in has none: then it is used by its windows alone.
+  virtual std::unique_ptr<IVorlinaPublisher> CreatePublisher(const VorlinaHost& host) {
     Q_UNUSED(host);
     return nullptr;
   }

@@ -1,0 +1,24 @@
+// A number by which a file that was damaged or changed is told from what was published. It is quick rather
+// than proof against forgery.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace publishing {
+
+std::uint64_t Fingerprint(std::string_view bytes);
+
+// Of a file as it lies on the disk. A large one is looked at in three places: at its start, in its middle and
+// at its end. Nothing where it cannot be read.
+struct FileFingerprint {
+  qint64 size = 0;
+  std::uint64_t content = 0;
+  bool operator==(const FileFingerprint&) const = default;
+};
+std::optional<FileFingerprint> FingerprintOf(const QString& path);
+FileFingerprint FingerprintOf(std::string_view content);
+
+}  // namespace publishing

@@ -1,0 +1,187 @@
+#include "SkinFolders.h"
+
+#include <ZipReader.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <stdexcept>
+
+#include "Skin.h"
+
+namespace publishing {
+namespace {
+
+const QString SkinsFolder = QStringLiteral("/PubWiz/VLHTML.HTML/Skins");
+const QString StandardSkin = QStringLiteral("Standard");
+
+QString ChosenName(const QString& skins) {
+  QFile file(skins + QStringLiteral("/current.txt"));
+  if (!file.open(QIODevice::ReadOnly)) return StandardSkin;
+  const QString name = QString::fromUtf8(file.readAll()).trimmed();
+  return name.contains(u'/') || name.contains(u'\\') || name.startsWith(u'.') || name.isEmpty() ? StandardSkin
+                                                                                                : name;
+}
+
+void Choose(const QString& skins, const QString& name) {
+  QSaveFile file(skins + QStringLiteral("/current.txt"));
+  const QByteArray text = name.toUtf8() + '\n';
+  if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
+      file.size() != text.size() || !file.commit())
+    throw std::runtime_error(file.errorString().toStdString());
+}
+
+// The archive's name as a folder's name.
+QString NameOf(const QString& archive) {
+  QString name;
+  for (const QChar c : QFileInfo(archive).completeBaseName())
+    name += c.unicode() < 128 && (c.isLetterOrNumber() || c == u'-' || c == u'_') ? c : QChar(u'_');
+  name.truncate(40);
+  if (name.isEmpty()) return QStringLiteral("Skin");
+  // A changed copy is often packed under the name that it was copied from.
+  return name.compare(StandardSkin, Qt::CaseInsensitive) == 0 ? name + QStringLiteral("-2") : name;
+}
+
+QString FolderOf(const QString& name, const VorlinaHost& host) {
+  const QString own = host.applicationFolder + SkinsFolder + u'/' + name;
+  return QFileInfo(own).isDir() || name != StandardSkin ? own
+                                                        : host.deliveredFolder + SkinsFolder + u'/' + name;
+}
+
+void Move(const QString& from, const QString& to, bool italian) {
+  if (QDir().rename(from, to)) return;
+  const QString text = italian ? QStringLiteral(
+                                     "Impossibile spostare la cartella %1. Chiudere i programmi che "
+                                     "la usano e controllare i permessi.")
+                               : QStringLiteral(
+                                     "The folder %1 cannot be moved. Close the programs that use it "
+                                     "and check its permissions.");
+  throw std::runtime_error(text.arg(QDir::toNativeSeparators(from)).toStdString());
+}
+
+[[noreturn]] void RefuseArchive(bool italian, const QString& inItalian, const QString& inEnglish) {
+  const QString text = italian
+                           ? QStringLiteral("L'archivio della skin non può essere usato: %1").arg(inItalian)
+                           : QStringLiteral("The skin archive cannot be used: %1").arg(inEnglish);
+  throw std::runtime_error(text.toStdString());
+}
+
+void RefuseArchive(bool italian, vorlina::ZipFault fault, const QString& told) {
+  using vorlina::ZipFault;
+  const QString name = told.left(250).simplified();  // or the box could be higher than any screen
+  switch (fault) {
+    case ZipFault::NoFile:
+    case ZipFault::Unreadable:
+    case ZipFault::NoArchive:
+      RefuseArchive(italian, QStringLiteral("non è un archivio zip"), QStringLiteral("it is no zip archive"));
+    case ZipFault::Damaged:
+      RefuseArchive(italian, QStringLiteral("è danneggiato"), QStringLiteral("it is damaged"));
+    case ZipFault::TooManyFiles:
+      RefuseArchive(italian, QStringLiteral("contiene troppi file"),
+                    QStringLiteral("it holds too many files"));
+    case ZipFault::TooLarge:
+      RefuseArchive(italian, QStringLiteral("è troppo grande"), QStringLiteral("it is too large"));
+    case ZipFault::Twin:
+      RefuseArchive(italian, QStringLiteral("il nome \"%1\" c'è due volte").arg(name),
+                    QStringLiteral("the name \"%1\" is there twice").arg(name));
+    case ZipFault::NoText:
+    case ZipFault::SpecialFile:
+    case ZipFault::BadName:
+      break;
+  }
+  RefuseArchive(italian, QStringLiteral("il nome \"%1\" non è ammesso").arg(name),
+                QStringLiteral("the name \"%1\" is not allowed").arg(name));
+}
+
+// What the systems of those who pack put beside the files.
+bool IsOfTheSystem(const QString& part) {
+  return part == u"__MACOSX" || part.startsWith(u"._") || part == u".DS_Store" || part == u"Thumbs.db" ||
+         part == u"desktop.ini";
+}
+
+// Writes a file of an archive into the folder that it is unpacked to. What is hidden would be no part of a
+// site, which who packed it is to know.
+void TakeFile(vorlina::ZipEntry& entry, const QString& folder, bool italian) {
+  const QStringList parts = entry.name.split(u'/');
+  if (std::any_of(parts.begin(), parts.end(), IsOfTheSystem)) return;
+  if (std::any_of(parts.begin(), parts.end(), [](const QString& part) { return part.startsWith(u'.'); }))
+    RefuseArchive(italian, vorlina::ZipFault::BadName, entry.name);
+  QFile file(folder + u'/' + entry.name);
+  QDir().mkpath(QFileInfo(file).path());
+  bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+  for (QByteArray piece = entry.nextPiece(); written && !piece.isEmpty(); piece = entry.nextPiece())
+    written = file.write(piece) == piece.size();
+  if (!written || !file.flush()) RefuseArchive(italian, file.errorString(), file.errorString());
+}
+
+// Many tools pack the folder itself: then its content is the skin.
+void LiftSingleFolder(const QString& folder) {
+  const QStringList inside = QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+  if (inside.size() != 1 || !QFileInfo(folder + u'/' + inside[0]).isDir()) return;
+  const QString aside = folder + QStringLiteral("-lifted");
+  if (QDir().rename(folder + u'/' + inside[0], aside) && QDir().rmdir(folder)) QDir().rename(aside, folder);
+}
+
+void Unpack(const QString& archive, const QString& folder, bool italian) {
+  QDir().mkpath(folder);
+  vorlina::ReadZip(
+      archive, vorlina::ForeignZip,
+      [&](vorlina::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
+      [&](vorlina::ZipEntry& entry) { TakeFile(entry, folder, italian); });
+  LiftSingleFolder(folder);
+}
+
+}  // namespace
+
+QString CurrentSkin(const VorlinaHost& host) {
+  const QString chosen = FolderOf(ChosenName(host.applicationFolder + SkinsFolder), host);
+  return QFileInfo(chosen).isDir() ? chosen : FolderOf(StandardSkin, host);
+}
+
+QStringList Skins(const VorlinaHost& host) {
+  QStringList names = QDir(host.applicationFolder + SkinsFolder)
+                          .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+  names.removeAll(StandardSkin);
+  names.prepend(StandardSkin);
+  return names;
+}
+
+void UseSkin(const QString& name, const VorlinaHost& host) {
+  const Skin check(FolderOf(name, host), host.language == u"Italian");
+  const QString skins = host.applicationFolder + SkinsFolder;
+  QDir().mkpath(skins);
+  Choose(skins, name);
+}
+
+QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
+  const bool italian = host.language == u"Italian";
+  const QString skins = host.applicationFolder + SkinsFolder;
+  if (!QDir().mkpath(skins))
+    throw std::runtime_error((italian ? QStringLiteral("Impossibile creare la cartella %1")
+                                      : QStringLiteral("The folder %1 cannot be made"))
+                                 .arg(QDir::toNativeSeparators(skins))
+                                 .toStdString());
+  // Unpacked and checked on the same file system, so that it gets its place by a rename.
+  QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
+  const QString unpacked = temporary.path() + QStringLiteral("/skin");
+  Unpack(archive, unpacked, italian);
+  Skin(unpacked, italian).StaticFiles();
+  QString name = NameOf(archive);
+  const QString target = skins + u'/' + name;
+  const QString former = temporary.path() + QStringLiteral("/former");
+  const bool replaces = QFileInfo::exists(target);
+  if (replaces) Move(target, former, italian);
+  try {
+    Move(unpacked, target, italian);
+  } catch (...) {
+    if (replaces) QDir().rename(former, target);
+    throw;
+  }
+  Choose(skins, name);
+  return name;
+}
+
+}  // namespace publishing

@@ -1,0 +1,205 @@
+#include "Staging.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <filesystem>
+
+#include "PublishError.h"
+#include "SiteSwap.h"
+
+namespace publishing {
+namespace {
+
+namespace fs = std::filesystem;
+
+const QString ProbeName = QStringLiteral("/.vorlina-probe");
+
+// The folder itself where the path is a link to it.
+QString RealPath(const QString& path) {
+  const QString real = QFileInfo(path).canonicalFilePath();
+  return real.isEmpty() ? QDir::cleanPath(QFileInfo(path).absoluteFilePath()) : real;
+}
+
+// The journal goes first: without it, what is left counts for nothing.
+void Discard(const QString& staging) {
+  if (staging.isEmpty() || QFileInfo(staging).isSymLink()) return;
+  QFile::remove(staging + u'/' + Manifest::FileName());
+  QDir(staging).removeRecursively();
+}
+
+// A disk that fills up takes a part of what is written, without an error.
+std::runtime_error Unwritten(const QFile& file, const QString& place, bool italian) {
+  if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError)
+    return CannotWrite(place, std::make_error_code(std::errc::no_space_on_device), italian);
+  const QString reason = file.errorString();
+  return About(place, italian, QStringLiteral("Impossibile scrivere %1: ") + reason,
+               QStringLiteral("%1 cannot be written: ") + reason);
+}
+
+}  // namespace
+
+MadeFolder::MadeFolder(QString path, bool italian) : path_(std::move(path)) {
+  made_ = QDir().mkpath(QFileInfo(path_).path()) && QDir().mkdir(path_);
+  if (!QFileInfo(path_).isDir())
+    throw About(
+        path_, italian,
+        QStringLiteral("Impossibile creare la cartella %1. Controllare i permessi, o scegliere "
+                       "un'altra cartella."),
+        QStringLiteral("The folder %1 cannot be made. Check the permissions, or choose another folder."));
+}
+
+MadeFolder::~MadeFolder() {
+  if (made_) QDir().rmdir(path_);
+}
+
+Staging::Staging(const QString& target, bool italian)
+    : target_(RealPath(target)),
+      italian_(italian),
+      folder_(target_, italian),
+      beside_(QFileInfo(target_).path() + QStringLiteral("/.") + QFileInfo(target_).fileName() +
+              QStringLiteral(".vorlina-new")),
+      inside_(target_ + QStringLiteral("/.vorlina-new")) {
+  if (!lock_.Take(target_))
+    throw About(target_, italian_,
+                QStringLiteral("Nella cartella %1 si sta già pubblicando. Attendere la fine e riprovare."),
+                QStringLiteral("The folder %1 is being published into. Wait for the end and try again."));
+  Recover(beside_);
+  Recover(inside_);
+  QDir().rmdir(QString(target_ + ProbeName));
+  former_ = Manifest::OfFolder(target_);
+}
+
+Staging::~Staging() {
+  if (!staging_.isEmpty() && !SiteSwap(target_, staging_, italian_).IsBegun()) Discard(staging_);
+}
+
+void Staging::Recover(const QString& place) {
+  if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink()) return;
+  SiteSwap swap(target_, place, italian_);
+  try {
+    if (swap.IsBegun()) swap.GoOn();
+  } catch (const std::runtime_error&) {
+    // Taken back, it is no hindrance to what comes now.
+    if (swap.IsBegun()) throw;
+  }
+  Discard(place);
+}
+
+bool Staging::IsCurrent(const QString& file, const QByteArray& input) const {
+  const auto entry = former_.entries.constFind(file);
+  return entry != former_.entries.constEnd() && entry->input == input &&
+         FingerprintOf(target_ + u'/' + file) == entry->file;
+}
+
+void Staging::RequireRoom(const QStringList& files, const QStringList& folders) const {
+  if (folder_.WasMade()) return;
+  for (const QString& file : files) {
+    const QFileInfo place(target_ + u'/' + file);
+    const bool taken = place.exists() || place.isSymLink();
+    if (taken && (place.isDir() || !former_.entries.contains(file)))
+      throw NotOurs(place.filePath(), italian_);
+  }
+  for (const QString& folder : folders)
+    if (const QFileInfo place(target_ + u'/' + folder); place.exists() && !place.isDir())
+      throw NotOurs(place.filePath(), italian_);
+}
+
+// Something is moved into the folder and taken away again.
+std::error_code Staging::Probe(const QString& folder) const {
+  const QString probe = staging_ + QStringLiteral("/probe");
+  const QString place = folder + ProbeName;
+  std::error_code failure;
+  fs::create_directory(SystemPath(probe), failure);
+  if (!failure) fs::rename(SystemPath(probe), SystemPath(place), failure);
+  QDir().rmdir(failure ? probe : place);
+  return failure;
+}
+
+void Staging::ChoosePlace() {
+  std::error_code failure;
+  for (const QString& place : {beside_, inside_}) {
+    if (QFileInfo(place).isSymLink()) continue;
+    staging_ = place;
+    failure.clear();
+    fs::create_directories(SystemPath(SiteSwap::NewFiles(staging_)), failure);
+    if (!failure) failure = Probe(target_);
+    if (!failure) return;
+    Discard(staging_);
+  }
+  throw CannotWrite(target_, failure, italian_);
+}
+
+void Staging::Begin(const QStringList& files) {
+  const QStringList folders = Manifest::Folders(files);
+  RequireRoom(files, folders);
+  ChoosePlace();
+  for (const QString& folder : folders) {
+    const QString place = target_ + u'/' + folder;
+    const std::error_code failure = QFileInfo(place).isDir() ? Probe(place) : std::error_code();
+    if (failure) throw CannotWrite(place, failure, italian_);
+    QDir().mkpath(SiteSwap::NewFiles(staging_) + u'/' + folder);
+  }
+}
+
+ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArray& input) const {
+  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
+  const auto written = FingerprintOf(staged);
+  if (!written || written->size != meant)
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
+  return {input, *written};
+}
+
+ManifestEntry Staging::Write(const QString& file, const std::string& content, const QByteArray& input) const {
+  QFile out(SiteSwap::NewFiles(staging_) + u'/' + file);
+  const auto size = qint64(content.size());
+  const bool written = out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                       out.write(content.data(), size) == size && out.size() == size;
+  out.close();
+  if (!written) throw Unwritten(out, QString(target_ + u'/' + file), italian_);
+  return {input, FingerprintOf(std::string_view(content))};
+}
+
+ManifestEntry Staging::Copy(const QString& file, const QString& source, const QByteArray& input) const {
+  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
+  std::error_code failure;
+  const auto size = qint64(fs::file_size(SystemPath(source), failure));
+  if (!failure)
+    fs::copy_file(SystemPath(source), SystemPath(staged), fs::copy_options::overwrite_existing, failure);
+  // The copy calls a full disk an error of input or output.
+  std::error_code ignored;
+  if (failure && fs::space(SystemPath(staging_), ignored).available < std::uintmax_t(size))
+    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
+                      italian_);
+  if (failure)
+    throw About(source, italian_,
+                QStringLiteral("Impossibile copiare %1: ") + QString::fromStdString(failure.message()),
+                QStringLiteral("%1 cannot be copied: ") + QString::fromStdString(failure.message()));
+  return EntryOf(file, size, input);
+}
+
+// A folder that was made for this site gets it in one step. Whoever comes next finds it held until this run
+// has come to its end.
+bool Staging::SwapWhole(const Manifest& coming) {
+  const QString site = SiteSwap::NewFiles(staging_);
+  if (!folder_.WasMade() || staging_ != beside_) return false;
+  FolderLock lock;
+  std::error_code failure;
+  if (!lock.Take(site) || !WriteSynced(site + u'/' + Manifest::FileName(), coming.ToText())) return false;
+  fs::rename(SystemPath(site), SystemPath(target_), failure);
+  if (failure) QFile::remove(site + u'/' + Manifest::FileName());
+  if (failure) return false;
+  Discard(staging_);
+  staging_.clear();
+  return true;
+}
+
+QStringList Staging::Swap(const Manifest& coming) {
+  if (SwapWhole(coming)) return {};
+  SiteSwap swap(target_, staging_, italian_);
+  swap.Begin(former_, coming);
+  return swap.Run(former_, coming);
+}
+
+}  // namespace publishing

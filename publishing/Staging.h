@@ -1,0 +1,76 @@
+// The folder in which a site is built before it takes its place: beside the target where that can be,
+// otherwise in the target itself (the target is a disk of its own, or nothing may be written beside it).
+//
+// Only files that changed are built. When all are there, SiteSwap puts them in place.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <system_error>
+
+#include "FolderLock.h"
+#include "Manifest.h"
+
+namespace publishing {
+
+// A folder that is made when it is missing, and goes again when nothing came to be in it.
+class MadeFolder {
+ public:
+  // Throws std::runtime_error where it is no folder and cannot be made.
+  MadeFolder(QString path, bool italian);
+  ~MadeFolder();
+  MadeFolder(const MadeFolder&) = delete;
+  MadeFolder& operator=(const MadeFolder&) = delete;
+  bool WasMade() const { return made_; }
+
+ private:
+  QString path_;
+  bool made_;
+};
+
+class Staging {
+ public:
+  // For a target folder, which may not exist yet. One publisher at a time: the second one is told. A swap
+  // that an earlier run began is finished first; a staging folder that was never completed is deleted. Throws
+  // std::runtime_error.
+  Staging(const QString& target, bool italian);
+  // Deletes what was staged, unless the swap was begun and could neither be finished nor taken back.
+  ~Staging();
+  Staging(const Staging&) = delete;
+  Staging& operator=(const Staging&) = delete;
+
+  // The files that the target has from earlier runs.
+  const Manifest& Former() const { return former_; }
+  // Whether the target's file is still the one that was made from this input.
+  bool IsCurrent(const QString& file, const QByteArray& input) const;
+  // Makes the staging folder for these files, those of the site that come anew. Throws when one of them would
+  // take the place of something that is not ours, or could not be put in place later.
+  void Begin(const QStringList& files);
+
+  // Writes or copies a file into the staging folder and checks its size; may be called on several threads,
+  // each file once. The entry for the manifest is returned. Throws std::runtime_error.
+  ManifestEntry Write(const QString& file, const std::string& content, const QByteArray& input) const;
+  ManifestEntry Copy(const QString& file, const QString& source, const QByteArray& input) const;
+
+  // Puts the site in place, or leaves the former one and throws std::runtime_error. Gives the files that are
+  // no part of the site any more and could not be deleted.
+  QStringList Swap(const Manifest& coming);
+
+ private:
+  void Recover(const QString& place);
+  void RequireRoom(const QStringList& files, const QStringList& folders) const;
+  void ChoosePlace();
+  std::error_code Probe(const QString& folder) const;
+  bool SwapWhole(const Manifest& coming);
+  ManifestEntry EntryOf(const QString& file, qint64 meant, const QByteArray& input) const;
+
+  QString target_;
+  bool italian_;
+  FolderLock lock_;
+  MadeFolder folder_;
+  QString beside_, inside_;  // where the staging folder can be
+  QString staging_;          // where it is; empty until begun
+  Manifest former_;
+};
+
+}  // namespace publishing

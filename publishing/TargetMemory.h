@@ -1,0 +1,38 @@
+// What is kept with a catalog among the named values of the database: the folder that it was last published
+// into, and the key of its site.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class IVorlinaConnection;
+
+namespace publishing {
+
+// A value of a catalog; "" when it was never kept.
+QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name);
+void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
+                     const QString& value);
+
+// "" when the catalog was never published.
+QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo);
+void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder);
+
+// A random key, by which a folder's site is known as this catalog's: two databases may each have a catalog of
+// the same number, and a copy of a catalog has the key of its original. Only digests of it are published.
+class SiteKey {
+ public:
+  // Reads the key, or draws one that Keep() then stores.
+  SiteKey(IVorlinaConnection& connection, int IDCatalogo);
+  void Keep(IVorlinaConnection& connection) const;
+  // The name of the site, and the digest of a text that nobody can guess the text from.
+  const QByteArray& Site() const { return site_; }
+  QByteArray Digest(const QByteArray& text) const;
+
+ private:
+  int IDCatalogo_;
+  QByteArray key_, site_;
+  bool kept_;
+};
+
+}  // namespace publishing

@@ -1,0 +1,143 @@
+#include "Template.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+namespace publishing {
+namespace {
+
+struct Tag {
+  char kind = 0;  // "#", "^", "/", ">", "!", or 0 for a value
+  std::string name;
+  std::size_t begin = 0;  // of the tag in its file
+  std::size_t end = 0;
+  QString file;
+  int line = 1;
+};
+
+// Blanks of any kind are left out, those that do not break a line too.
+std::string Trimmed(const std::string& text) { return QString::fromStdString(text).trimmed().toStdString(); }
+
+int LineEnds(const std::string& text, std::size_t begin, std::size_t end) {
+  return int(std::count(text.begin() + std::ptrdiff_t(begin), text.begin() + std::ptrdiff_t(end), '\n'));
+}
+
+class Loader {
+ public:
+  Loader(const std::function<std::string(const QString&)>& read, bool italian)
+      : read_(read), italian_(italian) {}
+
+  Template Load(const QString& file) {
+    Template whole;
+    TakeIn(file, whole, true);
+    CheckSections();
+    // Braces of two files must not make a tag where they meet.
+    if (TagsIn(whole.text, file).size() != tags_.size())
+      RefuseSkin(italian_, file, 0, QStringLiteral("una graffa sta accanto a una parte"),
+                 QStringLiteral("a brace stands beside a part"));
+    for (const Tag& tag : tags_)
+      for (const QString& name : QString::fromStdString(tag.name).split(u'.'))
+        if (tag.kind != '!') whole.names.insert(name.toStdString());
+    return whole;
+  }
+
+ private:
+  void TakeIn(const QString& file, Template& whole, bool takesParts) {
+    std::string text = read_(file);
+    // The line end behind a part's tag stands for the part's own last one.
+    if (!takesParts && text.ends_with('\n')) text.pop_back();
+    std::size_t at = 0;
+    for (const Tag& tag : TagsIn(text, file)) {
+      if (tag.kind != '>') {
+        tags_.push_back(tag);
+        continue;
+      }
+      const QString part = QString::fromStdString(tag.name);
+      if (!takesParts)
+        Refuse(tag, QStringLiteral("una parte non può contenerne un'altra"),
+               QStringLiteral("a part cannot hold another one"));
+      if (part != u"header" && part != u"footer" && part != u"card")
+        Refuse(tag, QStringLiteral("la parte \"%1\" non esiste").arg(part),
+               QStringLiteral("there is no part \"%1\"").arg(part));
+      whole.text.append(text, at, tag.begin - at);
+      TakeIn(part + QStringLiteral(".mustache"), whole, false);
+      at = tag.end;
+    }
+    whole.text.append(text, at);
+  }
+
+  std::vector<Tag> TagsIn(const std::string& text, const QString& file) const {
+    std::vector<Tag> tags;
+    Tag tag;
+    tag.file = file;
+    for (std::size_t at = text.find("{{"); at != std::string::npos; at = text.find("{{", tag.end)) {
+      tag.line += LineEnds(text, tag.end, at);
+      tag.begin = at;
+      const std::size_t end = text.find("}}", at + 2);
+      if (end == std::string::npos)
+        Refuse(tag, QStringLiteral("\"}}\" manca"), QStringLiteral("\"}}\" is missing"));
+      tag.end = end + 2;
+      Read(Trimmed(text.substr(at + 2, end - at - 2)), tag);
+      tags.push_back(tag);
+      tag.line += LineEnds(text, at, tag.end);
+    }
+    return tags;
+  }
+
+  void Read(const std::string& content, Tag& tag) const {
+    const char first = content.empty() ? '\0' : content[0];
+    if (first == '{' || first == '&' || first == '=')
+      Refuse(tag,
+             QStringLiteral("\"{{%1\" non è ammesso, perché i testi dei prodotti devono restare testi")
+                 .arg(QLatin1Char(first)),
+             QStringLiteral("\"{{%1\" is not allowed, since the texts of products must stay texts")
+                 .arg(QLatin1Char(first)));
+    const bool marked = first != '\0' && std::string_view("#^/>!").find(first) != std::string_view::npos;
+    tag.kind = marked ? first : '\0';
+    tag.name = marked ? Trimmed(content.substr(1)) : content;
+  }
+
+  void CheckSections() const {
+    std::vector<const Tag*> open;
+    for (const Tag& tag : tags_) {
+      if (tag.kind == '#' || tag.kind == '^') open.push_back(&tag);
+      if (tag.kind != '/') continue;
+      if (open.empty() || open.back()->name != tag.name)
+        Refuse(tag, QStringLiteral("\"{{/%1}}\" non chiude nulla").arg(QString::fromStdString(tag.name)),
+               QStringLiteral("\"{{/%1}}\" closes nothing").arg(QString::fromStdString(tag.name)));
+      open.pop_back();
+    }
+    if (open.empty()) return;
+    const QString section = QLatin1Char(open.back()->kind) + QString::fromStdString(open.back()->name);
+    Refuse(*open.back(), QStringLiteral("\"{{%1}}\" non è chiuso").arg(section),
+           QStringLiteral("\"{{%1}}\" is not closed").arg(section));
+  }
+
+  [[noreturn]] void Refuse(const Tag& tag, const QString& inItalian, const QString& inEnglish) const {
+    RefuseSkin(italian_, tag.file, tag.line, inItalian, inEnglish);
+  }
+
+  const std::function<std::string(const QString&)>& read_;
+  bool italian_;
+  std::vector<Tag> tags_;  // of the whole template, without those that took in a part
+};
+
+}  // namespace
+
+Template LoadTemplate(const QString& file, const std::function<std::string(const QString&)>& read,
+                      bool italian) {
+  return Loader(read, italian).Load(file);
+}
+
+void RefuseSkin(bool italian, const QString& file, int line, const QString& inItalian,
+                const QString& inEnglish) {
+  const QString where =
+      line == 0 ? QString() : (italian ? QStringLiteral(", riga %1") : QStringLiteral(", line %1")).arg(line);
+  const QString text =
+      QStringLiteral("Skin, file %1%2: %3").arg(file, where, italian ? inItalian : inEnglish);
+  throw std::runtime_error(text.toStdString());
+}
+
+}  // namespace publishing
