@@ -61,24 +61,25 @@ std::string Escaped(const std::string& text) {
 
 }  // namespace
 
-QStringList Skin::NeededFiles() {
-  return {QStringLiteral("home.mustache"),   QStringLiteral("index.mustache"),
-          QStringLiteral("filter.mustache"), QStringLiteral("product.mustache"),
-          QStringLiteral("header.mustache"), QStringLiteral("footer.mustache"),
-          QStringLiteral("card.mustache"),   QStringLiteral("style.css")};
+Skin::Skin(const QString& folder, const SkinKind& kind, bool italian)
+    : folder_(folder), kind_(kind), italian_(italian) {
+  QStringList needed = kind_.files;
+  for (const QString& page : kind_.pages) needed += page + TemplateSuffix;
+  for (const QString& name : needed)
+    if (!QFileInfo(folder + u'/' + name).isFile()) RefuseMissing(name);
+  for (const QString& page : kind_.pages) pages_.push_back(Load(page));
+  for (const QString& page : kind_.moreKinds)
+    pages_.push_back(QFileInfo::exists(folder + u'/' + page + TemplateSuffix) ? Load(page) : Parsed());
 }
 
-Skin::Skin(const QString& folder, bool italian) : folder_(folder), italian_(italian) {
-  for (const QString& name : NeededFiles())
-    if (!QFileInfo(folder + u'/' + name).isFile())
-      RefuseSkin(italian_, name, 0, QStringLiteral("manca. Copiarlo dalla skin \"Standard\""),
-                 QStringLiteral("it is missing. Copy it from the skin \"Standard\""));
-  pages_ = {Load(QStringLiteral("home")), Load(QStringLiteral("index")), Load(QStringLiteral("filter")),
-            Load(QStringLiteral("product"))};
+void Skin::RefuseMissing(const QString& name) const {
+  RefuseSkin(italian_, name, 0, QStringLiteral("manca. Copiarlo dalla skin \"Standard\""),
+             QStringLiteral("it is missing. Copy it from the skin \"Standard\""));
 }
 
 std::string Skin::Read(const QString& name) const {
   QFile file(folder_ + u'/' + name);
+  if (!file.exists()) RefuseMissing(name);
   if (!file.open(QIODevice::ReadOnly))
     RefuseSkin(italian_, name, 0, QStringLiteral("non può essere letto"),
                QStringLiteral("it cannot be read"));
@@ -101,13 +102,13 @@ Skin::Parsed Skin::Load(const QString& name) const {
   return parsed;
 }
 
-std::string Skin::Render(PageKind kind, const Data& site, const Data& data) {
+std::string Skin::Render(std::size_t page, const Data& site, const Data& data) {
   Context context;
   context.push(&site);
   context.push(&data);
-  Text page;
-  pages_[std::size_t(kind)].text->render(context, page);
-  return std::move(page.all);
+  Text text;
+  pages_[page].text->render(context, text);
+  return std::move(text.all);
 }
 
 std::vector<Skin::File> Skin::StaticFiles() const {
@@ -137,15 +138,14 @@ QByteArray Skin::HashOf(const QString& name) const {
 void Skin::CheckName(const QString& name) const {
   static const QRegularExpression plain(
       QStringLiteral("\\A[A-Za-z0-9_-][A-Za-z0-9._-]*(/[A-Za-z0-9_-][A-Za-z0-9._-]*)*\\z"));
-  static const QRegularExpression ofSite(
-      QStringLiteral("\\A(images(/.*)?|vorlina-.*|(index|products|products-\\d+|[pf]\\d?-.*)\\.html)\\z"),
-      QRegularExpression::CaseInsensitiveOption);
+  const QRegularExpression taken(QStringLiteral("\\A(vorlina-.*|%1)\\z").arg(kind_.taken),
+                                 QRegularExpression::CaseInsensitiveOption);
   if (!plain.match(name).hasMatch() || name.contains(QStringLiteral("..")))
     RefuseSkin(
         italian_, name, 0,
         QStringLiteral("il nome può avere solo lettere senza accenti, cifre, \".\", \"_\" e \"-\""),
         QStringLiteral("the name may have only letters without accents, digits, \".\", \"_\" and \"-\""));
-  if (ofSite.match(name).hasMatch())
+  if (taken.match(name).hasMatch())
     RefuseSkin(italian_, name, 0, QStringLiteral("il sito usa già questo nome, sceglierne un altro"),
                QStringLiteral("the site itself uses this name, choose another one"));
 }

@@ -10,13 +10,14 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "Skin.h"
-
 namespace publishing {
 namespace {
 
-const QString SkinsFolder = QStringLiteral("/PubWiz/VLHTML.HTML/Skins");
 const QString StandardSkin = QStringLiteral("Standard");
+
+QString SkinsIn(const QString& folder, const SkinKind& kind) {
+  return folder + QStringLiteral("/PubWiz/%1/Skins").arg(kind.plugin);
+}
 
 QString ChosenName(const QString& skins) {
   QFile file(skins + QStringLiteral("/current.txt"));
@@ -45,10 +46,10 @@ QString NameOf(const QString& archive) {
   return name.compare(StandardSkin, Qt::CaseInsensitive) == 0 ? name + QStringLiteral("-2") : name;
 }
 
-QString FolderOf(const QString& name, const VorlinaHost& host) {
-  const QString own = host.applicationFolder + SkinsFolder + u'/' + name;
+QString FolderOf(const QString& name, const SkinKind& kind, const VorlinaHost& host) {
+  const QString own = SkinsIn(host.applicationFolder, kind) + u'/' + name;
   return QFileInfo(own).isDir() || name != StandardSkin ? own
-                                                        : host.deliveredFolder + SkinsFolder + u'/' + name;
+                                                        : SkinsIn(host.deliveredFolder, kind) + u'/' + name;
 }
 
 void Move(const QString& from, const QString& to, bool italian) {
@@ -136,29 +137,29 @@ void Unpack(const QString& archive, const QString& folder, bool italian) {
 
 }  // namespace
 
-QString CurrentSkin(const VorlinaHost& host) {
-  const QString chosen = FolderOf(ChosenName(host.applicationFolder + SkinsFolder), host);
-  return QFileInfo(chosen).isDir() ? chosen : FolderOf(StandardSkin, host);
+QString CurrentSkin(const SkinKind& kind, const VorlinaHost& host) {
+  const QString chosen = FolderOf(ChosenName(SkinsIn(host.applicationFolder, kind)), kind, host);
+  return QFileInfo(chosen).isDir() ? chosen : FolderOf(StandardSkin, kind, host);
 }
 
-QStringList Skins(const VorlinaHost& host) {
-  QStringList names = QDir(host.applicationFolder + SkinsFolder)
+QStringList Skins(const SkinKind& kind, const VorlinaHost& host) {
+  QStringList names = QDir(SkinsIn(host.applicationFolder, kind))
                           .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
   names.removeAll(StandardSkin);
   names.prepend(StandardSkin);
   return names;
 }
 
-void UseSkin(const QString& name, const VorlinaHost& host) {
-  const Skin check(FolderOf(name, host), host.language == u"Italian");
-  const QString skins = host.applicationFolder + SkinsFolder;
+void UseSkin(const QString& name, const SkinKind& kind, const VorlinaHost& host) {
+  const Skin check(FolderOf(name, kind, host), kind, host.language == u"Italian");
+  const QString skins = SkinsIn(host.applicationFolder, kind);
   QDir().mkpath(skins);
   Choose(skins, name);
 }
 
-QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
+QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const VorlinaHost& host) {
   const bool italian = host.language == u"Italian";
-  const QString skins = host.applicationFolder + SkinsFolder;
+  const QString skins = SkinsIn(host.applicationFolder, kind);
   if (!QDir().mkpath(skins))
     throw std::runtime_error((italian ? QStringLiteral("Impossibile creare la cartella %1")
                                       : QStringLiteral("The folder %1 cannot be made"))
@@ -168,7 +169,7 @@ QString InstallSkinArchive(const QString& archive, const VorlinaHost& host) {
   QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
   Unpack(archive, unpacked, italian);
-  Skin(unpacked, italian).StaticFiles();
+  Skin(unpacked, kind, italian).StaticFiles();
   QString name = NameOf(archive);
   const QString target = skins + u'/' + name;
   const QString former = temporary.path() + QStringLiteral("/former");

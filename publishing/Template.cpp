@@ -20,6 +20,13 @@ struct Tag {
 // Blanks of any kind are left out, those that do not break a line too.
 std::string Trimmed(const std::string& text) { return QString::fromStdString(text).trimmed().toStdString(); }
 
+// A part's name is that of a file of the skin's own folder.
+bool IsName(const QString& part) {
+  return !part.isEmpty() && std::all_of(part.begin(), part.end(), [](QChar c) {
+    return c.unicode() < 128 && (c.isLetterOrNumber() || c == u'-' || c == u'_');
+  });
+}
+
 int LineEnds(const std::string& text, std::size_t begin, std::size_t end) {
   return int(std::count(text.begin() + std::ptrdiff_t(begin), text.begin() + std::ptrdiff_t(end), '\n'));
 }
@@ -58,7 +65,7 @@ class Loader {
       if (!takesParts)
         Refuse(tag, QStringLiteral("una parte non può contenerne un'altra"),
                QStringLiteral("a part cannot hold another one"));
-      if (part != u"header" && part != u"footer" && part != u"card")
+      if (!IsName(part))
         Refuse(tag, QStringLiteral("la parte \"%1\" non esiste").arg(part),
                QStringLiteral("there is no part \"%1\"").arg(part));
       whole.text.append(text, at, tag.begin - at);

@@ -22,8 +22,14 @@ int main(int argc, char** argv) {
   vorlina::OpenCatalogDatabase(connection, QString::fromLocal8Bit(argv[1]));
   vorlina::PluginConnection adapter(connection);
   NoProgress progress;
-  const vlhtml::PublishResult result = vlhtml::PublishSite(
-      adapter, 1, QString::fromLocal8Bit(argv[3]), QString::fromLocal8Bit(argv[2]), {false, false}, progress);
-  std::printf("%d pages, %d files written\n", result.pages, result.written);
-  return result.complete ? 0 : 1;
+  VorlinaHost host;
+  host.language = u"English"_qs;
+  VorlinaJob job;
+  job.IDCatalogo = 1;
+  job.target = QString::fromLocal8Bit(argv[3]);
+  job.profile.language = u"en"_qs;
+  const VorlinaReport report =
+      vlhtml::SitePublisher(host, QString::fromLocal8Bit(argv[2])).Publish(adapter, job, progress);
+  std::printf("%d pages, %d files written\n", report.pages, report.added + report.changed);
+  return report.complete ? 0 : 1;
 }

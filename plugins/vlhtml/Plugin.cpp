@@ -8,7 +8,9 @@
 #include "SkinFolders.h"
 #include "TargetMemory.h"
 #include "engine/CatalogLanguage.h"
+#include "engine/Labels.h"
 #include "engine/SitePublisher.h"
+#include "engine/SiteSkin.h"
 
 // The picture lies in this library.
 static void InitPicture() { Q_INIT_RESOURCE(vlhtml); }
@@ -50,11 +52,14 @@ QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
   if (folder.isEmpty()) return {};
   while (!language.isEmpty()) {
     const Languages languages{italian_, language == u"Italian"};
-    PublishResult result;
+    VorlinaJob job;
+    job.IDCatalogo = IDCatalogo;
+    job.target = folder;
+    job.profile.language = languages.siteItalian ? QStringLiteral("it") : QStringLiteral("en");
+    VorlinaReport result;
     {
       const std::unique_ptr<IVorlinaProgress> progress = MakeProgressWindow(owner, italian_);
-      result = PublishSite(connection, IDCatalogo, folder, CurrentSkin(host_), languages, *progress,
-                           [&](const QString& other) { return AskReplace(owner, italian_, other, folder); });
+      result = SitePublisher(host_).Publish(connection, job, *progress);
     }
     if (!result.complete) return {};
     RememberTarget(connection, IDCatalogo, folder);
@@ -70,29 +75,15 @@ QVariant Plugin::InstallSkin(QString& skin) {
   QString archive = skin;
   QString name;
   if (archive.isEmpty()) {
-    const SkinChoice choice =
-        AskSkin(owner, italian_, Skins(host_), QFileInfo(CurrentSkin(host_)).fileName());
+    const SkinChoice choice = AskSkin(owner, italian_, Skins(SiteSkin(), host_),
+                                      QFileInfo(CurrentSkin(SiteSkin(), host_)).fileName());
     name = choice.skin;
-    if (!name.isEmpty()) UseSkin(name, host_);
+    if (!name.isEmpty()) UseSkin(name, SiteSkin(), host_);
     if (choice.fromArchive) archive = AskSkinArchive(owner, italian_);
   }
-  if (!archive.isEmpty()) name = InstallSkinArchive(archive, host_);
+  if (!archive.isEmpty()) name = InstallSkinArchive(archive, SiteSkin(), host_);
   if (!name.isEmpty()) TellSkinInstalled(owner, italian_, name);
   return {};
-}
-
-VorlinaReport Publisher::Publish(IVorlinaConnection& connection, const VorlinaJob& job,
-                                 IVorlinaProgress& progress) {
-  const bool italian = host_.language == u"Italian";
-  const Languages languages{italian, job.profile.language == u"it"};
-  const PublishResult result =
-      PublishSite(connection, job.IDCatalogo, job.target, CurrentSkin(host_), languages, progress);
-  VorlinaReport report;
-  report.complete = result.complete;
-  report.pages = result.pages;
-  for (const QString& warning : result.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
-  report.open += job.target + QStringLiteral("/index.html");
-  return report;
 }
 
 std::unique_ptr<IVorlinaPlugin> Factory::CreatePlugin(const VorlinaHost& host) {
@@ -100,7 +91,7 @@ std::unique_ptr<IVorlinaPlugin> Factory::CreatePlugin(const VorlinaHost& host) {
 }
 
 std::unique_ptr<IVorlinaPublisher> Factory::CreatePublisher(const VorlinaHost& host) {
-  return std::make_unique<Publisher>(host);
+  return std::make_unique<SitePublisher>(host);
 }
 
 }  // namespace vlhtml

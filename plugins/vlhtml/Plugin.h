@@ -23,16 +23,6 @@ class Plugin : public IVorlinaPlugin {
   bool italian_;
 };
 
-class Publisher : public IVorlinaPublisher {
- public:
-  explicit Publisher(const VorlinaHost& host) : host_(host) {}
-  VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
-                        IVorlinaProgress& progress) override;
-
- private:
-  VorlinaHost host_;
-};
-
 class Factory : public QObject, public IVorlinaPluginFactory {
   Q_OBJECT
   Q_PLUGIN_METADATA(IID VORLINA_PLUGIN_IID)

@@ -17,7 +17,7 @@
 #include <QVBoxLayout>
 
 #include "engine/CatalogLanguage.h"
-#include "engine/SitePublisher.h"
+#include "engine/Labels.h"
 
 namespace vlhtml {
 namespace {
@@ -80,7 +80,7 @@ class WindowProgress : public IVorlinaProgress {
   std::unique_ptr<QProgressDialog> dialog_;
 };
 
-QString Told(const PublishResult& result, const QString& folder, const Languages& languages) {
+QString Told(const VorlinaReport& result, const QString& folder, const Languages& languages) {
   const bool italian = languages.italian;
   QString told = QDir::toNativeSeparators(folder);
   if (languages.siteItalian)
@@ -89,10 +89,10 @@ QString Told(const PublishResult& result, const QString& folder, const Languages
   else
     told += italian ? QStringLiteral("\n\nLingua del sito: inglese.")
                     : QStringLiteral("\n\nLanguage of the site: English.");
-  if (!result.warnings.isEmpty())
+  if (!result.notes.isEmpty())
     told += (italian ? QStringLiteral("\n\nAvvisi: %1. I dettagli li elencano.")
                      : QStringLiteral("\n\nWarnings: %1. The details list them."))
-                .arg(result.warnings.size());
+                .arg(result.notes.size());
   return told;
 }
 
@@ -191,37 +191,11 @@ QString AskTargetFolder(QWidget* owner, bool italian, const QString& former) {
   return QFileDialog::getExistingDirectory(owner, title, former);
 }
 
-// Nothing but a plain yes replaces a site: it goes with all its pages.
-bool AskReplace(QWidget* owner, bool italian, const QString& title, const QString& folder) {
-  QMessageBox box(QMessageBox::Question, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton, owner);
-  box.setObjectName(QStringLiteral("msgReplaceSite"));
-  box.setTextFormat(Qt::PlainText);
-  const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
-  box.setText((italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
-                       : QStringLiteral("The folder holds the site of another catalog%1. Replace it?"))
-                  .arg(named));
-  box.setInformativeText(
-      (italian ? QStringLiteral(
-                     "%1\n\nLe pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
-                     "scegliere un'altra cartella.")
-               : QStringLiteral("%1\n\nThe pages of that site will be deleted. To keep them, answer No and "
-                                "choose another folder."))
-          .arg(QDir::toNativeSeparators(folder)));
-  PlainLabels(box);
-  const QPushButton* yes =
-      box.addButton(italian ? QStringLiteral("&Sì") : QStringLiteral("&Yes"), QMessageBox::YesRole);
-  QPushButton* no = box.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
-  box.setDefaultButton(no);
-  box.setEscapeButton(no);
-  box.exec();
-  return box.clickedButton() == yes;
-}
-
 std::unique_ptr<IVorlinaProgress> MakeProgressWindow(QWidget* owner, bool italian) {
   return std::make_unique<WindowProgress>(owner, italian);
 }
 
-bool ShowResult(QWidget* owner, const PublishResult& result, const QString& folder,
+bool ShowResult(QWidget* owner, const VorlinaReport& result, const QString& folder,
                 const Languages& languages) {
   const bool italian = languages.italian;
   QMessageBox box(QMessageBox::Information, QStringLiteral("Vorlina"), QString(), QMessageBox::NoButton,
@@ -232,7 +206,9 @@ bool ShowResult(QWidget* owner, const PublishResult& result, const QString& fold
                       : QStringLiteral("The site is ready: %1 pages.").arg(result.pages));
   box.setInformativeText(Told(result, folder, languages));
   PlainLabels(box);
-  box.setDetailedText(result.warnings.join(u'\n'));
+  QStringList notes;
+  for (const VorlinaNote& note : result.notes) notes += note.text;
+  box.setDetailedText(notes.join(u'\n'));
   QPushButton* open = box.addButton(
       italian ? QStringLiteral("&Apri il sito") : QStringLiteral("&Open the site"), QMessageBox::AcceptRole);
   QPushButton* language =

@@ -12,7 +12,6 @@ class QWidget;
 namespace vlhtml {
 
 struct Languages;
-struct PublishResult;
 
 // Which language the site speaks: "Italian" or "English"; "" when the user cancels.
 QString AskSiteLanguage(QWidget* owner, bool italian, bool siteItalian);
@@ -28,13 +27,11 @@ void TellSkinInstalled(QWidget* owner, bool italian, const QString& name);
 
 // The folder that the site goes into, beginning at the former one; "" when the user cancels.
 QString AskTargetFolder(QWidget* owner, bool italian, const QString& former);
-// Whether the site of another catalog, of this title, may be replaced.
-bool AskReplace(QWidget* owner, bool italian, const QString& title, const QString& folder);
 // The progress window; the program stays painted while it shows. It comes with the first report, so that it
 // does not show over a question before.
 std::unique_ptr<IVorlinaProgress> MakeProgressWindow(QWidget* owner, bool italian);
 // True when the user wants another language for the site.
-bool ShowResult(QWidget* owner, const PublishResult& result, const QString& folder,
+bool ShowResult(QWidget* owner, const VorlinaReport& result, const QString& folder,
                 const Languages& languages);
 
 }  // namespace vlhtml

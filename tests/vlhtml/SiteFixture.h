@@ -11,8 +11,6 @@
 
 namespace vorlina {
 
-using vlhtml::PublishResult;
-
 // Asks at each report whether to go on; without a question it does.
 class SiteProgress : public IVorlinaProgress {
  public:
@@ -81,9 +79,27 @@ class SiteFixture : public StoreFixture {
     ASSERT_TRUE(image.save(path, "jpeg"));
     connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto=?"_qs, {path, code});
   }
-  PublishResult Publish(SiteProgress progress = SiteProgress()) {
+  // In Italian, or in English, to the user and to the site's readers.
+  VorlinaReport PublishTo(const QString& folder, int catalog, bool italian, SiteProgress progress,
+                          IVorlinaUi* ui = nullptr) {
     PluginConnection connection(connection_);
-    return vlhtml::PublishSite(connection, 1, target_, skin_, {true, true}, progress);
+    VorlinaHost host;
+    host.language = italian ? u"Italian"_qs : u"English"_qs;
+    host.applicationFolder = AppPath();
+    host.ui = ui;
+    VorlinaJob job;
+    job.IDCatalogo = catalog;
+    job.target = folder;
+    job.profile.language = italian ? u"it"_qs : u"en"_qs;
+    return vlhtml::SitePublisher(host, skin_).Publish(connection, job, progress);
+  }
+  VorlinaReport Publish(SiteProgress progress = SiteProgress()) {
+    return PublishTo(target_, 1, true, std::move(progress));
+  }
+  // How many files a publication made.
+  int Written() {
+    const VorlinaReport report = Publish();
+    return report.added + report.changed;
   }
   QByteArray Page(const QString& name) { return ContentOf(target_ + u'/' + name); }
   QString Failure() {

@@ -34,8 +34,8 @@ TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
 }
 
 TEST_F(SiteTest, IsWhatTheReferenceShows) {
-  const PublishResult result = Publish();
-  EXPECT_TRUE(result.complete);
+  const VorlinaReport report = Publish();
+  EXPECT_TRUE(report.complete);
   QMap<QString, QByteArray> files = Files(target_);
   for (const QString& name : {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"images/p-a-1.jpg"_qs})
     EXPECT_EQ(files.remove(name), 1) << name;
@@ -66,18 +66,18 @@ TEST_F(SiteTest, ProductsWithoutANumberStandLastAndAsTheyCame) {
 }
 
 TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
-  EXPECT_GT(Publish().written, 5);
-  EXPECT_EQ(Publish().written, 0);
+  EXPECT_GT(Written(), 5);
+  EXPECT_EQ(Written(), 0);
   const QMap<QString, QByteArray> before = Files(target_);
 
   connection_.Execute(
       u"UPDATE Prodotti SET Valore2='9'||char(1,27,127,133,65535)||'9' WHERE CodiceProdotto='B-1'"_qs);
-  EXPECT_EQ(Publish().written, 1) << "a value that stands on the product's own page";
+  EXPECT_EQ(Written(), 1) << "a value that stands on the product's own page";
   EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains(">99<")) << "without control characters";
   // What somebody broke or lost is made again.
   QFile::remove(target_ + u"/p-b-1.html"_qs);
   Write(target_ + u"/style.css"_qs, "x");
-  EXPECT_EQ(Publish().written, 2);
+  EXPECT_EQ(Written(), 2);
   EXPECT_EQ(Page(u"style.css"_qs), before[u"style.css"_qs]);
   // A product that goes takes its page and its picture with it.
   connection_.Execute(u"DELETE FROM Prodotti WHERE CodiceProdotto='A-1'"_qs);
@@ -101,7 +101,7 @@ TEST_F(SiteTest, WhatASkinHoldsAndShowsIsNeverStale) {
   EXPECT_FALSE(QFileInfo::exists(target_ + u"/assets/fonts"_qs));
   // A template's own pages, and no others.
   ChangeSkin(u"home.mustache"_qs, "<p>home</p>");
-  EXPECT_EQ(Publish().written, 1);
+  EXPECT_EQ(Written(), 1);
 }
 
 TEST_F(SiteTest, TheLanguageIsGuessedFromTheTexts) {
@@ -165,7 +165,7 @@ TEST_F(SiteTest, AKillAtAnyMomentIsMendedByTheNextRun) {
     hit += WIFSIGNALED(status) ? 1 : 0;
     connection_.Open(ConnectionTextFor(Path()));
     EXPECT_EQ(Failure(), QString()) << round;
-    EXPECT_EQ(Publish().written, 0) << round;
+    EXPECT_EQ(Written(), 0) << round;
     EXPECT_TRUE(Beside().isEmpty());
     EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-k%1.html"_qs.arg(round)));
     for (int i = round + 1; i < 400; i += 37)

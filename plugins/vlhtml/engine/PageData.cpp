@@ -84,11 +84,11 @@ PageData::PageData(const SitePlan& plan, const Skin& skin, bool italian)
     linkHashes_[std::size_t(filter)] = HashOf([&](Fields& fields) { TellLinks(fields, filter); });
   cardHashes_.reserve(plan_.products.size());
   for (int i = 0; i < count; ++i) cardHashes_.push_back(HashOf([&](Fields& fields) { TellCard(fields, i); }));
-  for (std::size_t kind = 0; kind < siteHashes_.size(); ++kind) {
-    FieldHash hash(&skin.Of(PageKind(kind)).names);
+  for (std::size_t kind = 0; kind < std::size_t(SiteSkin().pages.size()); ++kind) {
+    FieldHash hash(&skin.Of(kind).names);
     TellSite(hash);
-    hash.Derived(skin.Of(PageKind(kind)).hash, {});
-    siteHashes_[kind] = hash.Result();
+    hash.Derived(skin.Of(kind).hash, {});
+    siteHashes_.push_back(hash.Result());
   }
   FieldData site;
   TellSite(site);
@@ -108,7 +108,7 @@ Data PageData::ContentOf(const Page& page) const {
 }
 
 QByteArray PageData::InputOf(const Page& page) const {
-  FieldHash hash(&skin_.Of(page.kind).names);
+  FieldHash hash(&skin_.Of(std::size_t(page.kind)).names);
   hash.Derived(siteHashes_[std::size_t(page.kind)], {});
   TellPage(hash, page);
   return hash.Result();

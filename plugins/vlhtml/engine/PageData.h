@@ -9,7 +9,7 @@
 
 #include "Fields.h"
 #include "SitePlan.h"
-#include "Skin.h"
+#include "SiteSkin.h"
 
 namespace vlhtml {
 
@@ -58,9 +58,9 @@ class PageData {
   struct Link {
     std::string text, file;
   };
-  std::vector<Link> filterLinks_;                 // to the first pages of the plan's filters
-  std::array<QByteArray, PageKinds> siteHashes_;  // the template and what all its pages see
-  std::array<QByteArray, 6> linkHashes_;          // by the filter's number
+  std::vector<Link> filterLinks_;         // to the first pages of the plan's filters
+  std::vector<QByteArray> siteHashes_;    // by kind: the template and what all its pages see
+  std::array<QByteArray, 6> linkHashes_;  // by the filter's number
   std::vector<QByteArray> cardHashes_;
 };
 

@@ -2,16 +2,18 @@
 // archive may hold is told by the tests of the catalogs' archives.
 #include "Skin.h"
 
-#include "SiteFixture.h"
+#include "SiteSkin.h"
 #include "SkinFolders.h"
 #include "base/SafeFile.h"
 #include "store/ZipArchive.h"
+#include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;
 
 namespace {
 
 using Entries = QMap<QString, QByteArray>;
+const publishing::SkinKind& Kind = vlhtml::SiteSkin();
 using Case = std::array<const char*, 3>;
 
 void WriteArchive(const QString& path, const Entries& entries) {
@@ -33,7 +35,7 @@ class SkinTest : public testing::Test {
     return Installing(folder_.filePath(name));
   }
   QString Installing(const QString& path) {
-    return FailureOf([&] { vlhtml::InstallSkinArchive(path, host_); });
+    return FailureOf([&] { publishing::InstallSkinArchive(path, Kind, host_); });
   }
   QStringList SkinFolders() const {
     return QDir(folder_.filePath(QStringLiteral("PubWiz/VLHTML.HTML/Skins")))
@@ -68,15 +70,15 @@ TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
     if (QLatin1String(told) == QLatin1String("file index.mustache"))
       files[u"index.mustache"_qs] = "{{> card}}{&code}}";
     WriteAll(skin.path(), files);
-    const QString problem = FailureOf([&] { vlhtml::Skin(skin.path(), false).StaticFiles(); });
+    const QString problem = FailureOf([&] { publishing::Skin(skin.path(), Kind, false).StaticFiles(); });
     EXPECT_TRUE(problem.contains(QLatin1String(told))) << told << ": " << problem;
   }
 }
 
 TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
-  EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
+  EXPECT_TRUE(publishing::CurrentSkin(Kind, host_).startsWith(host_.deliveredFolder));
   EXPECT_EQ(Installing(standard_), QString());
-  EXPECT_TRUE(vlhtml::CurrentSkin(host_).endsWith(u"/Skins/My_skin"));
+  EXPECT_TRUE(publishing::CurrentSkin(Kind, host_).endsWith(u"/Skins/My_skin"));
   // As a Mac packs a folder.
   Entries changed;
   for (const QString& name : standard_.keys()) changed[u"folder/"_qs + name] = standard_[name];
@@ -86,7 +88,8 @@ TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
     changed[name] = "x";
   EXPECT_EQ(Installing(changed), QString());
   QStringList files;
-  for (const vlhtml::Skin::File& file : vlhtml::Skin(vlhtml::CurrentSkin(host_), false).StaticFiles())
+  for (const publishing::Skin::File& file :
+       publishing::Skin(publishing::CurrentSkin(Kind, host_), Kind, false).StaticFiles())
     files += file.name;
   EXPECT_EQ(files.join(u' '), u"assets/fonts/a.woff2 robots.txt style.css"_qs);
   EXPECT_EQ(SkinFolders(), QStringList{u"My_skin"_qs}) << "nothing is left beside it";
@@ -94,10 +97,10 @@ TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
 
 TEST_F(SkinTest, TheStandardSkinCanAlwaysBeChosenAgain) {
   EXPECT_EQ(Installing(standard_, u"Standard.zip"_qs), QString());
-  EXPECT_EQ(vlhtml::Skins(host_).join(u' '), u"Standard Standard-2"_qs);
+  EXPECT_EQ(publishing::Skins(Kind, host_).join(u' '), u"Standard Standard-2"_qs);
   WriteAll(host_.deliveredFolder + u"/PubWiz/VLHTML.HTML/Skins/Standard"_qs, standard_);
-  vlhtml::UseSkin(u"Standard"_qs, host_);
-  EXPECT_TRUE(vlhtml::CurrentSkin(host_).startsWith(host_.deliveredFolder));
+  publishing::UseSkin(u"Standard"_qs, Kind, host_);
+  EXPECT_TRUE(publishing::CurrentSkin(Kind, host_).startsWith(host_.deliveredFolder));
 }
 
 TEST_F(SkinTest, ArchivesThatAreNoSkinChangeNothing) {
@@ -124,5 +127,5 @@ TEST_F(SkinTest, ArchivesThatAreNoSkinChangeNothing) {
     EXPECT_TRUE(problem.contains(told)) << told << ": " << problem;
     EXPECT_EQ(SkinFolders(), QStringList{u"My_skin"_qs}) << told;
   }
-  EXPECT_EQ(ContentOf(vlhtml::CurrentSkin(host_) + u"/style.css"_qs), standard_[u"style.css"_qs]);
+  EXPECT_EQ(ContentOf(publishing::CurrentSkin(Kind, host_) + u"/style.css"_qs), standard_[u"style.css"_qs]);
 }

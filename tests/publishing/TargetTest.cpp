@@ -9,7 +9,7 @@
 #include "FolderLock.h"
 #include "JpegHead.h"
 #include "Manifest.h"
-#include "SiteFixture.h"
+#include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;
 
@@ -34,16 +34,26 @@ void SetRights(const QString& path, unsigned rights) {
   EXPECT_EQ(chmod(QFile::encodeName(path).constData(), rights), 0);
 }
 
+// Answers all questions alike.
+class Answers : public IVorlinaUi {
+ public:
+  void Tell(const QString&) override {}
+  bool Ask(const QString& question, const QString&) override { return asked = question, yes; }
+  int Choose(const QString&, const QString&, const QStringList&, int, const QString&) override { return -1; }
+  QString ChooseFile(const QString&, const QString&, const QString&) override { return {}; }
+  void Publish(IVorlinaPublisher&, IVorlinaConnection&, int) override {}
+
+  bool yes = false;
+  QString asked;
+};
+
 class TargetTest : public SiteFixture {
  protected:
   // What publishing a catalog tells when it fails; "" when it does not, "asked" when it was not wanted.
-  QString Publishing(int catalog, const QString& folder, const vlhtml::MayReplace& mayReplace = {},
+  QString Publishing(int catalog, const QString& folder, IVorlinaUi* ui = nullptr,
                      SiteProgress progress = SiteProgress()) {
-    PluginConnection connection(connection_);
     return FailureOf([&] {
-      if (!vlhtml::PublishSite(connection, catalog, folder, skin_, {false, false}, progress, mayReplace)
-               .complete)
-        throw Error(u"asked"_qs);
+      if (!PublishTo(folder, catalog, false, progress, ui).complete) throw Error(u"asked"_qs);
     });
   }
   QString ManifestFile() const { return target_ + u"/vorlina-manifest.txt"_qs; }
@@ -59,14 +69,12 @@ TEST_F(TargetTest, OfAnotherCatalogIsReplacedOnlyWhenAsked) {
       u"INSERT INTO CExtension SELECT ?,IDExtension,Valore FROM CExtension WHERE IDCatalogo=1"_qs, {other});
   const auto site = Files(target_);
   EXPECT_TRUE(Publishing(other, target_).contains(u"another catalog"));
-  QString asked;
-  const auto answer = [&](bool yes) {
-    return [&asked, yes](const QString& title) { return asked = title, yes; };
-  };
-  EXPECT_EQ(Publishing(other, target_, answer(false)), u"asked"_qs);
-  EXPECT_EQ(asked, u"Tavola & <casa>"_qs);
+  Answers answers;
+  EXPECT_EQ(Publishing(other, target_, &answers), u"asked"_qs);
+  EXPECT_TRUE(answers.asked.contains(u"(\"Tavola & <casa>\")"));
   EXPECT_TRUE(Files(target_) == site);
-  EXPECT_EQ(Publishing(other, target_, answer(true)), QString());
+  answers.yes = true;
+  EXPECT_EQ(Publishing(other, target_, &answers), QString());
   EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-a-1.html"_qs));
   EXPECT_EQ(Publishing(other, target_), QString()) << "it is its own now";
 }
@@ -102,11 +110,9 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
                                        {AppFile(u"Images/secret.jpg"_qs), u"cannot be read"_qs},
                                        {AppFile(u"Images/none.jpg"_qs), u"does not exist"_qs}}) {
     SetImage(u"B-1"_qs, picture);
-    PluginConnection connection(connection_);
-    SiteProgress progress;
-    const PublishResult result = vlhtml::PublishSite(connection, 1, target_, skin_, {false, false}, progress);
-    ASSERT_EQ(result.warnings.size(), 1) << picture;
-    EXPECT_TRUE(result.warnings[0].startsWith(u"B-1: ") && result.warnings[0].contains(tells)) << picture;
+    const QList<VorlinaNote> notes = PublishTo(target_, 1, false, SiteProgress()).notes;
+    ASSERT_EQ(notes.size(), 1) << picture;
+    EXPECT_TRUE(notes[0].text.startsWith(u"B-1: ") && notes[0].text.contains(tells)) << picture;
     EXPECT_FALSE(QFileInfo::exists(target_ + u"/images/p-b-1.jpg"_qs)) << picture;
     EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains("No picture")) << picture;
   }
@@ -121,15 +127,15 @@ TEST_F(TargetTest, TheListTellsNothingOfTheComputer) {
     for (const QByteArray& part : line.split('\t'))
       for (const QByteArray& text : {part, QByteArray::fromHex(part)})
         EXPECT_FALSE(text.contains("1-A-1") || text.contains(time)) << line.constData();
-  const auto manifest = vlhtml::Manifest::Read(ManifestFile());
+  const auto manifest = publishing::Manifest::Read(ManifestFile());
   ASSERT_TRUE(manifest);
   const QString cut = folder_.filePath(u"cut"_qs);
   for (const QString& name :
        {u"../Catalog.db"_qs, u"/etc/passwd"_qs, u"a/../../b"_qs, u"a//b"_qs, u"c:x"_qs, QString()}) {
-    vlhtml::Manifest hostile = *manifest;
+    publishing::Manifest hostile = *manifest;
     hostile.entries.insert(name, {});
     Write(cut, hostile.ToText());
-    EXPECT_FALSE(vlhtml::Manifest::Read(cut)) << name;
+    EXPECT_FALSE(publishing::Manifest::Read(cut)) << name;
   }
 }
 
@@ -167,7 +173,7 @@ TEST_F(TargetTest, ASwapThatFailsGoesBack) {
     if (step.startsWith(u"Writing") && !QFileInfo::exists(intruder)) Write(intruder, "mine");
     return true;
   });
-  EXPECT_TRUE(Publishing(1, target_, {}, progress).contains(u"p-new.jpg"));
+  EXPECT_TRUE(Publishing(1, target_, nullptr, progress).contains(u"p-new.jpg"));
   EXPECT_TRUE(QFile::remove(intruder));
   EXPECT_TRUE(Files(target_) == before);
   EXPECT_TRUE(Beside().isEmpty());
@@ -218,7 +224,7 @@ TEST_F(TargetTest, WhereNothingCanBeWrittenBesideItIsMadeInside) {
 TEST_F(TargetTest, ASecondPublisherIsTold) {
   QDir().mkpath(target_);
   {
-    vlhtml::FolderLock first;
+    publishing::FolderLock first;
     ASSERT_TRUE(first.Take(target_));
     EXPECT_TRUE(Publishing(1, target_).contains(u"Wait for the end"));
   }
@@ -243,13 +249,13 @@ TEST_F(TargetTest, AnExceptionLeavesNoThreadBehind) {
   const SiteProgress progress([](const QString& step) {
     return step.startsWith(u"Writing") ? throw std::runtime_error("enough") : true;
   });
-  EXPECT_EQ(Publishing(1, target_, {}, progress), u"enough"_qs);
+  EXPECT_EQ(Publishing(1, target_, nullptr, progress), u"enough"_qs);
   EXPECT_FALSE(QFileInfo::exists(target_));
   const auto failing = [](std::size_t i) {
     if (i == 5) throw std::runtime_error("five");
   };
-  EXPECT_THROW(vlhtml::DoTogether(
-                   100, [&]() -> vlhtml::Work { return failing; }, [](int) { return true; }),
+  EXPECT_THROW(publishing::DoTogether(
+                   100, [&]() -> publishing::Work { return failing; }, [](int) { return true; }),
                std::runtime_error);
 }
 
@@ -262,6 +268,6 @@ TEST(JpegHead, HasTheSizeOfThePictureBehindWhateverStandsBefore) {
                                      {QByteArray("\xff\xc4\x00\x04\x01\x02", 6), QSize(0x304, 0x102)},
                                      {QByteArray("\xff\xda"), QSize()}}) {
     Write(folder.filePath(u"x.jpg"_qs), "\xff\xd8" + before + frame);
-    EXPECT_EQ(vlhtml::JpegSize(folder.filePath(u"x.jpg"_qs)), size) << before.toHex().constData();
+    EXPECT_EQ(publishing::JpegSize(folder.filePath(u"x.jpg"_qs)), size) << before.toHex().constData();
   }
 }
