@@ -3,7 +3,11 @@
 #include <IVorlinaPlugin.h>
 #include <VorlinaNames.h>
 
+#include <QSet>
 #include <stdexcept>
+
+#include "Description.h"
+#include "PriceValue.h"
 
 namespace publishing {
 namespace {
@@ -12,8 +16,25 @@ std::string Utf8(const QVariant& value) {
   return value.isNull() ? std::string() : value.toString().trimmed().toStdString();
 }
 
-void ReadCatalog(IVorlinaConnection& connection, int id, bool italian, CatalogSnapshot& catalog) {
-  const auto row = connection.Open(QStringLiteral("SELECT * FROM Cataloghi WHERE IDCatalogo=?"), {id});
+void ReadNames(const IVorlinaRows& row, const VorlinaProfile& profile, CatalogSnapshot& catalog) {
+  const auto name = [&](bool shown, const QString& column) {
+    return shown ? vorlina::UnescapeName(row.Value(column)) : QString();
+  };
+  std::array<QString, 3> values;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    values[i] = name(profile.values[i], QStringLiteral("NomeValore%1").arg(i + 1));
+    catalog.valueNames[i] = values[i].toStdString();
+  }
+  for (std::size_t i = 0; i < catalog.filterNames.size(); ++i)
+    catalog.filterNames[i] =
+        name(profile.filters[i], QStringLiteral("NomeFiltro%1").arg(i + 1)).toStdString();
+  catalog.price = PriceValue(values, profile);
+}
+
+void ReadCatalog(IVorlinaConnection& connection, const VorlinaJob& job, bool italian,
+                 CatalogSnapshot& catalog) {
+  const auto row =
+      connection.Open(QStringLiteral("SELECT * FROM Cataloghi WHERE IDCatalogo=?"), {job.IDCatalogo});
   if (!row->Next())
     throw std::runtime_error(italian ? "Il catalogo non esiste più. Sceglierne un altro."
                                      : "The catalog does not exist any more. Choose another one.");
@@ -33,13 +54,13 @@ void ReadCatalog(IVorlinaConnection& connection, int id, bool italian, CatalogSn
   catalog.email = text("Email");
   catalog.url = text("URL");
   catalog.extras = text("Extras");
-  catalog.logo = {row->Value(QStringLiteral("Logo")).toString(), catalog.company};
-  const auto name = [&](const QString& column) {
-    return vorlina::UnescapeName(row->Value(column)).toStdString();
-  };
-  for (std::size_t i = 0; i < 3; ++i) catalog.valueNames[i] = name(QStringLiteral("NomeValore%1").arg(i + 1));
-  for (std::size_t i = 0; i < 5; ++i)
-    catalog.filterNames[i] = name(QStringLiteral("NomeFiltro%1").arg(i + 1));
+  const VorlinaProfile& profile = job.profile;
+  if (profile.showLogo) {
+    const QString own = row->Value(QStringLiteral("Logo")).toString();
+    catalog.logo = {profile.logo.isEmpty() ? own : profile.logo, catalog.company};
+  }
+  if (!profile.widePicture.isEmpty()) catalog.widePicture = {profile.widePicture, catalog.title};
+  ReadNames(*row, profile, catalog);
 }
 
 void ReadFilterValues(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
@@ -54,22 +75,43 @@ void ReadFilterValues(IVorlinaConnection& connection, int id, CatalogSnapshot& c
   }
 }
 
-void ReadProducts(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+void Describe(const QVariant& text, Product& product) {
+  product.description = Utf8(text);
+  Description description = DescriptionOf(text.toString());
+  product.name = description.name.empty() ? product.code.toStdString() : std::move(description.name);
+  product.paragraphs = std::move(description.paragraphs);
+}
+
+Product ReadProduct(const IVorlinaRows& row, const CatalogSnapshot& catalog) {
+  Product product;
+  product.code = row.Value(0).toString();
+  Describe(row.Value(1), product);
+  for (std::size_t i = 0; i < 3; ++i)
+    if (!catalog.valueNames[i].empty()) product.values[i] = Utf8(row.Value(2 + int(i)));
+  if (catalog.price > 0) product.price = product.values[std::size_t(catalog.price) - 1];
+  for (std::size_t i = 0; i < 5; ++i)
+    if (!catalog.filterNames[i].empty()) product.filters[i] = row.Value(5 + int(i)).toInt();
+  if (const QString picture = row.Value(10).toString(); !picture.isEmpty())
+    product.pictures.push_back({picture, product.name});
+  if (const QVariant order = row.Value(11); !order.isNull()) product.order = order.toDouble();
+  return product;
+}
+
+void ReadProducts(IVorlinaConnection& connection, const VorlinaJob& job, CatalogSnapshot& catalog) {
   const auto rows = connection.Open(
       QStringLiteral(
           "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"
-          "IDFiltro5,Immagine FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
+          "IDFiltro5,Immagine,OrdineTemp FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
           "ORDER BY OrdineTemp IS NULL,OrdineTemp,IDProdotto"),
-      {id});
+      {job.IDCatalogo});
+  QSet<QString> highlights;
+  for (const QString& code : job.profile.highlights) highlights.insert(code.toCaseFolded());
   while (rows->Next()) {
-    Product product;
-    product.code = rows->Value(0).toString();
-    product.description = Utf8(rows->Value(1));
-    for (int i = 0; i < 3; ++i) product.values[std::size_t(i)] = Utf8(rows->Value(2 + i));
-    for (int i = 0; i < 5; ++i) product.filters[std::size_t(i)] = rows->Value(5 + i).toInt();
-    if (const QString picture = rows->Value(10).toString(); !picture.isEmpty())
-      product.pictures.push_back({picture, product.description});
-    catalog.index.insert(product.code.toCaseFolded(), catalog.products.size());
+    Product product = ReadProduct(*rows, catalog);
+    const QString key = product.code.toCaseFolded();
+    product.highlight = highlights.contains(key);
+    if (product.highlight) catalog.highlights.push_back(catalog.products.size());
+    catalog.index.insert(key, catalog.products.size());
     catalog.products.push_back(std::move(product));
   }
 }
@@ -107,22 +149,56 @@ void ReadPictures(IVorlinaConnection& connection, int id, CatalogSnapshot& catal
   }
 }
 
+// The highlights come in publication order.
+void ChooseWidePicture(CatalogSnapshot& catalog) {
+  for (std::size_t i = 0; catalog.widePicture.source.isEmpty() && i < catalog.highlights.size(); ++i)
+    if (const Product& product = catalog.products[catalog.highlights[i]]; !product.pictures.empty())
+      catalog.widePicture = product.pictures[0];
+}
+
+// What the owner of the catalog may have overlooked.
+void Note(bool italian, CatalogSnapshot& catalog) {
+  using Kind = VorlinaNote::Kind;
+  const auto add = [&](Kind kind, const Product& product, const char* inItalian, const char* inEnglish,
+                       const QString& about = {}) {
+    const QString text = QString::fromUtf8(italian ? inItalian : inEnglish);
+    catalog.notes.push_back({kind, product.code, about.isEmpty() ? text : text.arg(about)});
+  };
+  // Products of one number come one after the other.
+  const Product* former = nullptr;
+  for (const Product& product : catalog.products) {
+    if (former != nullptr && product.order.has_value() && product.order == former->order)
+      add(Kind::DoubleOrder, product, "Ha lo stesso ordine di pubblicazione di %1.",
+          "It has the same order of publication as %1.", former->code);
+    former = &product;
+  }
+  for (const Product& product : catalog.products) {
+    if (product.pictures.empty()) add(Kind::NoPicture, product, "Non ha immagini.", "It has no picture.");
+    if (product.description.empty())
+      add(Kind::NoDescription, product, "Non ha descrizione: al suo posto sta il codice.",
+          "It has no description: its code stands instead.");
+  }
+}
+
 }  // namespace
 
-CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, int IDCatalogo, bool italian) {
+CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, const VorlinaJob& job, bool italian) {
   CatalogSnapshot catalog;
-  ReadCatalog(connection, IDCatalogo, italian, catalog);
-  ReadFilterValues(connection, IDCatalogo, catalog);
-  ReadProducts(connection, IDCatalogo, catalog);
-  ReadPictures(connection, IDCatalogo, catalog);
+  ReadCatalog(connection, job, italian, catalog);
+  ReadFilterValues(connection, job.IDCatalogo, catalog);
+  ReadProducts(connection, job, catalog);
+  ReadPictures(connection, job.IDCatalogo, catalog);
+  ChooseWidePicture(catalog);
+  Note(italian, catalog);
   return catalog;
 }
 
-void ReadFeatures(IVorlinaConnection& connection, int IDCatalogo, CatalogSnapshot& catalog) {
+void ReadFeatures(IVorlinaConnection& connection, const VorlinaJob& job, CatalogSnapshot& catalog) {
+  if (!job.profile.techData) return;
   const auto rows = connection.Open(QStringLiteral("SELECT CodiceProdotto,Caratteristica,Valore FROM "
                                                    "SchedeTecniche WHERE IDCatalogo=? "
                                                    "ORDER BY CodiceProdotto,IDScheda"),
-                                    {IDCatalogo});
+                                    {job.IDCatalogo});
   Finder products(catalog);
   while (rows->Next())
     if (Product* product = products.Find(rows->Value(0)); product != nullptr)

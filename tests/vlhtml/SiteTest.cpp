@@ -59,8 +59,10 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
 TEST_F(SiteTest, ProductsWithoutANumberStandLastAndAsTheyCame) {
   connection_.Execute(u"UPDATE Prodotti SET OrdineTemp=NULL WHERE CodiceProdotto<>'D/..\\x'"_qs);
   PluginConnection connection(connection_);
+  VorlinaJob job;
+  job.IDCatalogo = 1;
   QStringList codes;
-  for (const vlhtml::Product& product : vlhtml::ReadSnapshot(connection, 1, false).products)
+  for (const vlhtml::Product& product : vlhtml::ReadSnapshot(connection, job, false).products)
     codes += product.code;
   EXPECT_EQ(codes, (QStringList{u"D/..\\x"_qs, u"B-1"_qs, u"A-1"_qs}));
 }

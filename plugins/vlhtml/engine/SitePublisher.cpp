@@ -90,11 +90,11 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   if (!progress.Report(
           0, 1, italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog")))
     return {};
-  CatalogSnapshot catalog = ReadSnapshot(connection, job.IDCatalogo, italian);
+  CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
   const QString images = QFileInfo(connection.DataSource()).absolutePath() + QStringLiteral("/Images");
   // The files are looked at while the longest table is read.
   auto planned = std::async([&] { return SitePlan(catalog, images, languages); });
-  ReadFeatures(connection, job.IDCatalogo, catalog);
+  ReadFeatures(connection, job, catalog);
   const SitePlan plan = planned.get();
   const QString skinFolder = skin_.isEmpty() ? CurrentSkin(SiteSkin(), host_) : skin_;
   const Skin skin(skinFolder, SiteSkin(), italian);
@@ -104,6 +104,7 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   const QString title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
   VorlinaReport report = publication.Make(title, newMaker, progress);
   if (!report.complete) return report;
+  report.notes += catalog.notes;
   for (const QString& warning : plan.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
   report.open += job.target + QStringLiteral("/index.html");
   return report;
