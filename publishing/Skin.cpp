@@ -117,6 +117,7 @@ std::vector<Skin::File> Skin::StaticFiles() const {
   while (entries.hasNext()) {
     const QString name = QDir(folder_).relativeFilePath(entries.next());
     if (!name.contains(u'/') && name.endsWith(TemplateSuffix)) continue;
+    if (name.startsWith(QStringLiteral("words/"))) continue;  // they are in the pages
     CheckName(name);
     names += name;
   }
