@@ -2,7 +2,7 @@
 #include "CatalogSnapshot.h"
 #include "Description.h"
 #include "PriceValue.h"
-#include "SiteFixture.h"
+#include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;
 using namespace publishing;

@@ -1,6 +1,6 @@
 #include "Words.h"
 
-#include "SiteFixture.h"
+#include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;
 using publishing::Words;
