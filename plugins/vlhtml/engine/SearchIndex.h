@@ -1,0 +1,28 @@
+// The file "search-index.js", from which the site's search.js finds products: their texts in columns, as the
+// argument of one call.
+#pragma once
+
+#include "Publishing.h"
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "CatalogSnapshot.h"
+#include "Words.h"
+
+namespace vlhtml {
+
+// A product as it is found.
+struct SearchHit {
+  const Product* product = nullptr;
+  QString file;     // of its page: "p-101.html"
+  QString picture;  // of its first picture's smallest size: "images/p-101-400.jpg"; "" where it has none
+};
+
+// The hits are in the order of publication. Of long texts the beginning is taken in, so that the file stays
+// within what a phone fetches gladly, however large the catalog is.
+std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<SearchHit>& hits,
+                        const Words& words);
+
+}  // namespace vlhtml

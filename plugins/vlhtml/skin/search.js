@@ -1,0 +1,317 @@
+// Search and combined filters, from the one file search-index.js, which is fetched when it is first needed. Nothing of a
+// page depends on it: without scripts the field stays hidden, and lists and links lead to every product.
+//
+// Texts of the catalog get into the page as text alone. What is looked for stands behind "#" in the address, so that it can
+// be passed on, and works in a folder that is opened from a disk.
+(() => {
+  'use strict';
+
+  const step = 24; // results that are added at a time
+  const fewHits = 8; // below the field
+  const byId = (id) => document.getElementById(id);
+  const form = byId('search');
+  const field = byId('q');
+  if (!form || !field) return;
+  const results = byId('results'); // on the list of all products the results take the list's place
+  const filterBox = byId('filters');
+  const products = form.getAttribute('action');
+  // A filter value's own page begins with that value.
+  const ownValue = filterBox && filterBox.dataset.filter ? { [filterBox.dataset.filter]: filterBox.dataset.value } : {};
+
+  let index; // once it has come
+  let query = '';
+  let chosen = { ...ownValue }; // value by filter
+  let shown = step;
+
+  // -- Elements
+
+  function make(name, options = {}, ...children) {
+    const element = document.createElement(name);
+    for (const [key, value] of Object.entries(options))
+      if (key in element) element[key] = value;
+      else element.setAttribute(key, value);
+    element.append(...children);
+    return element;
+  }
+
+  const hits = make('div', { id: 'hits', hidden: true });
+  const status = make('p', { className: 'sr', role: 'status' });
+  form.append(hits, status);
+  let telling;
+  // Told when the reader stops typing.
+  function tell(text) {
+    clearTimeout(telling);
+    telling = setTimeout(() => { status.textContent = text; }, 400);
+  }
+
+  // -- Texts
+
+  const letters = { ß: 'ss', œ: 'oe', æ: 'ae', ø: 'o', ł: 'l', đ: 'd', ð: 'd', þ: 'th', ı: 'i' };
+  // The words of a text without case and accents, with a blank before each.
+  const folded = (text) => ` ${text.toLowerCase().normalize('NFKD').replace(/\p{M}+/gu, '').replace(/[ßœæøłđðþı]/g, (letter) => letters[letter])
+    .replace(/[^\p{L}\p{N}\p{So}]+/gu, ' ').trim()}`;
+  const joined = (words) => words.replaceAll(' ', '');
+  const number = (n) => n.toLocaleString(index.words.lang, { useGrouping: true });
+  const filled = (key, n) => index.words[key].replace('{n}', () => number(n));
+  const counted = (n) => (n === 0 ? index.words.foundNone : filled(n === 1 ? 'foundOne' : 'foundMany', n));
+
+  // -- The index
+
+  // Columns become products.
+  function taken(data) {
+    const rows = data.code.map((code, i) => {
+      const values = {};
+      data.filters.forEach((filter) => { if (filter.of[i]) values[filter.number] = filter.values[filter.of[i] - 1]; });
+      const name = data.name[i] || code;
+      const page = data.page[i] || `p-${code.toLowerCase()}`;
+      const end = data.picture[i] ? data.ends[data.picture[i] - 1] : '';
+      return {
+        code, name, values, page: `${page}.html`, price: data.price[i],
+        picture: end && (end.startsWith('images/') ? end : `images/${page}${end}`),
+        inCode: folded(code), whole: joined(folded(code)), inName: folded(name),
+        inText: folded(`${data.text[i] || ''} ${Object.values(values).join(' ')}`),
+      };
+    });
+    return { words: data.words, filters: data.filters, rows };
+  }
+
+  let coming;
+  function load() {
+    coming ||= new Promise((resolve, reject) => {
+      form.setAttribute('aria-busy', 'true');
+      window.vorlinaIndex = (data) => resolve(taken(data));
+      document.head.append(make('script', { src: 'search-index.js', onerror: reject }));
+    }).then((data) => { index = data; }).finally(() => form.removeAttribute('aria-busy'));
+    return coming;
+  }
+
+  // -- Finding
+
+  // How well a word is matched, 0 best; Infinity where it is not. One letter alone only begins words.
+  function rank(row, word) {
+    const begin = ` ${word}`;
+    if (row.inCode.startsWith(begin)) return 1;
+    if (row.inName.includes(begin)) return 2;
+    if (word.length > 1 && row.inCode.includes(word)) return 3;
+    if (word.length > 1 && row.inName.includes(word)) return 4;
+    if (row.inText.includes(begin)) return 5;
+    return word.length > 1 && row.inText.includes(word) ? 6 : Infinity;
+  }
+
+  // The products that have all words of the query, codes first.
+  function matching() {
+    const text = folded(query);
+    const words = text.split(' ').filter(Boolean);
+    if (words.length === 0) return query.trim() ? [] : index.rows;
+    const whole = joined(text);
+    return index.rows.map((row) => {
+      if (row.whole === whole) return { row, rank: -1 };
+      if (row.whole.startsWith(whole)) return { row, rank: 0 };
+      return { row, rank: words.reduce((sum, word) => sum + rank(row, word), 0) };
+    }).filter((hit) => hit.rank < Infinity).sort((one, other) => one.rank - other.rank).map((hit) => hit.row);
+  }
+
+  const has = (row, without) => index.filters.every(({ number: n }) => n === without || !chosen[n] || row.values[n] === chosen[n]);
+
+  // -- The address
+
+  function parameters() {
+    const all = new URLSearchParams();
+    if (query.trim()) all.set('q', query.trim());
+    for (const [n, value] of Object.entries(chosen)) if (value) all.set(`f${n}`, value);
+    return all.toString();
+  }
+
+  // False for the address of a place in the page.
+  function readAddress() {
+    const all = new URLSearchParams(location.hash.slice(1) || location.search);
+    const mine = [...all].filter(([key]) => /^(q|f\d)$/.test(key));
+    if (location.hash.length > 1 && mine.length === 0) return false;
+    query = (all.get('q') || '').slice(0, 200);
+    chosen = {};
+    for (const [key, value] of mine) if (key !== 'q') chosen[key.slice(1)] = value;
+    shown = (history.state && history.state.shown) || step;
+    return true;
+  }
+
+  let wasEmpty = true;
+  let writing;
+  // One step back leads to the list, and to the filters as they were before; not to each letter.
+  function writeAddress(asStep) {
+    clearTimeout(writing);
+    const text = parameters();
+    const url = text ? `#${text}` : location.href.split('#')[0];
+    const push = asStep || (wasEmpty && text !== '');
+    wasEmpty = text === '';
+    const write = () => history[push ? 'pushState' : 'replaceState']({ shown }, '', url);
+    if (push) write();
+    else writing = setTimeout(write, 300);
+  }
+
+  // -- Showing
+
+  const part = (name, text) => make('span', { className: name, dir: 'auto' }, text);
+
+  function frame(row, always) {
+    if (!row.picture) return always ? [make('span', { className: 'frame none' })] : [];
+    return [make('span', { className: 'frame' }, make('img', { loading: 'lazy', decoding: 'async', alt: '', src: row.picture }))];
+  }
+
+  const texts = (row) => make('span', { className: 'text' }, part('name', row.name),
+    ...(row.name === row.code ? [] : [part('code', row.code)]), ...(row.price ? [part('price', row.price)] : []));
+
+  const card = (row, kind) => make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), texts(row)));
+
+  // Selects of all filters, each value with what would remain.
+  function showFilters(found) {
+    const selects = index.filters.map(({ number: n, name, values }) => {
+      const counts = new Map();
+      for (const row of found) if (row.values[n] && has(row, n)) counts.set(row.values[n], (counts.get(row.values[n]) || 0) + 1);
+      const select = make('select', { name: `f${n}` }, make('option', { value: '' }, index.words.all),
+        ...values.filter((value) => counts.has(value) || value === chosen[n])
+          .map((value) => make('option', { value }, `${value} (${number(counts.get(value) || 0)})`)));
+      select.value = chosen[n] || '';
+      return make('label', {}, make('span', { dir: 'auto' }, name), select);
+    });
+    const focused = filterBox.contains(document.activeElement) ? document.activeElement.name : null;
+    filterBox.replaceChildren(...selects);
+    filterBox.setAttribute('role', 'group');
+    filterBox.setAttribute('aria-label', index.words.filters);
+    filterBox.hidden = false;
+    if (focused !== null) (filterBox.querySelector(`select[name="${focused}"]`) || filterBox.querySelector('select')).focus();
+  }
+
+  function clear() {
+    query = field.value = '';
+    chosen = {};
+    update(true);
+    field.focus();
+  }
+
+  function showResults(found) {
+    const list = byId('list').querySelector('ul.cards, ul.rows');
+    const rows = list && list.className === 'rows';
+    const items = (from, to) => found.slice(from, to).map((row) => card(row, rows ? 'row' : 'card'));
+    const cards = make('ul', { className: rows ? 'rows' : 'cards' }, ...items(0, shown));
+    const more = make('button', { type: 'button', className: 'button more' });
+    const count = () => {
+      more.hidden = shown >= found.length;
+      more.textContent = filled('showMore', Math.min(step, found.length - shown));
+    };
+    more.onclick = () => {
+      cards.append(...items(shown, shown + step));
+      shown += step;
+      count();
+      writeAddress(false);
+      cards.children[shown - step].querySelector('a').focus();
+    };
+    count();
+    const head = make('p', { className: 'found' }, make('strong', {}, counted(found.length)), ' ',
+      make('button', { type: 'button', className: 'clear', onclick: clear }, index.words.clear));
+    results.replaceChildren(head, ...(found.length ? [cards, more] : [make('p', {}, index.words.foundNoneHint)]));
+    tell(counted(found.length));
+  }
+
+  // The page as query and filters have it.
+  function show() {
+    const found = matching();
+    for (const n of Object.keys(chosen)) if (!index.filters.some((filter) => String(filter.number) === n && filter.values.includes(chosen[n]))) delete chosen[n];
+    const empty = parameters() === '';
+    if (filterBox && index.filters.length && (!empty || !filterBox.querySelector('button'))) showFilters(found);
+    if (!results) return;
+    results.hidden = empty;
+    for (const id of ['list', 'browse']) if (byId(id)) byId(id).hidden = !empty;
+    if (empty) results.replaceChildren();
+    else showResults(found.filter((row) => has(row)));
+    if (empty) tell('');
+  }
+
+  function update(asStep) {
+    shown = step;
+    if (results) writeAddress(asStep);
+    show();
+  }
+
+  // Elsewhere the best hits stand below the field.
+  function showHits() {
+    const found = query.trim().length > 1 ? matching() : [];
+    hits.hidden = query.trim().length < 2;
+    if (hits.hidden) { tell(''); return; }
+    const all = make('a', { className: 'all', href: `${products}#${new URLSearchParams({ q: query.trim() })}` }, filled('showFound', found.length));
+    hits.replaceChildren(...(found.length
+      ? [make('ul', {}, ...found.slice(0, fewHits).map((row) => card(row, 'hit'))), all]
+      : [make('p', {}, make('strong', {}, index.words.foundNone)), make('p', {}, index.words.foundNoneHint)]));
+    tell(counted(found.length));
+  }
+
+  function failed() {
+    coming = undefined;
+    const place = results || hits;
+    place.replaceChildren(make('p', { role: 'alert' }, form.dataset.failed || ''));
+    place.hidden = false;
+  }
+
+  const withIndex = (action) => load().then(action, failed);
+
+  // -- Events
+
+  function typed() {
+    query = field.value.slice(0, 200);
+    withIndex(() => (results ? update(false) : showHits()));
+  }
+
+  field.addEventListener('focus', () => load().catch(() => { coming = undefined; }));
+  field.addEventListener('input', typed);
+  form.addEventListener('submit', (event) => {
+    event.preventDefault();
+    query = field.value.slice(0, 200);
+    if (results) typed();
+    else if (query.trim()) location.href = `${products}#${new URLSearchParams({ q: query.trim() })}`;
+  });
+
+  // Up and down walk through what was found, Escape goes back.
+  document.addEventListener('keydown', (event) => {
+    const place = results || hits;
+    const inside = place.contains(event.target);
+    if (!inside && event.target !== field) return;
+    if (event.key === 'Escape') {
+      hits.hidden = true;
+      if (results && !inside && field.value) { field.value = ''; typed(); }
+      field.focus();
+    }
+    const move = { ArrowDown: 1, ArrowUp: -1 }[event.key];
+    if (!move || place.hidden) return;
+    const links = [...place.querySelectorAll('a')];
+    const next = inside ? links.indexOf(event.target.closest('a')) + move : move - 1;
+    if (next < 0) field.focus();
+    else if (links[next]) links[next].focus();
+    event.preventDefault();
+  });
+  // A finger that touches a hit takes the focus from the field before the link gets it.
+  form.addEventListener('focusout', (event) => { if (event.relatedTarget && !form.contains(event.relatedTarget)) hits.hidden = true; });
+  document.addEventListener('pointerdown', (event) => { if (!form.contains(event.target)) hits.hidden = true; });
+
+  if (filterBox) {
+    const open = filterBox.querySelector('button');
+    if (open) open.onclick = () => withIndex(() => { showFilters(matching()); filterBox.querySelector('select').focus(); });
+    filterBox.addEventListener('change', (event) => {
+      chosen[event.target.name.slice(1)] = event.target.value;
+      if (results) update(true);
+      else location.href = `${products}#${parameters()}`;
+    });
+    filterBox.hidden = false;
+  }
+
+  function arrive() {
+    if (!readAddress()) return;
+    field.value = query;
+    wasEmpty = parameters() === '';
+    if (!wasEmpty || index) withIndex(show);
+  }
+
+  form.hidden = false;
+  if (results) {
+    window.addEventListener('popstate', arrive);
+    arrive();
+  }
+})();
