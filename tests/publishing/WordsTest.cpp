@@ -33,6 +33,17 @@ TEST(WordsTest, EveryLanguageSaysTheSameThings) {
   }
 }
 
+TEST(WordsTest, TheStandardSkinAsksForNoOtherWords) {
+  const Words words(u"en"_qs, Delivered, {}, false);
+  static const QRegularExpression tag(u"\\{\\{[#^]?L\\.(\\w+)"_qs);
+  const auto files = Files(StandardSkin);
+  for (auto file = files.cbegin(); file != files.cend(); ++file)
+    for (auto match = tag.globalMatch(QString::fromUtf8(file.value())); match.hasNext();) {
+      const QString word = match.next().captured(1);
+      EXPECT_EQ(words.All().count(word.toStdString()), 1U) << file.key() << ' ' << word;
+    }
+}
+
 TEST(WordsTest, NumbersAreWrittenAndCountedAsTheLanguageDoes) {
   const auto counted = [](const QString& language, int n) {
     return Words(language, Delivered, {}, false).Counted("product", n);
