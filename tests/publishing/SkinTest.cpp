@@ -91,7 +91,7 @@ TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
   for (const publishing::Skin::File& file :
        publishing::Skin(publishing::CurrentSkin(Kind, host_), Kind, false).StaticFiles())
     files += file.name;
-  EXPECT_EQ(files.join(u' '), u"assets/fonts/a.woff2 robots.txt style.css"_qs);
+  EXPECT_EQ(files.join(u' '), u"assets/fonts/a.woff2 robots.txt search.js style.css"_qs);
   EXPECT_EQ(SkinFolders(), QStringList{u"My_skin"_qs}) << "nothing is left beside it";
 }
 

@@ -19,7 +19,7 @@ class SearchIndexTest : public testing::Test {
   QString Script(const QString& picture = QString()) {
     std::vector<vlhtml::SearchHit> hits;
     for (const vlhtml::Product& product : catalog_.products)
-      hits.push_back({&product, u"p-x%1.html"_qs.arg(hits.size()), picture});
+      hits.push_back({&product, u"p-x%1.html"_qs.arg(hits.size()), picture, {}});
     const vlhtml::Words words(u"en"_qs, QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/words"), {},
                               false);
     return QString::fromStdString(SearchIndex(catalog_, hits, words));

@@ -37,7 +37,8 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
   const VorlinaReport report = Publish();
   EXPECT_TRUE(report.complete);
   QMap<QString, QByteArray> files = Files(target_);
-  for (const QString& name : {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"images/p-a-1.jpg"_qs})
+  for (const QString& name :
+       {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"search.js"_qs, u"images/p-a-1.jpg"_qs})
     EXPECT_EQ(files.remove(name), 1) << name;
   // The mark at a page's end has a key of chance.
   for (auto file = files.begin(); file != files.end(); ++file) {

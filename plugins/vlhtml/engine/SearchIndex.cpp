@@ -195,7 +195,7 @@ std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<Search
   });
   AddColumn(script, "text", count,
             [&](std::size_t i) { AddTextIf(script, FurtherText(catalog, *hits[i].product, limit)); });
-  AddColumn(script, "price", count, [&](std::size_t i) { AddTextIf(script, hits[i].product->price); });
+  AddColumn(script, "price", count, [&](std::size_t i) { AddTextIf(script, hits[i].price); });
   FileColumns(hits).AddTo(script);
   std::vector<FilterColumn> filters;
   for (std::size_t filter = 0; filter < catalog.filterNames.size(); ++filter)

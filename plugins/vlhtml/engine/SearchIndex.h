@@ -18,6 +18,7 @@ struct SearchHit {
   const Product* product = nullptr;
   QString file;     // of its page: "p-101.html"
   QString picture;  // of its first picture's smallest size: "images/p-101-400.jpg"; "" where it has none
+  std::string price;
 };
 
 // The hits are in the order of publication. Of long texts the beginning is taken in, so that the file stays

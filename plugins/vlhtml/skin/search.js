@@ -7,20 +7,19 @@
   'use strict';
 
   const step = 24; // results that are added at a time
-  const fewHits = 8; // below the field
+  const fewHits = 6; // below the field
   const byId = (id) => document.getElementById(id);
   const form = byId('search');
   const field = byId('q');
   if (!form || !field) return;
-  const results = byId('results'); // on the list of all products the results take the list's place
   const filterBox = byId('filters');
+  const own = filterBox?.dataset.filter; // on a filter value's own page
+  const results = own ? null : byId('results'); // they take the place of the list of all products
   const products = form.getAttribute('action');
-  // A filter value's own page begins with that value.
-  const ownValue = filterBox && filterBox.dataset.filter ? { [filterBox.dataset.filter]: filterBox.dataset.value } : {};
 
   let index; // once it has come
   let query = '';
-  let chosen = { ...ownValue }; // value by filter
+  let chosen = own ? { [own]: filterBox.dataset.value } : {}; // value by filter
   let shown = step;
 
   // -- Elements
@@ -130,7 +129,7 @@
     query = (all.get('q') || '').slice(0, 200);
     chosen = {};
     for (const [key, value] of mine) if (key !== 'q') chosen[key.slice(1)] = value;
-    shown = (history.state && history.state.shown) || step;
+    shown = history.state?.shown || step;
     return true;
   }
 
@@ -157,10 +156,16 @@
     return [make('span', { className: 'frame' }, make('img', { loading: 'lazy', decoding: 'async', alt: '', src: row.picture }))];
   }
 
-  const texts = (row) => make('span', { className: 'text' }, part('name', row.name),
-    ...(row.name === row.code ? [] : [part('code', row.code)]), ...(row.price ? [part('price', row.price)] : []));
+  function card(row, kind) {
+    const text = make('span', { className: 'text' }, part('name', row.name));
+    if (row.name !== row.code) text.append(' ', part('code', row.code));
+    if (row.price) text.append(' ', part('price', row.price));
+    return make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), text));
+  }
 
-  const card = (row, kind) => make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), texts(row)));
+  function showList(visible) {
+    for (const id of ['list', 'browse']) if (byId(id)) byId(id).hidden = !visible;
+  }
 
   // Selects of all filters, each value with what would remain.
   function showFilters(found) {
@@ -215,12 +220,13 @@
   // The page as query and filters have it.
   function show() {
     const found = matching();
-    for (const n of Object.keys(chosen)) if (!index.filters.some((filter) => String(filter.number) === n && filter.values.includes(chosen[n]))) delete chosen[n];
+    for (const n of Object.keys(chosen)) // an address may be older than the site
+      if (!index.filters.some((filter) => `${filter.number}` === n && filter.values.includes(chosen[n]))) delete chosen[n];
     const empty = parameters() === '';
     if (filterBox && index.filters.length && (!empty || !filterBox.querySelector('button'))) showFilters(found);
     if (!results) return;
     results.hidden = empty;
-    for (const id of ['list', 'browse']) if (byId(id)) byId(id).hidden = !empty;
+    showList(empty);
     if (empty) results.replaceChildren();
     else showResults(found.filter((row) => has(row)));
     if (empty) tell('');
@@ -249,6 +255,7 @@
     const place = results || hits;
     place.replaceChildren(make('p', { role: 'alert' }, form.dataset.failed || ''));
     place.hidden = false;
+    showList(true);
   }
 
   const withIndex = (action) => load().then(action, failed);
@@ -306,7 +313,9 @@
     if (!readAddress()) return;
     field.value = query;
     wasEmpty = parameters() === '';
-    if (!wasEmpty || index) withIndex(show);
+    if (wasEmpty && !index) return;
+    showList(wasEmpty);
+    withIndex(show);
   }
 
   form.hidden = false;
