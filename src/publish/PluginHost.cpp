@@ -176,13 +176,19 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   return *factory;
 }
 
-VorlinaHost HostOfPlugins() { return {Language, AppPath(), DeliveredPath()}; }
+VorlinaHost HostOfPlugins(IVorlinaUi* ui) { return {Language, AppPath(), DeliveredPath(), nullptr, ui}; }
 
-std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier) {
+std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier, IVorlinaUi* ui) {
   std::unique_ptr<IVorlinaPlugin> plugin;
-  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins()); });
+  CallPlugin([&] { plugin = PluginFactoryOf(identifier).CreatePlugin(HostOfPlugins(ui)); });
   if (plugin == nullptr) throw Error(Texts::tr("%1 non crea nessun plug-in").arg(identifier));
   return plugin;
+}
+
+std::unique_ptr<IVorlinaPublisher> CreatePublisher(const QString& identifier) {
+  std::unique_ptr<IVorlinaPublisher> publisher;
+  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreatePublisher(HostOfPlugins()); });
+  return publisher;
 }
 
 bool PluginAtWork() { return callsAtWork > 0; }

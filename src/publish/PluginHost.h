@@ -44,11 +44,15 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier);
 // what is no plug-in. Throws Error where there is none.
 QString InterfaceOf(const QString& identifier);
 
-// What plug-ins are told of this program.
-VorlinaHost HostOfPlugins();
+// What plug-ins are told of this program, and the windows that it shows for them.
+VorlinaHost HostOfPlugins(IVorlinaUi* ui = nullptr);
 
-// A new plug-in object in the program's language. Throws Error, also for what the plug-in itself throws.
-std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier);
+// A new plug-in object in the program's language; the windows outlive it. Throws Error, also for what the
+// plug-in itself throws.
+std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier, IVorlinaUi* ui = nullptr);
+
+// The part of a plug-in that publishes without windows; null where it has none. Throws Error.
+std::unique_ptr<IVorlinaPublisher> CreatePublisher(const QString& identifier);
 
 // Whether a plug-in has been called and is not done.
 bool PluginAtWork();
