@@ -47,6 +47,7 @@ const KindText& TextOf(FindingKind kind) {
 QString SubjectOf(const NamedPicture& picture) {
   switch (picture.use) {
     case PictureUse::Logo:
+    case PictureUse::Profile:
       return u"Cataloghi %1"_qs.arg(picture.IDCatalogo);
     case PictureUse::Main:
       return u"Prodotti %1 "_qs.arg(picture.IDCatalogo) + picture.CodiceProdotto;

@@ -36,6 +36,10 @@ QString AdditionalImagePath(qint64 IDImmagine) {
   return PicturePath(QString::number(IDImmagine) + u".jpg"_qs);
 }
 
+QString ProfilePicturePath(int IDCatalogo, const QString& mark) {
+  return PicturePath(u"profile-"_qs + CatalogPrefix(IDCatalogo) + mark + u".jpg"_qs);
+}
+
 QString LogoPath(int IDCatalogo) { return PicturePath(CatalogPrefix(IDCatalogo) + u"Logo.jpg"_qs); }
 
 QString ThumbnailName(const QString& mainImage) { return u't' + FileNameOf(mainImage, true); }

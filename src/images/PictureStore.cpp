@@ -74,13 +74,31 @@ QStringList Paths(Connection& connection, const QString& sql, const QVariantList
 
 }  // namespace
 
+namespace {
+
+// Catalogs and files, under the folder that is bound first: names alone are kept, so that a folder may move.
+// What is no JSON names none.
+QString ProfilePictures() {
+  return u"(SELECT C.IDCatalogo IDCatalogo,?1||J.value Immagine FROM Extensions E JOIN CExtension C "
+         "USING (IDExtension),json_tree(CASE WHEN json_valid(C.Valore) THEN C.Valore ELSE '{}' END) J "
+         "WHERE E.ExtensionName='%1' AND J.key IN ('%2','%3') AND J.type='text' AND J.value<>'')"_qs.arg(
+      ProfilesExtension, ProfileLogoMember, ProfileWideMember);
+}
+
+QString PicturesBeside(const Connection& connection) {
+  return QDir::toNativeSeparators(QFileInfo(connection.DataSource()).absolutePath() + u"/Images/"_qs);
+}
+
+}  // namespace
+
 void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell) {
   Rows rows(
       connection,
       u"SELECT 0,IDCatalogo,IDCatalogo,'',Logo FROM Cataloghi WHERE Logo<>'' "
       "UNION ALL SELECT 1,IDProdotto,IDCatalogo,CodiceProdotto,Immagine FROM Prodotti WHERE Immagine<>'' "
       "UNION ALL SELECT 2,IDImmagine,IDCatalogo,CodiceProdotto,Immagine FROM Immagini "
-      "WHERE Immagine<>''"_qs);
+      "WHERE Immagine<>'' UNION ALL SELECT 3,IDCatalogo,IDCatalogo,'',Immagine FROM "_qs + ProfilePictures(),
+      {PicturesBeside(connection)});
   while (rows.Next())
     tell({PictureUse(rows.Value(0).toInt()), rows.Value(1).toLongLong(), rows.Value(2).toInt(),
           rows.Value(3).toString(), rows.Value(4).toString()});
@@ -137,12 +155,14 @@ PictureFiles PicturesOfProducts(const std::vector<qint64>& products, Connection&
 
 PictureFiles PicturesOfCatalog(int IDCatalogo, Connection& connection) {
   const QVariantList catalog{IDCatalogo};
-  // The row of a clone names the logo of the catalog from which it was made.
+  // The row of a clone names the logo of the catalog from which it was made, and so do its profiles.
   return {Paths(connection, u"SELECT Immagine FROM Prodotti WHERE IDCatalogo=? AND Immagine<>''"_qs, catalog),
           Paths(connection,
                 u"SELECT Immagine FROM Immagini WHERE IDCatalogo=?1 AND Immagine<>'' "
                 "UNION ALL SELECT Logo FROM Cataloghi WHERE IDCatalogo=?1 AND Logo<>''"_qs,
                 catalog) +
+              Paths(connection, u"SELECT Immagine FROM %1 WHERE IDCatalogo=?2"_qs.arg(ProfilePictures()),
+                    {PicturesBeside(connection), IDCatalogo}) +
               QStringList{LogoPath(IDCatalogo)}};
 }
 

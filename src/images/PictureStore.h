@@ -17,18 +17,24 @@ namespace vorlina {
 class Connection;
 class Transaction;
 
-enum class PictureUse { Logo, Main, Additional };
+enum class PictureUse { Logo, Main, Additional, Profile };
+
+// The named value of a catalog that holds how it is published, as JSON. Wherever in it a member has one of the
+// two names, its text is the name of a file in "Images".
+inline const QString ProfilesExtension = QStringLiteral("Vorlina.Profili");
+inline const QString ProfileLogoMember = QStringLiteral("logo");
+inline const QString ProfileWideMember = QStringLiteral("widePicture");
 
 // A row that names a picture.
 struct NamedPicture {
   PictureUse use = PictureUse::Main;
-  qint64 row = 0;  // IDCatalogo, the product's key, or IDImmagine
+  qint64 row = 0;  // IDCatalogo, the product's key, IDImmagine, or IDCatalogo again
   int IDCatalogo = 0;
-  QString CodiceProdotto;  // "" for a logo
+  QString CodiceProdotto;  // "" for a logo and a profile's picture
   QString path;
 };
 
-// Tells every row that names a picture: logos, main images, additional ones. Throws Error.
+// Tells every row that names a picture: logos, main images, additional ones, those of profiles. Throws Error.
 void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell);
 
 // Those of the files that a row names, however it writes the path; the main image of one product may be left
@@ -45,7 +51,7 @@ bool IsProductPicture(const QString& path, Connection& connection);
 // Files that rows name or named.
 struct PictureFiles {
   QStringList main;    // they have thumbnails
-  QStringList others;  // additional pictures and logos
+  QStringList others;  // additional pictures, logos, those of profiles
 };
 
 // The files that the rows of these products name, or all rows of a catalog, with the file that is its logo by

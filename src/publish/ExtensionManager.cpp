@@ -1,6 +1,8 @@
 #include "publish/ExtensionManager.h"
 
 #include "base/Dialogs.h"
+#include "base/Error.h"
+#include "base/Helpers.h"
 #include "base/Texts.h"
 #include "store/Connection.h"
 #include "store/Transaction.h"
@@ -35,6 +37,19 @@ bool SetExtension(const QString& name, const QVariant& value, int IDCatalogo, co
   }
   transaction.Commit();
   return level != Level::None;
+}
+
+QString CatalogExtension(const QString& name, int IDCatalogo, Connection& connection) {
+  Rows rows(connection,
+            u"SELECT Valore FROM CExtension JOIN Extensions USING (IDExtension) "
+            "WHERE ExtensionName=? AND IDCatalogo=?"_qs,
+            {name, IDCatalogo});
+  return rows.Next() ? NullToEmpty(rows.Value(0)) : QString();
+}
+
+void KeepCatalogExtension(const QString& name, const QString& value, int IDCatalogo, Connection& connection) {
+  if (!SetExtension(name, value, IDCatalogo, {}, connection))
+    throw Error(Texts::tr("Errore nella tabella Extensions"));
 }
 
 void TellFaultyExtensions(QWidget* owner) {

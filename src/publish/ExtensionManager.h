@@ -17,6 +17,13 @@ class Connection;
 [[nodiscard]] bool SetExtension(const QString& name, const QVariant& value, int IDCatalogo,
                                 const QString& CodiceProdotto, Connection& connection);
 
+// A catalog's value; "" where it was never kept. Throws Error.
+QString CatalogExtension(const QString& name, int IDCatalogo, Connection& connection);
+
+// Keeps a catalog's value of the program's own, of which a name without a level is an Error as well. Throws
+// Error.
+void KeepCatalogExtension(const QString& name, const QString& value, int IDCatalogo, Connection& connection);
+
 // Tells the user that SetExtension could not store something. To be called when the transaction that it was
 // part of is over, since a box would hold it open.
 void TellFaultyExtensions(QWidget* owner = nullptr);

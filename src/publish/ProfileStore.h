@@ -6,29 +6,11 @@
 #include <QString>
 #include <QStringList>
 
-#include "base/Error.h"
-#include "publish/plugin/VorlinaJob.h"
+#include "publish/ProfileForm.h"
 
 namespace vorlina {
 
 class Connection;
-
-// Why a profile is not stored.
-class ProfileRefusal : public Error {
- public:
-  ProfileRefusal(QString member, const QString& why) : Error(why), member_(std::move(member)) {}
-  // The member of VorlinaProfile, such as "address".
-  const QString& Member() const { return member_; }
-
- private:
-  QString member_;
-};
-
-// What is kept of the profiles cannot be read.
-class DamagedProfiles : public Error {
- public:
-  using Error::Error;
-};
 
 // The profiles by name. There is one at least: a catalog that has none kept gets a first one, which shows
 // everything and is not stored by that. Each comes with a language (its own, else the catalog's, else the one
@@ -61,9 +43,5 @@ void StoreHighlights(Connection& connection, int IDCatalogo, const QString& iden
 // Begins anew with the first profile where the kept ones cannot be read; these are put aside in the database
 // under another name. Throws Error.
 void RenewProfiles(Connection& connection, int IDCatalogo);
-
-// Whether a text is an address with http or https, and a colour "#rrggbb".
-bool IsWebAddress(const QString& text);
-bool IsColour(const QString& text);
 
 }  // namespace vorlina

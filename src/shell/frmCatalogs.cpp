@@ -158,7 +158,7 @@ void frmCatalogs::LoadForm() {
 
 void frmCatalogs::FillPlugins() {
   const PluginChoice choice = ChosenPlugins();
-  const PluginListing listing = ListPlugins(choice, CreatePlugin, [this](const QString& identifier) {
+  const PluginListing listing = ListPlugins(choice, [](const QString& identifier) { return CreatePlugin(identifier); }, [this](const QString& identifier) {
     const QString text = Texts::tr("Errore nella istanza della dll: ");
     TheDialogs().Message(this, text + identifier);
   });

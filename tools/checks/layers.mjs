@@ -15,7 +15,7 @@ const arrows = {
   support: ['base', 'store'],
   grid: ['base', 'store'],
   images: ['base', 'store'],
-  publish: ['plug-in headers', 'base', 'store', 'support'],
+  publish: ['plug-in headers', 'base', 'store', 'support', 'images'],
   catalogs: ['base', 'store', 'support', 'images', 'publish'],
   products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
   update: ['base', 'support'],
