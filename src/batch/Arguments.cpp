@@ -5,6 +5,7 @@
 #include <map>
 
 #include "base/Texts.h"
+#include "publish/CatalogLanguage.h"
 
 namespace vorlina {
 namespace {
@@ -21,7 +22,7 @@ const std::map<QString, CommandForm>& CommandForms() {
   static const std::map<QString, CommandForm> forms{
       {u"catalogs"_qs, {{}, Word::None}},
       {u"plugins"_qs, {{}, Word::None}},
-      {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, Word::None}},
+      {u"publish"_qs, {{u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs}, Word::None, {u"--profile"_qs}}},
       {u"import"_qs, {{u"--catalog"_qs}, Word::Folder, {u"--without-copy"_qs}}},
       {u"clone"_qs, {{u"--catalog"_qs}, Word::None}},
       {u"delete"_qs, {{u"--catalog"_qs, u"--yes"_qs}, Word::None, {u"--without-copy"_qs}}},
@@ -42,7 +43,8 @@ struct Pieces {
 Pieces Split(const QStringList& texts) {
   static const QStringList flags{u"--help"_qs, u"--version"_qs,       u"--json"_qs,
                                  u"--yes"_qs,  u"--allow-missing"_qs, u"--without-copy"_qs};
-  static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs, u"--to"_qs, u"--language"_qs};
+  static const QStringList valued{u"--app"_qs, u"--catalog"_qs, u"--plugin"_qs,
+                                  u"--to"_qs,  u"--profile"_qs, u"--language"_qs};
   Pieces pieces;
   for (qsizetype i = 0; i < texts.size(); ++i) {
     const QString& text = texts[i];
@@ -77,6 +79,22 @@ int CatalogNumber(const QString& text) {
         Texts::tr("--catalog vuole il numero di un catalogo, non \"%1\". Il comando \"catalogs\" li elenca.")
             .arg(text));
   return id;
+}
+
+// A language of the program's is that of the messages as well.
+void SettleLanguage(Arguments& arguments, const QString& value) {
+  if (value.isEmpty()) return;
+  if (HasTexts(value)) {
+    arguments.language = value;
+    arguments.published = CodeOfLanguage(value);
+  } else if (arguments.command != u"publish") {
+    Refuse(Texts::tr("La lingua è Italian o English"));
+  } else if (!LanguageCodes().contains(value)) {
+    Refuse(Texts::tr("La lingua è Italian o English, o per ciò che si pubblica una di %1")
+               .arg(LanguageCodes().join(u", ")));
+  } else {
+    arguments.published = value;
+  }
 }
 
 // Every option that the command needs, none that it does not know, and a file where it takes one.
@@ -116,9 +134,8 @@ Arguments ParseArguments(const QStringList& texts) {
   arguments.command = pieces.words[0];
   RequireForm(arguments.command, pieces);
   arguments.application = value(u"--app"_qs);
-  arguments.language = value(u"--language"_qs);
-  if (!arguments.language.isEmpty() && !HasTexts(arguments.language))
-    Refuse(Texts::tr("La lingua è Italian o English"));
+  SettleLanguage(arguments, value(u"--language"_qs));
+  arguments.profile = value(u"--profile"_qs);
   arguments.allowMissing = pieces.options.count(u"--allow-missing"_qs) > 0;
   arguments.withoutCopy = pieces.options.count(u"--without-copy"_qs) > 0;
   arguments.plugin = value(u"--plugin"_qs);
@@ -134,8 +151,9 @@ QString HelpText() {
 Comandi:
   catalogs                 elenca i cataloghi
   plugins                  elenca i plug-in di pubblicazione
-  publish --catalog ID --plugin IDENT --to CARTELLA
-                           pubblica un catalogo in una cartella
+  publish --catalog ID --plugin IDENT --to DOVE [--profile NOME]
+                           pubblica un catalogo in una cartella, o nel file che il plug-in fa, come dice un suo
+                           profilo; va nominato dove ne ha più d'uno
   import CARTELLA --catalog ID
                            fa un prodotto di ogni immagine ".jpg" della cartella
   clone --catalog ID       duplica un catalogo con le sue immagini
@@ -153,7 +171,8 @@ Comandi:
 
 Opzioni:
   --app CARTELLA           usa un'altra cartella dell'applicazione
-  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica; it, en, de, fr o es
+                           solo per ciò che si pubblica
   --json                   un oggetto JSON al posto del testo
   --help                   mostra questo aiuto
   --version                mostra la versione

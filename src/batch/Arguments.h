@@ -21,10 +21,12 @@ struct Arguments {
   bool version = false;
   bool json = false;
   QString application;        // --app, or empty
-  QString language;           // --language: "Italian", "English" or empty
+  QString language;           // --language, of the messages: "Italian", "English" or empty
+  QString published;          // --language, of what is published: its code, or empty
   int catalog = 0;            // --catalog
   QString plugin;             // --plugin
   QString target;             // --to
+  QString profile;            // --profile, or empty
   bool allowMissing = false;  // --allow-missing
   bool withoutCopy = false;   // --without-copy
   QString file;               // what follows "import", "backup" and "restore"

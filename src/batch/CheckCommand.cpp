@@ -4,13 +4,11 @@
 #include "base/AppPath.h"
 #include "base/Texts.h"
 #include "batch/Commands.h"
+#include "batch/Output.h"
 #include "catalogs/CatalogCheck.h"
 
 namespace vorlina {
 namespace {
-
-// How many findings of a kind are listed as text; the JSON has them all.
-constexpr std::ptrdiff_t MostLines = 20;
 
 // The findings are ordered by kind.
 QString TextOf(const std::vector<Finding>& findings) {
@@ -21,12 +19,10 @@ QString TextOf(const std::vector<Finding>& findings) {
     const QString kind = IsDamage(first->kind) ? Texts::tr("DANNO") : Texts::tr("Nota");
     lines += u"%1: %2 (%3)"_qs.arg(kind, TitleOf(first->kind)).arg(last - first);
     if (const QString advice = AdviceOn(first->kind); !advice.isEmpty()) lines += u"  "_qs + advice;
-    const auto shown = first + std::min(last - first, MostLines);
-    for (auto finding = first; finding != shown; ++finding)
-      lines +=
-          u"  "_qs + finding->subject + (finding->detail.isEmpty() ? QString() : u": "_qs + finding->detail);
-    if (shown != last) lines += Texts::tr("  e altri %1; --json li elenca tutti").arg(last - shown);
-    first = last;
+    QStringList found;
+    for (; first != last; ++first)
+      found += first->subject + (first->detail.isEmpty() ? QString() : u": "_qs + first->detail);
+    lines += FirstOf(found);
   }
   return lines.join(u'\n');
 }

@@ -9,6 +9,8 @@
 #include <unistd.h>
 #endif
 
+#include "base/Texts.h"
+
 namespace vorlina {
 namespace {
 
@@ -97,6 +99,14 @@ QString Table(const QStringList& headings, const std::vector<QStringList>& rows)
   QStringList lines{line(headings)};
   for (const QStringList& row : rows) lines += line(row);
   return lines.join(u'\n');
+}
+
+QStringList FirstOf(const QStringList& lines) {
+  constexpr qsizetype most = 20;
+  QStringList first;
+  for (const QString& line : lines.mid(0, most)) first += u"  "_qs + line;
+  if (lines.size() > most) first += Texts::tr("  e altri %1; --json li elenca tutti").arg(lines.size() - most);
+  return first;
 }
 
 ProgressLine::ProgressLine(bool enabled) : enabled_(enabled && IsTerminal()) {}

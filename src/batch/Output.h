@@ -20,6 +20,9 @@ void PrintError(const QString& text);
 // stand between columns, none at the end of a line.
 QString Table(const QStringList& headings, const std::vector<QStringList>& rows);
 
+// The lines of a kind, indented: the first twenty, and how many more there are, which the JSON has all.
+QStringList FirstOf(const QStringList& lines);
+
 // The width of a text on a terminal: two for wide letters and emoji, none for combining marks,
 // one for the blank that stands for a control character.
 int TerminalWidth(const QString& text);

@@ -4,6 +4,7 @@
 #include "batch/Commands.h"
 #include "batch/Output.h"
 #include "publish/PluginHost.h"
+#include "publish/PublishJob.h"
 
 namespace vorlina {
 namespace {
@@ -23,20 +24,23 @@ struct Listed {
   QString identifier;
   QString name;
   QString description;
-  bool publishesToFolder = false;
+  bool publishes = false;  // without windows
+  VorlinaTarget target;
   QString error;
 };
 
 // The picture is not asked for: nothing shows it.
 Listed Look(const QString& identifier) {
-  Listed listed{identifier, {}, {}, false, {}};
+  Listed listed{identifier, {}, {}, false, {}, {}};
   try {
     const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
     CallPlugin([&] {
       listed.name = plugin->GetPluginName();
       listed.description = plugin->GetPluginDescription();
-      listed.publishesToFolder = PluginFactoryOf(identifier).CreatePublisher(HostOfPlugins()) != nullptr;
     });
+    const std::unique_ptr<IVorlinaPublisher> publisher = CreatePublisher(identifier);
+    listed.publishes = publisher != nullptr;
+    if (publisher) listed.target = TargetOf(*publisher);
   } catch (const Error& error) {
     listed.error = error.Description();
   }
@@ -54,9 +58,11 @@ Outcome RunPlugins() {
                                {u"installed"_qs, listed.error.isEmpty()},
                                {u"name"_qs, listed.name},
                                {u"description"_qs, listed.description},
-                               {u"publishesToFolder"_qs, listed.publishesToFolder},
+                               {u"publishesToFolder"_qs, listed.publishes && !listed.target.isFile},
+                               {u"publishesToFile"_qs, listed.publishes && listed.target.isFile},
+                               {u"suffix"_qs, listed.target.suffix},
                                {u"error"_qs, listed.error}});
-    const QString usable = listed.publishesToFolder ? Texts::tr("sì") : u"no"_qs;
+    const QString usable = listed.publishes ? Texts::tr("sì") : u"no"_qs;
     lines.push_back({identifier, usable, (listed.error.isEmpty() ? listed.name : listed.error).simplified()});
   }
   Outcome outcome;

@@ -1,10 +1,16 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <algorithm>
 
 #include "base/Texts.h"
 #include "batch/Commands.h"
+#include "batch/Output.h"
 #include "publish/PluginHost.h"
+#include "publish/ProfileStore.h"
+#include "publish/PublishJob.h"
+#include "publish/PublishMemory.h"
+#include "publish/ReportText.h"
 
 namespace vorlina {
 namespace {
@@ -20,8 +26,7 @@ class PluginProgress : public IVorlinaProgress {
 };
 
 std::unique_ptr<IVorlinaPublisher> PublisherOf(const QString& identifier) {
-  std::unique_ptr<IVorlinaPublisher> publisher;
-  CallPlugin([&] { publisher = PluginFactoryOf(identifier).CreatePublisher(HostOfPlugins()); });
+  std::unique_ptr<IVorlinaPublisher> publisher = CreatePublisher(identifier);
   if (publisher == nullptr)
     throw Error(
         Texts::tr("Il plug-in %1 non pubblica senza finestre. Pubblicare il catalogo dal programma Vorlina.")
@@ -29,37 +34,95 @@ std::unique_ptr<IVorlinaPublisher> PublisherOf(const QString& identifier) {
   return publisher;
 }
 
+// Where there are several, one may show what another one hides.
+VorlinaProfile ChosenProfile(Connection& connection, const Arguments& arguments) {
+  if (!arguments.profile.isEmpty()) return ReadProfile(connection, arguments.catalog, arguments.profile);
+  const QList<VorlinaProfile> profiles = ReadProfiles(connection, arguments.catalog);
+  QStringList names;
+  for (const VorlinaProfile& profile : profiles) names += profile.name;
+  if (names.size() > 1)
+    throw Error(Texts::tr("Il catalogo %1 ha più profili; nominarne uno con --profile: %2")
+                    .arg(QString::number(arguments.catalog), names.join(u", ")));
+  return profiles.first();
+}
+
+VorlinaJob JobOf(IVorlinaPublisher& publisher, Connection& connection, const Arguments& arguments) {
+  VorlinaProfile profile = ChosenProfile(connection, arguments);
+  if (!arguments.published.isEmpty()) profile.language = arguments.published;
+  const PublishMemory memory =
+      RememberedPublication(connection, arguments.catalog, arguments.plugin, profile.identifier);
+  return MakeJob(publisher, arguments.catalog, profile, arguments.target, memory.options);
+}
+
+void RequireFileTarget(IVorlinaPublisher& publisher, const QString& target) {
+  if (TargetOf(publisher).isFile && QFileInfo(target).isDir())
+    throw Error(Texts::tr("%1 è una cartella, e il plug-in fa un file").arg(QDir::toNativeSeparators(target)));
+}
+
+QString KindOf(VorlinaNote::Kind kind) {
+  static const QStringList names{u"no-picture"_qs, u"no-description"_qs, u"double-order"_qs, u"picture"_qs,
+                                 u"other"_qs};
+  return names.value(int(kind));
+}
+
+QString LineOf(const QString& code, const QString& text) {
+  return code.isEmpty() ? text : code + u": "_qs + text;
+}
+
+QStringList LinesOf(const VorlinaReport& report) {
+  QStringList lines;
+  for (const ReportGroup& group : GroupsOf(report, {})) {
+    QStringList notes;
+    for (const ReportLine& line : group.lines) notes += LineOf(line.code, line.text);
+    lines += u"%1 (%2)"_qs.arg(group.title).arg(notes.size());
+    lines += FirstOf(notes);
+  }
+  return lines << NumbersOf(report) << ChangesOf(report);
+}
+
+QJsonObject JsonOf(const VorlinaJob& job, const QString& plugin, const VorlinaReport& report) {
+  QJsonArray notes;
+  QJsonArray warnings;
+  for (const VorlinaNote& note : report.notes) {
+    notes += QJsonObject{
+        {u"kind"_qs, KindOf(note.kind)}, {u"product"_qs, note.product}, {u"text"_qs, note.text}};
+    warnings += LineOf(note.product, note.text);
+  }
+  return {{u"catalog"_qs, job.IDCatalogo},
+          {u"plugin"_qs, plugin},
+          {u"profile"_qs, job.profile.name},
+          {u"language"_qs, job.profile.language},
+          {u"target"_qs, QDir::toNativeSeparators(job.target)},
+          {u"pages"_qs, report.pages},
+          {u"pictures"_qs, report.pictures},
+          {u"bytes"_qs, report.bytes},
+          {u"added"_qs, report.added},
+          {u"changed"_qs, report.changed},
+          {u"removed"_qs, report.removed},
+          {u"notes"_qs, notes},
+          {u"warnings"_qs, warnings}};
+}
+
 }  // namespace
 
 Outcome RunPublish(Connection& connection, const Arguments& arguments, const Progress& progress) {
   RequireCatalog(connection, arguments.catalog);
   const std::unique_ptr<IVorlinaPublisher> publisher = PublisherOf(arguments.plugin);
-  const QString folder = QFileInfo(arguments.target).absoluteFilePath();
+  const VorlinaJob job = JobOf(*publisher, connection, arguments);
+  RequireFileTarget(*publisher, job.target);
   PluginProgress pluginProgress(progress);
-  VorlinaJob job;
-  job.IDCatalogo = arguments.catalog;
-  job.target = folder;
-  job.profile.language = arguments.language == u"English" ? u"en"_qs : u"it"_qs;
-  VorlinaReport report;
-  CallPlugin(connection,
-             [&](IVorlinaConnection& adapter) { report = publisher->Publish(adapter, job, pluginProgress); });
-  QStringList warnings;
-  for (const VorlinaNote& note : report.notes) warnings += note.text;
+  const VorlinaReport report = RunJob(*publisher, connection, job, pluginProgress);
 
+  const QString target = QDir::toNativeSeparators(job.target);
   Outcome outcome;
   outcome.ok = report.complete;
-  outcome.json = {{u"catalog"_qs, arguments.catalog},
-                  {u"plugin"_qs, arguments.plugin},
-                  {u"target"_qs, QDir::toNativeSeparators(folder)},
-                  {u"warnings"_qs, QJsonArray::fromStringList(warnings)}};
+  outcome.json = JsonOf(job, arguments.plugin, report);
   if (report.complete)
-    outcome.text =
-        (warnings << Texts::tr("Il catalogo %1 è pubblicato in %2")
-                         .arg(QString::number(arguments.catalog), QDir::toNativeSeparators(folder)))
-            .join(u'\n');
+    outcome.text = (LinesOf(report) << Texts::tr("Il catalogo %1 è pubblicato in %2")
+                                           .arg(QString::number(arguments.catalog), target))
+                       .join(u'\n');
   else
-    outcome.error = Texts::tr("Pubblicazione interrotta. La cartella %1 è com'era.")
-                        .arg(QDir::toNativeSeparators(folder));
+    outcome.error = Texts::tr("Pubblicazione interrotta. %1 è com'era.").arg(target);
   return outcome;
 }
 

@@ -1,0 +1,36 @@
+// The report of a publication in words.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+#include "publish/plugin/VorlinaJob.h"
+
+namespace vorlina {
+
+struct ReportLine {
+  QString code;  // "" where it is of no product
+  QString name;  // the product's
+  QString text;
+};
+
+// Notes of one kind.
+struct ReportGroup {
+  QString title;
+  std::vector<ReportLine> lines;
+};
+
+// What was published, and what changed, in a line each.
+QString NumbersOf(const VorlinaReport& report);
+QString ChangesOf(const VorlinaReport& report);
+
+// The notes by their kinds, without the kinds that have none. The names are those of the products, by their
+// codes.
+std::vector<ReportGroup> GroupsOf(const VorlinaReport& report, const QHash<QString, QString>& names);
+
+// The whole of it, to be pasted elsewhere; columns are separated by tabulators.
+QString PlainReport(const VorlinaReport& report, const QString& target,
+                    const std::vector<ReportGroup>& groups);
+
+}  // namespace vorlina
