@@ -220,10 +220,6 @@
         <translation>Catalog %1 is published in %2</translation>
     </message>
     <message>
-        <source>Pubblicazione interrotta. La cartella %1 è com&apos;era.</source>
-        <translation>Publishing was stopped. The folder %1 is as it was.</translation>
-    </message>
-    <message>
         <source>Salvati in %1 e verificati: %2 file, %3</source>
         <translation>Saved in %1 and verified: %2 files, %3</translation>
     </message>
@@ -1839,71 +1835,6 @@ Replace those values with what is written here?</translation>
         <translation>The filter was deleted meanwhile by another window or program.</translation>
     </message>
     <message>
-        <source>Uso: vorlina-batch COMANDO [OPZIONI]
-
-Comandi:
-  catalogs                 elenca i cataloghi
-  plugins                  elenca i plug-in di pubblicazione
-  publish --catalog ID --plugin IDENT --to CARTELLA
-                           pubblica un catalogo in una cartella
-  import CARTELLA --catalog ID
-                           fa un prodotto di ogni immagine &quot;.jpg&quot; della cartella
-  clone --catalog ID       duplica un catalogo con le sue immagini
-  delete --catalog ID --yes
-                           elimina un catalogo con le sue immagini; --yes dice che è voluto. Come per import,
-                           prima si tiene in &quot;Backups&quot; una copia del database; con --without-copy no
-  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
-                           solo di note, come un file che nessuna riga usa
-  backup FILE [--allow-missing]
-                           salva database, immagini e layout in un archivio; con --allow-missing anche se
-                           mancano immagini
-  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c&apos;era
-                           prima resta in &quot;Before restore&quot; fino al prossimo ripristino. Di una copia in
-                           &quot;Backups&quot; sostituisce il solo database
-
-Opzioni:
-  --app CARTELLA           usa un&apos;altra cartella dell&apos;applicazione
-  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica
-  --json                   un oggetto JSON al posto del testo
-  --help                   mostra questo aiuto
-  --version                mostra la versione
-
-Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
-</source>
-        <translation>Usage: vorlina-batch COMMAND [OPTIONS]
-
-Commands:
-  catalogs                 lists the catalogs
-  plugins                  lists the publishing plug-ins
-  publish --catalog ID --plugin IDENT --to DIR
-                           publishes a catalog into a folder
-  import FOLDER --catalog ID
-                           makes a product of each picture &quot;.jpg&quot; in the folder
-  clone --catalog ID       clones a catalog with its pictures
-  delete --catalog ID --yes
-                           deletes a catalog with its pictures; --yes says that this is meant. As before
-                           import, a copy of the database is kept in &quot;Backups&quot; first, but for
-                           --without-copy
-  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
-                           notes, such as a file that no row uses
-  backup FILE [--allow-missing]
-                           saves database, pictures and layouts in one archive; with --allow-missing also when
-                           pictures are missing
-  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
-                           before stays in &quot;Before restore&quot; until the next restore. Of a copy in
-                           &quot;Backups&quot; the database alone is replaced
-
-Options:
-  --app DIR                works on another application folder
-  --language LANGUAGE      Italian or English, for the messages and for what is published
-  --json                   one JSON object instead of text
-  --help                   shows this help
-  --version                shows the version
-
-Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
-</translation>
-    </message>
-    <message>
         <source>Non è stato possibile tenere prima una copia automatica del database, e nulla è stato modificato. Aggiungere --without-copy per continuare senza. (%1)</source>
         <translation>An automatic copy of the database could not be kept beforehand, and nothing was changed. Add --without-copy to go on without one. (%1)</translation>
     </message>
@@ -2384,6 +2315,207 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Non ci sono ancora copie automatiche.</source>
         <translation>There are no automatic copies yet.</translation>
+    </message>
+    <message>
+        <source>La lingua è Italian o English, o per ciò che si pubblica una di %1</source>
+        <translation>The language is Italian or English, or for what is published one of %1</translation>
+    </message>
+    <message>
+        <source>Uso: vorlina-batch COMANDO [OPZIONI]
+
+Comandi:
+  catalogs                 elenca i cataloghi
+  plugins                  elenca i plug-in di pubblicazione
+  publish --catalog ID --plugin IDENT --to DOVE [--profile NOME]
+                           pubblica un catalogo in una cartella, o nel file che il plug-in fa, come dice un suo
+                           profilo; va nominato dove ne ha più d&apos;uno
+  import CARTELLA --catalog ID
+                           fa un prodotto di ogni immagine &quot;.jpg&quot; della cartella
+  clone --catalog ID       duplica un catalogo con le sue immagini
+  delete --catalog ID --yes
+                           elimina un catalogo con le sue immagini; --yes dice che è voluto. Come per import,
+                           prima si tiene in &quot;Backups&quot; una copia del database; con --without-copy no
+  check                    controlla il database e le immagini; 1 se è stato trovato un danno, 0 se si tratta
+                           solo di note, come un file che nessuna riga usa
+  backup FILE [--allow-missing]
+                           salva database, immagini e layout in un archivio; con --allow-missing anche se
+                           mancano immagini
+  restore FILE --yes       li sostituisce con quelli di un archivio; --yes dice che è voluto. Quel che c&apos;era
+                           prima resta in &quot;Before restore&quot; fino al prossimo ripristino. Di una copia in
+                           &quot;Backups&quot; sostituisce il solo database
+
+Opzioni:
+  --app CARTELLA           usa un&apos;altra cartella dell&apos;applicazione
+  --language LINGUA        Italian o English, per i messaggi e per ciò che si pubblica; it, en, de, fr o es
+                           solo per ciò che si pubblica
+  --json                   un oggetto JSON al posto del testo
+  --help                   mostra questo aiuto
+  --version                mostra la versione
+
+Codici di uscita: 0 riuscito, 1 non riuscito, 2 riga di comando errata.
+</source>
+        <translation>Usage: vorlina-batch COMMAND [OPTIONS]
+
+Commands:
+  catalogs                 lists the catalogs
+  plugins                  lists the publishing plug-ins
+  publish --catalog ID --plugin IDENT --to WHERE [--profile NAME]
+                           publishes a catalog into a folder, or the file that the plug-in makes, as one of its
+                           profiles says; it has to be named where there are several
+  import FOLDER --catalog ID
+                           makes a product of each picture &quot;.jpg&quot; in the folder
+  clone --catalog ID       clones a catalog with its pictures
+  delete --catalog ID --yes
+                           deletes a catalog with its pictures; --yes says that this is meant. As before
+                           import, a copy of the database is kept in &quot;Backups&quot; first, but for
+                           --without-copy
+  check                    checks the database and the pictures; 1 when damage was found, 0 when there are only
+                           notes, such as a file that no row uses
+  backup FILE [--allow-missing]
+                           saves database, pictures and layouts in one archive; with --allow-missing also when
+                           pictures are missing
+  restore FILE --yes       replaces them by those of an archive; --yes says that this is meant. What was there
+                           before stays in &quot;Before restore&quot; until the next restore. Of a copy in
+                           &quot;Backups&quot; the database alone is replaced
+
+Options:
+  --app DIR                works on another application folder
+  --language LANGUAGE      Italian or English, for the messages and for what is published; it, en, de, fr or es
+                           for what is published alone
+  --json                   one JSON object instead of text
+  --help                   shows this help
+  --version                shows the version
+
+Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
+</translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 ha più profili; nominarne uno con --profile: %2</source>
+        <translation>Catalog %1 has several profiles; name one with --profile: %2</translation>
+    </message>
+    <message>
+        <source>%1 è una cartella, e il plug-in fa un file</source>
+        <translation>%1 is a folder, and the plug-in makes a file</translation>
+    </message>
+    <message>
+        <source>Pubblicazione interrotta. %1 è com&apos;era.</source>
+        <translation>Publishing was stopped. %1 is as it was.</translation>
+    </message>
+    <message>
+        <source>La lingua è una di queste: %1</source>
+        <translation>The language is one of these: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non è un indirizzo web: comincia con http:// o https://</source>
+        <translation>&quot;%1&quot; is no web address: it begins with http:// or https://</translation>
+    </message>
+    <message>
+        <source>Il profilo non ha nome</source>
+        <translation>The profile has no name</translation>
+    </message>
+    <message>
+        <source>Il nome del profilo ha più di %1 caratteri</source>
+        <translation>The name of the profile has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>Gli orari hanno più di %1 caratteri</source>
+        <translation>The opening hours have more than %1 characters</translation>
+    </message>
+    <message>
+        <source>Più di %1 cataloghi in altre lingue</source>
+        <translation>More than %1 catalogs in other languages</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; non è un colore della forma #rrggbb</source>
+        <translation>&quot;%1&quot; is no colour of the form #rrggbb</translation>
+    </message>
+    <message>
+        <source>Il carattere è sans, serif o mono</source>
+        <translation>The font is sans, serif or mono</translation>
+    </message>
+    <message>
+        <source>Il prezzo è uno dei tre valori, o nessuno</source>
+        <translation>The price is one of the three values, or none</translation>
+    </message>
+    <message>
+        <source>Le misure delle immagini sono al più %1, ognuna da %2 a %3 pixel</source>
+        <translation>There are at most %1 picture sizes, each from %2 to %3 pixels</translation>
+    </message>
+    <message>
+        <source>I profili di pubblicazione del catalogo sono danneggiati e non si possono leggere</source>
+        <translation>The catalog&apos;s publishing profiles are damaged and cannot be read</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>C&apos;è già un profilo di nome &quot;%1&quot;</source>
+        <translation>There is a profile named &quot;%1&quot; already</translation>
+    </message>
+    <message>
+        <source>Il catalogo %1 non ha un profilo &quot;%2&quot;. Ci sono: %3</source>
+        <translation>Catalog %1 has no profile &quot;%2&quot;. There are: %3</translation>
+    </message>
+    <message>
+        <source>Profilo di pubblicazione %1</source>
+        <translation>Publishing profile %1</translation>
+    </message>
+    <message>
+        <source>Ci sono già %1 profili</source>
+        <translation>There are %1 profiles already</translation>
+    </message>
+    <message>
+        <source>Eliminazione di un profilo</source>
+        <translation>Deletion of a profile</translation>
+    </message>
+    <message>
+        <source>È l&apos;unico profilo del catalogo e non si può eliminare</source>
+        <translation>It is the only profile of the catalog and cannot be deleted</translation>
+    </message>
+    <message>
+        <source>Prodotti in evidenza</source>
+        <translation>Highlighted products</translation>
+    </message>
+    <message>
+        <source>Nuovi profili di pubblicazione</source>
+        <translation>New publishing profiles</translation>
+    </message>
+    <message>
+        <source>Altre note: %1</source>
+        <translation>More notes: %1</translation>
+    </message>
+    <message>
+        <source>Senza immagine</source>
+        <translation>Without a picture</translation>
+    </message>
+    <message>
+        <source>Senza descrizione</source>
+        <translation>Without a description</translation>
+    </message>
+    <message>
+        <source>Con un numero d&apos;ordine doppio</source>
+        <translation>With a double order number</translation>
+    </message>
+    <message>
+        <source>Con un&apos;immagine che non si può pubblicare</source>
+        <translation>With a picture that cannot be published</translation>
+    </message>
+    <message>
+        <source>Altro</source>
+        <translation>Other</translation>
+    </message>
+    <message>
+        <source>Pagine: %1. Immagini: %2. In tutto: %3.</source>
+        <translation>Pages: %1. Pictures: %2. In all: %3.</translation>
+    </message>
+    <message>
+        <source>Non è cambiato nulla rispetto a ciò che c&apos;era.</source>
+        <translation>Nothing has changed against what was there.</translation>
+    </message>
+    <message>
+        <source>File nuovi: %1, cambiati: %2, tolti: %3.</source>
+        <translation>New files: %1, changed: %2, removed: %3.</translation>
     </message>
 </context>
 <context>

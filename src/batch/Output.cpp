@@ -105,7 +105,8 @@ QStringList FirstOf(const QStringList& lines) {
   constexpr qsizetype most = 20;
   QStringList first;
   for (const QString& line : lines.mid(0, most)) first += u"  "_qs + line;
-  if (lines.size() > most) first += Texts::tr("  e altri %1; --json li elenca tutti").arg(lines.size() - most);
+  if (lines.size() > most)
+    first += Texts::tr("  e altri %1; --json li elenca tutti").arg(lines.size() - most);
   return first;
 }
 

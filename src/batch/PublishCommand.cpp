@@ -56,7 +56,8 @@ VorlinaJob JobOf(IVorlinaPublisher& publisher, Connection& connection, const Arg
 
 void RequireFileTarget(IVorlinaPublisher& publisher, const QString& target) {
   if (TargetOf(publisher).isFile && QFileInfo(target).isDir())
-    throw Error(Texts::tr("%1 è una cartella, e il plug-in fa un file").arg(QDir::toNativeSeparators(target)));
+    throw Error(
+        Texts::tr("%1 è una cartella, e il plug-in fa un file").arg(QDir::toNativeSeparators(target)));
 }
 
 QString KindOf(VorlinaNote::Kind kind) {
@@ -84,8 +85,8 @@ QJsonObject JsonOf(const VorlinaJob& job, const QString& plugin, const VorlinaRe
   QJsonArray notes;
   QJsonArray warnings;
   for (const VorlinaNote& note : report.notes) {
-    notes += QJsonObject{
-        {u"kind"_qs, KindOf(note.kind)}, {u"product"_qs, note.product}, {u"text"_qs, note.text}};
+    notes +=
+        QJsonObject{{u"kind"_qs, KindOf(note.kind)}, {u"product"_qs, note.product}, {u"text"_qs, note.text}};
     warnings += LineOf(note.product, note.text);
   }
   return {{u"catalog"_qs, job.IDCatalogo},

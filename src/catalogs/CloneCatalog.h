@@ -18,8 +18,8 @@ class PictureChange;
 // How many pictures a catalog's rows name, the additional ones included.
 int CountPictures(int IDCatalogo, Connection& connection);
 
-// A clone shares nothing with its source but the files of the logo and of its profiles' pictures, which rows of
-// both name.
+// A clone shares nothing with its source but the files of the logo and of its profiles' pictures, which rows
+// of both name.
 class CatalogClone {
  public:
   CatalogClone(int OldID, Connection& connection) : OldID_(OldID), connection_(connection) {}

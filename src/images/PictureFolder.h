@@ -35,8 +35,8 @@ QString CatalogPrefix(int IDCatalogo);
 QString MainImagePath(int IDCatalogo, const QString& CodiceProdotto);
 // The file of an additional image: "Images", its number.
 QString AdditionalImagePath(qint64 IDImmagine);
-// The file of a picture that a catalog's profile has, by a mark of its own: no product's picture, thumbnail or
-// number leads to such a name.
+// The file of a picture that a catalog's profile has, by a mark of its own: no product's picture, thumbnail
+// or number leads to such a name.
 QString ProfilePicturePath(int IDCatalogo, const QString& mark);
 // The file of a catalog's logo.
 QString LogoPath(int IDCatalogo);

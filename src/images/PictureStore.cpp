@@ -82,7 +82,7 @@ QString ProfilePictures() {
   return u"(SELECT C.IDCatalogo IDCatalogo,?1||J.value Immagine FROM Extensions E JOIN CExtension C "
          "USING (IDExtension),json_tree(CASE WHEN json_valid(C.Valore) THEN C.Valore ELSE '{}' END) J "
          "WHERE E.ExtensionName='%1' AND J.key IN ('%2','%3') AND J.type='text' AND J.value<>'')"_qs.arg(
-      ProfilesExtension, ProfileLogoMember, ProfileWideMember);
+             ProfilesExtension, ProfileLogoMember, ProfileWideMember);
 }
 
 QString PicturesBeside(const Connection& connection) {
@@ -97,7 +97,8 @@ void ForEachNamedPicture(Connection& connection, const std::function<void(const 
       u"SELECT 0,IDCatalogo,IDCatalogo,'',Logo FROM Cataloghi WHERE Logo<>'' "
       "UNION ALL SELECT 1,IDProdotto,IDCatalogo,CodiceProdotto,Immagine FROM Prodotti WHERE Immagine<>'' "
       "UNION ALL SELECT 2,IDImmagine,IDCatalogo,CodiceProdotto,Immagine FROM Immagini "
-      "WHERE Immagine<>'' UNION ALL SELECT 3,IDCatalogo,IDCatalogo,'',Immagine FROM "_qs + ProfilePictures(),
+      "WHERE Immagine<>'' UNION ALL SELECT 3,IDCatalogo,IDCatalogo,'',Immagine FROM "_qs +
+          ProfilePictures(),
       {PicturesBeside(connection)});
   while (rows.Next())
     tell({PictureUse(rows.Value(0).toInt()), rows.Value(1).toLongLong(), rows.Value(2).toInt(),

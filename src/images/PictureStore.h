@@ -19,8 +19,8 @@ class Transaction;
 
 enum class PictureUse { Logo, Main, Additional, Profile };
 
-// The named value of a catalog that holds how it is published, as JSON. Wherever in it a member has one of the
-// two names, its text is the name of a file in "Images".
+// The named value of a catalog that holds how it is published, as JSON. Wherever in it a member has one of
+// the two names, its text is the name of a file in "Images".
 inline const QString ProfilesExtension = QStringLiteral("Vorlina.Profili");
 inline const QString ProfileLogoMember = QStringLiteral("logo");
 inline const QString ProfileWideMember = QStringLiteral("widePicture");

@@ -191,8 +191,7 @@ void RetirePictures(PictureChange& change, const QSet<QString>& former, const Ke
 
 void RequireOwnName(const QList<VorlinaProfile>& profiles, const VorlinaProfile& profile) {
   for (const VorlinaProfile& other : profiles)
-    if (other.identifier != profile.identifier &&
-        other.name.compare(profile.name, Qt::CaseInsensitive) == 0)
+    if (other.identifier != profile.identifier && other.name.compare(profile.name, Qt::CaseInsensitive) == 0)
       throw ProfileRefusal(u"name"_qs, Texts::tr("C'è già un profilo di nome \"%1\"").arg(other.name));
 }
 
@@ -296,8 +295,7 @@ void DeleteProfile(Connection& connection, int IDCatalogo, const QString& identi
   KeptProfiles kept(connection, IDCatalogo);
   const qsizetype place = kept.IndexOf(identifier);
   if (place < 0) return;
-  if (kept.All().size() == 1)
-    throw Error(Texts::tr("È l'unico profilo del catalogo e non si può eliminare"));
+  if (kept.All().size() == 1) throw Error(Texts::tr("È l'unico profilo del catalogo e non si può eliminare"));
   const QSet<QString> former = kept.Pictures();
   kept.Remove(place);
   kept.Store();

@@ -1,6 +1,7 @@
-// The profiles of a catalog: how its owner wants it published. They are kept with the catalog, among the named
-// values of the database, and follow it into a clone, a backup and another folder; the products that a profile
-// brings to the fore are marked by values of their own, which follow a changed code and go with the product.
+// The profiles of a catalog: how its owner wants it published. They are kept with the catalog, among the
+// named values of the database, and follow it into a clone, a backup and another folder; the products that a
+// profile brings to the fore are marked by values of their own, which follow a changed code and go with the
+// product.
 #pragma once
 
 #include <QString>

@@ -43,15 +43,13 @@ void RememberPublication(Connection& connection, int IDCatalogo, const QString& 
   QJsonObject kept = Kept(connection, IDCatalogo);
   QJsonObject ofPlugin = kept[plugin].toObject();
   QJsonObject profiles = ofPlugin[ProfilesMember].toObject();
-  profiles[publication.profile] =
-      QJsonObject{{u"target"_qs, publication.target},
-                  {u"options"_qs, QJsonObject::fromVariantMap(publication.options)}};
+  profiles[publication.profile] = QJsonObject{
+      {u"target"_qs, publication.target}, {u"options"_qs, QJsonObject::fromVariantMap(publication.options)}};
   ofPlugin[LastMember] = publication.profile;
   ofPlugin[ProfilesMember] = profiles;
   kept[plugin] = ofPlugin;
-  KeepCatalogExtension(MemoryExtension,
-                       QString::fromUtf8(QJsonDocument(kept).toJson(QJsonDocument::Compact)), IDCatalogo,
-                       connection);
+  KeepCatalogExtension(MemoryExtension, QString::fromUtf8(QJsonDocument(kept).toJson(QJsonDocument::Compact)),
+                       IDCatalogo, connection);
   transaction.Commit();
 }
 

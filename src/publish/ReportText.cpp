@@ -41,7 +41,8 @@ std::vector<ReportGroup> GroupsOf(const VorlinaReport& report, const QHash<QStri
   for (const auto& [kind, title] : Kinds) {
     ReportGroup group{Texts::tr(title), {}};
     for (const VorlinaNote& note : report.notes)
-      if (note.kind == kind) group.lines.push_back({note.product, names.value(note.product), OneLine(note.text)});
+      if (note.kind == kind)
+        group.lines.push_back({note.product, names.value(note.product), OneLine(note.text)});
     if (!group.lines.empty()) groups.push_back(std::move(group));
   }
   return groups;

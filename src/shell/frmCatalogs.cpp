@@ -158,10 +158,12 @@ void frmCatalogs::LoadForm() {
 
 void frmCatalogs::FillPlugins() {
   const PluginChoice choice = ChosenPlugins();
-  const PluginListing listing = ListPlugins(choice, [](const QString& identifier) { return CreatePlugin(identifier); }, [this](const QString& identifier) {
-    const QString text = Texts::tr("Errore nella istanza della dll: ");
-    TheDialogs().Message(this, text + identifier);
-  });
+  const PluginListing listing = ListPlugins(
+      choice, [](const QString& identifier) { return CreatePlugin(identifier); },
+      [this](const QString& identifier) {
+        const QString text = Texts::tr("Errore nella istanza della dll: ");
+        TheDialogs().Message(this, text + identifier);
+      });
   plugins_ = listing.entries;
   pane_->Fill(plugins_);
   for (const SkinEntry& skin : listing.skins) {

@@ -6,6 +6,8 @@
 #include <csignal>
 
 #include "batch/BatchFixture.h"
+#include "publish/ProfileStore.h"
+#include "publish/PublishMemory.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -34,14 +36,17 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   Fill("Catalogo", 3);
   connection_.Execute(u"UPDATE Prodotti SET Pubblica=0 WHERE CodiceProdotto='È 1'"_qs);
   connection_.Execute(u"UPDATE Cataloghi SET NomeCatalogo=?"_qs, {u"Luci\n\x1b[31m\"è\""_qs});
-  EXPECT_EQ(Answer(u"catalogs"_qs),
-            uR"({"catalogs":[{"description":"","id":109,"name":"Luci\n\u001b[31m\"è\"","products":3,)"
-            uR"("published":2}],"command":"catalogs","folder":"APP","ok":true})");
+  EXPECT_EQ(
+      Answer(u"catalogs"_qs),
+      uR"({"catalogs":[{"description":"","id":109,"name":"Luci\n\u001b[31m\"è\"","products":3,)"
+      uR"("profiles":[{"identifier":"standard","language":"en","name":"Standard"}],"published":2}],"command":"catalogs","folder":"APP","ok":true})");
   QStringList found;
   for (const QJsonValue plugin : Run(u"plugins --json"_qs).Json()[u"plugins"].toArray())
     if (plugin[u"installed"].toBool())
-      found += plugin[u"identifier"].toString() + (plugin[u"publishesToFolder"].toBool() ? u'+' : u'-');
-  EXPECT_EQ(found.join(u' '), u"Test.Endless+ Test.Failing+ Test.Painting+ Test.Windows- VLHTML.HTML+");
+      found += plugin[u"identifier"].toString() + (plugin[u"publishesToFolder"].toBool() ? u'+' : u'-') +
+               plugin[u"suffix"].toString();
+  EXPECT_EQ(found.join(u' '),
+            u"Test.Endless+ Test.Failing+ Test.Painting+ Test.Reporting-txt Test.Windows- VLHTML.HTML+");
   const Ran publish = Run(u"publish --catalog=109 --plugin=VLHTML.HTML --to=site --json"_qs);
   EXPECT_EQ(publish.exitCode, 0) << publish.out;
   EXPECT_TRUE(QFileInfo::exists(Outside(u"site/index.html"_qs)));
@@ -60,6 +65,48 @@ TEST_F(CommandsTest, EachCommandHasItsJsonAndItsText) {
   connection_.Close();
   for (const QString& line : {u"backup b.zip --json"_qs, u"restore b.zip --yes --json"_qs})
     EXPECT_EQ(Run(line).Json()[u"files"].toInt(), 11) << line;
+}
+
+TEST_F(CommandsTest, PublishingFollowsTheProfileAndTellsTheWholeReport) {
+  Fill("x", 1);
+  const QString line = u"publish --catalog 109 --plugin Test.Reporting --to out.txt"_qs;
+  EXPECT_EQ(Run(line + u" --language de").exitCode, 0);
+  EXPECT_EQ(ContentOf(Outside(u"out.txt"_qs)), "Standard de true");
+  VorlinaProfile dealers = ReadProfiles(connection_, 109).first();
+  dealers.identifier.clear();
+  dealers.name = u"Händler"_qs;
+  dealers.language = u"fr"_qs;
+  dealers.identifier = StoreProfile(connection_, 109, dealers);
+  RememberPublication(connection_, 109, u"Test.Reporting"_qs,
+                      {dealers.identifier, {}, {{u"cover"_qs, false}}});
+  for (const auto& [more, tells] :
+       {std::pair{u""_qs, u"--profile: Händler, Standard"_qs},
+        {u" --profile x"_qs, u"no profile \"x\". There are: Händler, Standard"_qs}})
+    EXPECT_TRUE(Run(line + more).err.contains(tells)) << Run(line + more).err;
+  const Ran run = Run(line + u" --profile händler --json");
+  EXPECT_EQ(ContentOf(Outside(u"out.txt"_qs)), "Händler fr false");
+  QJsonObject told = run.Json();
+  EXPECT_EQ(told.take(u"notes"_qs).toArray().first().toObject(),
+            (QJsonObject{
+                {u"kind"_qs, u"no-picture"_qs}, {u"product"_qs, u"0"_qs}, {u"text"_qs, u"no picture"_qs}}));
+  EXPECT_EQ(told.take(u"warnings"_qs).toArray().last(), u"as for the rest"_qs);
+  EXPECT_EQ(told, (QJsonObject{{u"catalog"_qs, 109},
+                               {u"plugin"_qs, u"Test.Reporting"_qs},
+                               {u"profile"_qs, u"Händler"_qs},
+                               {u"language"_qs, u"fr"_qs},
+                               {u"target"_qs, Outside(u"out.txt"_qs)},
+                               {u"pages"_qs, 2},
+                               {u"pictures"_qs, 3},
+                               {u"bytes"_qs, 40},
+                               {u"added"_qs, 5},
+                               {u"changed"_qs, 6},
+                               {u"removed"_qs, 7},
+                               {u"command"_qs, u"publish"_qs},
+                               {u"ok"_qs, true}}));
+  const QString text = Run(line + u" --profile standard").out;
+  EXPECT_TRUE(text.contains(u"(25)\n  0: no picture\n") && text.contains(u"  and 5 more")) << text;
+  EXPECT_TRUE(Run(u"publish --catalog 109 --plugin Test.Reporting --profile Standard --to photos"_qs)
+                  .err.contains(u"is a folder"));
 }
 
 TEST_F(CommandsTest, ADeletionKeepsACopyToGoBackToUnlessItIsWaived) {
@@ -125,6 +172,7 @@ TEST_F(CommandsTest, WhatCannotBeDoneIsToldWithItsExitCode) {
   const Cases wrongUse{{u"backup"_qs, u"takes one file name"_qs},
                        {u"publish --catalog 1 --plugin A"_qs, u"needs the option --to"_qs},
                        {u"delete --catalog 1"_qs, u"needs the option --yes"_qs},
+                       {u"catalogs --language de"_qs, u"Italian or English"_qs},
                        {u"catalogs more"_qs, u"Too much: more"_qs}};
   const auto before = FilesIn(folder_.path());
   for (const auto& [exitCode, lines] : {std::pair{1, cases}, {2, wrongUse}})

@@ -32,6 +32,28 @@ class TestPlugin : public IVorlinaPlugin, public IVorlinaPublisher {
     return {};
   }
 
+#ifdef TEST_PLUGIN_REPORTS
+  VorlinaTarget Target() override {
+    return {true, QStringLiteral("txt"), {}};
+  }
+  QList<VorlinaOption> Options() override {
+    return {{ QStringLiteral("cover"), {}, {}, true }};
+  }
+
+  // A file that says what it was made of.
+  VorlinaReport Publish(IVorlinaConnection&, const VorlinaJob& job, IVorlinaProgress&) override {
+    QFile file(job.target);
+    file.open(QIODevice::WriteOnly);
+    file.write((job.profile.name + u' ' + job.profile.language + u' ' +
+                job.options.value(QStringLiteral("cover")).toString())
+                   .toUtf8());
+    VorlinaReport report{true, 2, 3, 40, 5, 6, 7, {}, { job.target }};
+    for (int i = 0; i < 25; ++i)
+      report.notes += {VorlinaNote::Kind::NoPicture, QString::number(i), QStringLiteral("no picture")};
+    report.notes += {VorlinaNote::Kind::Other, {}, QStringLiteral("as for the rest")};
+    return report;
+  }
+#else
   // Goes on until it is asked to stop, and says beside the folder that it has begun.
   VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
                         IVorlinaProgress& progress) override {
@@ -45,6 +67,7 @@ class TestPlugin : public IVorlinaPlugin, public IVorlinaPublisher {
     while (progress.Report(1, 1000, QStringLiteral("page"))) QThread::msleep(1);
     return {};
   }
+#endif
 
 #ifdef TEST_PLUGIN_PAINTS
  private:
