@@ -1,8 +1,10 @@
 #include "Fields.h"
 
-#include <QCryptographicHash>
+#include <QJsonDocument>
 #include <algorithm>
-#include <string_view>
+#include <array>
+
+#include "Fingerprint.h"
 
 namespace publishing {
 namespace {
@@ -18,111 +20,149 @@ std::size_t ControlAt(std::string_view text) {
   return first == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE ? 3 : 0;
 }
 
-// Whether some byte can be the first of a control character, as it is in few texts.
-bool MayHaveControls(const std::string& text) {
-  return std::any_of(text.begin(), text.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xEF;
-  });
+// Bytes that need a second look, since they are markup or begin a control character.
+constexpr std::array<bool, 256> Special = [] {
+  std::array<bool, 256> special{};
+  for (std::size_t byte = 0; byte < special.size(); ++byte) special[byte] = byte < 0x20;
+  for (const unsigned char byte : {'\n', '\r', '\t'}) special[byte] = false;
+  for (const int byte : {0x26, 0x3C, 0x3E, 0x22, 0x27, 0x7F, 0xC2, 0xEF}) special[std::size_t(byte)] = true;
+  return special;
+}();
+
+std::string_view Escaped(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&apos;";
+    default:
+      return {};
+  }
 }
 
-std::string WithoutControls(const std::string& text) {
-  std::string clean;
-  clean.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t control = ControlAt(std::string_view(text).substr(i));
-    if (control == 0) clean += text[i];
-    i += std::max<std::size_t>(control, 1);
+void AddClean(std::string& all, std::string_view text, bool escapes) {
+  while (!text.empty()) {
+    const auto found =
+        std::find_if(text.begin(), text.end(), [](char c) { return Special[static_cast<unsigned char>(c)]; });
+    all.append(text.begin(), found);
+    text.remove_prefix(std::size_t(found - text.begin()));
+    if (text.empty()) return;
+    const std::string_view escaped = escapes ? Escaped(text[0]) : std::string_view();
+    const std::size_t control = ControlAt(text);
+    if (!escaped.empty())
+      all += escaped;
+    else if (control == 0)
+      all += text[0];
+    text.remove_prefix(std::max<std::size_t>(control, 1));
   }
-  return clean;
 }
 
 }  // namespace
 
-void Fields::TextIf(const char* name, const std::string& text) {
-  if (text.empty())
-    Flag(name, false);
-  else
-    Text(name, text);
+Fields::Fields(const FieldNames& names, std::size_t kind) : names_(&names), kind_(kind) { Clear(); }
+
+void Fields::Clear() {
+  tree_.nodes.assign(1, {});
+  tree_.nodes[0].first = FieldTree::None;
+  tree_.texts.clear();
+  tree_.included.clear();
+  tree_.hash = 0;
+  group_ = 0;
+  last_ = FieldTree::None;
 }
 
-void Fields::GroupIf(bool condition, const char* name, const Tell& tell) {
-  if (condition)
-    Group(name, tell);
-  else
-    Flag(name, false);
+void Fields::Mix(std::uint64_t number) {
+  tree_.hash = (tree_.hash ^ number) * 0x9e3779b97f4a7c15;
+  tree_.hash ^= tree_.hash >> 29;
 }
 
-// Lengths stand before what has one, so that two contents are never told by the same bytes.
-void FieldHash::Add(const char* bytes, std::size_t size) {
-  told_ += std::to_string(size);
-  told_ += ':';
-  told_.append(bytes, size);
+std::uint64_t Fields::HashWith(std::string_view bytes) const {
+  return (tree_.hash * 31 + Fingerprint(bytes)) * 0x9e3779b97f4a7c15;
 }
 
-bool FieldHash::Begin(const char* name, char kind) {
-  if (names_ != nullptr && names_->find(std::string_view(name)) == names_->end()) return false;
-  told_ += kind;
-  told_ += name;
-  told_ += '=';
-  return true;
-}
-
-void FieldHash::Text(const char* name, const std::string& text) {
-  if (Begin(name, 't')) Add(text.data(), text.size());
-}
-
-void FieldHash::Flag(const char* name, bool value) {
-  if (Begin(name, 'b')) told_ += value ? '1' : '0';
-}
-
-void FieldHash::Group(const char* name, const Tell& tell) {
-  if (!Begin(name, 'g')) return;
-  tell(*this);
-  told_ += '}';
-}
-
-void FieldHash::List(const char* name, std::size_t count, const TellItem& tell) {
-  if (!Begin(name, 'l')) return;
-  for (std::size_t i = 0; i < count; ++i) {
-    told_ += ',';
-    tell(*this, i);
+// The items of a list keep their order; of a group the latest is found first.
+FieldTree::Node& Fields::Append(int number, FieldTree::Kind kind) {
+  const auto added = std::uint32_t(tree_.nodes.size());
+  FieldTree::Node& node = tree_.nodes.emplace_back();
+  node.name = std::int16_t(number);
+  node.kind = kind;
+  FieldTree::Node& group = tree_.nodes[group_];
+  if (group.kind == FieldTree::Kind::List && last_ != FieldTree::None) {
+    tree_.nodes[last_].next = added;
+  } else {
+    node.next = group.first;
+    group.first = added;
   }
-  told_ += '}';
+  last_ = added;
+  return node;
 }
 
-void FieldHash::Derived(const QByteArray& from, const Tell&) {
-  told_ += 'd';
-  Add(from.constData(), std::size_t(from.size()));
+Fields::Place Fields::Open(FieldName name, FieldTree::Kind kind) {
+  const int number = names_->NumberOf(name, kind_);
+  if (!IsWanted(number)) return {};
+  Mix(name.Hash());
+  return Open(number, kind);
 }
 
-QByteArray FieldHash::Result() const {
-  return QCryptographicHash::hash(QByteArrayView(told_.data(), qsizetype(told_.size())),
-                                  QCryptographicHash::Sha1)
-      .left(16);
+Fields::Place Fields::Open(int number, FieldTree::Kind kind) {
+  Mix(std::uint64_t(kind));
+  Append(number, kind).first = FieldTree::None;
+  const Place place{true, group_, last_};
+  group_ = last_;
+  last_ = FieldTree::None;
+  return place;
 }
 
-void FieldData::Text(const char* name, const std::string& text) {
-  data_[name] = MayHaveControls(text) ? Data{WithoutControls(text)} : Data{text};
+void Fields::Close(const Place& place) {
+  Mix('}');
+  group_ = place.group;
+  last_ = place.last;
 }
 
-void FieldData::Group(const char* name, const Tell& tell) {
-  FieldData group;
-  tell(group);
-  data_[name] = group.Take();
+void Fields::AppendText(int number, std::string_view text, bool escapes) {
+  FieldTree::Node& node = Append(number, FieldTree::Kind::Text);
+  node.first = std::uint32_t(tree_.texts.size());
+  AddClean(tree_.texts, text, escapes);
+  node.size = std::uint32_t(tree_.texts.size()) - node.first;
 }
 
-void FieldData::List(const char* name, std::size_t count, const TellItem& tell) {
-  Data list{Data::type::list};
-  // A list takes copies alone, and copies of all that it has when it grows.
-  auto& items = const_cast<kainjow::mustache::list&>(list.list_value());
-  items.reserve(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    FieldData item;
-    tell(item, i);
-    items.push_back(item.Take());
-  }
-  data_[name] = std::move(list);
+void Fields::Text(FieldName name, std::string_view text) {
+  const int number = names_->NumberOf(name, kind_);
+  if (!IsWanted(number)) return;
+  Mix(name.Hash());
+  Mix(Fingerprint(text));
+  AppendText(number, text, true);
+}
+
+void Fields::Flag(FieldName name, bool value) {
+  const int number = names_->NumberOf(name, kind_);
+  if (!IsWanted(number)) return;
+  Mix(name.Hash() + (value ? 2 : 1));
+  Append(number, FieldTree::Kind::Flag).first = value ? 1 : 0;
+}
+
+void Fields::Json(FieldName name, const QJsonObject& object) {
+  const int number = names_->NumberOf(name, kind_);
+  if (!IsWanted(number)) return;
+  QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+  text.replace('<', "\\u003c").replace('>', "\\u003e").replace('&', "\\u0026");
+  const std::string_view bytes(text.constData(), std::size_t(text.size()));
+  Mix(name.Hash() + 3);
+  Mix(Fingerprint(bytes));
+  AppendText(number, bytes, false);
+}
+
+void Fields::Include(const Fragment& fragment) {
+  Mix(fragment.Tree().hash);
+  FieldTree::Node& node = Append(FieldNames::None, FieldTree::Kind::Included);
+  node.first = std::uint32_t(tree_.included.size());
+  tree_.included.push_back(&fragment.Tree());
 }
 
 }  // namespace publishing

@@ -1,72 +1,128 @@
-// What a page is made of, told name by name. One procedure tells it, and it is told twice: to FieldHash,
-// which finds out whether the page that was made from it is still the right one, and to FieldData, which
-// gives the templates what they see.
+// What a page is made of, told name by name: a tree for the template to show, and in the same pass the hash
+// by which a page that stands already is known as the right one.
+//
+// Only what the template asks for is taken in. Texts are kept as they stand in HTML, without control
+// characters, which no page may hold. Of two things told under one name in one place the later one counts.
 #pragma once
 
 #include <QByteArray>
-#include <functional>
-#include <set>
+#include <QJsonObject>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
-#include <kainjow/mustache.hpp>
+#include "FieldNames.h"
 
 namespace publishing {
 
-using Data = kainjow::mustache::data;
+struct FieldTree {
+  enum class Kind : std::uint8_t { Text, Flag, Group, List, Included };
+  static constexpr std::uint32_t None = 0xffffffff;
+
+  struct Node {
+    std::int16_t name = FieldNames::None;
+    Kind kind = Kind::Group;
+    std::uint32_t next = None;  // beside it, in the same group or list
+    std::uint32_t first = 0;    // of a text: where it begins; else what is in it, or whether it is so
+    std::uint32_t size = 0;     // of a text
+  };
+
+  std::vector<Node> nodes;  // the first is the whole
+  std::string texts;
+  std::vector<const FieldTree*> included;
+  std::uint64_t hash = 0;
+};
+
+class Fragment;
 
 class Fields {
  public:
-  using Tell = std::function<void(Fields&)>;
-  using TellItem = std::function<void(Fields&, std::size_t)>;
+  // For a page of a kind, or for what stands on pages of any.
+  explicit Fields(const FieldNames& names, std::size_t kind = FieldNames::AnyKind);
 
-  virtual ~Fields() = default;
-  virtual void Text(const char* name, const std::string& text) = 0;
-  virtual void Flag(const char* name, bool value) = 0;
-  virtual void Group(const char* name, const Tell& tell) = 0;
-  virtual void List(const char* name, std::size_t count, const TellItem& tell) = 0;
-  // What is told here follows from these bytes alone: a hash is spared the work.
-  virtual void Derived(const QByteArray& from, const Tell& tell) = 0;
-
-  // An empty text, group or list does not exist for a template.
-  void TextIf(const char* name, const std::string& text);
-  void GroupIf(bool condition, const char* name, const Tell& tell);
-};
-
-// The hash of what is told under the names that a template uses, or of everything.
-class FieldHash : public Fields {
- public:
-  explicit FieldHash(const std::set<std::string, std::less<>>* names = nullptr) : names_(names) {
-    told_.reserve(UsualLength);
+  void Text(FieldName name, std::string_view text);
+  void Flag(FieldName name, bool value);
+  // To be written into a script element: nothing in it ends the element.
+  void Json(FieldName name, const QJsonObject& object);
+  template <class Tell>
+  void Group(FieldName name, const Tell& tell) {
+    const Place place = Open(name, FieldTree::Kind::Group);
+    if (!place.isWanted) return;
+    tell(*this);
+    Close(place);
   }
-  void Text(const char* name, const std::string& text) override;
-  void Flag(const char* name, bool value) override;
-  void Group(const char* name, const Tell& tell) override;
-  void List(const char* name, std::size_t count, const TellItem& tell) override;
-  void Derived(const QByteArray& from, const Tell& tell) override;
-  QByteArray Result() const;
+  // `tell` is called with the number of each.
+  template <class Tell>
+  void List(FieldName name, std::size_t count, const Tell& tell) {
+    const Place place = Open(name, FieldTree::Kind::List);
+    if (!place.isWanted) return;
+    for (std::size_t i = 0; i < count; ++i) {
+      const Place item = Open(FieldNames::None, FieldTree::Kind::Group);
+      tell(*this, i);
+      Close(item);
+    }
+    Close(place);
+  }
+  // Takes in what was told once for many pages, which must outlive this.
+  void Include(const Fragment& fragment);
+
+  // An empty text or group does not exist for a template.
+  void TextIf(FieldName name, std::string_view text) { text.empty() ? Flag(name, false) : Text(name, text); }
+  template <class Tell>
+  void GroupIf(bool condition, FieldName name, const Tell& tell) {
+    condition ? Group(name, tell) : Flag(name, false);
+  }
+  // What is told here follows from these bytes alone: they are hashed in its place.
+  template <class Tell>
+  void Derived(const QByteArray& from, const Tell& tell) {
+    const std::uint64_t hash = HashWith({from.constData(), std::size_t(from.size())});
+    tell(*this);
+    tree_.hash = hash;
+  }
+
+  // Begins anew, for the next page.
+  void Clear();
+  const FieldTree& Tree() const { return tree_; }
+  std::uint64_t Hash() const { return tree_.hash; }
 
  private:
-  static constexpr std::size_t UsualLength = 1024;
+  struct Place {
+    bool isWanted = false;
+    std::uint32_t group = 0, last = FieldTree::None;  // that of before
+  };
 
-  bool Begin(const char* name, char kind);
-  void Add(const char* bytes, std::size_t size);
+  // What is told for pages of all kinds does not depend on what their templates ask for: a template that
+  // changes makes no pages of others anew.
+  bool IsWanted(int number) const { return number != FieldNames::None || kind_ == FieldNames::AnyKind; }
+  Place Open(FieldName name, FieldTree::Kind kind);
+  Place Open(int number, FieldTree::Kind kind);
+  void Close(const Place& place);
+  FieldTree::Node& Append(int number, FieldTree::Kind kind);
+  void AppendText(int number, std::string_view text, bool escapes);
+  std::uint64_t HashWith(std::string_view bytes) const;
+  void Mix(std::uint64_t number);
 
-  const std::set<std::string, std::less<>>* names_;
-  std::string told_;
+  const FieldNames* names_;
+  std::size_t kind_;
+  FieldTree tree_;
+  std::uint32_t group_ = 0;               // what is being told
+  std::uint32_t last_ = FieldTree::None;  // of a list: its last item
 };
 
-// What is told, as a template sees it. Control characters, which no page may hold, are left out.
-class FieldData : public Fields {
+// Something that stands on many pages, told once.
+class Fragment {
  public:
-  void Text(const char* name, const std::string& text) override;
-  void Flag(const char* name, bool value) override { data_[name] = Data{value}; }
-  void Group(const char* name, const Tell& tell) override;
-  void List(const char* name, std::size_t count, const TellItem& tell) override;
-  void Derived(const QByteArray&, const Tell& tell) override { tell(*this); }
-  Data Take() { return std::move(data_); }
+  template <class Tell>
+  Fragment(const FieldNames& names, const Tell& tell) {
+    Fields fields(names);
+    tell(fields);
+    tree_ = fields.Tree();
+  }
+  const FieldTree& Tree() const { return tree_; }
 
  private:
-  Data data_;
+  FieldTree tree_;
 };
 
 }  // namespace publishing

@@ -4,12 +4,10 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "Fields.h"
-#include "Template.h"
+#include "PageProgram.h"
 
 namespace publishing {
 
@@ -24,10 +22,6 @@ struct SkinKind {
 
 class Skin {
  public:
-  struct PageTemplate {
-    std::set<std::string, std::less<>> names;  // what a page of the kind can show
-    QByteArray hash;                           // of its text and of the program's version
-  };
   // A file that the site gets as it is.
   struct File {
     QString name;
@@ -38,32 +32,39 @@ class Skin {
   // is missing, or a template as LoadTemplate tells. italian is the language of the errors.
   Skin(const QString& folder, const SkinKind& kind, bool italian);
 
-  // Renders a page with what the site and the page have. A page's kind is told by its place among the kinds.
-  // One thread at a time: each has a Skin of its own.
-  std::string Render(std::size_t page, const Data& site, const Data& data);
-  const PageTemplate& Of(std::size_t page) const { return pages_[page].page; }
+  // The names that its templates ask for, each known with the kinds of pages that do. A kind is told by its
+  // place among the kinds.
+  const FieldNames& Names() const { return names_; }
+  std::size_t Kinds() const { return pages_.size(); }
   // Whether there is a template for pages of this kind.
-  bool Has(std::size_t page) const { return pages_[page].text != nullptr; }
+  bool Has(std::size_t kind) const { return !pages_[kind].hash.isEmpty(); }
+  // Digest of the template's text, with its parts, and of the program's version.
+  const QByteArray& HashOf(std::size_t kind) const { return pages_[kind].hash; }
+  // Writes a page, with what all pages show and its own.
+  void Write(std::size_t kind, const FieldTree& site, const FieldTree& page, std::string& out) const {
+    pages_[kind].program.Write(site, page, out);
+  }
   // All that the folder holds besides the templates, folders included; what is hidden is not. Read anew by
   // each call. Throws for a name that the site itself needs, or that not every web server takes.
   std::vector<File> StaticFiles() const;
   const QString& Folder() const { return folder_; }
 
  private:
-  struct Parsed {
-    PageTemplate page;
-    std::unique_ptr<kainjow::mustache::mustache> text;
+  struct PageTemplate {
+    QByteArray hash;
+    PageProgram program;
   };
-  Parsed Load(const QString& name) const;
+  void Load(const QString& name);
   std::string Read(const QString& name) const;
   [[noreturn]] void RefuseMissing(const QString& name) const;
-  QByteArray HashOf(const QString& name) const;
+  QByteArray HashOfFile(const QString& name) const;
   void CheckName(const QString& name) const;
 
   QString folder_;
   SkinKind kind_;
   bool italian_;
-  std::vector<Parsed> pages_;
+  FieldNames names_;
+  std::vector<PageTemplate> pages_;
 };
 
 }  // namespace publishing

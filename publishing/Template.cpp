@@ -8,14 +8,8 @@
 namespace publishing {
 namespace {
 
-struct Tag {
-  char kind = 0;  // "#", "^", "/", ">", "!", or 0 for a value
-  std::string name;
-  std::size_t begin = 0;  // of the tag in its file
-  std::size_t end = 0;
-  QString file;
-  int line = 1;
-};
+// Parts of parts of parts can make much of little.
+constexpr std::size_t LargestWhole = 4 << 20;
 
 // Blanks of any kind are left out, those that do not break a line too.
 std::string Trimmed(const std::string& text) { return QString::fromStdString(text).trimmed().toStdString(); }
@@ -38,23 +32,22 @@ class Loader {
 
   Template Load(const QString& file) {
     Template whole;
-    TakeIn(file, whole, true);
+    TakeIn(file, whole);
     CheckSections();
+    whole.tags = TagsIn(whole.text, file);
     // Braces of two files must not make a tag where they meet.
-    if (TagsIn(whole.text, file).size() != tags_.size())
+    if (whole.tags.size() != tags_.size())
       RefuseSkin(italian_, file, 0, QStringLiteral("una graffa sta accanto a una parte"),
                  QStringLiteral("a brace stands beside a part"));
-    for (const Tag& tag : tags_)
-      for (const QString& name : QString::fromStdString(tag.name).split(u'.'))
-        if (tag.kind != '!') whole.names.insert(name.toStdString());
     return whole;
   }
 
  private:
-  void TakeIn(const QString& file, Template& whole, bool takesParts) {
+  void TakeIn(const QString& file, Template& whole) {
     std::string text = read_(file);
     // The line end behind a part's tag stands for the part's own last one.
-    if (!takesParts && text.ends_with('\n')) text.pop_back();
+    if (!taken_.isEmpty() && text.ends_with('\n')) text.pop_back();
+    taken_ += file;
     std::size_t at = 0;
     for (const Tag& tag : TagsIn(text, file)) {
       if (tag.kind != '>') {
@@ -62,17 +55,21 @@ class Loader {
         continue;
       }
       const QString part = QString::fromStdString(tag.name);
-      if (!takesParts)
-        Refuse(tag, QStringLiteral("una parte non può contenerne un'altra"),
-               QStringLiteral("a part cannot hold another one"));
       if (!IsName(part))
         Refuse(tag, QStringLiteral("la parte \"%1\" non esiste").arg(part),
                QStringLiteral("there is no part \"%1\"").arg(part));
+      if (taken_.contains(part + QStringLiteral(".mustache")))
+        Refuse(tag, QStringLiteral("una parte non può contenere sé stessa"),
+               QStringLiteral("a part cannot hold itself"));
       whole.text.append(text, at, tag.begin - at);
-      TakeIn(part + QStringLiteral(".mustache"), whole, false);
+      TakeIn(part + QStringLiteral(".mustache"), whole);
+      if (whole.text.size() > LargestWhole)
+        Refuse(tag, QStringLiteral("la pagina sarebbe troppo grande"),
+               QStringLiteral("the page would be too large"));
       at = tag.end;
     }
     whole.text.append(text, at);
+    taken_.removeLast();
   }
 
   std::vector<Tag> TagsIn(const std::string& text, const QString& file) const {
@@ -128,6 +125,7 @@ class Loader {
 
   const std::function<std::string(const QString&)>& read_;
   bool italian_;
+  QStringList taken_;      // the file that is being taken in, and those that hold it
   std::vector<Tag> tags_;  // of the whole template, without those that took in a part
 };
 

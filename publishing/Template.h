@@ -1,21 +1,28 @@
-// The text of a page's template with its partials put in, checked tag by tag before the template library sees
-// it.
+// The text of a page's template with its parts put in, checked tag by tag.
 #pragma once
 
 #include <QString>
 #include <functional>
-#include <set>
 #include <string>
+#include <vector>
 
 namespace publishing {
 
+struct Tag {
+  char kind = 0;  // "#", "^", "/", ">", "!", or 0 for a value
+  std::string name;
+  std::size_t begin = 0, end = 0;
+  QString file;
+  int line = 1;
+};
+
 struct Template {
   std::string text;
-  std::set<std::string, std::less<>> names;  // all that its tags ask for; "L.home" gives "L" and "home"
+  std::vector<Tag> tags;  // as they stand in the text
 };
 
 // Puts a template together from files; read gives the text of one by its name. "{{> name}}" takes in the part
-// of that name, which has no parts itself. Throws std::runtime_error that names file and line: a tag that
+// of that name, which may have parts itself. Throws std::runtime_error that names file and line: a tag that
 // writes unescaped text ("{{{", "{{&") or changes the delimiters, one without an end, a section that is not
 // closed, a part that does not exist.
 Template LoadTemplate(const QString& file, const std::function<std::string(const QString&)>& read,

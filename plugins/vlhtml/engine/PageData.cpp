@@ -79,39 +79,12 @@ PageData::PageData(const SitePlan& plan, const Skin& skin, bool italian)
     featured_.push_back(i);
   for (const PlannedList& list : plan_.filters)
     filterLinks_.push_back({Std(list.title), Std(list.PageFile(1))});
-  // Parts that stand on many pages are hashed once.
-  for (int filter = 0; filter < int(linkHashes_.size()); ++filter)
-    linkHashes_[std::size_t(filter)] = HashOf([&](Fields& fields) { TellLinks(fields, filter); });
-  cardHashes_.reserve(plan_.products.size());
-  for (int i = 0; i < count; ++i) cardHashes_.push_back(HashOf([&](Fields& fields) { TellCard(fields, i); }));
-  for (std::size_t kind = 0; kind < std::size_t(SiteSkin().pages.size()); ++kind) {
-    FieldHash hash(&skin.Of(kind).names);
-    TellSite(hash);
-    hash.Derived(skin.Of(kind).hash, {});
-    siteHashes_.push_back(hash.Result());
-  }
-  FieldData site;
-  TellSite(site);
-  site_ = site.Take();
-}
-
-QByteArray PageData::HashOf(const Fields::Tell& tell) {
-  FieldHash hash;
-  tell(hash);
-  return hash.Result();
-}
-
-Data PageData::ContentOf(const Page& page) const {
-  FieldData content;
-  TellPage(content, page);
-  return content.Take();
-}
-
-QByteArray PageData::InputOf(const Page& page) const {
-  FieldHash hash(&skin_.Of(std::size_t(page.kind)).names);
-  hash.Derived(siteHashes_[std::size_t(page.kind)], {});
-  TellPage(hash, page);
-  return hash.Result();
+  // Parts that stand on many pages are told once.
+  for (int filter = 1; filter <= 5; ++filter)
+    links_.emplace_back(skin.Names(), [&](Fields& fields) { TellLinks(fields, filter); });
+  cards_.reserve(plan_.products.size());
+  for (int i = 0; i < count; ++i)
+    cards_.emplace_back(skin.Names(), [&](Fields& fields) { TellCard(fields, i); });
 }
 
 void PageData::TellSite(Fields& fields) const {
@@ -147,17 +120,15 @@ void PageData::TellPage(Fields& fields, const Page& page) const {
 }
 
 void PageData::TellTitle(Fields& fields, const std::string& title) {
-  fields.Derived(QByteArray::fromRawData(title.data(), qsizetype(title.size())),
-                 [&](Fields& field) { field.Text("pageTitle", ShortTitle(title)); });
+  fields.Text("pageTitle", ShortTitle(title));
 }
 
 void PageData::TellLinksAs(Fields& fields, const char* name, int filter) const {
   std::vector<int> used;
   for (int n = 1; n <= 5; ++n)
     if ((filter == 0 || filter == n) && !Lists(n).empty()) used.push_back(n);
-  fields.List(name, used.size(), [&](Fields& group, std::size_t i) {
-    group.Derived(linkHashes_[std::size_t(used[i])], [&](Fields& links) { TellLinks(links, used[i]); });
-  });
+  fields.List(name, used.size(),
+              [&](Fields& group, std::size_t i) { group.Include(links_[std::size_t(used[i]) - 1]); });
 }
 
 // The published values of a filter, each with its page.
@@ -196,7 +167,7 @@ void PageData::TellPicture(Fields& fields, const PlannedPicture& picture, bool s
 }
 
 void PageData::TellKnownCard(Fields& fields, int position) const {
-  fields.Derived(cardHashes_[std::size_t(position)], [&](Fields& card) { TellCard(card, position); });
+  fields.Include(cards_[std::size_t(position)]);
 }
 
 void PageData::TellCard(Fields& fields, int position) const {

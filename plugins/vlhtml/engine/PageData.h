@@ -26,16 +26,10 @@ class PageData {
   PageData(const SitePlan& plan, const Skin& skin, bool italian);
 
   // What every page sees besides its own.
-  const Data& Site() const { return site_; }
-  Data ContentOf(const Page& page) const;
-  // Hash of all that the page's template can show: the template itself, and what is told under the names that
-  // it uses. A count that a template does not show makes no page anew.
-  QByteArray InputOf(const Page& page) const;
-
- private:
-  static QByteArray HashOf(const Fields::Tell& tell);
   void TellSite(Fields& fields) const;
   void TellPage(Fields& fields, const Page& page) const;
+
+ private:
   void TellHome(Fields& fields) const;
   void TellList(Fields& fields, const PlannedList& list, int page) const;
   void TellProduct(Fields& fields, int position) const;
@@ -53,15 +47,12 @@ class PageData {
   const CatalogSnapshot& catalog_;
   const Skin& skin_;
   bool italian_;
-  Data site_;
   std::vector<int> featured_;
   struct Link {
     std::string text, file;
   };
-  std::vector<Link> filterLinks_;         // to the first pages of the plan's filters
-  std::vector<QByteArray> siteHashes_;    // by kind: the template and what all its pages see
-  std::array<QByteArray, 6> linkHashes_;  // by the filter's number
-  std::vector<QByteArray> cardHashes_;
+  std::vector<Link> filterLinks_;        // to the first pages of the plan's filters
+  std::vector<Fragment> links_, cards_;  // by the number of the filter less one; by product
 };
 
 }  // namespace vlhtml

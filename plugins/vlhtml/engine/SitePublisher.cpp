@@ -7,6 +7,7 @@
 #include "PageData.h"
 #include "Publication.h"
 #include "SkinFolders.h"
+#include "SkinPages.h"
 
 namespace vlhtml {
 namespace {
@@ -40,27 +41,6 @@ std::vector<Page> AddFiles(const SitePlan& plan, const Skin& skin, Publication& 
   }
   return pages;
 }
-
-class SitePageMaker : public PageMaker {
- public:
-  SitePageMaker(const std::vector<Page>& pages, const PageData& data, const QString& skin, bool italian)
-      : pages_(pages), data_(data), skin_(skin, SiteSkin(), italian) {}
-
-  QByteArray LookAt(std::size_t page) override {
-    page_ = page;
-    return data_.InputOf(pages_[page]);
-  }
-  std::string Make() override {
-    const Page& page = pages_[page_];
-    return skin_.Render(std::size_t(page.kind), data_.Site(), data_.ContentOf(page));
-  }
-
- private:
-  const std::vector<Page>& pages_;
-  const PageData& data_;
-  Skin skin_;
-  std::size_t page_ = 0;
-};
 
 }  // namespace
 
@@ -100,9 +80,11 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   const Skin skin(skinFolder, SiteSkin(), italian);
   const PageData data(plan, skin, languages.siteItalian);
   const std::vector<Page> pages = AddFiles(plan, skin, publication);
-  const auto newMaker = [&] { return std::make_unique<SitePageMaker>(pages, data, skinFolder, italian); };
+  const SkinPages made(skin, {[&](Fields& fields) { data.TellSite(fields); },
+                              [&](std::size_t page) { return std::size_t(pages[page].kind); },
+                              [&](Fields& fields, std::size_t page) { data.TellPage(fields, pages[page]); }});
   const QString title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
-  VorlinaReport report = publication.Make(title, newMaker, progress);
+  VorlinaReport report = publication.Make(title, made.Maker(), progress);
   if (!report.complete) return report;
   report.notes += catalog.notes;
   for (const QString& warning : plan.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
