@@ -96,8 +96,7 @@ std::vector<UsedLibrary> UsedLibraries() {
       {u"libjpeg-turbo"_qs, QStringLiteral(TEXT_IN(LIBJPEG_TURBO_VERSION)), u"IJG, BSD 3-Clause, zlib"_qs},
       {u"Little CMS"_qs, u"%1.%2"_qs.arg(lcms / 1000).arg(lcms % 1000 / 10), u"MIT"_qs},
       {u"libarchive"_qs, QString::fromLatin1(archive_version_string()).section(u' ', 1), u"BSD 2-Clause"_qs},
-      {u"QtKeychain"_qs, {}, u"BSD 3-Clause"_qs},
-      {u"Mustache (kainjow)"_qs, {}, u"Boost Software License 1.0"_qs}};
+      {u"QtKeychain"_qs, {}, u"BSD 3-Clause"_qs}};
 }
 
 QString AsText(const std::vector<InformationGroup>& groups, const std::vector<UsedLibrary>& libraries) {
