@@ -2517,6 +2517,10 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>File nuovi: %1, cambiati: %2, tolti: %3.</source>
         <translation>New files: %1, changed: %2, removed: %3.</translation>
     </message>
+    <message>
+        <source>Preparazione delle immagini</source>
+        <translation>Preparing the pictures</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

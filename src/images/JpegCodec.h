@@ -18,7 +18,11 @@ JpegHead ReadJpegHead(const QByteArray& jpeg);
 // damaged or truncated file is refused, as is one that takes more than 256 MB to decode.
 PlanarImage DecodeJpeg(const QByteArray& jpeg, QSize atLeast);
 
+// A picture in several scans takes fewer bytes, and a reader sees all of it from the first scan on; it takes
+// more time to make.
+enum class JpegScans { One, Several };
+
 // Encodes at a quality of 1 to 100, with nothing but the picture in the file. Throws Error.
-QByteArray EncodeJpeg(const PlanarImage& image, int quality);
+QByteArray EncodeJpeg(const PlanarImage& image, int quality, JpegScans scans = JpegScans::One);
 
 }  // namespace vorlina

@@ -29,7 +29,7 @@ class Compressor {
   Compressor(const Compressor&) = delete;
   Compressor& operator=(const Compressor&) = delete;
 
-  bool Start(const PlanarImage& image, int quality) {
+  bool Start(const PlanarImage& image, int quality, JpegScans scans) {
     if (setjmp(errors_.back) != 0) return false;
     jpeg_create_compress(&info_);
     jpeg_mem_dest(&info_, &output_, &size_);
@@ -47,6 +47,7 @@ class Compressor {
       info_.comp_info[0].h_samp_factor = Subsampling(luma.width, image.planes[1].width);
       info_.comp_info[0].v_samp_factor = Subsampling(luma.height, image.planes[1].height);
     }
+    if (scans == JpegScans::Several) jpeg_simple_progression(&info_);
     jpeg_start_compress(&info_, TRUE);
     return true;
   }
@@ -116,11 +117,11 @@ void RequireStorable(const PlanarImage& image) {
 
 }  // namespace
 
-QByteArray EncodeJpeg(const PlanarImage& image, int quality) {
+QByteArray EncodeJpeg(const PlanarImage& image, int quality, JpegScans scans) {
   const std::size_t count = image.planes.size();
   RequireStorable(image);
   Compressor compressor;
-  Check(compressor.Start(image, std::clamp(quality, 1, 100)), compressor);
+  Check(compressor.Start(image, std::clamp(quality, 1, 100), scans), compressor);
   const jpeg_compress_struct& info = compressor.Info();
   std::vector<Band> bands;
   bands.reserve(count);

@@ -8,6 +8,7 @@
 #include "base/Texts.h"
 #include "images/ColourConversion.h"
 #include "images/Resample.h"
+#include "images/WebpEncoder.h"
 
 namespace vorlina {
 namespace {
@@ -15,6 +16,10 @@ namespace {
 Q_LOGGING_CATEGORY(images, "vorlina.images", QtInfoMsg)
 
 constexpr int ThumbnailQuality = 70;
+
+// For readers: beyond these a picture gains less than it grows.
+constexpr int JpegQuality = 76;
+constexpr int WebpQuality = 82;
 
 // Whole per cents, halves to the even number. A picture of more than two hundred times the limit is left at
 // one per cent.
@@ -38,6 +43,20 @@ PlanarImage Prepared(PlanarImage image, const JpegHead& head, QSize size) {
   image = Resample(std::move(image), size);
   ConvertToSrgb(image, head.iccProfile);
   return Upright(std::move(image), head.orientation);
+}
+
+// Readers' eyes need no more, and WebP has no other.
+void HalveChroma(PlanarImage& image) {
+  const QSize size = image.Size();
+  for (std::size_t i = 1; i < image.planes.size(); ++i)
+    image.planes[i] = Resample(image.planes[i], (size.width() + 1) / 2, (size.height() + 1) / 2);
+}
+
+ReaderPicture Encoded(const PlanarImage& image) {
+  ReaderPicture picture{image.Size(), EncodeJpeg(image, JpegQuality, JpegScans::Several),
+                        EncodeWebp(image, WebpQuality)};
+  if (picture.webp.size() * 4 > picture.jpeg.size() * 3) picture.webp.clear();
+  return picture;
 }
 
 QSize ThumbnailSize(QSize size, double limit) {
@@ -112,6 +131,32 @@ PreparedPicture PrepareAdditional(const QByteArray& jpeg, double limit, const Pi
   }
   picture.size = UprightSize(ReadJpegHead(picture.jpeg.isEmpty() ? jpeg : picture.jpeg));
   return picture;
+}
+
+std::vector<QSize> ReaderSizes(QSize size, const QList<int>& limits) {
+  std::vector<QSize> sizes;
+  for (const int limit : limits) {
+    const double scale = std::min(1.0, std::max(limit, 1) / LongerSide(size));
+    const auto side = [=](int length) { return std::max(1, int(std::lround(length * scale))); };
+    sizes.emplace_back(side(size.width()), side(size.height()));
+    if (scale == 1.0) break;
+  }
+  return sizes;
+}
+
+std::vector<ReaderPicture> RenderForReaders(const QByteArray& jpeg, const QList<int>& limits) {
+  const JpegHead head = ReadJpegHead(jpeg);
+  const std::vector<QSize> sizes = ReaderSizes(UprightSize(head), limits);
+  if (sizes.empty()) return {};
+  const QSize largest = SwapsSides(head.orientation) ? sizes.back().transposed() : sizes.back();
+  PlanarImage image = Prepared(DecodeJpeg(jpeg, largest), head, largest);
+  std::vector<ReaderPicture> pictures(sizes.size());
+  for (std::size_t i = sizes.size(); i-- > 0;) {
+    image = Resample(std::move(image), sizes[i]);
+    HalveChroma(image);
+    pictures[i] = Encoded(image);
+  }
+  return pictures;
 }
 
 qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings) {

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QSize>
 #include <QSizeF>
+#include <vector>
 
 #include "images/JpegCodec.h"
 
@@ -62,7 +64,23 @@ PreparedPicture PrepareMain(const QByteArray& jpeg, double limit, const PictureS
 // Error as above.
 PreparedPicture PrepareAdditional(const QByteArray& jpeg, double limit, const PictureSettings& settings);
 
-// An estimate of the bytes that FitToLimit takes besides the picture's own.
+// A picture as readers of a publication get it, in one of its sizes.
+struct ReaderPicture {
+  QSize size;
+  QByteArray jpeg;
+  QByteArray webp;  // empty where it would not be smaller than the JPEG by a quarter
+};
+
+// The sizes of an upright picture whose longer side is at most each of these limits; a picture is not
+// enlarged, so that there may be fewer than limits. The limits ascend, and so do the sizes.
+std::vector<QSize> ReaderSizes(QSize size, const QList<int>& limits);
+
+// The picture in these sizes, decoded once: upright, in sRGB, with nothing but the picture in the files.
+// Throws Error for one that cannot be decoded whole.
+std::vector<ReaderPicture> RenderForReaders(const QByteArray& jpeg, const QList<int>& limits);
+
+// An estimate of the bytes that FitToLimit takes besides the picture's own, and RenderForReaders with its
+// largest limit.
 qint64 RenderingMemory(const JpegHead& head, double limit, const PictureSettings& settings);
 
 }  // namespace vorlina

@@ -10,12 +10,6 @@
 namespace vorlina {
 namespace {
 
-// For all decoding at a time, in bytes: a progressive picture of 24 megapixels takes 72 MB.
-constexpr qint64 MemoryBudget = 96LL * 1024 * 1024;
-
-// More would wait for the disk, and each takes memory.
-constexpr int MostThreads = 4;
-
 // Between two turns at what is done while a picture is waited for: short enough for a window to follow the
 // hand.
 constexpr std::chrono::milliseconds Turn{10};
@@ -27,8 +21,8 @@ PreparedPictures::PreparedPictures(QStringList files, double limit, const Pictur
     : files_(std::move(files)),
       limit_(limit),
       settings_(settings),
-      ahead_(std::size_t(std::clamp(threads, 1, MostThreads)) * 2) {
-  const int useful = std::clamp(std::min(threads, MostThreads), 1, std::max(1, int(files_.size())));
+      ahead_(std::size_t(std::clamp(threads, 1, MostDecodingThreads)) * 2) {
+  const int useful = std::clamp(std::min(threads, MostDecodingThreads), 1, std::max(1, int(files_.size())));
   workers_.reserve(std::size_t(useful));
   for (int i = 0; i < useful; ++i) {
     try {
@@ -107,33 +101,13 @@ PreparedPictures::Outcome PreparedPictures::Prepare(const QString& file) {
 }
 
 PreparedPicture PreparedPictures::WithinBudget(const QString& file, const QByteArray& jpeg) {
-  qint64 reserved = 0;
   try {
-    const qint64 bytes = RenderingMemory(ReadJpegHead(jpeg), limit_, settings_) + jpeg.size();
-    Reserve(bytes);
-    reserved = bytes;
-    PreparedPicture picture = PrepareMain(jpeg, limit_, settings_);
-    Release(reserved);
-    return picture;
+    const DecodingBudget::Share share(budget_,
+                                      RenderingMemory(ReadJpegHead(jpeg), limit_, settings_) + jpeg.size());
+    return PrepareMain(jpeg, limit_, settings_);
   } catch (const Error& error) {
-    Release(reserved);
     RefuseFile(file, error.Description());
-  } catch (...) {
-    Release(reserved);
-    throw;
   }
-}
-
-void PreparedPictures::Reserve(qint64 bytes) {
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [&] { return reserved_ == 0 || reserved_ + bytes <= MemoryBudget; });
-  reserved_ += bytes;
-}
-
-void PreparedPictures::Release(qint64 bytes) {
-  const std::lock_guard lock(mutex_);
-  reserved_ -= bytes;
-  changed_.notify_all();
 }
 
 }  // namespace vorlina

@@ -11,6 +11,7 @@
 #include <thread>
 #include <vector>
 
+#include "images/DecodingBudget.h"
 #include "images/PictureRendering.h"
 
 namespace vorlina {
@@ -47,10 +48,6 @@ class PreparedPictures {
   Outcome Prepare(const QString& file);
   PreparedPicture WithinBudget(const QString& file, const QByteArray& jpeg);
 
-  // Decoding of so many bytes may begin. One picture that needs more than the budget is decoded alone.
-  void Reserve(qint64 bytes);
-  void Release(qint64 bytes);
-
   const QStringList files_;
   const double limit_;
   const PictureSettings settings_;
@@ -61,7 +58,7 @@ class PreparedPictures {
   std::size_t begun_ = 0;  // files that a worker has taken up
   std::size_t taken_ = 0;  // files that Next has given
   std::map<std::size_t, Outcome> ready_;
-  qint64 reserved_ = 0;
+  DecodingBudget budget_;
   std::size_t working_ = 0;  // files that are being prepared
   bool stopping_ = false;
   std::vector<std::thread> workers_;

@@ -19,6 +19,7 @@
 #include "base/Texts.h"
 #include "publish/PluginConnection.h"
 #include "publish/PluginLibrary.h"
+#include "publish/WebPictures.h"
 #include "store/Connection.h"
 #include "support/Language.h"
 
@@ -176,7 +177,9 @@ IVorlinaPluginFactory& PluginFactoryOf(const QString& identifier) {
   return *factory;
 }
 
-VorlinaHost HostOfPlugins(IVorlinaUi* ui) { return {Language, AppPath(), DeliveredPath(), nullptr, ui}; }
+VorlinaHost HostOfPlugins(IVorlinaUi* ui) {
+  return {Language, AppPath(), DeliveredPath(), &PicturesForReaders(), ui};
+}
 
 std::unique_ptr<IVorlinaPlugin> CreatePlugin(const QString& identifier, IVorlinaUi* ui) {
   std::unique_ptr<IVorlinaPlugin> plugin;

@@ -4,6 +4,7 @@
 #include <jpeglib.h>
 #include <lcms2.h>
 #include <sqlite3.h>
+#include <webp/encode.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -89,12 +90,15 @@ std::vector<InformationGroup> SystemInformation(Connection& connection,
 
 std::vector<UsedLibrary> UsedLibraries() {
   const int lcms = cmsGetEncodedCMMversion();
+  const int webp = WebPGetEncoderVersion();
   return {
       {u"Qt (Core, Gui, Widgets, Svg, Help)"_qs, QString::fromLatin1(qVersion()), u"LGPL 3"_qs},
       {u"SQLite"_qs, QString::fromLatin1(sqlite3_libversion()), Texts::tr("pubblico dominio")},
       {u"SQLiteCpp"_qs, QString::fromLatin1(SQLITECPP_VERSION), u"MIT"_qs},
       {u"libjpeg-turbo"_qs, QStringLiteral(TEXT_IN(LIBJPEG_TURBO_VERSION)), u"IJG, BSD 3-Clause, zlib"_qs},
       {u"Little CMS"_qs, u"%1.%2"_qs.arg(lcms / 1000).arg(lcms % 1000 / 10), u"MIT"_qs},
+      {u"libwebp"_qs, u"%1.%2.%3"_qs.arg(webp >> 16).arg(webp >> 8 & 0xFF).arg(webp & 0xFF),
+       u"BSD 3-Clause"_qs},
       {u"libarchive"_qs, QString::fromLatin1(archive_version_string()).section(u' ', 1), u"BSD 2-Clause"_qs},
       {u"QtKeychain"_qs, {}, u"BSD 3-Clause"_qs}};
 }

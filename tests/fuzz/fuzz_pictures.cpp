@@ -24,6 +24,8 @@ void TakeIn(const QByteArray& bytes) {
   const QSize stored = UprightSize(ReadJpegHead(fitted.jpeg));
   Require(!stored.isEmpty());
   Require(ReadJpegHead(RenderThumbnail(fitted.jpeg, 40)).orientation == 1);
+  for (const ReaderPicture& picture : RenderForReaders(bytes, {16, 40}))
+    Require(ReadJpegHead(picture.jpeg).size == picture.size);
 }
 
 }  // namespace

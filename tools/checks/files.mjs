@@ -27,6 +27,9 @@ const places = {
   'src/support/WidgetHelpCollection.h': ['scratch', 'what Qt notes of a help file while it shows'],
   'src/images/PictureStore.cpp': ['removes', 'the owner of "Images"'],
   'src/catalogs/AutomaticBackup.cpp': ['removes', 'the copies that are older than the ten newest'],
+  'src/publish/WebPictureCache.cpp': ['writes removes', 'pictures for readers that nothing names; bytes in memory'],
+  'src/publish/WebPictures.h': ['scratch', 'pictures for readers, where their folder cannot be written'],
+  'src/publish/WebPictures.cpp': ['scratch', 'likewise'],
   'src/publish/PluginChange.cpp': ['removes', 'a plug-in changes places with the former one, by renames that are taken back'],
   'src/publish/PluginPackage.cpp': ['scratch', 'a package gets its place once it is proven'],
   'src/catalogs/BackupPlace.cpp': ['scratch removes', 'the folder in which a backup is put together'],
@@ -34,6 +37,7 @@ const places = {
   'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],
   // The plug-ins, which have nothing of the program but the plug-in headers.
   'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
+  'publishing/PublishedPictures.cpp': ['writes', 'an icon in memory'],
   'publishing/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
   'publishing/SkinFolders.cpp': ['writes scratch folders renames removes', 'unpacks a skin where it does not count yet, and gives it its name; the name of the one in use'],
   'publishing/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],

@@ -1,0 +1,173 @@
+#include "publish/WebPictures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QLoggingCategory>
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
+#include "base/AppPath.h"
+#include "base/Error.h"
+#include "base/SafeFile.h"
+#include "base/Texts.h"
+#include "publish/WebPictureMaking.h"
+
+namespace vorlina {
+namespace {
+
+Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
+
+// To be changed with whatever makes other pictures of the same files.
+constexpr int HowPicturesAreMade = 1;
+
+// A file whose time is this near may be changed once more without getting another time.
+constexpr auto Unsettled = std::chrono::seconds(2);
+
+constexpr std::size_t LooksBetweenReports = 500;
+
+// By the system's own calls: a publication with nothing to do does little else.
+void LookAt(WebPictureTask& task) {
+  const std::filesystem::path file = QFile::encodeName(task.source).toStdString();
+  std::error_code failure;
+  const auto size = std::filesystem::file_size(file, failure);
+  if (failure) return;
+  const auto time = std::filesystem::last_write_time(file, failure);
+  if (failure) return;
+  const auto age = std::filesystem::file_time_type::clock::now() - time;
+  task.settled = age > Unsettled || age < -Unsettled;
+  task.mark = QByteArray::number(HowPicturesAreMade) + '|' + QByteArray::number(qint64(size)) + '|' +
+              QByteArray::number(qint64(time.time_since_epoch().count()));
+}
+
+// The cache knows a file by its place in the application folder, which may lie elsewhere tomorrow.
+QString NameOf(const QString& source) {
+  const QString folder = QDir::fromNativeSeparators(AppPath()) + u'/';
+  const QString path = QDir::fromNativeSeparators(source);
+  return path.startsWith(folder) ? path.mid(folder.size()) : path;
+}
+
+bool IsThere(const QString& name) {
+  return QFileInfo::exists(QDir(QDir::fromNativeSeparators(AppPath())).filePath(name));
+}
+
+// The sizes that are wanted of what was made before, where all of them are there.
+std::optional<CachedPicture> MadeBefore(const WebPictureCache& cache, const WebPictureTask& task,
+                                        const QList<int>& limits) {
+  const CachedPicture* known = cache.Find(task.name);
+  if (known == nullptr || known->mark != task.mark) return {};
+  CachedPicture made{known->mark, known->size, {}};
+  for (const QSize size : ReaderSizes(known->size, limits)) {
+    const CachedSize* found = known->Find(size);
+    if (found == nullptr || !cache.Has(*found)) return {};
+    made.sizes.push_back(*found);
+  }
+  return made;
+}
+
+VorlinaWebPictures ResultOf(const WebPictureTask& task) {
+  VorlinaWebPictures result{task.fault, task.made.size, task.name.toUtf8() + '|' + task.made.mark, {}};
+  if (!task.fault.isEmpty()) return result;
+  for (const CachedSize& size : task.made.sizes) {
+    const QString folder = task.folder + u'/';
+    result.pictures.append(
+        {size.size, folder + size.JpegFile(), size.webp == 0 ? QString() : folder + size.WebpFile()});
+  }
+  return result;
+}
+
+QList<int> Ascending(QList<int> limits) {
+  std::sort(limits.begin(), limits.end());
+  limits.erase(std::unique(limits.begin(), limits.end()), limits.end());
+  return limits;
+}
+
+// One call of Prepare: each file once, however often it is wanted.
+class Preparation {
+ public:
+  Preparation(const QStringList& sources, const QList<int>& limits) : limits_(Ascending(limits)) {
+    tasks_.reserve(std::size_t(sources.size()));
+    for (const QString& source : sources) {
+      const auto known = numbers_.constFind(source);
+      order_.push_back(known == numbers_.constEnd() ? tasks_.size() : *known);
+      if (known != numbers_.constEnd()) continue;
+      numbers_.insert(source, tasks_.size());
+      tasks_.push_back({source, NameOf(source), {}, false, {}, {}, {}});
+    }
+  }
+
+  // False where the report asked to stop.
+  bool Run(const std::function<bool(int)>& report, const std::function<QString()>& scratch) {
+    WebPictureCache cache(QDir::fromNativeSeparators(AppFile(WebPicturesFolder)));
+    std::vector<WebPictureTask*> missing;
+    for (std::size_t i = 0; i < tasks_.size(); ++i) {
+      if (i % LooksBetweenReports == 0 && !report(0)) return false;
+      if (!TakeFrom(cache, tasks_[i])) missing.push_back(&tasks_[i]);
+    }
+    if (!missing.empty()) {
+      const int before = int(tasks_.size() - missing.size());
+      WebPictureMaking making(std::move(missing), limits_, cache, scratch);
+      if (!making.Finish([&](int done) { return report(before + done); })) return false;
+    }
+    Tidy(cache);
+    return true;
+  }
+
+  int Count() const { return int(tasks_.size()); }
+
+  QList<VorlinaWebPictures> Results() const {
+    QList<VorlinaWebPictures> results;
+    results.reserve(qsizetype(order_.size()));
+    for (const std::size_t number : order_) results.append(ResultOf(tasks_[number]));
+    return results;
+  }
+
+ private:
+  // False where it is to be made.
+  bool TakeFrom(const WebPictureCache& cache, WebPictureTask& task) const {
+    LookAt(task);
+    std::optional<CachedPicture> made = MadeBefore(cache, task, limits_);
+    if (!made) return false;
+    task.made = std::move(*made);
+    task.folder = cache.Folder();
+    return true;
+  }
+
+  static void Tidy(WebPictureCache& cache) {
+    try {
+      cache.Tidy(IsThere);
+    } catch (const Error& error) {
+      qCWarning(publish).noquote() << error.Description();
+    }
+  }
+
+  const QList<int> limits_;
+  std::vector<WebPictureTask> tasks_;
+  std::vector<std::size_t> order_;  // the task of each source
+  QHash<QString, std::size_t> numbers_;
+};
+
+}  // namespace
+
+QList<VorlinaWebPictures> WebPictures::Prepare(const QStringList& sources, const QList<int>& sizes,
+                                               IVorlinaProgress& progress) {
+  Preparation preparation(sources, sizes);
+  const QString step = Texts::tr("Preparazione delle immagini");
+  const auto scratch = [this] {
+    if (scratch_ == nullptr) scratch_ = std::make_unique<QTemporaryDir>();
+    if (!scratch_->isValid()) throw Error(scratch_->errorString());
+    return scratch_->path();
+  };
+  const auto report = [&](int done) { return progress.Report(done, preparation.Count(), step); };
+  return preparation.Run(report, scratch) ? preparation.Results() : QList<VorlinaWebPictures>();
+}
+
+IVorlinaPictures& PicturesForReaders() {
+  static WebPictures pictures;
+  return pictures;
+}
+
+}  // namespace vorlina
