@@ -59,7 +59,7 @@ QStringList TextsOf(Connection& connection, int IDCatalogo) {
 }
 
 QString ProgramLanguage() {
-  const QString code = CodeOfLanguage(Language);
+  QString code = CodeOfLanguage(Language);
   return code.isEmpty() ? u"it"_qs : code;
 }
 

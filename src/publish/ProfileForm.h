@@ -9,6 +9,9 @@
 
 namespace vorlina {
 
+// The identifier of the profile that a catalog has at first.
+inline const QString FirstProfileIdentifier = QStringLiteral("standard");
+
 // Why a profile is not stored.
 class ProfileRefusal : public Error {
  public:

@@ -27,7 +27,6 @@ namespace {
 const QString HighlightsExtension = QStringLiteral("Vorlina.Evidenza");
 const QString DamagedExtension = QStringLiteral("Vorlina.Profili danneggiati");
 const QString ProfilesMember = QStringLiteral("profiles");
-const QString FirstIdentifier = QStringLiteral("standard");
 
 constexpr qsizetype MostProfiles = 50;
 // A picture of a profile is not published larger.
@@ -103,7 +102,7 @@ class KeptProfiles {
 
 VorlinaProfile FirstProfile() {
   VorlinaProfile profile;
-  profile.identifier = FirstIdentifier;
+  profile.identifier = FirstProfileIdentifier;
   profile.name = Texts::tr("Standard");
   return profile;
 }
@@ -233,9 +232,8 @@ std::vector<std::pair<QString, QString>> Marks(Connection& connection, int IDCat
 QList<VorlinaProfile> ReadProfiles(Connection& connection, int IDCatalogo) {
   QList<VorlinaProfile> profiles = ProfilesOr(KeptProfiles(connection, IDCatalogo));
   const QHash<QString, QStringList> highlights = Highlights(connection, IDCatalogo);
-  const QString language = LanguageOf(connection, IDCatalogo);
   for (VorlinaProfile& profile : profiles) {
-    if (profile.language.isEmpty()) profile.language = language;
+    if (profile.language.isEmpty()) profile.language = LanguageOf(connection, IDCatalogo);
     for (QString* picture : {&profile.logo, &profile.widePicture})
       if (!picture->isEmpty()) *picture = PicturePath(*picture);
     profile.highlights = highlights.value(profile.identifier);
@@ -271,7 +269,7 @@ QString StoreProfile(Connection& connection, int IDCatalogo, const VorlinaProfil
   const QSet<QString> former = kept.Pictures();
   if (stored.identifier.isEmpty()) stored.identifier = RandomMark();
   // The first one, that others come beside.
-  if (kept.All().isEmpty() && stored.identifier != FirstIdentifier) {
+  if (kept.All().isEmpty() && stored.identifier != FirstProfileIdentifier) {
     VorlinaProfile first = FirstProfile();
     first.language = LanguageOf(connection, IDCatalogo);
     kept.Put(first);

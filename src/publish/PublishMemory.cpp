@@ -4,6 +4,7 @@
 #include <QJsonObject>
 
 #include "publish/ExtensionManager.h"
+#include "publish/ProfileForm.h"
 #include "store/Connection.h"
 #include "store/Transaction.h"
 
@@ -26,13 +27,13 @@ PublishMemory RememberedPublication(Connection& connection, int IDCatalogo, cons
   const QJsonObject ofPlugin = Kept(connection, IDCatalogo)[plugin].toObject();
   PublishMemory memory;
   memory.profile = profile.isEmpty() ? ofPlugin[LastMember].toString() : profile;
-  // What a plug-in kept by itself.
-  if (ofPlugin.isEmpty()) {
+  // What a plug-in kept by itself, before there were profiles.
+  if (ofPlugin.isEmpty() && (profile.isEmpty() || profile == FirstProfileIdentifier))
     memory.target = CatalogExtension(plugin + u".Cartella"_qs, IDCatalogo, connection);
-    return memory;
-  }
+  if (ofPlugin.isEmpty()) return memory;
   const QJsonObject remembered = ofPlugin[ProfilesMember][memory.profile].toObject();
-  memory.target = remembered[u"target"].toString();
+  // A clone has the values of its original, whose target is not its own.
+  if (remembered[u"catalog"].toInt() == IDCatalogo) memory.target = remembered[u"target"].toString();
   memory.options = remembered[u"options"].toObject().toVariantMap();
   return memory;
 }
@@ -43,8 +44,10 @@ void RememberPublication(Connection& connection, int IDCatalogo, const QString& 
   QJsonObject kept = Kept(connection, IDCatalogo);
   QJsonObject ofPlugin = kept[plugin].toObject();
   QJsonObject profiles = ofPlugin[ProfilesMember].toObject();
-  profiles[publication.profile] = QJsonObject{
-      {u"target"_qs, publication.target}, {u"options"_qs, QJsonObject::fromVariantMap(publication.options)}};
+  profiles[publication.profile] =
+      QJsonObject{{u"catalog"_qs, IDCatalogo},
+                  {u"target"_qs, publication.target},
+                  {u"options"_qs, QJsonObject::fromVariantMap(publication.options)}};
   ofPlugin[LastMember] = publication.profile;
   ofPlugin[ProfilesMember] = profiles;
   kept[plugin] = ofPlugin;

@@ -15,8 +15,8 @@ struct PublishMemory {
 };
 
 // What is remembered of a catalog and a plug-in: of one profile, or of the one that was published last where
-// none is given. A profile that was never published has no target: another one's site would be replaced.
-// Nothing where it cannot be read. Throws Error.
+// none is given. A profile that was never published has no target, nor has a clone: another one's site would
+// be replaced. Nothing where it cannot be read. Throws Error.
 PublishMemory RememberedPublication(Connection& connection, int IDCatalogo, const QString& plugin,
                                     const QString& profile = {});
 

@@ -79,7 +79,7 @@ TEST_F(ProfileTest, IsReadAsItWasStoredAndKeepsWhatANewerProgramAdded) {
   dealers.filters[4] = dealers.techData = dealers.showLogo = false;
   dealers.price = 3;
   dealers.hours = u"Mon\nTue"_qs;
-  dealers.mapLink = u"http://example.org/?q=a&b"_qs;
+  dealers.mapLink = u"http://exämple.org/?q=a&b"_qs;
   dealers.sisters = {{u"fr"_qs, u"https://example.org/fr/"_qs}};
   dealers.identifier = Store(dealers);
   QJsonObject root = QJsonDocument::fromJson(Kept().toUtf8()).object();
@@ -96,7 +96,7 @@ TEST_F(ProfileTest, IsReadAsItWasStoredAndKeepsWhatANewerProgramAdded) {
   EXPECT_EQ(read.name + u'|' + read.language + u'|' + read.address + u'|' + read.accent + u'|' + read.font +
                 u'|' + read.hours + u'|' + read.mapLink + u'|' + read.sisters.value(0).address,
             u"Dealers, with prices|de|https://example.org/shop/|#a0b1c2|serif|Mon\nTue|"
-            u"http://example.org/?q=a&b|https://example.org/fr/"_qs);
+            u"http://exämple.org/?q=a&b|https://example.org/fr/"_qs);
   EXPECT_EQ(read.pictureSizes, (QList<int>{300, 800}));
   EXPECT_EQ(read.values, dealers.values);
   EXPECT_EQ(read.filters, dealers.filters);
@@ -249,12 +249,15 @@ TEST_F(ProfileTest, TheLastPublicationIsRememberedForEachPluginAndProfile) {
   };
   Keep(u"VLHTML.HTML.Cartella"_qs, u"/srv/old"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, {}), u"|/srv/old|"_qs);
+  EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"c"_qs), u"c||"_qs);
   RememberPublication(connection_, catalog_, u"VLHTML.HTML"_qs, {u"a"_qs, u"/srv/a"_qs, {{u"n"_qs, 2}}});
   RememberPublication(connection_, catalog_, u"VLHTML.HTML"_qs, {u"b"_qs, u"/srv/b"_qs, {}});
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, {}), u"b|/srv/b|"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"a"_qs), u"a|/srv/a|2"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"c"_qs), u"c||"_qs) << "another profile's site would be replaced";
   EXPECT_EQ(remembered(u"Other.One"_qs, {}), u"||"_qs);
+  const int clone = CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {});
+  EXPECT_EQ(RememberedPublication(connection_, clone, u"VLHTML.HTML"_qs, u"a"_qs).target, QString());
   Keep(u"Vorlina.Pubblicazione"_qs, u"{damaged"_qs);
   EXPECT_EQ(remembered(u"Other.One"_qs, {}), u"||"_qs);
 }
