@@ -4,11 +4,15 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <atomic>
 
 #include "Crew.h"
 #include "PageMark.h"
+#include "PublicationRecord.h"
 #include "PublishError.h"
+#include "Staging.h"
 #include "TargetFolder.h"
+#include "TargetMemory.h"
 
 namespace publishing {
 namespace {
@@ -16,6 +20,8 @@ namespace {
 QString Told(bool italian, const char* italianText, const char* englishText) {
   return QString::fromUtf8(italian ? italianText : englishText);
 }
+
+QString Name(const QByteArray& digest) { return QString::fromLatin1(digest.toHex()); }
 
 // The target, when it is a folder to publish into.
 QString Checked(const QString& target, IVorlinaConnection& connection, bool italian) {
@@ -25,152 +31,239 @@ QString Checked(const QString& target, IVorlinaConnection& connection, bool ital
 
 }  // namespace
 
-Publication::Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)
-    : connection_(connection),
-      target_(Checked(job.target, connection, italian)),
-      italian_(italian),
-      preview_(job.preview),
-      staging_(target_, italian),
-      key_(connection, job.IDCatalogo) {}
+class Publication::Work {
+ public:
+  enum class Kind { Page, Copy, Made };
+  struct File {
+    Kind kind = Kind::Page;
+    QString name;
+    QByteArray input;  // digest of what it is made from
+    std::size_t page = 0;
+    QString source;  // of a copy
+    std::function<QByteArray()> make;
+    QStringList files;  // that came with a page
+  };
 
-bool Publication::MayGoOn(const MayReplace& ask) const {
+  Work(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)
+      : connection_(connection),
+        job_(job),
+        italian_(italian),
+        staging_(Checked(job.target, connection, italian), italian),
+        key_(connection, job.IDCatalogo) {}
+
+  bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
+  bool MayGoOn(const MayReplace& ask);
+  File& Add(Kind kind, const QString& name, const QByteArray& input);
+  void AddPage(const QString& name, std::size_t page);
+  VorlinaReport Make(const QString& title, const NewPageMaker& newMaker, IVorlinaProgress& progress);
+  void Remember(const VorlinaReport& report);
+
+  int pictures = 0;
+
+ private:
+  QByteArray HiddenInput(const File& file, PageMaker& maker) const;
+  bool IsCurrent(const File& file) const;
+  ManifestEntry MakeFile(const File& file, PageMaker& maker);
+  bool MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress);
+  void Count(VorlinaReport& report);
+
+  IVorlinaConnection& connection_;
+  const VorlinaJob& job_;
+  bool italian_;
+  Staging staging_;
+  const Manifest* former_ = nullptr;
+  SiteKey key_;
+  std::vector<File> files_;
+  std::size_t lastPage_ = 0;
+  int pages_ = 0;
+  std::vector<std::optional<ManifestEntry>> made_;  // the entries of those files that came anew
+  std::atomic<bool> writes_{false};
+  QStringList changes_;  // files that came anew, and that went
+  Manifest coming_;
+
+  QString recordFile_;  // empty where nothing is to be remembered
+  QByteArray inputs_;
+  TargetState before_;
+  TargetState::Proven proven_;
+};
+
+bool Publication::Work::IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report) {
+  if (job_.preview) return false;
+  const QString database = connection_.DataSource();
+  const QString target = QDir::cleanPath(QFileInfo(job_.target).absoluteFilePath());
+  recordFile_ =
+      QFileInfo(database).absolutePath() +
+      QStringLiteral("/PubWiz/%1/Published/%2").arg(inputs.plugin, Name(key_.Digest(target.toUtf8())));
+  inputs_ = DigestOf(inputs, database, job_);
+  const auto record = PublicationRecord::Read(recordFile_);
+  before_ = TargetState(job_.target,
+                        record ? record->folders : Manifest::Folders(staging_.Former().entries.keys()));
+  if (record) proven_ = before_.ProvenBy(*record);
+  if (!proven_.IsAll() || inputs_.isEmpty() || inputs_ != record->inputs) return false;
+  report = record->report;
+  return true;
+}
+
+bool Publication::Work::MayGoOn(const MayReplace& ask) {
   const Manifest& former = staging_.Former();
   if (former.entries.isEmpty()) {
-    RequireNoOtherSite(target_, italian_);
+    RequireNoOtherSite(job_.target, italian_);
     return true;
   }
   if (former.site == key_.Site()) return true;
   if (ask) return ask(former.title);
   throw About(
-      target_, italian_,
+      job_.target, italian_,
       QStringLiteral("La cartella %1 contiene il sito di un altro catalogo. Scegliere un'altra cartella; "
                      "per sostituirlo, pubblicare dal programma Vorlina."),
       QStringLiteral("The folder %1 holds the site of another catalog. Choose another folder; to replace "
                      "it, publish from the program Vorlina."));
 }
 
-Publication::File& Publication::Add(Kind kind, const QString& name, const QByteArray& input) {
+Publication::Work::File& Publication::Work::Add(Kind kind, const QString& name, const QByteArray& input) {
   if (kind != Kind::Page && !files_.empty()) files_[lastPage_].files += name;
   return files_.emplace_back(File{kind, name, input, 0, {}, {}, {}});
 }
 
-void Publication::AddPage(const QString& file, std::size_t page) {
+void Publication::Work::AddPage(const QString& name, std::size_t page) {
   // Where the first page is lost together with the list of files, the second still tells what came with it.
   QStringList told = pages_++ == 1 ? files_[lastPage_].files : QStringList();
   lastPage_ = files_.size();
-  File& added = Add(Kind::Page, file, {});
+  File& added = Add(Kind::Page, name, {});
   added.page = page;
   added.files = std::move(told);
 }
 
-void Publication::AddCopy(const QString& file, const QString& source, const QByteArray& stamp) {
-  Add(Kind::Copy, file, stamp).source = source;
-}
-
-void Publication::AddPicture(const QString& file, const QString& source, const QByteArray& stamp) {
-  ++pictures_;
-  AddCopy(file, source, stamp);
-}
-
-void Publication::AddMade(const QString& file, const QByteArray& stamp, std::function<QByteArray()> make) {
-  Add(Kind::Made, file, stamp).make = std::move(make);
-}
-
 // The list of files is public, and what they were made from is not.
-QByteArray Publication::HiddenInput(const File& file, PageMaker& maker) const {
+QByteArray Publication::Work::HiddenInput(const File& file, PageMaker& maker) const {
   const QByteArray input = file.kind == Kind::Page ? maker.LookAt(file.page) : file.input;
   return key_.Digest(key_.Site() + input + '|' + file.files.join(u'|').toUtf8());
 }
 
-// Finds the files that are not what they would be made to be. False when the report asked to stop.
-bool Publication::Compare(const NewPageMaker& newMaker, const Progress& report,
-                          std::vector<const File*>& pending) {
-  std::vector<char> current(files_.size(), 0);
-  const auto begin = [&]() -> Work {
-    return [&, maker = std::shared_ptr<PageMaker>(newMaker())](std::size_t i) {
-      files_[i].input = HiddenInput(files_[i], *maker);
-      current[i] = staging_.IsCurrent(files_[i].name, files_[i].input);
-    };
-  };
-  if (!DoTogether(files_.size(), begin, report)) return false;
-  for (std::size_t i = 0; i < files_.size(); ++i)
-    if (current[i] == 0) pending.push_back(&files_[i]);
-  return true;
+bool Publication::Work::IsCurrent(const File& file) const {
+  const auto& former = former_->entries;
+  const auto entry = former.constFind(file.name);
+  if (entry == former.constEnd() || entry->input != file.input) return false;
+  return proven_.Has(file.name) || staging_.IsAsIn(file.name, *entry);
 }
 
-ManifestEntry Publication::MakeFile(const File& file, PageMaker& maker) const {
+ManifestEntry Publication::Work::MakeFile(const File& file, PageMaker& maker) {
+  writes_ = true;
+  staging_.MakeRoom(file.name);
   if (file.kind == Kind::Copy) return staging_.Copy(file.name, file.source, file.input);
   if (file.kind == Kind::Made) return staging_.Write(file.name, file.make().toStdString(), file.input);
-  maker.LookAt(file.page);
   std::string page = maker.Make();
   page += PageMark{key_.Site(), file.files}.ToText(page);
   return staging_.Write(file.name, page, file.input);
 }
 
-// Makes these files in the staging folder and enters them into the manifest. False when the report asked to
-// stop.
-bool Publication::MakeFiles(const std::vector<const File*>& pending, const NewPageMaker& newMaker,
-                            Manifest& coming, const Progress& report) {
-  QStringList made;
-  for (const File* file : pending) made += file->name;
-  staging_.Begin(made);
-  std::vector<ManifestEntry> entries(pending.size());
-  const auto begin = [&]() -> Work {
-    return [&, maker = std::shared_ptr<PageMaker>(newMaker())](std::size_t i) {
-      entries[i] = MakeFile(*pending[i], *maker);
+// Makes the files that are not what they would be made to be. False when the progress asked to stop.
+bool Publication::Work::MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress) {
+  made_.resize(files_.size());
+  const auto begin = [&]() -> publishing::Work {
+    return [this, maker = std::shared_ptr<PageMaker>(newMaker())](std::size_t i) {
+      files_[i].input = HiddenInput(files_[i], *maker);
+      if (!IsCurrent(files_[i])) made_[i] = MakeFile(files_[i], *maker);
     };
   };
-  if (!DoTogether(pending.size(), begin, report)) return false;
-  for (std::size_t i = 0; i < entries.size(); ++i) coming.entries.insert(made[qsizetype(i)], entries[i]);
-  report(int(pending.size()));
+  const QString comparing = Told(italian_, "Confronto con il sito", "Comparing with the site");
+  const QString writing = Told(italian_, "Scrittura delle pagine", "Writing the pages");
+  const auto report = [&](int done) {
+    return progress.Report(done, int(files_.size()), writes_ ? writing : comparing);
+  };
+  if (!DoTogether(files_.size(), begin, report)) return false;
+  report(int(files_.size()));
   return true;
 }
 
-void Publication::Count(const std::vector<const File*>& pending, const Manifest& coming,
-                        VorlinaReport& report) const {
-  const auto& former = staging_.Former().entries;
-  const auto was = [&](const QString& name) {
-    const auto entry = former.constFind(name);
-    return entry != former.constEnd() && !entry->IsLeftOver();
-  };
-  for (const File* file : pending) was(file->name) ? ++report.changed : ++report.added;
+// Settles what will be there, and tells what it is against what was.
+void Publication::Work::Count(VorlinaReport& report) {
+  const auto& former = former_->entries;
+  coming_.entries.reserve(qsizetype(files_.size()));
+  for (std::size_t i = 0; i < files_.size(); ++i) {
+    const QString& name = files_[i].name;
+    const auto was = former.constFind(name);
+    if (made_[i]) {
+      was != former.constEnd() && !was->IsLeftOver() ? ++report.changed : ++report.added;
+      changes_ += name;
+    }
+    const ManifestEntry entry = made_[i] ? *made_[i] : *was;
+    report.bytes += entry.file.size;
+    coming_.entries.insert(name, entry);
+  }
   for (auto entry = former.cbegin(); entry != former.cend(); ++entry)
-    report.removed += was(entry.key()) && !coming.entries.contains(entry.key()) ? 1 : 0;
-  for (const ManifestEntry& entry : coming.entries) report.bytes += entry.file.size;
+    if (!coming_.entries.contains(entry.key())) {
+      report.removed += entry->IsLeftOver() ? 0 : 1;
+      changes_ += entry.key();
+    }
 }
 
-VorlinaReport Publication::Make(const QString& title, const NewPageMaker& newMaker,
-                                IVorlinaProgress& progress) {
+VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& newMaker,
+                                      IVorlinaProgress& progress) {
+  former_ = &staging_.Former();
   VorlinaReport report;
   report.pages = pages_;
-  report.pictures = pictures_;
-  const auto telling = [&](std::size_t total, const QString& step) -> Progress {
-    return [&progress, step, total](int done) { return progress.Report(done, int(total), step); };
-  };
-  std::vector<const File*> pending;
-  const QString comparing = IsAgain() ? Told(italian_, "Confronto con il sito", "Comparing with the site")
-                                      : Told(italian_, "Lettura del catalogo", "Reading the catalog");
-  if (!Compare(newMaker, telling(files_.size(), comparing), pending)) return report;
-  Manifest coming;
-  coming.entries.reserve(qsizetype(files_.size()));
-  coming.site = key_.Site();
-  coming.title = title;
-  for (const File& file : files_)
-    coming.entries.insert(file.name, staging_.Former().entries.value(file.name));
-  if (!pending.empty() || coming.entries.size() != staging_.Former().entries.size()) {
-    if (!preview_) key_.Keep(connection_);
-    const QString writing = Told(italian_, "Scrittura delle pagine", "Writing the pages");
-    if (!MakeFiles(pending, newMaker, coming, telling(pending.size(), writing))) return report;
+  report.pictures = pictures;
+  // The key comes first: what is known by it must never be without it.
+  if (!job_.preview) key_.Keep(connection_);
+  if (!MakeFiles(newMaker, progress)) return report;
+  coming_.site = key_.Site();
+  coming_.title = title;
+  Count(report);
+  if (!changes_.isEmpty()) {
     const QString left = Told(italian_, "%1 non si è potuto eliminare; la prossima pubblicazione riproverà",
                               "%1 could not be deleted; the next publication will try again");
-    Count(pending, coming, report);
-    for (const QString& file : staging_.Swap(coming))
+    for (const QString& file : staging_.Swap(coming_)) {
+      inputs_.clear();
       report.notes += {VorlinaNote::Kind::Other, {}, left.arg(QDir::toNativeSeparators(file))};
-  } else {
-    Count(pending, coming, report);
+    }
   }
   report.complete = true;
   return report;
 }
+
+void Publication::Work::Remember(const VorlinaReport& report) {
+  if (recordFile_.isEmpty() || job_.preview || !report.complete) return;
+  PublicationRecord record;
+  record.start = StartOfComputer();
+  record.folders = Manifest::Folders(coming_.entries.keys());
+  record.inputs = inputs_;
+  record.report = report;
+  record.report.added = record.report.changed = record.report.removed = 0;
+  if (TargetState(job_.target, record.folders).Enter(record, before_, changes_)) record.Write(recordFile_);
+}
+
+Publication::Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)
+    : work_(std::make_unique<Work>(connection, job, italian)) {}
+
+Publication::~Publication() = default;
+
+bool Publication::IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report) {
+  return work_->IsAsBefore(inputs, report);
+}
+
+bool Publication::MayGoOn(const MayReplace& ask) { return work_->MayGoOn(ask); }
+
+void Publication::AddPage(const QString& file, std::size_t page) { work_->AddPage(file, page); }
+
+void Publication::AddCopy(const QString& file, const QString& source, const QByteArray& stamp) {
+  work_->Add(Work::Kind::Copy, file, stamp).source = source;
+}
+
+void Publication::AddPicture(const QString& file, const QString& source, const QByteArray& stamp) {
+  ++work_->pictures;
+  AddCopy(file, source, stamp);
+}
+
+void Publication::AddMade(const QString& file, const QByteArray& stamp, std::function<QByteArray()> make) {
+  work_->Add(Work::Kind::Made, file, stamp).make = std::move(make);
+}
+
+VorlinaReport Publication::Make(const QString& title, const NewPageMaker& newMaker,
+                                IVorlinaProgress& progress) {
+  return work_->Make(title, newMaker, progress);
+}
+
+void Publication::Remember(const VorlinaReport& report) { work_->Remember(report); }
 
 }  // namespace publishing

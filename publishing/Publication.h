@@ -22,8 +22,7 @@
 #include <string>
 #include <vector>
 
-#include "Staging.h"
-#include "TargetMemory.h"
+#include "PublicationInputs.h"
 
 class IVorlinaConnection;
 class IVorlinaProgress;
@@ -50,12 +49,17 @@ class Publication {
   // Throws std::runtime_error for a folder that nothing may be published into: one of the program's or of
   // somebody else, and one that is being published into.
   Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian);
+  ~Publication();
+  Publication(const Publication&) = delete;
+  Publication& operator=(const Publication&) = delete;
 
+  // Whether all that it is made from, and what it made of that last time, is as it was then: the report is
+  // that of last time, with no change, and there is nothing to do. To be asked before what it is made from
+  // is read; not for a preview. It is true only after a publication that was remembered.
+  bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
   // Whether the folder may have this catalog; to be asked before anything is reported or made. Throws for one
   // of another catalog where nobody can be asked.
-  bool MayGoOn(const MayReplace& ask) const;
-  // Whether something was published there before.
-  bool IsAgain() const { return !staging_.Former().entries.isEmpty(); }
+  bool MayGoOn(const MayReplace& ask);
 
   // A page, which the maker knows by this number. What is added before the next one comes with it.
   void AddPage(const QString& file, std::size_t page);
@@ -70,35 +74,12 @@ class Publication {
   // could not be deleted; it is not complete where the progress asked to stop.
   VorlinaReport Make(const QString& title, const NewPageMaker& newMaker, IVorlinaProgress& progress);
 
+  // Keeps the whole report, with which the next publication can end early.
+  void Remember(const VorlinaReport& report);
+
  private:
-  enum class Kind { Page, Copy, Made };
-  struct File {
-    Kind kind = Kind::Page;
-    QString name;
-    QByteArray input;  // digest of what it is made from
-    std::size_t page = 0;
-    QString source;  // of a copy
-    std::function<QByteArray()> make;
-    QStringList files;  // that came with a page
-  };
-  using Progress = std::function<bool(int)>;
-
-  File& Add(Kind kind, const QString& name, const QByteArray& input);
-  QByteArray HiddenInput(const File& file, PageMaker& maker) const;
-  bool Compare(const NewPageMaker& newMaker, const Progress& report, std::vector<const File*>& pending);
-  bool MakeFiles(const std::vector<const File*>& pending, const NewPageMaker& newMaker, Manifest& coming,
-                 const Progress& report);
-  ManifestEntry MakeFile(const File& file, PageMaker& maker) const;
-  void Count(const std::vector<const File*>& pending, const Manifest& coming, VorlinaReport& report) const;
-
-  IVorlinaConnection& connection_;
-  QString target_;
-  bool italian_, preview_;
-  Staging staging_;
-  SiteKey key_;
-  std::vector<File> files_;
-  std::size_t lastPage_ = 0;
-  int pages_ = 0, pictures_ = 0;
+  class Work;
+  std::unique_ptr<Work> work_;
 };
 
 }  // namespace publishing

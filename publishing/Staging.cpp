@@ -67,7 +67,11 @@ Staging::Staging(const QString& target, bool italian)
   Recover(beside_);
   Recover(inside_);
   QDir().rmdir(QString(target_ + ProbeName));
-  former_ = Manifest::OfFolder(target_);
+}
+
+const Manifest& Staging::Former() {
+  if (!former_) former_ = Manifest::OfFolder(target_);
+  return *former_;
 }
 
 Staging::~Staging() {
@@ -86,23 +90,34 @@ void Staging::Recover(const QString& place) {
   Discard(place);
 }
 
-bool Staging::IsCurrent(const QString& file, const QByteArray& input) const {
-  const auto entry = former_.entries.constFind(file);
-  return entry != former_.entries.constEnd() && entry->input == input &&
-         FingerprintOf(target_ + u'/' + file) == entry->file;
+bool Staging::IsAsIn(const QString& file, const ManifestEntry& entry) const {
+  return FingerprintOf(target_ + u'/' + file) == entry.file;
 }
 
-void Staging::RequireRoom(const QStringList& files, const QStringList& folders) const {
+void Staging::RequireRoom(const QString& file) const {
   if (folder_.WasMade()) return;
-  for (const QString& file : files) {
-    const QFileInfo place(target_ + u'/' + file);
-    const bool taken = place.exists() || place.isSymLink();
-    if (taken && (place.isDir() || !former_.entries.contains(file)))
-      throw NotOurs(place.filePath(), italian_);
+  const QFileInfo place(target_ + u'/' + file);
+  const bool taken = place.exists() || place.isSymLink();
+  if (taken && (place.isDir() || !former_->entries.contains(file))) throw NotOurs(place.filePath(), italian_);
+}
+
+void Staging::MakeRoom(const QString& file) {
+  RequireRoom(file);
+  const QString folder = file.left(std::max<qsizetype>(file.lastIndexOf(u'/'), 0));
+  const std::lock_guard lock(mutex_);
+  if (staging_.isEmpty()) ChoosePlace();
+  if (!folders_.contains(folder)) MakeFolder(folder);
+}
+
+void Staging::MakeFolder(const QString& name) {
+  for (const QString& folder : Manifest::Folders({QString(name + QStringLiteral("/x"))})) {
+    const QFileInfo place(target_ + u'/' + folder);
+    if (place.exists() && !place.isDir()) throw NotOurs(place.filePath(), italian_);
+    const std::error_code failure = place.isDir() ? Probe(place.filePath()) : std::error_code();
+    if (failure) throw CannotWrite(place.filePath(), failure, italian_);
+    QDir().mkpath(SiteSwap::NewFiles(staging_) + u'/' + folder);
   }
-  for (const QString& folder : folders)
-    if (const QFileInfo place(target_ + u'/' + folder); place.exists() && !place.isDir())
-      throw NotOurs(place.filePath(), italian_);
+  folders_.insert(name);
 }
 
 // Something is moved into the folder and taken away again.
@@ -128,18 +143,6 @@ void Staging::ChoosePlace() {
     Discard(staging_);
   }
   throw CannotWrite(target_, failure, italian_);
-}
-
-void Staging::Begin(const QStringList& files) {
-  const QStringList folders = Manifest::Folders(files);
-  RequireRoom(files, folders);
-  ChoosePlace();
-  for (const QString& folder : folders) {
-    const QString place = target_ + u'/' + folder;
-    const std::error_code failure = QFileInfo(place).isDir() ? Probe(place) : std::error_code();
-    if (failure) throw CannotWrite(place, failure, italian_);
-    QDir().mkpath(SiteSwap::NewFiles(staging_) + u'/' + folder);
-  }
 }
 
 ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArray& input) const {
@@ -196,10 +199,11 @@ bool Staging::SwapWhole(const Manifest& coming) {
 }
 
 QStringList Staging::Swap(const Manifest& coming) {
+  if (staging_.isEmpty()) ChoosePlace();
   if (SwapWhole(coming)) return {};
   SiteSwap swap(target_, staging_, italian_);
-  swap.Begin(former_, coming);
-  return swap.Run(former_, coming);
+  swap.Begin(Former(), coming);
+  return swap.Run(Former(), coming);
 }
 
 }  // namespace publishing

@@ -6,6 +6,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <mutex>
+#include <optional>
+#include <set>
 #include <system_error>
 
 #include "FolderLock.h"
@@ -39,13 +42,14 @@ class Staging {
   Staging(const Staging&) = delete;
   Staging& operator=(const Staging&) = delete;
 
-  // The files that the target has from earlier runs.
-  const Manifest& Former() const { return former_; }
-  // Whether the target's file is still the one that was made from this input.
-  bool IsCurrent(const QString& file, const QByteArray& input) const;
-  // Makes the staging folder for these files, those of the site that come anew. Throws when one of them would
-  // take the place of something that is not ours, or could not be put in place later.
-  void Begin(const QStringList& files);
+  // The files that the target has from earlier runs. Read when it is asked for first.
+  const Manifest& Former();
+  // Whether the target's file of this entry is still what it was.
+  bool IsAsIn(const QString& file, const ManifestEntry& entry) const;
+  // Makes room in the staging folder for a file of the site that comes anew; may be called on several
+  // threads, when the former files were read. Throws when it would take the place of something that is not
+  // ours, or could not be put in place later.
+  void MakeRoom(const QString& file);
 
   // Writes or copies a file into the staging folder and checks its size; may be called on several threads,
   // each file once. The entry for the manifest is returned. Throws std::runtime_error.
@@ -58,7 +62,8 @@ class Staging {
 
  private:
   void Recover(const QString& place);
-  void RequireRoom(const QStringList& files, const QStringList& folders) const;
+  void RequireRoom(const QString& file) const;
+  void MakeFolder(const QString& name);
   void ChoosePlace();
   std::error_code Probe(const QString& folder) const;
   bool SwapWhole(const Manifest& coming);
@@ -70,7 +75,9 @@ class Staging {
   MadeFolder folder_;
   QString beside_, inside_;  // where the staging folder can be
   QString staging_;          // where it is; empty until begun
-  Manifest former_;
+  std::optional<Manifest> former_;
+  std::mutex mutex_;
+  std::set<QString> folders_;  // in which there is room
 };
 
 }  // namespace publishing

@@ -30,6 +30,7 @@ QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QS
 
 void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
                      const QString& value) {
+  if (KeptWithCatalog(connection, IDCatalogo, name) == value && !value.isEmpty()) return;
   connection.BeginTrans();
   try {
     connection.Execute(

@@ -65,18 +65,26 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   const bool italian = host_.language == u"Italian";
   const Languages languages{italian, job.profile.language == u"it"};
   Publication publication(connection, job, italian);
+  const QString application = QFileInfo(connection.DataSource()).absolutePath();
+  const QString skinFolder = skin_.isEmpty() ? CurrentSkin(SiteSkin(), host_) : skin_;
+  VorlinaReport report;
+  if (publication.IsAsBefore({SiteSkin().plugin,
+                              {},
+                              {application + QStringLiteral("/Images"), skinFolder},
+                              (host_.language + skinFolder).toUtf8()},
+                             report))
+    return report;
   const auto ask = [&](const QString& title) { return MayReplace(title, job.target); };
   if (!publication.MayGoOn(host_.ui != nullptr ? vlhtml::MayReplace(ask) : vlhtml::MayReplace())) return {};
   if (!progress.Report(
           0, 1, italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog")))
     return {};
   CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
-  const QString images = QFileInfo(connection.DataSource()).absolutePath() + QStringLiteral("/Images");
+  const QString images = application + QStringLiteral("/Images");
   // The files are looked at while the longest table is read.
   auto planned = std::async([&] { return SitePlan(catalog, images, languages); });
   ReadFeatures(connection, job, catalog);
   const SitePlan plan = planned.get();
-  const QString skinFolder = skin_.isEmpty() ? CurrentSkin(SiteSkin(), host_) : skin_;
   const Skin skin(skinFolder, SiteSkin(), italian);
   const PageData data(plan, skin, languages.siteItalian);
   const std::vector<Page> pages = AddFiles(plan, skin, publication);
@@ -84,11 +92,12 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
                               [&](std::size_t page) { return std::size_t(pages[page].kind); },
                               [&](Fields& fields, std::size_t page) { data.TellPage(fields, pages[page]); }});
   const QString title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
-  VorlinaReport report = publication.Make(title, made.Maker(), progress);
+  report = publication.Make(title, made.Maker(), progress);
   if (!report.complete) return report;
   report.notes += catalog.notes;
   for (const QString& warning : plan.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
   report.open += job.target + QStringLiteral("/index.html");
+  publication.Remember(report);
   return report;
 }
 

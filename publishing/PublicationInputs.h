@@ -1,0 +1,23 @@
+// What a publication is made from, and whether it is as it was, told without reading it.
+#pragma once
+
+#include <VorlinaJob.h>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace publishing {
+
+// All that a publication is made from, but for the job and the database.
+struct PublicationInputs {
+  QString plugin;       // its identifier: in its folder the publication is remembered
+  QStringList files;    // full paths
+  QStringList folders;  // likewise, with what lies in them; folders in them are told on their own
+  QByteArray others;    // whatever else
+};
+
+// Empty where something was written so lately that it can be written again without a sign.
+QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, const VorlinaJob& job);
+
+}  // namespace publishing

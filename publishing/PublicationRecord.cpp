@@ -1,0 +1,135 @@
+#include "PublicationRecord.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <algorithm>
+#include <unordered_set>
+
+#include "Fingerprint.h"
+#include "Manifest.h"
+
+namespace publishing {
+namespace {
+
+constexpr quint32 Format = 1;
+
+std::uint64_t FingerprintOfBytes(const QByteArray& bytes) {
+  return Fingerprint({bytes.constData(), std::size_t(bytes.size())});
+}
+
+std::uint64_t HashOf(const QString& file) { return Fingerprint(file.toStdString()); }
+
+StateSum ProvenOf(const std::vector<FileState>& files, FileTime looked) {
+  StateSum sum;
+  for (const FileState& file : files)
+    if (file.time < LastProven(looked)) sum.Add(file);
+  return sum;
+}
+
+QDataStream& operator<<(QDataStream& stream, const VorlinaReport& report) {
+  stream << report.pages << report.pictures << report.bytes << report.open << qint32(report.notes.size());
+  for (const VorlinaNote& note : report.notes) stream << qint32(note.kind) << note.product << note.text;
+  return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, VorlinaReport& report) {
+  qint32 notes = 0;
+  stream >> report.pages >> report.pictures >> report.bytes >> report.open >> notes;
+  for (qint32 i = 0; i < notes && stream.status() == QDataStream::Ok; ++i) {
+    qint32 kind = 0;
+    VorlinaNote note;
+    stream >> kind >> note.product >> note.text;
+    note.kind = VorlinaNote::Kind(kind);
+    report.notes += note;
+  }
+  return stream;
+}
+
+}  // namespace
+
+std::optional<PublicationRecord> PublicationRecord::Read(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QByteArray all = file.readAll();
+  QDataStream head(all);
+  quint32 format = 0;
+  quint64 digest = 0;
+  QByteArray content;
+  head >> format >> digest >> content;
+  if (head.status() != QDataStream::Ok || format != Format || digest != FingerprintOfBytes(content))
+    return {};
+  PublicationRecord record;
+  QDataStream stream(content);
+  qint64 looked = 0;
+  quint64 list = 0, count = 0, sum = 0, young = 0;
+  stream >> record.start >> looked >> record.folders >> list >> count >> sum >> young >> record.inputs >>
+      record.report;
+  record.looked = looked;
+  record.report.complete = true;
+  record.list = list;
+  record.proven = {count, sum};
+  record.young = young;
+  if (stream.status() != QDataStream::Ok) return {};
+  return record;
+}
+
+// It is not brought to the disk: one that a power failure damages tells so.
+void PublicationRecord::Write(const QString& path) const {
+  QByteArray content, all;
+  QDataStream stream(&content, QIODevice::WriteOnly);
+  stream << start << qint64(looked) << folders << quint64(list) << quint64(proven.count)
+         << quint64(proven.sum) << quint64(young) << inputs << report;
+  QDataStream head(&all, QIODevice::WriteOnly);
+  head << Format << quint64(FingerprintOfBytes(content)) << content;
+  QDir().mkpath(QFileInfo(path).path());
+  QFile file(path);
+  if (file.open(QIODevice::WriteOnly)) file.write(all);
+}
+
+TargetState::TargetState(const QString& target, const QStringList& folders) : looked_(Now()) {
+  const std::string list = Manifest::FileName().toStdString();
+  known_ = StatesIn(target, folders, [&](const FileState& file, std::string_view path) {
+    if (path == list)
+      list_ = file.state;
+    else
+      files_.push_back(file);
+  });
+}
+
+TargetState::Proven TargetState::ProvenBy(const PublicationRecord& record) const {
+  Proven proven;
+  if (!known_ || list_ == 0 || list_ != record.list || record.start != StartOfComputer() ||
+      !(ProvenOf(files_, record.looked) == record.proven))
+    return proven;
+  for (const FileState& file : files_)
+    if (file.time < LastProven(record.looked)) proven.names_.push_back(file.name);
+  std::sort(proven.names_.begin(), proven.names_.end());
+  proven.isAll_ = record.young == 0 && proven.names_.size() == files_.size();
+  return proven;
+}
+
+bool TargetState::Proven::Has(const QString& file) const {
+  return std::binary_search(names_.begin(), names_.end(), HashOf(file));
+}
+
+bool TargetState::Enter(PublicationRecord& record, const TargetState& before, const QStringList& made) const {
+  std::unordered_set<std::uint64_t> anew;
+  for (const QString& file : made) anew.insert(HashOf(file));
+  const auto others = [&](const TargetState& state) {
+    StateSum sum;
+    for (const FileState& file : state.files_)
+      if (!anew.contains(file.name)) sum.Add(file);
+    return sum;
+  };
+  if (!known_ || !before.known_ || !(others(*this) == others(before))) return false;
+  record.looked = looked_;
+  record.list = list_;
+  record.proven = ProvenOf(files_, looked_);
+  record.young = files_.size() - record.proven.count;
+  return true;
+}
+
+}  // namespace publishing
