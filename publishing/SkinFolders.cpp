@@ -70,8 +70,8 @@ void Move(const QString& from, const QString& to, bool italian) {
   throw std::runtime_error(text.toStdString());
 }
 
-void RefuseArchive(bool italian, vorlina::ZipFault fault, const QString& told) {
-  using vorlina::ZipFault;
+void RefuseArchive(bool italian, files::ZipFault fault, const QString& told) {
+  using files::ZipFault;
   const QString name = told.left(250).simplified();  // or the box could be higher than any screen
   switch (fault) {
     case ZipFault::NoFile:
@@ -105,11 +105,11 @@ bool IsOfTheSystem(const QString& part) {
 
 // Writes a file of an archive into the folder that it is unpacked to. What is hidden would be no part of a
 // site, which who packed it is to know.
-void TakeFile(vorlina::ZipEntry& entry, const QString& folder, bool italian) {
+void TakeFile(files::ZipEntry& entry, const QString& folder, bool italian) {
   const QStringList parts = entry.name.split(u'/');
   if (std::any_of(parts.begin(), parts.end(), IsOfTheSystem)) return;
   if (std::any_of(parts.begin(), parts.end(), [](const QString& part) { return part.startsWith(u'.'); }))
-    RefuseArchive(italian, vorlina::ZipFault::BadName, entry.name);
+    RefuseArchive(italian, files::ZipFault::BadName, entry.name);
   QFile file(folder + u'/' + entry.name);
   QDir().mkpath(QFileInfo(file).path());
   bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
@@ -128,10 +128,10 @@ void LiftSingleFolder(const QString& folder) {
 
 void Unpack(const QString& archive, const QString& folder, bool italian) {
   QDir().mkpath(folder);
-  vorlina::ReadZip(
-      archive, vorlina::ForeignZip,
-      [&](vorlina::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
-      [&](vorlina::ZipEntry& entry) { TakeFile(entry, folder, italian); });
+  files::ReadZip(
+      archive, files::ForeignZip,
+      [&](files::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
+      [&](files::ZipEntry& entry) { TakeFile(entry, folder, italian); });
   LiftSingleFolder(folder);
 }
 

@@ -1,45 +1,15 @@
 #include "base/SafeFile.h"
 
 #include <QDir>
-#include <QDirIterator>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <QSet>
-#include <QThread>
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <system_error>
 
 #include "base/Texts.h"
-
-#ifdef Q_OS_LINUX
-#include <linux/fs.h>
-#include <sys/ioctl.h>
-#endif
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#else
-#include <io.h>
-#endif
 
 namespace vorlina {
 namespace {
 
-[[noreturn]] void FailReading(const QFile& file, const QString& reason) {
-  throw Error(
-      Texts::tr("Impossibile leggere il file %1: %2").arg(QDir::toNativeSeparators(file.fileName()), reason));
-}
-
-// Why, as far as the file knows: of a write that succeeded in part it knows nothing.
-QString ReasonOf(const QFileDevice& file) {
-  return file.error() == QFileDevice::NoError ? QString() : file.errorString();
-}
-
-QString ReasonOf(int cause) {
-  return cause != 0 ? qt_error_string(cause) : Texts::tr("ne è stata scritta solo una parte");
-}
+using Fault = files::FileError::Fault;
 
 QString FullDiskText(int cause) {
   // A limit on the size of files, the user's own or that of an old file system, looks like a full disk too.
@@ -50,59 +20,28 @@ QString FullDiskText(int cause) {
   return Texts::tr("Impossibile scrivere %1: il disco è pieno. Liberare spazio e riprovare.");
 }
 
-#ifndef Q_OS_LINUX
-bool SyncFile(QFile& file) {
-#ifdef Q_OS_WIN
-  return ::_commit(file.handle()) == 0;
-#else
-  return ::fsync(file.handle()) == 0;
-#endif
-}
-#endif
-
-bool Commit(QSaveFile& file) {
-#ifdef Q_OS_WIN
-  // A virus scanner may hold the former file for a moment.
-  for (int i = 0; i < 20; ++i) {
-    if (file.commit()) return true;
-    QThread::msleep(100);
+[[noreturn]] void Tell(const files::FileError& error) {
+  const QString path = QDir::toNativeSeparators(error.Path());
+  switch (error.What()) {
+    case Fault::NotRead:
+      throw Error(Texts::tr("Impossibile leggere il file %1: %2").arg(path, error.Reason()));
+    case Fault::NoFile:
+      throw Error(Texts::tr("Impossibile leggere il file %1: %2").arg(path, Texts::tr("non è un file")));
+    case Fault::NoFolder:
+      if (MeansFullDisk(error.Cause())) throw DiskFullError(error.Path(), error.Cause());
+      throw Error(Texts::tr("Impossibile creare la cartella %1").arg(path));
+    case Fault::NotWritten:
+      break;
   }
-  return false;
-#else
-  return file.commit();
-#endif
+  FailWriting(error.Path(), error.Cause(), error.Reason());
 }
 
-// False for devices, pipes and folders: opening a pipe waits for somebody to write into it.
-bool IsFileOrMissing(const QString& path) {
-  const QFileInfo file(path);
-  return file.isFile() || !file.exists();
-}
-
-enum class Copied { Whole, NotRead, NotWritten };
-
-// Lets the file share the other's content until one of them changes.
-bool CopyByReference(const QFile& from, QFileDevice& to) {
-#ifdef Q_OS_LINUX
-  return ::ioctl(to.handle(), FICLONE, from.handle()) == 0 && to.seek(from.size());
-#else
-  Q_UNUSED(from)
-  Q_UNUSED(to)
-  return false;
-#endif
-}
-
-// Copies an open file into an empty one, and checks the number of bytes.
-Copied CopyContent(QFile& from, QFileDevice& to) {
-  if (CopyByReference(from, to)) return Copied::Whole;
-  constexpr qint64 Piece = 1 << 18;
-  QByteArray buffer(Piece, Qt::Uninitialized);
-  for (qint64 copied = 0;;) {
-    const qint64 got = from.read(buffer.data(), Piece);
-    if (got < 0 || (got == 0 && copied != from.size())) return Copied::NotRead;
-    if (got == 0) return Copied::Whole;
-    if (to.write(buffer.constData(), got) != got) return Copied::NotWritten;
-    copied += got;
+template <typename Work>
+auto Told(const Work& work) {
+  try {
+    return work();
+  } catch (const files::FileError& error) {
+    Tell(error);
   }
 }
 
@@ -111,17 +50,12 @@ Copied CopyContent(QFile& from, QFileDevice& to) {
 DiskFullError::DiskFullError(const QString& path, int cause)
     : Error(FullDiskText(cause).arg(QDir::toNativeSeparators(path))), cause_(cause) {}
 
-bool MeansFullDisk(int cause) {
-#ifdef EDQUOT
-  if (cause == EDQUOT) return true;
-#endif
-  return cause == ENOSPC || cause == EFBIG;
-}
-
 void FailWriting(const QString& path, int cause, const QString& reason) {
   if (MeansFullDisk(cause)) throw DiskFullError(path, cause);
-  throw Error(Texts::tr("Impossibile scrivere il file %1: %2")
-                  .arg(QDir::toNativeSeparators(path), reason.isEmpty() ? ReasonOf(cause) : reason));
+  QString why = reason;
+  if (why.isEmpty())
+    why = cause != 0 ? qt_error_string(cause) : Texts::tr("ne è stata scritta solo una parte");
+  throw Error(Texts::tr("Impossibile scrivere il file %1: %2").arg(QDir::toNativeSeparators(path), why));
 }
 
 void TellFileLimitsAsErrors() {
@@ -131,145 +65,39 @@ void TellFileLimitsAsErrors() {
 }
 
 void MakeFolder(const QString& folder) {
-  errno = 0;
-  if (QDir().mkpath(folder)) return;
-  if (MeansFullDisk(errno)) throw DiskFullError(folder, errno);
-  throw Error(Texts::tr("Impossibile creare la cartella %1").arg(QDir::toNativeSeparators(folder)));
-}
-
-void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer) {
-  QSaveFile file(path);
-  errno = 0;
-  if (!file.open(QIODevice::WriteOnly)) FailWriting(path, errno, file.errorString());
-  bool written = false;
-  try {
-    written = writer(file);
-  } catch (...) {
-    file.cancelWriting();
-    throw;
-  }
-  // A short write shows as a file that is smaller than the position the writer reached.
-  const qint64 meant = file.pos();
-  const bool flushed = file.flush();
-  const int cause = errno;
-  if (!written || !flushed || file.error() != QFileDevice::NoError || file.size() != meant) {
-    const QString reason = ReasonOf(file);
-    file.cancelWriting();
-    file.commit();
-    FailWriting(path, cause, reason);
-  }
-  errno = 0;
-  if (!Commit(file)) FailWriting(path, errno, file.errorString());
-  SyncFolder(QFileInfo(path).absolutePath());
+  Told([&] { files::MakeFolder(folder); });
 }
 
 void WriteFileSafely(const QString& path, const QByteArray& bytes) {
-  WriteFileSafely(path, [&](QIODevice& device) { return device.write(bytes) == bytes.size(); });
+  Told([&] { files::WriteFileSafely(path, bytes); });
+}
+
+void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer) {
+  Told([&] { files::WriteFileSafely(path, writer); });
 }
 
 void CopyFileSafely(const QString& source, const QString& target) {
-  QFile from(source);
-  if (!IsFileOrMissing(source)) FailReading(from, Texts::tr("non è un file"));
-  if (!from.open(QIODevice::ReadOnly)) FailReading(from, from.errorString());
-  WriteFileSafely(target, [&](QIODevice& device) {
-    const Copied copied = CopyContent(from, static_cast<QFileDevice&>(device));
-    if (copied == Copied::NotRead) FailReading(from, from.errorString());
-    return copied == Copied::Whole;
-  });
-}
-
-StagedCopy CopyStagedFile(const QString& source, const QString& target) {
-  if (!QFileInfo::exists(source)) return StagedCopy::Missing;
-  QFile from(source);
-  if (!IsFileOrMissing(source) || !from.open(QIODevice::ReadOnly)) return StagedCopy::NotRead;
-  Copied copied = Copied::Whole;
-  bool begun = false;
-  try {
-    WriteStagedFile(target, [&](QIODevice& device) {
-      begun = true;
-      copied = CopyContent(from, static_cast<QFileDevice&>(device));
-      return copied != Copied::NotWritten;
-    });
-  } catch (const Error&) {
-    if (begun) QFile::remove(target);
-    throw;
-  }
-  if (copied == Copied::Whole) return StagedCopy::Made;
-  QFile::remove(target);
-  return StagedCopy::NotRead;
+  Told([&] { files::CopyFileSafely(source, target); });
 }
 
 void MoveFileSafely(const QString& source, const QString& target) {
-  std::error_code failure;
-#ifdef Q_OS_UNIX
-  const int descriptor = ::open(QFile::encodeName(source).constData(), O_RDONLY | O_CLOEXEC);
-  if (descriptor >= 0) {
-    if (::fsync(descriptor) != 0) failure = std::error_code(errno, std::generic_category());
-    ::close(descriptor);
-  }
-#endif
-  if (!failure)
-    std::filesystem::rename(QFileInfo(source).filesystemFilePath(), QFileInfo(target).filesystemFilePath(),
-                            failure);
-  if (failure) FailWriting(target, failure.value());
-  SyncFolder(QFileInfo(target).absolutePath());
+  Told([&] { files::MoveFileSafely(source, target); });
 }
 
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer) {
-  QFile::remove(path);
-  QFile file(path);
-  errno = 0;
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) FailWriting(path, errno, file.errorString());
-  const bool written = writer(file);
-  const qint64 meant = file.pos();
-  const bool flushed = file.flush();
-  const int cause = errno;
-  if (!written || !flushed || file.error() != QFileDevice::NoError || file.size() != meant)
-    FailWriting(path, cause, ReasonOf(file));
-  errno = 0;
-  file.close();
-  if (file.error() != QFileDevice::NoError) FailWriting(path, errno, file.errorString());
+  Told([&] { files::WriteStagedFile(path, writer); });
 }
 
-void SyncFiles(const QStringList& paths) {
-#ifdef Q_OS_LINUX
-  QSet<QString> folders;
-  for (const QString& path : paths) folders.insert(QFileInfo(path).absolutePath());
-  for (const QString& folder : folders) SyncVolume(folder);
-#else
-  for (const QString& path : paths) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file)) FailWriting(path, errno, file.errorString());
-  }
-#endif
+StagedCopy CopyStagedFile(const QString& source, const QString& target) {
+  return Told([&] { return files::CopyStagedFile(source, target); });
 }
 
 void SyncVolume(const QString& folder) {
-#ifdef Q_OS_LINUX
-  const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  const bool synced = descriptor >= 0 && ::syncfs(descriptor) == 0;
-  const int cause = errno;
-  if (descriptor >= 0) ::close(descriptor);
-  if (!synced) FailWriting(folder, cause);
-#else
-  QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-  while (files.hasNext()) {
-    QFile file(files.next());
-    if (!file.open(QIODevice::ReadWrite) || !SyncFile(file))
-      FailWriting(file.fileName(), errno, file.errorString());
-  }
-#endif
+  Told([&] { files::SyncVolume(folder); });
 }
 
-void SyncFolder(const QString& folder) {
-#ifdef Q_OS_UNIX
-  const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
-#else
-  Q_UNUSED(folder);
-#endif
+void SyncFiles(const QStringList& paths) {
+  Told([&] { files::SyncFiles(paths); });
 }
 
 }  // namespace vorlina

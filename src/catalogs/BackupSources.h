@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <vector>
 
-#include "base/PathKeys.h"
+#include "files/PathKeys.h"
 
 namespace vorlina {
 
@@ -45,7 +45,7 @@ class PictureRows {
 
  private:
   QString root_;
-  PathKeys keys_;
+  files::PathKeys keys_;
 };
 
 // The paths in the rows of this folder's database for which there is no file. Throws Error.

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include "base/PathKeys.h"
 #include "base/Progress.h"
+#include "files/PathKeys.h"
 
 namespace vorlina {
 
@@ -62,7 +62,7 @@ class CatalogClone {
   int total_ = 0;
   QStringList unread_;  // files that are there
   QString diskError_;   // that came once the rows were there
-  PathKeys keys_;
+  files::PathKeys keys_;
   QSet<QString> taken_;                 // keys of the paths that rows of the source or of the copy name
   std::optional<QSet<QString>> named_;  // keys of the paths that any row names, read when first needed
 };

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-#include "base/PathKeys.h"
+#include "files/PathKeys.h"
 
 namespace vorlina {
 
@@ -23,7 +23,7 @@ class PictureFolder {
   QString KeyOf(const QString& path) { return keys_.Of(path); }
 
  private:
-  PathKeys keys_;
+  files::PathKeys keys_;
   QString folder_;
 };
 

@@ -106,7 +106,7 @@ void ForEachNamedPicture(Connection& connection, const std::function<void(const 
 }
 
 QSet<QString> NamedPictures(const QStringList& files, Connection& connection, qint64 exceptProduct) {
-  PathKeys keys;
+  files::PathKeys keys;
   QMultiHash<QString, QString> byName;
   const auto nameIn = [](const QString& path) { return NameIn(QDir::fromNativeSeparators(path)); };
   for (const QString& file : files) byName.insert(nameIn(file).toCaseFolded(), file);
@@ -129,7 +129,7 @@ bool IsPictureNameFree(const QString& path, Connection& connection, qint64 excep
 }
 
 bool IsProductPicture(const QString& path, Connection& connection) {
-  PathKeys keys;
+  files::PathKeys keys;
   const QString name = NameIn(QDir::fromNativeSeparators(path));
   Rows rows(connection,
             u"SELECT Immagine FROM Prodotti WHERE substr(Immagine,-?1)=?2 COLLATE NOCASE "

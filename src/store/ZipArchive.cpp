@@ -15,6 +15,8 @@
 namespace vorlina {
 namespace {
 
+using files::ZipFault;
+
 // A foreign archive may have names that would make a box higher than any screen.
 constexpr int LongestToTell = 250;
 
@@ -48,7 +50,7 @@ QString TextOf(ZipFault fault, const QString& told, const QString& path) {
   return Texts::tr("Il contenuto dell'archivio è troppo grande (al massimo %1 MB)").arg(about);
 }
 
-ZipFail FailFor(const QString& path) {
+files::ZipFail FailFor(const QString& path) {
   return [path](ZipFault fault, const QString& about) { throw Error(TextOf(fault, about, path)); };
 }
 
@@ -117,18 +119,18 @@ void ZipWriter::Add(const QString& name, const QByteArray& content, Packing pack
 void ZipWriter::Close() { Check(archive_write_close(archive_)); }
 
 QString ProblemOfZipName(const QString& name) {
-  return IsGoodZipName(name) ? QString() : TextOf(ZipFault::BadName, name, {});
+  return files::IsGoodZipName(name) ? QString() : TextOf(ZipFault::BadName, name, {});
 }
 
 void ReadZip(const QString& path, const ZipLimits& limits, const std::function<void(ZipEntry&)>& visitor) {
-  ReadZip(path, limits, FailFor(path), visitor);
+  files::ReadZip(path, limits, FailFor(path), visitor);
 }
 
 std::optional<QByteArray> ReadZipFile(const QString& path, const QString& name, qint64 mostBytes) {
-  return ReadZipFile(path, name, mostBytes, FailFor(path));
+  return files::ReadZipFile(path, name, mostBytes, FailFor(path));
 }
 
-QStringList ListZip(const QString& path) { return ListZip(path, FailFor(path)); }
+QStringList ListZip(const QString& path) { return files::ListZip(path, FailFor(path)); }
 
 void UnpackZip(const QString& path, const QString& folder, const ZipLimits& limits,
                const Progress& progress) {

@@ -1,4 +1,4 @@
-// Zip archives as the program writes and reads them, by the rules of src/zip. All of it throws Error.
+// Zip archives as the program writes and reads them, by the rules of src/files. All of it throws Error.
 #pragma once
 
 #include <QByteArray>
@@ -9,12 +9,16 @@
 #include <optional>
 
 #include "base/Progress.h"
-#include "zip/ZipReader.h"
+#include "files/ZipReader.h"
 
 struct archive;
 class QIODevice;
 
 namespace vorlina {
+
+using files::ForeignZip;
+using files::ZipEntry;
+using files::ZipLimits;
 
 // For an archive whose content is bounded otherwise.
 inline constexpr ZipLimits UnlimitedZip{std::numeric_limits<qint64>::max(),
@@ -43,11 +47,11 @@ class ZipWriter {
   void Check(qint64 result);
 
   QIODevice& device_;
-  ZipNames names_;
+  files::ZipNames names_;
   archive* archive_;
 };
 
-// As those of src/zip, which tell what is wrong in the user's language.
+// As those of src/files, which tell what is wrong in the user's language.
 void ReadZip(const QString& path, const ZipLimits& limits, const std::function<void(ZipEntry&)>& visitor);
 std::optional<QByteArray> ReadZipFile(const QString& path, const QString& name, qint64 mostBytes);
 QStringList ListZip(const QString& path);

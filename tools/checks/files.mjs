@@ -1,4 +1,4 @@
-// Fails where a file or folder is made, written, renamed or removed by other means than src/base/SafeFile, but for the
+// Fails where a file or folder is made, written, renamed or removed by other means than src/files/SafeWriting, but for the
 // places below, and where a place below needs no such leave. Fails where the program makes the name of a picture of its
 // own outside of src/images/PictureFolder, or writes a picture by SafeFile outside of src/images/PictureStore.
 //
@@ -18,7 +18,7 @@ const kinds = {
 };
 const byVariable = { writes: 'copy|link|resize', removes: 'remove|moveToTrash' };
 
-const seam = 'src/base/SafeFile.cpp';
+const seam = 'src/files/SafeWriting.cpp';
 const places = {
   // The program.
   'src/base/AppPath.cpp': ['scratch removes', 'whether a folder takes a file is seen by one that goes at once; a first database that is not whole'],
@@ -57,7 +57,7 @@ for (const file of looked) {
     if (variables !== '' && byVariable[kind] !== undefined) all.push(new RegExp(`\\b(?:${variables})(?:\\.|->)(?:${byVariable[kind]})\\(`));
     for (const found of code.matchAll(new RegExp(all.map((each) => each.source).join('|'), 'g'))) {
       used.add(kind);
-      if (!leave.has(kind)) problems.push(`${file}:${lineAt(code, found.index)}: ${found[0]} (${kind}) is for SafeFile to do`);
+      if (!leave.has(kind)) problems.push(`${file}:${lineAt(code, found.index)}: ${found[0]} (${kind}) is for SafeWriting to do`);
     }
   }
   for (const kind of leave) if (!used.has(kind)) problems.push(`${file} has leave for "${kind}" and does not need it`);
@@ -78,4 +78,4 @@ for (const file of looked.filter((each) => each.startsWith('src/'))) {
 
 for (const file of Object.keys(places)) if (!looked.includes(file)) problems.push(`${file} has leave and is not there`);
 
-export const told = `${looked.length} files write through SafeFile, or have a reason`;
+export const told = `${looked.length} files write through SafeWriting, or have a reason`;

@@ -8,15 +8,15 @@ import { sources, textOf } from './sources.mjs';
 // What each room may include, from the ground up: a room names only those above it. An arrow that nothing needs goes.
 const arrows = {
   'plug-in headers': [],
-  zip: [],
-  publishing: ['plug-in headers', 'zip'],
-  base: [],
-  store: ['zip', 'base'],
+  files: [],
+  publishing: ['plug-in headers', 'files'],
+  base: ['files'],
+  store: ['files', 'base'],
   support: ['base', 'store'],
   grid: ['base', 'store'],
-  images: ['base', 'store'],
+  images: ['files', 'base', 'store'],
   publish: ['plug-in headers', 'base', 'store', 'support', 'images'],
-  catalogs: ['base', 'store', 'support', 'images', 'publish'],
+  catalogs: ['files', 'base', 'store', 'support', 'images', 'publish'],
   products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
   update: ['base', 'support'],
   shell: ['plug-in headers', 'base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs', 'products', 'update'],
@@ -31,14 +31,14 @@ const roomOf = (file) => {
   if (top === 'src') return inFolder === undefined ? 'precompiled headers' : folder;
   return top;
 };
-// A plug-in has what a third party has: the plug-in headers, and the library of all plug-ins. Tests, benchmarks and tools
+// A plug-in has what a third party has: the plug-in headers, and the libraries of all plug-ins. Tests, benchmarks and tools
 // have everything.
 const mayInclude = (room, to) =>
   ['tests', 'bench', 'tools'].includes(room) ||
-  (room.startsWith('plugins/') ? ['plug-in headers', 'publishing'].includes(to) : (arrows[room] ?? []).includes(to));
+  (room.startsWith('plugins/') ? ['plug-in headers', 'publishing', 'files'].includes(to) : (arrows[room] ?? []).includes(to));
 
 const known = new Set(sources);
-const places = ['src', 'src/zip', 'src/publish/plugin', 'publishing', 'tests', 'tools', 'plugins/vlhtml', 'plugins/vlhtml/engine'];
+const places = ['src', 'src/files', 'src/publish/plugin', 'publishing', 'tests', 'tools', 'plugins/vlhtml', 'plugins/vlhtml/engine'];
 const included = new Map(sources.map((file) => [file,
   [...textOf(file).matchAll(/^\s*#\s*include\s+["<]([^">]+)[">]/gm)]
     .map(([, name]) => [dirname(file), ...places].map((place) => join(place, name)).find((path) => known.has(path)))

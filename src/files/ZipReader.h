@@ -1,6 +1,5 @@
 // Zip archives, read with suspicion: regular files and folders under good names, within limits, and nothing
-// else. It knows nothing of the program, so that a plug-in reads its archives by the same rules as the
-// backups are read.
+// else.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +10,7 @@
 
 #include "ZipNames.h"
 
-namespace vorlina {
+namespace files {
 
 // How much an archive may hold. A ratio of 0 is none; it is the unpacked size over that of the archive.
 struct ZipLimits {
@@ -45,4 +44,4 @@ std::optional<QByteArray> ReadZipFile(const QString& path, const QString& name, 
 // Fails for a file that is no zip archive.
 QStringList ListZip(const QString& path, const ZipFail& fail);
 
-}  // namespace vorlina
+}  // namespace files

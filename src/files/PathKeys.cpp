@@ -1,9 +1,9 @@
-#include "base/PathKeys.h"
+#include "PathKeys.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-namespace vorlina {
+namespace files {
 
 QString PathKeys::FolderOf(const QString& path) {
   const QString clean = QDir::fromNativeSeparators(path);
@@ -26,4 +26,4 @@ QString PathKeys::Of(const QString& path) {
 #endif
 }
 
-}  // namespace vorlina
+}  // namespace files

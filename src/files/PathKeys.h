@@ -4,7 +4,7 @@
 #include <QHash>
 #include <QString>
 
-namespace vorlina {
+namespace files {
 
 // Gives each path a key that is equal for every way of writing it: with either separator, through links of
 // folders, and with the file's name in any letter case, as there are file systems that do not tell them
@@ -19,4 +19,4 @@ class PathKeys {
   QHash<QString, QString> folders_;
 };
 
-}  // namespace vorlina
+}  // namespace files

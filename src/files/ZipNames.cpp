@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 
-namespace vorlina {
+namespace files {
 namespace {
 
 constexpr qsizetype LongestSegment = 255;  // bytes, the least that today's file systems take
@@ -65,4 +65,4 @@ void ZipNames::AddSpelling(const QString& path, bool folder) {
   if (!isNew && (!folder || known->second != path)) fail_(ZipFault::Twin, path);
 }
 
-}  // namespace vorlina
+}  // namespace files

@@ -10,7 +10,7 @@
 #include <exception>
 #include <memory>
 
-namespace vorlina {
+namespace files {
 namespace {
 
 constexpr std::size_t PieceSize = 1 << 18;
@@ -157,4 +157,4 @@ QStringList ListZip(const QString& path, const ZipFail& fail) {
   return names;
 }
 
-}  // namespace vorlina
+}  // namespace files

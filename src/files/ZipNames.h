@@ -7,7 +7,7 @@
 #include <functional>
 #include <map>
 
-namespace vorlina {
+namespace files {
 
 // What keeps an archive from being read.
 enum class ZipFault {
@@ -43,4 +43,4 @@ class ZipNames {
   std::map<QString, QString> spellings_;  // by folded path: how a folder is spelled, Null for a file
 };
 
-}  // namespace vorlina
+}  // namespace files
