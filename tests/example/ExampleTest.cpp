@@ -18,31 +18,47 @@ class Progress : public IVorlinaProgress {
   bool goOn_;
 };
 
-class ExampleTest : public StoreFixture {};
+class ExampleTest : public StoreFixture {
+ protected:
+  VorlinaReport Publish(bool goOn) {
+    PluginConnection connection(connection_);
+    Progress progress(goOn);
+    return PluginFactoryOf(u"Example.PriceList"_qs)
+        .CreatePublisher(HostOfPlugins())
+        ->Publish(connection, job_, progress);
+  }
+
+  VorlinaJob job_;
+};
 
 }  // namespace
 
-TEST_F(ExampleTest, PublishesThroughTheHeaderAlone) {
+TEST_F(ExampleTest, PublishesThroughTheKitAlone) {
   const QTemporaryDir kit;
   ASSERT_EQ(QProcess::execute(QStringLiteral(MAKE_PACKAGE),
                               {QStringLiteral(EXAMPLE_LIBRARY), u"1.0"_qs, kit.path()}),
             0);
   ASSERT_TRUE(AggiornaPluginMsi(kit.filePath(u"Example.PriceList.vpk"_qs), AppFile(u"PubWiz"_qs)));
-  const int catalog = AddCatalog(u"c"_qs);
-  AddProduct(catalog, u"B"_qs, 1);
-  AddProduct(catalog, u"A\t2"_qs, 2);
+  job_.IDCatalogo = AddCatalog(u"c"_qs);
+  job_.target = AppFile(u"lists/prices.html"_qs);
+  job_.options[u"pictures"_qs] = false;
+  AddProduct(job_.IDCatalogo, u"B"_qs, 1);
+  AddProduct(job_.IDCatalogo, u"A<2"_qs, 2);
+  connection_.Execute(u"UPDATE Cataloghi SET NomeValore1='Prezzo'"_qs);
   connection_.Execute(u"UPDATE Prodotti SET Valore1='5,00', Descrizione='L''uno'||char(10)||'due'"_qs);
-  PluginConnection connection(connection_);
-  IVorlinaPluginFactory& factory = PluginFactoryOf(u"Example.PriceList"_qs);
-  VorlinaJob job;
-  job.IDCatalogo = catalog;
-  job.target = AppPath();
-  Progress stopping(false);
-  EXPECT_FALSE(factory.CreatePublisher(HostOfPlugins())->Publish(connection, job, stopping).complete);
-  EXPECT_FALSE(QFile::exists(AppFile(u"prices.txt"_qs)));
-  Progress going(true);
-  EXPECT_TRUE(factory.CreatePublisher(HostOfPlugins())->Publish(connection, job, going).complete);
-  QFile list(AppFile(u"prices.txt"_qs));
-  ASSERT_TRUE(list.open(QIODevice::ReadOnly));
-  EXPECT_EQ(QString::fromUtf8(list.readAll()), u"B\tL'uno due\t5,00\nA 2\tL'uno due\t5,00\n"_qs);
+  EXPECT_FALSE(Publish(false).complete);
+  EXPECT_FALSE(QFile::exists(job_.target));
+  for (const bool again : {false, true}) {
+    const VorlinaReport report = Publish(true);
+    EXPECT_TRUE(report.complete);
+    EXPECT_EQ(report.changed, again ? 1 : 0);
+    EXPECT_EQ(report.notes.size(), 2) << "neither has a picture";
+  }
+  const QString list = QString::fromUtf8(ContentOf(job_.target));
+  EXPECT_TRUE(list.contains(
+      u"<th scope=\"row\">B</th><td>L&#39;uno</td><td>5,00</td></tr>\n<tr><td></td><th scope=\"row\">A&lt;2<"))
+      << list;
+  WriteFileSafely(job_.target, "mine");
+  EXPECT_FALSE(FailureOf([&] { Publish(true); }).isEmpty());
+  EXPECT_EQ(ContentOf(job_.target), "mine");
 }
