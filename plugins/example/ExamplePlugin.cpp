@@ -1,5 +1,5 @@
-// The example of plugins.md: a publishing plug-in that makes a price list, which is one web page with all that
-// it shows in it. It needs the plug-in kit and Qt, and nothing else of Vorlina.
+// The example of plugins.md: a publishing plug-in that makes a price list, which is one web page with all
+// that it shows in it. It needs the plug-in kit and Qt, and nothing else of Vorlina.
 #include <CatalogSnapshot.h>
 #include <Escapes.h>
 #include <IVorlinaPlugin.h>
@@ -39,8 +39,7 @@ std::string Page(const CatalogSnapshot& catalog, const std::string& language,
   for (std::size_t i = 0; i < catalog.products.size(); ++i) {
     const Product& product = catalog.products[i];
     page += "<tr><td>";
-    if (!pictures[i].empty())
-      page += "<img alt=\"\" src=\"data:image/jpeg;base64," + pictures[i] + "\">";
+    if (!pictures[i].empty()) page += "<img alt=\"\" src=\"data:image/jpeg;base64," + pictures[i] + "\">";
     page += "</td><th scope=\"row\">" + files::Escaped(product.code.toStdString()) + "</th><td>" +
             files::Escaped(product.name) + "</td><td>" + files::Escaped(product.price) + "</td></tr>\n";
   }
@@ -85,8 +84,8 @@ class PriceListPublisher : public IVorlinaPublisher {
                         .arg(QDir::toNativeSeparators(path)));
   }
 
-  // The products' main pictures as text; false where the user stopped. Only files in "Images" are for readers,
-  // whatever a row says.
+  // The products' main pictures as text; false where the user stopped. Only files in "Images" are for
+  // readers, whatever a row says.
   bool AddPictures(const CatalogSnapshot& catalog, std::vector<std::string>& pictures,
                    IVorlinaProgress& progress, VorlinaReport& report) {
     const QString images = QFileInfo(host_.applicationFolder + QStringLiteral("/Images")).canonicalFilePath();
@@ -119,11 +118,11 @@ class PriceListPublisher : public IVorlinaPublisher {
       files::MakeFolder(QFileInfo(path).path());
       files::WriteFileSafely(path, QByteArray(page.data(), qsizetype(page.size())));
     } catch (const files::FileError& error) {
-      const QString text = error.IsFullDisk()
-                               ? By(host_, "Impossibile scrivere %1: il disco è pieno.",
-                                    "%1 cannot be written: the disk is full.")
-                               : By(host_, "Impossibile scrivere %1: ", "%1 cannot be written: ") +
-                                     error.Reason();
+      const QString text =
+          error.IsFullDisk()
+              ? By(host_, "Impossibile scrivere %1: il disco è pieno.",
+                   "%1 cannot be written: the disk is full.")
+              : By(host_, "Impossibile scrivere %1: ", "%1 cannot be written: ") + error.Reason();
       throw Failure(text.arg(QDir::toNativeSeparators(path)));
     }
     report.complete = true;

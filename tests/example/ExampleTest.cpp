@@ -3,7 +3,7 @@
 #include "publish/PluginConnection.h"
 #include "publish/PluginHost.h"
 #include "publish/PluginInstallation.h"
-#include "support/StoreFixture.h"
+#include "support/CatalogFixture.h"
 
 using namespace vorlina;
 
@@ -55,8 +55,9 @@ TEST_F(ExampleTest, PublishesThroughTheKitAlone) {
     EXPECT_EQ(report.notes.size(), 2) << "neither has a picture";
   }
   const QString list = QString::fromUtf8(ContentOf(job_.target));
-  EXPECT_TRUE(list.contains(
-      u"<th scope=\"row\">B</th><td>L&#39;uno</td><td>5,00</td></tr>\n<tr><td></td><th scope=\"row\">A&lt;2<"))
+  EXPECT_TRUE(
+      list.contains(u"<th scope=\"row\">B</th><td>L&apos;uno</td><td>5,00</td></tr>\n<tr><td></td><th "
+                    u"scope=\"row\">A&lt;2<"))
       << list;
   WriteFileSafely(job_.target, "mine");
   EXPECT_FALSE(FailureOf([&] { Publish(true); }).isEmpty());

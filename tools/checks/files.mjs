@@ -36,7 +36,6 @@ const places = {
   'src/catalogs/Restore.cpp': ['renames removes', 'the folder into which a backup is unpacked'],
   'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],
   // The plug-ins, which have nothing of the program but the plug-in headers.
-  'plugins/example/ExamplePlugin.cpp': ['writes folders', 'one file, checked and then given its name'],
   'publishing/PublishedPictures.cpp': ['writes', 'an icon in memory'],
   'publishing/PublicationInputs.cpp': ['writes', 'into memory alone'],
   'publishing/PublicationRecord.cpp': ['writes folders', 'what is known of the last publication, which counts for nothing once it is damaged'],
