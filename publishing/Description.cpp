@@ -31,7 +31,7 @@ QStringView TakeLine(QStringView& rest) {
 bool IsAbbreviation(QStringView word) {
   static const QSet<QString> known = [] {
     const QStringList words = QStringLiteral(
-                                  "alt approx aprox art artt bzw ca cap cell cod dim diam dott dr env escl "
+                                  "alt approx aprox art artt bzw ca cap cell cod dim diam dott dr ecc env escl etc "
                                   "evtl es excl exkl fax fig ggf incl ing inkl largh lungh max min mod mr "
                                   "mrs ms no nr num núm pag pagg pp prof ref réf rif sig spess st tel vol "
                                   "vs zzgl")
@@ -73,6 +73,11 @@ qsizetype SentenceEnd(QStringView line) {
   return 0;
 }
 
+// A name is no sentence. The point of an abbreviation stays.
+QStringView WithoutFullStop(QStringView name) {
+  return name.endsWith(u'.') && IsFullStop(name, name.size() - 1, {}) ? name.chopped(1) : name;
+}
+
 // The end of a line's beginning that makes a name: behind a word, or else between two characters.
 qsizetype WordEnd(QStringView line) {
   for (qsizetype i = LongestName; i > LongestName / 3; --i)
@@ -99,7 +104,7 @@ Description DescriptionOf(const QString& text) {
   qsizetype end = line.size() > LongLine ? SentenceEnd(line) : line.size();
   const bool cut = end == 0 && line.size() > LongestName;
   if (end == 0) end = cut ? WordEnd(line) : line.size();
-  description.name = line.left(end).toString().simplified().toStdString() + (cut ? "…" : "");
+  description.name = WithoutFullStop(line.left(end)).toString().simplified().toStdString() + (cut ? "…" : "");
 
   std::string paragraph;
   const auto flush = [&] {

@@ -1,5 +1,7 @@
 #include "Fields.h"
 
+#include <Escapes.h>
+
 #include <QJsonDocument>
 #include <algorithm>
 #include <array>
@@ -7,63 +9,6 @@
 #include "Fingerprint.h"
 
 namespace publishing {
-namespace {
-
-// How many bytes of UTF-8 a control character, or one that is none at all, takes at this place; 0 for any
-// other. Line ends and tabs are text.
-std::size_t ControlAt(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-  const unsigned first = byte(0);
-  if (first < 0x20) return first == '\n' || first == '\r' || first == '\t' ? 0 : 1;
-  if (first == 0x7F) return 1;
-  if (first == 0xC2 && byte(1) < 0xA0) return 2;
-  return first == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE ? 3 : 0;
-}
-
-// Bytes that need a second look, since they are markup or begin a control character.
-constexpr std::array<bool, 256> Special = [] {
-  std::array<bool, 256> special{};
-  for (std::size_t byte = 0; byte < special.size(); ++byte) special[byte] = byte < 0x20;
-  for (const unsigned char byte : {'\n', '\r', '\t'}) special[byte] = false;
-  for (const int byte : {0x26, 0x3C, 0x3E, 0x22, 0x27, 0x7F, 0xC2, 0xEF}) special[std::size_t(byte)] = true;
-  return special;
-}();
-
-std::string_view Escaped(char c) {
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '"':
-      return "&quot;";
-    case '\'':
-      return "&apos;";
-    default:
-      return {};
-  }
-}
-
-void AddClean(std::string& all, std::string_view text, bool escapes) {
-  while (!text.empty()) {
-    const auto found =
-        std::find_if(text.begin(), text.end(), [](char c) { return Special[static_cast<unsigned char>(c)]; });
-    all.append(text.begin(), found);
-    text.remove_prefix(std::size_t(found - text.begin()));
-    if (text.empty()) return;
-    const std::string_view escaped = escapes ? Escaped(text[0]) : std::string_view();
-    const std::size_t control = ControlAt(text);
-    if (!escaped.empty())
-      all += escaped;
-    else if (control == 0)
-      all += text[0];
-    text.remove_prefix(std::max<std::size_t>(control, 1));
-  }
-}
-
-}  // namespace
 
 Fields::Fields(const FieldNames& names, std::size_t kind) : names_(&names), kind_(kind) { Clear(); }
 
@@ -128,7 +73,7 @@ void Fields::Close(const Place& place) {
 void Fields::AppendText(int number, std::string_view text, bool escapes) {
   FieldTree::Node& node = Append(number, FieldTree::Kind::Text);
   node.first = std::uint32_t(tree_.texts.size());
-  AddClean(tree_.texts, text, escapes);
+  (escapes ? files::AppendEscaped : files::AppendClean)(text, tree_.texts);
   node.size = std::uint32_t(tree_.texts.size()) - node.first;
 }
 

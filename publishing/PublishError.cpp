@@ -32,6 +32,15 @@ std::runtime_error CannotWrite(const QString& path, const std::error_code& reaso
                QStringLiteral("%1 cannot be written: ") + why);
 }
 
+std::runtime_error CannotWrite(const files::FileError& error, bool italian) {
+  if (error.IsFullDisk())
+    return CannotWrite(error.Path(), std::make_error_code(std::errc::no_space_on_device), italian);
+  if (error.Cause() != 0)
+    return CannotWrite(error.Path(), std::error_code(error.Cause(), std::generic_category()), italian);
+  return About(error.Path(), italian, QStringLiteral("Impossibile scrivere %1: ") + error.Reason(),
+               QStringLiteral("%1 cannot be written: ") + error.Reason());
+}
+
 std::runtime_error NotOurs(const QString& path, bool italian) {
   return About(path, italian,
                QStringLiteral("Nella cartella c'è già %1, che non è stato pubblicato da Vorlina. "

@@ -1,6 +1,8 @@
 // What keeps a folder from being published into, in words for the user.
 #pragma once
 
+#include <FileError.h>
+
 #include <QString>
 #include <stdexcept>
 #include <system_error>
@@ -12,6 +14,7 @@ std::runtime_error About(const QString& path, bool italian, const QString& itali
                          const QString& englishText);
 
 std::runtime_error CannotWrite(const QString& path, const std::error_code& reason, bool italian);
+std::runtime_error CannotWrite(const files::FileError& error, bool italian);
 // A file that the site needs the place of.
 std::runtime_error NotOurs(const QString& path, bool italian);
 // A swap that can neither be finished nor taken back for now.

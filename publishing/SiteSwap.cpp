@@ -1,5 +1,7 @@
 #include "SiteSwap.h"
 
+#include <SafeWriting.h>
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -9,11 +11,6 @@
 #include <future>
 
 #include "PublishError.h"
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace publishing {
 namespace {
@@ -52,32 +49,17 @@ std::error_code MoveKeeping(const QString& from, const QString& place, const QSt
   return Rename(from, place);
 }
 
-void SyncOpened(const QString& path) {
-#ifdef Q_OS_UNIX
-  const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
-#else
-  Q_UNUSED(path)
-#endif
-}
-
 }  // namespace
 
 fs::path SystemPath(const QString& path) { return QFileInfo(path).filesystemFilePath(); }
 
 bool WriteSynced(const QString& path, const QByteArray& bytes) {
-  QFile file(path + QStringLiteral(".partial"));
-  bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
-#ifdef Q_OS_UNIX
-  written = written && ::fsync(file.handle()) == 0;
-#endif
-  written = written && file.size() == bytes.size();
-  file.close();
-  if (!written || Rename(file.fileName(), path)) return false;
-  SyncOpened(QFileInfo(path).path());
-  return true;
+  try {
+    files::WriteFileSafely(path, bytes);
+    return true;
+  } catch (const files::FileError&) {
+    return false;
+  }
 }
 
 SiteSwap::SiteSwap(QString target, QString staging, bool italian)
@@ -145,7 +127,7 @@ QStringList SiteSwap::Forward(const Manifest& former, Manifest coming) {
     throw CannotWrite(staging_, std::make_error_code(std::errc::no_space_on_device), italian_);
   const QString list = target_ + u'/' + Manifest::FileName();
   if (const std::error_code failure = Rename(journal, list)) throw CannotWrite(list, failure, italian_);
-  SyncOpened(target_);
+  files::SyncFolder(target_);
   RemoveEmptyFolders(gone);
   return left;
 }

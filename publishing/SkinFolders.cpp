@@ -1,14 +1,16 @@
 #include "SkinFolders.h"
 
+#include <SafeWriting.h>
 #include <ZipReader.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <stdexcept>
+
+#include "PublishError.h"
 
 namespace publishing {
 namespace {
@@ -27,12 +29,13 @@ QString ChosenName(const QString& skins) {
                                                                                                 : name;
 }
 
-void Choose(const QString& skins, const QString& name) {
-  QSaveFile file(skins + QStringLiteral("/current.txt"));
-  const QByteArray text = name.toUtf8() + '\n';
-  if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
-      file.size() != text.size() || !file.commit())
-    throw std::runtime_error(file.errorString().toStdString());
+void Choose(const QString& skins, const QString& name, bool italian) {
+  try {
+    files::MakeFolder(skins);
+    files::WriteFileSafely(skins + QStringLiteral("/current.txt"), name.toUtf8() + '\n');
+  } catch (const files::FileError& error) {
+    throw CannotWrite(error, italian);
+  }
 }
 
 // The archive's name as a folder's name.
@@ -110,12 +113,14 @@ void TakeFile(files::ZipEntry& entry, const QString& folder, bool italian) {
   if (std::any_of(parts.begin(), parts.end(), IsOfTheSystem)) return;
   if (std::any_of(parts.begin(), parts.end(), [](const QString& part) { return part.startsWith(u'.'); }))
     RefuseArchive(italian, files::ZipFault::BadName, entry.name);
-  QFile file(folder + u'/' + entry.name);
-  QDir().mkpath(QFileInfo(file).path());
-  bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-  for (QByteArray piece = entry.nextPiece(); written && !piece.isEmpty(); piece = entry.nextPiece())
-    written = file.write(piece) == piece.size();
-  if (!written || !file.flush()) RefuseArchive(italian, file.errorString(), file.errorString());
+  const QString path = folder + u'/' + entry.name;
+  files::MakeFolder(QFileInfo(path).path());
+  files::WriteStagedFile(path, [&](QIODevice& file) {
+    bool written = true;
+    for (QByteArray piece = entry.nextPiece(); written && !piece.isEmpty(); piece = entry.nextPiece())
+      written = file.write(piece) == piece.size();
+    return written;
+  });
 }
 
 // Many tools pack the folder itself: then its content is the skin.
@@ -127,11 +132,15 @@ void LiftSingleFolder(const QString& folder) {
 }
 
 void Unpack(const QString& archive, const QString& folder, bool italian) {
-  QDir().mkpath(folder);
-  files::ReadZip(
-      archive, files::ForeignZip,
-      [&](files::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
-      [&](files::ZipEntry& entry) { TakeFile(entry, folder, italian); });
+  try {
+    files::MakeFolder(folder);
+    files::ReadZip(
+        archive, files::ForeignZip,
+        [&](files::ZipFault fault, const QString& about) { RefuseArchive(italian, fault, about); },
+        [&](files::ZipEntry& entry) { TakeFile(entry, folder, italian); });
+  } catch (const files::FileError& error) {
+    throw CannotWrite(error, italian);
+  }
   LiftSingleFolder(folder);
 }
 
@@ -151,20 +160,19 @@ QStringList Skins(const SkinKind& kind, const VorlinaHost& host) {
 }
 
 void UseSkin(const QString& name, const SkinKind& kind, const VorlinaHost& host) {
-  const Skin check(FolderOf(name, kind, host), kind, host.language == u"Italian");
-  const QString skins = SkinsIn(host.applicationFolder, kind);
-  QDir().mkpath(skins);
-  Choose(skins, name);
+  const bool italian = host.language == u"Italian";
+  const Skin check(FolderOf(name, kind, host), kind, italian);
+  Choose(SkinsIn(host.applicationFolder, kind), name, italian);
 }
 
 QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const VorlinaHost& host) {
   const bool italian = host.language == u"Italian";
   const QString skins = SkinsIn(host.applicationFolder, kind);
-  if (!QDir().mkpath(skins))
-    throw std::runtime_error((italian ? QStringLiteral("Impossibile creare la cartella %1")
-                                      : QStringLiteral("The folder %1 cannot be made"))
-                                 .arg(QDir::toNativeSeparators(skins))
-                                 .toStdString());
+  try {
+    files::MakeFolder(skins);
+  } catch (const files::FileError& error) {
+    throw CannotWrite(error, italian);
+  }
   // Unpacked and checked on the same file system, so that it gets its place by a rename.
   QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
@@ -181,7 +189,7 @@ QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const V
     if (replaces) QDir().rename(former, target);
     throw;
   }
-  Choose(skins, name);
+  Choose(skins, name, italian);
   return name;
 }
 

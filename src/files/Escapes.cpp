@@ -1,6 +1,7 @@
 #include "Escapes.h"
 
 #include <algorithm>
+#include <array>
 
 namespace files {
 namespace {
@@ -15,11 +16,14 @@ std::size_t ControlAt(std::string_view text) {
   return first == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE ? 3 : 0;
 }
 
-// Whether a byte can be the first of a control character, as it is in few texts.
-bool MayBeControl(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xEF;
-}
+// Bytes that need a second look, since they are markup or begin a control character.
+constexpr std::array<bool, 256> Special = [] {
+  std::array<bool, 256> special{};
+  for (std::size_t byte = 0; byte < special.size(); ++byte) special[byte] = byte < 0x20;
+  for (const unsigned char byte : {'\n', '\r', '\t'}) special[byte] = false;
+  for (const int byte : {0x26, 0x3C, 0x3E, 0x22, 0x27, 0x7F, 0xC2, 0xEF}) special[std::size_t(byte)] = true;
+  return special;
+}();
 
 std::string_view EscapeOf(char c) {
   switch (c) {
@@ -31,38 +35,39 @@ std::string_view EscapeOf(char c) {
       return "&gt;";
     case '"':
       return "&quot;";
+    case '\'':
+      return "&apos;";
     default:
-      return "&#39;";
+      return {};
+  }
+}
+
+void Append(std::string_view text, std::string& to, bool escapes) {
+  while (!text.empty()) {
+    const auto* const found =
+        std::find_if(text.begin(), text.end(), [](char c) { return Special[static_cast<unsigned char>(c)]; });
+    to.append(text.begin(), found);
+    text.remove_prefix(std::size_t(found - text.begin()));
+    if (text.empty()) return;
+    const std::string_view escape = escapes ? EscapeOf(text[0]) : std::string_view();
+    const std::size_t control = ControlAt(text);
+    if (!escape.empty())
+      to += escape;
+    else if (control == 0)
+      to += text[0];
+    text.remove_prefix(std::max<std::size_t>(control, 1));
   }
 }
 
 }  // namespace
 
-std::string WithoutControls(std::string_view text) {
-  if (std::none_of(text.begin(), text.end(), MayBeControl)) return std::string(text);
-  std::string clean;
-  clean.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t control = ControlAt(text.substr(i));
-    if (control == 0) clean += text[i];
-    i += std::max<std::size_t>(control, 1);
-  }
-  return clean;
-}
+void AppendClean(std::string_view text, std::string& to) { Append(text, to, false); }
 
-void AppendEscaped(std::string_view text, std::string& to) {
-  for (;;) {
-    const std::size_t special = text.find_first_of("&<>\"'");
-    to.append(text.substr(0, special));
-    if (special == std::string_view::npos) return;
-    to.append(EscapeOf(text[special]));
-    text.remove_prefix(special + 1);
-  }
-}
+void AppendEscaped(std::string_view text, std::string& to) { Append(text, to, true); }
 
 std::string Escaped(std::string_view text) {
   std::string escaped;
-  AppendEscaped(WithoutControls(text), escaped);
+  AppendEscaped(text, escaped);
   return escaped;
 }
 

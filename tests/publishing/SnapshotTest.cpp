@@ -17,13 +17,15 @@ TEST(Description, IsDividedIntoNameAndParagraphs) {
   };
   const std::vector<std::pair<QString, QStringList>> cases = {
       {u" \r\n\t "_qs, {u""_qs}},
-      {u"Vaso. Blu."_qs, {u"Vaso. Blu."_qs}},
+      {u"Vaso. Blu."_qs, {u"Vaso. Blu"_qs}},
+      {u"Vite S.p.A."_qs, {u"Vite S.p.A."_qs}},
+      {u"Eccetera..."_qs, {u"Eccetera..."_qs}},
       {u"Vaso\r\n\r\n \r\nBlu\rcobalto\n\nAlto"_qs, {u"Vaso"_qs, u"Blu\ncobalto"_qs, u"Alto"_qs}},
       {u"Lampada con piede di ottone."_qs + tail, {u"Lampada con piede di ottone."_qs + tail}},
       {u"Lampada da 1.5 l, art. 5 e mod. A. Con piede"_qs + tail + u"\nAlta",
        {u"Lampada da 1.5 l, art. 5 e mod. A. Con piede"_qs + tail, u"Alta"_qs}},
       {u"Nuova! Lampada di S.p.A. Rossi. Con piede, 3. Modello"_qs + tail,
-       {u"Nuova! Lampada di S.p.A. Rossi."_qs, u"Con piede, 3. Modello"_qs + tail}},
+       {u"Nuova! Lampada di S.p.A. Rossi"_qs, u"Con piede, 3. Modello"_qs + tail}},
       {u"È davvero \"finita?\" Sì"_qs + tail + tail, {u"È davvero \"finita?\""_qs, u"Sì"_qs + tail + tail}},
       {u"漢字。"_qs + QString(70, u'漢'), {u"漢字。"_qs, QString(70, u'漢')}},
       {u"Lampada"_qs + tail + u" con luce, " + QString(10, u'x') + tail,
