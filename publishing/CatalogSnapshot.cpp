@@ -2,12 +2,12 @@
 
 #include <IVorlinaPlugin.h>
 #include <VorlinaNames.h>
+#include <VorlinaPrice.h>
 
 #include <QSet>
 #include <stdexcept>
 
 #include "Description.h"
-#include "PriceValue.h"
 
 namespace publishing {
 namespace {
@@ -28,7 +28,7 @@ void ReadNames(const IVorlinaRows& row, const VorlinaProfile& profile, CatalogSn
   for (std::size_t i = 0; i < catalog.filterNames.size(); ++i)
     catalog.filterNames[i] =
         name(profile.filters[i], QStringLiteral("NomeFiltro%1").arg(i + 1)).toStdString();
-  catalog.price = PriceValue(values, profile);
+  catalog.price = vorlina::PriceValue(values, profile);
 }
 
 void ReadCatalog(IVorlinaConnection& connection, const VorlinaJob& job, bool italian,

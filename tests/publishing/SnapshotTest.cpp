@@ -1,7 +1,7 @@
 // What the library of all plug-ins makes of a catalog's texts, and what a profile keeps from readers.
 #include "CatalogSnapshot.h"
 #include "Description.h"
-#include "PriceValue.h"
+#include "VorlinaPrice.h"
 #include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;

@@ -1,6 +1,6 @@
 // The plug-in interface of Vorlina, version 2. This header is all that a publishing plug-in needs, with
-// VorlinaJob.h for what is to be published and VorlinaNames.h for the names of values and filters; it uses Qt
-// Core and Qt Gui. plugins.md tells how a
+// VorlinaJob.h for what is to be published, VorlinaNames.h for the names of values and filters and
+// VorlinaPrice.h for the one among them that is the price; it uses Qt Core and Qt Gui. plugins.md tells how a
 // plug-in is built and installed, when what is called, and what the tables hold.
 //
 // A plug-in is a Qt plug-in library whose root object implements IVorlinaPluginFactory:
