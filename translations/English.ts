@@ -2521,6 +2521,200 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <source>Preparazione delle immagini</source>
         <translation>Preparing the pictures</translation>
     </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Scelti: %1.</source>
+        <translation>Chosen: %1.</translation>
+    </message>
+    <message>
+        <source>Senza immagine: %1, che nella prima pagina non si vedono.</source>
+        <translation>Without a picture: %1, which do not show on the first page.</translation>
+    </message>
+    <message>
+        <source>Impossibile creare una cartella per l&apos;anteprima: %1</source>
+        <translation>Cannot make a folder for the preview: %1</translation>
+    </message>
+    <message>
+        <source>Cominciare da capo con un profilo nuovo, che mostra tutto?</source>
+        <translation>Begin anew with a new profile, which shows everything?</translation>
+    </message>
+    <message>
+        <source>Pubblica %1</source>
+        <translation>Publish %1</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalog</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>F&amp;ile:</translation>
+    </message>
+    <message>
+        <source>Pubblicando di nuovo viene sostituito.</source>
+        <translation>It is replaced when you publish again.</translation>
+    </message>
+    <message>
+        <source>Profilo di pubblicazione</source>
+        <translation>Publishing profile</translation>
+    </message>
+    <message>
+        <source>Nuovo profilo</source>
+        <translation>New profile</translation>
+    </message>
+    <message>
+        <source>%1 (copia)</source>
+        <translation>%1 (copy)</translation>
+    </message>
+    <message>
+        <source>Duplica il profilo</source>
+        <translation>Duplicate the profile</translation>
+    </message>
+    <message>
+        <source>Rinomina il profilo</source>
+        <translation>Rename the profile</translation>
+    </message>
+    <message>
+        <source>Nome del profilo, per esempio &quot;Rivenditori, con i prezzi&quot;:</source>
+        <translation>Name of the profile, such as &quot;Dealers, with prices&quot;:</translation>
+    </message>
+    <message>
+        <source>Un profilo ha bisogno di un nome.</source>
+        <translation>A profile needs a name.</translation>
+    </message>
+    <message>
+        <source>Eliminare il profilo &quot;%1&quot;? Ciò che è già pubblicato resta com&apos;è.</source>
+        <translation>Delete the profile &quot;%1&quot;? What is already published stays as it is.</translation>
+    </message>
+    <message>
+        <source>File da pubblicare</source>
+        <translation>File to be published</translation>
+    </message>
+    <message>
+        <source>Cartella da pubblicare</source>
+        <translation>Folder to be published</translation>
+    </message>
+    <message>
+        <source>Scrivere il percorso intero, oppure sceglierlo con Sfoglia.</source>
+        <translation>Type the whole path, or choose it with Browse.</translation>
+    </message>
+    <message>
+        <source>La pubblicazione è pronta, ma non è stato ricordato dove si trova. %1</source>
+        <translation>The publication is ready, but where it is was not remembered. %1</translation>
+    </message>
+    <message>
+        <source>Il profilo &quot;%1&quot; è stato modificato. Salvarlo?</source>
+        <translation>The profile &quot;%1&quot; was changed. Save it?</translation>
+    </message>
+    <message>
+        <source>senza immagine</source>
+        <translation>no picture</translation>
+    </message>
+    <message>
+        <source>Non si trova un programma per aprire %1</source>
+        <translation>No program to open %1 is found</translation>
+    </message>
+    <message>
+        <source>Scegli...</source>
+        <translation>Choose...</translation>
+    </message>
+    <message>
+        <source>Scegli: %1</source>
+        <translation>Choose: %1</translation>
+    </message>
+    <message>
+        <source>Togli</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Togli: %1</source>
+        <translation>Remove: %1</translation>
+    </message>
+    <message>
+        <source>%1 non c&apos;è più</source>
+        <translation>%1 is gone</translation>
+    </message>
+    <message>
+        <source>Immagini JPEG|*.jpg;*.jpeg</source>
+        <translation>JPEG pictures|*.jpg;*.jpeg</translation>
+    </message>
+    <message>
+        <source>Il plug-in ha lasciato aperta una transazione. Chiedere una versione corretta a chi ha fatto il plug-in.</source>
+        <translation>The plug-in has left a transaction open. Ask its maker for a corrected version.</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>quello del catalogo</source>
+        <translation>the catalog&apos;s</translation>
+    </message>
+    <message>
+        <source>Immagine larga</source>
+        <translation>Wide picture</translation>
+    </message>
+    <message>
+        <source>quella del primo prodotto in evidenza</source>
+        <translation>that of the first highlight</translation>
+    </message>
+    <message>
+        <source>Automatico: %1</source>
+        <translation>Automatic: %1</translation>
+    </message>
+    <message>
+        <source>Automatico: nessun valore ha il nome di un prezzo</source>
+        <translation>Automatic: no value is named like a price</translation>
+    </message>
+    <message>
+        <source>Nessuno</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Normali: %1 pixel</source>
+        <translation>Normal: %1 pixels</translation>
+    </message>
+    <message>
+        <source>Piccole, per pagine più leggere: %1 pixel</source>
+        <translation>Small, for lighter pages: %1 pixels</translation>
+    </message>
+    <message>
+        <source>Grandi, per schermi più nitidi: %1 pixel</source>
+        <translation>Large, for sharper screens: %1 pixels</translation>
+    </message>
+    <message>
+        <source>Della skin</source>
+        <translation>The skin&apos;s</translation>
+    </message>
+    <message>
+        <source>Colore</source>
+        <translation>Colour</translation>
+    </message>
+    <message>
+        <source>nessuno scelto</source>
+        <translation>none chosen</translation>
+    </message>
+    <message>
+        <source>scelti: %1</source>
+        <translation>chosen: %1</translation>
+    </message>
+    <message>
+        <source>%1 pixel</source>
+        <translation>%1 pixels</translation>
+    </message>
+    <message>
+        <source>Pubblicazione</source>
+        <translation>Publication</translation>
+    </message>
+    <message>
+        <source>È proposta in base ai testi del catalogo: controllarla.
+Anche titoli e pulsanti saranno in questa lingua.</source>
+        <translation>Proposed from the catalog&apos;s texts: please check it.
+Headings and buttons will be in this language too.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>
@@ -2942,6 +3136,37 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     </message>
 </context>
 <context>
+    <name>vorlina::frmHighlights</name>
+    <message>
+        <source>Prodotti in evidenza</source>
+        <translation>Highlights</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>codice o descrizione</source>
+        <translation>code or description</translation>
+    </message>
+    <message>
+        <source>&amp;Solo i prodotti scelti</source>
+        <translation>&amp;Chosen products only</translation>
+    </message>
+    <message>
+        <source>Prodotti pubblicati</source>
+        <translation>Published products</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
     <name>vorlina::frmImage</name>
     <message>
         <source>Immagine</source>
@@ -3267,6 +3492,246 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Comandi</source>
         <translation>Commands</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmPublish</name>
+    <message>
+        <source>Pubblica</source>
+        <translation>Publish</translation>
+    </message>
+    <message>
+        <source>P&amp;rofilo:</source>
+        <translation>P&amp;rofile:</translation>
+    </message>
+    <message>
+        <source>&amp;Nuovo...</source>
+        <translation>&amp;New...</translation>
+    </message>
+    <message>
+        <source>Rino&amp;mina...</source>
+        <translation>Rena&amp;me...</translation>
+    </message>
+    <message>
+        <source>&amp;Duplica...</source>
+        <translation>&amp;Duplicate...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>D&amp;elete</translation>
+    </message>
+    <message>
+        <source>Che cosa e dove</source>
+        <translation>What and where</translation>
+    </message>
+    <message>
+        <source>Dove</source>
+        <translation>Where</translation>
+    </message>
+    <message>
+        <source>&amp;Cartella:</source>
+        <translation>&amp;Folder:</translation>
+    </message>
+    <message>
+        <source>&amp;Sfoglia...</source>
+        <translation>&amp;Browse...</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>&amp;Language:</translation>
+    </message>
+    <message>
+        <source>Che cosa</source>
+        <translation>What</translation>
+    </message>
+    <message>
+        <source>Per ogni prodotto si vedono:</source>
+        <translation>Of each product this shows:</translation>
+    </message>
+    <message>
+        <source>Valori</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <source>Filtri</source>
+        <translation>Filters</translation>
+    </message>
+    <message>
+        <source>Altro</source>
+        <translation>Other</translation>
+    </message>
+    <message>
+        <source>Scheda tecnica</source>
+        <translation>Tech data</translation>
+    </message>
+    <message>
+        <source>Pre&amp;zzo:</source>
+        <translation>Pri&amp;ce:</translation>
+    </message>
+    <message>
+        <source>Aspetto e contatti</source>
+        <translation>Look and contact</translation>
+    </message>
+    <message>
+        <source>Aspetto</source>
+        <translation>Look</translation>
+    </message>
+    <message>
+        <source>C&amp;olore:</source>
+        <translation>C&amp;olour:</translation>
+    </message>
+    <message>
+        <source>Cara&amp;ttere:</source>
+        <translation>Fon&amp;t:</translation>
+    </message>
+    <message>
+        <source>Quello della skin</source>
+        <translation>The skin&apos;s</translation>
+    </message>
+    <message>
+        <source>Senza grazie</source>
+        <translation>Sans serif</translation>
+    </message>
+    <message>
+        <source>Con grazie</source>
+        <translation>Serif</translation>
+    </message>
+    <message>
+        <source>A larghezza fissa</source>
+        <translation>Monospaced</translation>
+    </message>
+    <message>
+        <source>Lo&amp;go:</source>
+        <translation>Lo&amp;go:</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>&amp;Immagine larga:</source>
+        <translation>&amp;Wide picture:</translation>
+    </message>
+    <message>
+        <source>Immagine larga</source>
+        <translation>Wide picture</translation>
+    </message>
+    <message>
+        <source>Misura delle immagini:</source>
+        <translation>Size of pictures:</translation>
+    </message>
+    <message>
+        <source>In evidenza:</source>
+        <translation>Highlights:</translation>
+    </message>
+    <message>
+        <source>Scegli i prodotti in e&amp;videnza...</source>
+        <translation>Choose the &amp;highlights...</translation>
+    </message>
+    <message>
+        <source>Contatti</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>Indirizzo &amp;web:</source>
+        <translation>Web &amp;address:</translation>
+    </message>
+    <message>
+        <source>Orari di apert&amp;ura:</source>
+        <translation>Opening ho&amp;urs:</translation>
+    </message>
+    <message>
+        <source>Lin&amp;k alla mappa:</source>
+        <translation>Map lin&amp;k:</translation>
+    </message>
+    <message>
+        <source>Altre lingue</source>
+        <translation>Other languages</translation>
+    </message>
+    <message>
+        <source>Se lo stesso catalogo è pubblicato anche in altre lingue, l&apos;indirizzo di ciascuno:</source>
+        <translation>Where the same catalog is published in other languages as well, the address of each:</translation>
+    </message>
+    <message>
+        <source>Altre opzioni</source>
+        <translation>Further options</translation>
+    </message>
+    <message>
+        <source>&amp;Anteprima</source>
+        <translation>Pre&amp;view</translation>
+    </message>
+    <message>
+        <source>&amp;Pubblica</source>
+        <translation>&amp;Publish</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Una cartella solo per questa pubblicazione.
+Pubblicando di nuovo si aggiorna ciò che contiene.</source>
+        <translation>A folder for this publication alone.
+Publishing again updates what it holds.</translation>
+    </message>
+    <message>
+        <source>Quella in cui sono scritti i testi del catalogo:
+anche titoli e pulsanti saranno in questa lingua.</source>
+        <translation>The one that the catalog&apos;s texts are written in:
+headings and buttons will be in it too.</translation>
+    </message>
+    <message>
+        <source>Dove si troverà la prima pagina: serve ai motori di ricerca e a chi la condivide.
+Se non è ancora noto lasciare vuoto.</source>
+        <translation>Where the first page will be found: for search engines and whoever shares it.
+Leave it empty while it is not known.</translation>
+    </message>
+</context>
+<context>
+    <name>vorlina::frmPublished</name>
+    <message>
+        <source>Pubblicazione</source>
+        <translation>Publication</translation>
+    </message>
+    <message>
+        <source>La pubblicazione è pronta.</source>
+        <translation>The publication is ready.</translation>
+    </message>
+    <message>
+        <source>&amp;Dove:</source>
+        <translation>&amp;Where:</translation>
+    </message>
+    <message>
+        <source>Da &amp;controllare:</source>
+        <translation>To be chec&amp;ked:</translation>
+    </message>
+    <message>
+        <source>Da controllare</source>
+        <translation>To be checked</translation>
+    </message>
+    <message>
+        <source>Codice</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Prodotto</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>C&amp;opia il resoconto</source>
+        <translation>Copy the &amp;report</translation>
+    </message>
+    <message>
+        <source>&amp;Apri</source>
+        <translation>&amp;Open</translation>
+    </message>
+    <message>
+        <source>C&amp;hiudi</source>
+        <translation>C&amp;lose</translation>
     </message>
 </context>
 <context>

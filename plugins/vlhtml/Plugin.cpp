@@ -1,14 +1,10 @@
 #include "Plugin.h"
 
-#include <QApplication>
 #include <QFileInfo>
 #include <memory>
+#include <stdexcept>
 
-#include "PluginDialogs.h"
 #include "SkinFolders.h"
-#include "TargetMemory.h"
-#include "engine/CatalogLanguage.h"
-#include "engine/Labels.h"
 #include "engine/SitePublisher.h"
 #include "engine/SiteSkin.h"
 
@@ -43,47 +39,49 @@ QString Plugin::GetPluginDescription() {
 }
 
 QVariant Plugin::Publish(IVorlinaConnection& connection, int& IDCatalogo) {
-  QWidget* owner = QApplication::activeWindow();
-  QString language = RememberedLanguage(connection, IDCatalogo);
-  if (language.isEmpty())
-    language = AskSiteLanguage(owner, italian_, LooksItalian(connection, IDCatalogo, italian_));
-  if (language.isEmpty()) return {};
-  const QString folder = AskTargetFolder(owner, italian_, RememberedTarget(connection, IDCatalogo));
-  if (folder.isEmpty()) return {};
-  while (!language.isEmpty()) {
-    const Languages languages{italian_, language == u"Italian"};
-    VorlinaJob job;
-    job.IDCatalogo = IDCatalogo;
-    job.target = folder;
-    job.profile.language = languages.siteItalian ? QStringLiteral("it") : QStringLiteral("en");
-    VorlinaReport result;
-    {
-      const std::unique_ptr<IVorlinaProgress> progress = MakeProgressWindow(owner, italian_);
-      result = SitePublisher(host_).Publish(connection, job, *progress);
-    }
-    if (!result.complete) return {};
-    RememberTarget(connection, IDCatalogo, folder);
-    RememberLanguage(connection, IDCatalogo, language);
-    if (!ShowResult(owner, result, folder, languages)) return {};
-    language = AskSiteLanguage(owner, italian_, !languages.siteItalian);
-  }
+  SitePublisher publisher(host_);
+  Ui().Publish(publisher, connection, IDCatalogo);
   return {};
 }
 
 QVariant Plugin::InstallSkin(QString& skin) {
-  QWidget* owner = QApplication::activeWindow();
   QString archive = skin;
   QString name;
   if (archive.isEmpty()) {
-    const SkinChoice choice = AskSkin(owner, italian_, Skins(SiteSkin(), host_),
-                                      QFileInfo(CurrentSkin(SiteSkin(), host_)).fileName());
-    name = choice.skin;
-    if (!name.isEmpty()) UseSkin(name, SiteSkin(), host_);
-    if (choice.fromArchive) archive = AskSkinArchive(owner, italian_);
+    const QStringList skins = Skins(SiteSkin(), host_);
+    const int chosen = ChooseSkin(skins);
+    if (chosen >= 0 && chosen < skins.size()) {
+      name = skins[chosen];
+      UseSkin(name, SiteSkin(), host_);
+    } else if (chosen >= 0) {
+      archive = Ui().ChooseFile(italian_ ? QStringLiteral("Installa skin") : QStringLiteral("Install skin"),
+                                QStringLiteral("Skin (*.zip)"), QStringLiteral("Skin"));
+    }
   }
   if (!archive.isEmpty()) name = InstallSkinArchive(archive, SiteSkin(), host_);
-  if (!name.isEmpty()) TellSkinInstalled(owner, italian_, name);
+  if (!name.isEmpty())
+    Ui().Tell((italian_ ? QStringLiteral("La skin \"%1\" sarà usata da ora in poi, per tutti i cataloghi.")
+                        : QStringLiteral("The skin \"%1\" will be used from now on, for all catalogs."))
+                  .arg(name));
   return {};
+}
+
+// The number of skins stands for an archive.
+int Plugin::ChooseSkin(const QStringList& skins) {
+  const qsizetype current = skins.indexOf(QFileInfo(CurrentSkin(SiteSkin(), host_)).fileName());
+  return Ui().Choose(italian_ ? QStringLiteral("Skin del sito") : QStringLiteral("Skin of the site"),
+                     italian_ ? QStringLiteral("Quale aspetto hanno i siti alla prossima pubblicazione?")
+                              : QStringLiteral("What do sites look like when they are published next?"),
+                     skins, int(current),
+                     italian_ ? QStringLiteral("&Installa da un archivio...")
+                              : QStringLiteral("&Install from an archive..."));
+}
+
+IVorlinaUi& Plugin::Ui() const {
+  if (host_.ui == nullptr)
+    throw std::runtime_error(italian_ ? "Questo comando ha bisogno delle finestre di Vorlina."
+                                      : "This command needs the windows of Vorlina.");
+  return *host_.ui;
 }
 
 std::unique_ptr<IVorlinaPlugin> Factory::CreatePlugin(const VorlinaHost& host) {

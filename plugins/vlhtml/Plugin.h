@@ -11,14 +11,16 @@ class Plugin : public IVorlinaPlugin {
 
   QString GetPluginName() override;
   QIcon GetPluginIcon() override;
-  // Asks for the folder and, the first time, for the language of the site, which are kept with the catalog,
-  // and publishes with a progress window.
+  // In the program's window for publishing.
   QVariant Publish(IVorlinaConnection& connection, int& IDCatalogo) override;
   QString GetPluginDescription() override;
   // Installs a skin archive; when the text is empty, asks which of the skins is to be used, or for the file.
   QVariant InstallSkin(QString& skin) override;
 
  private:
+  int ChooseSkin(const QStringList& skins);
+  IVorlinaUi& Ui() const;
+
   VorlinaHost host_;
   bool italian_;
 };

@@ -9,6 +9,13 @@ namespace {
 Dialogs* installed = nullptr;
 }
 
+QString FilterFrom(const QString& filter) {
+  const qsizetype masks = filter.lastIndexOf(u" ("_qs);
+  if (masks < 0 || !filter.endsWith(u')')) return filter;
+  const QString named = filter.sliced(masks + 2).chopped(1).simplified().replace(u' ', u';');
+  return filter.first(masks) + u'|' + named;
+}
+
 void Dialogs::Message(QWidget* owner, const QString& text, BoxStyle style, const QString& title) {
   if (!text.isEmpty()) ShowMessage(owner, text, style, title);
 }
@@ -27,6 +34,12 @@ QStringList Dialogs::ChooseFiles(QWidget* owner, Chooser kind, FileChoice& choic
                                              : SaveFile(owner, choice.title, choice.filter, choice.initial);
   return file.isEmpty() ? QStringList() : QStringList(file);
 }
+
+int Dialogs::Choose(QWidget*, const QString&, const QString&, const QStringList&, int, const QString&) {
+  return -1;
+}
+
+QString Dialogs::Colour(QWidget*, const QString&, const QString&) { return {}; }
 
 Dialogs& TheDialogs() {
   if (installed == nullptr) throw std::logic_error("no dialogs installed");

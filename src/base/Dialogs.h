@@ -28,6 +28,9 @@ struct FileChoice {
   int filterIndex = 1;      // the entry of the filter, from 1; then the one that was chosen
 };
 
+// A filter in the form "Documents (*.docx)" in that of a FileChoice.
+QString FilterFrom(const QString& filter);
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -60,6 +63,12 @@ class Dialogs {
   virtual QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                            const QString& initial) = 0;
   virtual QString Folder(QWidget* owner, const QString& title, const QString& initial) = 0;
+  // One of the choices, -1 when cancelled. A text for `other` adds a button for something else, which gives
+  // the number of choices. What is not overridden takes none.
+  virtual int Choose(QWidget* owner, const QString& title, const QString& question,
+                     const QStringList& choices, int current, const QString& other);
+  // A colour, "#rrggbb", "" when cancelled. What is not overridden chooses none.
+  virtual QString Colour(QWidget* owner, const QString& title, const QString& initial);
 
  protected:
   virtual void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) = 0;

@@ -1,6 +1,7 @@
 #include "base/WidgetDialogs.h"
 
 #include <QAbstractButton>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -11,6 +12,7 @@
 #include "base/Settings.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
+#include "base/WidgetChoice.h"
 #include "base/WidgetHeldKeys.h"
 
 namespace vorlina {
@@ -165,6 +167,21 @@ QString WidgetDialogs::SaveFile(QWidget* owner, const QString& title, const QStr
 
 QString WidgetDialogs::Folder(QWidget* owner, const QString& title, const QString& initial) {
   return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(owner, title, initial));
+}
+
+int WidgetDialogs::Choose(QWidget* owner, const QString& title, const QString& question,
+                          const QStringList& choices, int current, const QString& other) {
+  WidgetChoice window(owner, title, question, choices, current, other);
+  const PlainCursor plain;
+  window.exec();
+  return window.Chosen();
+}
+
+QString WidgetDialogs::Colour(QWidget* owner, const QString& title, const QString& initial) {
+  QColorDialog box(QColor(initial), owner);
+  box.setWindowTitle(title);
+  const PlainCursor plain;
+  return box.exec() == QDialog::Accepted ? box.selectedColor().name() : QString();
 }
 
 }  // namespace vorlina

@@ -24,6 +24,10 @@ class WidgetDialogs : public Dialogs {
                    const QString& initial) override;
   QString Folder(QWidget* owner, const QString& title, const QString& initial) override;
 
+  int Choose(QWidget* owner, const QString& title, const QString& question, const QStringList& choices,
+             int current, const QString& other) override;
+  QString Colour(QWidget* owner, const QString& title, const QString& initial) override;
+
   // The box that Input shows: its text is plain, and without its middle where it is long.
   static std::unique_ptr<QInputDialog> InputBox(QWidget* owner, const QString& text, const QString& title,
                                                 const QString& initial);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <limits>
 
 #include "base/Texts.h"
@@ -14,20 +15,28 @@ constexpr int PaintInterval = 40;
 
 }  // namespace
 
-WidgetProgressBox::WidgetProgressBox(QWidget* owner, const QString& text) : QProgressDialog(owner) {
+WidgetProgressBox::WidgetProgressBox(QWidget* owner, const QString& text)
+    : QProgressDialog(owner), label_(new QLabel) {
   setObjectName(u"WidgetProgressBox"_qs);
-  auto* label = new QLabel;
-  label->setObjectName(u"lblProgress"_qs);
-  label->setTextFormat(Qt::PlainText);
-  label->setText(fontMetrics().elidedText(text, Qt::ElideRight, 600));
-  setLabel(label);
+  label_->setObjectName(u"lblProgress"_qs);
+  label_->setTextFormat(Qt::PlainText);
+  setLabel(label_);
+  SetText(text);
   setCancelButtonText(Texts::tr("&Annulla"));
+  findChild<QPushButton*>()->setAutoDefault(false);  // an Enter too many is no wish to stop
   setWindowTitle(u"Vorlina"_qs);
   setWindowModality(Qt::ApplicationModal);
   setMinimumWidth(fontMetrics().averageCharWidth() * 50);
   setMinimumDuration(0);
   setAutoClose(false);
   setAutoReset(false);
+}
+
+void WidgetProgressBox::SetText(const QString& text) {
+  const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, 600);
+  if (shown == label_->text()) return;
+  label_->setText(shown);
+  resize(size().expandedTo(sizeHint()));
 }
 
 Progress WidgetProgressBox::Reporter() {

@@ -7,6 +7,8 @@
 
 #include "base/Progress.h"
 
+class QLabel;
+
 namespace vorlina {
 
 class WidgetProgressBox : public QProgressDialog {
@@ -14,12 +16,16 @@ class WidgetProgressBox : public QProgressDialog {
   // The text is shown as plain text.
   WidgetProgressBox(QWidget* owner, const QString& text);
 
+  // The same.
+  void SetText(const QString& text);
+
   // What the work reports to while the box lives.
   Progress Reporter();
 
  private:
   bool Show(qint64 done, qint64 total);
 
+  QLabel* label_;
   QElapsedTimer painted_;
 };
 

@@ -1,5 +1,6 @@
 #include "shell/PublishPane.h"
 
+#include <QScopeGuard>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 
@@ -8,6 +9,7 @@
 #include "base/Helpers.h"
 #include "base/Texts.h"
 #include "products/CatalogWork.h"
+#include "publish/WidgetPluginUi.h"
 #include "shell/CatalogList.h"
 
 namespace vorlina {
@@ -69,13 +71,9 @@ void PublishPane::Press() {
   if (catalogs_.Count() == 0) throw Error(Texts::tr("Non c'è nessun catalogo da pubblicare"));
   if (catalogs_.Selected() != nullptr) Q_EMIT Shown(true);
   try {
-    if (blnPannelloPubblica && PublishWithSelected()) {
-      Q_EMIT Shown(false);
-      plugin_.reset();
-    }
+    if (blnPannelloPubblica && PublishWithSelected()) Q_EMIT Shown(false);
     Turn();
   } catch (const std::exception& error) {
-    plugin_.reset();
     ShowError(list_.window(), DescriptionOf(error));
   }
 }
@@ -99,7 +97,11 @@ void PublishPane::Publish() {
   if (id == 0) throw Error(Texts::tr("Nessun catalogo è selezionato"));
   CatalogWork::RequireNone(id);
   const CatalogWork work(id, CatalogWork::Kind::Publication);
-  plugin_ = CreatePlugin(list_.currentItem()->data(0, KeyRole).toString());
+  const QString identifier = list_.currentItem()->data(0, KeyRole).toString();
+  WidgetPluginUi ui(*list_.window(), connection_, identifier);
+  plugin_ = CreatePlugin(identifier, &ui);
+  // The plug-in goes before its windows do.
+  const auto end = qScopeGuard([this] { plugin_.reset(); });
   PublishCatalog(*plugin_, connection_, id);
 }
 

@@ -18,6 +18,7 @@
 #include "catalogs/frmNewCatalog.h"
 #include "products/ProductKeys.h"
 #include "products/frmEditCatalog.h"
+#include "publish/WidgetPluginUi.h"
 #include "shell/BackupCommands.h"
 #include "shell/CatalogCommands.h"
 #include "shell/CatalogList.h"
@@ -369,7 +370,8 @@ void frmCatalogs::ShowKeys() {
 }
 
 void frmCatalogs::InstallSkinFor(const QString& identifier) {
-  objPlugin = CreatePlugin(identifier);
+  WidgetPluginUi ui(*this, cnnCatalog, identifier);
+  objPlugin = CreatePlugin(identifier, &ui);
   const std::unique_ptr<IVorlinaPlugin> plugin = std::move(objPlugin);
   QString skin;
   CallPlugin([&] { plugin->InstallSkin(skin); });

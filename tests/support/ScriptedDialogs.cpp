@@ -65,6 +65,13 @@ QString ScriptedDialogs::SaveFile(QWidget*, const QString&, const QString&, cons
 }
 QString ScriptedDialogs::Folder(QWidget*, const QString&, const QString&) { return Take(u"folder"_qs); }
 
+int ScriptedDialogs::Choose(QWidget*, const QString&, const QString& question, const QStringList&, int,
+                            const QString&) {
+  const QString answer = Take(u"choice: "_qs + question);
+  return answer.isEmpty() ? -1 : answer.toInt();
+}
+QString ScriptedDialogs::Colour(QWidget*, const QString&, const QString&) { return Take(u"colour"_qs); }
+
 QStringList UnexpectedModalGuard::allowed;
 
 UnexpectedModalGuard::UnexpectedModalGuard() { qApp->installEventFilter(this); }

@@ -30,6 +30,11 @@ class ScriptedDialogs : public Dialogs {
   // The next chooser of several files gives these.
   void ExpectFiles(const QStringList& answer) { script_.push_back({u"files"_qs, answer.join(u'|')}); }
   void ExpectFolder(const QString& answer) { script_.push_back({u"folder"_qs, answer}); }
+  // The number of one of the choices.
+  void ExpectChoice(const QString& text, int answer) {
+    script_.push_back({u"choice: "_qs + text, QString::number(answer)});
+  }
+  void ExpectColour(const QString& answer) { script_.push_back({u"colour"_qs, answer}); }
   // How many scripted boxes have not been shown yet.
   qsizetype Left() const { return qsizetype(script_.size()); }
 
@@ -43,6 +48,9 @@ class ScriptedDialogs : public Dialogs {
   QString SaveFile(QWidget* owner, const QString& title, const QString& filter,
                    const QString& initial) override;
   QString Folder(QWidget* owner, const QString& title, const QString& initial) override;
+  int Choose(QWidget* owner, const QString& title, const QString& question, const QStringList& choices,
+             int current, const QString& other) override;
+  QString Colour(QWidget* owner, const QString& title, const QString& initial) override;
 
  protected:
   void ShowMessage(QWidget* owner, const QString& text, BoxStyle style, const QString& title) override;

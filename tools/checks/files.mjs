@@ -32,6 +32,7 @@ const places = {
   'src/publish/WebPictures.cpp': ['scratch', 'likewise'],
   'src/publish/PluginChange.cpp': ['removes', 'a plug-in changes places with the former one, by renames that are taken back'],
   'src/publish/PluginPackage.cpp': ['scratch', 'a package gets its place once it is proven'],
+  'src/publish/frmPublish.cpp': ['scratch', 'what a preview shows, as long as the program runs'],
   'src/catalogs/BackupPlace.cpp': ['scratch removes', 'the folder in which a backup is put together'],
   'src/catalogs/Restore.cpp': ['renames removes', 'the folder into which a backup is unpacked'],
   'src/catalogs/RestoreSwap.cpp': ['renames removes', 'whole folders change places, by a journal'],

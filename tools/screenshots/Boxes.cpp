@@ -13,7 +13,6 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTreeWidget>
 
 #include "Photographer.h"
 #include "Sample.h"
@@ -60,12 +59,9 @@ class Boxes {
  private:
   static void Answer(QDialog& box, const QString& folder) {
     auto* chooser = qobject_cast<QFileDialog*>(&box);
-    auto* go = box.findChild<QPushButton*>(u"cmdContinue"_qs);
     if (chooser != nullptr && !folder.isEmpty()) {
       chooser->findChild<QLineEdit*>(u"fileNameEdit"_qs)->setText(folder);
       chooser->findChild<QDialogButtonBox*>(u"buttonBox"_qs)->button(QDialogButtonBox::Open)->click();
-    } else if (go != nullptr && !folder.isEmpty()) {
-      go->click();
     } else {
       box.reject();
     }
@@ -184,20 +180,9 @@ void TakeImportsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-// Two catalogs into one folder.
 void TakePluginsBoxes(const Photographer& photographer, frmCatalogs& catalogs) {
   const QTemporaryDir place;
   const Boxes boxes(photographer);
-  Transaction transaction(catalogs.cnnCatalog);
-  catalogs.cnnCatalog.Execute(u"DELETE FROM CExtension"_qs);  // the language is asked anew
-  transaction.Commit();
-  auto* list = catalogs.findChild<QListWidget*>(u"LstWCatalogs"_qs);
-  for (const int each : {0, 1}) {
-    list->setCurrentRow(each == 0 ? TheSample().row : 1 - TheSample().row);
-    Trigger(catalogs, u"cmdPublish"_qs);
-    boxes.During(
-        u"publish-%1"_qs.arg(each + 1), [&] { Trigger(catalogs, u"cmdPublish"_qs); }, place.path());
-  }
   const QString package = WritePackage(AppFile(u"PubWiz/VLHTML.HTML.so"_qs), QStringLiteral(VORLINA_VERSION),
                                        AppFile(u"PubWiz/VLHTML.HTML"_qs), place.path());
   boxes.During(

@@ -32,6 +32,7 @@
 #include "Boxes.h"
 #include "HelpPictures.h"
 #include "Photographer.h"
+#include "PublishWindows.h"
 #include "Sample.h"
 #include "Services.h"
 #include "base/AppPath.h"
@@ -339,6 +340,7 @@ void TakeAll(const Photographer& photographer) {
   frmCatalogs main;
   ShowSample(main);
   TakeBoxes(photographer, main);
+  TakePublishing(photographer, main);
   TakeBackupBoxes(photographer, main);
 }
 

@@ -7,6 +7,7 @@
 #include "products/WidgetProductGrid.h"
 #include "products/commands/GridContext.h"
 #include "publish/PluginHost.h"
+#include "publish/WidgetPluginUi.h"
 
 namespace vorlina {
 
@@ -17,7 +18,8 @@ void PublishWith(GridContext& context, const QString& identifier) {
   const QScopedValueRollback<bool> busy(context.busy, true);
   // What is typed while the plug-in works would go into its transaction.
   const WidgetInputHold hold(context.owner);
-  const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier);
+  WidgetPluginUi ui(context.owner, *context.connection, identifier);
+  const std::unique_ptr<IVorlinaPlugin> plugin = CreatePlugin(identifier, &ui);
   PublishCatalog(*plugin, *context.connection, context.IDCatalogo);
 }
 

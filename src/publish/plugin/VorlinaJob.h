@@ -13,6 +13,8 @@
 struct VorlinaSister {
   QString language;  // "it", "en", "de", "fr" or "es"
   QString address;   // of its first page, with http or https
+
+  bool operator==(const VorlinaSister&) const = default;
 };
 
 // How the user wants a catalog published. Each catalog has one at least; it is kept with the catalog. An
@@ -40,6 +42,8 @@ struct VorlinaProfile {
   QString hours;            // when the company is there, in lines
   QString mapLink;          // an address with http or https
   QList<VorlinaSister> sisters;
+
+  bool operator==(const VorlinaProfile&) const = default;
 };
 
 // One publication.

@@ -1,0 +1,65 @@
+#include "publish/frmHighlights.h"
+
+#include <QHeaderView>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "base/Texts.h"
+#include "base/WidgetHeldKeys.h"
+#include "ui_frmHighlights.h"
+
+namespace vorlina {
+
+frmHighlights::frmHighlights(QWidget* parent) : QDialog(parent), ui_(new Ui::frmHighlights) {
+  ui_->setupUi(this);
+  ui_->lstProducts->setModel(&products_);
+  ui_->lstProducts->header()->setStretchLastSection(false);
+  connect(ui_->txtSearch, &QLineEdit::textChanged, this, &frmHighlights::Filter);
+  connect(ui_->chkChosen, &QCheckBox::toggled, this, &frmHighlights::Filter);
+  connect(&products_, &HighlightModel::ChosenChanged, this, &frmHighlights::ShowCount);
+  connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  // The mark itself is changed by each press on it.
+  connect(ui_->lstProducts, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
+    if (index.column() != HighlightModel::CodeColumn) products_.Toggle(index);
+  });
+  const auto on = [this](QWidget* control, Qt::Key key, const auto& step) {
+    connect(new QShortcut(key, control, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            step);
+  };
+  on(ui_->lstProducts, Qt::Key_Space, [this] { products_.Toggle(ui_->lstProducts->currentIndex()); });
+  on(ui_->txtSearch, Qt::Key_Down, [this] { GoToList(); });
+  IgnoreHeldKeys(*this);
+}
+
+frmHighlights::~frmHighlights() = default;
+
+void frmHighlights::LoadForm(std::vector<PublishedProduct> products, const QStringList& chosen) {
+  ui_->retranslateUi(this);
+  products_.SetProducts(std::move(products), chosen);
+  QHeaderView& header = *ui_->lstProducts->header();
+  header.setSectionResizeMode(HighlightModel::NameColumn, QHeaderView::Stretch);
+  header.resizeSection(HighlightModel::CodeColumn, width() / 4);
+  header.resizeSection(HighlightModel::NoteColumn, width() / 4);
+  ui_->chkChosen->setEnabled(products_.ChosenCount() > 0);
+  ShowCount();
+  ui_->txtSearch->setFocus();
+}
+
+void frmHighlights::Filter() { products_.Filter(ui_->txtSearch->text(), ui_->chkChosen->isChecked()); }
+
+void frmHighlights::ShowCount() {
+  QString text = Texts::tr("Scelti: %1.").arg(products_.ChosenCount());
+  if (const qsizetype without = products_.WithoutPicture(); without > 0)
+    text += u' ' + Texts::tr("Senza immagine: %1, che nella prima pagina non si vedono.").arg(without);
+  ui_->lblCount->setText(text);
+  ui_->chkChosen->setEnabled(ui_->chkChosen->isChecked() || products_.ChosenCount() > 0);
+}
+
+void frmHighlights::GoToList() {
+  if (products_.rowCount() == 0) return;
+  ui_->lstProducts->setFocus();
+  if (!ui_->lstProducts->currentIndex().isValid()) ui_->lstProducts->setCurrentIndex(products_.index(0, 0));
+}
+
+}  // namespace vorlina
