@@ -2,14 +2,11 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -24,6 +21,8 @@
 #include "grid/DataGrid.h"
 #include "products/frmEditCatalog.h"
 #include "products/frmProduct.h"
+#include "publish/frmPublish.h"
+#include "publish/frmPublished.h"
 #include "shell/frmCatalogs.h"
 #include "support/Language.h"
 
@@ -117,7 +116,7 @@ void FilmCard(Stage& stage, const frmEditCatalog& window) {
   stage.Clear();
 }
 
-// Goes through the boxes of a publication, and films the last one.
+// Goes through the windows of a publication, and films the last one.
 class Publication {
  public:
   Publication(Stage& stage, QString folder) : stage_(stage), folder_(std::move(folder)) {
@@ -127,23 +126,20 @@ class Publication {
 
  private:
   void Look() {
-    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (box == nullptr || box == seen_ || qobject_cast<QProgressDialog*>(box) != nullptr) return;
-    seen_ = box;
-    if (auto* chooser = qobject_cast<QFileDialog*>(box)) {
-      Find<QLineEdit>(*chooser, u"fileNameEdit"_qs).setText(folder_);
-      Find<QDialogButtonBox>(*chooser, u"buttonBox"_qs).button(QDialogButtonBox::Open)->click();
-    } else if (auto* told = qobject_cast<QMessageBox*>(box)) {
-      // Not where the film is made.
-      const QString site = Language == u"Italian" ? u"/home/anna/Sito"_qs : u"/home/anna/Website"_qs;
-      told->setInformativeText(told->informativeText().replace(folder_, site));
-      stage_.PutInMiddle(*box);
-      stage_.Take();
-      stage_.Scene(u"site"_qs, *box);
-      box->reject();
-    } else {
-      Find<QPushButton>(*box, u"cmdContinue"_qs).click();
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr || window == seen_ || qobject_cast<QProgressDialog*>(window) != nullptr) return;
+    seen_ = window;
+    auto& target = Find<QLineEdit>(*window, u"txtTarget"_qs);
+    if (qobject_cast<frmPublish*>(window) != nullptr) {
+      target.setText(folder_);
+      return Find<QPushButton>(*window, u"cmdPublish"_qs).click();
     }
+    // Not where the film is made.
+    target.setText(Language == u"Italian" ? u"/home/anna/Sito"_qs : u"/home/anna/Website"_qs);
+    stage_.PutInMiddle(*window);
+    stage_.Take();
+    stage_.Scene(u"site"_qs, Find<QPushButton>(*window, u"cmdOpen"_qs));
+    window->close();
   }
 
   Stage& stage_;
