@@ -111,15 +111,16 @@ FileTime Now() {
       .count();
 }
 
-bool StateOf(const QString& path, FileState& state) {
+bool StateOf(const QString& folder, const QString& file, FileState& state) {
+  const QString path = folder + u'/' + file;
 #ifdef Q_OS_UNIX
-  struct stat file {};
-  if (::stat(QFile::encodeName(path).constData(), &file) != 0) return false;
+  struct stat found {};
+  if (!StatOf(AT_FDCWD, QFile::encodeName(path).constData(), found)) return false;
 #else
-  const QFileInfo file(path);
-  if (!file.exists()) return false;
+  const QFileInfo found(path);
+  if (!found.exists()) return false;
 #endif
-  state = StateFrom(path.toStdString(), file);
+  state = StateFrom(file.toStdString(), found);
   return true;
 }
 

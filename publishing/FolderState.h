@@ -39,8 +39,8 @@ struct StateSum {
   bool operator==(const StateSum&) const = default;
 };
 
-// The state of one file; nothing where there is none.
-bool StateOf(const QString& path, FileState& state);
+// The state of a file, by its path from the folder. False where there is none.
+bool StateOf(const QString& folder, const QString& file, FileState& state);
 
 using TakeState = std::function<void(const FileState& state, std::string_view path)>;
 

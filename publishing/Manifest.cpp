@@ -8,6 +8,7 @@
 #include <QSet>
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <vector>
 
 #include "PageMark.h"
@@ -21,15 +22,22 @@ const QByteArray End = "end ";
 // Pages are far smaller; a larger file is none of ours.
 constexpr qint64 LargestPage = 16 << 20;
 
+constexpr qsizetype UsualLine = 80;
+
 // A name inside the folder, and no list of ours.
 bool IsInside(const QString& name) {
   const auto refused = [](QChar c) {
     return c.unicode() < 32 || c == u'\\' || c == u':' || c.unicode() == 127;
   };
   if (name == Manifest::FileName() || std::any_of(name.begin(), name.end(), refused)) return false;
-  const QStringList parts = name.split(u'/');
-  return std::none_of(parts.begin(), parts.end(),
-                      [](const QString& part) { return part.isEmpty() || part == u"." || part == u".."; });
+  const QStringView whole(name);
+  for (qsizetype at = 0; at <= whole.size();) {
+    const qsizetype end = whole.indexOf(u'/', at) < 0 ? whole.size() : whole.indexOf(u'/', at);
+    const QStringView part = whole.sliced(at, end - at);
+    if (part.isEmpty() || part == u"." || part == u"..") return false;
+    at = end + 1;
+  }
+  return true;
 }
 
 QByteArray Digest(const QByteArray& text) {
@@ -38,18 +46,26 @@ QByteArray Digest(const QByteArray& text) {
 
 // A line without its end.
 bool ReadEntry(QByteArrayView line, Manifest& manifest) {
-  std::array<QByteArray, 3> numbers;
-  for (QByteArray& number : numbers) {
+  std::array<QByteArrayView, 3> numbers;
+  for (QByteArrayView& number : numbers) {
     const qsizetype end = line.indexOf('\t');
     if (end < 0) return false;
-    number = line.first(end).toByteArray();
+    number = line.first(end);
     line = line.sliced(end + 1);
   }
   if (line.contains('\t')) return false;
   const QString name = QString::fromUtf8(line);
-  manifest.entries.insert(name, {QByteArray::fromHex(numbers[0]),
-                                 {numbers[1].toLongLong(), numbers[2].toULongLong(nullptr, 16)}});
+  ManifestEntry entry;
+  entry.input = QByteArray::fromHex(QByteArray::fromRawData(numbers[0].data(), numbers[0].size()));
+  std::from_chars(numbers[1].begin(), numbers[1].end(), entry.file.size);
+  std::from_chars(numbers[2].begin(), numbers[2].end(), entry.file.content, 16);
+  manifest.entries.insert(name, std::move(entry));
   return IsInside(name);
+}
+
+// The line that begins here, without its end, which the text has.
+QByteArrayView LineAt(const QByteArray& text, qsizetype begin) {
+  return QByteArrayView(text).sliced(begin, text.indexOf('\n', begin) - begin);
 }
 
 // The pages of each site in a folder, and what was published with them.
@@ -87,15 +103,21 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray text = file.readAll();
   const qsizetype end = text.lastIndexOf('\n', text.size() - 2) + 1;
-  QList<QByteArray> lines = text.left(end).split('\n');
-  if (text.mid(end) != End + Digest(text.left(end)) + '\n' || lines.size() < 3 || lines[0] != Head) return {};
+  if (text.mid(end) != End + Digest(text.left(end)) + '\n' || !text.startsWith(QByteArray(Head + '\n')))
+    return {};
   Manifest manifest;
-  const qsizetype blank = lines[1].indexOf('\t');
-  manifest.site = lines[1].left(blank);
-  manifest.title = QString::fromUtf8(lines[1].mid(blank + 1));
-  manifest.entries.reserve(lines.size());
-  for (qsizetype i = 2; i < lines.size() - 1; ++i)
-    if (!ReadEntry(lines[i], manifest)) return {};
+  const qsizetype second = Head.size() + 1;
+  if (second >= end) return {};
+  const QByteArray about = LineAt(text, second).toByteArray();
+  const qsizetype blank = about.indexOf('\t');
+  manifest.site = about.left(blank);
+  manifest.title = QString::fromUtf8(about.mid(blank + 1));
+  manifest.entries.reserve(text.size() / UsualLine);
+  for (qsizetype at = second + about.size() + 1; at < end;) {
+    const QByteArrayView line = LineAt(text, at);
+    if (!ReadEntry(line, manifest)) return {};
+    at += line.size() + 1;
+  }
   return manifest;
 }
 

@@ -73,6 +73,7 @@ class Publication::Work {
   Staging staging_;
   const Manifest* former_ = nullptr;
   SiteKey key_;
+  QByteArray site_ = key_.Site().left(8);
   std::vector<File> files_;
   std::size_t lastPage_ = 0;
   int pages_ = 0;
@@ -137,7 +138,10 @@ void Publication::Work::AddPage(const QString& name, std::size_t page) {
 // The list of files is public, and what they were made from is not.
 QByteArray Publication::Work::HiddenInput(const File& file, PageMaker& maker) const {
   const QByteArray input = file.kind == Kind::Page ? maker.LookAt(file.page) : file.input;
-  return key_.Digest(key_.Site() + input + '|' + file.files.join(u'|').toUtf8());
+  const QByteArray all = input + '|' + file.files.join(u'|').toUtf8();
+  // Short, as the digest is the slow part.
+  return key_.Digest(
+      QByteArray::number(qulonglong(Fingerprint({all.constData(), std::size_t(all.size())})), 36) + site_);
 }
 
 bool Publication::Work::IsCurrent(const File& file) const {
@@ -223,14 +227,15 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
 }
 
 void Publication::Work::Remember(const VorlinaReport& report) {
-  if (recordFile_.isEmpty() || job_.preview || !report.complete) return;
+  if (!before_.IsKnown() || !report.complete) return;
   PublicationRecord record;
   record.start = StartOfComputer();
   record.folders = Manifest::Folders(coming_.entries.keys());
   record.inputs = inputs_;
   record.report = report;
   record.report.added = record.report.changed = record.report.removed = 0;
-  if (TargetState(job_.target, record.folders).Enter(record, before_, changes_)) record.Write(recordFile_);
+  before_.Enter(record, job_.target, changes_);
+  record.Write(recordFile_);
 }
 
 Publication::Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)

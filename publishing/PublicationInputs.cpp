@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QFileInfo>
 #include <QIODevice>
 
 #include "FolderState.h"
@@ -33,7 +34,7 @@ QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, co
   const auto check = [&](const FileState& file) { proven = proven && file.time < LastProven(looked); };
   for (const QString& path : QStringList(database) + inputs.files) {
     FileState file;
-    StateOf(path, file);
+    StateOf(QFileInfo(path).path(), QFileInfo(path).fileName(), file);
     check(file);
     stream << quint64(file.state);
   }

@@ -115,21 +115,17 @@ bool TargetState::Proven::Has(const QString& file) const {
   return std::binary_search(names_.begin(), names_.end(), HashOf(file));
 }
 
-bool TargetState::Enter(PublicationRecord& record, const TargetState& before, const QStringList& made) const {
-  std::unordered_set<std::uint64_t> anew;
-  for (const QString& file : made) anew.insert(HashOf(file));
-  const auto others = [&](const TargetState& state) {
-    StateSum sum;
-    for (const FileState& file : state.files_)
-      if (!anew.contains(file.name)) sum.Add(file);
-    return sum;
-  };
-  if (!known_ || !before.known_ || !(others(*this) == others(before))) return false;
+void TargetState::Enter(PublicationRecord& record, const QString& target, const QStringList& changed) const {
+  std::unordered_set<std::uint64_t> left;
+  for (const QString& file : changed) left.insert(HashOf(file));
+  std::vector<FileState> others;
+  std::copy_if(files_.begin(), files_.end(), std::back_inserter(others),
+               [&](const FileState& file) { return !left.contains(file.name); });
   record.looked = looked_;
-  record.list = list_;
-  record.proven = ProvenOf(files_, looked_);
-  record.young = files_.size() - record.proven.count;
-  return true;
+  record.proven = ProvenOf(others, looked_);
+  record.young = others.size() - record.proven.count + left.size();
+  FileState list;
+  if (StateOf(target, Manifest::FileName(), list)) record.list = list.state;
 }
 
 }  // namespace publishing

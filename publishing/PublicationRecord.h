@@ -50,8 +50,10 @@ class TargetState {
     bool isAll_ = false;
   };
   Proven ProvenBy(const PublicationRecord& record) const;
-  // Enters this state, when all files but these are as they were before. False where it is not so.
-  bool Enter(PublicationRecord& record, const TargetState& before, const QStringList& made) const;
+  // Enters this state into a record, in which these files came anew or went since. What happened to the
+  // others meanwhile is not in it, and so is noticed next time.
+  void Enter(PublicationRecord& record, const QString& target, const QStringList& changed) const;
+  bool IsKnown() const { return known_; }
 
  private:
   bool known_ = false;
