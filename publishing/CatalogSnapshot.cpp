@@ -200,9 +200,22 @@ void ReadFeatures(IVorlinaConnection& connection, const VorlinaJob& job, Catalog
                                                    "ORDER BY CodiceProdotto,IDScheda"),
                                     {job.IDCatalogo});
   Finder products(catalog);
-  while (rows->Next())
-    if (Product* product = products.Find(rows->Value(0)); product != nullptr)
-      product->features.push_back({Utf8(rows->Value(1)), Utf8(rows->Value(2))});
+  // One product's after the other, in as much memory as they need.
+  Product* owner = nullptr;
+  std::vector<Feature> features;
+  const auto give = [&] {
+    if (owner != nullptr)
+      owner->features.assign(std::make_move_iterator(features.begin()),
+                             std::make_move_iterator(features.end()));
+    features.clear();
+  };
+  while (rows->Next()) {
+    Product* product = products.Find(rows->Value(0));
+    if (product != owner) give();
+    owner = product;
+    if (product != nullptr) features.push_back({Utf8(rows->Value(1)), Utf8(rows->Value(2))});
+  }
+  give();
 }
 
 }  // namespace publishing

@@ -40,7 +40,7 @@ bool IsInside(const QString& name) {
   return true;
 }
 
-QByteArray Digest(const QByteArray& text) {
+QByteArray Digest(QByteArrayView text) {
   return QCryptographicHash::hash(text, QCryptographicHash::Sha1).toHex();
 }
 
@@ -103,7 +103,7 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray text = file.readAll();
   const qsizetype end = text.lastIndexOf('\n', text.size() - 2) + 1;
-  if (text.mid(end) != End + Digest(text.left(end)) + '\n' || !text.startsWith(QByteArray(Head + '\n')))
+  if (text.mid(end) != End + Digest(QByteArrayView(text).first(end)) + '\n' || !text.startsWith(QByteArray(Head + '\n')))
     return {};
   Manifest manifest;
   const qsizetype second = Head.size() + 1;
@@ -131,7 +131,9 @@ QByteArray Manifest::ToText() const {
   sorted.reserve(std::size_t(entries.size()));
   for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) sorted.push_back(entry);
   std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.key() < b.key(); });
-  QByteArray text = Head + '\n' + site + '\t' + title.simplified().toUtf8() + '\n';
+  QByteArray text;
+  text.reserve((qsizetype(sorted.size()) + 2) * UsualLine);
+  text += Head + '\n' + site + '\t' + title.simplified().toUtf8() + '\n';
   for (const auto& entry : sorted)
     text += entry->input.toHex() + '\t' + QByteArray::number(entry->file.size) + '\t' +
             QByteArray::number(qulonglong(entry->file.content), 16) + '\t' + entry.key().toUtf8() + '\n';
