@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QIODevice>
 #include <algorithm>
 #include <unordered_set>
@@ -29,21 +30,35 @@ StateSum ProvenOf(const std::vector<FileState>& files, FileTime looked) {
   return sum;
 }
 
+// The notes of many products are the same texts.
 QDataStream& operator<<(QDataStream& stream, const VorlinaReport& report) {
-  stream << report.pages << report.pictures << report.bytes << report.open << qint32(report.notes.size());
-  for (const VorlinaNote& note : report.notes) stream << qint32(note.kind) << note.product << note.text;
-  return stream;
+  QHash<QString, qint32> numbers;
+  QStringList texts;
+  QByteArray notes;
+  QDataStream list(&notes, QIODevice::WriteOnly);
+  for (const VorlinaNote& note : report.notes) {
+    if (!numbers.contains(note.text)) {
+      numbers.insert(note.text, qint32(texts.size()));
+      texts += note.text;
+    }
+    list << qint32(note.kind) << numbers.value(note.text) << note.product.toUtf8();
+  }
+  return stream << report.pages << report.pictures << report.bytes << report.open << texts
+                << qint32(report.notes.size()) << notes;
 }
 
 QDataStream& operator>>(QDataStream& stream, VorlinaReport& report) {
-  qint32 notes = 0;
-  stream >> report.pages >> report.pictures >> report.bytes >> report.open >> notes;
-  for (qint32 i = 0; i < notes && stream.status() == QDataStream::Ok; ++i) {
-    qint32 kind = 0;
-    VorlinaNote note;
-    stream >> kind >> note.product >> note.text;
-    note.kind = VorlinaNote::Kind(kind);
-    report.notes += note;
+  QStringList texts;
+  qint32 count = 0;
+  QByteArray notes;
+  stream >> report.pages >> report.pictures >> report.bytes >> report.open >> texts >> count >> notes;
+  QDataStream list(notes);
+  report.notes.reserve(count);
+  for (qint32 i = 0; i < count && list.status() == QDataStream::Ok; ++i) {
+    qint32 kind = 0, text = 0;
+    QByteArray product;
+    list >> kind >> text >> product;
+    report.notes.push_back({VorlinaNote::Kind(kind), QString::fromUtf8(product), texts.value(text)});
   }
   return stream;
 }
