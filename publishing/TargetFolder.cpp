@@ -23,7 +23,7 @@ void RequireSiteFolder(const QString& target, const QString& applicationFolder, 
   const QString application = Real(applicationFolder);
   bool refused = application.startsWith(site) || Real(QDir::homePath()).startsWith(site);
   for (const QString& own : {QStringLiteral("Images"), QStringLiteral("PubWiz"), QStringLiteral("Layouts"),
-                             QStringLiteral("Backups")})
+                             QStringLiteral("Web pictures"), QStringLiteral("Backups")})
     refused = refused || site.startsWith(application + own + u'/', Qt::CaseInsensitive) ||
               site.startsWith(Real(application + own));
   refused = refused || site.startsWith(application + QStringLiteral("Before restore "));

@@ -66,7 +66,7 @@ std::vector<PlanarImage> Reduced(const std::vector<QByteArray>& files, int side)
 }
 
 void PrintQualities(const std::vector<PlanarImage>& images) {
-  for (int quality = 66; quality <= 90; quality += 4) {
+  for (int quality = 66; quality <= 86; quality += 4) {
     Sum jpegs, webps;
     for (const PlanarImage& image : images) {
       const Grey original = GreyOf(image);

@@ -59,7 +59,8 @@ void RequireReplaceable(const QString& file, const QString& root) {
   const QString folder = QFileInfo(target.absolutePath()).canonicalFilePath() + u'/';
   const QString inside =
       QDir(QFileInfo(root).canonicalFilePath()).relativeFilePath(folder + target.fileName());
-  for (const QString& own : {u"Images/"_qs, u"Layouts/"_qs, u".restore"_qs, DatabaseName})
+  for (const QString& own :
+       {u"Images/"_qs, u"Layouts/"_qs, u"Web pictures/"_qs, u".restore"_qs, DatabaseName})
     if (inside.startsWith(own))
       throw Error(Texts::tr("La copia di sicurezza non può stare in %1. Scegliere un'altra cartella.")
                       .arg(QDir::toNativeSeparators(file)));

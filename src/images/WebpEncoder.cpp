@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <memory>
 
 #include <webp/encode.h>
@@ -13,11 +14,15 @@ namespace {
 // in twenty.
 constexpr int Effort = 2;
 
+constexpr int NoColour = 128;
+
 // JPEG uses all values of a sample; WebP keeps some free at both ends (ITU-R BT.601).
 class Narrowed {
  public:
-  Narrowed(int smallest, int range) {
-    for (int i = 0; i < 256; ++i) values_[std::size_t(i)] = std::uint8_t(smallest + (i * range + 127) / 255);
+  // What stands for nothing, no light or no colour, has to stay so to the very value.
+  Narrowed(int nothing, int becomes, int range) {
+    for (int i = 0; i < 256; ++i)
+      values_[std::size_t(i)] = std::uint8_t(becomes + std::lround((i - nothing) * range / 255.0));
   }
   void Copy(const Plane& plane, int width, int height, std::uint8_t* target, int stride) const {
     for (int y = 0; y < height; ++y) {
@@ -32,8 +37,8 @@ class Narrowed {
 };
 
 void Fill(const PlanarImage& image, WebPPicture& picture) {
-  static const Narrowed luma(16, 219);
-  static const Narrowed chroma(16, 224);
+  static const Narrowed luma(0, 16, 219);
+  static const Narrowed chroma(NoColour, NoColour, 224);
   luma.Copy(image.planes[0], picture.width, picture.height, picture.y, picture.y_stride);
   const int width = (picture.width + 1) / 2;
   const int height = (picture.height + 1) / 2;
@@ -44,7 +49,7 @@ void Fill(const PlanarImage& image, WebPPicture& picture) {
       continue;
     }
     for (int y = 0; y < height; ++y)
-      std::fill_n(targets[i] + std::ptrdiff_t(y) * picture.uv_stride, width, std::uint8_t(128));
+      std::fill_n(targets[i] + std::ptrdiff_t(y) * picture.uv_stride, width, std::uint8_t(NoColour));
   }
 }
 

@@ -5,6 +5,8 @@
 #include <QDateTime>
 #include <random>
 
+#include <webp/decode.h>
+
 #include "base/AppPath.h"
 #include "images/JpegCodec.h"
 #include "publish/WebPictures.h"
@@ -109,7 +111,15 @@ TEST_F(WebPicturesTest, HaveAWebpOnlyWhereItIsSmallerByAQuarter) {
   soft.fill(Qt::darkGreen);
   const VorlinaWebPicture plain = PrepareOne(Source(u"soft.jpg"_qs, MakeJpeg(soft)), {400}).pictures[0];
   ASSERT_FALSE(plain.webp.isEmpty());
-  EXPECT_LE(ContentOf(plain.webp).size() * 4, ContentOf(plain.jpeg).size() * 3);
+  const QByteArray webp = ContentOf(plain.webp);
+  EXPECT_LE(webp.size() * 4, ContentOf(plain.jpeg).size() * 3);
+  int width = 0;
+  int height = 0;
+  std::uint8_t* rgb = WebPDecodeRGB(reinterpret_cast<const std::uint8_t*>(webp.constData()),
+                                    std::size_t(webp.size()), &width, &height);
+  EXPECT_TRUE(QSize(width, height) == plain.size && rgb[0] < 8 && std::abs(rgb[1] - 128) < 8 && rgb[2] < 8)
+      << "of the same colour";
+  WebPFree(rgb);
 }
 
 TEST_F(WebPicturesTest, AreMadeAgainOnlyWhereTheSourceHasChanged) {
