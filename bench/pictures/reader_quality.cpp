@@ -32,7 +32,7 @@ Grey GreyOfWebp(const QByteArray& webp) {
   int height = 0;
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(webp.constData());
   std::uint8_t* rgb = WebPDecodeRGB(bytes, std::size_t(webp.size()), &width, &height);
-  const Grey grey = vorlina::GreyOf(QImage(rgb, width, height, width * 3, QImage::Format_RGB888));
+  Grey grey = vorlina::GreyOf(QImage(rgb, width, height, width * 3, QImage::Format_RGB888));
   WebPFree(rgb);
   return grey;
 }

@@ -97,7 +97,7 @@ void WebPictureCache::Add(const QString& source, CachedPicture picture) {
   if (picture.sizes.size() > MostSizes)
     picture.sizes.erase(picture.sizes.begin(), picture.sizes.end() - std::ptrdiff_t(MostSizes));
   pictures_.insert(source, picture);
-  added_.insert(source, std::move(picture));
+  added_.insert(source, picture);
 }
 
 void WebPictureCache::Store() {

@@ -44,7 +44,7 @@ QByteArray Photo(QSize size, unsigned seed = 1, const JpegForm& form = {}) {
 class WebPicturesTest : public StoreFixture {
  protected:
   QString Source(const QString& name, const QByteArray& content) const {
-    const QString path = AppFile(u"Images/"_qs + name);
+    QString path = AppFile(u"Images/"_qs + name);
     WriteFileSafely(path, content);
     Age(path);
     return path;
