@@ -65,6 +65,9 @@ struct PictureRequest {
 class PublishedPictures {
  public:
   explicit PublishedPictures(const PictureRequest& request);
+  // What is wanted knows where it goes.
+  PublishedPictures(const PublishedPictures&) = delete;
+  PublishedPictures& operator=(const PublishedPictures&) = delete;
 
   // Has the program make the sizes; on the thread of the user interface. False where the progress asked to
   // stop.
