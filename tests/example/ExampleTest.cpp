@@ -1,3 +1,4 @@
+#include <QImage>
 #include <QProcess>
 
 #include "publish/PluginConnection.h"
@@ -41,24 +42,29 @@ TEST_F(ExampleTest, PublishesThroughTheKitAlone) {
   ASSERT_TRUE(AggiornaPluginMsi(kit.filePath(u"Example.PriceList.vpk"_qs), AppFile(u"PubWiz"_qs)));
   job_.IDCatalogo = AddCatalog(u"c"_qs);
   job_.target = AppFile(u"lists/prices.html"_qs);
-  job_.options[u"pictures"_qs] = false;
   AddProduct(job_.IDCatalogo, u"B"_qs, 1);
   AddProduct(job_.IDCatalogo, u"A<2"_qs, 2);
   connection_.Execute(u"UPDATE Cataloghi SET NomeValore1='Prezzo'"_qs);
   connection_.Execute(u"UPDATE Prodotti SET Valore1='5,00', Descrizione='L''uno'||char(10)||'due'"_qs);
+  QImage picture(200, 100, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  ASSERT_TRUE(picture.save(AppFile(u"Images/2.jpg"_qs)));
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=? WHERE CodiceProdotto='A<2'"_qs,
+                      {AppFile(u"Images/2.jpg"_qs)});
   EXPECT_FALSE(Publish(false).complete);
   EXPECT_FALSE(QFile::exists(job_.target));
   for (const bool again : {false, true}) {
     const VorlinaReport report = Publish(true);
     EXPECT_TRUE(report.complete);
     EXPECT_EQ(report.changed, again ? 1 : 0);
-    EXPECT_EQ(report.notes.size(), 2) << "neither has a picture";
+    EXPECT_EQ(report.pictures, 1);
+    EXPECT_EQ(report.notes.size(), 1) << "the other one has no picture";
   }
   const QString list = QString::fromUtf8(ContentOf(job_.target));
-  EXPECT_TRUE(
-      list.contains(u"<th scope=\"row\">B</th><td>L&apos;uno</td><td>5,00</td></tr>\n<tr><td></td><th "
-                    u"scope=\"row\">A&lt;2<"))
-      << list;
+  for (const QString& part :
+       {u"<th scope=\"row\">B</th><td>L&apos;uno</td><td>5,00</td></tr>\n<tr><td><img"_qs, u"base64,/9j/"_qs,
+        u"<th scope=\"row\">A&lt;2<"_qs})
+    EXPECT_TRUE(list.contains(part)) << part << " in " << list;
   WriteFileSafely(job_.target, "mine");
   EXPECT_FALSE(FailureOf([&] { Publish(true); }).isEmpty());
   EXPECT_EQ(ContentOf(job_.target), "mine");
