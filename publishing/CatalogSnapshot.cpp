@@ -84,6 +84,7 @@ void Describe(const QVariant& text, Product& product) {
 
 Product ReadProduct(const IVorlinaRows& row, const CatalogSnapshot& catalog) {
   Product product;
+  product.id = row.Value(12).toInt();
   product.code = row.Value(0).toString();
   Describe(row.Value(1), product);
   for (std::size_t i = 0; i < 3; ++i)
@@ -101,7 +102,7 @@ void ReadProducts(IVorlinaConnection& connection, const VorlinaJob& job, Catalog
   const auto rows = connection.Open(
       QStringLiteral(
           "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"
-          "IDFiltro5,Immagine,OrdineTemp FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
+          "IDFiltro5,Immagine,OrdineTemp,IDProdotto FROM Prodotti WHERE IDCatalogo=? AND Pubblica "
           "ORDER BY OrdineTemp IS NULL,OrdineTemp,IDProdotto"),
       {job.IDCatalogo});
   QSet<QString> highlights;

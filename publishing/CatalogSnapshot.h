@@ -28,6 +28,7 @@ struct Feature {
 };
 
 struct Product {
+  int id = 0;  // Prodotti.IDProdotto: who came into the catalog later has a larger one
   QString code;
   std::string description;              // as it was typed
   std::string name;                     // its first line or sentence; the code where there is none

@@ -33,9 +33,8 @@ QString PublishedNames::NameOf(const QString& prefix, const QString& text) {
   const QString key = prefix + u'\n' + text;
   if (const auto known = given_.constFind(key); known != given_.constEnd()) return *known;
   const QString slug = Slug(text);
-  // A text that is its own slug keeps it; another one gets digits that tell it apart.
   QString name = prefix + slug;
-  if (slug.isEmpty() || slug != text.toCaseFolded())
+  if (slug.isEmpty() || used_.contains(name))
     name += (slug.isEmpty() ? QString() : QStringLiteral("-")) + Digits(text);
   const QString wanted = name;
   for (int i = 2; used_.contains(name); ++i) name = wanted + u'-' + QString::number(i);

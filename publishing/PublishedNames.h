@@ -10,9 +10,10 @@ namespace publishing {
 
 class PublishedNames {
  public:
-  // A name made of the prefix (such as "p-"), the text and, where the text had to be altered, a few digits of
-  // its hash. The same prefix and text give the same name again. No ending is added; "-12.html" behind it
-  // stays within the limit.
+  // A name made of the prefix (such as "p-") and the text; where an earlier text has that name, with a few
+  // digits of its hash. So the texts that came first are to be named first: their names stay when others
+  // come. The same prefix and text give the same name again. No ending is added; "-12.html" behind it stays
+  // within the limit.
   QString NameOf(const QString& prefix, const QString& text);
 
  private:

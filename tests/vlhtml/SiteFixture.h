@@ -1,7 +1,9 @@
 // A small catalog, published in a temporary application folder.
 #pragma once
 
+#include <QDateTime>
 #include <QImage>
+#include <QImageReader>
 #include <QMap>
 #include <QRegularExpression>
 
@@ -19,6 +21,23 @@ class SiteProgress : public IVorlinaProgress {
 
  private:
   std::function<bool(const QString&)> ask_;
+};
+
+// Gives every picture as it is, in its own size alone.
+class PicturesAsTheyAre : public IVorlinaPictures {
+ public:
+  QList<VorlinaWebPictures> Prepare(const QStringList& sources, const QList<int>&,
+                                    IVorlinaProgress& progress) override {
+    QList<VorlinaWebPictures> all;
+    if (!progress.Report(0, int(sources.size()), QString())) return all;
+    for (const QString& source : sources) {
+      const QSize size = QImageReader(source).size();
+      const QByteArray stamp = QByteArray::number(QFileInfo(source).lastModified().toMSecsSinceEpoch());
+      all += {size.isValid() ? QString() : u"broken"_qs, size, stamp, {}};
+      if (size.isValid()) all.back().pictures += {size, source, {}};
+    }
+    return all;
+  }
 };
 
 inline void Write(const QString& path, const QByteArray& content) {
@@ -86,12 +105,16 @@ class SiteFixture : public StoreFixture {
     VorlinaHost host;
     host.language = italian ? u"Italian"_qs : u"English"_qs;
     host.applicationFolder = AppPath();
+    host.pictures = &pictures_;
     host.ui = ui;
     VorlinaJob job;
     job.IDCatalogo = catalog;
     job.target = folder;
+    job.profile = profile_;
     job.profile.language = italian ? u"it"_qs : u"en"_qs;
-    return vlhtml::SitePublisher(host, skin_).Publish(connection, job, progress);
+    job.preview = preview_;
+    return vlhtml::SitePublisher(host, skin_, QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/words"))
+        .Publish(connection, job, progress);
   }
   VorlinaReport Publish(SiteProgress progress = SiteProgress()) {
     return PublishTo(target_, 1, true, std::move(progress));
@@ -124,6 +147,9 @@ class SiteFixture : public StoreFixture {
 
   QString skin_ = StandardSkin;
   const QString target_;
+  VorlinaProfile profile_;
+  bool preview_ = false;
+  PicturesAsTheyAre pictures_;
 };
 
 }  // namespace vorlina

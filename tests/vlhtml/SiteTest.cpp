@@ -9,6 +9,7 @@
 
 #include "CatalogLanguage.h"
 #include "CatalogSnapshot.h"
+#include "PriceTag.h"
 #include "PublishedNames.h"
 #include "SiteFixture.h"
 #include "support/FullDisk.h"
@@ -21,7 +22,7 @@ TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
   vlhtml::PublishedNames names;
   QSet<QString> given;
   for (const QString& code :
-       {u"A-1"_qs, u"a-1"_qs, u"A 1"_qs, u"À-1"_qs, u"../../etc/passwd"_qs, u"nul.txt"_qs, u"🙂"_qs,
+       {u"A 1"_qs, u"A-1"_qs, u"a-1"_qs, u"À-1"_qs, u"../../etc/passwd"_qs, u"nul.txt"_qs, u"🙂"_qs,
         u"🙃"_qs, u""_qs, QString(255, u'è'), QString(255, u'x'), u"<b>'\""_qs, u"漢字"_qs, u"%2e%2e"_qs}) {
     const QString name = names.NameOf(u"p-"_qs, code);
     EXPECT_EQ(names.NameOf(u"p-"_qs, code), name);
@@ -30,20 +31,42 @@ TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
     EXPECT_FALSE(given.contains(name)) << name;
     given.insert(name);
   }
-  EXPECT_TRUE(given.contains(u"p-a-1"_qs)) << "a plain code keeps its name";
+  EXPECT_EQ(names.NameOf(u"p-"_qs, u"A 1"_qs), u"p-a-1"_qs) << "who came first keeps the plain name";
+  EXPECT_EQ(names.NameOf(u"p-"_qs, u"../../etc/passwd"_qs), u"p-etc-passwd"_qs);
+}
+
+TEST(PriceTag, SaysOfAPriceWhatIsCertain) {
+  // The name, what was typed, whether commas have decimals behind them; text, label, figures, currency.
+  for (const auto& [name, value, comma, text, label, amount, currency] :
+       {std::tuple{"Prezzo \u20AC", "1.250,00", true, "1.250,00\u00A0\u20AC", "Prezzo", "1250.00", "EUR"},
+        {"Price (\u00A3)", "1,250", false, "\u00A31,250", "Price", "1250", "GBP"},
+        {"Prezzo", "12,5", true, "12,5", "Prezzo", "12.5", ""},
+        {"Prezzo", "\u20AC 12.50", true, "\u20AC 12.50", "Prezzo", "12.50", "EUR"},
+        {"Price $", "9.90", false, "$9.90", "Price", "9.90", ""},
+        {"Preis CHF", "1'250.-", true, "1'250.-", "Preis CHF", "", "CHF"},
+        {"Prezzo \u20AC", "1,250", true, "1,250", "Prezzo \u20AC", "", "EUR"},
+        {"Prezzo \u20AC", "da 10 a 20", true, "da 10 a 20", "Prezzo \u20AC", "", "EUR"},
+        {"Prezzo \u20AC", "", true, "", "Prezzo \u20AC", "", "EUR"},
+        {"Price NEUROPEN", "5", false, "5", "Price NEUROPEN", "5", ""}}) {
+    const vlhtml::PriceTag tag(name, comma);
+    EXPECT_EQ(tag.Text(value), text);
+    EXPECT_EQ(tag.Label(value), label) << value;
+    EXPECT_EQ(tag.Amount(value), amount) << value;
+    EXPECT_EQ(tag.Currency(value), currency) << name << ' ' << value;
+  }
 }
 
 TEST_F(SiteTest, IsWhatTheReferenceShows) {
   const VorlinaReport report = Publish();
   EXPECT_TRUE(report.complete);
   QMap<QString, QByteArray> files = Files(target_);
-  for (const QString& name :
-       {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"search.js"_qs, u"images/p-a-1.jpg"_qs})
+  for (const QString& name : {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"search.js"_qs,
+                              u"images/p-a-1-400.jpg"_qs, u"images/wide-800.jpg"_qs})
     EXPECT_EQ(files.remove(name), 1) << name;
   // The mark at a page's end has a key of chance.
   for (auto file = files.begin(); file != files.end(); ++file) {
-    file->truncate(file->lastIndexOf("<!-- vorlina-site "));
-    for (const char* never : {"Nascosto", "Segreto", "Vuota", "<script", "<i>", "=\"javascript:", "\\046"})
+    if (file.key().endsWith(u".html")) file->truncate(file->lastIndexOf("<!-- vorlina-site "));
+    for (const char* never : {"Nascosto", "Segreto", "Vuota", "<script>", "<i>", "=\"javascript:", "\\046"})
       EXPECT_FALSE(file->contains(never)) << file.key() << " holds " << never;
   }
   const QString reference = QStringLiteral(VORLINA_SOURCE_DIR "/tests/vlhtml/reference");
@@ -55,6 +78,71 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
   EXPECT_EQ(files.keys().join(u' '), expected.keys().join(u' '));
   for (auto file = expected.cbegin(); file != expected.cend(); ++file)
     EXPECT_EQ(QString::fromUtf8(files[file.key()]), QString::fromUtf8(file.value())) << file.key();
+}
+
+// Many products and values: every link leads somewhere, in a preview too, and no two pages have one title.
+TEST_F(SiteTest, EveryLinkLeadsSomewhereAndTitlesDiffer) {
+  for (int i = 0; i < 14; ++i) {
+    connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) VALUES (1,1,?,1)"_qs,
+                        {i < 2 ? u"Doppio"_qs : u"Serie %1"_qs.arg(i)});
+    for (int j = 0; j < 5; ++j)
+      Add(u"N%1.%2"_qs.arg(i).arg(j), u"Uguale. Altro\n\nAncora"_qs, 10 + i, 6 + i, 4, true);
+  }
+  profile_.address = u"https://example.com/shop"_qs;
+  for (const bool preview : {true, false}) {
+    preview_ = preview;
+    const QString folder = preview ? QString(target_ + u"-preview") : target_;
+    PublishTo(folder, 1, true, SiteProgress());
+    const QMap<QString, QByteArray> files = Files(folder);
+    QSet<QString> titles;
+    for (auto file = files.cbegin(); file != files.cend(); ++file) {
+      if (!file.key().endsWith(u".html")) continue;
+      static const QRegularExpression link(u"(?:href|src)=\"([^\"]*)\""_qs), title(u"<title>(.*)</title>"_qs);
+      const QString page = QString::fromUtf8(*file);
+      for (auto found = link.globalMatch(page); found.hasNext();) {
+        const QString to = found.next().captured(1).remove(u"https://example.com/shop/"_qs);
+        if (to.startsWith(u"mailto:") || to.startsWith(u"tel:") || to.isEmpty()) continue;
+        const bool inPage = to.startsWith(u'#') && page.contains(u" id=\"%1\""_qs.arg(to.mid(1)));
+        EXPECT_TRUE(inPage || files.contains(to)) << file.key() << " leads to " << to;
+      }
+      const QString itsTitle = title.match(page).captured(1);
+      EXPECT_FALSE(itsTitle.isEmpty() || titles.contains(itsTitle)) << itsTitle;
+      EXPECT_TRUE(itsTitle.contains(u"Bottega")) << itsTitle;
+      titles.insert(itsTitle);
+    }
+    EXPECT_EQ(files.contains(u"p-b-1.html"_qs), !preview);
+  }
+  const QByteArray list = Page(u"products-2.html"_qs);
+  EXPECT_TRUE(list.contains(">25–48 di 73<") && list.contains("aria-current=\"page\">2<"));
+  EXPECT_TRUE(list.contains("rel=\"canonical\" href=\"https://example.com/shop/products-2.html\""));
+  EXPECT_TRUE(Page(u"sitemap.xml"_qs).contains("<loc>https://example.com/shop/f1.html</loc>"));
+  EXPECT_TRUE(Page(u"404.html"_qs).contains("href=\"https://example.com/shop/style.css\""));
+}
+
+// Each text of the catalog is one that would break a page where it was not expected.
+TEST_F(SiteTest, HostileTextsStayTexts) {
+  const QString hostile =
+      u"\"'></title></script><img src=x onerror=alert(1)>\u202E שלום 🙂\r\n{{{x}}}"_qs +
+      QString(10000, u'x');
+  for (const char* column :
+       {"Titolo", "Sottotitolo", "Spalla", "Azienda", "Indirizzo", "Citta", "Provincia", "Stato", "CAP",
+        "Tel", "Fax", "Email", "URL", "Extras", "NomeValore1", "NomeFiltro1"})
+    connection_.Execute(u"UPDATE Cataloghi SET %1=?"_qs.arg(QLatin1String(column)), {hostile});
+  for (const char* column : {"Descrizione", "Valore1", "Valore2"})
+    connection_.Execute(u"UPDATE Prodotti SET %1=?"_qs.arg(QLatin1String(column)), {hostile});
+  connection_.Execute(u"UPDATE Filtri SET Valore=?"_qs, {hostile});
+  connection_.Execute(u"UPDATE SchedeTecniche SET Caratteristica=?,Valore=?"_qs, {hostile, hostile});
+  profile_.hours = profile_.mapLink = profile_.address = hostile;
+  profile_.sisters = {{u"en"_qs, hostile}};
+  profile_.accent = profile_.font = hostile;
+  Publish();
+  const QMap<QString, QByteArray> files = Files(target_);
+  EXPECT_GT(files.size(), 8);
+  for (auto file = files.cbegin(); file != files.cend(); ++file) {
+    if (!file.key().endsWith(u".html")) continue;
+    for (const char* never : {"<img src=x", "</title></", "\"'>", "javascript:"})
+      EXPECT_FALSE(file->contains(never)) << file.key() << " holds " << never;
+  }
 }
 
 TEST_F(SiteTest, ProductsWithoutANumberStandLastAndAsTheyCame) {
@@ -75,7 +163,7 @@ TEST_F(SiteTest, ASecondRunWritesOnlyWhatChanged) {
 
   connection_.Execute(
       u"UPDATE Prodotti SET Valore2='9'||char(1,27,127,133,65535)||'9' WHERE CodiceProdotto='B-1'"_qs);
-  EXPECT_EQ(Written(), 1) << "a value that stands on the product's own page";
+  EXPECT_EQ(Written(), 2) << "the product's own page, and what is searched";
   EXPECT_TRUE(Page(u"p-b-1.html"_qs).contains(">99<")) << "without control characters";
   // What somebody broke or lost is made again.
   QFile::remove(target_ + u"/p-b-1.html"_qs);

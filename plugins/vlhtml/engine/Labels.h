@@ -1,11 +1,7 @@
-// The words that the site itself says, in the language of the catalog.
+// The languages that the dialogs of the plug-in speak.
 #pragma once
 
 #include "Publishing.h"
-
-#include <string>
-
-#include "Fields.h"
 
 namespace vlhtml {
 
@@ -14,11 +10,5 @@ struct Languages {
   bool italian;
   bool siteItalian;
 };
-
-// Every word as {{L.key}} in a skin. docs/plugins.md lists the keys.
-void TellLabels(Fields& fields, bool italian);
-
-// "Page 2 of 5".
-std::string PageOf(bool italian, int page, int pages);
 
 }  // namespace vlhtml

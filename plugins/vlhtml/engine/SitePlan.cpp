@@ -1,148 +1,162 @@
 #include "SitePlan.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
+#include <QSet>
+#include <algorithm>
+#include <numeric>
 
-#include "JpegHead.h"
 #include "PublishedNames.h"
+#include "PublishedPictures.h"
+#include "Words.h"
 
 namespace vlhtml {
 namespace {
 
-QString FileName(const QString& path) {
-  return path.mid(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
+constexpr std::size_t EvenlyFeatured = 8;
+constexpr std::size_t MostFeatured = 24;
+constexpr std::size_t Sisters = 4;
+
+// The positions in the order in which things came into the catalog. Names are given in it: what comes later
+// never takes the name of what was there before.
+template <typename Things, typename IdOf>
+std::vector<std::size_t> ByAge(const Things& things, IdOf idOf) {
+  std::vector<std::size_t> order(things.size());
+  std::iota(order.begin(), order.end(), std::size_t(0));
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return idOf(things[a]) < idOf(things[b]); });
+  return order;
 }
-
-// The pictures of this application folder. Each folder that a row names is looked up once.
-class Pictures {
- public:
-  Pictures(const QString& folder, bool italian)
-      : root_(QFileInfo(folder).canonicalFilePath()), italian_(italian) {}
-
-  // A picture that cannot be published is left out, and a warning says why. The thumbnail of a main picture
-  // stands beside it, with "t" before its name.
-  bool Plan(const Picture& picture, const QString& owner, const QString& name, bool main,
-            PlannedPicture& planned, QStringList& warnings) {
-    const QFileInfo source(picture.source);
-    if (const QString fault = FaultOf(source); !fault.isEmpty()) {
-      warnings += fault.arg(owner, QDir::toNativeSeparators(picture.source));
-      return false;
-    }
-    planned.picture = &picture;
-    planned.source = picture.source;
-    planned.file = QStringLiteral("images/") + name + QStringLiteral(".jpg");
-    planned.stamp = Stamp(source);
-    planned.smallSource = planned.source;
-    planned.smallFile = planned.file;
-    const QFileInfo thumbnail(source.path() + QStringLiteral("/t") + FileName(picture.source));
-    if (main && thumbnail.isFile() && FaultOf(thumbnail).isEmpty()) {
-      planned.smallSource = thumbnail.filePath();
-      planned.smallFile = QStringLiteral("images/t-") + name + QStringLiteral(".jpg");
-      planned.smallStamp = Stamp(thumbnail);
-    }
-    return true;
-  }
-
- private:
-  QString Real(const QString& folder) {
-    auto known = folders_.find(folder);
-    if (known == folders_.end()) known = folders_.insert(folder, QFileInfo(folder).canonicalFilePath());
-    return known.value();
-  }
-
-  bool IsInside(const QFileInfo& file) {
-    const QString folder = file.isSymLink() ? QFileInfo(file.canonicalFilePath()).path() : Real(file.path());
-    return !root_.isEmpty() && (folder == root_ || folder.startsWith(QString(root_ + u'/')));
-  }
-
-  QByteArray Stamp(const QFileInfo& file) {
-    return (Real(file.path()).mid(root_.size()) + u'/' + file.fileName()).toUtf8() + '|' +
-           QByteArray::number(file.size()) + '|' +
-           QByteArray::number(file.lastModified().toMSecsSinceEpoch());
-  }
-
-  QString FaultOf(const QFileInfo& file) {
-    const JpegFile kind = LookAtJpeg(file.filePath());
-    if (kind == JpegFile::Missing)
-      return italian_ ? QStringLiteral("%1: il file %2 non esiste")
-                      : QStringLiteral("%1: the file %2 does not exist");
-    if (!IsInside(file))
-      return italian_ ? QStringLiteral("%1: il file %2 non sta nella cartella \"Images\"")
-                      : QStringLiteral("%1: the file %2 does not lie in the folder \"Images\"");
-    if (kind == JpegFile::Unreadable)
-      return italian_ ? QStringLiteral("%1: il file %2 non si può leggere")
-                      : QStringLiteral("%1: the file %2 cannot be read");
-    if (kind == JpegFile::OtherKind)
-      return italian_ ? QStringLiteral("%1: il file %2 non è un'immagine JPEG")
-                      : QStringLiteral("%1: the file %2 is no JPEG picture");
-    return {};
-  }
-
-  QString root_;
-  bool italian_;
-  QHash<QString, QString> folders_;
-};
 
 }  // namespace
 
+// The number of a page follows a sign that no text has in its name, but for the list of all products.
 QString PlannedList::PageFile(int page) const {
-  return file + (page > 1 ? u'-' + QString::number(page) : QString()) + QStringLiteral(".html");
+  const QString number = QLatin1Char(filter == 0 ? '-' : '_') + QString::number(page);
+  return file + (page > 1 ? number : QString()) + QStringLiteral(".html");
 }
 
-SitePlan::SitePlan(const CatalogSnapshot& snapshot, const QString& imagesFolder, const Languages& languages)
-    : catalog(&snapshot) {
-  Pictures pictures(imagesFolder, languages.italian);
+SitePlan::SitePlan(const CatalogSnapshot& snapshot, const Words& words, bool preview, bool moreValues)
+    : catalog(&snapshot),
+      price(snapshot.price > 0 ? snapshot.valueNames[std::size_t(snapshot.price) - 1] : std::string(),
+            words.Language() != "en") {
+  all.title = QString::fromStdString(words.Text("allProducts"));
+  all.file = QStringLiteral("products");
+  NameProducts();
+  PlanFilters(moreValues);
+  ChooseFeatured();
+  if (preview && !products.empty()) previewed = featured.empty() ? 0 : featured.front();
+}
+
+void SitePlan::NameProducts() {
   PublishedNames names;
-  all.title = languages.siteItalian ? QStringLiteral("Tutti i prodotti") : QStringLiteral("All products");
-  all.file = names.NameOf(QString(), QStringLiteral("products"));
-  names.NameOf(QString(), QStringLiteral("index"));
-  for (const FilterValue& value : snapshot.filterValues) {
-    filterList.insert(value.id, int(filters.size()));
-    filters.push_back({value.text, value.filter, {}, {}});
+  products.resize(catalog->products.size());
+  for (const std::size_t i : ByAge(catalog->products, [](const Product& product) { return product.id; }))
+    products[i].file =
+        names.NameOf(QStringLiteral("p-"), catalog->products[i].code) + QStringLiteral(".html");
+  for (std::size_t i = 0; i < products.size(); ++i) {
+    products[i].product = &catalog->products[i];
+    products[i].price = price.Text(catalog->products[i].price);
+    all.products.push_back(int(i));
   }
-  for (const Product& product : snapshot.products) {
-    const int position = int(products.size());
-    PlannedProduct planned;
-    planned.product = &product;
-    const QString name = names.NameOf(QStringLiteral("p-"), product.code);
-    planned.file = name + QStringLiteral(".html");
-    for (std::size_t i = 0; i < product.pictures.size(); ++i) {
-      PlannedPicture picture;
-      if (pictures.Plan(product.pictures[i], product.code,
-                        i == 0 ? name : name + u'_' + QString::number(i + 1), i == 0, picture, warnings))
-        planned.pictures.push_back(std::move(picture));
-    }
-    products.push_back(std::move(planned));
-    all.products.push_back(position);
-    for (const int id : product.filters)
-      if (const auto list = filterList.constFind(id); list != filterList.constEnd())
-        filters[std::size_t(*list)].products.push_back(position);
-  }
-  // Values without products get no page.
-  std::vector<PlannedList> used;
-  QHash<int, int> positions;
-  for (const FilterValue& value : snapshot.filterValues) {
-    PlannedList& list = filters[std::size_t(filterList[value.id])];
-    if (list.products.empty()) continue;
-    list.file = names.NameOf(QStringLiteral("f%1-").arg(list.filter), list.title);
+}
+
+// Values without products get no page.
+void SitePlan::PlanFilters(bool moreValues) {
+  QHash<int, std::vector<int>> having;
+  for (std::size_t i = 0; i < products.size(); ++i)
+    for (const int id : products[i].product->filters)
+      if (id != 0) having[id].push_back(int(i));
+  QHash<int, QString> files;
+  PublishedNames names;
+  QSet<QString> used;
+  for (const std::size_t i :
+       ByAge(catalog->filterValues, [](const FilterValue& value) { return value.id; })) {
+    const FilterValue& value = catalog->filterValues[i];
+    if (!having.contains(value.id)) continue;
+    const QString prefix = QStringLiteral("f%1-").arg(value.filter);
+    QString file = names.NameOf(prefix, value.text);
     // Two values may have one text: each has its page.
-    if (!positions.isEmpty() && std::any_of(used.begin(), used.end(), [&](const PlannedList& other) {
-          return other.file == list.file;
-        }))
-      list.file = names.NameOf(QStringLiteral("f%1-").arg(list.filter),
-                               list.title + QStringLiteral(" %1").arg(value.id));
-    positions.insert(value.id, int(used.size()));
-    used.push_back(std::move(list));
+    if (used.contains(file)) file = names.NameOf(prefix, value.text + QStringLiteral(" %1").arg(value.id));
+    used.insert(file);
+    files.insert(value.id, file);
   }
-  filters = std::move(used);
-  filterList = std::move(positions);
-  if (!snapshot.logo.source.isEmpty()) {
-    PlannedPicture picture;
-    if (pictures.Plan(snapshot.logo, QStringLiteral("Logo"), QStringLiteral("logo"), false, picture,
-                      warnings))
-      logo.push_back(std::move(picture));
+  for (const FilterValue& value : catalog->filterValues) {
+    if (!having.contains(value.id)) continue;
+    if (groups.empty() || groups.back().number != value.filter)
+      groups.push_back({value.filter, catalog->filterNames[std::size_t(value.filter) - 1], {}, QString()});
+    groups.back().lists.push_back(int(filters.size()));
+    filterList.insert(value.id, int(filters.size()));
+    const auto namesakes = std::count_if(filters.begin(), filters.end(), [&](const PlannedList& other) {
+      return other.filter == value.filter && other.title == value.text;
+    });
+    filters.push_back(
+        {value.text, value.filter, files[value.id], std::move(having[value.id]), false, int(namesakes)});
   }
+  for (PlannedFilter& group : groups)
+    if (moreValues && group.lists.size() > ValuesAtOnce)
+      group.allFile = QStringLiteral("f%1.html").arg(group.number);
+}
+
+void SitePlan::ChooseFeatured() {
+  const auto hasPicture = [&](std::size_t i) { return !products[i].product->pictures.empty(); };
+  for (const std::size_t i : catalog->highlights)
+    if (hasPicture(i) && featured.size() < MostFeatured) featured.push_back(int(i));
+  if (!featured.empty()) return;
+  std::vector<int> shown;
+  for (std::size_t i = 0; i < products.size(); ++i)
+    if (hasPicture(i)) shown.push_back(int(i));
+  const std::size_t step = std::max<std::size_t>(1, shown.size() / EvenlyFeatured);
+  for (std::size_t i = 0; i < shown.size() && featured.size() < EvenlyFeatured; i += step)
+    featured.push_back(shown[i]);
+}
+
+QStringList SitePlan::PictureNames() const {
+  QStringList names;
+  for (const PlannedProduct& product : products) names += product.file.chopped(5);
+  if (previewed < 0) return names;
+  QSet<int> shown{previewed};
+  for (const int product : featured) shown.insert(product);
+  for (const int product : SistersOf(previewed)) shown.insert(product);
+  if (!groups.empty())
+    for (const int list : groups.front().lists) {
+      const std::vector<int>& having = filters[std::size_t(list)].products;
+      const auto first = std::find_if(having.begin(), having.end(), [&](int i) {
+        return !products[std::size_t(i)].product->pictures.empty();
+      });
+      if (first != having.end()) shown.insert(*first);
+    }
+  for (int i = 0; i < int(names.size()); ++i)
+    if (!shown.contains(i)) names[i].clear();
+  return names;
+}
+
+void SitePlan::SetPictures(const PublishedPictures& published) {
+  pictures = &published;
+  const auto hasNone = [&](int i) { return published.Of(std::size_t(i)).empty(); };
+  const auto choose = [&](PlannedList& list) {
+    const auto without = std::count_if(list.products.begin(), list.products.end(), hasNone);
+    list.rows = without * 3 > std::ptrdiff_t(list.products.size()) * 2;
+  };
+  choose(all);
+  std::for_each(filters.begin(), filters.end(), choose);
+  featured.erase(std::remove_if(featured.begin(), featured.end(), hasNone), featured.end());
+}
+
+const PlannedList* SitePlan::FirstList(int product) const {
+  for (const int id : products[std::size_t(product)].product->filters)
+    if (const auto list = filterList.constFind(id); list != filterList.constEnd())
+      return &filters[std::size_t(*list)];
+  return nullptr;
+}
+
+std::vector<int> SitePlan::SistersOf(int product) const {
+  const PlannedList* list = FirstList(product);
+  if (list == nullptr) return {};
+  const std::vector<int>& having = list->products;
+  const auto place = std::size_t(std::lower_bound(having.begin(), having.end(), product) - having.begin());
+  std::vector<int> sisters;
+  for (std::size_t i = 1; i < having.size() && sisters.size() < Sisters; ++i)
+    sisters.push_back(having[(place + i) % having.size()]);
+  return sisters;
 }
 
 }  // namespace vlhtml

@@ -3,43 +3,30 @@
 #include <QDir>
 #include <QFileInfo>
 #include <future>
+#include <memory>
 
-#include "PageData.h"
-#include "Publication.h"
+#include "PageParts.h"
+#include "SiteFields.h"
+#include "SiteFiles.h"
 #include "SkinFolders.h"
 #include "SkinPages.h"
+#include "Theme.h"
 
 namespace vlhtml {
 namespace {
 
-// Adds the pages, each followed by the files that are published with it. Gives the pages by their numbers.
-std::vector<Page> AddFiles(const SitePlan& plan, const Skin& skin, Publication& publication) {
-  std::vector<Page> pages;
-  const auto addPage = [&](const QString& file, const Page& page) {
-    publication.AddPage(file, pages.size());
-    pages.push_back(page);
-  };
-  const auto addPicture = [&](const PlannedPicture& picture) {
-    publication.AddPicture(picture.file, picture.source, picture.stamp);
-    if (picture.smallFile != picture.file)
-      publication.AddCopy(picture.smallFile, picture.smallSource, picture.smallStamp);
-  };
-  const auto addList = [&](const PlannedList& list) {
-    const PageKind kind = list.filter > 0 ? PageKind::Filter : PageKind::Index;
-    for (int page = 1; page <= list.Pages(); ++page) addPage(list.PageFile(page), {kind, &list, page});
-  };
-  addPage(QStringLiteral("index.html"), {PageKind::Home, nullptr, 0});
-  for (const PlannedPicture& picture : plan.logo) addPicture(picture);
-  for (const Skin::File& file : skin.StaticFiles())
-    publication.AddCopy(file.name, skin.Folder() + u'/' + file.name, file.hash);
-  addList(plan.all);
-  for (const PlannedList& list : plan.filters) addList(list);
-  for (std::size_t i = 0; i < plan.products.size(); ++i) {
-    const PlannedProduct& product = plan.products[i];
-    addPage(product.file, {PageKind::Product, nullptr, int(i)});
-    for (const PlannedPicture& picture : product.pictures) addPicture(picture);
-  }
-  return pages;
+VorlinaReport Make(Site site, const Skin& skin, Publication& publication, IVorlinaProgress& progress) {
+  site.hasTheme = !ThemeOf(site.profile).isEmpty();
+  site.hasMessages = skin.Has(std::size_t(PageKind::Message));
+  site.hasSearch = site.plan.previewed < 0 && !site.plan.products.empty() &&
+                   QFileInfo(skin.Folder() + QStringLiteral("/search.js")).isFile();
+  TellOnce(site, skin.Names());
+  const std::vector<Page> pages = AddFiles(site, skin, publication);
+  const SkinPages made(skin,
+                       {[&](Fields& fields) { TellSite(fields, site); },
+                        [&](std::size_t page) { return std::size_t(pages[page].kind); },
+                        [&](Fields& fields, std::size_t page) { TellPage(fields, site, pages[page]); }});
+  return publication.Make(QString::fromStdString(site.Title()), made.Maker(), progress);
 }
 
 }  // namespace
@@ -60,17 +47,20 @@ bool SitePublisher::MayReplace(const QString& title, const QString& folder) cons
           .arg(QDir::toNativeSeparators(folder)));
 }
 
+QString SitePublisher::WordsFolder() const {
+  return !words_.isEmpty() ? words_ : host_.deliveredFolder + QStringLiteral("/PubWiz/VLHTML.HTML/words");
+}
+
 VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const VorlinaJob& job,
                                      IVorlinaProgress& progress) {
   const bool italian = host_.language == u"Italian";
-  const Languages languages{italian, job.profile.language == u"it"};
   Publication publication(connection, job, italian);
-  const QString application = QFileInfo(connection.DataSource()).absolutePath();
+  const QString images = QFileInfo(connection.DataSource()).absolutePath() + QStringLiteral("/Images");
   const QString skinFolder = skin_.isEmpty() ? CurrentSkin(SiteSkin(), host_) : skin_;
   VorlinaReport report;
   if (publication.IsAsBefore({SiteSkin().plugin,
                               {},
-                              {application + QStringLiteral("/Images"), skinFolder},
+                              {images, skinFolder, WordsFolder()},
                               (host_.language + skinFolder).toUtf8()},
                              report))
     return report;
@@ -79,24 +69,27 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   if (!progress.Report(
           0, 1, italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog")))
     return {};
-  CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
-  const QString images = application + QStringLiteral("/Images");
-  // The files are looked at while the longest table is read.
-  auto planned = std::async([&] { return SitePlan(catalog, images, languages); });
-  ReadFeatures(connection, job, catalog);
-  const SitePlan plan = planned.get();
   const Skin skin(skinFolder, SiteSkin(), italian);
-  const PageData data(plan, skin, languages.siteItalian);
-  const std::vector<Page> pages = AddFiles(plan, skin, publication);
-  const SkinPages made(skin, {[&](Fields& fields) { data.TellSite(fields); },
-                              [&](std::size_t page) { return std::size_t(pages[page].kind); },
-                              [&](Fields& fields, std::size_t page) { data.TellPage(fields, pages[page]); }});
-  const QString title = QString::fromStdString(catalog.title.empty() ? catalog.name : catalog.title);
-  report = publication.Make(title, made.Maker(), progress);
+  const Words words(job.profile.language, WordsFolder(), skinFolder, italian);
+  CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
+  SitePlan plan(catalog, words, job.preview, skin.Has(std::size_t(PageKind::Values)));
+  if (catalog.widePicture.source.isEmpty() && !plan.featured.empty())
+    catalog.widePicture = catalog.products[std::size_t(plan.featured.front())].pictures.front();
+  // The files are looked at while the longest table is read.
+  auto looking = std::async(std::launch::async, [&] {
+    return std::make_unique<PublishedPictures>(
+        PictureRequest{&catalog, plan.PictureNames(), images, job.profile.pictureSizes, italian});
+  });
+  ReadFeatures(connection, job, catalog);
+  const std::unique_ptr<PublishedPictures> pictures = looking.get();
+  if (!pictures->Prepare(*host_.pictures, progress)) return {};
+  plan.SetPictures(*pictures);
+  report =
+      Make({plan, *pictures, words, job.profile, false, false, false, {}, {}}, skin, publication, progress);
   if (!report.complete) return report;
-  report.notes += catalog.notes;
-  for (const QString& warning : plan.warnings) report.notes += {VorlinaNote::Kind::Other, {}, warning};
+  report.notes = catalog.notes + pictures->Notes() + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
+  if (plan.previewed >= 0) report.open += job.target + u'/' + plan.products[std::size_t(plan.previewed)].file;
   publication.Remember(report);
   return report;
 }

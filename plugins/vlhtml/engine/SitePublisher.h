@@ -11,8 +11,10 @@ namespace vlhtml {
 
 class SitePublisher : public IVorlinaPublisher {
  public:
-  // skin is a skin folder; "" stands for the one in use.
-  explicit SitePublisher(const VorlinaHost& host, QString skin = {}) : host_(host), skin_(std::move(skin)) {}
+  // skin is a skin folder; "" stands for the one in use. words is the folder of the words that were
+  // delivered; "" stands for its place beside the plug-in.
+  explicit SitePublisher(const VorlinaHost& host, QString skin = {}, QString words = {})
+      : host_(host), skin_(std::move(skin)), words_(std::move(words)) {}
 
   // A folder with another catalog's site is refused where nobody can be asked.
   VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
@@ -20,9 +22,10 @@ class SitePublisher : public IVorlinaPublisher {
 
  private:
   bool MayReplace(const QString& title, const QString& folder) const;
+  QString WordsFolder() const;
 
   VorlinaHost host_;
-  QString skin_;
+  QString skin_, words_;
 };
 
 }  // namespace vlhtml

@@ -1,0 +1,70 @@
+#include "Head.h"
+
+#include <QJsonObject>
+
+namespace vlhtml {
+namespace {
+
+constexpr qsizetype LongestTitle = 68;
+constexpr qsizetype LongestPart = 30;
+constexpr qsizetype LongestExcerpt = 155;
+
+// As long as the text is in a page.
+qsizetype Length(const QString& text) { return text.toHtmlEscaped().size() + text.count(u'\'') * 5; }
+
+// Cut at a word, so that it stays readable, and never within a character.
+QString Cut(QString text, qsizetype longest) {
+  if (Length(text) <= longest) return text;
+  while (!text.isEmpty() && Length(text) >= longest) {
+    const qsizetype blank = text.lastIndexOf(u' ');
+    text.truncate(blank > longest / 3 ? blank : text.size() - 1);
+    if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
+  }
+  while (!text.isEmpty() && (text.back().isPunct() || text.back().isSpace())) text.chop(1);
+  return text + u'…';
+}
+
+}  // namespace
+
+std::string PageTitle(const std::string& text, const std::vector<std::string>& parts) {
+  QString behind;
+  for (const std::string& part : parts)
+    if (const QString plain = QString::fromStdString(part).simplified(); !plain.isEmpty())
+      behind += QStringLiteral(" – ") + Cut(plain, LongestPart);
+  const QString title = QString::fromStdString(text).simplified();
+  const QString cut = Cut(title, std::max<qsizetype>(4, LongestTitle - Length(behind)));
+  return cut.toStdString() + behind.toStdString();
+}
+
+std::string Excerpt(const std::string& text) {
+  return Cut(QString::fromStdString(text).simplified(), LongestExcerpt).toStdString();
+}
+
+void TellHead(Fields& fields, const Site& site, const Head& head) {
+  const std::string address = site.Address();
+  const bool known = !address.empty() && !head.file.isEmpty();
+  fields.Text("pageTitle", head.title);
+  fields.TextIf("metaDescription", Excerpt(head.description));
+  fields.Flag("noIndex", head.file.isEmpty());
+  // The first page is that of the folder.
+  fields.TextIf("canonical", !known                       ? std::string()
+                             : head.file == u"index.html" ? address
+                                                          : address + head.file.toStdString());
+  fields.GroupIf(!head.file.isEmpty(), "openGraph", [&](Fields& graph) {
+    graph.Text("type", head.type);
+    graph.Text("title", head.title);
+    graph.GroupIf(known && head.picture != nullptr, "image", [&](Fields& image) {
+      const PublishedSize& size = head.picture->sizes.back();
+      image.Text("address", address + size.jpeg.toStdString());
+      image.Text("width", std::to_string(size.size.width()));
+      image.Text("height", std::to_string(size.size.height()));
+    });
+  });
+  if (head.data.isEmpty())
+    fields.Flag("jsonLd", false);
+  else
+    fields.Json("jsonLd", QJsonObject{{QStringLiteral("@context"), QStringLiteral("https://schema.org")},
+                                      {QStringLiteral("@graph"), head.data}});
+}
+
+}  // namespace vlhtml

@@ -1,0 +1,27 @@
+// What stands in the head of a page, for browsers, search engines and whoever shows a link to it.
+#pragma once
+
+#include <QJsonArray>
+
+#include "Fields.h"
+#include "Site.h"
+
+namespace vlhtml {
+
+struct Head {
+  std::string title;
+  std::string description;
+  QString file;  // of the page; "" where it has no address of its own
+  const char* type = "website";
+  const PublishedPicture* picture = nullptr;
+  QJsonArray data;  // what the page is about, in the words of schema.org
+};
+
+void TellHead(Fields& fields, const Site& site, const Head& head);
+
+// A title of the text, which is cut where it is too long, and of parts that stand behind it whole.
+std::string PageTitle(const std::string& text, const std::vector<std::string>& parts);
+// The beginning of a text, cut at a word, for where a search engine shows a page.
+std::string Excerpt(const std::string& text);
+
+}  // namespace vlhtml

@@ -1,0 +1,133 @@
+#include "ListPages.h"
+
+#include <algorithm>
+
+#include "Head.h"
+#include "PageParts.h"
+#include "StructuredData.h"
+
+namespace vlhtml {
+namespace {
+
+// Pictures that a reader sees before anything moves: a row on a desk, two on a phone.
+constexpr std::size_t EagerCards = 4;
+// From this number on, values stand under their first letters.
+constexpr std::size_t LettersFrom = 40;
+
+// The pages that are linked: the first, the last, and those beside this one; 0 stands for a gap. What a gap
+// of one page would hide stands there itself.
+std::vector<int> LinkedPages(int page, int pages) {
+  std::vector<int> linked;
+  int last = 0;
+  for (int i = 1; i <= pages; ++i) {
+    const bool isNear = std::abs(i - page) <= 1 || (page == 1 && i == 3) || (page == pages && i == pages - 2);
+    if (i != 1 && i != pages && !isNear) continue;
+    if (i - last == 2) linked.push_back(i - 1);
+    if (i - last > 2) linked.push_back(0);
+    linked.push_back(i);
+    last = i;
+  }
+  return linked;
+}
+
+void TellPageLinks(Fields& fields, const Site& site, const PlannedList& list, int page) {
+  const std::vector<int> linked = LinkedPages(page, list.Pages());
+  const auto link = [&](int other) { return site.Link(list.PageFile(other)); };
+  fields.Flag("paged", list.Pages() > 1);
+  fields.List("numbers", linked.size(), [&](Fields& number, std::size_t i) {
+    const std::string shown = site.words.Number(linked[i]);
+    number.Text("number", shown);
+    number.Text("label", site.words.Text("page", {{"n", shown}}));
+    number.TextIf("file", linked[i] == 0 || linked[i] == page ? std::string() : link(linked[i]));
+    number.Flag("current", linked[i] == page);
+    number.Flag("gap", linked[i] == 0);
+  });
+  fields.GroupIf(page > 1, "previous", [&](Fields& other) { other.Text("file", link(page - 1)); });
+  fields.GroupIf(page < list.Pages(), "next", [&](Fields& other) { other.Text("file", link(page + 1)); });
+}
+
+void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int page,
+                  const std::string& filter) {
+  const std::string title = list.title.toStdString();
+  const std::string pageOf =
+      site.words.Text("pageOf", {{"n", site.words.Number(page)}, {"total", site.words.Number(list.Pages())}});
+  Head head;
+  const std::string twin =
+      list.namesakes > 0 ? " (" + std::to_string(list.namesakes + 1) + ')' : std::string();
+  head.title = PageTitle(title, {filter + twin, list.Pages() > 1 ? pageOf : std::string(), site.Brand()});
+  head.description = site.words.Counted("product", int(list.products.size())) + " – " +
+                     (filter.empty() ? std::string() : filter + ": ") + title + ", " + site.Brand();
+  head.file = list.PageFile(page);
+  std::vector<std::pair<std::string, QString>> steps{
+      {site.words.Text("home"), QStringLiteral("index.html")},
+      {site.words.Text("products"), site.plan.all.PageFile(1)}};
+  if (list.filter > 0) steps.emplace_back(title, list.PageFile(1));
+  if (const QJsonObject path = PathData(site, steps); !path.isEmpty()) head.data.append(path);
+  TellHead(fields, site, head);
+}
+
+// The letter that a value stands under: accents do not matter, and what is no letter stands under a sign.
+QString LetterOf(const QString& text) {
+  const QString plain = text.trimmed().normalized(QString::NormalizationForm_D).toUpper();
+  return !plain.isEmpty() && plain[0].isLetter() ? QString(plain[0]) : QStringLiteral("0–9");
+}
+
+}  // namespace
+
+void TellList(Fields& fields, const Site& site, const PlannedList& list, int page) {
+  const SitePlan& plan = site.plan;
+  const auto group = std::find_if(plan.groups.begin(), plan.groups.end(),
+                                  [&](const PlannedFilter& filter) { return filter.number == list.filter; });
+  const std::string filter = group == plan.groups.end() ? std::string() : group->name;
+  TellListHead(fields, site, list, page, filter);
+  fields.Flag("isProducts", list.filter == 0 && page == 1);
+  fields.Text("heading", list.title.toStdString());
+  fields.TextIf("filterName", filter);
+  fields.TextIf("filterNumber", list.filter > 0 ? std::to_string(list.filter) : std::string());
+  fields.Text("browseBy", site.words.Text("browseBy", {{"name", filter}}));
+  const int first = (page - 1) * ProductsOnPage;
+  const int end = std::min(first + ProductsOnPage, int(list.products.size()));
+  fields.Text("range", site.words.Text("range", {{"from", site.words.Number(first + 1)},
+                                                 {"to", site.words.Number(end)},
+                                                 {"total", site.words.Number(int(list.products.size()))}}));
+  fields.Flag("rows", list.rows);
+  TellCards(fields, site, {list.products.begin() + first, list.products.begin() + end}, EagerCards);
+  fields.Flag("empty", list.products.empty());
+  std::vector<const PlannedFilter*> groups;
+  for (const PlannedFilter& other : plan.groups)
+    if (list.filter == 0 || other.number == list.filter) groups.push_back(&other);
+  fields.GroupIf(!groups.empty(), "browse", [&](Fields& browse) { TellGroups(browse, site, groups, &list); });
+  TellPageLinks(fields, site, list, page);
+}
+
+void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group) {
+  struct Letter {
+    QString text;
+    std::vector<int> lists;
+  };
+  std::vector<Letter> letters;
+  for (const int list : group.lists) {
+    const QString letter =
+        group.lists.size() < LettersFrom ? QString() : LetterOf(site.plan.filters[std::size_t(list)].title);
+    if (letters.empty() || letters.back().text != letter) letters.push_back({letter, {}});
+    letters.back().lists.push_back(list);
+  }
+  const std::string total = site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}});
+  TellHead(fields, site,
+           {PageTitle(group.name, {site.words.Text("allValues"), site.Brand()}),
+            group.name + " – " + total + ", " + site.Brand(),
+            group.allFile,
+            "website",
+            nullptr,
+            {}});
+  fields.Text("heading", group.name);
+  fields.Text("total", total);
+  fields.List("letters", letters.size(), [&](Fields& letter, std::size_t i) {
+    letter.TextIf("letter", letters[i].text.toStdString());
+    letter.List("values", letters[i].lists.size(), [&](Fields& value, std::size_t j) {
+      TellValue(value, site, site.plan.filters[std::size_t(letters[i].lists[j])]);
+    });
+  });
+}
+
+}  // namespace vlhtml

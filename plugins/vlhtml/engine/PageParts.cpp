@@ -1,0 +1,123 @@
+#include "PageParts.h"
+
+#include <algorithm>
+
+namespace vlhtml {
+namespace {
+
+// A picture whose longer side has less is never shown larger than it is.
+constexpr int SmallestSide = 280;
+
+std::string Share(double share) { return QString::number(share, 'g', 4).toStdString(); }
+
+std::string Number(int number) { return std::to_string(number); }
+
+}  // namespace
+
+void TellPicture(Fields& fields, const PublishedPicture& picture) {
+  const PublishedSize& largest = picture.sizes.back();
+  const double ratio = double(std::max(1, largest.size.width())) / std::max(1, largest.size.height());
+  fields.Text("file", picture.sizes.front().jpeg.toStdString());
+  fields.TextIf("srcset", picture.sizes.size() > 1 ? picture.JpegSet() : std::string());
+  fields.TextIf("webp", picture.WebpSet());
+  fields.Text("width", Number(largest.size.width()));
+  fields.Text("height", Number(largest.size.height()));
+  fields.Text("full", picture.file.toStdString());
+  fields.Text("fullWidth", Number(picture.size.width()));
+  fields.Text("fullHeight", Number(picture.size.height()));
+  const bool larger = picture.size.width() > largest.size.width();
+  fields.TextIf("fullSet", larger ? largest.jpeg.toStdString() + ' ' + Number(largest.size.width()) + "w, " +
+                                        picture.file.toStdString() + ' ' + Number(picture.size.width()) + 'w'
+                                  : std::string());
+  fields.Text("ratio", Share(ratio));
+  fields.Text("share", Share(std::min(1.0, ratio)));
+  fields.Text("cover", Share(std::max(1.0, ratio)));
+  fields.Flag("tall", ratio < 1);
+  fields.Flag("tiny", std::max(largest.size.width(), largest.size.height()) < SmallestSide);
+}
+
+void TellPrice(Fields& fields, const Site& site, const PlannedProduct& product) {
+  fields.GroupIf(!product.price.empty(), "price", [&](Fields& price) {
+    price.TextIf("label", site.plan.price.Label(product.product->price));
+    price.Text("text", product.price);
+  });
+}
+
+void TellCards(Fields& fields, const Site& site, const std::vector<int>& products, std::size_t eager) {
+  fields.List("cards", products.size(), [&](Fields& card, std::size_t i) {
+    card.Include(site.cards[std::size_t(products[i])]);
+    card.Flag("eager", i < eager);
+  });
+}
+
+std::vector<int> ValuesShown(const SitePlan& plan, const PlannedFilter& group, const PlannedList* current) {
+  if (group.allFile.isEmpty()) return group.lists;
+  const auto listOf = [&](int list) -> const PlannedList& { return plan.filters[std::size_t(list)]; };
+  std::vector<int> shown = group.lists;
+  std::stable_sort(shown.begin(), shown.end(), [&](int a, int b) {
+    if (&listOf(a) == current || &listOf(b) == current) return &listOf(a) == current && a != b;
+    return listOf(a).products.size() > listOf(b).products.size();
+  });
+  shown.resize(ValuesAtOnce);
+  std::sort(shown.begin(), shown.end());
+  return shown;
+}
+
+void TellValue(Fields& fields, const Site& site, const PlannedList& list) {
+  fields.Text("text", list.title.toStdString());
+  fields.Text("file", site.Link(list.PageFile(1)));
+  fields.Text("count", site.words.Number(int(list.products.size())));
+}
+
+namespace {
+
+void TellCard(Fields& fields, const Site& site, std::size_t product) {
+  const PlannedProduct& planned = site.plan.products[product];
+  const std::string code = planned.product->code.toStdString();
+  const auto& pictures = site.pictures.Of(product);
+  fields.Text("file", site.Link(planned.file));
+  fields.Text("name", planned.product->name);
+  fields.TextIf("code", code == planned.product->name ? std::string() : code);
+  fields.GroupIf(!pictures.empty(), "picture",
+                 [&](Fields& picture) { TellPicture(picture, pictures.front()); });
+  TellPrice(fields, site, planned);
+  // Where nothing is a price, the first value is what a reader compares.
+  fields.TextIf("value", site.Catalog().price > 0 ? std::string() : planned.product->values[0]);
+  fields.Text("valueName", site.Catalog().valueNames[0]);
+}
+
+void TellGroupOf(Fields& fields, const Site& site, const PlannedFilter& group, const PlannedList* current) {
+  const std::vector<int> shown = ValuesShown(site.plan, group, current);
+  fields.Text("name", group.name);
+  fields.List("values", shown.size(), [&](Fields& value, std::size_t i) {
+    const PlannedList& list = site.plan.filters[std::size_t(shown[i])];
+    TellValue(value, site, list);
+    value.Flag("current", &list == current);
+  });
+  fields.TextIf("allFile", group.allFile.isEmpty() ? std::string() : site.Link(group.allFile));
+  fields.Text("allText", site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}}));
+}
+
+}  // namespace
+
+void TellOnce(Site& site, const FieldNames& names) {
+  for (std::size_t i = 0; i < site.plan.products.size(); ++i)
+    site.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i); });
+  for (const PlannedFilter& group : site.plan.groups)
+    site.groups.emplace_back(names, [&](Fields& fields) { TellGroupOf(fields, site, group, nullptr); });
+}
+
+void TellGroup(Fields& fields, const Site& site, const PlannedFilter& group, const PlannedList* current) {
+  if (current != nullptr && current->filter == group.number)
+    TellGroupOf(fields, site, group, current);
+  else
+    fields.Include(site.groups[std::size_t(&group - site.plan.groups.data())]);
+}
+
+void TellGroups(Fields& fields, const Site& site, const std::vector<const PlannedFilter*>& groups,
+                const PlannedList* current) {
+  fields.List("groups", groups.size(),
+              [&](Fields& group, std::size_t i) { TellGroup(group, site, *groups[i], current); });
+}
+
+}  // namespace vlhtml

@@ -1,0 +1,140 @@
+#include "ProductPage.h"
+
+#include "Contact.h"
+#include "Head.h"
+#include "PageParts.h"
+#include "StructuredData.h"
+
+namespace vlhtml {
+namespace {
+
+void TellProductHead(Fields& fields, const Site& site, int product, const PlannedList* parent) {
+  const PlannedProduct& planned = site.plan.products[std::size_t(product)];
+  const Product& told = *planned.product;
+  const std::string code = told.code.toStdString();
+  Head head;
+  head.title = PageTitle(told.name, {code == told.name ? std::string() : code, site.Brand()});
+  head.description = told.description.empty() ? code : told.description;
+  if (!planned.price.empty()) head.description = planned.price + " – " + head.description;
+  head.file = planned.file;
+  head.type = "product";
+  if (const auto& pictures = site.pictures.Of(std::size_t(product)); !pictures.empty())
+    head.picture = &pictures.front();
+  head.data.append(ProductData(site, product));
+  std::vector<std::pair<std::string, QString>> steps{
+      {site.words.Text("home"), QStringLiteral("index.html")},
+      {site.words.Text("products"), site.plan.all.PageFile(1)}};
+  if (parent != nullptr) steps.emplace_back(parent->title.toStdString(), parent->PageFile(1));
+  steps.emplace_back(told.name, planned.file);
+  if (const QJsonObject path = PathData(site, steps); !path.isEmpty()) head.data.append(path);
+  TellHead(fields, site, head);
+}
+
+void TellGallery(Fields& fields, const Site& site, int product) {
+  const std::vector<PublishedPicture>& pictures = site.pictures.Of(std::size_t(product));
+  const std::string& name = site.plan.products[std::size_t(product)].product->name;
+  const std::size_t count = pictures.size();
+  fields.Flag("several", count > 1);
+  fields.GroupIf(count > 0, "gallery", [&](Fields& gallery) {
+    gallery.List("pictures", count, [&](Fields& picture, std::size_t i) {
+      const std::string& caption = pictures[i].picture->caption;
+      TellPicture(picture, pictures[i]);
+      picture.Text("number", std::to_string(i + 1));
+      picture.Text("label", site.words.Text("pictureOf", {{"n", site.words.Number(int(i) + 1)},
+                                                          {"total", site.words.Number(int(count))}}));
+      picture.Text("alt", caption.empty() ? name : caption);
+      picture.TextIf("caption", caption == name ? std::string() : caption);
+      picture.Flag("first", i == 0);
+      picture.TextIf("before", i == 0 ? std::string() : std::to_string(i));
+      picture.TextIf("after", i + 1 == count ? std::string() : std::to_string(i + 2));
+    });
+  });
+}
+
+// How a reader asks about the product: nothing where the catalog names no way.
+void TellAsk(Fields& fields, const Site& site, const Product& product) {
+  const std::string mail = SafeMail(site.Catalog().email);
+  const std::string telephone = site.Catalog().telephone;
+  const std::string code = product.code.toStdString();
+  const std::string subject =
+      code == product.name ? site.words.Text("askSubjectCode", {{"code", code}})
+                           : site.words.Text("askSubject", {{"name", Excerpt(product.name)}, {"code", code}});
+  fields.GroupIf(!mail.empty() || !Dialled(telephone).empty(), "ask", [&](Fields& ask) {
+    ask.TextIf("mail", mail.empty() ? std::string() : MailLink(mail, subject));
+    ask.Text("call", Unbroken(site.words.Text("call", {{"telephone", telephone}})));
+  });
+}
+
+// The values and filter values that the product has; one with a page of its own leads there.
+void TellDetails(Fields& fields, const Site& site, const Product& product) {
+  struct Detail {
+    const std::string& name;
+    std::string value, file;
+  };
+  const CatalogSnapshot& catalog = site.Catalog();
+  std::vector<Detail> details;
+  for (std::size_t i = 0; i < 3; ++i)
+    if (!product.values[i].empty() && int(i) + 1 != catalog.price)
+      details.push_back({catalog.valueNames[i], product.values[i], {}});
+  for (std::size_t i = 0; i < 5; ++i)
+    if (const auto found = site.plan.filterList.constFind(product.filters[i]);
+        found != site.plan.filterList.constEnd()) {
+      const PlannedList& list = site.plan.filters[std::size_t(*found)];
+      details.push_back({catalog.filterNames[i], list.title.toStdString(), site.Link(list.PageFile(1))});
+    }
+  fields.List("details", details.size(), [&](Fields& detail, std::size_t i) {
+    detail.Text("name", details[i].name);
+    detail.Text("value", details[i].value);
+    detail.TextIf("file", details[i].file);
+  });
+  fields.GroupIf(!product.features.empty(), "techData", [&](Fields& data) {
+    data.List("features", product.features.size(), [&](Fields& feature, std::size_t i) {
+      feature.Text("name", product.features[i].name);
+      feature.Text("value", product.features[i].value);
+    });
+  });
+}
+
+void TellOthers(Fields& fields, const Site& site, int product, const PlannedList* parent) {
+  const std::vector<int> sisters = site.plan.SistersOf(product);
+  fields.GroupIf(!sisters.empty(), "sister", [&](Fields& group) {
+    group.Text("title", site.words.Text("alsoIn", {{"value", parent->title.toStdString()}}));
+    group.Text("file", site.Link(parent->PageFile(1)));
+    TellCards(group, site, sisters, 0);
+  });
+  const int count = int(site.plan.products.size());
+  const auto tellName = [&](int other) {
+    return [&site, other](Fields& link) {
+      const PlannedProduct& planned = site.plan.products[std::size_t(other)];
+      link.Text("file", site.Link(planned.file));
+      link.Text("name", planned.product->name);
+    };
+  };
+  fields.Flag("between", count > 1);
+  fields.GroupIf(product > 0, "previous", tellName(product - 1));
+  fields.GroupIf(product + 1 < count, "next", tellName(product + 1));
+}
+
+}  // namespace
+
+void TellProduct(Fields& fields, const Site& site, int product) {
+  const PlannedProduct& planned = site.plan.products[std::size_t(product)];
+  const Product& told = *planned.product;
+  const PlannedList* parent = site.plan.FirstList(product);
+  TellProductHead(fields, site, product, parent);
+  fields.Text("heading", told.name);
+  fields.Text("code", told.code.toStdString());
+  fields.GroupIf(parent != nullptr, "parent", [&](Fields& link) {
+    link.Text("text", parent->title.toStdString());
+    link.Text("file", site.Link(parent->PageFile(1)));
+  });
+  TellGallery(fields, site, product);
+  TellPrice(fields, site, planned);
+  TellAsk(fields, site, told);
+  fields.List("paragraphs", told.paragraphs.size(),
+              [&](Fields& paragraph, std::size_t i) { paragraph.Text("text", told.paragraphs[i]); });
+  TellDetails(fields, site, told);
+  TellOthers(fields, site, product, parent);
+}
+
+}  // namespace vlhtml

@@ -1,0 +1,43 @@
+// What all pages of a site are made from.
+#pragma once
+
+#include "Publishing.h"
+
+#include <VorlinaJob.h>
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "Fields.h"
+#include "PublishedPictures.h"
+#include "SitePlan.h"
+#include "Words.h"
+
+namespace vlhtml {
+
+struct Site {
+  const SitePlan& plan;
+  const PublishedPictures& pictures;
+  const Words& words;
+  const VorlinaProfile& profile;
+  bool hasTheme = false;     // there is a file "theme.css"
+  bool hasSearch = false;    // there are "search.js" and its index
+  bool hasMessages = false;  // the skin has pages that only say something
+
+  // What stands on many pages, told once: the cards of all products, and the plan's groups as they stand on
+  // pages that are not of one of their values.
+  std::vector<Fragment> cards, groups;
+
+  const CatalogSnapshot& Catalog() const { return *plan.catalog; }
+  // The site's own name: its title, or the name by which its owner knows it.
+  const std::string& Title() const;
+  // Who it is of: the company, or the title.
+  const std::string& Brand() const;
+  // Where a reader finds the first page, ending in "/"; "" where that is not known.
+  std::string Address() const;
+  // A file of the site as a page refers to it. In a preview, what is not there leads to a page that says so.
+  std::string Link(const QString& file) const;
+};
+
+}  // namespace vlhtml

@@ -1,0 +1,15 @@
+vorlinaIndex({
+words:{lang:"it",all:"Tutti",clear:"Azzera ricerca e filtri",filters:"Filtri",foundMany:"{n} prodotti trovati",foundNone:"Nessun prodotto trovato",foundNoneHint:"Controlla come è scritto, usa meno parole o togli un filtro.",foundOne:"{n} prodotto trovato",showFound:"Mostra tutti i risultati ({n})",showMore:"Mostra altri {n}"},
+code:["A-1","B-1","D/..\\x"],
+name:["Primo: \u003cscript\u003ealert('x')\u003c/script\u003e \u0026 \"altro\"","Secondo",0],
+text:["10 x 20","10 x 20","10 x 20"],
+price:["12,50 $","12,50 $","12,50 $"],
+page:[0,0,"p-d-x"],
+picture:[1,0,0],
+ends:["-400.jpg"],
+filters:[{number:1,name:"Colore",values:["Blu","Rosso"],
+of:[1,2,0],
+},{number:2,name:"Linea",values:["\u003ci\u003eClassica\u003c/i\u003e"],
+of:[0,1,0],
+}],
+});
