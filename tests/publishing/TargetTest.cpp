@@ -102,12 +102,12 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
   SetRights(AppFile(u"Images/secret.jpg"_qs), 0);
   CopySkin();
   const Unprivileged nobody(folder_.path());
-  for (const auto& [picture, tells] : {std::pair{AppFile(u"Images/text.jpg"_qs), u"is no JPEG"_qs},
+  for (const auto& [picture, tells] : {std::pair{AppFile(u"Images/text.jpg"_qs), u"broken"_qs},
                                        {Path(), u"does not lie in"_qs},
                                        {folder_.filePath(u"outside.jpg"_qs), u"does not lie in"_qs},
                                        {AppFile(u"Images/../outside.jpg"_qs), u"does not lie in"_qs},
                                        {AppFile(u"Images/link.jpg"_qs), u"does not lie in"_qs},
-                                       {AppFile(u"Images/secret.jpg"_qs), u"cannot be read"_qs},
+                                       {AppFile(u"Images/secret.jpg"_qs), u"broken"_qs},
                                        {AppFile(u"Images/none.jpg"_qs), u"does not exist"_qs}}) {
     SetImage(u"B-1"_qs, picture);
     QList<VorlinaNote> notes = PublishTo(target_, 1, false, SiteProgress()).notes;
