@@ -5,6 +5,7 @@
 
 #include "SitePublisher.h"
 #include "publish/PluginConnection.h"
+#include "publish/WebPictures.h"
 #include "store/CatalogDatabase.h"
 #include "store/Connection.h"
 
@@ -24,12 +25,14 @@ int main(int argc, char** argv) {
   NoProgress progress;
   VorlinaHost host;
   host.language = u"English"_qs;
+  host.pictures = &vorlina::PicturesForReaders();
   VorlinaJob job;
   job.IDCatalogo = 1;
   job.target = QString::fromLocal8Bit(argv[3]);
   job.profile.language = u"en"_qs;
+  const QString skin = QString::fromLocal8Bit(argv[2]);
   const VorlinaReport report =
-      vlhtml::SitePublisher(host, QString::fromLocal8Bit(argv[2])).Publish(adapter, job, progress);
+      vlhtml::SitePublisher(host, skin, QString(skin + u"/../words")).Publish(adapter, job, progress);
   std::printf("%d pages, %d files written\n", report.pages, report.added + report.changed);
   return report.complete ? 0 : 1;
 }

@@ -7,7 +7,6 @@
 #include <QThread>
 #include <csignal>
 
-#include "CatalogLanguage.h"
 #include "CatalogSnapshot.h"
 #include "PriceTag.h"
 #include "PublishedNames.h"
@@ -193,15 +192,6 @@ TEST_F(SiteTest, WhatASkinHoldsAndShowsIsNeverStale) {
   // A template's own pages, and no others.
   ChangeSkin(u"home.mustache"_qs, "<p>home</p>");
   EXPECT_EQ(Written(), 1);
-}
-
-TEST_F(SiteTest, TheLanguageIsGuessedFromTheTexts) {
-  PluginConnection connection(connection_);
-  EXPECT_TRUE(vlhtml::LooksItalian(connection, 1, false));
-  connection_.Execute(u"UPDATE Prodotti SET Descrizione='Bowl of the sea with a lid'"_qs);
-  EXPECT_FALSE(vlhtml::LooksItalian(connection, 1, true));
-  for (const bool otherwise : {false, true})
-    EXPECT_EQ(vlhtml::LooksItalian(connection, 2, otherwise), otherwise) << "there are no texts";
 }
 
 TEST_F(SiteTest, FilesOfTheUserStayAndAreNotOverwritten) {
