@@ -30,8 +30,8 @@ QJsonObject Read(QFile& file, const Refuse& refuse) {
     refuse(int(text.left(error.error == QJsonParseError::NoError ? 0 : error.offset).count('\n')) + 1,
            QStringLiteral("non è scritto come {\"nome\": \"testo\", …}"),
            QStringLiteral("it is not written as {\"name\": \"text\", …}"));
-  const QJsonObject words = document.object();
-  for (auto word = words.begin(); word != words.end(); ++word)
+  QJsonObject words = document.object();
+  for (auto word = words.constBegin(); word != words.constEnd(); ++word)
     if (!word.value().isString() || word.key().isEmpty() || word.key().contains(u'.'))
       refuse(0, QStringLiteral("\"%1\" non è un nome senza punti con un testo").arg(word.key().left(60)),
              QStringLiteral("\"%1\" is no name without points that has a text").arg(word.key().left(60)));

@@ -17,6 +17,7 @@
   const results = own ? null : byId('results'); // they take the place of the list of all products
   const products = form.getAttribute('action');
 
+  const isWide = window.matchMedia('(min-width: 40rem)');
   let index; // once it has come
   let query = '';
   let chosen = own ? { [own]: filterBox.dataset.value } : {}; // value by filter
@@ -223,7 +224,8 @@
     for (const n of Object.keys(chosen)) // an address may be older than the site
       if (!index.filters.some((filter) => `${filter.number}` === n && filter.values.includes(chosen[n]))) delete chosen[n];
     const empty = parameters() === '';
-    if (filterBox && index.filters.length && (!empty || !filterBox.querySelector('button'))) showFilters(found);
+    // On a phone the results come first, and the filters when they are asked for.
+    if (filterBox && (!filterBox.querySelector('button') || Object.values(chosen).some(Boolean) || (!empty && isWide.matches))) showFilters(found);
     if (!results) return;
     results.hidden = empty;
     showList(empty);
@@ -300,7 +302,7 @@
 
   if (filterBox) {
     const open = filterBox.querySelector('button');
-    if (open) open.onclick = () => withIndex(() => { showFilters(matching()); filterBox.querySelector('select').focus(); });
+    if (open) open.onclick = () => withIndex(() => { showFilters(matching()); filterBox.querySelector('select')?.focus(); });
     filterBox.addEventListener('change', (event) => {
       chosen[event.target.name.slice(1)] = event.target.value;
       if (results) update(true);
