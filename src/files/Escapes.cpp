@@ -20,7 +20,7 @@ std::size_t ControlAt(std::string_view text) {
 constexpr std::array<bool, 256> Special = [] {
   std::array<bool, 256> special{};
   for (std::size_t byte = 0; byte < special.size(); ++byte) special[byte] = byte < 0x20;
-  for (const unsigned char byte : {'\n', '\r', '\t'}) special[byte] = false;
+  for (const int byte : {0x09, 0x0A, 0x0D}) special[std::size_t(byte)] = false;
   for (const int byte : {0x26, 0x3C, 0x3E, 0x22, 0x27, 0x7F, 0xC2, 0xEF}) special[std::size_t(byte)] = true;
   return special;
 }();
