@@ -9,7 +9,6 @@
 namespace publishing {
 namespace {
 
-const QString TargetName = QStringLiteral("VLHTML.HTML.Cartella");
 const QString KeyName = QStringLiteral("VLHTML.HTML.Chiave");
 
 QByteArray RandomKey() {
@@ -47,14 +46,6 @@ void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QStri
     connection.RollbackTrans();
     throw;
   }
-}
-
-QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo) {
-  return KeptWithCatalog(connection, IDCatalogo, TargetName);
-}
-
-void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder) {
-  KeepWithCatalog(connection, IDCatalogo, TargetName, folder);
 }
 
 SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo)

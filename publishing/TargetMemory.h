@@ -1,5 +1,4 @@
-// What is kept with a catalog among the named values of the database: the folder that it was last published
-// into, and the key of its site.
+// What is kept with a catalog among the named values of the database, and the key of its site among that.
 #pragma once
 
 #include <QByteArray>
@@ -13,10 +12,6 @@ namespace publishing {
 QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name);
 void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
                      const QString& value);
-
-// "" when the catalog was never published.
-QString RememberedTarget(IVorlinaConnection& connection, int IDCatalogo);
-void RememberTarget(IVorlinaConnection& connection, int IDCatalogo, const QString& folder);
 
 // A random key, by which a folder's site is known as this catalog's: two databases may each have a catalog of
 // the same number, and a copy of a catalog has the key of its original. Only digests of it are published.
