@@ -87,7 +87,7 @@ QString CodeOfLanguage(const QString& name) {
 }
 
 QString StoredLanguage(Connection& connection, int IDCatalogo) {
-  const QString code = CatalogExtension(LanguageExtension, IDCatalogo, connection);
+  QString code = CatalogExtension(LanguageExtension, IDCatalogo, connection);
   if (LanguageCodes().contains(code)) return code;
   return CodeOfLanguage(CatalogExtension(FormerExtension, IDCatalogo, connection));
 }
