@@ -50,11 +50,14 @@ export async function checkFiles(site) {
 
   const reached = new Set(['index.html']);
   const used = new Set(['vorlina-manifest.txt', 'search.js', 'search-index.js', 'sitemap.xml', '404.html']);
-  for (const page of reached)
+  for (const page of reached) {
     for (const [file] of targetsOf(html.get(page))) {
       used.add(file);
       if (html.has(file)) reached.add(file);
     }
+    // By its address, in what other sites and search engines read.
+    for (const [, file] of html.get(page).matchAll(/"https:\/\/www\.example\.com\/catalog\/(images\/[\w.-]+)"/g)) used.add(file);
+  }
   for (const [file] of targetsOf(html.get('404.html') ?? '')) used.add(file);
   expect(`${name}: every page is reached without scripts`, pages.filter((page) => page !== '404.html' && !reached.has(page)));
   const pictures = existsSync(join(site, 'images')) ? readdirSync(join(site, 'images')) : [];

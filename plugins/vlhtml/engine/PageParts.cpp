@@ -19,7 +19,10 @@ void TellPicture(Fields& fields, const PublishedPicture& picture) {
   const double ratio = double(std::max(1, largest.size.width())) / std::max(1, largest.size.height());
   fields.Text("file", picture.sizes.front().jpeg.toStdString());
   fields.TextIf("srcset", picture.sizes.size() > 1 ? picture.JpegSet() : std::string());
-  fields.TextIf("webp", picture.WebpSet());
+  const std::string webp = picture.WebpSet();
+  fields.TextIf("webp", webp);
+  // What a phone is offered: a list of pictures with all the pixels of its screen would weigh too much.
+  fields.TextIf("smallWebp", webp.empty() ? webp : picture.sizes.front().webp.toStdString());
   fields.Text("width", Number(largest.size.width()));
   fields.Text("height", Number(largest.size.height()));
   fields.Text("full", picture.file.toStdString());

@@ -66,18 +66,24 @@ class Adder {
   }
 
   // All files of a picture are one picture.
-  void AddPicture(const PublishedPicture& picture) {
-    for (const PictureCopy& copy : picture.copies)
-      if (&copy == &picture.copies.front())
+  void AddPicture(const PublishedPicture& picture, bool withOriginal = true) {
+    bool isFirst = true;
+    for (const PictureCopy& copy : picture.copies) {
+      if (!withOriginal && copy.file == picture.file && copy.file != picture.sizes.back().jpeg) continue;
+      if (isFirst)
         publication_.AddPicture(copy.file, copy.source, copy.stamp);
       else
         publication_.AddCopy(copy.file, copy.source, copy.stamp);
+      isFirst = false;
+    }
   }
 
   // What all pages have.
   void AddShared() {
-    for (const PublishedPicture* picture : {site_.pictures.Logo(), site_.pictures.Wide()})
-      if (picture != nullptr) AddPicture(*picture);
+    // The logo as it is stands in the structured data alone, which need an address.
+    if (site_.pictures.Logo() != nullptr)
+      AddPicture(*site_.pictures.Logo(), !site_.profile.address.isEmpty());
+    if (site_.pictures.Wide() != nullptr) AddPicture(*site_.pictures.Wide());
     for (const PublishedIcon& icon : site_.pictures.Icons())
       publication_.AddMade(icon.file, icon.stamp,
                            [this_ = &site_.pictures, icon] { return this_->Draw(icon); });
