@@ -3681,10 +3681,10 @@ anche titoli e pulsanti saranno in questa lingua.</source>
 headings and buttons will be in it too.</translation>
     </message>
     <message>
-        <source>Dove si troverà la prima pagina: serve ai motori di ricerca e a chi la condivide.
-Se non è ancora noto lasciare vuoto.</source>
-        <translation>Where the first page will be found: for search engines and whoever shares it.
-Leave it empty while it is not known.</translation>
+        <source>Dove si troverà la prima pagina: per i motori di ricerca
+e per chi la condivide. Se non è ancora noto lasciare vuoto.</source>
+        <translation>Where the first page will be found: for search engines and
+whoever shares it. Leave it empty while it is not known.</translation>
     </message>
 </context>
 <context>

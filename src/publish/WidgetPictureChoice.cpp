@@ -39,6 +39,7 @@ WidgetPictureChoice::WidgetPictureChoice(QWidget* parent)
   row->addWidget(choose_);
   row->addWidget(clear_);
   text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
   for (QPushButton* button : {choose_, clear_}) button->setAutoDefault(false);
   setFocusProxy(choose_);
   connect(choose_, &QPushButton::clicked, this, &WidgetPictureChoice::ChooseFile);
