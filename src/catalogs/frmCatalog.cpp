@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
-#include <QShortcut>
 #include <limits>
 
 #include "base/Dialogs.h"
@@ -12,6 +11,7 @@
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "base/WidgetBoxText.h"
+#include "base/WidgetTabKeys.h"
 #include "images/ImagePipeline.h"
 #include "images/PictureFolder.h"
 #include "publish/WidgetEscapedName.h"
@@ -42,13 +42,7 @@ void frmCatalog::ConnectControls() {
     if (column.startsWith(u"NomeValore") || column.startsWith(u"NomeFiltro"))
       connect(line, &QLineEdit::textChanged, this, [line] { LimitEscapedLength(*line); });
   }
-  for (const auto& [key, step] : {std::pair{u"Ctrl+Tab"_qs, 1},
-                                  {u"Ctrl+PgDown"_qs, 1},
-                                  {u"Ctrl+Shift+Tab"_qs, -1},
-                                  {u"Ctrl+Shift+Backtab"_qs, -1},
-                                  {u"Ctrl+PgUp"_qs, -1}})
-    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
-            [this, turn = step] { Turn(turn); });
+  AddTabKeys(*this, *ui_->tbsCatalogo);
   ui_->txtLogo->OfferPreview();
   connect(ui_->txtLogo, &WidgetLogoBox::ClearWanted, this, [this] {
     properties_->ForgetLogo();
@@ -56,12 +50,6 @@ void frmCatalog::ConnectControls() {
   });
   connect(ui_->txtLogo, &WidgetLogoBox::PreviewWanted, this, &frmCatalog::ShowLogo);
   connect(ui_->cmdBrowse, &QPushButton::clicked, this, &frmCatalog::cmdBrowse_Click);
-}
-
-// To the next tab, and round.
-void frmCatalog::Turn(int step) {
-  QTabWidget& tabs = *ui_->tbsCatalogo;
-  tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
 }
 
 QWidget* frmCatalog::BoxOf(const QString& column) const { return findChild<QWidget*>(u"txt"_qs + column); }

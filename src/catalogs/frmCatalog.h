@@ -59,7 +59,6 @@ class frmCatalog : public QWidget {
   bool Settle();
   bool MayWriteOver();
   void GoTo(const QString& column);
-  void Turn(int step);
   void cmdBrowse_Click();
   void SetLogo(const QString& path, QSize size);
   void ShowLogo();

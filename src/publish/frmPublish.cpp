@@ -15,6 +15,7 @@
 #include "base/WidgetHeldKeys.h"
 #include "base/WidgetInputHold.h"
 #include "base/WidgetPlace.h"
+#include "base/WidgetTabKeys.h"
 #include "publish/CatalogLanguage.h"
 #include "publish/ProfileStore.h"
 #include "publish/PublishJob.h"
@@ -47,6 +48,7 @@ frmPublish::frmPublish(QWidget* parent) : QDialog(parent), ui_(new Ui::frmPublis
   for (QScrollArea* area : {ui_->scrWhat, ui_->scrLook}) area->viewport()->setAutoFillBackground(false);
   for (QWidget* panel : {ui_->pnlWhat, ui_->pnlLook}) panel->setAutoFillBackground(false);
   ConnectControls();
+  AddTabKeys(*this, *ui_->tbsPublish);
   IgnoreHeldKeys(*this);
 }
 

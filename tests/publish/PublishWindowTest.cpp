@@ -130,6 +130,9 @@ TEST_F(PublishWindow, GoesToWhatIsNoGoodAndStaysWhereItFails) {
   Click(u"cmdPublish"_qs);
   EXPECT_TRUE(publisher_.jobs.empty());
   EXPECT_EQ(Get<QTabWidget>(u"tbsPublish"_qs).currentIndex(), 1);
+  QTest::keyClick(window_->windowHandle(), Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(Get<QTabWidget>(u"tbsPublish"_qs).currentIndex(), 0);
+  QTest::keyClick(window_->windowHandle(), Qt::Key_PageUp, Qt::ControlModifier);
   EXPECT_EQ(window_->focusWidget(), &Line(u"txtAddress"_qs));
   Line(u"txtAddress"_qs).setText(u" www.example.it/c/ "_qs);
   publisher_.work = [](IVorlinaProgress&) -> VorlinaReport { throw std::runtime_error("no room"); };
