@@ -47,8 +47,12 @@ bool SitePublisher::MayReplace(const QString& title, const QString& folder) cons
           .arg(QDir::toNativeSeparators(folder)));
 }
 
+// Those of a plug-in that the user installed come with it.
 QString SitePublisher::WordsFolder() const {
-  return !words_.isEmpty() ? words_ : host_.deliveredFolder + QStringLiteral("/PubWiz/VLHTML.HTML/words");
+  if (!words_.isEmpty()) return words_;
+  const QString words = QStringLiteral("/PubWiz/VLHTML.HTML/words");
+  const QString own = host_.applicationFolder + words;
+  return QFileInfo(own).isDir() ? own : host_.deliveredFolder + words;
 }
 
 VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const VorlinaJob& job,
