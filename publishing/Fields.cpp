@@ -95,9 +95,17 @@ void Fields::Flag(FieldName name, bool value) {
 void Fields::Json(FieldName name, const QJsonObject& object) {
   const int number = names_->NumberOf(name, kind_);
   if (!IsWanted(number)) return;
-  QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
-  text.replace('<', "\\u003c").replace('>', "\\u003e").replace('&', "\\u0026");
-  const std::string_view bytes(text.constData(), std::size_t(text.size()));
+  const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
+  std::string bytes;
+  for (const char c : text)
+    if (c == '<')
+      bytes += "\\u003c";
+    else if (c == '>')
+      bytes += "\\u003e";
+    else if (c == '&')
+      bytes += "\\u0026";
+    else
+      bytes += c;
   Mix(name.Hash() + 3);
   Mix(Fingerprint(bytes));
   AppendText(number, bytes, false);

@@ -56,12 +56,17 @@ void AddToDatabase(Connection& connection, const Item& item, int i, const QStrin
         {item.code, u"Feature %1"_qs.arg(n), item.features[n]});
 }
 
-void AddToHugo(const QString& folder, const Item& item, int i, const QString& picture) {
+// The products of one first filter come round after as many as it has values.
+void AddToHugo(const QString& folder, const Item& item, int i, int count, const QString& picture) {
   QString text =
       u"---\ntitle: '%1'\ncode: %2\nweight: %3\nprice: '%4'\nsize: '%5'\n"_qs.arg(item.description, item.code)
           .arg(i + 1)
           .arg(item.price, item.size);
   for (int n = 0; n < 5; ++n) text += u"filter%1s: ['%2']\n"_qs.arg(n + 1).arg(Values[item.filters[n]]);
+  text += u"sisters:\n"_qs;
+  for (int n = 1; n <= 4; ++n)
+    if (const int sister = i + n * int(Values.size()); sister < count)
+      text += u"  - p%1\n"_qs.arg(sister, 6, 10, QChar(u'0'));
   text += u"features:\n"_qs;
   for (int n = 0; n < item.features.size(); ++n)
     text += u"  - {name: 'Feature %1', value: '%2'}\n"_qs.arg(n).arg(item.features[n]);
@@ -101,7 +106,7 @@ int main(int argc, char** argv) {
       QFile::link(own, folder + u"/hugo/static/images/%1.jpg"_qs.arg(item.code));
     }
     AddToDatabase(connection, item, i, own);
-    AddToHugo(folder + u"/hugo"_qs, item, i, own);
+    AddToHugo(folder + u"/hugo"_qs, item, i, count, own);
   }
   transaction.Commit();
   return 0;

@@ -15,7 +15,7 @@ trap 'rm -rf "$place"' EXIT
 content() {  # FOLDER [PICTURE]
   "$programs/make_content" "$1" 10000 ${2:+"$2"}
   cp -r bench/publish/hugo/. "$1/hugo"
-  cp plugins/vlhtml/skin/style.css "$1/hugo/static/style.css"
+  cp plugins/vlhtml/skin/style.css plugins/vlhtml/skin/search.js "$1/hugo/static"
 }
 timed() { /usr/bin/time -f '%e %M' -a -o "$place/$1" "${@:2}" >/dev/null 2>&1; }  # NAME COMMAND...
 ours() { timed ours "$programs/publish_site" "$1/Catalog.db" "$skin" "$2"; }  # FOLDER TARGET
