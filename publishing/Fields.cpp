@@ -4,6 +4,7 @@
 
 #include <QJsonDocument>
 #include <algorithm>
+#include <utility>
 #include <array>
 
 #include "Fingerprint.h"
@@ -17,6 +18,7 @@ void Fields::Clear() {
   tree_.nodes[0].first = FieldTree::None;
   tree_.texts.clear();
   tree_.included.clear();
+  left_.clear();
   tree_.hash = 0;
   group_ = 0;
   last_ = FieldTree::None;
@@ -27,8 +29,19 @@ void Fields::Mix(std::uint64_t number) {
   tree_.hash ^= tree_.hash >> 29;
 }
 
-std::uint64_t Fields::HashWith(std::string_view bytes) const {
-  return (tree_.hash * 31 + Fingerprint(bytes)) * 0x9e3779b97f4a7c15;
+void Fields::Later(std::string_view from, std::function<void(Fields&)> tell) {
+  Mix(Fingerprint(from));
+  left_.push_back({group_, std::move(tell)});
+}
+
+void Fields::Complete() {
+  const std::uint64_t hash = tree_.hash;
+  for (const Left& left : std::exchange(left_, {})) {
+    group_ = left.group;
+    left.tell(*this);
+  }
+  group_ = 0;
+  tree_.hash = hash;
 }
 
 // The items of a list keep their order; of a group the latest is found first.

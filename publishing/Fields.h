@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QJsonObject>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -73,13 +74,11 @@ class Fields {
   void GroupIf(bool condition, FieldName name, const Tell& tell) {
     condition ? Group(name, tell) : Flag(name, false);
   }
-  // What is told here follows from these bytes alone: they are hashed in its place.
-  template <class Tell>
-  void Derived(const QByteArray& from, const Tell& tell) {
-    const std::uint64_t hash = HashWith({from.constData(), std::size_t(from.size())});
-    tell(*this);
-    tree_.hash = hash;
-  }
+  // What is told here follows from these bytes alone: they are hashed in its place, and it is told when the
+  // page is made, if it is. Only for what takes long.
+  void Later(std::string_view from, std::function<void(Fields&)> tell);
+  // Tells what was left for later. To be called before the tree is shown.
+  void Complete();
 
   // Begins anew, for the next page.
   void Clear();
@@ -100,12 +99,17 @@ class Fields {
   void Close(const Place& place);
   FieldTree::Node& Append(int number, FieldTree::Kind kind);
   void AppendText(int number, std::string_view text, bool escapes);
-  std::uint64_t HashWith(std::string_view bytes) const;
   void Mix(std::uint64_t number);
+
+  struct Left {
+    std::uint32_t group;
+    std::function<void(Fields&)> tell;
+  };
 
   const FieldNames* names_;
   std::size_t kind_;
   FieldTree tree_;
+  std::vector<Left> left_;
   std::uint32_t group_ = 0;               // what is being told
   std::uint32_t last_ = FieldTree::None;  // of a list: its last item
 };
@@ -117,6 +121,7 @@ class Fragment {
   Fragment(const FieldNames& names, const Tell& tell) {
     Fields fields(names);
     tell(fields);
+    fields.Complete();
     tree_ = fields.Tree();
   }
   const FieldTree& Tree() const { return tree_; }

@@ -20,6 +20,7 @@ class SkinPages::Maker_ : public PageMaker {
   }
 
   std::string Make() override {
+    shown_[kind_].Complete();
     std::string text;
     text.reserve(length_);
     pages_.skin_.Write(kind_, pages_.sites_[kind_].Tree(), shown_[kind_].Tree(), text);
@@ -40,6 +41,7 @@ SkinPages::SkinPages(const Skin& skin, Source source) : skin_(skin), source_(std
   for (std::size_t kind = 0; kind < skin_.Kinds(); ++kind) {
     sites_.emplace_back(skin_.Names(), kind);
     source_.tellSite(sites_[kind]);
+    sites_[kind].Complete();
   }
 }
 

@@ -104,6 +104,7 @@ void TellGroupOf(Fields& fields, const Site& site, const PlannedFilter& group, c
 }  // namespace
 
 void TellOnce(Site& site, const FieldNames& names) {
+  site.cards.reserve(site.plan.products.size());
   for (std::size_t i = 0; i < site.plan.products.size(); ++i)
     site.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i); });
   for (const PlannedFilter& group : site.plan.groups)

@@ -30,6 +30,27 @@ void TellProductHead(Fields& fields, const Site& site, int product, const Planne
   TellHead(fields, site, head);
 }
 
+// All that the head is made from: it takes longer than the rest of the page.
+std::string HeadFrom(const Site& site, int product, const PlannedList* parent) {
+  const PlannedProduct& planned = site.plan.products[std::size_t(product)];
+  const Product& told = *planned.product;
+  std::string from;
+  const auto add = [&](const std::string& text) { from += std::to_string(text.size()) + ':' + text; };
+  for (const std::string& text :
+       {told.name, told.description, told.code.toStdString(), told.price, planned.price,
+        planned.file.toStdString(), site.plan.price.Amount(told.price), site.plan.price.Currency(told.price),
+        site.Brand(), site.Address(), site.words.Text("home"), site.words.Text("products"),
+        site.plan.all.PageFile(1).toStdString()})
+    add(text);
+  if (parent != nullptr) add(parent->title.toStdString());
+  if (parent != nullptr) add(parent->PageFile(1).toStdString());
+  for (const PublishedPicture& picture : site.pictures.Of(std::size_t(product))) {
+    add(picture.file.toStdString());
+    add(picture.stamp.toStdString());
+  }
+  return from;
+}
+
 void TellGallery(Fields& fields, const Site& site, int product) {
   const std::vector<PublishedPicture>& pictures = site.pictures.Of(std::size_t(product));
   const std::string& name = site.plan.products[std::size_t(product)].product->name;
@@ -121,7 +142,8 @@ void TellProduct(Fields& fields, const Site& site, int product) {
   const PlannedProduct& planned = site.plan.products[std::size_t(product)];
   const Product& told = *planned.product;
   const PlannedList* parent = site.plan.FirstList(product);
-  TellProductHead(fields, site, product, parent);
+  fields.Later(HeadFrom(site, product, parent),
+               [&site, product, parent](Fields& later) { TellProductHead(later, site, product, parent); });
   fields.Text("heading", told.name);
   fields.Text("code", told.code.toStdString());
   fields.GroupIf(parent != nullptr, "parent", [&](Fields& link) {

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <chrono>
+#include <functional>
 #include <future>
 #include <memory>
 
@@ -15,13 +17,22 @@
 namespace vlhtml {
 namespace {
 
-VorlinaReport Make(Site site, const Skin& skin, Publication& publication, IVorlinaProgress& progress) {
+// What looking at the files of few pictures takes at most.
+constexpr std::chrono::milliseconds FewPictures{2};
+
+// What is left to be read is read while that is told which needs none of it.
+VorlinaReport Make(Site site, const Skin& skin, Publication& publication,
+                   const std::function<void()>& readFeatures, IVorlinaProgress& progress) {
   site.hasTheme = !ThemeOf(site.profile).isEmpty();
   site.hasMessages = skin.Has(std::size_t(PageKind::Message));
   site.hasSearch = site.plan.previewed < 0 && !site.plan.products.empty() &&
                    QFileInfo(skin.Folder() + QStringLiteral("/search.js")).isFile();
-  TellOnce(site, skin.Names());
-  const std::vector<Page> pages = AddFiles(site, skin, publication);
+  auto telling = std::async(std::launch::async, [&] {
+    TellOnce(site, skin.Names());
+    return AddFiles(site, skin, publication);
+  });
+  readFeatures();
+  const std::vector<Page> pages = telling.get();
   const SkinPages made(skin,
                        {[&](Fields& fields) { TellSite(fields, site); },
                         [&](std::size_t page) { return std::size_t(pages[page].kind); },
@@ -79,17 +90,20 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   SitePlan plan(catalog, words, job.preview, skin.Has(std::size_t(PageKind::Values)));
   if (catalog.widePicture.source.isEmpty() && !plan.featured.empty())
     catalog.widePicture = catalog.products[std::size_t(plan.featured.front())].pictures.front();
-  // The files are looked at while the longest table is read.
+  // The files are looked at while the longest table is read, unless that takes no time: then the table is
+  // read beside the next work.
   auto looking = std::async(std::launch::async, [&] {
     return std::make_unique<PublishedPictures>(
         PictureRequest{&catalog, plan.PictureNames(), images, job.profile.pictureSizes, italian});
   });
-  ReadFeatures(connection, job, catalog);
+  const bool hasTime = looking.wait_for(FewPictures) != std::future_status::ready;
+  const auto readFeatures = [&] { ReadFeatures(connection, job, catalog); };
+  if (hasTime) readFeatures();
   const std::unique_ptr<PublishedPictures> pictures = looking.get();
   if (!pictures->Prepare(*host_.pictures, progress)) return {};
   plan.SetPictures(*pictures);
-  report =
-      Make({plan, *pictures, words, job.profile, false, false, false, {}, {}}, skin, publication, progress);
+  report = Make({plan, *pictures, words, job.profile, false, false, false, {}, {}}, skin, publication,
+                hasTime ? std::function<void()>([] {}) : readFeatures, progress);
   if (!report.complete) return report;
   report.notes = catalog.notes + pictures->Notes() + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
