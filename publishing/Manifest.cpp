@@ -103,7 +103,8 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray text = file.readAll();
   const qsizetype end = text.lastIndexOf('\n', text.size() - 2) + 1;
-  if (text.mid(end) != End + Digest(QByteArrayView(text).first(end)) + '\n' || !text.startsWith(QByteArray(Head + '\n')))
+  if (text.mid(end) != End + Digest(QByteArrayView(text).first(end)) + '\n' ||
+      !text.startsWith(QByteArray(Head + '\n')))
     return {};
   Manifest manifest;
   const qsizetype second = Head.size() + 1;
@@ -122,8 +123,10 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
 }
 
 Manifest Manifest::OfFolder(const QString& folder) {
-  const auto manifest = Read(folder + u'/' + FileName());
-  return manifest ? *manifest : FromPages(folder);
+  auto manifest = Read(folder + u'/' + FileName());
+  if (!manifest) return FromPages(folder);
+  manifest->isKept = true;
+  return *std::move(manifest);
 }
 
 QByteArray Manifest::ToText() const {

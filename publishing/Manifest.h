@@ -35,8 +35,9 @@ class Manifest {
   // The folders that these files lie in, below the site's own, each behind those that hold it.
   static QStringList Folders(const QStringList& files);
 
-  QByteArray site;  // which catalog's site it is
-  QString title;    // its title, for the user
+  bool isKept = false;  // it is the list that lies in the folder, word by word
+  QByteArray site;      // which catalog's site it is
+  QString title;        // its title, for the user
   QHash<QString, ManifestEntry> entries;
 };
 

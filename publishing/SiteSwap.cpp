@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QSet>
 #include <filesystem>
-#include <future>
 
 #include "PublishError.h"
 
@@ -71,11 +70,17 @@ SiteSwap::SiteSwap(QString target, QString staging, bool italian)
 
 bool SiteSwap::IsBegun() const { return Manifest::Read(staging_ + u'/' + Manifest::FileName()).has_value(); }
 
+// The list of the former site is kept by a link where it lies in the folder as it was read.
+bool SiteSwap::KeepList(const Manifest& former) const {
+  const QString kept = staging_ + QStringLiteral("/former.txt");
+  std::error_code failure;
+  if (former.isKept)
+    fs::create_hard_link(SystemPath(target_ + u'/' + Manifest::FileName()), SystemPath(kept), failure);
+  return (former.isKept && !failure) || WriteSynced(kept, former.ToText());
+}
+
 void SiteSwap::Begin(const Manifest& former, const Manifest& coming) {
-  auto formerText = std::async([&] { return former.ToText(); });
-  const QByteArray comingText = coming.ToText();
-  if (!WriteSynced(staging_ + QStringLiteral("/former.txt"), formerText.get()) ||
-      !WriteSynced(staging_ + u'/' + Manifest::FileName(), comingText))
+  if (!KeepList(former) || !WriteSynced(staging_ + u'/' + Manifest::FileName(), coming.ToText()))
     throw CannotWrite(staging_, std::make_error_code(std::errc::no_space_on_device), italian_);
 }
 

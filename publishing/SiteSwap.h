@@ -36,6 +36,7 @@ class SiteSwap {
  private:
   QStringList Forward(const Manifest& former, Manifest coming);
   void Back(const Manifest& former, const Manifest& coming);
+  bool KeepList(const Manifest& former) const;
   void Replace(const QString& file, const Manifest& former);
   QStringList PutAway(const QStringList& files);
   void RemoveEmptyFolders(const QStringList& files);
