@@ -30,12 +30,13 @@ QStringView TakeLine(QStringView& rest) {
 // Words whose point never ends a sentence, as something follows that belongs to them.
 bool IsAbbreviation(QStringView word) {
   static const QSet<QString> known = [] {
-    const QStringList words = QStringLiteral(
-                                  "alt approx aprox art artt bzw ca cap cell cod dim diam dott dr ecc env escl etc "
-                                  "evtl es excl exkl fax fig ggf incl ing inkl largh lungh max min mod mr "
-                                  "mrs ms no nr num núm pag pagg pp prof ref réf rif sig spess st tel vol "
-                                  "vs zzgl")
-                                  .split(u' ');
+    const QStringList words =
+        QStringLiteral(
+            "alt approx aprox art artt bzw ca cap cell cod dim diam dott dr ecc env escl etc "
+            "evtl es excl exkl fax fig ggf incl ing inkl largh lungh max min mod mr "
+            "mrs ms no nr num núm pag pagg pp prof ref réf rif sig spess st tel vol "
+            "vs zzgl")
+            .split(u' ');
     return QSet<QString>(words.begin(), words.end());
   }();
   return known.contains(word.toString().toCaseFolded());

@@ -4,8 +4,8 @@
 
 #include <QJsonDocument>
 #include <algorithm>
-#include <utility>
 #include <array>
+#include <utility>
 
 #include "Fingerprint.h"
 
