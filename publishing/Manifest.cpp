@@ -59,7 +59,7 @@ bool ReadEntry(QByteArrayView line, Manifest& manifest) {
   entry.input = QByteArray::fromHex(QByteArray::fromRawData(numbers[0].data(), numbers[0].size()));
   std::from_chars(numbers[1].begin(), numbers[1].end(), entry.file.size);
   std::from_chars(numbers[2].begin(), numbers[2].end(), entry.file.content, 16);
-  manifest.entries.insert(name, std::move(entry));
+  manifest.entries.insert(name, entry);
   return IsInside(name);
 }
 
