@@ -38,11 +38,11 @@ void frmPublished::LoadForm(const VorlinaReport& report, const QString& target,
   copied_ = PlainReport(report, target, groups);
   open_ = report.open.value(0);
   ui_->cmdOpen->setEnabled(!open_.isEmpty());
-  ListNotes(groups);
   ui_->lblNotes->setVisible(!groups.empty());
   ui_->lstNotes->setVisible(!groups.empty());
   if (groups.empty()) resize(width(), minimumSizeHint().height());
   FitIntoScreen(*this);
+  ListNotes(groups);
   ui_->cmdClose->setFocus();
 }
 
