@@ -160,24 +160,26 @@ void ChooseWidePicture(CatalogSnapshot& catalog) {
 // What the owner of the catalog may have overlooked.
 void Note(bool italian, CatalogSnapshot& catalog) {
   using Kind = VorlinaNote::Kind;
-  const auto add = [&](Kind kind, const Product& product, const char* inItalian, const char* inEnglish,
-                       const QString& about = {}) {
-    const QString text = QString::fromUtf8(italian ? inItalian : inEnglish);
-    catalog.notes.push_back({kind, product.code, about.isEmpty() ? text : text.arg(about)});
+  const auto told = [&](const char* inItalian, const char* inEnglish) {
+    return QString::fromUtf8(italian ? inItalian : inEnglish);
   };
+  // A text is there once, however many products it is told of.
+  const QString sameOrder =
+      told("Ha lo stesso ordine di pubblicazione di %1.", "It has the same order of publication as %1.");
+  const QString noPicture = told("Non ha immagini.", "It has no picture.");
+  const QString noDescription = told("Non ha descrizione: al suo posto sta il codice.",
+                                     "It has no description: its code stands instead.");
   // Products of one number come one after the other.
   const Product* former = nullptr;
   for (const Product& product : catalog.products) {
     if (former != nullptr && product.order.has_value() && product.order == former->order)
-      add(Kind::DoubleOrder, product, "Ha lo stesso ordine di pubblicazione di %1.",
-          "It has the same order of publication as %1.", former->code);
+      catalog.notes.push_back({Kind::DoubleOrder, product.code, sameOrder.arg(former->code)});
     former = &product;
   }
   for (const Product& product : catalog.products) {
-    if (product.pictures.empty()) add(Kind::NoPicture, product, "Non ha immagini.", "It has no picture.");
+    if (product.pictures.empty()) catalog.notes.push_back({Kind::NoPicture, product.code, noPicture});
     if (product.description.empty())
-      add(Kind::NoDescription, product, "Non ha descrizione: al suo posto sta il codice.",
-          "It has no description: its code stands instead.");
+      catalog.notes.push_back({Kind::NoDescription, product.code, noDescription});
   }
 }
 

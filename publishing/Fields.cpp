@@ -95,14 +95,14 @@ void Fields::Text(FieldName name, std::string_view text) {
   if (!IsWanted(number)) return;
   Mix(name.Hash());
   Mix(Fingerprint(text));
-  AppendText(number, text, true);
+  if (number != FieldNames::None) AppendText(number, text, true);
 }
 
 void Fields::Flag(FieldName name, bool value) {
   const int number = names_->NumberOf(name, kind_);
   if (!IsWanted(number)) return;
   Mix(name.Hash() + (value ? 2 : 1));
-  Append(number, FieldTree::Kind::Flag).first = value ? 1 : 0;
+  if (number != FieldNames::None) Append(number, FieldTree::Kind::Flag).first = value ? 1 : 0;
 }
 
 void Fields::Json(FieldName name, const QJsonObject& object) {

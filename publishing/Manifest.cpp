@@ -140,7 +140,8 @@ QByteArray Manifest::ToText() const {
   for (const auto& entry : sorted)
     text += entry->input.toHex() + '\t' + QByteArray::number(entry->file.size) + '\t' +
             QByteArray::number(qulonglong(entry->file.content), 16) + '\t' + entry.key().toUtf8() + '\n';
-  return text + End + Digest(text) + '\n';
+  text += End + Digest(text) + '\n';
+  return text;
 }
 
 QStringList Manifest::Folders(const QStringList& files) {

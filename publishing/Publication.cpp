@@ -37,7 +37,7 @@ class Publication::Work {
   struct File {
     Kind kind = Kind::Page;
     QString name;
-    QByteArray input;  // digest of what it is made from
+    QByteArray stamp;  // of what is no page
     std::size_t page = 0;
     QString source;  // of a copy
     std::function<QByteArray()> make;
@@ -53,7 +53,7 @@ class Publication::Work {
 
   bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
   bool MayGoOn(const MayReplace& ask);
-  File& Add(Kind kind, const QString& name, const QByteArray& input);
+  File& Add(Kind kind, const QString& name, const QByteArray& stamp);
   void AddPage(const QString& name, std::size_t page);
   VorlinaReport Make(const QString& title, const NewPageMaker& newMaker, IVorlinaProgress& progress);
   void Remember(const VorlinaReport& report);
@@ -62,8 +62,8 @@ class Publication::Work {
 
  private:
   QByteArray HiddenInput(const File& file, PageMaker& maker) const;
-  bool IsCurrent(const File& file) const;
-  ManifestEntry MakeFile(const File& file, PageMaker& maker);
+  bool IsCurrent(const File& file, const QByteArray& input) const;
+  ManifestEntry MakeFile(const File& file, const QByteArray& input, PageMaker& maker);
   bool MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress);
   void Count(VorlinaReport& report);
 
@@ -77,7 +77,7 @@ class Publication::Work {
   std::vector<File> files_;
   std::size_t lastPage_ = 0;
   int pages_ = 0;
-  std::vector<std::optional<ManifestEntry>> made_;  // the entries of those files that came anew
+  std::vector<std::unique_ptr<ManifestEntry>> made_;  // the entries of those files that came anew
   std::atomic<bool> writes_{false};
   QStringList changes_;  // files that came anew, and that went
   Manifest coming_;
@@ -121,9 +121,9 @@ bool Publication::Work::MayGoOn(const MayReplace& ask) {
                      "it, publish from the program Vorlina."));
 }
 
-Publication::Work::File& Publication::Work::Add(Kind kind, const QString& name, const QByteArray& input) {
+Publication::Work::File& Publication::Work::Add(Kind kind, const QString& name, const QByteArray& stamp) {
   if (kind != Kind::Page && !files_.empty()) files_[lastPage_].files += name;
-  return files_.emplace_back(File{kind, name, input, 0, {}, {}, {}});
+  return files_.emplace_back(File{kind, name, stamp, 0, {}, {}, {}});
 }
 
 void Publication::Work::AddPage(const QString& name, std::size_t page) {
@@ -137,28 +137,31 @@ void Publication::Work::AddPage(const QString& name, std::size_t page) {
 
 // The list of files is public, and what they were made from is not.
 QByteArray Publication::Work::HiddenInput(const File& file, PageMaker& maker) const {
-  const QByteArray input = file.kind == Kind::Page ? maker.LookAt(file.page) : file.input;
+  const QByteArray input = file.kind == Kind::Page ? maker.LookAt(file.page) : file.stamp;
   const QByteArray all = input + '|' + file.files.join(u'|').toUtf8();
   // Short, as the digest is the slow part.
   return key_.Digest(
       QByteArray::number(qulonglong(Fingerprint({all.constData(), std::size_t(all.size())})), 36) + site_);
 }
 
-bool Publication::Work::IsCurrent(const File& file) const {
+bool Publication::Work::IsCurrent(const File& file, const QByteArray& input) const {
   const auto& former = former_->entries;
   const auto entry = former.constFind(file.name);
-  if (entry == former.constEnd() || entry->input != file.input) return false;
+  if (entry == former.constEnd() || entry->input != input) return false;
   return proven_.Has(file.name) || staging_.IsAsIn(file.name, *entry);
 }
 
-ManifestEntry Publication::Work::MakeFile(const File& file, PageMaker& maker) {
+ManifestEntry Publication::Work::MakeFile(const File& file, const QByteArray& input, PageMaker& maker) {
   writes_ = true;
   staging_.MakeRoom(file.name);
-  if (file.kind == Kind::Copy) return staging_.Copy(file.name, file.source, file.input);
-  if (file.kind == Kind::Made) return staging_.Write(file.name, file.make().toStdString(), file.input);
+  if (file.kind == Kind::Copy) return staging_.Copy(file.name, file.source, input);
+  if (file.kind == Kind::Made) {
+    const QByteArray bytes = file.make();
+    return staging_.Write(file.name, {bytes.constData(), std::size_t(bytes.size())}, input);
+  }
   std::string page = maker.Make();
   page += PageMark{key_.Site(), file.files}.ToText(page);
-  return staging_.Write(file.name, page, file.input);
+  return staging_.Write(file.name, page, input);
 }
 
 // Makes the files that are not what they would be made to be. False when the progress asked to stop.
@@ -166,8 +169,9 @@ bool Publication::Work::MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress
   made_.resize(files_.size());
   const auto begin = [&]() -> publishing::Work {
     return [this, maker = std::shared_ptr<PageMaker>(newMaker())](std::size_t i) {
-      files_[i].input = HiddenInput(files_[i], *maker);
-      if (!IsCurrent(files_[i])) made_[i] = MakeFile(files_[i], *maker);
+      const QByteArray input = HiddenInput(files_[i], *maker);
+      if (!IsCurrent(files_[i], input))
+        made_[i] = std::make_unique<ManifestEntry>(MakeFile(files_[i], input, *maker));
     };
   };
   const QString comparing = Told(italian_, "Confronto con il sito", "Comparing with the site");

@@ -154,14 +154,14 @@ ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArr
   return {input, *written};
 }
 
-ManifestEntry Staging::Write(const QString& file, const std::string& content, const QByteArray& input) const {
+ManifestEntry Staging::Write(const QString& file, std::string_view content, const QByteArray& input) const {
   QFile out(SiteSwap::NewFiles(staging_) + u'/' + file);
   const auto size = qint64(content.size());
   const bool written = out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
                        out.write(content.data(), size) == size && out.size() == size;
   out.close();
   if (!written) throw Unwritten(out, QString(target_ + u'/' + file), italian_);
-  return {input, FingerprintOf(std::string_view(content))};
+  return {input, FingerprintOf(content)};
 }
 
 ManifestEntry Staging::Copy(const QString& file, const QString& source, const QByteArray& input) const {

@@ -53,7 +53,7 @@ class Staging {
 
   // Writes or copies a file into the staging folder and checks its size; may be called on several threads,
   // each file once. The entry for the manifest is returned. Throws std::runtime_error.
-  ManifestEntry Write(const QString& file, const std::string& content, const QByteArray& input) const;
+  ManifestEntry Write(const QString& file, std::string_view content, const QByteArray& input) const;
   ManifestEntry Copy(const QString& file, const QString& source, const QByteArray& input) const;
 
   // Puts the site in place, or leaves the former one and throws std::runtime_error. Gives the files that are

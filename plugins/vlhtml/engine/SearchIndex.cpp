@@ -201,7 +201,8 @@ std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<Search
   for (std::size_t filter = 0; filter < catalog.filterNames.size(); ++filter)
     if (FilterColumn column(catalog, filter, hits); !column.IsEmpty()) filters.push_back(std::move(column));
   AddColumn(script, "filters", filters.size(), [&](std::size_t i) { filters[i].AddTo(script, hits); });
-  return script + "});\n";
+  script += "});\n";
+  return script;
 }
 
 }  // namespace vlhtml

@@ -35,6 +35,10 @@ QByteArray IndexOf(const Site& site) {
   return QByteArray::fromStdString(SearchIndex(site.Catalog(), hits, site.words));
 }
 
+QByteArray HashOf(const QByteArray& bytes) {
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
 class Adder {
  public:
   Adder(const Site& site, const Skin& skin, Publication& publication)
@@ -61,8 +65,7 @@ class Adder {
   }
 
   void AddBytes(const QString& file, const QByteArray& bytes) {
-    publication_.AddMade(file, QCryptographicHash::hash(bytes, QCryptographicHash::Sha1),
-                         [bytes] { return bytes; });
+    publication_.AddMade(file, HashOf(bytes), [bytes] { return bytes; });
   }
 
   // All files of a picture are one picture.
@@ -92,7 +95,10 @@ class Adder {
       ofSkin_ += file.name;
     }
     if (site_.hasTheme) AddBytes(QStringLiteral("theme.css"), ThemeOf(site_.profile));
-    if (site_.hasSearch) AddBytes(QStringLiteral("search-index.js"), IndexOf(site_));
+    // It is large, and is not kept until it may be needed.
+    if (site_.hasSearch)
+      publication_.AddMade(QStringLiteral("search-index.js"), HashOf(IndexOf(site_)),
+                           [site = &site_] { return IndexOf(*site); });
   }
 
   void AddPreview() {
