@@ -50,14 +50,15 @@ PictureGaps PictureRows::Compare(Connection& connection, const QSet<QString>& pr
   const QString inside = KeyOf(root_ + u"/Images/"_qs);
   PictureGaps gaps;
   QSet<QString> seen;
-  ForEachNamedPicture(connection, [&](const NamedPicture& picture) {
+  const auto compare = [&](const NamedPicture& picture) {
     const QString key = KeyOf(picture.path);
     if (present.contains(key) || seen.contains(key)) return;
     seen.insert(key);
     // A path that leads elsewhere and to nothing is that of a folder that was moved without its pictures.
     const bool elsewhere = !key.startsWith(inside) && QFileInfo(picture.path).isFile();
     (elsewhere ? gaps.outside : gaps.missing) += picture.path;
-  });
+  };
+  ForEachNamedPicture(connection, compare, root_);
   return gaps;
 }
 

@@ -34,7 +34,7 @@ struct PictureGaps {
   QStringList outside;  // those that lie outside of "Images", so that no backup takes them
 };
 
-// Compares what the rows of a database name with the files that there are.
+// Compares what the rows of a folder's database, or of a copy of it, name with the files that there are.
 class PictureRows {
  public:
   explicit PictureRows(const QString& root) : root_(root) {}

@@ -85,13 +85,14 @@ QString ProfilePictures() {
              ProfilesExtension, ProfileLogoMember, ProfileWideMember);
 }
 
-QString PicturesBeside(const Connection& connection) {
-  return QDir::toNativeSeparators(QFileInfo(connection.DataSource()).absolutePath() + u"/Images/"_qs);
-}
+QString PicturesIn(const QString& folder) { return QDir::toNativeSeparators(folder + u"/Images/"_qs); }
+
+QString FolderOfDatabase(const Connection& connection) { return QFileInfo(connection.DataSource()).absolutePath(); }
 
 }  // namespace
 
-void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell) {
+void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell,
+                         const QString& folder) {
   Rows rows(
       connection,
       u"SELECT 0,IDCatalogo,IDCatalogo,'',Logo FROM Cataloghi WHERE Logo<>'' "
@@ -99,7 +100,7 @@ void ForEachNamedPicture(Connection& connection, const std::function<void(const 
       "UNION ALL SELECT 2,IDImmagine,IDCatalogo,CodiceProdotto,Immagine FROM Immagini "
       "WHERE Immagine<>'' UNION ALL SELECT 3,IDCatalogo,IDCatalogo,'',Immagine FROM "_qs +
           ProfilePictures(),
-      {PicturesBeside(connection)});
+      {PicturesIn(folder.isEmpty() ? FolderOfDatabase(connection) : folder)});
   while (rows.Next())
     tell({PictureUse(rows.Value(0).toInt()), rows.Value(1).toLongLong(), rows.Value(2).toInt(),
           rows.Value(3).toString(), rows.Value(4).toString()});
@@ -163,7 +164,7 @@ PictureFiles PicturesOfCatalog(int IDCatalogo, Connection& connection) {
                 "UNION ALL SELECT Logo FROM Cataloghi WHERE IDCatalogo=?1 AND Logo<>''"_qs,
                 catalog) +
               Paths(connection, u"SELECT Immagine FROM %1 WHERE IDCatalogo=?2"_qs.arg(ProfilePictures()),
-                    {PicturesBeside(connection), IDCatalogo}) +
+                    {PicturesIn(FolderOfDatabase(connection)), IDCatalogo}) +
               QStringList{LogoPath(IDCatalogo)}};
 }
 

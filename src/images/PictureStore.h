@@ -34,8 +34,11 @@ struct NamedPicture {
   QString path;
 };
 
-// Tells every row that names a picture: logos, main images, additional ones, those of profiles. Throws Error.
-void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell);
+// Tells every row that names a picture: logos, main images, additional ones, those of profiles. The latter
+// are names alone, and lie in the "Images" of the folder: that of the database, where none is told, as it is
+// of a copy that lies elsewhere. Throws Error.
+void ForEachNamedPicture(Connection& connection, const std::function<void(const NamedPicture&)>& tell,
+                         const QString& folder = {});
 
 // Those of the files that a row names, however it writes the path; the main image of one product may be left
 // aside. Throws Error.

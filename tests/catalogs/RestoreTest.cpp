@@ -10,10 +10,12 @@
 #include "catalogs/BackupSources.h"
 #include "catalogs/CatalogCheck.h"
 #include "catalogs/RestoreSwap.h"
+#include "publish/ProfileStore.h"
 #include "store/CatalogDatabase.h"
 #include "support/BackupFiles.h"
 #include "support/FolderCalls.h"
 #include "support/FullDisk.h"
+#include "support/TestJpeg.h"
 
 using namespace vorlina;
 
@@ -90,6 +92,24 @@ TEST_F(RestoreTest, ReplacesEverythingAndKeepsWhatWasThereUntilTheNextOne) {
     EXPECT_EQ(Differences(FilesIn(FormerFolder(folder_.path())), before), QStringList()) << i;
     before = Files();
   }
+}
+
+// They are names alone, and the copy of the database that is compared with the files lies elsewhere.
+TEST_F(RestoreTest, AProfilesPicturesComeBack) {
+  connection_.Open(ConnectionTextFor(Path()));
+  VorlinaProfile profile = ReadProfiles(connection_, 109).first();
+  WriteFileSafely(Outside(u"logo.jpg"_qs), MakeJpeg(MakePhoto({300, 200}, 1)));
+  profile.logo = Outside(u"logo.jpg"_qs);
+  StoreProfile(connection_, 109, profile);
+  const QString logo = ReadProfiles(connection_, 109).first().logo;
+  const QByteArray content = ContentOf(logo);
+  EXPECT_EQ(FailureOf([&] { WriteBackup(connection_, file_); }), QString());
+  connection_.Close();
+  SetAppPath(Outside(u"fresh"_qs));
+  ASSERT_EQ(Restore(), QString());
+  connection_.Open(ConnectionTextFor(AppFile(DatabaseName)));
+  EXPECT_EQ(MissingPicturesIn(connection_), QStringList());
+  EXPECT_EQ(ContentOf(ReadProfiles(connection_, 109).first().logo), content);
 }
 
 TEST_F(RestoreTest, PathsPointToWhereItIsRestored) {
