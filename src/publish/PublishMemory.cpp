@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include "base/Helpers.h"
 #include "publish/ExtensionManager.h"
 #include "publish/ProfileForm.h"
 #include "store/Connection.h"
@@ -20,6 +21,17 @@ QJsonObject Kept(Connection& connection, int IDCatalogo) {
   return QJsonDocument::fromJson(CatalogExtension(MemoryExtension, IDCatalogo, connection).toUtf8()).object();
 }
 
+// What a plug-in kept by itself, before there were profiles. It tells no catalog: of several that have it, as
+// clones have, it is the oldest one's.
+QString FormerTarget(Connection& connection, int IDCatalogo, const QString& plugin) {
+  Rows rows(connection,
+            u"SELECT C.Valore FROM Extensions E JOIN CExtension C USING (IDExtension) WHERE "
+            "E.ExtensionName=?1 AND C.IDCatalogo=?2 AND NOT EXISTS (SELECT 1 FROM CExtension O WHERE "
+            "O.IDExtension=C.IDExtension AND O.IDCatalogo<C.IDCatalogo AND O.Valore=C.Valore)"_qs,
+            {QString(plugin + u".Cartella"_qs), IDCatalogo});
+  return rows.Next() ? NullToEmpty(rows.Value(0)) : QString();
+}
+
 }  // namespace
 
 PublishMemory RememberedPublication(Connection& connection, int IDCatalogo, const QString& plugin,
@@ -27,11 +39,9 @@ PublishMemory RememberedPublication(Connection& connection, int IDCatalogo, cons
   const QJsonObject ofPlugin = Kept(connection, IDCatalogo)[plugin].toObject();
   PublishMemory memory;
   memory.profile = profile.isEmpty() ? ofPlugin[LastMember].toString() : profile;
-  // What a plug-in kept by itself, before there were profiles.
-  if (ofPlugin.isEmpty() && (profile.isEmpty() || profile == FirstProfileIdentifier))
-    memory.target = CatalogExtension(plugin + u".Cartella"_qs, IDCatalogo, connection);
-  if (ofPlugin.isEmpty()) return memory;
   const QJsonObject remembered = ofPlugin[ProfilesMember][memory.profile].toObject();
+  if (remembered.isEmpty() && (memory.profile.isEmpty() || memory.profile == FirstProfileIdentifier))
+    memory.target = FormerTarget(connection, IDCatalogo, plugin);
   // A clone has the values of its original, whose target is not its own.
   if (remembered[u"catalog"].toInt() == IDCatalogo) memory.target = remembered[u"target"].toString();
   memory.options = remembered[u"options"].toObject().toVariantMap();

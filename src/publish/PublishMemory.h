@@ -16,7 +16,8 @@ struct PublishMemory {
 
 // What is remembered of a catalog and a plug-in: of one profile, or of the one that was published last where
 // none is given. A profile that was never published has no target, nor has a clone: another one's site would
-// be replaced. Nothing where it cannot be read. Throws Error.
+// be replaced. What a plug-in kept by itself before there were profiles is that of the first profile until
+// that is published. Nothing where it cannot be read. Throws Error.
 PublishMemory RememberedPublication(Connection& connection, int IDCatalogo, const QString& plugin,
                                     const QString& profile = {});
 
