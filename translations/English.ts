@@ -2474,10 +2474,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>It is the only profile of the catalog and cannot be deleted</translation>
     </message>
     <message>
-        <source>Prodotti in evidenza</source>
-        <translation>Highlighted products</translation>
-    </message>
-    <message>
         <source>Nuovi profili di pubblicazione</source>
         <translation>New publishing profiles</translation>
     </message>
@@ -2556,10 +2552,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
     <message>
         <source>Pubblicando di nuovo viene sostituito.</source>
         <translation>It is replaced when you publish again.</translation>
-    </message>
-    <message>
-        <source>Profilo di pubblicazione</source>
-        <translation>Publishing profile</translation>
     </message>
     <message>
         <source>Nuovo profilo</source>

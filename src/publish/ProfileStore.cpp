@@ -45,11 +45,8 @@ class KeptProfiles {
     const QJsonDocument document = QJsonDocument::fromJson(text);
     if (!document.isObject() || !document[ProfilesMember].isArray()) throw DamagedProfiles();
     root_ = document.object();
-    for (const QJsonValue value : root_[ProfilesMember].toArray()) {
-      if (!value.isObject()) throw DamagedProfiles();
-      profiles_ += ProfileOf(value.toObject());
-      objects_ += value.toObject();
-    }
+    for (const QJsonValue value : root_[ProfilesMember].toArray()) Read(value);
+    if (profiles_.isEmpty()) throw DamagedProfiles();
   }
 
   const QList<VorlinaProfile>& All() const { return profiles_; }
@@ -93,6 +90,15 @@ class KeptProfiles {
   }
 
  private:
+  // What is stored under an identifier is to be what is shown under it.
+  void Read(const QJsonValue& value) {
+    if (!value.isObject()) throw DamagedProfiles();
+    const VorlinaProfile profile = ProfileOf(value.toObject());
+    if (IndexOf(profile.identifier) >= 0) throw DamagedProfiles();
+    profiles_ += profile;
+    objects_ += value.toObject();
+  }
+
   Connection& connection_;
   int IDCatalogo_;
   QJsonObject root_;
@@ -227,6 +233,12 @@ std::vector<std::pair<QString, QString>> Marks(Connection& connection, int IDCat
   return marks;
 }
 
+void StoreHighlights(Connection& connection, int IDCatalogo, const VorlinaProfile& profile) {
+  const QSet<QString> marked(profile.highlights.begin(), profile.highlights.end());
+  for (const auto& [code, marks] : Marks(connection, IDCatalogo, true))
+    ChangeMarks(connection, IDCatalogo, code, marks, profile.identifier, marked.contains(code));
+}
+
 }  // namespace
 
 QList<VorlinaProfile> ReadProfiles(Connection& connection, int IDCatalogo) {
@@ -280,6 +292,7 @@ QString StoreProfile(Connection& connection, int IDCatalogo, const VorlinaProfil
   pictures.Take(change, IDCatalogo);
   kept.Put(stored);
   kept.Store();
+  StoreHighlights(connection, IDCatalogo, stored);
   RetirePictures(change, former, kept);
   if (StoredLanguage(connection, IDCatalogo).isEmpty())
     StoreLanguage(connection, IDCatalogo, stored.language);
@@ -303,15 +316,6 @@ void DeleteProfile(Connection& connection, int IDCatalogo, const QString& identi
   transaction.Commit();
 }
 
-void StoreHighlights(Connection& connection, int IDCatalogo, const QString& identifier,
-                     const QStringList& codes) {
-  Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Prodotti in evidenza"), {}});
-  const QSet<QString> marked(codes.begin(), codes.end());
-  for (const auto& [code, marks] : Marks(connection, IDCatalogo, true))
-    ChangeMarks(connection, IDCatalogo, code, marks, identifier, marked.contains(code));
-  transaction.Commit();
-}
-
 void RenewProfiles(Connection& connection, int IDCatalogo) {
   Transaction transaction(connection, {QT_TRANSLATE_NOOP("Texts", "Nuovi profili di pubblicazione"), {}});
   try {
@@ -323,6 +327,11 @@ void RenewProfiles(Connection& connection, int IDCatalogo) {
     KeepCatalogExtension(DamagedExtension, aside.isEmpty() ? damaged : aside + u'\n' + damaged, IDCatalogo,
                          connection);
     KeepCatalogExtension(ProfilesExtension, {}, IDCatalogo, connection);
+    VorlinaProfile first = FirstProfile();
+    first.identifier = RandomMark();
+    KeptProfiles anew(connection, IDCatalogo);
+    anew.Put(first);
+    anew.Store();
   }
   transaction.Commit();
 }

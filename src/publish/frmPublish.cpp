@@ -24,7 +24,6 @@
 #include "publish/WidgetPublishProgress.h"
 #include "publish/frmHighlights.h"
 #include "store/Connection.h"
-#include "store/Transaction.h"
 #include "ui_frmPublish.h"
 
 namespace vorlina {
@@ -185,15 +184,9 @@ void frmPublish::TurnToProfile(int index) {
 
 bool frmPublish::IsChanged() const { return fields_->Read() != shown_; }
 
-// Highlights and profile together. The window goes on showing what was stored, under its identifier.
+// The window goes on showing what was stored, under its identifier.
 void frmPublish::Store(const VorlinaProfile& profile) {
-  QString identifier;
-  {
-    Transaction transaction(*Connessione, {QT_TRANSLATE_NOOP("Texts", "Profilo di pubblicazione")});
-    identifier = StoreProfile(*Connessione, IDCatalogo, profile);
-    StoreHighlights(*Connessione, IDCatalogo, identifier, profile.highlights);
-    transaction.Commit();
-  }
+  const QString identifier = StoreProfile(*Connessione, IDCatalogo, profile);
   if (!profile.identifier.isEmpty()) Leave();
   ListProfiles(identifier);
 }

@@ -53,6 +53,11 @@ class ProfileTest : public CatalogFixture {
     WriteFileSafely(Outside(name), MakeJpeg(MakePhoto({300, 200}, seed)));
     return Outside(name);
   }
+  void StoreHighlights(const QString& identifier, const QStringList& codes) {
+    VorlinaProfile profile = ReadProfile(connection_, catalog_, identifier);
+    profile.highlights = codes;
+    Store(profile);
+  }
   QString HighlightsOf(int IDCatalogo, const QString& identifier) {
     for (const VorlinaProfile& profile : ReadProfiles(connection_, IDCatalogo))
       if (profile.identifier == identifier) return profile.highlights.join(u' ');
@@ -145,11 +150,14 @@ TEST_F(ProfileTest, IsRefusedWithTheMemberThatIsNoGood) {
 
 TEST_F(ProfileTest, ThatCannotBeReadIsRefusedAndPutAside) {
   const VorlinaProfile good = Only();
-  for (const QString& damaged : {u"{\"profiles\":[{\"id\":\"a\",\"na"_qs, u"[]"_qs, u"{\"profiles\":[7]}"_qs,
-                                 u"{\"profiles\":[{\"id\":\"a\"}]}"_qs,
-                                 u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"values\":[false]}]}"_qs,
-                                 u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"techData\":\"no\"}]}"_qs,
-                                 u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"price\":9}]}"_qs}) {
+  RememberPublication(connection_, catalog_, u"P"_qs, {good.identifier, u"/srv/public"_qs, {}});
+  for (const QString& damaged :
+       {u"{\"profiles\":[{\"id\":\"a\",\"na"_qs, u"[]"_qs, u"{\"profiles\":[]}"_qs,
+        u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\"},{\"id\":\"a\",\"name\":\"c\"}]}"_qs,
+        u"{\"profiles\":[7]}"_qs, u"{\"profiles\":[{\"id\":\"a\"}]}"_qs,
+        u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"values\":[false]}]}"_qs,
+        u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"techData\":\"no\"}]}"_qs,
+        u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"price\":9}]}"_qs}) {
     Keep(ProfilesExtension, damaged);
     EXPECT_THROW(ReadProfiles(connection_, catalog_), DamagedProfiles) << damaged;
     EXPECT_THROW(Store(good), DamagedProfiles) << damaged;
@@ -158,6 +166,8 @@ TEST_F(ProfileTest, ThatCannotBeReadIsRefusedAndPutAside) {
     RenewProfiles(connection_, catalog_);
     EXPECT_TRUE(CatalogExtension(u"Vorlina.Profili danneggiati"_qs, catalog_, connection_).endsWith(damaged));
     EXPECT_EQ(Only().name, u"Standard"_qs);
+    EXPECT_EQ(RememberedPublication(connection_, catalog_, u"P"_qs, Only().identifier).target, QString())
+        << "it shows what the former one hid";
   }
   // What only looks is as in a new one.
   Keep(ProfilesExtension,
@@ -175,8 +185,8 @@ TEST_F(ProfileTest, HighlightsFollowTheProducts) {
   other.name = u"Other"_qs;
   const QString second = Store(other);
   Change(u"UPDATE Prodotti SET OrdineTemp=CASE CodiceProdotto WHEN 'B' THEN 1 ELSE 2 END"_qs);
-  StoreHighlights(connection_, catalog_, first, {u"A"_qs, u"B"_qs, u"gone"_qs});
-  StoreHighlights(connection_, catalog_, second, {u"C"_qs, u"B"_qs});
+  StoreHighlights(first, {u"A"_qs, u"B"_qs, u"gone"_qs});
+  StoreHighlights(second, {u"C"_qs, u"B"_qs});
   EXPECT_EQ(HighlightsOf(catalog_, first), u"B A"_qs);
   EXPECT_EQ(HighlightsOf(catalog_, second), u"B C"_qs);
   Change(u"UPDATE Prodotti SET CodiceProdotto='Z' WHERE CodiceProdotto='B'"_qs);
@@ -184,7 +194,7 @@ TEST_F(ProfileTest, HighlightsFollowTheProducts) {
   const int clone = CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {});
   EXPECT_EQ(HighlightsOf(catalog_, first) + HighlightsOf(clone, first), u"ZA Z"_qs)
       << "a clone publishes everything, in the order in which it came";
-  StoreHighlights(connection_, catalog_, first, {});
+  StoreHighlights(first, {});
   Change(u"UPDATE Prodotti SET Pubblica=TRUE"_qs);
   EXPECT_EQ(HighlightsOf(catalog_, first), u"A"_qs) << "what was not published was not asked about";
   DeleteProfile(connection_, catalog_, second);
@@ -250,11 +260,14 @@ TEST_F(ProfileTest, TheLastPublicationIsRememberedForEachPluginAndProfile) {
   Keep(u"VLHTML.HTML.Cartella"_qs, u"/srv/old"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, {}), u"|/srv/old|"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"c"_qs), u"c||"_qs);
+  const int early = CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {});
+  EXPECT_EQ(RememberedPublication(connection_, early, u"VLHTML.HTML"_qs).target, QString());
   RememberPublication(connection_, catalog_, u"VLHTML.HTML"_qs, {u"a"_qs, u"/srv/a"_qs, {{u"n"_qs, 2}}});
   RememberPublication(connection_, catalog_, u"VLHTML.HTML"_qs, {u"b"_qs, u"/srv/b"_qs, {}});
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, {}), u"b|/srv/b|"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"a"_qs), u"a|/srv/a|2"_qs);
   EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"c"_qs), u"c||"_qs) << "another profile's site would be replaced";
+  EXPECT_EQ(remembered(u"VLHTML.HTML"_qs, u"standard"_qs), u"standard|/srv/old|"_qs);
   EXPECT_EQ(remembered(u"Other.One"_qs, {}), u"||"_qs);
   const int clone = CatalogClone(catalog_, connection_).DuplicaCatalogo(u"Copy of "_qs, {});
   EXPECT_EQ(RememberedPublication(connection_, clone, u"VLHTML.HTML"_qs, u"a"_qs).target, QString());

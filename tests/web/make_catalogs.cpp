@@ -64,8 +64,8 @@ class Maker {
     profile.hours = Hostile[9] + u'\n' + Hostile[0];
     profile.mapLink = u"https://www.example.com/map?a=1&b=%22%3E"_qs;
     profile.sisters += {u"it"_qs, u"https://www.example.com/catalogo/"_qs};
-    profile.identifier = StoreProfile(connection_, 1, profile);
-    StoreHighlights(connection_, 1, profile.identifier, {highlight_});
+    profile.highlights = {highlight_};
+    StoreProfile(connection_, 1, profile);
   }
 
   void Catalog(const QString& name, const QStringList& filters, const QStringList& values) {
