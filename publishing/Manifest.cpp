@@ -19,9 +19,6 @@ namespace {
 const QByteArray Head = "Vorlina site manifest 2";
 const QByteArray End = "end ";
 
-// Pages are far smaller; a larger file is none of ours.
-constexpr qint64 LargestPage = 16 << 20;
-
 constexpr qsizetype UsualLine = 80;
 
 // A name inside the folder, and no list of ours.
@@ -110,9 +107,10 @@ std::optional<Manifest> Manifest::Read(const QString& path) {
   const qsizetype second = Head.size() + 1;
   if (second >= end) return {};
   const QByteArray about = LineAt(text, second).toByteArray();
-  const qsizetype blank = about.indexOf('\t');
-  manifest.site = about.left(blank);
-  manifest.title = QString::fromUtf8(about.mid(blank + 1));
+  const QList<QByteArray> parts = about.split('\t');
+  manifest.site = parts.value(0);
+  manifest.title = QString::fromUtf8(parts.value(1));
+  manifest.profile = parts.value(2);
   manifest.entries.reserve(text.size() / UsualLine);
   for (qsizetype at = second + about.size() + 1; at < end;) {
     const QByteArrayView line = LineAt(text, at);
@@ -136,7 +134,9 @@ QByteArray Manifest::ToText() const {
   std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.key() < b.key(); });
   QByteArray text;
   text.reserve((qsizetype(sorted.size()) + 2) * UsualLine);
-  text += Head + '\n' + site + '\t' + title.simplified().toUtf8() + '\n';
+  text += Head + '\n' + site + '\t' + title.simplified().toUtf8();
+  if (!profile.isEmpty()) text += '\t' + profile;
+  text += '\n';
   for (const auto& entry : sorted)
     text += entry->input.toHex() + '\t' + QByteArray::number(entry->file.size) + '\t' +
             QByteArray::number(qulonglong(entry->file.content), 16) + '\t' + entry.key().toUtf8() + '\n';

@@ -38,6 +38,7 @@ class Manifest {
   bool isKept = false;  // it is the list that lies in the folder, word by word
   QByteArray site;      // which catalog's site it is
   QString title;        // its title, for the user
+  QByteArray profile;   // digest of the one that it was published with; empty where that is not known
   QHash<QString, ManifestEntry> entries;
 };
 

@@ -10,6 +10,9 @@
 
 namespace publishing {
 
+// No page is larger; a larger file is none of ours.
+constexpr qint64 LargestPage = 16 << 20;
+
 struct PageMark {
   QByteArray site;    // the site that the page belongs to
   QStringList files;  // pictures and style sheets that came with it

@@ -2,8 +2,17 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
+
+#include "PageMark.h"
 
 namespace publishing {
+namespace {
+
+// Lists of lists of lists can be walked for days without a word written.
+constexpr std::uint64_t MostSteps = 1 << 26;
+
+}  // namespace
 
 // Takes a template in line by line.
 class PageCompiler {
@@ -12,6 +21,7 @@ class PageCompiler {
       : source_(source), names_(names), kind_(kind), program_(program) {}
 
   void Compile() {
+    program_.origin_.file = source_.file;
     std::size_t at = 0;
     for (const Tag& tag : source_.tags) {
       AddTexts(at, tag.begin);
@@ -97,7 +107,10 @@ class PageCompiler {
       program_.steps_.push_back({Kind::End, 0, 0});
     } else if (tag.kind != '!') {
       const Kind kind = tag.kind == '#' ? Kind::Section : (tag.kind == '^' ? Kind::Inverted : Kind::Value);
-      if (kind != Kind::Value) open_.push_back(number);
+      if (kind != Kind::Value) {
+        open_.push_back(number);
+        program_.sections_.emplace(number, PageProgram::Origin{tag.file, tag.line});
+      }
       program_.steps_.push_back({kind, PathOf(tag.name), 0});
     }
   }
@@ -109,10 +122,9 @@ class PageCompiler {
       path.push_back(names_.Add(name.substr(0, end), kind_));
       name.remove_prefix(std::min(end + 1, name.size()));
     }
-    const auto known = std::find(program_.paths_.begin(), program_.paths_.end(), path);
-    const auto number = std::uint32_t(known - program_.paths_.begin());
-    if (known == program_.paths_.end()) program_.paths_.push_back(std::move(path));
-    return number;
+    const auto [known, isNew] = paths_.emplace(path, std::uint32_t(program_.paths_.size()));
+    if (isNew) program_.paths_.push_back(std::move(path));
+    return known->second;
   }
 
   const Template& source_;
@@ -121,6 +133,7 @@ class PageCompiler {
   PageProgram& program_;
   std::vector<Piece> line_;
   std::vector<std::uint32_t> open_;  // sections
+  std::map<std::vector<int>, std::uint32_t> paths_;
 };
 
 // Writes one page.
@@ -140,7 +153,7 @@ class PageWriter {
           WriteText(Find(program_.paths_[step.at]));
           break;
         case Kind::Section:
-          WriteSection(Find(program_.paths_[step.at]), i + 1, step.size);
+          WriteSection(Find(program_.paths_[step.at]), i);
           i = step.size;
           break;
         case Kind::Inverted:
@@ -156,6 +169,7 @@ class PageWriter {
         case Kind::End:
           break;
       }
+      if (++done_ > MostSteps || out_.size() > std::size_t(LargestPage)) Refuse(false);
     }
   }
 
@@ -203,19 +217,38 @@ class PageWriter {
       out_.append(place.tree->texts, place.node->first, place.node->size);
   }
 
-  void WriteSection(const Place& place, std::uint32_t begin, std::uint32_t end) {
+  void WriteSection(const Place& place, std::uint32_t step) {
     if (!IsThere(place)) return;
+    const std::uint32_t end = program_.steps_[step].size;
+    const std::uint32_t outer = std::exchange(section_, step);
     if (place.node->kind != FieldTree::Kind::List) {
-      seen_.push_back(place);
-      Run(begin, end);
-      seen_.pop_back();
-      return;
+      RunIn(place, step + 1, end);
+    } else {
+      // It would be found from within for ever.
+      if (std::find(lists_.begin(), lists_.end(), place.node) != lists_.end()) Refuse(true);
+      lists_.push_back(place.node);
+      for (std::uint32_t i = place.node->first; i != FieldTree::None; i = place.tree->nodes[i].next)
+        RunIn({place.tree, &place.tree->nodes[i]}, step + 1, end);
+      lists_.pop_back();
     }
-    for (std::uint32_t i = place.node->first; i != FieldTree::None; i = place.tree->nodes[i].next) {
-      seen_.push_back({place.tree, &place.tree->nodes[i]});
-      Run(begin, end);
-      seen_.pop_back();
-    }
+    section_ = outer;
+  }
+
+  void RunIn(const Place& place, std::uint32_t begin, std::uint32_t end) {
+    seen_.push_back(place);
+    Run(begin, end);
+    seen_.pop_back();
+  }
+
+  [[noreturn]] void Refuse(bool isListInItself) const {
+    const auto section = program_.sections_.find(section_);
+    const PageProgram::Origin& origin =
+        section != program_.sections_.end() ? section->second : program_.origin_;
+    PageFault fault;
+    fault.file = origin.file;
+    fault.line = origin.line;
+    fault.isListInItself = isListInItself;
+    throw fault;
   }
 
   // The size is that of the line's end.
@@ -228,7 +261,10 @@ class PageWriter {
 
   const PageProgram& program_;
   std::string& out_;
-  std::vector<Place> seen_;  // the innermost last
+  std::vector<Place> seen_;         // the innermost last
+  std::vector<const Node*> lists_;  // that are being written
+  std::uint32_t section_ = 0xffffffff;
+  std::uint64_t done_ = 0;
   std::size_t lineStart_ = 0;
 };
 

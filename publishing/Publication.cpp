@@ -44,12 +44,13 @@ class Publication::Work {
     QStringList files;  // that came with a page
   };
 
-  Work(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)
+  Work(IVorlinaConnection& connection, const VorlinaJob& job, const QString& plugin, bool italian)
       : connection_(connection),
         job_(job),
+        plugin_(plugin),
         italian_(italian),
         staging_(Checked(job.target, connection, italian), italian),
-        key_(connection, job.IDCatalogo) {}
+        key_(connection, job.IDCatalogo, plugin) {}
 
   bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
   bool MayGoOn(const MayReplace& ask);
@@ -69,11 +70,13 @@ class Publication::Work {
 
   IVorlinaConnection& connection_;
   const VorlinaJob& job_;
+  QString plugin_;
   bool italian_;
   Staging staging_;
   const Manifest* former_ = nullptr;
   SiteKey key_;
   QByteArray site_ = key_.Site().left(8);
+  QByteArray profile_ = key_.Digest("profile " + job_.profile.identifier.toUtf8()).toHex();
   std::vector<File> files_;
   std::size_t lastPage_ = 0;
   int pages_ = 0;
@@ -92,9 +95,8 @@ bool Publication::Work::IsAsBefore(const PublicationInputs& inputs, VorlinaRepor
   if (job_.preview) return false;
   const QString database = connection_.DataSource();
   const QString target = QDir::cleanPath(QFileInfo(job_.target).absoluteFilePath());
-  recordFile_ =
-      QFileInfo(database).absolutePath() +
-      QStringLiteral("/PubWiz/%1/Published/%2").arg(inputs.plugin, Name(key_.Digest(target.toUtf8())));
+  recordFile_ = QFileInfo(database).absolutePath() +
+                QStringLiteral("/PubWiz/%1/Published/%2").arg(plugin_, Name(key_.Digest(target.toUtf8())));
   inputs_ = DigestOf(inputs, database, job_);
   const auto record = PublicationRecord::Read(recordFile_);
   before_ = TargetState(job_.target,
@@ -111,8 +113,19 @@ bool Publication::Work::MayGoOn(const MayReplace& ask) {
     RequireNoOtherSite(job_.target, italian_);
     return true;
   }
-  if (former.site == key_.Site()) return true;
-  if (ask) return ask(former.title);
+  const bool isOfCatalog = former.site == key_.Site();
+  // Sites that tell no profile were published before there was one to tell.
+  const bool isOwn = isOfCatalog && (former.profile.isEmpty() || former.profile == profile_);
+  if (isOwn || job_.preview) return true;
+  if (ask)
+    return ask(isOfCatalog ? FormerSite::OfAnotherProfile : FormerSite::OfAnotherCatalog, former.title);
+  if (isOfCatalog)
+    throw About(
+        job_.target, italian_,
+        QStringLiteral("La cartella %1 contiene il sito di questo catalogo pubblicato con un altro profilo. "
+                       "Scegliere un'altra cartella; per sostituirlo, pubblicare dal programma Vorlina."),
+        QStringLiteral("The folder %1 holds this catalog's site as published with another profile. Choose "
+                       "another folder; to replace it, publish from the program Vorlina."));
   throw About(
       job_.target, italian_,
       QStringLiteral("La cartella %1 contiene il sito di un altro catalogo. Scegliere un'altra cartella; "
@@ -217,8 +230,9 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
   if (!MakeFiles(newMaker, progress)) return report;
   coming_.site = key_.Site();
   coming_.title = title;
+  coming_.profile = profile_;
   Count(report);
-  if (!changes_.isEmpty()) {
+  if (!changes_.isEmpty() || former_->profile != profile_) {
     const QString left = Told(italian_, "%1 non si è potuto eliminare; la prossima pubblicazione riproverà",
                               "%1 could not be deleted; the next publication will try again");
     for (const QString& file : staging_.Swap(coming_)) {
@@ -242,8 +256,9 @@ void Publication::Work::Remember(const VorlinaReport& report) {
   record.Write(recordFile_);
 }
 
-Publication::Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian)
-    : work_(std::make_unique<Work>(connection, job, italian)) {}
+Publication::Publication(IVorlinaConnection& connection, const VorlinaJob& job, const QString& plugin,
+                         bool italian)
+    : work_(std::make_unique<Work>(connection, job, plugin, italian)) {}
 
 Publication::~Publication() = default;
 

@@ -1,6 +1,6 @@
 // A publication into a folder: its files, made, copied or given, and their way into the folder's place.
 //
-//   Publication publication(connection, job, italian);
+//   Publication publication(connection, job, plugin, italian);
 //   if (!publication.MayGoOn(askWhetherToReplace)) return report;
 //   publication.AddPage(QStringLiteral("index.html"), 0);
 //   publication.AddPicture(QStringLiteral("images/1.jpg"), source, stamp);
@@ -40,15 +40,17 @@ class PageMaker {
 };
 using NewPageMaker = std::function<std::unique_ptr<PageMaker>()>;
 
-// Asks whether what another catalog published, under this title, may be replaced.
-using MayReplace = std::function<bool(const QString& title)>;
+// Asks whether a site, which has this title, may be replaced.
+enum class FormerSite { OfAnotherCatalog, OfAnotherProfile };
+using MayReplace = std::function<bool(FormerSite former, const QString& title)>;
 
 class Publication {
  public:
   // Holds the job's folder from now on, and completes what was left there by a publication that was killed.
   // Throws std::runtime_error for a folder that nothing may be published into: one of the program's or of
-  // somebody else, and one that is being published into.
-  Publication(IVorlinaConnection& connection, const VorlinaJob& job, bool italian);
+  // somebody else, and one that is being published into. The plug-in is told by its identifier: what it
+  // publishes is another site than that of other plug-ins, and is remembered in its folder.
+  Publication(IVorlinaConnection& connection, const VorlinaJob& job, const QString& plugin, bool italian);
   ~Publication();
   Publication(const Publication&) = delete;
   Publication& operator=(const Publication&) = delete;
@@ -58,7 +60,7 @@ class Publication {
   // is read; not for a preview. It is true only after a publication that was remembered.
   bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
   // Whether the folder may have this catalog; to be asked before anything is reported or made. Throws for one
-  // of another catalog where nobody can be asked.
+  // with the site of another catalog, or of another profile, where nobody can be asked. A preview never asks.
   bool MayGoOn(const MayReplace& ask);
 
   // A page, which the maker knows by this number. What is added before the next one comes with it.

@@ -30,7 +30,7 @@ QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, co
   QByteArray all;
   QDataStream stream(&all, QIODevice::WriteOnly);
   stream << QByteArray(VORLINA_VERSION) << job.IDCatalogo << job.target << job.profile << job.options
-         << inputs.plugin << inputs.others << inputs.files << inputs.folders;
+         << inputs.others << inputs.files << inputs.folders;
   const auto check = [&](const FileState& file) { proven = proven && file.time < LastProven(looked); };
   for (const QString& path : QStringList(database) + inputs.files) {
     FileState file;

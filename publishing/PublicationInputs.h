@@ -11,7 +11,6 @@ namespace publishing {
 
 // All that a publication is made from, but for the job and the database.
 struct PublicationInputs {
-  QString plugin;       // its identifier: in its folder the publication is remembered
   QStringList files;    // full paths
   QStringList folders;  // likewise, with what lies in them; folders in them are told on their own
   QByteArray others;    // whatever else

@@ -116,8 +116,8 @@ TargetState::TargetState(const QString& target, const QStringList& folders) : lo
 
 TargetState::Proven TargetState::ProvenBy(const PublicationRecord& record) const {
   Proven proven;
-  if (!known_ || list_ == 0 || list_ != record.list || record.start != StartOfComputer() ||
-      !(ProvenOf(files_, record.looked) == record.proven))
+  if (!known_ || list_ == 0 || list_ != record.list || record.start.isEmpty() ||
+      record.start != StartOfComputer() || !(ProvenOf(files_, record.looked) == record.proven))
     return proven;
   for (const FileState& file : files_)
     if (file.time < LastProven(record.looked)) proven.names_.push_back(file.name);

@@ -49,6 +49,16 @@ std::runtime_error NotOurs(const QString& path, bool italian) {
                               "choose another folder."));
 }
 
+std::runtime_error OtherKind(const QString& path, bool italian) {
+  return About(path, italian,
+               QStringLiteral("Il sito pubblicato prima ha %1 come file dove il nuovo ha una cartella, o "
+                              "viceversa. Spostarlo o eliminarlo e pubblicare di nuovo, o scegliere "
+                              "un'altra cartella."),
+               QStringLiteral("The site published before has %1 as a file where the new one has a folder, or "
+                              "the other way round. Move or delete it and publish again, or choose another "
+                              "folder."));
+}
+
 std::runtime_error HalfWay(const QString& path, const std::error_code& reason, bool italian) {
   const QString why = Reason(reason, italian);
   return About(

@@ -17,6 +17,8 @@ std::runtime_error CannotWrite(const QString& path, const std::error_code& reaso
 std::runtime_error CannotWrite(const files::FileError& error, bool italian);
 // A file that the site needs the place of.
 std::runtime_error NotOurs(const QString& path, bool italian);
+// A file of ours where the site has a folder now, or the other way round.
+std::runtime_error OtherKind(const QString& path, bool italian);
 // A swap that can neither be finished nor taken back for now.
 std::runtime_error HalfWay(const QString& path, const std::error_code& reason, bool italian);
 

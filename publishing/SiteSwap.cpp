@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <algorithm>
 #include <filesystem>
 
 #include "PublishError.h"
@@ -69,6 +70,25 @@ SiteSwap::SiteSwap(QString target, QString staging, bool italian)
       italian_(italian) {}
 
 bool SiteSwap::IsBegun() const { return Manifest::Read(staging_ + u'/' + Manifest::FileName()).has_value(); }
+
+// The target's own list is replaced last. Where there was none, the new files that have their places already
+// tell the folder; without any of them nothing was changed.
+bool SiteSwap::IsOfTarget() const {
+  const auto former = Manifest::Read(staging_ + QStringLiteral("/former.txt"));
+  const auto coming = Manifest::Read(staging_ + u'/' + Manifest::FileName());
+  if (!former || !coming) return false;
+  const auto list = Manifest::Read(target_ + u'/' + Manifest::FileName());
+  const bool hadList = !std::all_of(former->entries.begin(), former->entries.end(),
+                                    [](const ManifestEntry& entry) { return entry.IsLeftOver(); });
+  if (list || hadList) return list && list->ToText() == former->ToText();
+  bool moved = false;
+  for (auto entry = coming->entries.cbegin(); entry != coming->entries.cend(); ++entry) {
+    if (entry->IsLeftOver() || Exists(new_ + u'/' + entry.key())) continue;
+    if (FingerprintOf(QString(target_ + u'/' + entry.key())) != entry->file) return false;
+    moved = true;
+  }
+  return moved;
+}
 
 // The list of the former site is kept by a link where it lies in the folder as it was read.
 bool SiteSwap::KeepList(const Manifest& former) const {

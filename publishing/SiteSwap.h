@@ -29,6 +29,8 @@ class SiteSwap {
   QStringList Run(const Manifest& former, const Manifest& coming);
   // The same for one that an earlier run began.
   void GoOn();
+  // Whether the target is still the one that an earlier run began to change: nothing in another one is ours.
+  bool IsOfTarget() const;
 
   // Where the new files are made.
   static QString NewFiles(const QString& staging) { return staging + QStringLiteral("/new"); }

@@ -57,6 +57,18 @@ void Skin::Load(const QString& name) {
   pages_.push_back({Sha1(QByteArray::fromStdString(VORLINA_VERSION "\n" + loaded.text)), std::move(program)});
 }
 
+void Skin::Write(std::size_t kind, const FieldTree& site, const FieldTree& page, std::string& out) const {
+  try {
+    pages_[kind].program.Write(site, page, out);
+  } catch (const PageFault& fault) {
+    if (fault.isListInItself)
+      RefuseSkin(italian_, fault.file, fault.line, QStringLiteral("un elenco non può stare dentro sé stesso"),
+                 QStringLiteral("a list cannot stand within itself"));
+    RefuseSkin(italian_, fault.file, fault.line, QStringLiteral("la pagina sarebbe troppo grande"),
+               QStringLiteral("the page would be too large"));
+  }
+}
+
 std::vector<Skin::File> Skin::StaticFiles() const {
   QStringList names;
   QDirIterator entries(folder_, QDir::Files, QDirIterator::Subdirectories);

@@ -40,10 +40,9 @@ class Skin {
   bool Has(std::size_t kind) const { return !pages_[kind].hash.isEmpty(); }
   // Digest of the template's text, with its parts, and of the program's version.
   const QByteArray& HashOf(std::size_t kind) const { return pages_[kind].hash; }
-  // Writes a page, with what all pages show and its own.
-  void Write(std::size_t kind, const FieldTree& site, const FieldTree& page, std::string& out) const {
-    pages_[kind].program.Write(site, page, out);
-  }
+  // Writes a page, with what all pages show and its own. Throws std::runtime_error that names the file, for a
+  // template that would write far more than a page.
+  void Write(std::size_t kind, const FieldTree& site, const FieldTree& page, std::string& out) const;
   // All that the folder holds besides the templates, folders included; what is hidden is not. Read anew by
   // each call. Throws for a name that the site itself needs, or that not every web server takes.
   std::vector<File> StaticFiles() const;

@@ -10,12 +10,15 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "FolderLock.h"
 #include "PublishError.h"
 
 namespace publishing {
 namespace {
 
 const QString StandardSkin = QStringLiteral("Standard");
+// In the folder of an installation: what is replaced, under its own name.
+const QString FormerSkin = QStringLiteral("/former");
 
 QString SkinsIn(const QString& folder, const SkinKind& kind) {
   return folder + QStringLiteral("/PubWiz/%1/Skins").arg(kind.plugin);
@@ -29,9 +32,17 @@ QString ChosenName(const QString& skins) {
                                                                                                 : name;
 }
 
-void Choose(const QString& skins, const QString& name, bool italian) {
+void MakeFolder(const QString& folder, bool italian) {
   try {
-    files::MakeFolder(skins);
+    files::MakeFolder(folder);
+  } catch (const files::FileError& error) {
+    throw CannotWrite(error, italian);
+  }
+}
+
+void Choose(const QString& skins, const QString& name, bool italian) {
+  MakeFolder(skins, italian);
+  try {
     files::WriteFileSafely(skins + QStringLiteral("/current.txt"), name.toUtf8() + '\n');
   } catch (const files::FileError& error) {
     throw CannotWrite(error, italian);
@@ -144,14 +155,40 @@ void Unpack(const QString& archive, const QString& folder, bool italian) {
   LiftSingleFolder(folder);
 }
 
+const QString Unfinished = QStringLiteral(".new-");
+
+QStringList UnfinishedIn(const QString& skins) {
+  return QDir(skins).entryList({Unfinished + u'*'}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+// A skin whose installation was killed between its two moves comes back, and what was unpacked goes.
+void TakeBackUnfinished(const QString& skins) {
+  for (const QString& name : UnfinishedIn(skins)) {
+    const QDir former(skins + u'/' + name + FormerSkin);
+    for (const QString& skin : former.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+      if (!QFileInfo::exists(skins + u'/' + skin) &&
+          !QDir().rename(former.filePath(skin), skins + u'/' + skin))
+        return;
+    QDir(skins + u'/' + name).removeRecursively();
+  }
+}
+
+// Not while one is being installed.
+void LookForUnfinished(const QString& skins) {
+  FolderLock lock;
+  if (!UnfinishedIn(skins).isEmpty() && lock.Take(skins)) TakeBackUnfinished(skins);
+}
+
 }  // namespace
 
 QString CurrentSkin(const SkinKind& kind, const VorlinaHost& host) {
+  LookForUnfinished(SkinsIn(host.applicationFolder, kind));
   const QString chosen = FolderOf(ChosenName(SkinsIn(host.applicationFolder, kind)), kind, host);
   return QFileInfo(chosen).isDir() ? chosen : FolderOf(StandardSkin, kind, host);
 }
 
 QStringList Skins(const SkinKind& kind, const VorlinaHost& host) {
+  LookForUnfinished(SkinsIn(host.applicationFolder, kind));
   QStringList names = QDir(SkinsIn(host.applicationFolder, kind))
                           .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
   names.removeAll(StandardSkin);
@@ -168,21 +205,28 @@ void UseSkin(const QString& name, const SkinKind& kind, const VorlinaHost& host)
 QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const VorlinaHost& host) {
   const bool italian = host.language == u"Italian";
   const QString skins = SkinsIn(host.applicationFolder, kind);
-  try {
-    files::MakeFolder(skins);
-  } catch (const files::FileError& error) {
-    throw CannotWrite(error, italian);
-  }
+  MakeFolder(skins, italian);
+  FolderLock lock;
+  if (!lock.Take(skins))
+    throw About(
+        skins, italian,
+        QStringLiteral("Nella cartella %1 si sta già installando una skin. Attendere la fine e "
+                       "riprovare."),
+        QStringLiteral("A skin is being installed in the folder %1. Wait for the end and try again."));
+  TakeBackUnfinished(skins);
   // Unpacked and checked on the same file system, so that it gets its place by a rename.
-  QTemporaryDir temporary(skins + QStringLiteral("/.new-XXXXXX"));
+  QTemporaryDir temporary(skins + u'/' + Unfinished + QStringLiteral("XXXXXX"));
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
   Unpack(archive, unpacked, italian);
   Skin(unpacked, kind, italian).StaticFiles();
   QString name = NameOf(archive);
   const QString target = skins + u'/' + name;
-  const QString former = temporary.path() + QStringLiteral("/former");
+  const QString former = temporary.path() + FormerSkin + u'/' + name;
   const bool replaces = QFileInfo::exists(target);
-  if (replaces) Move(target, former, italian);
+  if (replaces) {
+    MakeFolder(QFileInfo(former).path(), italian);
+    Move(target, former, italian);
+  }
   try {
     Move(unpacked, target, italian);
   } catch (...) {

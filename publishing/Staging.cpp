@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <filesystem>
 
 #include "PublishError.h"
@@ -82,7 +83,7 @@ void Staging::Recover(const QString& place) {
   if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink()) return;
   SiteSwap swap(target_, place, italian_);
   try {
-    if (swap.IsBegun()) swap.GoOn();
+    if (swap.IsBegun() && swap.IsOfTarget()) swap.GoOn();
   } catch (const std::runtime_error&) {
     // Taken back, it is no hindrance to what comes now.
     if (swap.IsBegun()) throw;
@@ -98,7 +99,11 @@ void Staging::RequireRoom(const QString& file) const {
   if (folder_.WasMade()) return;
   const QFileInfo place(target_ + u'/' + file);
   const bool taken = place.exists() || place.isSymLink();
-  if (taken && (place.isDir() || !former_->entries.contains(file))) throw NotOurs(place.filePath(), italian_);
+  const auto& former = former_->entries;
+  const auto isBelow = [&](const QString& name) { return name.startsWith(file + u'/'); };
+  if (taken && place.isDir() && std::any_of(former.keyBegin(), former.keyEnd(), isBelow))
+    throw OtherKind(place.filePath(), italian_);
+  if (taken && (place.isDir() || !former.contains(file))) throw NotOurs(place.filePath(), italian_);
 }
 
 void Staging::MakeRoom(const QString& file) {
@@ -112,7 +117,9 @@ void Staging::MakeRoom(const QString& file) {
 void Staging::MakeFolder(const QString& name) {
   for (const QString& folder : Manifest::Folders({QString(name + QStringLiteral("/x"))})) {
     const QFileInfo place(target_ + u'/' + folder);
-    if (place.exists() && !place.isDir()) throw NotOurs(place.filePath(), italian_);
+    if (place.exists() && !place.isDir())
+      throw former_->entries.contains(folder) ? OtherKind(place.filePath(), italian_)
+                                              : NotOurs(place.filePath(), italian_);
     const std::error_code failure = place.isDir() ? Probe(place.filePath()) : std::error_code();
     if (failure) throw CannotWrite(place.filePath(), failure, italian_);
     QDir().mkpath(SiteSwap::NewFiles(staging_) + u'/' + folder);

@@ -34,8 +34,8 @@ class MadeFolder {
 class Staging {
  public:
   // For a target folder, which may not exist yet. One publisher at a time: the second one is told. A swap
-  // that an earlier run began is finished first; a staging folder that was never completed is deleted. Throws
-  // std::runtime_error.
+  // that an earlier run began is finished first; a staging folder that was never completed, or is another
+  // folder's that lay here, is deleted. Throws std::runtime_error.
   Staging(const QString& target, bool italian);
   // Deletes what was staged, unless the swap was begun and could neither be finished nor taken back.
   ~Staging();

@@ -10,6 +10,8 @@ namespace publishing {
 namespace {
 
 const QString KeyName = QStringLiteral("VLHTML.HTML.Chiave");
+// Its sites are known without its name.
+const QString FirstPlugin = QStringLiteral("VLHTML.HTML");
 
 QByteArray RandomKey() {
   std::array<quint32, 4> numbers{};
@@ -48,11 +50,13 @@ void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QStri
   }
 }
 
-SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo)
+SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo, const QString& plugin)
     : IDCatalogo_(IDCatalogo), key_(KeptWithCatalog(connection, IDCatalogo, KeyName).toUtf8()) {
   kept_ = !key_.isEmpty();
   if (!kept_) key_ = RandomKey();
-  site_ = Digest("site " + QByteArray::number(IDCatalogo)).toHex();
+  QByteArray name = "site " + QByteArray::number(IDCatalogo);
+  if (plugin != FirstPlugin) name += ' ' + plugin.toUtf8();
+  site_ = Digest(name).toHex();
 }
 
 void SiteKey::Keep(IVorlinaConnection& connection) const {

@@ -17,8 +17,9 @@ void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QStri
 // the same number, and a copy of a catalog has the key of its original. Only digests of it are published.
 class SiteKey {
  public:
-  // Reads the key, or draws one that Keep() then stores.
-  SiteKey(IVorlinaConnection& connection, int IDCatalogo);
+  // Reads the key, or draws one that Keep() then stores. What different plug-ins publish of a catalog are
+  // different sites.
+  SiteKey(IVorlinaConnection& connection, int IDCatalogo, const QString& plugin);
   void Keep(IVorlinaConnection& connection) const;
   // The name of the site, and the digest of a text that nobody can guess the text from.
   const QByteArray& Site() const { return site_; }

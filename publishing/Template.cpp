@@ -2,7 +2,9 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <set>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 namespace publishing {
@@ -10,6 +12,10 @@ namespace {
 
 // Parts of parts of parts can make much of little.
 constexpr std::size_t LargestWhole = 4 << 20;
+constexpr int MostParts = 10'000;
+constexpr std::size_t DeepestNesting = 100;
+// Those of all kinds of pages together still have numbers of their own.
+constexpr std::size_t MostNames = 1'000;
 
 // Blanks of any kind are left out, those that do not break a line too.
 std::string Trimmed(const std::string& text) { return QString::fromStdString(text).trimmed().toStdString(); }
@@ -31,45 +37,73 @@ class Loader {
       : read_(read), italian_(italian) {}
 
   Template Load(const QString& file) {
-    Template whole;
+    whole_.file = file;
+    Tag whole;
+    whole.file = file;
     TakeIn(file, whole);
     CheckSections();
-    whole.tags = TagsIn(whole.text, file);
-    // Braces of two files must not make a tag where they meet.
-    if (whole.tags.size() != tags_.size())
-      RefuseSkin(italian_, file, 0, QStringLiteral("una graffa sta accanto a una parte"),
-                 QStringLiteral("a brace stands beside a part"));
-    return whole;
+    CheckNames();
+    return std::move(whole_);
   }
 
  private:
-  void TakeIn(const QString& file, Template& whole) {
+  // The tag is that which takes it in.
+  void TakeIn(const QString& file, const Tag& taker) {
     std::string text = read_(file);
     // The line end behind a part's tag stands for the part's own last one.
     if (!taken_.isEmpty() && text.ends_with('\n')) text.pop_back();
+    CheckSize(text.size(), taker);
     taken_ += file;
+    const std::vector<Tag> tags = TagsIn(text, file);
+    const Tag* meeting = &taker;
     std::size_t at = 0;
-    for (const Tag& tag : TagsIn(text, file)) {
-      if (tag.kind != '>') {
-        tags_.push_back(tag);
-        continue;
-      }
-      const QString part = QString::fromStdString(tag.name);
-      if (!IsName(part))
-        Refuse(tag, QStringLiteral("la parte \"%1\" non esiste").arg(part),
-               QStringLiteral("there is no part \"%1\"").arg(part));
-      if (taken_.contains(part + QStringLiteral(".mustache")))
-        Refuse(tag, QStringLiteral("una parte non può contenere sé stessa"),
-               QStringLiteral("a part cannot hold itself"));
-      whole.text.append(text, at, tag.begin - at);
-      TakeIn(part + QStringLiteral(".mustache"), whole);
-      if (whole.text.size() > LargestWhole)
-        Refuse(tag, QStringLiteral("la pagina sarebbe troppo grande"),
-               QStringLiteral("the page would be too large"));
+    for (const Tag& tag : tags) {
+      const std::size_t begin = whole_.text.size() + tag.begin - at;
+      const bool isPart = tag.kind == '>';
+      Append(std::string_view(text).substr(at, (isPart ? tag.begin : tag.end) - at), *meeting);
       at = tag.end;
+      if (isPart) {
+        TakePart(tag);
+        meeting = &tag;
+      } else {
+        whole_.tags.push_back(tag);
+        whole_.tags.back().begin = begin;
+        whole_.tags.back().end = whole_.text.size();
+      }
     }
-    whole.text.append(text, at);
+    Append(std::string_view(text).substr(at), *meeting);
     taken_.removeLast();
+  }
+
+  void TakePart(const Tag& tag) {
+    const QString part = QString::fromStdString(tag.name);
+    if (!IsName(part))
+      Refuse(tag, QStringLiteral("la parte \"%1\" non esiste").arg(part),
+             QStringLiteral("there is no part \"%1\"").arg(part));
+    if (taken_.contains(part + QStringLiteral(".mustache")))
+      Refuse(tag, QStringLiteral("una parte non può contenere sé stessa"),
+             QStringLiteral("a part cannot hold itself"));
+    if (++parts_ > MostParts)
+      Refuse(tag, QStringLiteral("la pagina prende troppe parti"),
+             QStringLiteral("the page takes in too many parts"));
+    if (taken_.size() > qsizetype(DeepestNesting)) RefuseDepth(tag);
+    TakeIn(part + QStringLiteral(".mustache"), tag);
+  }
+
+  // Braces of two files must not look like a tag where they meet.
+  void Append(std::string_view piece, const Tag& meeting) {
+    if (whole_.text.ends_with('{') && piece.starts_with('{'))
+      Refuse(meeting, QStringLiteral("una graffa sta accanto a una parte"),
+             QStringLiteral("a brace stands beside a part"));
+    whole_.text += piece;
+  }
+
+  // What is read counts: it is more than what comes of it.
+  void CheckSize(std::size_t more, const Tag& tag) {
+    size_ += more;
+    if (size_ > LargestWhole)
+      Refuse(tag, QStringLiteral("la pagina sarebbe troppo grande"),
+             QStringLiteral("the page would be too large"));
   }
 
   std::vector<Tag> TagsIn(const std::string& text, const QString& file) const {
@@ -105,8 +139,9 @@ class Loader {
 
   void CheckSections() const {
     std::vector<const Tag*> open;
-    for (const Tag& tag : tags_) {
+    for (const Tag& tag : whole_.tags) {
       if (tag.kind == '#' || tag.kind == '^') open.push_back(&tag);
+      if (open.size() > DeepestNesting) RefuseDepth(tag);
       if (tag.kind != '/') continue;
       if (open.empty() || open.back()->name != tag.name)
         Refuse(tag, QStringLiteral("\"{{/%1}}\" non chiude nulla").arg(QString::fromStdString(tag.name)),
@@ -119,14 +154,34 @@ class Loader {
            QStringLiteral("\"{{%1}}\" is not closed").arg(section));
   }
 
+  // "a.b" is two.
+  void CheckNames() const {
+    std::set<std::string_view> names;
+    std::size_t count = 0;
+    for (const Tag& tag : whole_.tags) {
+      if (tag.kind == '/' || tag.kind == '!' || !names.insert(tag.name).second) continue;
+      count += std::size_t(std::count(tag.name.begin(), tag.name.end(), '.')) + 1;
+      if (count > MostNames)
+        Refuse(tag, QStringLiteral("la pagina chiede troppi nomi"),
+               QStringLiteral("the page asks for too many names"));
+    }
+  }
+
+  [[noreturn]] void RefuseDepth(const Tag& tag) const {
+    Refuse(tag, QStringLiteral("troppe sezioni o parti stanno una dentro l'altra"),
+           QStringLiteral("too many sections or parts stand within each other"));
+  }
+
   [[noreturn]] void Refuse(const Tag& tag, const QString& inItalian, const QString& inEnglish) const {
     RefuseSkin(italian_, tag.file, tag.line, inItalian, inEnglish);
   }
 
   const std::function<std::string(const QString&)>& read_;
   bool italian_;
-  QStringList taken_;      // the file that is being taken in, and those that hold it
-  std::vector<Tag> tags_;  // of the whole template, without those that took in a part
+  Template whole_;     // its tags are without those that took in a part
+  QStringList taken_;  // the file that is being taken in, and those that hold it
+  int parts_ = 0;
+  std::size_t size_ = 0;  // of all that was taken in
 };
 
 }  // namespace

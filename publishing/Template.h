@@ -17,6 +17,7 @@ struct Tag {
 };
 
 struct Template {
+  QString file;
   std::string text;
   std::vector<Tag> tags;  // as they stand in the text
 };
@@ -24,7 +25,7 @@ struct Template {
 // Puts a template together from files; read gives the text of one by its name. "{{> name}}" takes in the part
 // of that name, which may have parts itself. Throws std::runtime_error that names file and line: a tag that
 // writes unescaped text ("{{{", "{{&") or changes the delimiters, one without an end, a section that is not
-// closed, a part that does not exist.
+// closed, a part that does not exist, and more of anything than a page can need.
 Template LoadTemplate(const QString& file, const std::function<std::string(const QString&)>& read,
                       bool italian);
 

@@ -75,6 +75,53 @@ TEST_F(SkinTest, TemplatesThatAreBrokenOrWriteRawTextAreRefused) {
   }
 }
 
+TEST_F(SkinTest, TemplatesWithoutMeasureAreRefused) {
+  QByteArray names, parts;
+  for (int i = 0; i < 1001; ++i) names += "{{n" + QByteArray::number(i) + "}}";
+  for (int i = 0; i < 10'001; ++i) parts += "{{> card}}";
+  for (const auto& [text, card, told] :
+       {std::tuple{QByteArray("{{#a}}").repeated(101), "", "within each other"},
+        {names, "", "too many names"},
+        {parts, "", "too many parts"},
+        {parts.left(7000), "{{!          }}", "index.mustache, line 1"},
+        {"{{> card}}{/a {{x}}", "{", "beside a part"}}) {
+    const QTemporaryDir skin;
+    Entries files = standard_;
+    files[u"index.mustache"_qs] = text;
+    files[u"card.mustache"_qs] = card + QByteArray(text.size() == 7000 ? 8000 : 0, ' ');
+    WriteAll(skin.path(), files);
+    const QString problem = FailureOf([&] { publishing::Skin(skin.path(), Kind, false); });
+    EXPECT_TRUE(problem.contains(QLatin1String(told))) << told << ": " << problem;
+  }
+}
+
+TEST_F(SkinTest, PagesWithoutMeasureAreRefused) {
+  for (const auto& [text, told] :
+       {std::pair{QByteArray("{{#l}}\n{{#l}}x{{/l}}{{/l}}"), "line 2: a list"},
+        {"{{#a}}{{#b}}" + QByteArray(100, 'x') + "{{/b}}{{/a}}", "line 1: the page would"}}) {
+    const QTemporaryDir folder;
+    Entries files = standard_;
+    files[u"home.mustache"_qs] = text;
+    WriteAll(folder.path(), files);
+    const publishing::Skin skin(folder.path(), Kind, false);
+    publishing::Fields fields(skin.Names());
+    for (const char* name : {"l", "a", "b"}) fields.List(name, 500, [](publishing::Fields&, auto) {});
+    const auto home = std::size_t(Kind.pages.indexOf(u"home"_qs));
+    std::string page;
+    const QString problem = FailureOf([&] { skin.Write(home, fields.Tree(), fields.Tree(), page); });
+    EXPECT_TRUE(problem.contains(u"file home.mustache, "_qs + QLatin1String(told))) << problem;
+  }
+}
+
+TEST_F(SkinTest, AnInstallationThatWasKilledIsTakenBack) {
+  ASSERT_EQ(Installing(standard_), QString());
+  const QString skins = QFileInfo(publishing::CurrentSkin(Kind, host_)).path();
+  ASSERT_TRUE(QDir(skins).mkpath(u".new-abc/former"_qs));
+  ASSERT_TRUE(QDir(skins).rename(u"My_skin"_qs, u".new-abc/former/My_skin"_qs));
+  EXPECT_TRUE(publishing::CurrentSkin(Kind, host_).endsWith(u"/Skins/My_skin"));
+  EXPECT_EQ(SkinFolders(), QStringList{u"My_skin"_qs});
+}
+
 TEST_F(SkinTest, AnInstalledSkinIsUsedAndOneOfTheSameNameReplaced) {
   EXPECT_TRUE(publishing::CurrentSkin(Kind, host_).startsWith(host_.deliveredFolder));
   EXPECT_EQ(Installing(standard_), QString());

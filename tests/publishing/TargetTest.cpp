@@ -9,6 +9,7 @@
 #include "FolderLock.h"
 #include "JpegHead.h"
 #include "Manifest.h"
+#include "SiteSwap.h"
 #include "vlhtml/SiteFixture.h"
 
 using namespace vorlina;
@@ -77,6 +78,43 @@ TEST_F(TargetTest, OfAnotherCatalogIsReplacedOnlyWhenAsked) {
   EXPECT_EQ(Publishing(other, target_, &answers), QString());
   EXPECT_FALSE(QFileInfo::exists(target_ + u"/p-a-1.html"_qs));
   EXPECT_EQ(Publishing(other, target_), QString()) << "it is its own now";
+}
+
+TEST_F(TargetTest, OfAnotherProfileIsReplacedOnlyWhenAsked) {
+  ASSERT_EQ(Publishing(1, target_), QString());
+  auto old = *publishing::Manifest::Read(ManifestFile());
+  old.profile.clear();
+  Write(ManifestFile(), old.ToText());
+  profile_.identifier = u"public"_qs;
+  ASSERT_EQ(Publishing(1, target_), QString()) << "who published it before is not told there";
+  profile_.identifier = u"dealers"_qs;
+  const auto site = Files(target_);
+  EXPECT_TRUE(Publishing(1, target_).contains(u"another profile"));
+  Answers answers;
+  EXPECT_EQ(Publishing(1, target_, &answers), u"asked"_qs);
+  EXPECT_TRUE(answers.asked.contains(u"another profile"));
+  EXPECT_TRUE(Files(target_) == site);
+  answers.yes = true;
+  EXPECT_EQ(Publishing(1, target_, &answers), QString());
+  EXPECT_EQ(Publishing(1, target_), QString()) << "it is its own now";
+}
+
+TEST_F(TargetTest, APreviewNeverAsks) {
+  preview_ = true;
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(Publishing(1, target_), QString());
+}
+
+TEST_F(TargetTest, ASwapThatWasKilledIsNotFinishedInAnotherFolder) {
+  ASSERT_EQ(Publishing(1, target_), QString());
+  const auto list = publishing::Manifest::OfFolder(target_);
+  const QString staging = folder_.filePath(u".site.vorlina-new"_qs);
+  Write(publishing::SiteSwap::NewFiles(staging) + u"/index.html"_qs, "new");
+  publishing::SiteSwap(target_, staging, false).Begin(list, list);
+  ASSERT_TRUE(QDir(target_).removeRecursively());
+  Write(target_ + u"/index.html"_qs, "mine");
+  EXPECT_TRUE(Publishing(1, target_).contains(u"another site"));
+  EXPECT_EQ(Page(u"index.html"_qs), "mine");
+  EXPECT_TRUE(Beside().isEmpty());
 }
 
 TEST_F(TargetTest, IsNoFolderOfTheProgramOrOfSomebodyElse) {

@@ -43,8 +43,21 @@ VorlinaReport Make(Site site, const Skin& skin, Publication& publication,
 }  // namespace
 
 // Nothing but a plain yes replaces a site: it goes with all its pages.
-bool SitePublisher::MayReplace(const QString& title, const QString& folder) const {
+bool SitePublisher::MayReplace(FormerSite former, const QString& title, const QString& folder) const {
   const bool italian = host_.language == u"Italian";
+  if (former == FormerSite::OfAnotherProfile)
+    return host_.ui->Ask(
+        italian ? QStringLiteral(
+                      "La cartella contiene il sito di questo catalogo pubblicato con un altro profilo. "
+                      "Sostituirlo?")
+                : QStringLiteral(
+                      "The folder holds this catalog's site as published with another profile. Replace it?"),
+        (italian
+             ? QStringLiteral("%1\n\nIl sito avrà ciò che mostra questo profilo. Per conservare quello "
+                              "dell'altro, rispondere No e scegliere un'altra cartella.")
+             : QStringLiteral("%1\n\nThe site will have what this profile shows. To keep that of the other "
+                              "one, answer No and choose another folder."))
+            .arg(QDir::toNativeSeparators(folder)));
   const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
   return host_.ui->Ask(
       (italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
@@ -69,17 +82,16 @@ QString SitePublisher::WordsFolder() const {
 VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const VorlinaJob& job,
                                      IVorlinaProgress& progress) {
   const bool italian = host_.language == u"Italian";
-  Publication publication(connection, job, italian);
+  Publication publication(connection, job, SiteSkin().plugin, italian);
   const QString images = QFileInfo(connection.DataSource()).absolutePath() + QStringLiteral("/Images");
   const QString skinFolder = skin_.isEmpty() ? CurrentSkin(SiteSkin(), host_) : skin_;
   VorlinaReport report;
-  if (publication.IsAsBefore({SiteSkin().plugin,
-                              {},
-                              {images, skinFolder, WordsFolder()},
-                              (host_.language + skinFolder).toUtf8()},
-                             report))
+  if (publication.IsAsBefore(
+          {{}, {images, skinFolder, WordsFolder()}, (host_.language + skinFolder).toUtf8()}, report))
     return report;
-  const auto ask = [&](const QString& title) { return MayReplace(title, job.target); };
+  const auto ask = [&](FormerSite former, const QString& title) {
+    return MayReplace(former, title, job.target);
+  };
   if (!publication.MayGoOn(host_.ui != nullptr ? vlhtml::MayReplace(ask) : vlhtml::MayReplace())) return {};
   if (!progress.Report(
           0, 1, italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog")))

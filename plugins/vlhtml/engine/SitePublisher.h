@@ -7,6 +7,10 @@
 
 #include <QString>
 
+namespace publishing {
+enum class FormerSite;
+}
+
 namespace vlhtml {
 
 class SitePublisher : public IVorlinaPublisher {
@@ -16,12 +20,12 @@ class SitePublisher : public IVorlinaPublisher {
   explicit SitePublisher(const VorlinaHost& host, QString skin = {}, QString words = {})
       : host_(host), skin_(std::move(skin)), words_(std::move(words)) {}
 
-  // A folder with another catalog's site is refused where nobody can be asked.
+  // A folder with the site of another catalog or profile is refused where nobody can be asked.
   VorlinaReport Publish(IVorlinaConnection& connection, const VorlinaJob& job,
                         IVorlinaProgress& progress) override;
 
  private:
-  bool MayReplace(const QString& title, const QString& folder) const;
+  bool MayReplace(publishing::FormerSite former, const QString& title, const QString& folder) const;
   QString WordsFolder() const;
 
   VorlinaHost host_;
