@@ -2658,14 +2658,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>Automatic: %1</translation>
     </message>
     <message>
-        <source>Automatico: nessun valore ha il nome di un prezzo</source>
-        <translation>Automatic: no value is named like a price</translation>
-    </message>
-    <message>
-        <source>Nessuno</source>
-        <translation>None</translation>
-    </message>
-    <message>
         <source>Normali: %1 pixel</source>
         <translation>Normal: %1 pixels</translation>
     </message>
@@ -2706,6 +2698,30 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
 Anche titoli e pulsanti saranno in questa lingua.</source>
         <translation>Proposed from the catalog&apos;s texts: please check it.
 Headings and buttons will be in this language too.</translation>
+    </message>
+    <message>
+        <source>Il profilo &quot;%1&quot; è stato modificato o eliminato da un altro programma.</source>
+        <translation>The profile &quot;%1&quot; was changed or deleted by another program.</translation>
+    </message>
+    <message>
+        <source>Le modifiche fatte qui non sono salvate: annullare e aprire di nuovo la finestra.</source>
+        <translation>The changes made here are not saved: cancel, and open the window again.</translation>
+    </message>
+    <message>
+        <source>La finestra mostra ora ciò che c&apos;è: controllare e ripetere.</source>
+        <translation>The window shows what there is: please check it and try again.</translation>
+    </message>
+    <message>
+        <source>Nessun prezzo in grande</source>
+        <translation>No large price</translation>
+    </message>
+    <message>
+        <source>Automatico: nessun valore che si vede ha il nome di un prezzo</source>
+        <translation>Automatic: no value that shows is named like a price</translation>
+    </message>
+    <message>
+        <source>%1 (non si vede)</source>
+        <translation>%1 (does not show)</translation>
     </message>
 </context>
 <context>
@@ -3557,10 +3573,6 @@ Headings and buttons will be in this language too.</translation>
         <translation>Tech data</translation>
     </message>
     <message>
-        <source>Pre&amp;zzo:</source>
-        <translation>Pri&amp;ce:</translation>
-    </message>
-    <message>
         <source>Aspetto e contatti</source>
         <translation>Look and contact</translation>
     </message>
@@ -3677,6 +3689,16 @@ headings and buttons will be in it too.</translation>
 e per chi la condivide. Se non è ancora noto lasciare vuoto.</source>
         <translation>Where the first page will be found: for search engines and
 whoever shares it. Leave it empty while it is not known.</translation>
+    </message>
+    <message>
+        <source>Pre&amp;zzo in grande:</source>
+        <translation>Large pri&amp;ce:</translation>
+    </message>
+    <message>
+        <source>Si vede in grande, anche negli elenchi. Gli altri valori, prezzi compresi, restano
+tra i dati del prodotto: a quelli da non pubblicare togliere il segno.</source>
+        <translation>It shows large, also in lists. Other values, prices included, stay among
+the product&apos;s details: untick those that are not to be published.</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,7 @@ class WidgetPluginUi : public IVorlinaUi {
 
  private:
   QWidget* Owner() const;
+  void RequireNoTransaction() const;
 
   QPointer<QWidget> owner_;
   Connection& connection_;

@@ -46,8 +46,6 @@ WidgetPublishFields::WidgetPublishFields(Ui::frmPublish& ui) : ui_(&ui) {
   const int lines = ui.txtHours->fontMetrics().lineSpacing() * HourLines;
   ui.txtHours->setFixedHeight(
       lines + 2 * (ui.txtHours->frameWidth() + int(ui.txtHours->document()->documentMargin())));
-  for (QComboBox* list : {ui.cmbLanguage, ui.cmbPrice, ui.cmbFont, ui.cmbSizes})
-    list->installEventFilter(this);
   connect(ui.cmdAccent, &QPushButton::clicked, this, &WidgetPublishFields::ChooseAccent);
   connect(ui.cmdNoAccent, &QPushButton::clicked, this, [this] {
     SetAccent({});
@@ -57,7 +55,10 @@ WidgetPublishFields::WidgetPublishFields(Ui::frmPublish& ui) : ui_(&ui) {
   connect(ui.cmbLanguage, &QComboBox::currentIndexChanged, this, &WidgetPublishFields::ShowSisters);
 }
 
-// The wheel scrolls the tab: a closed list would change its value unseen.
+void WidgetPublishFields::KeepWheelFrom(const QList<QComboBox*>& lists) {
+  for (QComboBox* list : lists) list->installEventFilter(this);
+}
+
 bool WidgetPublishFields::eventFilter(QObject*, QEvent* event) {
   const bool isWheel = event->type() == QEvent::Wheel;
   if (isWheel) event->ignore();
@@ -97,7 +98,9 @@ void WidgetPublishFields::Localize(const CatalogNames& names) {
   ui_->lblFilters->setVisible(hasFilters);
   ui_->lblPrice->setVisible(hasValues);
   ui_->cmbPrice->setVisible(hasValues);
-  FillPrices(names);
+  ui_->lblPriceHint->setVisible(hasValues);
+  names_ = names;
+  FillPrices();
   for (const QString& code : LanguageCodes()) ui_->cmbLanguage->addItem(LanguageName(code), code);
   for (qsizetype i = 0; i < LanguageCodes().size(); ++i) {
     auto* label = static_cast<QLabel*>(ui_->layoutSisters->labelForField(SisterBox(i)));
@@ -120,14 +123,31 @@ void WidgetPublishFields::ShowFonts() {
   }
 }
 
-void WidgetPublishFields::FillPrices(const CatalogNames& names) {
-  const int byName = PriceValue(names.values, {});
-  ui_->cmbPrice->addItem(byName > 0 ? Texts::tr("Automatico: %1").arg(names.values[std::size_t(byName) - 1])
-                                    : Texts::tr("Automatico: nessun valore ha il nome di un prezzo"),
-                         VorlinaProfile::PriceByName);
-  ui_->cmbPrice->addItem(Texts::tr("Nessuno"), VorlinaProfile::NoPrice);
-  for (std::size_t i = 0; i < names.values.size(); ++i)
-    if (!names.values[i].isEmpty()) ui_->cmbPrice->addItem(names.values[i], int(i) + 1);
+void WidgetPublishFields::FillPrices() {
+  ui_->cmbPrice->addItem({}, VorlinaProfile::PriceByName);
+  ui_->cmbPrice->addItem(Texts::tr("Nessun prezzo in grande"), VorlinaProfile::NoPrice);
+  for (std::size_t i = 0; i < names_.values.size(); ++i) {
+    if (!names_.values[i].isEmpty()) ui_->cmbPrice->addItem({}, int(i) + 1);
+    connect(ValueBox(i), &QCheckBox::toggled, this, &WidgetPublishFields::TellPrices);
+  }
+  TellPrices();
+}
+
+// A value that does not show is no price.
+void WidgetPublishFields::TellPrices() {
+  std::array<QString, 3> shown;
+  for (std::size_t i = 0; i < shown.size(); ++i)
+    if (ValueBox(i)->isChecked()) shown[i] = names_.values[i];
+  const int byName = PriceValue(shown, {});
+  ui_->cmbPrice->setItemText(
+      0, byName > 0 ? Texts::tr("Automatico: %1").arg(shown[std::size_t(byName) - 1])
+                    : Texts::tr("Automatico: nessun valore che si vede ha il nome di un prezzo"));
+  for (int entry = 0; entry < ui_->cmbPrice->count(); ++entry)
+    if (const int value = ui_->cmbPrice->itemData(entry).toInt(); value > 0) {
+      const QString& name = names_.values[std::size_t(value) - 1];
+      const bool isShown = ValueBox(std::size_t(value) - 1)->isChecked();
+      ui_->cmbPrice->setItemText(entry, isShown ? name : Texts::tr("%1 (non si vede)").arg(name));
+    }
 }
 
 void WidgetPublishFields::FillSizes() {
@@ -202,11 +222,25 @@ void WidgetPublishFields::Show(const VorlinaProfile& profile) {
   for (QLineEdit* line : {ui_->txtAddress, ui_->txtMapLink}) line->setCursorPosition(0);
 }
 
+// Of what has a name. A box that does not show is of something that has none.
+bool WidgetPublishFields::HidesNothing() const {
+  const auto hides = [](const QCheckBox* box) { return !box->isHidden() && !box->isChecked(); };
+  for (std::size_t i = 0; i < profile_.values.size(); ++i)
+    if (hides(ValueBox(i))) return false;
+  for (std::size_t i = 0; i < profile_.filters.size(); ++i)
+    if (hides(FilterBox(i))) return false;
+  return true;
+}
+
+// What gets its name later does not show by itself in a profile that hides something.
 VorlinaProfile WidgetPublishFields::Read() const {
   VorlinaProfile profile = profile_;
   profile.language = ui_->cmbLanguage->currentData().toString();
-  for (std::size_t i = 0; i < profile.values.size(); ++i) profile.values[i] = ValueBox(i)->isChecked();
-  for (std::size_t i = 0; i < profile.filters.size(); ++i) profile.filters[i] = FilterBox(i)->isChecked();
+  const auto shows = [nameless = HidesNothing()](const QCheckBox* box) {
+    return box->isChecked() && (nameless || !box->isHidden());
+  };
+  for (std::size_t i = 0; i < profile.values.size(); ++i) profile.values[i] = shows(ValueBox(i));
+  for (std::size_t i = 0; i < profile.filters.size(); ++i) profile.filters[i] = shows(FilterBox(i));
   profile.techData = ui_->chkTechData->isChecked();
   profile.price = ui_->cmbPrice->currentData().toInt();
   profile.accent = accent_;

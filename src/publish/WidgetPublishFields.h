@@ -8,6 +8,7 @@
 #include "publish/plugin/VorlinaJob.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 
@@ -32,11 +33,14 @@ class WidgetPublishFields : public QObject {
   // The control of a member of VorlinaProfile; null for one that has none.
   QWidget* ControlOf(const QString& member) const;
 
+  // The wheel scrolls the tab instead: a closed list would change its value unseen.
+  void KeepWheelFrom(const QList<QComboBox*>& lists);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ShowFonts();
-  void FillPrices(const CatalogNames& names);
+  void FillPrices();
+  void TellPrices();
   void FillSizes();
   void SetAccent(const QString& accent);
   void ChooseAccent();
@@ -44,8 +48,10 @@ class WidgetPublishFields : public QObject {
   QCheckBox* ValueBox(std::size_t i) const;
   QCheckBox* FilterBox(std::size_t i) const;
   QLineEdit* SisterBox(qsizetype i) const;
+  bool HidesNothing() const;
 
   Ui::frmPublish* ui_;
+  CatalogNames names_;
   VorlinaProfile profile_;  // as it was shown
   QString accent_;
   QStringList highlights_;

@@ -89,6 +89,7 @@ bool frmPublish::LoadForm() {
   const QList<VorlinaOption> options = OptionsOf(*Publisher);
   options_.Add(options, *ui_->layoutOptions, *ui_->txtSister_4);
   ui_->fmeOptions->setVisible(!options.isEmpty());
+  fields_->KeepWheelFrom(findChildren<QComboBox*>());
   Localize_Form();
   ListProfiles(RememberedPublication(*Connessione, IDCatalogo, Plugin).profile);
   Fit();
@@ -184,18 +185,34 @@ void frmPublish::TurnToProfile(int index) {
 
 bool frmPublish::IsChanged() const { return fields_->Read() != shown_; }
 
+// What another program has made of the profile meanwhile is neither published unseen nor put back.
+void frmPublish::RequireAsShown() {
+  const VorlinaProfile shown = profiles_[current_];
+  if (ReadProfiles(*Connessione, IDCatalogo).contains(shown)) return;
+  const QString what =
+      Texts::tr("Il profilo \"%1\" è stato modificato o eliminato da un altro programma.").arg(shown.name) +
+      u"\r\n"_qs;
+  if (IsChanged())
+    throw ProfileRefusal(u"name"_qs, what + Texts::tr("Le modifiche fatte qui non sono salvate: annullare e "
+                                                      "aprire di nuovo la finestra."));
+  Leave();
+  ListProfiles(shown.identifier);
+  throw ProfileRefusal(u"name"_qs,
+                       what + Texts::tr("La finestra mostra ora ciò che c'è: controllare e ripetere."));
+}
+
 // The window goes on showing what was stored, under its identifier.
 void frmPublish::Store(const VorlinaProfile& profile) {
+  if (!profile.identifier.isEmpty()) RequireAsShown();
   const QString identifier = StoreProfile(*Connessione, IDCatalogo, profile);
-  if (!profile.identifier.isEmpty()) Leave();
+  Leave();
   ListProfiles(identifier);
 }
 
 void frmPublish::AddProfile(VorlinaProfile profile, const QString& title) {
-  if (!AskName(title, profile.name)) return;
-  // The first one is not stored before it is used, and would not be there beside another one.
-  Store(fields_->Read());
   profile.identifier.clear();
+  if (!AskName(title, profile)) return;
+  if (IsChanged()) Store(fields_->Read());
   Store(profile);
 }
 
@@ -213,18 +230,27 @@ void frmPublish::DuplicateProfile() {
 
 void frmPublish::RenameProfile() {
   VorlinaProfile profile = fields_->Read();
-  if (AskName(Texts::tr("Rinomina il profilo"), profile.name)) Store(profile);
+  if (AskName(Texts::tr("Rinomina il profilo"), profile)) Store(profile);
 }
 
 // Until it is one that no other profile has.
-bool frmPublish::AskName(const QString& title, QString& name) {
+bool frmPublish::AskName(const QString& title, VorlinaProfile& profile) {
+  const auto isSame = [&](const VorlinaProfile& other) {
+    return other.identifier != profile.identifier &&
+           other.name.compare(profile.name, Qt::CaseInsensitive) == 0;
+  };
   while (true) {
     const QString typed = TheDialogs().Input(
-        this, Texts::tr("Nome del profilo, per esempio \"Rivenditori, con i prezzi\":"), title, name);
+        this, Texts::tr("Nome del profilo, per esempio \"Rivenditori, con i prezzi\":"), title, profile.name);
     if (typed.isNull()) return false;
-    name = typed.simplified();
-    if (!name.isEmpty()) return true;
-    TheDialogs().Message(this, Texts::tr("Un profilo ha bisogno di un nome."), BoxStyle::Stop);
+    profile.name = typed.simplified();
+    const auto same = std::find_if(profiles_.begin(), profiles_.end(), isSame);
+    if (!profile.name.isEmpty() && same == profiles_.end()) return true;
+    TheDialogs().Message(this,
+                         profile.name.isEmpty()
+                             ? Texts::tr("Un profilo ha bisogno di un nome.")
+                             : Texts::tr("C'è già un profilo di nome \"%1\"").arg(same->name),
+                         BoxStyle::Stop);
   }
 }
 
@@ -284,7 +310,12 @@ bool frmPublish::HasTarget() {
 }
 
 VorlinaReport frmPublish::Run(const QString& target, bool preview) {
-  Store(fields_->Read());
+  // Used for the first time, the profile gives the catalog its language. Else nothing is written for nothing:
+  // a publication that finds the database as it was ends at once.
+  if (IsChanged() || StoredLanguage(*Connessione, IDCatalogo).isEmpty())
+    Store(fields_->Read());
+  else
+    RequireAsShown();
   VorlinaJob job = MakeJob(*Publisher, IDCatalogo, profiles_[current_], target, options_.Read());
   job.preview = preview;
   const QScopedValueRollback<bool> busy(busy_, true);

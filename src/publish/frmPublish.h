@@ -58,11 +58,12 @@ class frmPublish : public QDialog {
   void DuplicateProfile();
   void RenameProfile();
   void DeleteProfile();
-  bool AskName(const QString& title, QString& name);
+  bool AskName(const QString& title, VorlinaProfile& profile);
   void AddProfile(VorlinaProfile profile, const QString& title);
   void Browse();
   void ChooseHighlights();
   bool IsChanged() const;
+  void RequireAsShown();
   void Store(const VorlinaProfile& profile);
   void GoTo(QWidget& control);
   bool HasTarget();

@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 #include "base/WidgetDialogs.h"
 #include "publish/CatalogLanguage.h"
@@ -98,6 +99,10 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
   EXPECT_EQ(window_->focusWidget(), &Line(u"txtTarget"_qs));
   auto& languages = Get<QComboBox>(u"cmbLanguage"_qs);
   languages.setCurrentIndex(languages.findData(u"fr"_qs));
+  Get<QCheckBox>(u"chkValue_3"_qs).click();
+  EXPECT_TRUE(Get<QComboBox>(u"cmbPrice"_qs).currentText().startsWith(u"Automatic: no value"))
+      << "it is hidden";
+  Get<QCheckBox>(u"chkValue_3"_qs).click();
   Get<QCheckBox>(u"chkValue_1"_qs).click();
   dialogs_.ExpectFolder({});
   Key(Qt::Key_Return);
@@ -107,7 +112,7 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
   ASSERT_EQ(publisher_.jobs.size(), 1);
   const VorlinaJob& job = publisher_.jobs[0];
   EXPECT_TRUE(!job.preview && job.target == Outside(u"site"_qs) && job.profile.language == u"fr");
-  EXPECT_EQ(job.profile.values, (std::array{false, true, true}));
+  EXPECT_EQ(job.profile.values, (std::array{false, false, true})) << "nor does what gets its name later show";
   EXPECT_EQ(window_->result(), frmPublish::Accepted);
   EXPECT_EQ(StoredLanguage(connection_, 1), u"fr"_qs);
   Open();
@@ -192,7 +197,13 @@ TEST_F(PublishWindow, ChangesProfilesAndAsksBeforeOneGoes) {
   EXPECT_EQ(Line(u"txtTarget"_qs).text(), Outside(u"public"_qs));
   dialogs_.ExpectInput(name, u"standard"_qs);
   dialogs_.ExpectMessage(u"There is a profile named \"Standard\" already"_qs, BoxStyle::Stop);
+  dialogs_.ExpectInput(name, {});
   Click(u"cmdRenameProfile"_qs);
+  auto& list = Get<QComboBox>(u"cmbProfile"_qs);
+  QWheelEvent wheel(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&list, &wheel);
+  EXPECT_EQ(Profiles(), u"Public*|Standard"_qs) << "a wheel turns to no other profile";
   dialogs_.ExpectInput(name, u"Copy"_qs);
   Click(u"cmdDuplicateProfile"_qs);
   EXPECT_FALSE(Stored(u"Copy"_qs).techData);
@@ -212,6 +223,31 @@ TEST_F(PublishWindow, ChangesProfilesAndAsksBeforeOneGoes) {
   Key(Qt::Key_Escape);
   EXPECT_FALSE(window_->isVisible());
   EXPECT_EQ(Stored(u"Public"_qs).font, QString());
+}
+
+TEST_F(PublishWindow, NeitherPublishesNorPutsBackWhatAnotherProgramHasChanged) {
+  Line(u"txtTarget"_qs).setText(Outside(u"site"_qs));
+  const auto change = [&](const QString& hours) {
+    VorlinaProfile profile = Stored();
+    profile.values[2] = !profile.values[2];
+    profile.hours = hours;
+    StoreProfile(connection_, 1, profile);
+  };
+  const QString what = u"The profile \"Standard\" was changed or deleted by another program.\r\n"_qs;
+  change(u"9-12"_qs);
+  dialogs_.ExpectMessage(what + u"The window shows what there is: please check it and try again."_qs,
+                         BoxStyle::Stop);
+  Click(u"cmdPublish"_qs);
+  EXPECT_TRUE(publisher_.jobs.empty());
+  EXPECT_FALSE(Get<QCheckBox>(u"chkValue_3"_qs).isChecked());
+  Get<QCheckBox>(u"chkValue_1"_qs).click();
+  change(u"10-13"_qs);
+  dialogs_.ExpectMessage(what + u"The changes made here are not saved: cancel, and open the window again."_qs,
+                         BoxStyle::Stop);
+  Click(u"cmdPublish"_qs);
+  EXPECT_TRUE(publisher_.jobs.empty());
+  EXPECT_TRUE(Stored().values[0] && Stored().hours == u"10-13");
+  EXPECT_FALSE(Get<QCheckBox>(u"chkValue_1"_qs).isChecked()) << "what was chosen stays to be seen";
 }
 
 TEST_F(PublishWindow, PreviewsInAFolderOfItsOwn) {
@@ -295,6 +331,10 @@ TEST_F(PublishWindow, ShowsThePluginsQuestions) {
   dialogs_.ExpectFile(Outside(u"skin.zip"_qs));
   EXPECT_EQ(ui.ChooseFile(u"Skin"_qs, u"Skins (*.zip)"_qs, u"Skin"_qs), Outside(u"skin.zip"_qs));
   EXPECT_EQ(FilterFrom(u"Words (new) (*.docx *.odt)"_qs), u"Words (new)|*.docx;*.odt"_qs);
+  {
+    Transaction left(connection_);
+    EXPECT_THROW(ui.Ask(u"Replace?"_qs, {}), Error) << "other programs would wait for the answer";
+  }
   WidgetDialogs real;
   const auto choose = [&](const std::function<void(QWidget&)>& answer) {
     QTimer::singleShot(0, window_.get(), [&answer] { answer(*QApplication::activeModalWidget()); });

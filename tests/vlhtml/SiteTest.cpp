@@ -55,6 +55,13 @@ TEST(PriceTag, SaysOfAPriceWhatIsCertain) {
   }
 }
 
+TEST_F(SiteTest, ShowsNoPriceInListsWhereNoneIsWantedLarge) {
+  profile_.price = VorlinaProfile::NoPrice;
+  Publish();
+  EXPECT_FALSE(Page(u"products.html"_qs).contains("12,50"));
+  EXPECT_TRUE(Page(u"p-a-1.html"_qs).contains("12,50")) << "it is a value as others";
+}
+
 TEST_F(SiteTest, IsWhatTheReferenceShows) {
   const VorlinaReport report = Publish();
   EXPECT_TRUE(report.complete);

@@ -1,5 +1,7 @@
 #include "PageParts.h"
 
+#include <VorlinaPrice.h>
+
 #include <algorithm>
 
 namespace vlhtml {
@@ -74,7 +76,13 @@ void TellValue(Fields& fields, const Site& site, const PlannedList& list) {
 
 namespace {
 
-void TellCard(Fields& fields, const Site& site, std::size_t product) {
+// Where nothing is the price, the first value is what a reader compares; but not one that its name says is a
+// price: the owner does not want it shown as such.
+bool FirstValueShows(const CatalogSnapshot& catalog) {
+  return catalog.price == 0 && vorlina::PriceValue({QString::fromStdString(catalog.valueNames[0])}, {}) == 0;
+}
+
+void TellCard(Fields& fields, const Site& site, std::size_t product, bool firstValue) {
   const PlannedProduct& planned = site.plan.products[product];
   const std::string code = planned.product->code.toStdString();
   const auto& pictures = site.pictures.Of(product);
@@ -84,8 +92,7 @@ void TellCard(Fields& fields, const Site& site, std::size_t product) {
   fields.GroupIf(!pictures.empty(), "picture",
                  [&](Fields& picture) { TellPicture(picture, pictures.front()); });
   TellPrice(fields, site, planned);
-  // Where nothing is a price, the first value is what a reader compares.
-  fields.TextIf("value", site.Catalog().price > 0 ? std::string() : planned.product->values[0]);
+  fields.TextIf("value", firstValue ? planned.product->values[0] : std::string());
   fields.Text("valueName", site.Catalog().valueNames[0]);
 }
 
@@ -104,9 +111,10 @@ void TellGroupOf(Fields& fields, const Site& site, const PlannedFilter& group, c
 }  // namespace
 
 void TellOnce(Site& site, const FieldNames& names) {
+  const bool firstValue = FirstValueShows(site.Catalog());
   site.cards.reserve(site.plan.products.size());
   for (std::size_t i = 0; i < site.plan.products.size(); ++i)
-    site.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i); });
+    site.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i, firstValue); });
   for (const PlannedFilter& group : site.plan.groups)
     site.groups.emplace_back(names, [&](Fields& fields) { TellGroupOf(fields, site, group, nullptr); });
 }
