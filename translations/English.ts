@@ -2723,6 +2723,10 @@ Headings and buttons will be in this language too.</translation>
         <source>%1 (non si vede)</source>
         <translation>%1 (does not show)</translation>
     </message>
+    <message>
+        <source>Nessun prodotto trovato.</source>
+        <translation>No product was found.</translation>
+    </message>
 </context>
 <context>
     <name>Wizard</name>

@@ -41,6 +41,8 @@ WidgetPictureChoice::WidgetPictureChoice(QWidget* parent)
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
   for (QPushButton* button : {choose_, clear_}) button->setAutoDefault(false);
+  // Without a policy of its own no label's key and no tab order leads to it.
+  setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(choose_);
   connect(choose_, &QPushButton::clicked, this, &WidgetPictureChoice::ChooseFile);
   connect(clear_, &QPushButton::clicked, this, [this] {

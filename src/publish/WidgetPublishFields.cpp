@@ -28,9 +28,9 @@ QIcon SampleOf(const QColor& colour, QSize size) {
   return sample;
 }
 
-// As people type it: without the way in which it is fetched.
+// As people type it: without the way in which it is fetched, and with the blanks of a map's address.
 QString AddressIn(const QLineEdit& box) {
-  QString address = box.text().trimmed();
+  const QString address = box.text().trimmed().replace(u' ', u"%20"_qs);
   return address.isEmpty() || address.contains(u"://"_qs) ? address : u"https://"_qs + address;
 }
 

@@ -6,6 +6,7 @@
 
 #include "base/Texts.h"
 #include "base/WidgetHeldKeys.h"
+#include "base/WidgetPlace.h"
 #include "ui_frmHighlights.h"
 
 namespace vorlina {
@@ -28,7 +29,9 @@ frmHighlights::frmHighlights(QWidget* parent) : QDialog(parent), ui_(new Ui::frm
             step);
   };
   on(ui_->lstProducts, Qt::Key_Space, [this] { products_.Toggle(ui_->lstProducts->currentIndex()); });
-  on(ui_->txtSearch, Qt::Key_Down, [this] { GoToList(); });
+  // Enter in a search is not yet the end.
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter})
+    on(ui_->txtSearch, key, [this] { GoToList(); });
   IgnoreHeldKeys(*this);
 }
 
@@ -37,6 +40,7 @@ frmHighlights::~frmHighlights() = default;
 void frmHighlights::LoadForm(std::vector<PublishedProduct> products, const QStringList& chosen) {
   ui_->retranslateUi(this);
   products_.SetProducts(std::move(products), chosen);
+  FitIntoScreen(*this);
   QHeaderView& header = *ui_->lstProducts->header();
   header.setSectionResizeMode(HighlightModel::NameColumn, QHeaderView::Stretch);
   header.resizeSection(HighlightModel::CodeColumn, width() / 4);
@@ -46,12 +50,17 @@ void frmHighlights::LoadForm(std::vector<PublishedProduct> products, const QStri
   ui_->txtSearch->setFocus();
 }
 
-void frmHighlights::Filter() { products_.Filter(ui_->txtSearch->text(), ui_->chkChosen->isChecked()); }
+void frmHighlights::Filter() {
+  products_.Filter(ui_->txtSearch->text(), ui_->chkChosen->isChecked());
+  ShowCount();
+}
 
 void frmHighlights::ShowCount() {
   QString text = Texts::tr("Scelti: %1.").arg(products_.ChosenCount());
   if (const qsizetype without = products_.WithoutPicture(); without > 0)
     text += u' ' + Texts::tr("Senza immagine: %1, che nella prima pagina non si vedono.").arg(without);
+  if (products_.rowCount() == 0 && !ui_->txtSearch->text().isEmpty())
+    text = Texts::tr("Nessun prodotto trovato.") + u' ' + text;
   ui_->lblCount->setText(text);
   ui_->chkChosen->setEnabled(ui_->chkChosen->isChecked() || products_.ChosenCount() > 0);
 }

@@ -139,6 +139,11 @@ TEST_F(PublishWindow, GoesToWhatIsNoGoodAndStaysWhereItFails) {
   EXPECT_EQ(Get<QTabWidget>(u"tbsPublish"_qs).currentIndex(), 0);
   QTest::keyClick(window_->windowHandle(), Qt::Key_PageUp, Qt::ControlModifier);
   EXPECT_EQ(window_->focusWidget(), &Line(u"txtAddress"_qs));
+  Get<QCheckBox>(u"chkLogo"_qs).setFocus();
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget()->objectName(), u"cmdLogo"_qs);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget()->objectName(), u"cmdWide"_qs) << "nothing is chosen that could be cleared";
   Line(u"txtAddress"_qs).setText(u" www.example.it/c/ "_qs);
   publisher_.work = [](IVorlinaProgress&) -> VorlinaReport { throw std::runtime_error("no room"); };
   dialogs_.ExpectMessage(u"Error: no room"_qs, BoxStyle::Stop);
@@ -294,7 +299,7 @@ TEST_F(PublishWindow, OffersThePublishedProductsAsHighlights) {
   QTest::keyClicks(window.focusWidget(), u"CAFFE"_qs);
   EXPECT_EQ(list->model()->rowCount(), 1);
   EXPECT_EQ(list->model()->index(0, 1).data().toString(), u"Caffettiera"_qs);
-  press(Qt::Key_Down);
+  press(Qt::Key_Return);
   press(Qt::Key_Space);
   EXPECT_EQ(window.findChild<QLabel*>(u"lblCount"_qs)->text(),
             u"Chosen: 2. Without a picture: 1, which do not show on the first page."_qs);
