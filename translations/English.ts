@@ -2406,8 +2406,8 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>The language is one of these: %1</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; non è un indirizzo web: comincia con http:// o https://</source>
-        <translation>&quot;%1&quot; is no web address: it begins with http:// or https://</translation>
+        <source>&quot;%1&quot; non è un indirizzo web come https://www.example.it/catalogo/</source>
+        <translation>&quot;%1&quot; is no web address such as https://www.example.com/catalog/</translation>
     </message>
     <message>
         <source>Il profilo non ha nome</source>
@@ -2726,6 +2726,10 @@ Headings and buttons will be in this language too.</translation>
     <message>
         <source>Nessun prodotto trovato.</source>
         <translation>No product was found.</translation>
+    </message>
+    <message>
+        <source>%1 è un file: scegliere una cartella.</source>
+        <translation>%1 is a file: please choose a folder.</translation>
     </message>
 </context>
 <context>

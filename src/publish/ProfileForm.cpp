@@ -48,7 +48,8 @@ void Require(bool good, const QString& member, const QString& why) {
 }
 
 QString AddressRule(const QString& address) {
-  return Texts::tr("\"%1\" non è un indirizzo web: comincia con http:// o https://").arg(address.left(200));
+  return Texts::tr("\"%1\" non è un indirizzo web come https://www.example.it/catalogo/")
+      .arg(address.left(200));
 }
 
 void RequireTexts(const VorlinaProfile& profile) {

@@ -302,10 +302,14 @@ void frmPublish::GoTo(QWidget& control) {
 bool frmPublish::HasTarget() {
   if (Target().isEmpty()) Browse();
   if (Target().isEmpty()) return false;
-  if (QDir::isAbsolutePath(Target())) return true;
+  QString why;
+  if (!QDir::isAbsolutePath(Target()))
+    why = Texts::tr("Scrivere il percorso intero, oppure sceglierlo con Sfoglia.");
+  else if (!target_.isFile && QFileInfo(Target()).isFile())
+    why = Texts::tr("%1 è un file: scegliere una cartella.").arg(QDir::toNativeSeparators(Target()));
+  if (why.isEmpty()) return true;
   GoTo(*ui_->txtTarget);
-  TheDialogs().Message(this, Texts::tr("Scrivere il percorso intero, oppure sceglierlo con Sfoglia."),
-                       BoxStyle::Stop);
+  TheDialogs().Message(this, why, BoxStyle::Stop);
   return false;
 }
 
@@ -336,9 +340,15 @@ void frmPublish::ShowPreview() {
 void frmPublish::Publish() {
   if (!HasTarget()) return;
   const QString target = Target();
-  const VorlinaReport report = Run(target, false);
-  if (!report.complete) return;
-  report_ = report;
+  try {
+    report_ = Run(target, false);
+  } catch (const ProfileRefusal&) {
+    throw;
+  } catch (const Error&) {  // of the folder mostly
+    GoTo(*ui_->txtTarget);
+    throw;
+  }
+  if (!report_.complete) return;
   const QString identifier = profiles_[current_].identifier;
   try {
     RememberPublication(*Connessione, IDCatalogo, Plugin, {identifier, target, options_.Read()});

@@ -148,7 +148,7 @@ TEST_F(PublishWindow, GoesToWhatIsNoGoodAndStaysWhereItFails) {
   publisher_.work = [](IVorlinaProgress&) -> VorlinaReport { throw std::runtime_error("no room"); };
   dialogs_.ExpectMessage(u"Error: no room"_qs, BoxStyle::Stop);
   Click(u"cmdPublish"_qs);
-  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(window_->focusWidget(), &Line(u"txtTarget"_qs));
   EXPECT_EQ(Stored().address, u"https://www.example.it/c/"_qs);
   EXPECT_EQ(Get<QPlainTextEdit>(u"txtHours"_qs).toPlainText(), u"9-12\n15-19"_qs);
   Line(u"txtTarget"_qs).setText(u"site"_qs);
