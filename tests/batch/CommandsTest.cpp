@@ -6,6 +6,7 @@
 #include <csignal>
 
 #include "batch/BatchFixture.h"
+#include "catalogs/CloneCatalog.h"
 #include "publish/ProfileStore.h"
 #include "publish/PublishMemory.h"
 #include "support/TestJpeg.h"
@@ -107,6 +108,25 @@ TEST_F(CommandsTest, PublishingFollowsTheProfileAndTellsTheWholeReport) {
   EXPECT_TRUE(text.contains(u"(25)\n  0: no picture\n") && text.contains(u"  and 5 more")) << text;
   EXPECT_TRUE(Run(u"publish --catalog 109 --plugin Test.Reporting --profile Standard --to photos"_qs)
                   .err.contains(u"is a folder"));
+}
+
+TEST_F(CommandsTest, NothingIsPublishedOverAnotherCatalogOrProfile) {
+  Fill("x", 1);
+  VorlinaProfile dealers = ReadProfiles(connection_, 109).first();
+  dealers.identifier.clear();
+  dealers.name = u"Dealers"_qs;
+  StoreProfile(connection_, 109, dealers);
+  CatalogClone(109, connection_).DuplicaCatalogo({}, {});
+  const QString line = u"publish --plugin VLHTML.HTML --to site "_qs;
+  EXPECT_EQ(Run(line + u"--catalog 109 --profile standard").exitCode, 0);
+  const auto site = FilesIn(Outside(u"site"_qs));
+  for (const auto& [more, tells] : {std::pair{u"--catalog 110 --profile standard"_qs, u"another catalog"_qs},
+                                    {u"--catalog 109 --profile dealers"_qs, u"another profile"_qs}}) {
+    const Ran refused = Run(line + more);
+    EXPECT_EQ(refused.exitCode, 1) << more;
+    EXPECT_TRUE(refused.err.contains(tells) && refused.err.contains(u"Choose another folder")) << refused.err;
+    EXPECT_EQ(Differences(FilesIn(Outside(u"site"_qs)), site), QStringList()) << more;
+  }
 }
 
 TEST_F(CommandsTest, ADeletionKeepsACopyToGoBackToUnlessItIsWaived) {
