@@ -1,13 +1,12 @@
 #include "publish/WebPictures.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QLoggingCategory>
 #include <algorithm>
-#include <chrono>
-#include <filesystem>
 #include <optional>
 
 #include "base/AppPath.h"
@@ -15,6 +14,10 @@
 #include "base/SafeFile.h"
 #include "base/Texts.h"
 #include "publish/WebPictureMaking.h"
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 namespace vorlina {
 namespace {
@@ -25,22 +28,39 @@ Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
 constexpr int HowPicturesAreMade = 1;
 
 // A file whose time is this near may be changed once more without getting another time.
-constexpr auto Unsettled = std::chrono::seconds(2);
+constexpr qint64 Second = 1'000'000'000;
+constexpr qint64 Unsettled = 2 * Second;
 
 constexpr std::size_t LooksBetweenReports = 500;
 
-// By the system's own calls: a publication with nothing to do does little else.
+// The size of a file and its times, in nanoseconds. By the system's own call where there is one: a
+// publication with little to do does little else.
+struct FileLook {
+  qint64 size = 0, written = 0, changed = 0;
+};
+
+std::optional<FileLook> LookAt(const QString& path) {
+#ifdef Q_OS_UNIX
+  struct stat file {};
+  if (::stat(QFile::encodeName(path).constData(), &file) != 0 || S_ISDIR(file.st_mode)) return {};
+  const auto nanoseconds = [](const timespec& time) { return time.tv_sec * Second + time.tv_nsec; };
+  return FileLook{file.st_size, nanoseconds(file.st_mtim), nanoseconds(file.st_ctim)};
+#else
+  const QFileInfo file(path);
+  if (!file.isFile()) return {};
+  const auto nanoseconds = [](const QDateTime& time) { return time.toMSecsSinceEpoch() * 1'000'000; };
+  return FileLook{file.size(), nanoseconds(file.lastModified()), nanoseconds(file.metadataChangeTime())};
+#endif
+}
+
+// The time of change tells of a program that writes a file and sets the former time.
 void LookAt(WebPictureTask& task) {
-  const std::filesystem::path file = QFile::encodeName(task.source).toStdString();
-  std::error_code failure;
-  const auto size = std::filesystem::file_size(file, failure);
-  if (failure) return;
-  const auto time = std::filesystem::last_write_time(file, failure);
-  if (failure) return;
-  const auto age = std::filesystem::file_time_type::clock::now() - time;
+  const std::optional<FileLook> file = LookAt(task.source);
+  if (!file) return;
+  const qint64 age = QDateTime::currentMSecsSinceEpoch() * 1'000'000 - file->written;
   task.settled = age > Unsettled || age < -Unsettled;
-  task.mark = QByteArray::number(HowPicturesAreMade) + '|' + QByteArray::number(qint64(size)) + '|' +
-              QByteArray::number(qint64(time.time_since_epoch().count()));
+  task.mark = QByteArray::number(HowPicturesAreMade) + '|' + QByteArray::number(file->size) + '|' +
+              QByteArray::number(file->written) + '|' + QByteArray::number(file->changed);
 }
 
 // The cache knows a file by its place in the application folder, which may lie elsewhere tomorrow.
