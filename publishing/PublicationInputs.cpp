@@ -4,6 +4,7 @@
 #include <QDataStream>
 #include <QFileInfo>
 #include <QIODevice>
+#include <QLocale>
 
 #include "FolderState.h"
 
@@ -30,7 +31,8 @@ QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, co
   QByteArray all;
   QDataStream stream(&all, QIODevice::WriteOnly);
   stream << QByteArray(VORLINA_VERSION) << job.IDCatalogo << job.target << job.profile << job.options
-         << inputs.others << inputs.files << inputs.folders;
+         << inputs.others << inputs.files << inputs.folders
+         << QLocale().collation().name();  // by which a catalog's values are put in order
   const auto check = [&](const FileState& file) { proven = proven && file.time < LastProven(looked); };
   for (const QString& path : QStringList(database) + inputs.files) {
     FileState file;

@@ -9,11 +9,12 @@
 
 namespace publishing {
 
-// All that a publication is made from, but for the job and the database.
+// All that a publication is made from, but for the job, the database and this library.
 struct PublicationInputs {
   QStringList files;    // full paths
   QStringList folders;  // likewise, with what lies in them; folders in them are told on their own
-  QByteArray others;    // whatever else
+  // Whatever else: the version of a plug-in that does not come with the program, the language of its texts.
+  QByteArray others;
 };
 
 // Empty where something was written so lately that it can be written again without a sign.

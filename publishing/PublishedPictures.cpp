@@ -1,12 +1,13 @@
 #include "PublishedPictures.h"
 
 #include <QBuffer>
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <algorithm>
+
+#include "PublishError.h"
 
 namespace publishing {
 namespace {
@@ -33,11 +34,6 @@ std::string SetOf(const std::vector<PublishedSize>& sizes, QString PublishedSize
     set += size.*file + u' ' + QString::number(size.size.width()) + u'w';
   }
   return set.join(QStringLiteral(", ")).toStdString();
-}
-
-QByteArray StampOf(const QString& source) {
-  const QFileInfo file(source);
-  return QByteArray::number(file.size()) + '|' + QByteArray::number(file.lastModified().toMSecsSinceEpoch());
 }
 
 }  // namespace
@@ -137,14 +133,18 @@ bool PublishedPictures::Prepare(const std::vector<Wanted>& wanted, const QList<i
 }
 
 void PublishedPictures::Take(const Wanted& wanted, const VorlinaWebPictures& made, const QList<int>& sizes) {
-  if (made.pictures.isEmpty()) return LeaveOut(wanted, made.fault);
+  if (made.pictures.isEmpty()) {
+    allMade_ = false;
+    return LeaveOut(wanted, made.fault);
+  }
   PublishedPicture picture;
   picture.picture = wanted.picture;
   const bool allWebp = std::all_of(made.pictures.begin(), made.pictures.end(),
                                    [](const VorlinaWebPicture& size) { return !size.webp.isEmpty(); });
   for (qsizetype i = 0; i < made.pictures.size(); ++i) {
     const VorlinaWebPicture& from = made.pictures[i];
-    const QString name = wanted.name + u'-' + QString::number(sizes[i]);
+    // No product's name has '_', and no further picture's number a letter behind it.
+    const QString name = wanted.name + u'_' + QString::number(sizes[i]) + u'w';
     const QByteArray stamp = made.stamp + '|' + QByteArray::number(sizes[i]);
     PublishedSize size{from.size, name + QStringLiteral(".jpg"), {}};
     picture.copies.push_back({size.jpeg, from.jpeg, stamp});
@@ -160,7 +160,7 @@ void PublishedPictures::Take(const Wanted& wanted, const VorlinaWebPictures& mad
   if (LongerSide(made.size) > LongerSide(picture.size)) {
     picture.file = wanted.name + QStringLiteral(".jpg");
     picture.size = made.size;
-    picture.copies.push_back({picture.file, wanted.picture->source, StampOf(wanted.picture->source)});
+    picture.copies.push_back({picture.file, wanted.picture->source, made.stamp + "|full"});
   }
   wanted.place->push_back(std::move(picture));
 }
@@ -179,7 +179,9 @@ QByteArray PublishedPictures::Draw(const PublishedIcon& icon) const {
     return copy.file == logo_.front().sizes.back().jpeg;
   });
   const QImage logo = QImageReader(source->source, "jpeg").read();
-  if (logo.isNull()) return {};
+  if (logo.isNull())
+    throw About(source->source, italian_, QStringLiteral("L'immagine %1 non si può leggere"),
+                QStringLiteral("The picture %1 cannot be read"));
   QImage drawn(icon.side, icon.side, QImage::Format_ARGB32_Premultiplied);
   drawn.fill(Qt::white);  // a JPEG has no other ground, and telephones make a transparent one black
   const QImage fitted = logo.scaled(drawn.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);

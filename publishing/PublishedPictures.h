@@ -21,8 +21,8 @@ namespace publishing {
 // A picture in one size.
 struct PublishedSize {
   QSize size;    // in pixels
-  QString jpeg;  // "images/p-101-400.jpg"
-  QString webp;  // "images/p-101-400.webp"; "" where it would not be smaller by a quarter
+  QString jpeg;  // "images/p-101_400w.jpg"
+  QString webp;  // "images/p-101_400w.webp"; "" where it would not be smaller by a quarter
 };
 
 // A file that is published as it is.
@@ -40,7 +40,7 @@ struct PublishedPicture {
   std::vector<PictureCopy> copies;   // all files of it
   QByteArray stamp;                  // changes when one of them does
 
-  // What goes into "srcset": "images/p-101-400.jpg 300w, images/p-101-800.jpg 600w".
+  // What goes into "srcset": "images/p-101_400w.jpg 300w, images/p-101_800w.jpg 600w".
   std::string JpegSet() const;
   // The same of the WebP files; "" unless there is one of every size, since a reader takes all from one set.
   std::string WebpSet() const;
@@ -55,7 +55,9 @@ struct PublishedIcon {
 
 struct PictureRequest {
   const CatalogSnapshot* catalog = nullptr;
-  QStringList names;    // of the products' files, by position: "p-101"; "" where nothing of one is published
+  // Of the products' files, by position, as PublishedNames gives them: "p-101"; "" where nothing of one is
+  // published.
+  QStringList names;
   QString folder;       // "Images" of the application folder: nothing else is published, whatever a row says
   QList<int> sizes;     // longer sides in pixels
   bool italian = true;  // the user's language
@@ -79,9 +81,11 @@ class PublishedPictures {
   const PublishedPicture* Logo() const { return logo_.empty() ? nullptr : &logo_.front(); }
   const PublishedPicture* Wide() const { return wide_.empty() ? nullptr : &wide_.front(); }
   const std::vector<PublishedIcon>& Icons() const { return icons_; }
-  // The bytes of an icon; empty where the logo cannot be read any more. Any thread may call it.
+  // The bytes of an icon; throws where the logo cannot be read any more. Any thread may call it.
   QByteArray Draw(const PublishedIcon& icon) const;
   const QList<VorlinaNote>& Notes() const { return notes_; }
+  // False where something kept the program from making one; it may be gone the next time.
+  bool AreAllMade() const { return allMade_; }
 
  private:
   // A picture that may be published, and where it goes.
@@ -112,6 +116,7 @@ class PublishedPictures {
   std::vector<PublishedPicture> logo_, wide_;
   std::vector<PublishedIcon> icons_;
   QList<VorlinaNote> notes_;
+  bool allMade_ = true;
 };
 
 }  // namespace publishing

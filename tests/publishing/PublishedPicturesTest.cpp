@@ -76,16 +76,34 @@ TEST_F(PublishedPicturesTest, HaveTheirNamesAndTrueWidths) {
   ASSERT_TRUE(pictures.Prepare(made_, progress_));
   const std::vector<PublishedPicture>& a = pictures.Of(0);
   ASSERT_EQ(a.size(), 3U);
-  EXPECT_EQ(a[0].JpegSet(), "images/p-a-400.jpg 400w, images/p-a-800.jpg 800w");
-  EXPECT_EQ(a[0].WebpSet(), "images/p-a-400.webp 400w, images/p-a-800.webp 800w");
+  EXPECT_EQ(a[0].JpegSet(), "images/p-a_400w.jpg 400w, images/p-a_800w.jpg 800w");
+  EXPECT_EQ(a[0].WebpSet(), "images/p-a_400w.webp 400w, images/p-a_800w.webp 800w");
   EXPECT_EQ(a[0].file, u"images/p-a.jpg"_qs);
-  EXPECT_EQ(a[1].file, u"images/p-a_2-800.jpg"_qs) << "as large as the original";
+  EXPECT_EQ(a[1].file, u"images/p-a_2_800w.jpg"_qs) << "as large as the original";
   EXPECT_EQ(a[2].WebpSet(), "") << "not of every size";
   QStringList files;
   for (const PictureCopy& copy : a[2].copies) files += copy.file;
-  EXPECT_EQ(files.join(u' '), u"images/p-a_3-400.jpg images/p-a_3-800.jpg images/p-a_3.jpg"_qs);
+  EXPECT_EQ(files.join(u' '), u"images/p-a_3_400w.jpg images/p-a_3_800w.jpg images/p-a_3.jpg"_qs);
   EXPECT_TRUE(pictures.Of(1).empty()) << "not published";
-  EXPECT_TRUE(progress_.done_ == 3 && progress_.total_ == 3);
+  EXPECT_TRUE(progress_.done_ == 3 && progress_.total_ == 3 && pictures.AreAllMade());
+}
+
+TEST_F(PublishedPicturesTest, NeverMeetUnderOneName) {
+  Add(u"TAV"_qs, QStringList(16, u"a.jpg"_qs));
+  Add(u"TAV-400"_qs, {u"b.jpg"_qs});
+  Add(u"TAV-16"_qs, {u"c.jpg"_qs});
+  PublishedPictures pictures({&catalog_, names_, AppFile(u"Images"_qs), {16, 400}, false});
+  ASSERT_TRUE(pictures.Prepare(made_, progress_));
+  QSet<QString> files;
+  qsizetype count = 0;
+  for (std::size_t i = 0; i < 3; ++i)
+    for (const PublishedPicture& picture : pictures.Of(i))
+      for (const PictureCopy& copy : picture.copies) {
+        files += copy.file;
+        ++count;
+      }
+  EXPECT_EQ(count, 18 * 5);
+  EXPECT_EQ(files.size(), count);
 }
 
 TEST_F(PublishedPicturesTest, ComeFromTheFolderOfPicturesAlone) {
@@ -100,6 +118,7 @@ TEST_F(PublishedPicturesTest, ComeFromTheFolderOfPicturesAlone) {
   EXPECT_TRUE(pictures.Of(0).empty());
   ASSERT_EQ(pictures.Of(1).size(), 1U);
   EXPECT_EQ(pictures.Of(1)[0].file, u"images/p-b_3.jpg"_qs);
+  EXPECT_FALSE(pictures.AreAllMade()) << "to be tried again";
   QString products;
   for (const VorlinaNote& note : pictures.Notes()) {
     EXPECT_TRUE(note.kind == VorlinaNote::Kind::Picture && !note.text.isEmpty());
@@ -121,6 +140,8 @@ TEST_F(PublishedPicturesTest, HaveIconsOfTheLogo) {
     EXPECT_EQ(drawn.pixelColor(0, 0), QColor(Qt::white));
     EXPECT_GT(drawn.pixelColor(icon.side / 4, icon.side / 2 - icon.side / 10).red(), 200);
   }
+  WriteFileSafely(logo, "damaged");
+  EXPECT_ANY_THROW(pictures.Draw(pictures.Icons()[0]));
   progress_.goesOn_ = false;
   EXPECT_FALSE(Plan().Prepare(made_, progress_));
 }

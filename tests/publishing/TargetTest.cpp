@@ -153,7 +153,7 @@ TEST_F(TargetTest, OnlyPicturesOfThisFolderArePublishedAndTheOthersTold) {
     notes.removeIf([](const VorlinaNote& note) { return note.kind == VorlinaNote::Kind::NoPicture; });
     ASSERT_EQ(notes.size(), 1) << picture;
     EXPECT_TRUE(notes[0].product == u"B-1" && notes[0].text.contains(tells)) << picture;
-    EXPECT_FALSE(QFileInfo::exists(target_ + u"/images/p-b-1-400.jpg"_qs)) << picture;
+    EXPECT_FALSE(QFileInfo::exists(target_ + u"/images/p-b-1_400w.jpg"_qs)) << picture;
     EXPECT_FALSE(Page(u"p-b-1.html"_qs).contains("<img src=\"images/p-b-1")) << picture;
   }
 }
@@ -208,12 +208,12 @@ TEST_F(TargetTest, ASwapThatFailsGoesBack) {
     Picture(code, 8, 8);
   }
   const auto before = Files(target_);
-  const QString intruder = target_ + u"/images/p-new-400.jpg"_qs;
+  const QString intruder = target_ + u"/images/p-new_400w.jpg"_qs;
   const SiteProgress progress([&](const QString& step) {
     if (step.startsWith(u"Writing") && !QFileInfo::exists(intruder)) Write(intruder, "mine");
     return true;
   });
-  EXPECT_TRUE(Publishing(1, target_, nullptr, progress).contains(u"p-new-400.jpg"));
+  EXPECT_TRUE(Publishing(1, target_, nullptr, progress).contains(u"p-new_400w.jpg"));
   EXPECT_TRUE(QFile::remove(intruder));
   EXPECT_TRUE(Files(target_) == before);
   EXPECT_TRUE(Beside().isEmpty());
@@ -235,7 +235,7 @@ TEST_F(TargetTest, RightsThatAreMissingLeaveTheSiteAndWhatCannotBeDeletedIsTried
   connection_.Execute(u"UPDATE Prodotti SET Pubblica=FALSE WHERE CodiceProdotto='A-1'"_qs);
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(Publishing(1, target_), QString());
-    EXPECT_TRUE(QFileInfo::exists(images + u"/p-a-1-400.jpg") &&
+    EXPECT_TRUE(QFileInfo::exists(images + u"/p-a-1_400w.jpg") &&
                 !QFileInfo::exists(target_ + u"/p-a-1.html"));
   }
   const auto before = Files(target_);
@@ -246,7 +246,7 @@ TEST_F(TargetTest, RightsThatAreMissingLeaveTheSiteAndWhatCannotBeDeletedIsTried
   SetRights(images, 0755);
   connection_.Execute(u"UPDATE Prodotti SET Pubblica=FALSE WHERE CodiceProdotto='A-1'"_qs);
   EXPECT_EQ(Publishing(1, target_), QString());
-  EXPECT_FALSE(QFileInfo::exists(images + u"/p-a-1-400.jpg"_qs));
+  EXPECT_FALSE(QFileInfo::exists(images + u"/p-a-1_400w.jpg"_qs));
 }
 
 TEST_F(TargetTest, WhereNothingCanBeWrittenBesideItIsMadeInside) {
@@ -275,7 +275,7 @@ TEST_F(TargetTest, ASecondPublisherIsTold) {
 TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
   ASSERT_EQ(Publishing(1, target_), QString());
   const auto before = Files(target_);
-  for (const QString& name : {u"/p-b-1.html"_qs, u"/images/p-a-1-400.jpg"_qs}) {
+  for (const QString& name : {u"/p-b-1.html"_qs, u"/images/p-a-1_400w.jpg"_qs}) {
     QFile file(target_ + name);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     const QDateTime time = file.fileTime(QFileDevice::FileModificationTime);

@@ -262,14 +262,14 @@ TEST_P(Roads, LeadFromAnEmptyDatabaseToAPublishedSite) {
   const QByteArray product = site.at(u"p-1.html"_qs);
   for (const QByteArray& part :
        {words_.site, QByteArray("Vaso alto"), QByteArray("Rosso"), QByteArray("Dal lato"),
-        QByteArray("<strong>12</strong>"), QByteArray("images/p-1_2-400.jpg")})
+        QByteArray("<strong>12</strong>"), QByteArray("images/p-1_2_400w.jpg")})
     EXPECT_TRUE(product.contains(part)) << part.toStdString();
   EXPECT_TRUE(site.at(u"index.html"_qs).contains("La bottega"));
   const QByteArray& list = site.at(u"products.html"_qs);
   EXPECT_LT(list.indexOf("Piatto"), list.indexOf("Vaso alto"));
   EXPECT_TRUE(site.at(u"p-2.html"_qs).contains("Brocca d&apos;acqua"));
-  EXPECT_TRUE(site.count(u"images/p-2-400.jpg"_qs));
-  EXPECT_TRUE(site.count(u"images/p-1-800.jpg"_qs) && list.contains("images/p-1-400.jpg"));
+  EXPECT_TRUE(site.count(u"images/p-2_400w.jpg"_qs));
+  EXPECT_TRUE(site.count(u"images/p-1_800w.jpg"_qs) && list.contains("images/p-1_400w.jpg"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Roads, testing::Values(u"Italian"_qs, u"English"_qs),

@@ -51,9 +51,9 @@ TEST_F(SearchIndexTest, ValuesOfOneTextAreOneChoiceAndUnusedOnesNone) {
 TEST_F(SearchIndexTest, FilesAreToldByWhatTheirNamesDoNotSay) {
   Add(u"x0"_qs, "A", {}, 0);
   Add(u"Y"_qs, "A", {}, 0);
-  EXPECT_TRUE(Script(u"images/p-x0-400.jpg"_qs)
+  EXPECT_TRUE(Script(u"images/p-x0_400w.jpg"_qs)
                   .contains(u"page:[0,\"p-x1\"],\npicture:[1,2],\n"
-                            "ends:[\"-400.jpg\",\"images/p-x0-400.jpg\"]"));
+                            "ends:[\"_400w.jpg\",\"images/p-x0_400w.jpg\"]"));
   EXPECT_TRUE(Script().contains(u"picture:[0,0],\nends:[]"));
 }
 

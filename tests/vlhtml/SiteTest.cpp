@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "CatalogSnapshot.h"
+#include "Contact.h"
 #include "PriceTag.h"
 #include "PublishedNames.h"
 #include "SiteFixture.h"
@@ -32,6 +33,21 @@ TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
   }
   EXPECT_EQ(names.NameOf(u"p-"_qs, u"A 1"_qs), u"p-a-1"_qs) << "who came first keeps the plain name";
   EXPECT_EQ(names.NameOf(u"p-"_qs, u"../../etc/passwd"_qs), u"p-etc-passwd"_qs);
+}
+
+TEST(Contact, DialsOneNumberOrNone) {
+  for (const auto& [typed, dialled] : {std::pair{"+39 0546 55-01", "+3905465501"},
+                                       {"+49 (0)89 1234567", "+49891234567"},
+                                       {"+39 (0)571 12345", "+39057112345"},
+                                       {"0571/12345", "057112345"},
+                                       {"0571 12345 / 0571 67890", "057112345"},
+                                       {"06 123456, 06 654321", "06123456"},
+                                       {"+39 0571 12345 +39 0571 67890", ""},
+                                       {"12-34", ""}})
+    EXPECT_EQ(vlhtml::Dialled(typed), dialled) << typed;
+  EXPECT_EQ(vlhtml::SafeMail(" a.b@mail.example.com"), "a.b@mail.example.com");
+  for (const char* none : {"@", "a@", "@example.com", "a@b@example.com", "a@example"})
+    EXPECT_EQ(vlhtml::SafeMail(none), "") << none;
 }
 
 TEST(PriceTag, SaysOfAPriceWhatIsCertain) {
@@ -67,7 +83,7 @@ TEST_F(SiteTest, IsWhatTheReferenceShows) {
   EXPECT_TRUE(report.complete);
   QMap<QString, QByteArray> files = Files(target_);
   for (const QString& name : {u"vorlina-manifest.txt"_qs, u"style.css"_qs, u"search.js"_qs,
-                              u"images/p-a-1-400.jpg"_qs, u"images/wide-800.jpg"_qs})
+                              u"images/p-a-1_400w.jpg"_qs, u"images/wide_800w.jpg"_qs})
     EXPECT_EQ(files.remove(name), 1) << name;
   // The mark at a page's end has a key of chance.
   for (auto file = files.begin(); file != files.end(); ++file) {

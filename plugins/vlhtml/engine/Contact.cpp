@@ -1,9 +1,21 @@
 #include "Contact.h"
 
+#include <QRegularExpression>
 #include <QUrl>
-#include <algorithm>
 
 namespace vlhtml {
+namespace {
+
+constexpr qsizetype FewestDigits = 5;
+constexpr qsizetype MostDigits = 15;  // of any number in the world
+
+// Whether a number ends where a slash, a comma or a word stands behind it, rather than that only its prefix
+// does.
+bool IsWhole(const QString& digits, const QString& more) {
+  return digits.size() >= 9 || (digits.size() >= 6 && (more.startsWith(u'0') || more.isEmpty()));
+}
+
+}  // namespace
 
 std::string SafeUrl(const std::string& address) {
   QString text = QString::fromStdString(address).trimmed();
@@ -14,19 +26,27 @@ std::string SafeUrl(const std::string& address) {
 }
 
 std::string SafeMail(const std::string& address) {
+  static const QRegularExpression form(
+      QStringLiteral("\\A[A-Za-z0-9._+-]+@[A-Za-z0-9-]+(\\.[A-Za-z0-9-]+)+\\z"));
   const QString text = QString::fromStdString(address).trimmed();
-  const auto allowed = [](QChar c) {
-    return c.unicode() < 128 && (c.isLetterOrNumber() || QStringView(u"@._+-").contains(c));
-  };
-  return text.count(u'@') == 1 && std::all_of(text.begin(), text.end(), allowed) ? text.toStdString()
-                                                                                 : std::string();
+  return form.match(text).hasMatch() ? text.toStdString() : std::string();
 }
 
 std::string Dialled(const std::string& number) {
+  static const QRegularExpression innerZero(QStringLiteral("\\A([^0-9]*(?:\\+|00) *(?!39)[0-9]+ *)\\(0\\)"));
+  static const QRegularExpression between(QStringLiteral("\\s-\\s|[^\\s0-9+()._-]+"));
+  // What is in brackets is dialled at home alone, but in Italy.
+  const QString text = QString::fromStdString(number).replace(innerZero, QStringLiteral("\\1"));
   QString digits;
-  for (const QChar c : QString::fromStdString(number))
-    if ((c >= u'0' && c <= u'9') || (c == u'+' && digits.isEmpty())) digits += c;
-  return digits.size() >= 5 ? digits.toStdString() : std::string();
+  for (const QString& part : text.split(between)) {
+    QString more;
+    for (const QChar c : part)
+      if ((c >= u'0' && c <= u'9') || (c == u'+' && digits.isEmpty() && more.isEmpty())) more += c;
+    if (IsWhole(digits, more)) break;
+    digits += more;
+  }
+  const qsizetype count = digits.size() - digits.count(u'+');
+  return count >= FewestDigits && count <= MostDigits ? digits.toStdString() : std::string();
 }
 
 std::string Unbroken(const std::string& number) {

@@ -10,7 +10,7 @@ namespace vlhtml {
 std::string SafeUrl(const std::string& address);
 // An address for mail, "" for what is none.
 std::string SafeMail(const std::string& address);
-// What a telephone dials; "" where there are too few digits.
+// What a telephone dials: of several numbers the first. "" for what is none.
 std::string Dialled(const std::string& number);
 // A telephone number that does not break over two lines.
 std::string Unbroken(const std::string& number);

@@ -5,17 +5,16 @@
 namespace vlhtml {
 namespace {
 
-constexpr qsizetype LongestTitle = 68;
-constexpr qsizetype LongestPart = 30;
+constexpr qsizetype LongestTitle = 90;
+constexpr qsizetype ShortestName = 40;  // whatever stands behind it
+constexpr qsizetype LongestCompany = 60;
+constexpr qsizetype LongestPart = 260;
 constexpr qsizetype LongestExcerpt = 155;
-
-// As long as the text is in a page.
-qsizetype Length(const QString& text) { return text.toHtmlEscaped().size() + text.count(u'\'') * 5; }
 
 // Cut at a word, so that it stays readable, and never within a character.
 QString Cut(QString text, qsizetype longest) {
-  if (Length(text) <= longest) return text;
-  while (!text.isEmpty() && Length(text) >= longest) {
+  if (text.size() <= longest) return text;
+  while (!text.isEmpty() && text.size() >= longest) {
     const qsizetype blank = text.lastIndexOf(u' ');
     text.truncate(blank > longest / 3 ? blank : text.size() - 1);
     if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
@@ -32,8 +31,12 @@ std::string PageTitle(const std::string& text, const std::vector<std::string>& p
     if (const QString plain = QString::fromStdString(part).simplified(); !plain.isEmpty())
       behind += QStringLiteral(" – ") + Cut(plain, LongestPart);
   const QString title = QString::fromStdString(text).simplified();
-  const QString cut = Cut(title, std::max<qsizetype>(4, LongestTitle - Length(behind)));
+  const QString cut = Cut(title, std::max(ShortestName, LongestTitle - behind.size()));
   return cut.toStdString() + behind.toStdString();
+}
+
+std::string CompanyInTitle(const std::string& company) {
+  return Cut(QString::fromStdString(company).section(u',', 0, 0).simplified(), LongestCompany).toStdString();
 }
 
 std::string Excerpt(const std::string& text) {
@@ -52,7 +55,7 @@ void TellHead(Fields& fields, const Site& site, const Head& head) {
                                                           : address + head.file.toStdString());
   fields.GroupIf(!head.file.isEmpty(), "openGraph", [&](Fields& graph) {
     graph.Text("type", head.type);
-    graph.Text("title", head.title);
+    graph.Text("title", head.shared.empty() ? head.title : head.shared);
     graph.GroupIf(known && head.picture != nullptr, "image", [&](Fields& image) {
       const PublishedSize& size = head.picture->sizes.back();
       image.Text("address", address + size.jpeg.toStdString());

@@ -14,13 +14,17 @@ struct Head {
   QString file;  // of the page; "" where it has no address of its own
   const char* type = "website";
   const PublishedPicture* picture = nullptr;
-  QJsonArray data;  // what the page is about, in the words of schema.org
+  QJsonArray data;     // what the page is about, in the words of schema.org
+  std::string shared;  // how a link to it is shown; "" as the title
 };
 
 void TellHead(Fields& fields, const Site& site, const Head& head);
 
-// A title of the text, which is cut where it is too long, and of parts that stand behind it whole.
+// A title of the text, which is cut where it is too long, and of parts that stand behind it whole: they tell
+// one page from another.
 std::string PageTitle(const std::string& text, const std::vector<std::string>& parts);
+// What a company is called in a title: all before the first comma.
+std::string CompanyInTitle(const std::string& company);
 // The beginning of a text, cut at a word, for where a search engine shows a page.
 std::string Excerpt(const std::string& text);
 

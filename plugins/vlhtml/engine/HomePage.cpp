@@ -28,26 +28,26 @@ void TellHero(Fields& fields, const Site& site) {
   });
 }
 
-// The first filter's values, each with a picture of one of its products.
+// The first filter's values, each with a picture of one of its products where most of them have one.
 void TellTiles(Fields& fields, const Site& site) {
   const SitePlan& plan = site.plan;
   fields.GroupIf(!plan.groups.empty(), "tiles", [&](Fields& tiles) {
     const PlannedFilter& group = plan.groups.front();
     TellGroup(tiles, site, group, nullptr);
     const std::vector<int> shown = ValuesShown(plan, group, nullptr);
-    bool pictured = false;
+    std::size_t pictured = 0;
     tiles.List("values", shown.size(), [&](Fields& value, std::size_t i) {
       const PlannedList& list = plan.filters[std::size_t(shown[i])];
       TellValue(value, site, list);
       const auto first = std::find_if(list.products.begin(), list.products.end(), [&](int product) {
         return !site.pictures.Of(std::size_t(product)).empty();
       });
-      pictured |= first != list.products.end();
+      pictured += first != list.products.end() ? 1 : 0;
       value.GroupIf(first != list.products.end(), "picture", [&](Fields& picture) {
         TellPicture(picture, site.pictures.Of(std::size_t(*first)).front());
       });
     });
-    tiles.Flag("pictured", pictured);
+    tiles.Flag("pictured", pictured * 2 >= shown.size() && pictured > 0);
   });
 }
 
@@ -73,13 +73,14 @@ void TellHome(Fields& fields, const Site& site) {
   const CatalogSnapshot& catalog = site.Catalog();
   const SitePlan& plan = site.plan;
   const bool named = catalog.company.empty() || site.Title().find(catalog.company) != std::string::npos;
-  Head head{PageTitle(site.Title(), {named ? std::string() : catalog.company}),
+  Head head{PageTitle(site.Title(), {named ? std::string() : CompanyInTitle(catalog.company)}),
             !catalog.subtitle.empty() && !catalog.information.empty()
                 ? catalog.subtitle + ". " + catalog.information
                 : catalog.subtitle + catalog.information,
             QStringLiteral("index.html"),
             "website",
             site.pictures.Wide(),
+            {},
             {}};
   if (!catalog.company.empty()) head.data.append(CompanyData(site));
   TellHead(fields, site, head);

@@ -13,6 +13,8 @@ namespace {
 constexpr std::size_t EagerCards = 4;
 // From this number on, values stand under their first letters.
 constexpr std::size_t LettersFrom = 40;
+// So many products a search engine is told of a page.
+constexpr std::size_t NamesInDescription = 3;
 
 // The pages that are linked: the first, the last, and those beside this one; 0 stands for a gap. What a gap
 // of one page would hide stands there itself.
@@ -46,6 +48,15 @@ void TellPageLinks(Fields& fields, const Site& site, const PlannedList& list, in
   fields.GroupIf(page < list.Pages(), "next", [&](Fields& other) { other.Text("file", link(page + 1)); });
 }
 
+std::string FirstNames(const Site& site, const PlannedList& list, int page) {
+  const std::size_t first = std::size_t(page - 1) * ProductsOnPage;
+  const std::size_t end = std::min(first + NamesInDescription, list.products.size());
+  std::string names;
+  for (std::size_t i = first; i < end; ++i)
+    names += (i == first ? "" : ", ") + site.plan.products[std::size_t(list.products[i])].product->name;
+  return names;
+}
+
 void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int page,
                   const std::string& filter) {
   const std::string title = list.title.toStdString();
@@ -54,9 +65,10 @@ void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int
   Head head;
   const std::string twin =
       list.namesakes > 0 ? " (" + std::to_string(list.namesakes + 1) + ')' : std::string();
-  head.title = PageTitle(title, {filter + twin, list.Pages() > 1 ? pageOf : std::string(), site.Brand()});
-  head.description = site.words.Counted("product", int(list.products.size())) + " – " +
-                     (filter.empty() ? std::string() : filter + ": ") + title + ", " + site.Brand();
+  head.title = PageTitle(
+      title, {filter + twin, list.Pages() > 1 ? pageOf : std::string(), CompanyInTitle(site.Brand())});
+  head.description = (filter.empty() ? std::string() : filter + ": ") + title + " – " +
+                     (list.Pages() > 1 ? pageOf + ": " : std::string()) + FirstNames(site, list, page);
   head.file = list.PageFile(page);
   std::vector<std::pair<std::string, QString>> steps{
       {site.words.Text("home"), QStringLiteral("index.html")},
@@ -114,11 +126,12 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
   }
   const std::string total = site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}});
   TellHead(fields, site,
-           {PageTitle(group.name, {site.words.Text("allValues"), site.Brand()}),
+           {PageTitle(group.name, {site.words.Text("allValues"), CompanyInTitle(site.Brand())}),
             group.name + " – " + total + ", " + site.Brand(),
             group.allFile,
             "website",
             nullptr,
+            {},
             {}});
   fields.Text("heading", group.name);
   fields.Text("total", total);

@@ -13,7 +13,8 @@ void TellProductHead(Fields& fields, const Site& site, int product, const Planne
   const Product& told = *planned.product;
   const std::string code = told.code.toStdString();
   Head head;
-  head.title = PageTitle(told.name, {code == told.name ? std::string() : code, site.Brand()});
+  head.title = PageTitle(told.name, {code == told.name ? std::string() : code, CompanyInTitle(site.Brand())});
+  head.shared = told.name;
   head.description = told.description.empty() ? code : told.description;
   if (!planned.price.empty()) head.description = planned.price + " – " + head.description;
   head.file = planned.file;

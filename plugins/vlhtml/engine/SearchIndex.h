@@ -17,7 +17,7 @@ namespace vlhtml {
 struct SearchHit {
   const Product* product = nullptr;
   QString file;     // of its page: "p-101.html"
-  QString picture;  // of its first picture's smallest size: "images/p-101-400.jpg"; "" where it has none
+  QString picture;  // of its first picture's smallest size: "images/p-101_400w.jpg"; "" where it has none
   std::string price;
 };
 

@@ -71,8 +71,23 @@ void TellIcons(Fields& fields, const Site& site) {
   });
 }
 
+// The logo as it is may not be published.
+void TellLogo(Fields& fields, const Site& site, bool withOriginal) {
+  const PublishedPicture* logo = site.pictures.Logo();
+  fields.GroupIf(logo != nullptr, "logo", [&](Fields& picture) {
+    PublishedPicture told = *logo;
+    if (!withOriginal) {
+      told.file = told.sizes.back().jpeg;
+      told.size = told.sizes.back().size;
+    }
+    TellPicture(picture, told);
+  });
+}
+
 void TellMessage(Fields& fields, const Site& site, const char* heading, const char* text) {
-  TellHead(fields, site, {PageTitle(site.words.Text(heading), {site.Brand()}), {}, {}, "", nullptr, {}});
+  TellHead(
+      fields, site,
+      {PageTitle(site.words.Text(heading), {CompanyInTitle(site.Brand())}), {}, {}, "", nullptr, {}, {}});
   fields.Text("heading", site.words.Text(heading));
   fields.Text("text", site.words.Text(text));
   fields.Flag("searchScript", false);
@@ -90,9 +105,8 @@ void TellSite(Fields& fields, const Site& site) {
   TellContact(fields, site);
   TellSisters(fields, site);
   TellIcons(fields, site);
-  const PublishedPicture* logo = site.pictures.Logo();
-  fields.GroupIf(logo != nullptr, "logo", [&](Fields& picture) { TellPicture(picture, *logo); });
   const std::string address = site.Address();
+  TellLogo(fields, site, !address.empty());
   fields.TextIf("printedFrom", address.empty()
                                    ? std::string()
                                    : site.words.Text("printedFrom", {{"address", ShownAddress(address)}}));

@@ -84,8 +84,7 @@ class Adder {
   // What all pages have.
   void AddShared() {
     // The logo as it is stands in the structured data alone, which need an address.
-    if (site_.pictures.Logo() != nullptr)
-      AddPicture(*site_.pictures.Logo(), !site_.profile.address.isEmpty());
+    if (site_.pictures.Logo() != nullptr) AddPicture(*site_.pictures.Logo(), !site_.Address().empty());
     if (site_.pictures.Wide() != nullptr) AddPicture(*site_.pictures.Wide());
     for (const PublishedIcon& icon : site_.pictures.Icons())
       publication_.AddMade(icon.file, icon.stamp,

@@ -73,9 +73,10 @@ void SitePlan::PlanFilters(bool moreValues) {
     const FilterValue& value = catalog->filterValues[i];
     if (!having.contains(value.id)) continue;
     const QString prefix = QStringLiteral("f%1-").arg(value.filter);
-    QString file = names.NameOf(prefix, value.text);
+    QString text = value.text;
+    QString file = names.NameOf(prefix, text);
     // Two values may have one text: each has its page.
-    if (used.contains(file)) file = names.NameOf(prefix, value.text + QStringLiteral(" %1").arg(value.id));
+    while (used.contains(file)) file = names.NameOf(prefix, text += QStringLiteral(" %1").arg(value.id));
     used.insert(file);
     files.insert(value.id, file);
   }

@@ -120,7 +120,7 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   report.notes = catalog.notes + pictures->Notes() + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
   if (plan.previewed >= 0) report.open += job.target + u'/' + plan.products[std::size_t(plan.previewed)].file;
-  publication.Remember(report);
+  if (pictures->AreAllMade()) publication.Remember(report);
   return report;
 }
 

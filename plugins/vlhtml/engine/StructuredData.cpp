@@ -19,16 +19,21 @@ QJsonObject OfType(const char* type) { return {{QStringLiteral("@type"), QLatin1
 QJsonObject CompanyData(const Site& site) {
   const CatalogSnapshot& catalog = site.Catalog();
   const bool hasPlace = !catalog.address.empty() && !catalog.city.empty();
-  QJsonObject company = OfType(hasPlace ? "LocalBusiness" : "Organization");
+  const std::string map = SafeUrl(site.profile.mapLink.toStdString());
+  // An address alone does not say that people can come.
+  const bool isOpen = hasPlace && !(map.empty() && site.profile.hours.trimmed().isEmpty());
+  QJsonObject company = OfType(isOpen ? "LocalBusiness" : "Organization");
   Set(company, "name", site.Brand());
   Set(company, "telephone", catalog.telephone);
   Set(company, "faxNumber", catalog.fax);
   Set(company, "email", SafeMail(catalog.email));
   const std::string address = site.Address();
-  Set(company, "url", address.empty() ? SafeUrl(catalog.url) : address);
-  if (hasPlace) Set(company, "hasMap", SafeUrl(site.profile.mapLink.toStdString()));
+  const std::string own = SafeUrl(catalog.url);
+  Set(company, "url", address.empty() ? own : address);
+  if (!address.empty() && own != address) Set(company, "sameAs", own);
+  if (isOpen) Set(company, "hasMap", map);
   if (const PublishedPicture* logo = site.pictures.Logo(); logo != nullptr && !address.empty())
-    Set(company, hasPlace ? "image" : "logo", address + logo->file.toStdString());
+    Set(company, isOpen ? "image" : "logo", address + logo->file.toStdString());
   if (hasPlace) {
     QJsonObject place = OfType("PostalAddress");
     Set(place, "streetAddress", catalog.address);

@@ -278,6 +278,16 @@
     else if (query.trim()) location.href = `${products}#${new URLSearchParams({ q: query.trim() })}`;
   });
 
+  // A large picture by keys: Escape closes it, the arrows lead to the others.
+  document.addEventListener('keydown', (event) => {
+    const number = { ArrowLeft: -1, ArrowRight: 1 }[event.key];
+    const large = document.querySelector('.large:target');
+    if (!large || (!number && event.key !== 'Escape')) return;
+    const other = document.getElementById(`large-${Number(large.id.slice(6)) + number}`);
+    const link = event.key === 'Escape' ? large.querySelector('.close') : large.querySelector(`a[href="#${other?.id}"]`);
+    link?.click();
+  });
+
   // Up and down walk through what was found, Escape goes back.
   document.addEventListener('keydown', (event) => {
     const place = results || hits;
