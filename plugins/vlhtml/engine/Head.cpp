@@ -5,8 +5,8 @@
 namespace vlhtml {
 namespace {
 
-constexpr qsizetype LongestTitle = 90;
-constexpr qsizetype ShortestName = 40;  // whatever stands behind it
+constexpr qsizetype LongestTitle = 100;
+constexpr qsizetype ShortestName = 60;  // whatever stands behind it
 constexpr qsizetype LongestCompany = 60;
 constexpr qsizetype LongestPart = 260;
 constexpr qsizetype LongestExcerpt = 155;

@@ -53,7 +53,7 @@ std::string FirstNames(const Site& site, const PlannedList& list, int page) {
   const std::size_t end = std::min(first + NamesInDescription, list.products.size());
   std::string names;
   for (std::size_t i = first; i < end; ++i)
-    names += (i == first ? "" : ", ") + site.plan.products[std::size_t(list.products[i])].product->name;
+    names += (i == first ? "" : "; ") + site.plan.products[std::size_t(list.products[i])].product->name;
   return names;
 }
 
