@@ -6,7 +6,7 @@ import { expect, loadPictures, openTab } from './browser.mjs';
 const views = [
   { width: 320, height: 225, colorScheme: 'light' }, { width: 360, height: 740, colorScheme: 'dark', axe: true },
   { width: 720, height: 450, colorScheme: 'dark' }, { width: 768, height: 1024, colorScheme: 'light' },
-  { width: 1024, height: 768, colorScheme: 'dark' }, { width: 1440, height: 900, colorScheme: 'light', axe: true },
+  { width: 360, height: 740, colorScheme: 'light', letters: '200%' }, { width: 1024, height: 768, colorScheme: 'dark' }, { width: 1440, height: 900, colorScheme: 'light', axe: true },
 ];
 
 /* global document, getComputedStyle, window */
@@ -60,7 +60,8 @@ export async function checkPage(browser, address, page, prepare) {
   for (const view of views) {
     await tab.setViewportSize(view);
     await tab.emulateMedia({ colorScheme: view.colorScheme });
-    const about = `at ${view.width} ${view.colorScheme}: `;
+    await tab.evaluate((size) => { document.documentElement.style.fontSize = size; }, view.letters ?? '');
+    const about = `at ${view.width} ${view.colorScheme}${view.letters ? ` in letters of ${view.letters}` : ''}: `;
     problems.push(...(await tab.evaluate(layoutProblems)).map((problem) => about + problem));
     if (view.axe) problems.push(...(await axeProblems(tab)).map((problem) => about + problem));
   }
@@ -100,11 +101,15 @@ export async function checkFocus(browser, address, page, view, prepare) {
   await close();
 }
 
-// Sheets of paper, A4.
+// Sheets of paper, A4, and cards that hold what stands in them.
 export async function checkPrint(browser, address, page, sheets) {
-  const { tab, problems, close } = await openTab(browser, address);
+  const { tab, problems, close } = await openTab(browser, address, { viewport: { width: 718, height: 1047 } });
   await tab.goto(address + page);
   await loadPictures(tab);
+  await tab.emulateMedia({ media: 'print' });
+  problems.push(...await tab.evaluate(() => [...document.querySelectorAll('.card')]
+    .filter((card) => card.checkVisibility() && card.querySelector('.text').getBoundingClientRect().bottom > card.getBoundingClientRect().bottom + 1)
+    .map((card) => `longer than its card: ${card.textContent.trim().slice(0, 40)}`)));
   const paper = (await tab.pdf({ format: 'A4', printBackground: true, margin: { top: '1cm', bottom: '1cm', left: '1cm', right: '1cm' } })).toString('latin1');
   const printed = paper.match(/\/Type ?\/Page\b(?!s)/g)?.length ?? 0;
   if (printed !== sheets) problems.push(`${printed} sheets instead of ${sheets}`);

@@ -57,7 +57,7 @@ export async function checkFinding(browser, address) {
   const { tab, problems, close } = await openTab(browser, address);
   const isTrue = (what, fact) => { if (!fact) problems.push(what); };
   await tab.goto(`${address}products.html`);
-  for (const [text, count] of [['k-0042', '1 product'], ['K0042', '1 product'], ['NUMERO', '3,000'], ['strasse', '3,000'], ['line 007 bowl', null], ['shade 03', null], ['vase 8', null], ['zzz', 'No product']]) {
+  for (const [text, count] of [['k-0042', '1 product'], ['K0042', '1 product'], ['NUMERO', '3,000'], ['strasse', '3,000'], ['line 007 bowl', null], ['shade 03', null], ['vase 8', null], ['zzz', 'No products']]) {
     await tab.fill('#q', text);
     if (count) await until(tab, count).catch(async () => problems.push(`${text} finds ${await found(tab)}`));
     else isTrue(`${text} finds nothing`, /^\d/.test(await found(tab)));
@@ -70,6 +70,10 @@ export async function checkFinding(browser, address) {
   await tab.keyboard.press('Escape');
   isTrue('Escape does not lead back', await tab.evaluate(() => document.activeElement.id) === 'q');
   await tab.fill('#q', 'vase');
+  await tab.emulateMedia({ media: 'print' });
+  isTrue('what was found is not printed', await tab.locator('#results li').first().isVisible());
+  await tab.emulateMedia({ media: null });
+  isTrue(`the page is called ${await tab.title()}`, /^Results for “vase” – /.test(await tab.title()) && /vase/.test(await tab.locator('h1').textContent()));
   await tab.locator('#results .more').click();
   isTrue('no second step', await tab.locator('#results li').count() === 48);
   isTrue('the focus is not on the first new one', await tab.evaluate(() => [...document.querySelectorAll('#results li a')].indexOf(document.activeElement)) === 24);

@@ -10,6 +10,8 @@ constexpr qsizetype ShortestName = 60;  // whatever stands behind it
 constexpr qsizetype LongestCompany = 60;
 constexpr qsizetype LongestPart = 260;
 constexpr qsizetype LongestExcerpt = 155;
+// So many products a search engine is told of a page.
+constexpr std::size_t NamesInDescription = 3;
 
 // Cut at a word, so that it stays readable, and never within a character.
 QString Cut(QString text, qsizetype longest) {
@@ -37,6 +39,15 @@ std::string PageTitle(const std::string& text, const std::vector<std::string>& p
 
 std::string CompanyInTitle(const std::string& company) {
   return Cut(QString::fromStdString(company).section(u',', 0, 0).simplified(), LongestCompany).toStdString();
+}
+
+std::string FirstNames(const Site& site, const PlannedList& list, int page) {
+  const std::size_t first = std::size_t(page - 1) * ProductsOnPage;
+  const std::size_t end = std::min(first + NamesInDescription, list.products.size());
+  std::string names;
+  for (std::size_t i = first; i < end; ++i)
+    names += (i == first ? "" : "; ") + site.plan.products[std::size_t(list.products[i])].product->name;
+  return names;
 }
 
 std::string Excerpt(const std::string& text) {

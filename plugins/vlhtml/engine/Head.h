@@ -25,6 +25,8 @@ void TellHead(Fields& fields, const Site& site, const Head& head);
 std::string PageTitle(const std::string& text, const std::vector<std::string>& parts);
 // What a company is called in a title: all before the first comma.
 std::string CompanyInTitle(const std::string& company);
+// The first names on a page of a list, for a description of it.
+std::string FirstNames(const Site& site, const PlannedList& list, int page);
 // The beginning of a text, cut at a word, for where a search engine shows a page.
 std::string Excerpt(const std::string& text);
 

@@ -13,8 +13,15 @@ namespace {
 // From this proportion on a picture takes the whole width; another one stands beside the words.
 constexpr double WideRatio = 1.7;
 
+// The wide picture; where its file is missing, the first highlight's.
+const PublishedPicture* WidePicture(const Site& site) {
+  if (const PublishedPicture* wide = site.pictures.Wide(); wide != nullptr || site.plan.featured.empty())
+    return wide;
+  return &site.pictures.Of(std::size_t(site.plan.featured.front())).front();
+}
+
 void TellHero(Fields& fields, const Site& site) {
-  const PublishedPicture* wide = site.pictures.Wide();
+  const PublishedPicture* wide = WidePicture(site);
   fields.GroupIf(wide != nullptr, "hero", [&](Fields& hero) {
     TellPicture(hero, *wide);
     hero.Flag("wide", wide->size.width() > wide->size.height() * WideRatio);
@@ -28,7 +35,35 @@ void TellHero(Fields& fields, const Site& site) {
   });
 }
 
-// The first filter's values, each with a picture of one of its products where most of them have one.
+// Those on the first page, and whether the owner chose them. Others that it shows are not in the wide picture
+// too.
+std::vector<int> Featured(const Site& site, bool isChosen) {
+  std::vector<int> featured = site.plan.featured;
+  const PublishedPicture* wide = WidePicture(site);
+  if (isChosen || wide == nullptr || featured.size() < 2) return featured;
+  featured.erase(std::remove_if(featured.begin(), featured.end(),
+                                [&](int product) {
+                                  return site.pictures.Of(std::size_t(product)).front().file == wide->file;
+                                }),
+                 featured.end());
+  return featured.empty() ? site.plan.featured : featured;
+}
+
+bool HasPicture(const Site& site, int product) { return !site.pictures.Of(std::size_t(product)).empty(); }
+
+// A product with a picture, one that the page does not show elsewhere if there is one; -1 for none.
+int Pictured(const Site& site, const PlannedList& list) {
+  int pictured = -1;
+  for (const int product : list.products) {
+    if (!HasPicture(site, product)) continue;
+    const auto& featured = site.plan.featured;
+    if (std::find(featured.begin(), featured.end(), product) == featured.end()) return product;
+    if (pictured < 0) pictured = product;
+  }
+  return pictured;
+}
+
+// The first filter's values, each with a picture of one of its products where at least half have one.
 void TellTiles(Fields& fields, const Site& site) {
   const SitePlan& plan = site.plan;
   fields.GroupIf(!plan.groups.empty(), "tiles", [&](Fields& tiles) {
@@ -39,16 +74,24 @@ void TellTiles(Fields& fields, const Site& site) {
     tiles.List("values", shown.size(), [&](Fields& value, std::size_t i) {
       const PlannedList& list = plan.filters[std::size_t(shown[i])];
       TellValue(value, site, list);
-      const auto first = std::find_if(list.products.begin(), list.products.end(), [&](int product) {
-        return !site.pictures.Of(std::size_t(product)).empty();
-      });
-      pictured += first != list.products.end() ? 1 : 0;
-      value.GroupIf(first != list.products.end(), "picture", [&](Fields& picture) {
-        TellPicture(picture, site.pictures.Of(std::size_t(*first)).front());
+      const int product = Pictured(site, list);
+      if (product >= 0) ++pictured;
+      value.GroupIf(product >= 0, "picture", [&](Fields& picture) {
+        TellPicture(picture, site.pictures.Of(std::size_t(product)).front());
       });
     });
-    tiles.Flag("pictured", pictured * 2 >= shown.size() && pictured > 0);
+    tiles.Flag("pictured", pictured > 0 && pictured * 2 >= shown.size());
   });
+}
+
+std::string Description(const Site& site) {
+  const CatalogSnapshot& catalog = site.Catalog();
+  if (!catalog.subtitle.empty() && !catalog.information.empty())
+    return catalog.subtitle + ". " + catalog.information;
+  if (!(catalog.subtitle + catalog.information).empty() || site.plan.products.empty())
+    return catalog.subtitle + catalog.information;
+  return site.words.Counted("product", int(site.plan.products.size())) + " – " +
+         FirstNames(site, site.plan.all, 1);
 }
 
 void TellAlternates(Fields& fields, const Site& site) {
@@ -73,23 +116,25 @@ void TellHome(Fields& fields, const Site& site) {
   const CatalogSnapshot& catalog = site.Catalog();
   const SitePlan& plan = site.plan;
   const bool named = catalog.company.empty() || site.Title().find(catalog.company) != std::string::npos;
-  Head head{PageTitle(site.Title(), {named ? std::string() : CompanyInTitle(catalog.company)}),
-            !catalog.subtitle.empty() && !catalog.information.empty()
-                ? catalog.subtitle + ". " + catalog.information
-                : catalog.subtitle + catalog.information,
-            QStringLiteral("index.html"),
-            "website",
-            site.pictures.Wide(),
-            {},
-            {}};
+  Head head;
+  head.title = PageTitle(site.Title(), {named ? std::string() : CompanyInTitle(catalog.company)});
+  head.description = Description(site);
+  head.file = QStringLiteral("index.html");
+  head.picture = WidePicture(site);
+  head.shared = site.Title();
   if (!catalog.company.empty()) head.data.append(CompanyData(site));
   TellHead(fields, site, head);
   TellAlternates(fields, site);
   fields.Flag("isHome", true);
   TellHero(fields, site);
   TellTiles(fields, site);
-  fields.GroupIf(!plan.featured.empty(), "featured",
-                 [&](Fields& featured) { TellCards(featured, site, plan.featured, 0); });
+  fields.Flag("hasProducts", !plan.products.empty());
+  fields.GroupIf(!plan.featured.empty(), "featured", [&](Fields& featured) {
+    const auto& chosen = catalog.highlights;
+    const bool isChosen = std::find(chosen.begin(), chosen.end(), plan.featured.front()) != chosen.end();
+    featured.Text("heading", site.words.Text(isChosen ? "featured" : "fromCatalog"));
+    TellCards(featured, site, Featured(site, isChosen), 0);
+  });
   // Where no product has a picture, the first ones stand in rows.
   const std::size_t rows = plan.featured.empty() ? std::min(plan.all.products.size(), ValuesAtOnce) : 0;
   fields.GroupIf(rows > 0, "some", [&](Fields& some) {

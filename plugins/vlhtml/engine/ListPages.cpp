@@ -13,8 +13,6 @@ namespace {
 constexpr std::size_t EagerCards = 4;
 // From this number on, values stand under their first letters.
 constexpr std::size_t LettersFrom = 40;
-// So many products a search engine is told of a page.
-constexpr std::size_t NamesInDescription = 3;
 
 // The pages that are linked: the first, the last, and those beside this one; 0 stands for a gap. What a gap
 // of one page would hide stands there itself.
@@ -48,15 +46,6 @@ void TellPageLinks(Fields& fields, const Site& site, const PlannedList& list, in
   fields.GroupIf(page < list.Pages(), "next", [&](Fields& other) { other.Text("file", link(page + 1)); });
 }
 
-std::string FirstNames(const Site& site, const PlannedList& list, int page) {
-  const std::size_t first = std::size_t(page - 1) * ProductsOnPage;
-  const std::size_t end = std::min(first + NamesInDescription, list.products.size());
-  std::string names;
-  for (std::size_t i = first; i < end; ++i)
-    names += (i == first ? "" : "; ") + site.plan.products[std::size_t(list.products[i])].product->name;
-  return names;
-}
-
 void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int page,
                   const std::string& filter) {
   const std::string title = list.title.toStdString();
@@ -67,8 +56,9 @@ void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int
       list.namesakes > 0 ? " (" + std::to_string(list.namesakes + 1) + ')' : std::string();
   head.title = PageTitle(
       title, {filter + twin, list.Pages() > 1 ? pageOf : std::string(), CompanyInTitle(site.Brand())});
-  head.description = (filter.empty() ? std::string() : filter + ": ") + title + " – " +
-                     (list.Pages() > 1 ? pageOf + ": " : std::string()) + FirstNames(site, list, page);
+  head.shared = (filter.empty() ? std::string() : filter + ": ") + title;
+  head.description =
+      head.shared + " – " + (list.Pages() > 1 ? pageOf + ": " : std::string()) + FirstNames(site, list, page);
   head.file = list.PageFile(page);
   std::vector<std::pair<std::string, QString>> steps{
       {site.words.Text("home"), QStringLiteral("index.html")},
@@ -99,9 +89,11 @@ void TellList(Fields& fields, const Site& site, const PlannedList& list, int pag
   fields.Text("browseBy", site.words.Text("browseBy", {{"name", filter}}));
   const int first = (page - 1) * ProductsOnPage;
   const int end = std::min(first + ProductsOnPage, int(list.products.size()));
-  fields.Text("range", site.words.Text("range", {{"from", site.words.Number(first + 1)},
-                                                 {"to", site.words.Number(end)},
-                                                 {"total", site.words.Number(int(list.products.size()))}}));
+  const int count = int(list.products.size());
+  fields.Text("range", list.Pages() == 1 ? site.words.Counted("product", count)
+                                         : site.words.Text("range", {{"from", site.words.Number(first + 1)},
+                                                                     {"to", site.words.Number(end)},
+                                                                     {"total", site.words.Number(count)}}));
   fields.Flag("rows", list.rows);
   TellCards(fields, site, {list.products.begin() + first, list.products.begin() + end}, EagerCards);
   fields.Flag("empty", list.products.empty());
@@ -124,6 +116,8 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
     if (letters.empty() || letters.back().text != letter) letters.push_back({letter, {}});
     letters.back().lists.push_back(list);
   }
+  // One letter that all have tells nothing.
+  if (letters.size() == 1) letters.front().text.clear();
   const std::string total = site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}});
   TellHead(fields, site,
            {PageTitle(group.name, {site.words.Text("allValues"), CompanyInTitle(site.Brand())}),

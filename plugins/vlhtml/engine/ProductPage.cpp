@@ -8,6 +8,23 @@
 namespace vlhtml {
 namespace {
 
+// The product in a few words: what it costs, what it is, and what it has.
+std::string Summary(const Site& site, const PlannedProduct& planned) {
+  constexpr std::size_t Enough = 200;
+  const Product& told = *planned.product;
+  std::string summary = planned.price.empty() ? std::string() : planned.price + " – ";
+  summary += told.description.empty() ? told.code.toStdString() : told.description;
+  const auto add = [&](const std::string& name, const std::string& value) {
+    if (summary.size() < Enough && !value.empty()) summary += " · " + name + ": " + value;
+  };
+  for (std::size_t i = 0; i < told.filters.size(); ++i)
+    if (const auto found = site.plan.filterList.constFind(told.filters[i]);
+        found != site.plan.filterList.constEnd())
+      add(site.Catalog().filterNames[i], site.plan.filters[std::size_t(*found)].title.toStdString());
+  for (const auto& feature : told.features) add(feature.name, feature.value);
+  return summary;
+}
+
 void TellProductHead(Fields& fields, const Site& site, int product, const PlannedList* parent) {
   const PlannedProduct& planned = site.plan.products[std::size_t(product)];
   const Product& told = *planned.product;
@@ -15,8 +32,7 @@ void TellProductHead(Fields& fields, const Site& site, int product, const Planne
   Head head;
   head.title = PageTitle(told.name, {code == told.name ? std::string() : code, CompanyInTitle(site.Brand())});
   head.shared = told.name;
-  head.description = told.description.empty() ? code : told.description;
-  if (!planned.price.empty()) head.description = planned.price + " – " + head.description;
+  head.description = Summary(site, planned);
   head.file = planned.file;
   head.type = "product";
   if (const auto& pictures = site.pictures.Of(std::size_t(product)); !pictures.empty())
@@ -38,10 +54,10 @@ std::string HeadFrom(const Site& site, int product, const PlannedList* parent) {
   std::string from;
   const auto add = [&](const std::string& text) { from += std::to_string(text.size()) + ':' + text; };
   for (const std::string& text :
-       {told.name, told.description, told.code.toStdString(), told.price, planned.price,
-        planned.file.toStdString(), site.plan.price.Amount(told.price), site.plan.price.Currency(told.price),
-        site.Brand(), site.Address(), site.words.Text("home"), site.words.Text("products"),
-        site.plan.all.PageFile(1).toStdString()})
+       {told.name, told.description, Summary(site, planned), told.code.toStdString(), told.price,
+        planned.price, planned.file.toStdString(), site.plan.price.Amount(told.price),
+        site.plan.price.Currency(told.price), site.Brand(), site.Address(), site.words.Text("home"),
+        site.words.Text("products"), site.plan.all.PageFile(1).toStdString()})
     add(text);
   if (parent != nullptr) add(parent->title.toStdString());
   if (parent != nullptr) add(parent->PageFile(1).toStdString());
@@ -122,6 +138,7 @@ void TellOthers(Fields& fields, const Site& site, int product, const PlannedList
   fields.GroupIf(!sisters.empty(), "sister", [&](Fields& group) {
     group.Text("title", site.words.Text("alsoIn", {{"value", parent->title.toStdString()}}));
     group.Text("file", site.Link(parent->PageFile(1)));
+    group.Flag("fourInRow", true);
     TellCards(group, site, sisters, 0);
   });
   const int count = int(site.plan.products.size());

@@ -14,8 +14,8 @@ constexpr std::size_t ShortestText = 80;
 constexpr std::size_t LongestText = 1500;
 
 // What search.js says.
-constexpr std::array WordsOfSearch = {"all",           "clear",    "filters",   "foundMany", "foundNone",
-                                      "foundNoneHint", "foundOne", "showFound", "showMore"};
+constexpr std::array WordsOfSearch = {"searchFor", "all",           "clear",    "filters",   "foundMany",
+                                      "foundNone", "foundNoneHint", "foundOne", "showFound", "showMore"};
 
 // Whatever a script, or a page that it were put into, may take for its end is written as an escape.
 void AddText(std::string& script, std::string_view text) {

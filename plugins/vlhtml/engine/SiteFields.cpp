@@ -121,6 +121,7 @@ void TellSite(Fields& fields, const Site& site) {
 void TellNotFound(Fields& fields, const Site& site) {
   TellMessage(fields, site, "notFound", "notFoundText");
   fields.TextIf("root", site.Address());
+  fields.Flag("hasProducts", !site.plan.products.empty());
 }
 
 void TellNotInPreview(Fields& fields, const Site& site) {

@@ -16,6 +16,8 @@
   const own = filterBox?.dataset.filter; // on a filter value's own page
   const results = own ? null : byId('results'); // they take the place of the list of all products
   const products = form.getAttribute('action');
+  const heading = document.querySelector('main > h1');
+  const [listHeading, listTitle] = [heading?.textContent, document.title];
 
   const isWide = window.matchMedia('(min-width: 40rem)');
   let index; // once it has come
@@ -165,7 +167,20 @@
   }
 
   function showList(visible) {
-    for (const id of ['list', 'browse']) if (byId(id)) byId(id).hidden = !visible;
+    byId('list').hidden = !visible;
+    if (visible) head(listHeading, listTitle);
+  }
+
+  function head(text, title) {
+    heading.textContent = text;
+    document.title = title;
+  }
+
+  function headOfFound() {
+    const values = Object.values(chosen).filter(Boolean).join(', ');
+    const text = query.trim() ? index.words.searchFor.replace('{q}', () => query.trim()) : values;
+    const site = document.querySelector('meta[property="og:site_name"]')?.content;
+    head(text, site ? `${text} – ${site}` : text);
   }
 
   // Selects of all filters, each value with what would remain.
@@ -175,7 +190,7 @@
       for (const row of found) if (row.values[n] && has(row, n)) counts.set(row.values[n], (counts.get(row.values[n]) || 0) + 1);
       const select = make('select', { name: `f${n}` }, make('option', { value: '' }, index.words.all),
         ...values.filter((value) => counts.has(value) || value === chosen[n])
-          .map((value) => make('option', { value }, `${value} (${number(counts.get(value) || 0)})`)));
+          .map((value) => make('option', { value }, value === chosen[n] ? value : `${value} (${number(counts.get(value) || 0)})`)));
       select.value = chosen[n] || '';
       return make('label', {}, make('span', { dir: 'auto' }, name), select);
     });
@@ -212,9 +227,10 @@
       cards.children[shown - step].querySelector('a').focus();
     };
     count();
-    const head = make('p', { className: 'found' }, make('strong', {}, counted(found.length)), ' ',
+    headOfFound();
+    const line = make('p', { className: 'found' }, make('strong', {}, counted(found.length)), ' ',
       make('button', { type: 'button', className: 'clear', onclick: clear }, index.words.clear));
-    results.replaceChildren(head, ...(found.length ? [cards, more] : [make('p', {}, index.words.foundNoneHint)]));
+    results.replaceChildren(line, ...(found.length ? [cards, more] : [make('p', {}, index.words.foundNoneHint)]));
     tell(counted(found.length));
   }
 
@@ -257,7 +273,8 @@
     const place = results || hits;
     place.replaceChildren(make('p', { role: 'alert' }, form.dataset.failed || ''));
     place.hidden = false;
-    showList(true);
+    if (results) showList(true);
+    if (byId('browse')) byId('browse').hidden = false;
   }
 
   const withIndex = (action) => load().then(action, failed);
@@ -332,6 +349,8 @@
 
   form.hidden = false;
   if (results) {
+    // The filters here narrow by several values at once; those of the list are for readers without scripts.
+    if (filterBox && byId('browse')) byId('browse').hidden = true;
     window.addEventListener('popstate', arrive);
     arrive();
   }
