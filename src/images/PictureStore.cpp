@@ -87,7 +87,9 @@ QString ProfilePictures() {
 
 QString PicturesIn(const QString& folder) { return QDir::toNativeSeparators(folder + u"/Images/"_qs); }
 
-QString FolderOfDatabase(const Connection& connection) { return QFileInfo(connection.DataSource()).absolutePath(); }
+QString FolderOfDatabase(const Connection& connection) {
+  return QFileInfo(connection.DataSource()).absolutePath();
+}
 
 }  // namespace
 
