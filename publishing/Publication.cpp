@@ -239,6 +239,10 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
       inputs_.clear();
       report.notes += {VorlinaNote::Kind::Other, {}, left.arg(QDir::toNativeSeparators(file))};
     }
+    staging_.Clear([&](int done, int all) {
+      progress.Report(done, all,
+                      Told(italian_, "Eliminazione dei file di prima", "Deleting the former files"));
+    });
   }
   report.complete = true;
   return report;

@@ -1,11 +1,13 @@
 #include "Staging.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 #include <filesystem>
 
+#include "Crew.h"
 #include "PublishError.h"
 #include "SiteSwap.h"
 
@@ -211,6 +213,21 @@ QStringList Staging::Swap(const Manifest& coming) {
   SiteSwap swap(target_, staging_, italian_);
   swap.Begin(Former(), coming);
   return swap.Run(Former(), coming);
+}
+
+void Staging::Clear(const std::function<void(int, int)>& report) {
+  if (staging_.isEmpty() || SiteSwap(target_, staging_, italian_).IsBegun()) return;
+  QStringList files;
+  QDirIterator entries(staging_, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+  while (entries.hasNext()) files += entries.next();
+  const auto begin = [&files]() -> Work {
+    return [&files](std::size_t i) { QFile::remove(files.at(qsizetype(i))); };
+  };
+  // The site stands: a wish to stop comes too late.
+  DoTogether(std::size_t(files.size()), begin, [&](int done) {
+    report(done, int(files.size()));
+    return true;
+  });
 }
 
 }  // namespace publishing

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -59,6 +60,9 @@ class Staging {
   // Puts the site in place, or leaves the former one and throws std::runtime_error. Gives the files that are
   // no part of the site any more and could not be deleted.
   QStringList Swap(const Manifest& coming);
+  // Deletes what the swap put away, on several threads, while this one reports how many of how many files are
+  // gone: on some disks it takes longer than writing did. What cannot be deleted goes with this object.
+  void Clear(const std::function<void(int, int)>& report);
 
  private:
   void Recover(const QString& place);
