@@ -29,8 +29,8 @@ void Fields::Mix(std::uint64_t number) {
   tree_.hash ^= tree_.hash >> 29;
 }
 
-void Fields::Later(std::string_view from, std::function<void(Fields&)> tell) {
-  Mix(Fingerprint(from));
+void Fields::Later(std::uint64_t from, std::function<void(Fields&)> tell) {
+  Mix(from);
   left_.push_back({group_, std::move(tell)});
 }
 

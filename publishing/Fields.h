@@ -74,9 +74,9 @@ class Fields {
   void GroupIf(bool condition, FieldName name, const Tell& tell) {
     condition ? Group(name, tell) : Flag(name, false);
   }
-  // What is told here follows from these bytes alone: they are hashed in its place, and it is told when the
-  // page is made, if it is. Only for what takes long.
-  void Later(std::string_view from, std::function<void(Fields&)> tell);
+  // What is told here follows from what has this fingerprint alone: that is hashed in its place, and it is
+  // told when the page is made, if it is. Only for what takes long.
+  void Later(std::uint64_t from, std::function<void(Fields&)> tell);
   // Tells what was left for later. To be called before the tree is shown.
   void Complete();
 

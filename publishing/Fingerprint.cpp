@@ -7,6 +7,8 @@
 namespace publishing {
 namespace {
 
+constexpr std::uint64_t Factor = 0x9e3779b97f4a7c15;
+
 // Up to this size all of a file is read; pages are smaller, pictures often larger.
 constexpr qint64 ReadWhole = 64 * 1024;
 constexpr qint64 Sample = 4 * 1024;
@@ -16,7 +18,6 @@ constexpr qint64 Samples(qint64 size, int number) { return (size - Sample) / 2 *
 }  // namespace
 
 std::uint64_t Fingerprint(std::string_view bytes) {
-  constexpr std::uint64_t Factor = 0x9e3779b97f4a7c15;
   std::uint64_t sum = bytes.size() * Factor + 1;
   const auto take = [&](std::size_t at, std::size_t length) {
     std::uint64_t piece = 0;
@@ -28,6 +29,16 @@ std::uint64_t Fingerprint(std::string_view bytes) {
   for (; at + sizeof sum <= bytes.size(); at += sizeof sum) take(at, sizeof sum);
   take(at, bytes.size() - at);
   return sum;
+}
+
+void FingerprintOfMany::Add(std::uint64_t number) {
+  value_ = (value_ ^ number) * Factor;
+  value_ ^= value_ >> 29;
+}
+
+// As it lies in memory, which takes no time.
+void FingerprintOfMany::Add(const QString& text) {
+  Add(std::string_view(reinterpret_cast<const char*>(text.utf16()), std::size_t(text.size()) * 2));
 }
 
 FileFingerprint FingerprintOf(std::string_view content) {

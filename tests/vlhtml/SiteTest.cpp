@@ -65,7 +65,7 @@ TEST(PriceTag, SaysOfAPriceWhatIsCertain) {
         {"Price NEUROPEN", "5", false, "5", "Price NEUROPEN", "5", ""}}) {
     const vlhtml::PriceTag tag(name, comma);
     EXPECT_EQ(tag.Text(value), text);
-    EXPECT_EQ(tag.Label(value), label) << value;
+    EXPECT_EQ(tag.Label(value, tag.Text(value)), label) << value;
     EXPECT_EQ(tag.Amount(value), amount) << value;
     EXPECT_EQ(tag.Currency(value), currency) << name << ' ' << value;
   }

@@ -73,7 +73,7 @@ void TellTiles(Fields& fields, const Site& site) {
     std::size_t pictured = 0;
     tiles.List("values", shown.size(), [&](Fields& value, std::size_t i) {
       const PlannedList& list = plan.filters[std::size_t(shown[i])];
-      TellValue(value, site, list);
+      TellValue(value, site, shown[i]);
       const int product = Pictured(site, list);
       if (product >= 0) ++pictured;
       value.GroupIf(product >= 0, "picture", [&](Fields& picture) {

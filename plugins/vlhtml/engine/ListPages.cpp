@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Fingerprint.h"
 #include "Head.h"
 #include "PageParts.h"
 #include "StructuredData.h"
@@ -46,9 +47,21 @@ void TellPageLinks(Fields& fields, const Site& site, const PlannedList& list, in
   fields.GroupIf(page < list.Pages(), "next", [&](Fields& other) { other.Text("file", link(page + 1)); });
 }
 
+// All that the head is made from.
+std::uint64_t HeadFrom(const Site& site, const PlannedList& list, int page, const std::string& filter) {
+  FingerprintOfMany from;
+  from.Add(site.once.headsFrom);
+  from.Add(filter);
+  from.Add(list.text);
+  from.Add(list.firstFile);
+  for (const int number : {page, list.Pages(), list.namesakes}) from.Add(std::uint64_t(number));
+  from.Add(FirstNames(site, list, page));
+  return from.Value();
+}
+
 void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int page,
                   const std::string& filter) {
-  const std::string title = list.title.toStdString();
+  const std::string& title = list.text;
   const std::string pageOf =
       site.words.Text("pageOf", {{"n", site.words.Number(page)}, {"total", site.words.Number(list.Pages())}});
   Head head;
@@ -81,9 +94,11 @@ void TellList(Fields& fields, const Site& site, const PlannedList& list, int pag
   const auto group = std::find_if(plan.groups.begin(), plan.groups.end(),
                                   [&](const PlannedFilter& filter) { return filter.number == list.filter; });
   const std::string filter = group == plan.groups.end() ? std::string() : group->name;
-  TellListHead(fields, site, list, page, filter);
+  fields.Later(HeadFrom(site, list, page, filter), [&site, &list, page, filter](Fields& later) {
+    TellListHead(later, site, list, page, filter);
+  });
   fields.Flag("isProducts", list.filter == 0 && page == 1);
-  fields.Text("heading", list.title.toStdString());
+  fields.Text("heading", list.text);
   fields.TextIf("filterName", filter);
   fields.TextIf("filterNumber", list.filter > 0 ? std::to_string(list.filter) : std::string());
   fields.Text("browseBy", site.words.Text("browseBy", {{"name", filter}}));
@@ -131,9 +146,8 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
   fields.Text("total", total);
   fields.List("letters", letters.size(), [&](Fields& letter, std::size_t i) {
     letter.TextIf("letter", letters[i].text.toStdString());
-    letter.List("values", letters[i].lists.size(), [&](Fields& value, std::size_t j) {
-      TellValue(value, site, site.plan.filters[std::size_t(letters[i].lists[j])]);
-    });
+    letter.List("values", letters[i].lists.size(),
+                [&](Fields& value, std::size_t j) { TellValue(value, site, letters[i].lists[j]); });
   });
 }
 

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "Contact.h"
+#include "Fingerprint.h"
+
 namespace vlhtml {
 namespace {
 
@@ -43,14 +46,14 @@ void TellPicture(Fields& fields, const PublishedPicture& picture) {
 
 void TellPrice(Fields& fields, const Site& site, const PlannedProduct& product) {
   fields.GroupIf(!product.price.empty(), "price", [&](Fields& price) {
-    price.TextIf("label", site.plan.price.Label(product.product->price));
+    price.TextIf("label", site.plan.price.Label(product.product->price, product.price));
     price.Text("text", product.price);
   });
 }
 
 void TellCards(Fields& fields, const Site& site, const std::vector<int>& products, std::size_t eager) {
   fields.List("cards", products.size(), [&](Fields& card, std::size_t i) {
-    card.Include(site.cards[std::size_t(products[i])]);
+    card.Include(site.once.cards[std::size_t(products[i])]);
     card.Flag("eager", i < eager);
   });
 }
@@ -68,10 +71,12 @@ std::vector<int> ValuesShown(const SitePlan& plan, const PlannedFilter& group, c
   return shown;
 }
 
-void TellValue(Fields& fields, const Site& site, const PlannedList& list) {
-  fields.Text("text", list.title.toStdString());
-  fields.Text("file", site.Link(list.PageFile(1)));
-  fields.Text("count", site.words.Number(int(list.products.size())));
+void TellValue(Fields& fields, const Site& site, int list) {
+  fields.Include(site.once.values[std::size_t(list)]);
+}
+
+void TellSisterHead(Fields& fields, const Site& site, const PlannedList& list) {
+  fields.Include(site.once.sisterHeads[std::size_t(&list - site.plan.filters.data())]);
 }
 
 namespace {
@@ -100,30 +105,65 @@ void TellGroupOf(Fields& fields, const Site& site, const PlannedFilter& group, c
   const std::vector<int> shown = ValuesShown(site.plan, group, current);
   fields.Text("name", group.name);
   fields.List("values", shown.size(), [&](Fields& value, std::size_t i) {
-    const PlannedList& list = site.plan.filters[std::size_t(shown[i])];
-    TellValue(value, site, list);
-    value.Flag("current", &list == current);
+    TellValue(value, site, shown[i]);
+    value.Flag("current", &site.plan.filters[std::size_t(shown[i])] == current);
   });
   fields.TextIf("allFile", group.allFile.isEmpty() ? std::string() : site.Link(group.allFile));
   fields.Text("allText", site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}}));
 }
 
+// Of what the heads of all pages say, each of them besides its own.
+std::uint64_t HeadsFrom(const Site& site) {
+  FingerprintOfMany from;
+  for (const char* word : {"home", "products", "pageOf", "askSubject", "askSubjectCode"})
+    from.Add(site.words.Text(word));
+  for (const std::string& text :
+       {site.words.Language(), site.Brand(), site.Address(), site.plan.all.firstFile, site.once.mail})
+    from.Add(text);
+  for (const std::string& name : site.Catalog().filterNames) from.Add(name);
+  for (const std::string& name : site.Catalog().valueNames) from.Add(name);
+  from.Add(std::uint64_t(site.Catalog().price));
+  return from.Value();
+}
+
+// What the plan's lists are on many pages.
+void TellLists(Site& site, const FieldNames& names) {
+  for (const PlannedList& list : site.plan.filters) {
+    site.once.values.emplace_back(names, [&](Fields& value) {
+      value.Text("text", list.text);
+      value.Text("file", site.Link(list));
+      value.Text("count", site.words.Number(int(list.products.size())));
+    });
+    site.once.sisterHeads.emplace_back(names, [&](Fields& group) {
+      group.Text("title", site.words.Text("alsoIn", {{"value", list.text}}));
+      group.Text("file", site.Link(list));
+      group.Flag("fourInRow", true);
+    });
+  }
+}
+
 }  // namespace
 
 void TellOnce(Site& site, const FieldNames& names) {
+  const CatalogSnapshot& catalog = site.Catalog();
+  site.once.mail = SafeMail(catalog.email);
+  if (!Dialled(catalog.telephone).empty())
+    site.once.call = Unbroken(site.words.Text("call", {{"telephone", catalog.telephone}}));
+  site.once.headsFrom = HeadsFrom(site);
+  TellLists(site, names);
   const bool firstValue = FirstValueShows(site.Catalog());
-  site.cards.reserve(site.plan.products.size());
+  site.once.cards.reserve(site.plan.products.size());
   for (std::size_t i = 0; i < site.plan.products.size(); ++i)
-    site.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i, firstValue); });
+    site.once.cards.emplace_back(names, [&](Fields& card) { TellCard(card, site, i, firstValue); });
   for (const PlannedFilter& group : site.plan.groups)
-    site.groups.emplace_back(names, [&](Fields& fields) { TellGroupOf(fields, site, group, nullptr); });
+    site.once.groups.emplace_back(names, [&](Fields& fields) { TellGroupOf(fields, site, group, nullptr); });
 }
 
 void TellGroup(Fields& fields, const Site& site, const PlannedFilter& group, const PlannedList* current) {
   if (current != nullptr && current->filter == group.number)
     TellGroupOf(fields, site, group, current);
   else
-    fields.Include(site.groups[std::size_t(&group - site.plan.groups.data())]);
+    fields.Include(site.once.groups[std::size_t(&group - site.plan.groups.data())]);
 }
 
 void TellGroups(Fields& fields, const Site& site, const std::vector<const PlannedFilter*>& groups,

@@ -7,7 +7,7 @@
 namespace vlhtml {
 
 void TellPicture(Fields& fields, const PublishedPicture& picture);
-// Tells the site's cards and groups, to be called before anything that shows them.
+// Tells what the site has once for many pages, to be called before anything that shows it.
 void TellOnce(Site& site, const FieldNames& names);
 // Products as lists show them. The pictures of so many stand where a reader looks first, and are not waited
 // with.
@@ -16,8 +16,10 @@ void TellCards(Fields& fields, const Site& site, const std::vector<int>& product
 void TellGroup(Fields& fields, const Site& site, const PlannedFilter& group, const PlannedList* current);
 void TellGroups(Fields& fields, const Site& site, const std::vector<const PlannedFilter*>& groups,
                 const PlannedList* current);
-// One value of a filter.
-void TellValue(Fields& fields, const Site& site, const PlannedList& list);
+// One value of a filter, by its place in the plan's filters.
+void TellValue(Fields& fields, const Site& site, int list);
+// What stands over further products of a filter value.
+void TellSisterHead(Fields& fields, const Site& site, const PlannedList& list);
 // The price under a name; nothing where the product has none.
 void TellPrice(Fields& fields, const Site& site, const PlannedProduct& product);
 // Those of a filter's values that stand beside others, in their order.

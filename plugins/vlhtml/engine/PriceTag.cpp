@@ -91,8 +91,8 @@ std::string PriceTag::Text(const std::string& value) const {
   return isWord ? sign_ + "\u00A0" + value : sign_ + value;
 }
 
-std::string PriceTag::Label(const std::string& value) const {
-  return Text(value) == value ? name_ : bareName_;
+const std::string& PriceTag::Label(const std::string& value, const std::string& shown) const {
+  return shown == value ? name_ : bareName_;
 }
 
 std::string PriceTag::Amount(const std::string& value) const {

@@ -14,8 +14,8 @@ class PriceTag {
   // The text of a price, with the sign of the currency that the name has: "74,00 €", "£74.00". What is no
   // plain number stays as it was typed.
   std::string Text(const std::string& value) const;
-  // The name beside a price, without the sign where the text has it.
-  std::string Label(const std::string& value) const;
+  // The name beside a price as it is shown, without the sign where that has it.
+  const std::string& Label(const std::string& value, const std::string& shown) const;
   // "1250.00"; "" for what is no plain number, or can be read in two ways.
   std::string Amount(const std::string& value) const;
   // The currency's code, such as "EUR", told by the name or the price itself; "" where it is not known.

@@ -1,6 +1,7 @@
 #include "ProductPage.h"
 
 #include "Contact.h"
+#include "Fingerprint.h"
 #include "Head.h"
 #include "PageParts.h"
 #include "StructuredData.h"
@@ -20,7 +21,7 @@ std::string Summary(const Site& site, const PlannedProduct& planned) {
   for (std::size_t i = 0; i < told.filters.size(); ++i)
     if (const auto found = site.plan.filterList.constFind(told.filters[i]);
         found != site.plan.filterList.constEnd())
-      add(site.Catalog().filterNames[i], site.plan.filters[std::size_t(*found)].title.toStdString());
+      add(site.Catalog().filterNames[i], site.plan.filters[std::size_t(*found)].text);
   for (const auto& feature : told.features) add(feature.name, feature.value);
   return summary;
 }
@@ -41,31 +42,36 @@ void TellProductHead(Fields& fields, const Site& site, int product, const Planne
   std::vector<std::pair<std::string, QString>> steps{
       {site.words.Text("home"), QStringLiteral("index.html")},
       {site.words.Text("products"), site.plan.all.PageFile(1)}};
-  if (parent != nullptr) steps.emplace_back(parent->title.toStdString(), parent->PageFile(1));
+  if (parent != nullptr) steps.emplace_back(parent->text, parent->PageFile(1));
   steps.emplace_back(told.name, planned.file);
   if (const QJsonObject path = PathData(site, steps); !path.isEmpty()) head.data.append(path);
   TellHead(fields, site, head);
 }
 
-// All that the head is made from: it takes longer than the rest of the page.
-std::string HeadFrom(const Site& site, int product, const PlannedList* parent) {
+// All that the head and the subject of a question are made from: they take longer than the rest of the page.
+std::uint64_t HeadFrom(const Site& site, int product, const PlannedList* parent) {
   const PlannedProduct& planned = site.plan.products[std::size_t(product)];
   const Product& told = *planned.product;
-  std::string from;
-  const auto add = [&](const std::string& text) { from += std::to_string(text.size()) + ':' + text; };
-  for (const std::string& text :
-       {told.name, told.description, Summary(site, planned), told.code.toStdString(), told.price,
-        planned.price, planned.file.toStdString(), site.plan.price.Amount(told.price),
-        site.plan.price.Currency(told.price), site.Brand(), site.Address(), site.words.Text("home"),
-        site.words.Text("products"), site.plan.all.PageFile(1).toStdString()})
-    add(text);
-  if (parent != nullptr) add(parent->title.toStdString());
-  if (parent != nullptr) add(parent->PageFile(1).toStdString());
-  for (const PublishedPicture& picture : site.pictures.Of(std::size_t(product))) {
-    add(picture.file.toStdString());
-    add(picture.stamp.toStdString());
+  FingerprintOfMany from;
+  from.Add(site.once.headsFrom);
+  from.Add(told.code);
+  from.Add(told.name);
+  from.Add(told.description);
+  from.Add(told.price);
+  from.Add(planned.file);
+  if (parent != nullptr) from.Add(parent->firstFile);
+  for (const int id : told.filters)
+    if (const auto found = site.plan.filterList.constFind(id); found != site.plan.filterList.constEnd())
+      from.Add(site.plan.filters[std::size_t(*found)].text);
+  for (const Feature& feature : told.features) {
+    from.Add(feature.name);
+    from.Add(feature.value);
   }
-  return from;
+  for (const PublishedPicture& picture : site.pictures.Of(std::size_t(product))) {
+    from.Add(picture.file);
+    from.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
+  }
+  return from.Value();
 }
 
 void TellGallery(Fields& fields, const Site& site, int product) {
@@ -90,24 +96,24 @@ void TellGallery(Fields& fields, const Site& site, int product) {
 }
 
 // How a reader asks about the product: nothing where the catalog names no way.
-void TellAsk(Fields& fields, const Site& site, const Product& product) {
-  const std::string mail = SafeMail(site.Catalog().email);
-  const std::string telephone = site.Catalog().telephone;
-  const std::string code = product.code.toStdString();
-  const std::string subject =
-      code == product.name ? site.words.Text("askSubjectCode", {{"code", code}})
-                           : site.words.Text("askSubject", {{"name", Excerpt(product.name)}, {"code", code}});
-  fields.GroupIf(!mail.empty() || !Dialled(telephone).empty(), "ask", [&](Fields& ask) {
-    ask.TextIf("mail", mail.empty() ? std::string() : MailLink(mail, subject));
-    ask.Text("call", Unbroken(site.words.Text("call", {{"telephone", telephone}})));
+void TellAsk(Fields& fields, const Site& site, const Product& product, std::uint64_t from) {
+  fields.GroupIf(!site.once.mail.empty() || !site.once.call.empty(), "ask", [&](Fields& ask) {
+    ask.TextIf("call", site.once.call);
+    ask.Later(from, [&site, &product](Fields& later) {
+      const std::string code = product.code.toStdString();
+      const std::string subject =
+          code == product.name
+              ? site.words.Text("askSubjectCode", {{"code", code}})
+              : site.words.Text("askSubject", {{"name", Excerpt(product.name)}, {"code", code}});
+      later.TextIf("mail", site.once.mail.empty() ? std::string() : MailLink(site.once.mail, subject));
+    });
   });
 }
 
 // The values and filter values that the product has; one with a page of its own leads there.
 void TellDetails(Fields& fields, const Site& site, const Product& product) {
   struct Detail {
-    const std::string& name;
-    std::string value, file;
+    std::string_view name, value, file;
   };
   const CatalogSnapshot& catalog = site.Catalog();
   std::vector<Detail> details;
@@ -118,7 +124,7 @@ void TellDetails(Fields& fields, const Site& site, const Product& product) {
     if (const auto found = site.plan.filterList.constFind(product.filters[i]);
         found != site.plan.filterList.constEnd()) {
       const PlannedList& list = site.plan.filters[std::size_t(*found)];
-      details.push_back({catalog.filterNames[i], list.title.toStdString(), site.Link(list.PageFile(1))});
+      details.push_back({catalog.filterNames[i], list.text, site.Link(list)});
     }
   fields.List("details", details.size(), [&](Fields& detail, std::size_t i) {
     detail.Text("name", details[i].name);
@@ -136,9 +142,7 @@ void TellDetails(Fields& fields, const Site& site, const Product& product) {
 void TellOthers(Fields& fields, const Site& site, int product, const PlannedList* parent) {
   const std::vector<int> sisters = site.plan.SistersOf(product);
   fields.GroupIf(!sisters.empty(), "sister", [&](Fields& group) {
-    group.Text("title", site.words.Text("alsoIn", {{"value", parent->title.toStdString()}}));
-    group.Text("file", site.Link(parent->PageFile(1)));
-    group.Flag("fourInRow", true);
+    TellSisterHead(group, site, *parent);
     TellCards(group, site, sisters, 0);
   });
   const int count = int(site.plan.products.size());
@@ -160,17 +164,18 @@ void TellProduct(Fields& fields, const Site& site, int product) {
   const PlannedProduct& planned = site.plan.products[std::size_t(product)];
   const Product& told = *planned.product;
   const PlannedList* parent = site.plan.FirstList(product);
-  fields.Later(HeadFrom(site, product, parent),
+  const std::uint64_t from = HeadFrom(site, product, parent);
+  fields.Later(from,
                [&site, product, parent](Fields& later) { TellProductHead(later, site, product, parent); });
   fields.Text("heading", told.name);
   fields.Text("code", told.code.toStdString());
   fields.GroupIf(parent != nullptr, "parent", [&](Fields& link) {
-    link.Text("text", parent->title.toStdString());
-    link.Text("file", site.Link(parent->PageFile(1)));
+    link.Text("text", parent->text);
+    link.Text("file", site.Link(*parent));
   });
   TellGallery(fields, site, product);
   TellPrice(fields, site, planned);
-  TellAsk(fields, site, told);
+  TellAsk(fields, site, told, from);
   fields.List("paragraphs", told.paragraphs.size(),
               [&](Fields& paragraph, std::size_t i) { paragraph.Text("text", told.paragraphs[i]); });
   TellDetails(fields, site, told);

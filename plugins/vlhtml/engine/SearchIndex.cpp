@@ -21,8 +21,15 @@ constexpr std::array WordsOfSearch = {"searchFor", "all",           "clear",    
 void AddText(std::string& script, std::string_view text) {
   static constexpr char Digits[] = "0123456789abcdef";
   script += '"';
+  std::size_t plain = 0;  // from here on all stand as they are
+  const auto isPlain = [](char c) {
+    return static_cast<unsigned char>(c) >= 0x20 && c != '<' && c != '>' && c != '&' && c != '"' &&
+           c != '\\' && c != '\xE2';
+  };
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
+    if (isPlain(c)) continue;
+    script.append(text.substr(plain, i - plain));
     const auto byte = static_cast<unsigned char>(c);
     const bool isLineEnd = text.substr(i, 2) == "\xE2\x80" &&
                            (text.substr(i, 3) == "\xE2\x80\xA8" || text.substr(i, 3) == "\xE2\x80\xA9");
@@ -39,7 +46,9 @@ void AddText(std::string& script, std::string_view text) {
     } else {
       script += c;
     }
+    plain = i + 1;
   }
+  script.append(text.substr(plain));
   script += '"';
 }
 
@@ -91,16 +100,11 @@ class FilterColumn {
  public:
   FilterColumn(const CatalogSnapshot& catalog, std::size_t filter, const std::vector<SearchHit>& hits)
       : filter_(filter), name_(catalog.filterNames[filter]) {
-    QHash<int, QString> texts;
-    for (const FilterValue& value : catalog.filterValues)
-      if (value.filter == int(filter) + 1) texts.insert(value.id, value.text);
-    QSet<QString> used;
-    for (const SearchHit& hit : hits)
-      if (const auto text = texts.constFind(hit.product->filters[filter]); text != texts.constEnd())
-        used.insert(*text);
+    QSet<int> having;
+    for (const SearchHit& hit : hits) having.insert(hit.product->filters[filter]);
     QHash<QString, int> places;
     for (const FilterValue& value : catalog.filterValues) {
-      if (value.filter != int(filter) + 1 || !used.contains(value.text)) continue;
+      if (value.filter != int(filter) + 1 || !having.contains(value.id)) continue;
       if (!places.contains(value.text)) {
         values_ += value.text;
         places.insert(value.text, int(values_.size()));

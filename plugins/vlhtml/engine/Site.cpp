@@ -14,10 +14,19 @@ std::string Site::Address() const {
   return address;
 }
 
+const std::string& Site::NotInPreview() const {
+  static const std::string message = "preview.html", home = "index.html";
+  return hasMessages ? message : home;
+}
+
 std::string Site::Link(const QString& file) const {
   const auto shown = [&](int product) { return plan.products[std::size_t(product)].file == file; };
   if (plan.previewed < 0 || file == u"index.html" || shown(plan.previewed)) return file.toStdString();
-  return hasMessages ? "preview.html" : "index.html";
+  return NotInPreview();
+}
+
+const std::string& Site::Link(const PlannedList& list) const {
+  return plan.previewed < 0 ? list.firstFile : NotInPreview();
 }
 
 }  // namespace vlhtml

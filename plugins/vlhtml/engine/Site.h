@@ -6,6 +6,7 @@
 #include <VorlinaJob.h>
 
 #include <QString>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,16 @@
 
 namespace vlhtml {
 
+// What stands on many pages.
+struct ToldOnce {
+  std::vector<Fragment> cards;                // of the plan's products
+  std::vector<Fragment> groups;               // the plan's, on pages that are not of one of their values
+  std::vector<Fragment> values, sisterHeads;  // the plan's filters: as one value of several, and over sisters
+  std::string mail;                           // where readers ask about a product; "" where they cannot
+  std::string call;                           // the words for calling; "" where there is no telephone
+  std::uint64_t headsFrom = 0;                // the fingerprint of what the heads of all pages are made from
+};
+
 struct Site {
   const SitePlan& plan;
   const PublishedPictures& pictures;
@@ -25,9 +36,7 @@ struct Site {
   bool hasSearch = false;    // there are "search.js" and its index
   bool hasMessages = false;  // the skin has pages that only say something
 
-  // What stands on many pages, told once: the cards of all products, and the plan's groups as they stand on
-  // pages that are not of one of their values.
-  std::vector<Fragment> cards, groups;
+  ToldOnce once;
 
   const CatalogSnapshot& Catalog() const { return *plan.catalog; }
   // The site's own name: its title, or the name by which its owner knows it.
@@ -38,6 +47,11 @@ struct Site {
   std::string Address() const;
   // A file of the site as a page refers to it. In a preview, what is not there leads to a page that says so.
   std::string Link(const QString& file) const;
+  // Its first page.
+  const std::string& Link(const PlannedList& list) const;
+
+ private:
+  const std::string& NotInPreview() const;
 };
 
 }  // namespace vlhtml

@@ -1,8 +1,8 @@
 #include "SiteFiles.h"
 
-#include <QCryptographicHash>
 #include <algorithm>
 
+#include "Fingerprint.h"
 #include "SearchIndex.h"
 #include "Theme.h"
 
@@ -35,8 +35,8 @@ QByteArray IndexOf(const Site& site) {
   return QByteArray::fromStdString(SearchIndex(site.Catalog(), hits, site.words));
 }
 
-QByteArray HashOf(const QByteArray& bytes) {
-  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+QByteArray StampOf(const QByteArray& bytes) {
+  return QByteArray::number(qulonglong(Fingerprint({bytes.constData(), std::size_t(bytes.size())})), 36);
 }
 
 class Adder {
@@ -65,7 +65,7 @@ class Adder {
   }
 
   void AddBytes(const QString& file, const QByteArray& bytes) {
-    publication_.AddMade(file, HashOf(bytes), [bytes] { return bytes; });
+    publication_.AddMade(file, StampOf(bytes), [bytes] { return bytes; });
   }
 
   // All files of a picture are one picture.
@@ -96,7 +96,7 @@ class Adder {
     if (site_.hasTheme) AddBytes(QStringLiteral("theme.css"), ThemeOf(site_.profile));
     // It is large, and is not kept until it may be needed.
     if (site_.hasSearch)
-      publication_.AddMade(QStringLiteral("search-index.js"), HashOf(IndexOf(site_)),
+      publication_.AddMade(QStringLiteral("search-index.js"), StampOf(IndexOf(site_)),
                            [site = &site_] { return IndexOf(*site); });
   }
 

@@ -28,6 +28,13 @@ std::vector<std::size_t> ByAge(const Things& things, IdOf idOf) {
 
 }  // namespace
 
+PlannedList::PlannedList(QString titled, int ofFilter, QString named)
+    : title(std::move(titled)),
+      text(title.toStdString()),
+      filter(ofFilter),
+      file(std::move(named)),
+      firstFile(PageFile(1).toStdString()) {}
+
 // The number of a page follows a sign that no text has in its name, but for the list of all products.
 QString PlannedList::PageFile(int page) const {
   const QString number = QLatin1Char(filter == 0 ? '-' : '_') + QString::number(page);
@@ -37,9 +44,8 @@ QString PlannedList::PageFile(int page) const {
 SitePlan::SitePlan(const CatalogSnapshot& snapshot, const Words& words, bool preview, bool moreValues)
     : catalog(&snapshot),
       price(snapshot.price > 0 ? snapshot.valueNames[std::size_t(snapshot.price) - 1] : std::string(),
-            words.Language() != "en") {
-  all.title = QString::fromStdString(words.Text("allProducts"));
-  all.file = QStringLiteral("products");
+            words.Language() != "en"),
+      all(QString::fromStdString(words.Text("allProducts")), 0, QStringLiteral("products")) {
   NameProducts();
   PlanFilters(moreValues);
   ChooseFeatured();
@@ -89,8 +95,9 @@ void SitePlan::PlanFilters(bool moreValues) {
     const auto namesakes = std::count_if(filters.begin(), filters.end(), [&](const PlannedList& other) {
       return other.filter == value.filter && other.title == value.text;
     });
-    filters.push_back(
-        {value.text, value.filter, files[value.id], std::move(having[value.id]), false, int(namesakes)});
+    PlannedList& list = filters.emplace_back(value.text, value.filter, files[value.id]);
+    list.products = std::move(having[value.id]);
+    list.namesakes = int(namesakes);
   }
   for (PlannedFilter& group : groups)
     if (moreValues && group.lists.size() > ValuesAtOnce)

@@ -34,12 +34,15 @@ struct PlannedProduct {
 // A list of products over several pages: the whole catalog, or one filter value.
 struct PlannedList {
   QString title;
+  std::string text;           // the title, as pages have it
   int filter = 0;             // 0 for the whole catalog
   QString file;               // name of the first page, without ".html"
+  std::string firstFile;      // its whole name
   std::vector<int> products;  // by position
   bool rows = false;          // few of them have a picture
   int namesakes = 0;          // how many lists before it have its title, in the same filter
 
+  PlannedList(QString title, int filter, QString file);
   int Pages() const { return std::max(1, (int(products.size()) + ProductsOnPage - 1) / ProductsOnPage); }
   QString PageFile(int page) const;  // counted from 1
 };

@@ -114,7 +114,7 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   const std::unique_ptr<PublishedPictures> pictures = looking.get();
   if (!pictures->Prepare(*host_.pictures, progress)) return {};
   plan.SetPictures(*pictures);
-  report = Make({plan, *pictures, words, job.profile, false, false, false, {}, {}}, skin, publication,
+  report = Make({plan, *pictures, words, job.profile, false, false, false, {}}, skin, publication,
                 hasTime ? std::function<void()>([] {}) : readFeatures, progress);
   if (!report.complete) return report;
   report.notes = catalog.notes + pictures->Notes() + report.notes;
