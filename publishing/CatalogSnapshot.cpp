@@ -4,7 +4,9 @@
 #include <VorlinaNames.h>
 #include <VorlinaPrice.h>
 
+#include <QCollator>
 #include <QSet>
+#include <algorithm>
 #include <stdexcept>
 
 #include "Description.h"
@@ -63,16 +65,27 @@ void ReadCatalog(IVorlinaConnection& connection, const VorlinaJob& job, bool ita
   ReadNames(*row, profile, catalog);
 }
 
-void ReadFilterValues(IVorlinaConnection& connection, int id, CatalogSnapshot& catalog) {
+// In the order in which readers of the language look for them, whoever publishes.
+void Sort(std::vector<FilterValue>& values, const QString& language) {
+  QCollator collator{QLocale(language)};
+  collator.setCaseSensitivity(Qt::CaseInsensitive);
+  collator.setNumericMode(true);
+  std::stable_sort(values.begin(), values.end(), [&](const FilterValue& a, const FilterValue& b) {
+    return a.filter != b.filter ? a.filter < b.filter : collator.compare(a.text, b.text) < 0;
+  });
+}
+
+void ReadFilterValues(IVorlinaConnection& connection, const VorlinaJob& job, CatalogSnapshot& catalog) {
   const auto rows = connection.Open(
       QStringLiteral("SELECT IDValore,IDNomeFiltro,Valore FROM Filtri WHERE IDCatalogo=? AND Pubblica "
-                     "ORDER BY IDNomeFiltro,Valore COLLATE VORLINA_LOCALE"),
-      {id});
+                     "ORDER BY IDValore"),
+      {job.IDCatalogo});
   while (rows->Next()) {
     const int filter = rows->Value(1).toInt();
     if (filter < 1 || filter > 5 || catalog.filterNames[std::size_t(filter) - 1].empty()) continue;
     catalog.filterValues.push_back({rows->Value(0).toInt(), filter, rows->Value(2).toString()});
   }
+  Sort(catalog.filterValues, job.profile.language);
 }
 
 void Describe(const QVariant& text, Product& product) {
@@ -188,7 +201,7 @@ void Note(bool italian, CatalogSnapshot& catalog) {
 CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, const VorlinaJob& job, bool italian) {
   CatalogSnapshot catalog;
   ReadCatalog(connection, job, italian, catalog);
-  ReadFilterValues(connection, job.IDCatalogo, catalog);
+  ReadFilterValues(connection, job, catalog);
   ReadProducts(connection, job, catalog);
   ReadPictures(connection, job.IDCatalogo, catalog);
   ChooseWidePicture(catalog);

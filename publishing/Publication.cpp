@@ -40,7 +40,7 @@ class Publication::Work {
     QByteArray stamp;  // of what is no page
     std::size_t page = 0;
     QString source;  // of a copy
-    std::function<QByteArray()> make;
+    std::function<std::string()> make;
     QStringList files;  // that came with a page
   };
 
@@ -168,10 +168,7 @@ ManifestEntry Publication::Work::MakeFile(const File& file, const QByteArray& in
   writes_ = true;
   staging_.MakeRoom(file.name);
   if (file.kind == Kind::Copy) return staging_.Copy(file.name, file.source, input);
-  if (file.kind == Kind::Made) {
-    const QByteArray bytes = file.make();
-    return staging_.Write(file.name, {bytes.constData(), std::size_t(bytes.size())}, input);
-  }
+  if (file.kind == Kind::Made) return staging_.Write(file.name, file.make(), input);
   std::string page = maker.Make();
   page += PageMark{key_.Site(), file.files}.ToText(page);
   return staging_.Write(file.name, page, input);
@@ -283,7 +280,7 @@ void Publication::AddPicture(const QString& file, const QString& source, const Q
   AddCopy(file, source, stamp);
 }
 
-void Publication::AddMade(const QString& file, const QByteArray& stamp, std::function<QByteArray()> make) {
+void Publication::AddMade(const QString& file, const QByteArray& stamp, std::function<std::string()> make) {
   work_->Add(Work::Kind::Made, file, stamp).make = std::move(make);
 }
 

@@ -70,7 +70,7 @@ class Publication {
   // The same, counted as one of the publication's pictures.
   void AddPicture(const QString& file, const QString& source, const QByteArray& stamp);
   // A file that is made when it is needed, on any thread. The stamp changes when it would come out otherwise.
-  void AddMade(const QString& file, const QByteArray& stamp, std::function<QByteArray()> make);
+  void AddMade(const QString& file, const QByteArray& stamp, std::function<std::string()> make);
 
   // Makes it all, under a title by which the user knows it. The report has the numbers, and notes of what
   // could not be deleted; it is not complete where the progress asked to stop.

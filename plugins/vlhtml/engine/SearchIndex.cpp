@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t TextsOfAll = 500'000;  // bytes
 constexpr std::size_t ShortestText = 80;
 constexpr std::size_t LongestText = 1500;
+constexpr std::size_t UsualHit = 160;  // bytes in the file
 
 // What search.js says.
 constexpr std::array WordsOfSearch = {"searchFor", "all",           "clear",    "filters",   "foundMany",
@@ -190,7 +191,9 @@ std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<Search
   const std::size_t count = hits.size();
   const std::size_t limit =
       std::clamp(TextsOfAll / std::max<std::size_t>(count, 1), ShortestText, LongestText);
-  std::string script = "vorlinaIndex({\n";
+  std::string script;
+  script.reserve(count * UsualHit);
+  script += "vorlinaIndex({\n";
   AddWords(script, words);
   AddColumn(script, "code", count, [&](std::size_t i) { AddText(script, hits[i].product->code); });
   AddColumn(script, "name", count, [&](std::size_t i) {

@@ -21,8 +21,8 @@ struct SearchHit {
   std::string price;
 };
 
-// The hits are in the order of publication. Of long texts the beginning is taken in, so that the file stays
-// within what a phone fetches gladly, however large the catalog is.
+// The hits are in the order of publication. Of long texts the beginning is taken in, of the more products the
+// less: the texts stay within what a phone fetches gladly, and each product adds its name.
 std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<SearchHit>& hits,
                         const Words& words);
 

@@ -12,7 +12,7 @@ namespace {
 // The most addresses that a sitemap may have.
 constexpr std::size_t LongestSitemap = 50000;
 
-QByteArray Sitemap(const std::string& address, const std::vector<QString>& files) {
+std::string Sitemap(const std::string& address, const std::vector<QString>& files) {
   std::string map =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
       "<urlset xmlns=\"http://www.sitemaps.org/schemas/sitemap/0.9\">\n";
@@ -20,10 +20,10 @@ QByteArray Sitemap(const std::string& address, const std::vector<QString>& files
   for (std::size_t i = 0; i < std::min(files.size(), LongestSitemap); ++i)
     map +=
         "<url><loc>" + escaped + (files[i] == u"index.html" ? "" : files[i].toStdString()) + "</loc></url>\n";
-  return QByteArray::fromStdString(map + "</urlset>\n");
+  return map + "</urlset>\n";
 }
 
-QByteArray IndexOf(const Site& site) {
+std::string IndexOf(const Site& site) {
   std::vector<SearchHit> hits;
   hits.reserve(site.plan.products.size());
   for (std::size_t i = 0; i < site.plan.products.size(); ++i) {
@@ -32,11 +32,11 @@ QByteArray IndexOf(const Site& site) {
                     pictures.empty() ? QString() : pictures.front().sizes.front().jpeg,
                     site.plan.products[i].price});
   }
-  return QByteArray::fromStdString(SearchIndex(site.Catalog(), hits, site.words));
+  return SearchIndex(site.Catalog(), hits, site.words);
 }
 
-QByteArray StampOf(const QByteArray& bytes) {
-  return QByteArray::number(qulonglong(Fingerprint({bytes.constData(), std::size_t(bytes.size())})), 36);
+QByteArray StampOf(const std::string& bytes) {
+  return QByteArray::number(qulonglong(Fingerprint(bytes)), 36);
 }
 
 class Adder {
@@ -64,7 +64,7 @@ class Adder {
     files_.push_back(file);
   }
 
-  void AddBytes(const QString& file, const QByteArray& bytes) {
+  void AddBytes(const QString& file, const std::string& bytes) {
     publication_.AddMade(file, StampOf(bytes), [bytes] { return bytes; });
   }
 
@@ -88,12 +88,12 @@ class Adder {
     if (site_.pictures.Wide() != nullptr) AddPicture(*site_.pictures.Wide());
     for (const PublishedIcon& icon : site_.pictures.Icons())
       publication_.AddMade(icon.file, icon.stamp,
-                           [this_ = &site_.pictures, icon] { return this_->Draw(icon); });
+                           [this_ = &site_.pictures, icon] { return this_->Draw(icon).toStdString(); });
     for (const Skin::File& file : skin_.StaticFiles()) {
       publication_.AddCopy(file.name, skin_.Folder() + u'/' + file.name, file.hash);
       ofSkin_ += file.name;
     }
-    if (site_.hasTheme) AddBytes(QStringLiteral("theme.css"), ThemeOf(site_.profile));
+    if (site_.hasTheme) AddBytes(QStringLiteral("theme.css"), ThemeOf(site_.profile).toStdString());
     // It is large, and is not kept until it may be needed.
     if (site_.hasSearch)
       publication_.AddMade(QStringLiteral("search-index.js"), StampOf(IndexOf(site_)),

@@ -96,9 +96,12 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   if (!progress.Report(
           0, 1, italian ? QStringLiteral("Lettura del catalogo") : QStringLiteral("Reading the catalog")))
     return {};
-  const Skin skin(skinFolder, SiteSkin(), italian);
+  auto loading =
+      std::async(std::launch::async, [&] { return std::make_unique<Skin>(skinFolder, SiteSkin(), italian); });
   const Words words(job.profile.language, WordsFolder(), skinFolder, italian);
   CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
+  const std::unique_ptr<Skin> loaded = loading.get();
+  const Skin& skin = *loaded;
   SitePlan plan(catalog, words, job.preview, skin.Has(std::size_t(PageKind::Values)));
   if (catalog.widePicture.source.isEmpty() && !plan.featured.empty())
     catalog.widePicture = catalog.products[std::size_t(plan.featured.front())].pictures.front();
