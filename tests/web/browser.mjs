@@ -22,11 +22,16 @@ export const launch = () => chromium.launch({
 
 const kinds = { '.html': 'text/html; charset=utf-8', '.css': 'text/css', '.js': 'text/javascript', '.jpg': 'image/jpeg', '.webp': 'image/webp', '.png': 'image/png', '.xml': 'text/xml' };
 
-// Serves a site as a plain host does: "/" is its first page, and what is not there gets its 404.html.
+// The path of the address that the profile of the hostile catalog has.
+export const knownPath = '/catalog/';
+
+// Serves a site as a plain host does: "/" is its first page, and what is not there gets its 404.html. It is at its known
+// path as well.
 export async function serve(site) {
   const missing = existsSync(join(site, '404.html')) ? readFileSync(join(site, '404.html')) : '';
   const server = createServer((request, response) => {
-    const path = decodeURIComponent(new URL(request.url, 'http://x').pathname);
+    const asked = decodeURIComponent(new URL(request.url, 'http://x').pathname);
+    const path = asked.startsWith(knownPath) ? asked.slice(knownPath.length - 1) : asked;
     if (path === '/favicon.ico') { response.writeHead(204).end(); return; } // which a browser asks for by itself
     readFile(join(site, path === '/' ? 'index.html' : path), (error, bytes) => {
       response.writeHead(error ? 404 : 200, { 'content-type': kinds[extname(path)] ?? 'text/html; charset=utf-8' });
@@ -49,7 +54,8 @@ export async function openTab(browser, address, options = {}) {
   context.setDefaultTimeout(10_000);
   const tab = await context.newPage();
   const problems = [];
-  tab.on('console', (message) => { if (['error', 'warning'].includes(message.type())) problems.push(`console: ${message.text()}`); });
+  const isGone = (message) => message.location().url.endsWith('/gone.html'); // asked for as it is not there
+  tab.on('console', (message) => { if (['error', 'warning'].includes(message.type()) && !isGone(message)) problems.push(`console: ${message.text()}`); });
   tab.on('pageerror', (error) => problems.push(`error: ${error.message}`));
   tab.on('dialog', (dialog) => { problems.push(`a script ran: ${dialog.message()}`); dialog.dismiss(); });
   tab.on('requestfailed', (request) => { if (request.failure()?.errorText !== 'net::ERR_ABORTED') problems.push(`failed: ${request.url()}`); });

@@ -2,7 +2,7 @@
 import { existsSync, readFileSync, readdirSync } from 'node:fs';
 import { basename, join } from 'node:path';
 import { HtmlValidate } from 'html-validate';
-import { expect } from './browser.mjs';
+import { expect, knownPath } from './browser.mjs';
 
 const MostValidated = 150; // of thousands of pages that are made alike
 // A title has the product's code whole, however long: it tells one page from another.
@@ -13,14 +13,15 @@ const isOutside = (target) => /^(mailto:|tel:|https?:)/.test(target);
 function targetsOf(html) {
   const single = [...html.matchAll(/ (?:href|src|action)="([^"]*)"/g)].map(([, target]) => target);
   const sets = [...html.matchAll(/ srcset="([^"]*)"/g)].flatMap(([, set]) => set.split(',').map((one) => one.trim().split(' ')[0]));
-  return [...single, ...sets].filter((target) => !isOutside(target)).map((target) => target.split('#'));
+  const inside = [...single, ...sets].filter((target) => !isOutside(target));
+  return inside.map((target) => (target.startsWith(knownPath) ? target.slice(knownPath.length) : target).split('#'));
 }
 
 function problemsOf(site, page, html, identifiers) {
   const problems = [];
   for (const [, attributes, text] of html.matchAll(/<script([^>]*)>([^]*?)<\/script>/g)) {
     if (/type="application\/ld\+json"/.test(attributes)) JSON.parse(text);
-    else if (!/^ src="[\w.-]+" defer$/.test(attributes) || text !== '') problems.push(`${page} has a script of its own`);
+    else if (!/^ src="[\w./-]+" defer$/.test(attributes) || text !== '') problems.push(`${page} has a script of its own`);
   }
   if (/<style| href="\s*javascript:/i.test(html) || /<[^>]*\s(?:on[a-z]+|style)=/i.test(html.replace(/="[^"]*"/g, '=""'))) problems.push(`${page} has a script or style in its markup`);
   for (const [file, place] of targetsOf(html)) {

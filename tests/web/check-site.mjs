@@ -4,7 +4,7 @@
 // usage: node check-site.mjs SITE...
 import { readFileSync, readdirSync } from 'node:fs';
 import { basename, join, resolve } from 'node:path';
-import { addressOf, counts, launch, serve, together } from './browser.mjs';
+import { addressOf, counts, knownPath, launch, serve, together } from './browser.mjs';
 import { checkFiles } from './check-files.mjs';
 import { checkFocus, checkPage, checkPrint } from './check-look.mjs';
 import { checkFetched, checkWeight } from './check-pictures.mjs';
@@ -16,7 +16,7 @@ const MostOfList = 300_000; // bytes
 function sample(site) {
   const pages = readdirSync(site).filter((name) => name.endsWith('.html'));
   // One for any depth of a known address has its style sheet there.
-  const isElsewhere = (page) => page === '404.html' && readFileSync(join(site, page), 'utf8').includes('"https://www.example.com/');
+  const isElsewhere = (page) => page === '404.html' && readFileSync(join(site, page), 'utf8').includes(`"${knownPath}style.css"`);
   const kinds = [/^index\.html$/, /^products\.html$/, /^products-\d+\.html$/, /^f\d\.html$/, /^f\d-/, /^p-/, /^404\.html$/];
   return kinds.flatMap((kind) => {
     const all = pages.filter((page) => kind.test(page) && !isElsewhere(page)).sort();
@@ -28,6 +28,14 @@ const search = (text) => async (tab) => {
   await tab.fill('#q', text);
   await tab.locator('#results .found, #hits li').first().waitFor();
 };
+
+// A page that is not there leads to a product.
+async function findFromNowhere(tab) {
+  await search('vase')(tab);
+  await tab.locator('#hits li a').first().click();
+  await tab.waitForURL(/\/catalog\/p-/);
+  await tab.goBack();
+}
 
 const browser = await launch();
 const servers = [];
@@ -41,6 +49,7 @@ try {
     jobs.push(() => checkFiles(site));
     sample(site).forEach((page, i) => jobs.push(() => checkPage(browser, i % 2 ? served : local, page)));
     if (name === 'hostile') jobs.push(() => checkHostile(browser, served), () => checkPage(browser, local, 'products.html', search('vase')));
+    if (name === 'hostile') jobs.push(() => checkPage(browser, served, `${knownPath.slice(1)}old/gone.html`, findFromNowhere));
     if (name === 'large') {
       jobs.push(() => checkBuyer(browser, served), () => checkBuyer(browser, local), () => checkFinding(browser, local));
       jobs.push(() => checkWithoutIndex(browser, served), () => checkPage(browser, local, 'products.html', search('bow')));

@@ -1,6 +1,7 @@
 #include "Head.h"
 
 #include <QJsonObject>
+#include <algorithm>
 
 namespace vlhtml {
 namespace {
@@ -10,6 +11,8 @@ constexpr qsizetype ShortestName = 60;  // whatever stands behind it
 constexpr qsizetype LongestCompany = 60;
 constexpr qsizetype LongestPart = 260;
 constexpr qsizetype LongestExcerpt = 155;
+// From this longer side on, a picture beside a shared link is shown large and sharp.
+constexpr int SharedSide = 1200;
 // So many products a search engine is told of a page.
 constexpr std::size_t NamesInDescription = 3;
 
@@ -23,6 +26,13 @@ QString Cut(QString text, qsizetype longest) {
   }
   while (!text.isEmpty() && (text.back().isPunct() || text.back().isSpace())) text.chop(1);
   return text + u'…';
+}
+
+// The smallest one that is large enough where a link is shown, or the largest.
+std::pair<QSize, QString> SharedSize(const PublishedPicture& picture) {
+  for (const PublishedSize& size : picture.sizes)
+    if (std::max(size.size.width(), size.size.height()) >= SharedSide) return {size.size, size.jpeg};
+  return {picture.size, picture.file};
 }
 
 }  // namespace
@@ -68,10 +78,11 @@ void TellHead(Fields& fields, const Site& site, const Head& head) {
     graph.Text("type", head.type);
     graph.Text("title", head.shared.empty() ? head.title : head.shared);
     graph.GroupIf(known && head.picture != nullptr, "image", [&](Fields& image) {
-      const PublishedSize& size = head.picture->sizes.back();
-      image.Text("address", address + size.jpeg.toStdString());
-      image.Text("width", std::to_string(size.size.width()));
-      image.Text("height", std::to_string(size.size.height()));
+      const auto [size, file] = SharedSize(*head.picture);
+      image.Text("address", address + file.toStdString());
+      image.Text("width", std::to_string(size.width()));
+      image.Text("height", std::to_string(size.height()));
+      image.Text("alt", Excerpt(head.pictured));
     });
   });
   if (head.data.isEmpty())

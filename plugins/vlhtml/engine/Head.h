@@ -14,8 +14,9 @@ struct Head {
   QString file;  // of the page; "" where it has no address of its own
   const char* type = "website";
   const PublishedPicture* picture = nullptr;
-  QJsonArray data;     // what the page is about, in the words of schema.org
-  std::string shared;  // how a link to it is shown; "" as the title
+  std::string pictured;  // what it shows
+  QJsonArray data;       // what the page is about, in the words of schema.org
+  std::string shared;    // how a link to it is shown; "" as the title
 };
 
 void TellHead(Fields& fields, const Site& site, const Head& head);

@@ -12,6 +12,8 @@ namespace {
 
 // From this proportion on a picture takes the whole width; another one stands beside the words.
 constexpr double WideRatio = 1.7;
+// Two rows of cards on a desk, four on a phone.
+constexpr std::size_t WholeRows = 8;
 
 // The wide picture; where its file is missing, the first highlight's.
 const PublishedPicture* WidePicture(const Site& site) {
@@ -20,18 +22,29 @@ const PublishedPicture* WidePicture(const Site& site) {
   return &site.pictures.Of(std::size_t(site.plan.featured.front())).front();
 }
 
+// The highlight whose own picture it is; -1 for none.
+int ShownBy(const Site& site, const PublishedPicture& picture) {
+  const auto shown = std::find_if(site.plan.featured.begin(), site.plan.featured.end(), [&](int product) {
+    return site.Catalog().products[std::size_t(product)].pictures.front().source == picture.picture->source;
+  });
+  return shown == site.plan.featured.end() ? -1 : *shown;
+}
+
+std::string CaptionOf(const Site& site, const PublishedPicture& picture) {
+  const int product = ShownBy(site, picture);
+  return product < 0 ? site.Brand() : site.Catalog().products[std::size_t(product)].name;
+}
+
 void TellHero(Fields& fields, const Site& site) {
   const PublishedPicture* wide = WidePicture(site);
   fields.GroupIf(wide != nullptr, "hero", [&](Fields& hero) {
     TellPicture(hero, *wide);
     hero.Flag("wide", wide->size.width() > wide->size.height() * WideRatio);
     // A product's own picture leads to the product.
-    const auto shown = std::find_if(site.plan.featured.begin(), site.plan.featured.end(), [&](int product) {
-      return site.Catalog().products[std::size_t(product)].pictures.front().source == wide->picture->source;
-    });
-    const bool found = shown != site.plan.featured.end();
-    hero.TextIf("product", found ? site.Link(site.plan.products[std::size_t(*shown)].file) : std::string());
-    hero.Text("caption", found ? site.Catalog().products[std::size_t(*shown)].name : site.Brand());
+    const int product = ShownBy(site, *wide);
+    hero.TextIf("product",
+                product < 0 ? std::string() : site.Link(site.plan.products[std::size_t(product)].file));
+    hero.Text("caption", CaptionOf(site, *wide));
   });
 }
 
@@ -41,12 +54,9 @@ std::vector<int> Featured(const Site& site, bool isChosen) {
   std::vector<int> featured = site.plan.featured;
   const PublishedPicture* wide = WidePicture(site);
   if (isChosen || wide == nullptr || featured.size() < 2) return featured;
-  featured.erase(std::remove_if(featured.begin(), featured.end(),
-                                [&](int product) {
-                                  return site.pictures.Of(std::size_t(product)).front().file == wide->file;
-                                }),
-                 featured.end());
-  return featured.empty() ? site.plan.featured : featured;
+  featured.erase(std::remove(featured.begin(), featured.end(), ShownBy(site, *wide)), featured.end());
+  if (featured.size() > WholeRows) featured.resize(WholeRows);
+  return featured;
 }
 
 bool HasPicture(const Site& site, int product) { return !site.pictures.Of(std::size_t(product)).empty(); }
@@ -121,6 +131,7 @@ void TellHome(Fields& fields, const Site& site) {
   head.description = Description(site);
   head.file = QStringLiteral("index.html");
   head.picture = WidePicture(site);
+  if (head.picture != nullptr) head.pictured = CaptionOf(site, *head.picture);
   head.shared = site.Title();
   if (!catalog.company.empty()) head.data.append(CompanyData(site));
   TellHead(fields, site, head);

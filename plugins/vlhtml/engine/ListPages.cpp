@@ -47,6 +47,15 @@ void TellPageLinks(Fields& fields, const Site& site, const PlannedList& list, in
   fields.GroupIf(page < list.Pages(), "next", [&](Fields& other) { other.Text("file", link(page + 1)); });
 }
 
+// The product whose picture stands for the page: the first that has one; -1 where none has.
+int PicturedOn(const Site& site, const PlannedList& list, int page) {
+  const auto first = list.products.begin() + std::ptrdiff_t(page - 1) * ProductsOnPage;
+  const auto end = first + std::min<std::ptrdiff_t>(ProductsOnPage, list.products.end() - first);
+  const auto pictured =
+      std::find_if(first, end, [&](int product) { return !site.pictures.Of(std::size_t(product)).empty(); });
+  return pictured == end ? -1 : *pictured;
+}
+
 // All that the head is made from.
 std::uint64_t HeadFrom(const Site& site, const PlannedList& list, int page, const std::string& filter) {
   FingerprintOfMany from;
@@ -56,6 +65,12 @@ std::uint64_t HeadFrom(const Site& site, const PlannedList& list, int page, cons
   from.Add(list.firstFile);
   for (const int number : {page, list.Pages(), list.namesakes}) from.Add(std::uint64_t(number));
   from.Add(FirstNames(site, list, page));
+  if (const int pictured = PicturedOn(site, list, page); pictured >= 0) {
+    const PublishedPicture& picture = site.pictures.Of(std::size_t(pictured)).front();
+    from.Add(picture.file);
+    from.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
+    from.Add(site.plan.products[std::size_t(pictured)].product->name);
+  }
   return from.Value();
 }
 
@@ -73,6 +88,10 @@ void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int
   head.description =
       head.shared + " – " + (list.Pages() > 1 ? pageOf + ": " : std::string()) + FirstNames(site, list, page);
   head.file = list.PageFile(page);
+  if (const int pictured = PicturedOn(site, list, page); pictured >= 0) {
+    head.picture = &site.pictures.Of(std::size_t(pictured)).front();
+    head.pictured = site.plan.products[std::size_t(pictured)].product->name;
+  }
   std::vector<std::pair<std::string, QString>> steps{
       {site.words.Text("home"), QStringLiteral("index.html")},
       {site.words.Text("products"), site.plan.all.PageFile(1)}};
@@ -140,6 +159,7 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
             group.allFile,
             "website",
             nullptr,
+            {},
             {},
             {}});
   fields.Text("heading", group.name);

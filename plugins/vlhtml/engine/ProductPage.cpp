@@ -38,6 +38,8 @@ void TellProductHead(Fields& fields, const Site& site, int product, const Planne
   head.type = "product";
   if (const auto& pictures = site.pictures.Of(std::size_t(product)); !pictures.empty())
     head.picture = &pictures.front();
+  if (head.picture != nullptr)
+    head.pictured = head.picture->picture->caption.empty() ? told.name : head.picture->picture->caption;
   head.data.append(ProductData(site, product));
   std::vector<std::pair<std::string, QString>> steps{
       {site.words.Text("home"), QStringLiteral("index.html")},
@@ -69,6 +71,7 @@ std::uint64_t HeadFrom(const Site& site, int product, const PlannedList* parent)
   }
   for (const PublishedPicture& picture : site.pictures.Of(std::size_t(product))) {
     from.Add(picture.file);
+    from.Add(picture.picture->caption);
     from.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
   }
   return from.Value();

@@ -15,7 +15,7 @@ constexpr std::size_t LongestText = 1500;
 constexpr std::size_t UsualHit = 160;  // bytes in the file
 
 // What search.js says.
-constexpr std::array WordsOfSearch = {"searchFor", "all",           "clear",    "filters",   "foundMany",
+constexpr std::array WordsOfSearch = {"searchFor", "any",           "clear",    "filters",   "foundMany",
                                       "foundNone", "foundNoneHint", "foundOne", "showFound", "showMore"};
 
 // Whatever a script, or a page that it were put into, may take for its end is written as an escape.

@@ -1,5 +1,7 @@
 #include "Site.h"
 
+#include <QUrl>
+
 #include "Contact.h"
 
 namespace vlhtml {
@@ -17,6 +19,10 @@ std::string Site::Address() const {
 const std::string& Site::NotInPreview() const {
   static const std::string message = "preview.html", home = "index.html";
   return hasMessages ? message : home;
+}
+
+std::string Site::Root() const {
+  return QUrl(QString::fromStdString(Address())).path(QUrl::FullyEncoded).toStdString();
 }
 
 std::string Site::Link(const QString& file) const {

@@ -45,6 +45,8 @@ struct Site {
   const std::string& Brand() const;
   // Where a reader finds the first page, ending in "/"; "" where that is not known.
   std::string Address() const;
+  // The same on its own host: "/catalog/".
+  std::string Root() const;
   // A file of the site as a page refers to it. In a preview, what is not there leads to a page that says so.
   std::string Link(const QString& file) const;
   // Its first page.

@@ -87,10 +87,9 @@ void TellLogo(Fields& fields, const Site& site, bool withOriginal) {
 void TellMessage(Fields& fields, const Site& site, const char* heading, const char* text) {
   TellHead(
       fields, site,
-      {PageTitle(site.words.Text(heading), {CompanyInTitle(site.Brand())}), {}, {}, "", nullptr, {}, {}});
+      {PageTitle(site.words.Text(heading), {CompanyInTitle(site.Brand())}), {}, {}, "", nullptr, {}, {}, {}});
   fields.Text("heading", site.words.Text(heading));
   fields.Text("text", site.words.Text(text));
-  fields.Flag("searchScript", false);
 }
 
 }  // namespace
@@ -120,7 +119,7 @@ void TellSite(Fields& fields, const Site& site) {
 
 void TellNotFound(Fields& fields, const Site& site) {
   TellMessage(fields, site, "notFound", "notFoundText");
-  fields.TextIf("root", site.Address());
+  fields.TextIf("root", site.Root());
   fields.Flag("hasProducts", !site.plan.products.empty());
 }
 

@@ -11,7 +11,8 @@
 namespace vlhtml {
 namespace {
 
-constexpr std::size_t EvenlyFeatured = 8;
+// The first page has one of them as its wide picture.
+constexpr std::size_t EvenlyFeatured = 9;
 constexpr std::size_t MostFeatured = 24;
 constexpr std::size_t Sisters = 4;
 

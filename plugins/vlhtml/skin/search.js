@@ -16,6 +16,7 @@
   const own = filterBox?.dataset.filter; // on a filter value's own page
   const results = own ? null : byId('results'); // they take the place of the list of all products
   const products = form.getAttribute('action');
+  const root = products.replace(/[^/]*$/, ''); // of the site, where the page may lie at any depth
   const heading = document.querySelector('main > h1');
   const [listHeading, listTitle] = [heading?.textContent, document.title];
 
@@ -68,8 +69,8 @@
       const page = data.page[i] || `p-${code.toLowerCase()}`;
       const end = data.picture[i] ? data.ends[data.picture[i] - 1] : '';
       return {
-        code, name, values, page: `${page}.html`, price: data.price[i],
-        picture: end && (end.startsWith('images/') ? end : `images/${page}${end}`),
+        code, name, values, page: `${root}${page}.html`, price: data.price[i],
+        picture: end && root + (end.startsWith('images/') ? end : `images/${page}${end}`),
         inCode: folded(code), whole: joined(folded(code)), inName: folded(name),
         inText: folded(`${data.text[i] || ''} ${Object.values(values).join(' ')}`),
       };
@@ -82,7 +83,7 @@
     coming ||= new Promise((resolve, reject) => {
       form.setAttribute('aria-busy', 'true');
       window.vorlinaIndex = (data) => resolve(taken(data));
-      document.head.append(make('script', { src: 'search-index.js', onerror: reject }));
+      document.head.append(make('script', { src: `${root}search-index.js`, onerror: reject }));
     }).then((data) => { index = data; }).finally(() => form.removeAttribute('aria-busy'));
     return coming;
   }
@@ -188,7 +189,7 @@
     const selects = index.filters.map(({ number: n, name, values }) => {
       const counts = new Map();
       for (const row of found) if (row.values[n] && has(row, n)) counts.set(row.values[n], (counts.get(row.values[n]) || 0) + 1);
-      const select = make('select', { name: `f${n}` }, make('option', { value: '' }, index.words.all),
+      const select = make('select', { name: `f${n}` }, make('option', { value: '' }, index.words.any),
         ...values.filter((value) => counts.has(value) || value === chosen[n])
           .map((value) => make('option', { value }, value === chosen[n] ? value : `${value} (${number(counts.get(value) || 0)})`)));
       select.value = chosen[n] || '';

@@ -1,5 +1,5 @@
 vorlinaIndex({
-words:{lang:"it",searchFor:"Risultati per «{q}»",all:"Vedi tutti",clear:"Azzera ricerca e filtri",filters:"Filtri",foundMany:"{n} prodotti trovati",foundNone:"Nessun prodotto trovato",foundNoneHint:"Controlla come è scritto, usa meno parole o togli un filtro.",foundOne:"{n} prodotto trovato",showFound:"Mostra tutti i risultati ({n})",showMore:"Mostra altri {n}"},
+words:{lang:"it",searchFor:"Risultati per «{q}»",any:"Qualsiasi",clear:"Azzera ricerca e filtri",filters:"Filtri",foundMany:"{n} prodotti trovati",foundNone:"Nessun prodotto trovato",foundNoneHint:"Controlla come è scritto, usa meno parole o togli un filtro.",foundOne:"{n} prodotto trovato",showFound:"Mostra tutti i risultati ({n})",showMore:"Mostra altri {n}"},
 code:["A-1","B-1","D/..\\x"],
 name:["Primo: \u003cscript\u003ealert('x')\u003c/script\u003e \u0026 \"altro\"","Secondo",0],
 text:["10 x 20","10 x 20","10 x 20"],
