@@ -2410,10 +2410,6 @@ Exit codes: 0 succeeded, 1 did not succeed, 2 wrong command line.
         <translation>&quot;%1&quot; is no web address such as https://www.example.com/catalog/</translation>
     </message>
     <message>
-        <source>Il profilo non ha nome</source>
-        <translation>The profile has no name</translation>
-    </message>
-    <message>
         <source>Il nome del profilo ha più di %1 caratteri</source>
         <translation>The name of the profile has more than %1 characters</translation>
     </message>
@@ -2730,6 +2726,62 @@ Headings and buttons will be in this language too.</translation>
     <message>
         <source>%1 è un file: scegliere una cartella.</source>
         <translation>%1 is a file: please choose a folder.</translation>
+    </message>
+    <message>
+        <source>La pubblicazione resterebbe senza immagini, e nulla è stato fatto.</source>
+        <translation>The publication would be without pictures, and nothing was done.</translation>
+    </message>
+    <message>
+        <source>Nessun prodotto è pubblicato.</source>
+        <translation>No product is published.</translation>
+    </message>
+    <message>
+        <source>I prodotti in evidenza sono cambiati. Tenere la nuova scelta?</source>
+        <translation>The highlights were changed. Keep the new choice?</translation>
+    </message>
+    <message>
+        <source>Catalogo: %1. Profilo: %2.</source>
+        <translation>Catalog: %1. Profile: %2.</translation>
+    </message>
+    <message>
+        <source>Pubblicare lo stesso, senza le immagini dei prodotti?</source>
+        <translation>Publish all the same, without the products&apos; pictures?</translation>
+    </message>
+    <message>
+        <source>La cartella delle immagini %1 non esiste.</source>
+        <translation>The folder of pictures %1 does not exist.</translation>
+    </message>
+    <message>
+        <source>La cartella delle immagini %1 non si può leggere.</source>
+        <translation>The folder of pictures %1 cannot be read.</translation>
+    </message>
+    <message>
+        <source>Nella cartella %1 manca ogni immagine dei prodotti pubblicati, per esempio %2.</source>
+        <translation>In the folder %1 every picture of the published products is missing, such as %2.</translation>
+    </message>
+    <message>
+        <source>L&apos;indirizzo &quot;%1&quot; ha più di %2 caratteri</source>
+        <translation>The address &quot;%1&quot; has more than %2 characters</translation>
+    </message>
+    <message>
+        <source>L&apos;indirizzo &quot;%1&quot; non comincia con https:// o http://</source>
+        <translation>The address &quot;%1&quot; does not begin with https:// or http://</translation>
+    </message>
+    <message>
+        <source>L&apos;indirizzo &quot;%1&quot; non può contenere &quot;%2&quot;</source>
+        <translation>The address &quot;%1&quot; cannot hold &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>Nella cartella %1 non si può creare nulla. Controllare i permessi, o scegliere un&apos;altra cartella.</source>
+        <translation>Nothing can be made in the folder %1. Check the permissions, or choose another folder.</translation>
+    </message>
+    <message>
+        <source>Nella cartella %1 non si è potuto scrivere: le immagini per il web sono state preparate in una cartella temporanea, e la prossima volta lo saranno di nuovo.</source>
+        <translation>The folder %1 could not be written: the pictures for the web were made in a temporary folder, and will be made again the next time.</translation>
+    </message>
+    <message>
+        <source>Resoconto c&amp;opiato</source>
+        <translation>&amp;Report copied</translation>
     </message>
 </context>
 <context>

@@ -1,11 +1,11 @@
 #include <QDir>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <algorithm>
 
 #include "base/Texts.h"
 #include "batch/Commands.h"
 #include "batch/Output.h"
+#include "publish/NamedPictures.h"
 #include "publish/PluginHost.h"
 #include "publish/ProfileStore.h"
 #include "publish/PublishJob.h"
@@ -54,10 +54,12 @@ VorlinaJob JobOf(IVorlinaPublisher& publisher, Connection& connection, const Arg
   return MakeJob(publisher, arguments.catalog, profile, arguments.target, memory.options);
 }
 
-void RequireFileTarget(IVorlinaPublisher& publisher, const QString& target) {
-  if (TargetOf(publisher).isFile && QFileInfo(target).isDir())
-    throw Error(
-        Texts::tr("%1 è una cartella, e il plug-in fa un file").arg(QDir::toNativeSeparators(target)));
+// Nobody is there to see that all of them went.
+void RequirePictures(Connection& connection, int IDCatalogo) {
+  const QString fault = FaultOfAllPictures(connection, IDCatalogo);
+  if (!fault.isEmpty())
+    throw Error(fault + u' ' +
+                Texts::tr("La pubblicazione resterebbe senza immagini, e nulla è stato fatto."));
 }
 
 QString KindOf(VorlinaNote::Kind kind) {
@@ -110,7 +112,8 @@ Outcome RunPublish(Connection& connection, const Arguments& arguments, const Pro
   RequireCatalog(connection, arguments.catalog);
   const std::unique_ptr<IVorlinaPublisher> publisher = PublisherOf(arguments.plugin);
   const VorlinaJob job = JobOf(*publisher, connection, arguments);
-  RequireFileTarget(*publisher, job.target);
+  RequireTarget(TargetOf(*publisher), job.target);
+  RequirePictures(connection, arguments.catalog);
   PluginProgress pluginProgress(progress);
   const VorlinaReport report = RunJob(*publisher, connection, job, pluginProgress);
 

@@ -10,6 +10,7 @@
 #include <limits>
 
 #include "base/Helpers.h"
+#include "base/WidgetBoxOutline.h"
 #include "grid/CellMarks.h"
 #include "grid/WidgetDropDown.h"
 #include "grid/WidgetRowHeader.h"
@@ -58,9 +59,7 @@ void WidgetGridDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
                             : odd                     ? colours_.oddRow
                                                       : colours_.evenRow;
   option->features.setFlag(QStyleOptionViewItem::WrapText, rows_.Column(index.column()).wordWrap);
-  // A style takes the outline of a check box from the colour of windows, which is lost on dark rows.
-  if (colours_.evenRow.lightness() < 128)
-    option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
+  ShowBoxOutline(*option);
   const int state = index.data(RecordsetModel::RowStateRole).toInt();
   if (state == int(RowState::Deleted) || state == int(RowState::Unreadable)) option->font.setItalic(true);
 }

@@ -49,6 +49,8 @@ qsizetype HighlightModel::WithoutPicture() const {
   });
 }
 
+QString HighlightModel::WithoutPictureNote() { return Texts::tr("senza immagine"); }
+
 int HighlightModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : int(shown_.size());
 }
@@ -58,7 +60,7 @@ int HighlightModel::columnCount(const QModelIndex& parent) const { return parent
 QString HighlightModel::TextOf(const PublishedProduct& product, int column) const {
   if (column == CodeColumn) return product.code;
   if (column == NameColumn) return product.name;
-  return product.hasPicture ? QString() : Texts::tr("senza immagine");
+  return product.hasPicture ? QString() : WithoutPictureNote();
 }
 
 QVariant HighlightModel::data(const QModelIndex& index, int role) const {

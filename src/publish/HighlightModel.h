@@ -29,6 +29,8 @@ class HighlightModel : public QAbstractTableModel {
   qsizetype ChosenCount() const { return chosen_.size(); }
   // How many of these show on the first page: a highlight without a picture does not.
   qsizetype WithoutPicture() const;
+  // What is noted of each of these.
+  static QString WithoutPictureNote();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -36,26 +36,38 @@ bool IsBase(const QString& address) {
   return IsWebAddress(address) && !url.hasQuery() && !url.hasFragment();
 }
 
-// Who copies the address of the first page from a browser may have its file with it.
+// Who copies the address of the first page from a browser may have its file with it. What is refused is told
+// as it was typed.
 QString Base(QString address) {
+  if (!IsBase(address)) return address;
   static const QRegularExpression page(u"/index\\.html?$"_qs, QRegularExpression::CaseInsensitiveOption);
   address.replace(page, u"/"_qs);
-  return address.isEmpty() || address.endsWith(u'/') ? address : address + u'/';
+  return address.endsWith(u'/') ? address : address + u'/';
 }
 
 void Require(bool good, const QString& member, const QString& why) {
   if (!good) throw ProfileRefusal(member, why);
 }
 
-QString AddressRule(const QString& address) {
-  return Texts::tr("\"%1\" non è un indirizzo web come https://www.example.it/catalogo/")
-      .arg(address.left(200));
+// Why an address is refused, at best by the character that is to blame. What stands in `more` no address of
+// its kind may have. A blank is told as it was typed.
+QString FaultOf(const QString& address, const QString& more) {
+  const QString told = address.left(200).replace(u"%20"_qs, u" "_qs);
+  if (address.size() > LongestAddress)
+    return Texts::tr("L'indirizzo \"%1\" ha più di %2 caratteri").arg(told, QString::number(LongestAddress));
+  const QString scheme = address.section(u"://"_qs, 0, 0).toLower();
+  if (scheme != u"http" && scheme != u"https")
+    return Texts::tr("L'indirizzo \"%1\" non comincia con https:// o http://").arg(told);
+  const QString unfit = u" \t\"<>\\^`{|}"_qs + more;
+  const auto bad = std::find_if(address.begin(), address.end(), [&](QChar c) { return unfit.contains(c); });
+  if (bad != address.end())
+    return Texts::tr("L'indirizzo \"%1\" non può contenere \"%2\"").arg(told, QString(*bad));
+  return Texts::tr("\"%1\" non è un indirizzo web come https://www.example.it/catalogo/").arg(told);
 }
 
 void RequireTexts(const VorlinaProfile& profile) {
-  Require(!profile.name.isEmpty(), u"name"_qs, Texts::tr("Il profilo non ha nome"));
-  Require(profile.name.size() <= LongestName, u"name"_qs,
-          Texts::tr("Il nome del profilo ha più di %1 caratteri").arg(LongestName));
+  const QString fault = FaultOfProfileName(profile.name);
+  Require(fault.isEmpty(), u"name"_qs, fault);
   Require(profile.hours.size() <= LongestHours, u"hours"_qs,
           Texts::tr("Gli orari hanno più di %1 caratteri").arg(LongestHours));
   Require(LanguageCodes().contains(profile.language), u"language"_qs,
@@ -63,13 +75,14 @@ void RequireTexts(const VorlinaProfile& profile) {
 }
 
 void RequireAddresses(const VorlinaProfile& profile) {
-  Require(profile.address.isEmpty() || IsBase(profile.address), u"address"_qs, AddressRule(profile.address));
+  Require(profile.address.isEmpty() || IsBase(profile.address), u"address"_qs,
+          FaultOf(profile.address, u"?#"_qs));
   Require(profile.mapLink.isEmpty() || IsWebAddress(profile.mapLink), u"mapLink"_qs,
-          AddressRule(profile.mapLink));
+          FaultOf(profile.mapLink, {}));
   Require(profile.sisters.size() <= MostSisters, u"sisters"_qs,
           Texts::tr("Più di %1 cataloghi in altre lingue").arg(MostSisters));
   for (const VorlinaSister& sister : profile.sisters)
-    Require(IsSister(sister), u"sisters"_qs, AddressRule(sister.address));
+    Require(IsSister(sister), u"sisters"_qs, FaultOf(sister.address, {}));
 }
 
 void RequireLook(const VorlinaProfile& profile) {
@@ -141,6 +154,13 @@ QList<VorlinaSister> SistersOf(const QJsonValue& kept) {
 
 DamagedProfiles::DamagedProfiles()
     : Error(Texts::tr("I profili di pubblicazione del catalogo sono danneggiati e non si possono leggere")) {}
+
+QString FaultOfProfileName(const QString& name) {
+  if (name.isEmpty()) return Texts::tr("Un profilo ha bisogno di un nome.");
+  return name.size() <= LongestName
+             ? QString()
+             : Texts::tr("Il nome del profilo ha più di %1 caratteri").arg(LongestName);
+}
 
 bool IsWebAddress(const QString& text) {
   if (text.size() > LongestAddress) return false;

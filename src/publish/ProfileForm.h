@@ -29,6 +29,9 @@ class DamagedProfiles : public Error {
   DamagedProfiles();
 };
 
+// Why a profile cannot be called that; "" where it can.
+QString FaultOfProfileName(const QString& name);
+
 // Whether a text is an address with http or https, and a colour "#rrggbb".
 bool IsWebAddress(const QString& text);
 bool IsColour(const QString& text);

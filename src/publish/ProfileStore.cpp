@@ -294,8 +294,6 @@ QString StoreProfile(Connection& connection, int IDCatalogo, const VorlinaProfil
   kept.Store();
   StoreHighlights(connection, IDCatalogo, stored);
   RetirePictures(change, former, kept);
-  if (StoredLanguage(connection, IDCatalogo).isEmpty())
-    StoreLanguage(connection, IDCatalogo, stored.language);
   transaction.Commit();
   return stored.identifier;
 }

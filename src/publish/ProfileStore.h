@@ -26,11 +26,11 @@ VorlinaProfile ReadProfile(Connection& connection, int IDCatalogo, const QString
 
 // Stores a profile in place of the one with its identifier, or as a new one, and gives its identifier, which
 // is drawn where it has none. A logo or wide picture that is no profile's yet is copied into "Images"; the
-// former one goes where nothing else names it. The catalog gets the profile's language where it has none. Of
-// the published products those that the profile names as highlights are marked, and no others; products that
-// are not published keep their marks. Throws Error, ProfileRefusal for what is no good: a name that is empty
-// or another one's, a colour that is not "#rrggbb", an address without http or https, a size outside of 100
-// to 2000 pixels, a text that is too long, a picture that is no whole JPEG.
+// former one goes where nothing else names it. Of the published products those that the profile names as
+// highlights are marked, and no others; products that are not published keep their marks. Throws Error,
+// ProfileRefusal for what is no good: a name that is empty or another one's, a colour that is not "#rrggbb",
+// an address without http or https, a size outside of 100 to 2000 pixels, a text that is too long, a picture
+// that is no whole JPEG.
 QString StoreProfile(Connection& connection, int IDCatalogo, const VorlinaProfile& profile);
 
 // Deletes a profile with its marks and its pictures. Nothing happens where there is none. Throws Error, also

@@ -4,8 +4,11 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "base/AppPath.h"
+#include "base/Error.h"
 #include "base/Texts.h"
 #include "publish/PluginHost.h"
+#include "publish/WebPictures.h"
 
 namespace vorlina {
 namespace {
@@ -73,6 +76,24 @@ QList<VorlinaOption> OptionsOf(IVorlinaPublisher& publisher) {
   return options;
 }
 
+void RequireTarget(const VorlinaTarget& kind, const QString& target) {
+  const auto require = [](bool good, const QString& why, const QFileInfo& place) {
+    if (!good) throw Error(why.arg(QDir::toNativeSeparators(place.filePath())));
+  };
+  QFileInfo place(target);
+  if (kind.isFile) {
+    require(!place.isDir(), Texts::tr("%1 è una cartella, e il plug-in fa un file"), place);
+    place = QFileInfo(place.path());
+  }
+  const bool isThere = place.exists();
+  while (!place.exists() && !place.isRoot()) place = QFileInfo(place.path());
+  require(place.isDir(), Texts::tr("%1 è un file: scegliere una cartella."), place);
+  require(isThere || place.isWritable(),
+          Texts::tr("Nella cartella %1 non si può creare nulla. Controllare i permessi, o scegliere un'altra "
+                    "cartella."),
+          place);
+}
+
 VorlinaJob MakeJob(IVorlinaPublisher& publisher, int IDCatalogo, const VorlinaProfile& profile,
                    const QString& target, const QVariantMap& options) {
   VorlinaJob job;
@@ -87,9 +108,18 @@ VorlinaJob MakeJob(IVorlinaPublisher& publisher, int IDCatalogo, const VorlinaPr
 VorlinaReport RunJob(IVorlinaPublisher& publisher, Connection& connection, const VorlinaJob& job,
                      IVorlinaProgress& progress) {
   VorlinaReport report;
+  TakeScratchUse();
   CallPlugin(connection,
              [&](IVorlinaConnection& adapter) { report = publisher.Publish(adapter, job, progress); });
-  return Bounded(std::move(report));
+  report = Bounded(std::move(report));
+  if (TakeScratchUse())
+    report.notes +=
+        {VorlinaNote::Kind::Other,
+         {},
+         Texts::tr("Nella cartella %1 non si è potuto scrivere: le immagini per il web sono state "
+                   "preparate in una cartella temporanea, e la prossima volta lo saranno di nuovo.")
+             .arg(QDir::toNativeSeparators(AppFile(WebPicturesFolder)))};
+  return report;
 }
 
 }  // namespace vorlina

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QLocale>
+#include <algorithm>
 
 #include "base/Helpers.h"
 #include "base/Texts.h"
@@ -18,6 +19,12 @@ constexpr std::pair<Kind, const char*> Kinds[] = {
     {Kind::Picture, QT_TRANSLATE_NOOP("Texts", "Con un'immagine che non si può pubblicare")},
     {Kind::Other, QT_TRANSLATE_NOOP("Texts", "Altro")},
 };
+
+QString CommonText(const std::vector<ReportLine>& lines) {
+  const auto isOther = [&](const ReportLine& line) { return line.text != lines.front().text; };
+  const bool isCommon = lines.size() > 1 && std::none_of(lines.begin(), lines.end(), isOther);
+  return isCommon ? lines.front().text : QString();
+}
 
 }  // namespace
 
@@ -39,22 +46,32 @@ QString ChangesOf(const VorlinaReport& report) {
 std::vector<ReportGroup> GroupsOf(const VorlinaReport& report, const QHash<QString, QString>& names) {
   std::vector<ReportGroup> groups;
   for (const auto& [kind, title] : Kinds) {
-    ReportGroup group{Texts::tr(title), {}};
+    ReportGroup group{Texts::tr(title), {}, {}};
     for (const VorlinaNote& note : report.notes)
       if (note.kind == kind)
         group.lines.push_back({note.product, names.value(note.product), OneLine(note.text)});
-    if (!group.lines.empty()) groups.push_back(std::move(group));
+    if (group.lines.empty()) continue;
+    group.text = CommonText(group.lines);
+    groups.push_back(std::move(group));
   }
   return groups;
 }
 
-QString PlainReport(const VorlinaReport& report, const QString& target,
+QString HeadOf(const ReportGroup& group) {
+  const QString head = u"%1: %2"_qs.arg(group.title, QLocale().toString(qlonglong(group.lines.size())));
+  return group.text.isEmpty() ? head : head + u". "_qs + group.text;
+}
+
+QString PlainReport(const VorlinaReport& report, const QString& what, const QString& target,
                     const std::vector<ReportGroup>& groups) {
-  QStringList lines{QDir::toNativeSeparators(target), NumbersOf(report), ChangesOf(report)};
+  QStringList lines{what, QDir::toNativeSeparators(target), NumbersOf(report), ChangesOf(report)};
   for (const ReportGroup& group : groups) {
-    lines += QStringList{{}, group.title};
-    for (const ReportLine& line : group.lines)
-      lines += QStringList{line.code, line.name, line.text}.join(u'\t');
+    lines += QStringList{{}, HeadOf(group)};
+    for (const ReportLine& line : group.lines) {
+      QStringList columns{line.code, line.name};
+      if (group.text.isEmpty()) columns += line.text;
+      lines += columns.join(u'\t');
+    }
   }
   return lines.join(u"\r\n"_qs);
 }

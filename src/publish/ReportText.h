@@ -19,6 +19,7 @@ struct ReportLine {
 struct ReportGroup {
   QString title;
   std::vector<ReportLine> lines;
+  QString text;  // where all of several lines say the same
 };
 
 // What was published, and what changed, in a line each.
@@ -29,8 +30,12 @@ QString ChangesOf(const VorlinaReport& report);
 // codes.
 std::vector<ReportGroup> GroupsOf(const VorlinaReport& report, const QHash<QString, QString>& names);
 
-// The whole of it, to be pasted elsewhere; columns are separated by tabulators.
-QString PlainReport(const VorlinaReport& report, const QString& target,
+// A group's title with the number of its notes, and what they all say.
+QString HeadOf(const ReportGroup& group);
+
+// The whole of it, to be pasted elsewhere; columns are separated by tabulators. What was published is told
+// first.
+QString PlainReport(const VorlinaReport& report, const QString& what, const QString& target,
                     const std::vector<ReportGroup>& groups);
 
 }  // namespace vorlina

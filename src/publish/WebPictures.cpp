@@ -177,6 +177,7 @@ QList<VorlinaWebPictures> WebPictures::Prepare(const QStringList& sources, const
   Preparation preparation(sources, sizes);
   const QString step = Texts::tr("Preparazione delle immagini");
   const auto scratch = [this] {
+    scratchUsed_ = true;
     if (scratch_ == nullptr) scratch_ = std::make_unique<QTemporaryDir>();
     if (!scratch_->isValid()) throw Error(scratch_->errorString());
     return scratch_->path();
@@ -185,9 +186,15 @@ QList<VorlinaWebPictures> WebPictures::Prepare(const QStringList& sources, const
   return preparation.Run(report, scratch) ? preparation.Results() : QList<VorlinaWebPictures>();
 }
 
-IVorlinaPictures& PicturesForReaders() {
+namespace {
+WebPictures& ThePictures() {
   static WebPictures pictures;
   return pictures;
 }
+}  // namespace
+
+IVorlinaPictures& PicturesForReaders() { return ThePictures(); }
+
+bool TakeScratchUse() { return ThePictures().TakeScratchUse(); }
 
 }  // namespace vorlina

@@ -3,6 +3,7 @@
 
 #include <QTemporaryDir>
 #include <memory>
+#include <utility>
 
 #include "publish/plugin/IVorlinaPlugin.h"
 
@@ -20,11 +21,17 @@ class WebPictures : public IVorlinaPictures {
   QList<VorlinaWebPictures> Prepare(const QStringList& sources, const QList<int>& sizes,
                                     IVorlinaProgress& progress) override;
 
+  // Whether pictures were made in the temporary folder since this was asked before.
+  bool TakeScratchUse() { return std::exchange(scratchUsed_, false); }
+
  private:
   std::unique_ptr<QTemporaryDir> scratch_;
+  bool scratchUsed_ = false;
 };
 
 // Those that plug-ins are given, as long as the program runs.
 IVorlinaPictures& PicturesForReaders();
+// The same of these.
+bool TakeScratchUse();
 
 }  // namespace vorlina

@@ -76,7 +76,8 @@ void WidgetPluginUi::Publish(IVorlinaPublisher& publisher, IVorlinaConnection&, 
   window.Publisher = &publisher;
   if (!window.LoadForm() || window.exec() != frmPublish::Accepted) return;
   frmPublished published(Owner());
-  published.LoadForm(window.Report(), window.Target(), NamesIn(connection_, IDCatalogo, window.Report()));
+  published.LoadForm(window.Report(), window.What(), window.Target(),
+                     NamesIn(connection_, IDCatalogo, window.Report()));
   published.exec();
 }
 

@@ -30,7 +30,7 @@ QIcon SampleOf(const QColor& colour, QSize size) {
 
 // As people type it: without the way in which it is fetched, and with the blanks of a map's address.
 QString AddressIn(const QLineEdit& box) {
-  const QString address = box.text().trimmed().replace(u' ', u"%20"_qs);
+  const QString address = box.text().simplified().replace(u' ', u"%20"_qs);
   return address.isEmpty() || address.contains(u"://"_qs) ? address : u"https://"_qs + address;
 }
 
@@ -270,17 +270,12 @@ QWidget* WidgetPublishFields::ControlOf(const QString& member) const {
     return SisterBox(i);
   }
   const std::map<QString, QWidget*> controls{
-      {u"name"_qs, ui_->cmbProfile},
-      {u"language"_qs, ui_->cmbLanguage},
-      {u"address"_qs, ui_->txtAddress},
-      {u"accent"_qs, ui_->cmdAccent},
-      {u"font"_qs, ui_->cmbFont},
-      {u"logo"_qs, ui_->picLogo},
-      {u"widePicture"_qs, ui_->picWide},
-      {u"pictureSizes"_qs, ui_->cmbSizes},
-      {u"hours"_qs, ui_->txtHours},
-      {u"mapLink"_qs, ui_->txtMapLink},
-      {u"highlights"_qs, ui_->cmdHighlights},
+      {u"name"_qs, ui_->cmbProfile},       {u"target"_qs, ui_->txtTarget},
+      {u"language"_qs, ui_->cmbLanguage},  {u"address"_qs, ui_->txtAddress},
+      {u"accent"_qs, ui_->cmdAccent},      {u"font"_qs, ui_->cmbFont},
+      {u"logo"_qs, ui_->picLogo},          {u"widePicture"_qs, ui_->picWide},
+      {u"pictureSizes"_qs, ui_->cmbSizes}, {u"hours"_qs, ui_->txtHours},
+      {u"mapLink"_qs, ui_->txtMapLink},    {u"highlights"_qs, ui_->cmdHighlights},
       {u"price"_qs, ui_->cmbPrice},
   };
   const auto found = controls.find(member);

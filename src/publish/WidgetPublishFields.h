@@ -30,7 +30,7 @@ class WidgetPublishFields : public QObject {
   VorlinaProfile Read() const;
   void SetHighlights(const QStringList& codes);
 
-  // The control of a member of VorlinaProfile; null for one that has none.
+  // The control of a member of VorlinaProfile, or of "target"; null for one that has none.
   QWidget* ControlOf(const QString& member) const;
 
   // The wheel scrolls the tab instead: a closed list would change its value unseen.

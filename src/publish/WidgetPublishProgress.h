@@ -13,6 +13,8 @@ class WidgetPublishProgress : public IVorlinaProgress {
  public:
   explicit WidgetPublishProgress(QWidget& owner) : owner_(owner) {}
   bool Report(int done, int total, const QString& step) override;
+  // Whether the user has stopped it.
+  bool IsStopped() const { return box_ != nullptr && box_->wasCanceled(); }
 
  private:
   QWidget& owner_;

@@ -24,13 +24,17 @@ class frmHighlights : public QDialog {
 
   QStringList Chosen() const { return products_.Chosen(); }
 
+  void reject() override;
+
  private:
+  void FitColumns();
   void Filter();
   void ShowCount();
   void GoToList();
 
   std::unique_ptr<Ui::frmHighlights> ui_;
   HighlightModel products_;
+  QStringList before_;  // those that were chosen when it was opened
 };
 
 }  // namespace vorlina

@@ -17,6 +17,7 @@
 #include "base/WidgetPlace.h"
 #include "base/WidgetTabKeys.h"
 #include "publish/CatalogLanguage.h"
+#include "publish/NamedPictures.h"
 #include "publish/ProfileStore.h"
 #include "publish/PublishJob.h"
 #include "publish/WidgetOpenFile.h"
@@ -24,6 +25,7 @@
 #include "publish/WidgetPublishProgress.h"
 #include "publish/frmHighlights.h"
 #include "store/Connection.h"
+#include "store/Transaction.h"
 #include "ui_frmPublish.h"
 
 namespace vorlina {
@@ -92,6 +94,7 @@ bool frmPublish::LoadForm() {
   fields_->KeepWheelFrom(findChildren<QComboBox*>());
   Localize_Form();
   ListProfiles(RememberedPublication(*Connessione, IDCatalogo, Plugin).profile);
+  TellLanguage();
   Fit();
   QWidget* first = ui_->txtTarget->text().isEmpty() ? static_cast<QWidget*>(ui_->txtTarget) : ui_->cmdPublish;
   first->setFocus();
@@ -114,14 +117,18 @@ bool frmPublish::HaveProfiles() {
 void frmPublish::Localize_Form() {
   ui_->retranslateUi(this);
   const CatalogNames names = ReadCatalogNames(*Connessione, IDCatalogo);
-  setWindowTitle(PlainTitle(Texts::tr("Pubblica %1").arg(OneLine(names.catalog))));
-  catalog_ = IsValidFileName(names.catalog) ? OneLine(names.catalog) : Texts::tr("Catalogo");
+  catalog_ = OneLine(names.catalog);
+  setWindowTitle(PlainTitle(Texts::tr("Pubblica %1").arg(catalog_)));
   fields_->Localize(names);
   if (target_.isFile) {
     ui_->lblTarget->setText(Texts::tr("&File:"));
     ui_->lblTargetHint->setText(Texts::tr("Pubblicando di nuovo viene sostituito."));
   }
-  if (StoredLanguage(*Connessione, IDCatalogo).isEmpty())
+}
+
+void frmPublish::TellLanguage() {
+  if (StoredLanguage(*Connessione, IDCatalogo).isEmpty() &&
+      profiles_[current_].language == ProposedLanguage(*Connessione, IDCatalogo))
     ui_->lblLanguageHint->setText(
         Texts::tr("È proposta in base ai testi del catalogo: controllarla.\n"
                   "Anche titoli e pulsanti saranno in questa lingua."));
@@ -143,6 +150,10 @@ QString frmPublish::Target() const {
       QFileInfo(target).suffix().isEmpty())
     target += u'.' + target_.suffix;
   return QDir::fromNativeSeparators(target);
+}
+
+QString frmPublish::What() const {
+  return Texts::tr("Catalogo: %1. Profilo: %2.").arg(catalog_, profiles_[current_].name);
 }
 
 // Profiles
@@ -233,24 +244,23 @@ void frmPublish::RenameProfile() {
   if (AskName(Texts::tr("Rinomina il profilo"), profile)) Store(profile);
 }
 
-// Until it is one that no other profile has.
+QString frmPublish::FaultOfName(const VorlinaProfile& profile) const {
+  for (const VorlinaProfile& other : profiles_)
+    if (other.identifier != profile.identifier && other.name.compare(profile.name, Qt::CaseInsensitive) == 0)
+      return Texts::tr("C'è già un profilo di nome \"%1\"").arg(other.name);
+  return FaultOfProfileName(profile.name);
+}
+
+// Until it is a good one, with what was typed kept.
 bool frmPublish::AskName(const QString& title, VorlinaProfile& profile) {
-  const auto isSame = [&](const VorlinaProfile& other) {
-    return other.identifier != profile.identifier &&
-           other.name.compare(profile.name, Qt::CaseInsensitive) == 0;
-  };
   while (true) {
     const QString typed = TheDialogs().Input(
         this, Texts::tr("Nome del profilo, per esempio \"Rivenditori, con i prezzi\":"), title, profile.name);
     if (typed.isNull()) return false;
     profile.name = typed.simplified();
-    const auto same = std::find_if(profiles_.begin(), profiles_.end(), isSame);
-    if (!profile.name.isEmpty() && same == profiles_.end()) return true;
-    TheDialogs().Message(this,
-                         profile.name.isEmpty()
-                             ? Texts::tr("Un profilo ha bisogno di un nome.")
-                             : Texts::tr("C'è già un profilo di nome \"%1\"").arg(same->name),
-                         BoxStyle::Stop);
+    const QString fault = FaultOfName(profile);
+    if (fault.isEmpty()) return true;
+    TheDialogs().Message(this, fault, BoxStyle::Stop);
   }
 }
 
@@ -274,7 +284,8 @@ void frmPublish::Browse() {
   const QString target = Target();
   QString chosen;
   if (target_.isFile) {
-    const QString proposed = documents + u'/' + catalog_ + u'.' + target_.suffix;
+    const QString name = IsValidFileName(catalog_) ? catalog_ : Texts::tr("Catalogo");
+    const QString proposed = documents + u'/' + name + u'.' + target_.suffix;
     FileChoice choice{title, FilterFrom(target_.filter), target.isEmpty() ? proposed : target,
                       target_.suffix};
     chosen = TheDialogs().ChooseFiles(this, Chooser::Save, choice).value(0);
@@ -299,24 +310,28 @@ void frmPublish::GoTo(QWidget& control) {
 
 // Publishing
 
-bool frmPublish::HasTarget() {
-  if (Target().isEmpty()) Browse();
-  if (Target().isEmpty()) return false;
-  QString why;
-  if (!QDir::isAbsolutePath(Target()))
-    why = Texts::tr("Scrivere il percorso intero, oppure sceglierlo con Sfoglia.");
-  else if (!target_.isFile && QFileInfo(Target()).isFile())
-    why = Texts::tr("%1 è un file: scegliere una cartella.").arg(QDir::toNativeSeparators(Target()));
-  if (why.isEmpty()) return true;
-  GoTo(*ui_->txtTarget);
-  TheDialogs().Message(this, why, BoxStyle::Stop);
-  return false;
+void frmPublish::RequireGoodTarget() {
+  try {
+    if (!QDir::isAbsolutePath(Target()))
+      throw Error(Texts::tr("Scrivere il percorso intero, oppure sceglierlo con Sfoglia."));
+    RequireTarget(target_, Target());
+  } catch (const Error& error) {
+    throw ProfileRefusal(u"target"_qs, error.Description());
+  }
+}
+
+bool frmPublish::MayBeWithoutPictures() {
+  const QString fault = FaultOfAllPictures(*Connessione, IDCatalogo);
+  return fault.isEmpty() ||
+         TheDialogs().Ask(
+             this,
+             fault + u"\r\n\r\n"_qs + Texts::tr("Pubblicare lo stesso, senza le immagini dei prodotti?"),
+             BoxStyle::QuestionNoFirst);
 }
 
 VorlinaReport frmPublish::Run(const QString& target, bool preview) {
-  // Used for the first time, the profile gives the catalog its language. Else nothing is written for nothing:
-  // a publication that finds the database as it was ends at once.
-  if (IsChanged() || StoredLanguage(*Connessione, IDCatalogo).isEmpty())
+  // Nothing is written for nothing: a publication that finds the database as it was ends at once.
+  if (IsChanged())
     Store(fields_->Read());
   else
     RequireAsShown();
@@ -326,7 +341,9 @@ VorlinaReport frmPublish::Run(const QString& target, bool preview) {
   // What is typed while the plug-in works would change what is being published.
   const WidgetInputHold hold(*this);
   WidgetPublishProgress progress(*this);
-  return RunJob(*Publisher, *Connessione, job, progress);
+  VorlinaReport report = RunJob(*Publisher, *Connessione, job, progress);
+  isStopped_ = progress.IsStopped();
+  return report;
 }
 
 void frmPublish::ShowPreview() {
@@ -338,8 +355,11 @@ void frmPublish::ShowPreview() {
 }
 
 void frmPublish::Publish() {
-  if (!HasTarget()) return;
+  if (Target().isEmpty()) Browse();
   const QString target = Target();
+  if (target.isEmpty()) return;
+  RequireGoodTarget();
+  if (!MayBeWithoutPictures()) return;
   try {
     report_ = Run(target, false);
   } catch (const ProfileRefusal&) {
@@ -348,15 +368,28 @@ void frmPublish::Publish() {
     GoTo(*ui_->txtTarget);
     throw;
   }
+  if (!report_.complete && isStopped_)
+    TheDialogs().Message(
+        this, Texts::tr("Pubblicazione interrotta. %1 è com'era.").arg(QDir::toNativeSeparators(target)),
+        BoxStyle::Information);
   if (!report_.complete) return;
-  const QString identifier = profiles_[current_].identifier;
   try {
-    RememberPublication(*Connessione, IDCatalogo, Plugin, {identifier, target, options_.Read()});
+    Remember(target);
   } catch (const Error& error) {
     ShowError(this, Texts::tr("La pubblicazione è pronta, ma non è stato ricordato dove si trova. %1")
                         .arg(error.Description()));
   }
   accept();
+}
+
+// The language that was published for the first time is that of the catalog from now on.
+void frmPublish::Remember(const QString& target) {
+  const VorlinaProfile& profile = profiles_[current_];
+  Transaction transaction(*Connessione);
+  if (StoredLanguage(*Connessione, IDCatalogo).isEmpty())
+    StoreLanguage(*Connessione, IDCatalogo, profile.language);
+  RememberPublication(*Connessione, IDCatalogo, Plugin, {profile.identifier, target, options_.Read()});
+  transaction.Commit();
 }
 
 // By Escape and the window's own end as well.

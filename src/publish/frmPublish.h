@@ -38,8 +38,10 @@ class frmPublish : public QDialog {
   // read and the user leaves it at that.
   bool LoadForm();
 
-  // Once the window was accepted: what came of the publication, and where it went.
+  // Once the window was accepted: what came of the publication, of which catalog and profile it is, and where
+  // it went.
   const VorlinaReport& Report() const { return report_; }
+  QString What() const;
   QString Target() const;
 
   void reject() override;
@@ -49,6 +51,7 @@ class frmPublish : public QDialog {
   void Attempt(const std::function<void()>& step);
   bool HaveProfiles();
   void Localize_Form();
+  void TellLanguage();
   void Fit();
   void ListProfiles(const QString& shown);
   void ShowProfile();
@@ -58,6 +61,7 @@ class frmPublish : public QDialog {
   void DuplicateProfile();
   void RenameProfile();
   void DeleteProfile();
+  QString FaultOfName(const VorlinaProfile& profile) const;
   bool AskName(const QString& title, VorlinaProfile& profile);
   void AddProfile(VorlinaProfile profile, const QString& title);
   void Browse();
@@ -66,10 +70,12 @@ class frmPublish : public QDialog {
   void RequireAsShown();
   void Store(const VorlinaProfile& profile);
   void GoTo(QWidget& control);
-  bool HasTarget();
+  void RequireGoodTarget();
+  bool MayBeWithoutPictures();
   VorlinaReport Run(const QString& target, bool preview);
   void ShowPreview();
   void Publish();
+  void Remember(const QString& target);
 
   std::unique_ptr<Ui::frmPublish> ui_;
   std::unique_ptr<WidgetPublishFields> fields_;
@@ -81,8 +87,9 @@ class frmPublish : public QDialog {
   QHash<QString, PublishMemory> left_;  // target and options of the profiles that were looked at, as typed
   VorlinaReport report_;
   QString previewFolder_;
-  QString catalog_;    // its name
-  bool busy_ = false;  // with publishing
+  QString catalog_;         // its name, on one line
+  bool busy_ = false;       // with publishing
+  bool isStopped_ = false;  // what was last published or shown
 };
 
 }  // namespace vorlina

@@ -4,6 +4,8 @@
 #include <QClipboard>
 #include <QDir>
 #include <QPushButton>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "base/Helpers.h"
 #include "base/Texts.h"
@@ -13,12 +15,28 @@
 #include "ui_frmPublished.h"
 
 namespace vorlina {
+namespace {
+
+// A note often names a file, whose name stands at its end.
+class NoteDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->textElideMode = Qt::ElideMiddle;
+  }
+};
+
+}  // namespace
 
 frmPublished::frmPublished(QWidget* parent) : QDialog(parent), ui_(new Ui::frmPublished) {
   ui_->setupUi(this);
   QFont bold = ui_->lblDone->font();
   bold.setBold(true);
   ui_->lblDone->setFont(bold);
+  ui_->lstNotes->setItemDelegateForColumn(2, new NoteDelegate(this));
   connect(ui_->cmdCopy, &QPushButton::clicked, this, &frmPublished::Copy);
   connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { OpenFile(*this, open_); });
   connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
@@ -27,15 +45,16 @@ frmPublished::frmPublished(QWidget* parent) : QDialog(parent), ui_(new Ui::frmPu
 
 frmPublished::~frmPublished() = default;
 
-void frmPublished::LoadForm(const VorlinaReport& report, const QString& target,
+void frmPublished::LoadForm(const VorlinaReport& report, const QString& what, const QString& target,
                             const QHash<QString, QString>& names) {
   ui_->retranslateUi(this);
+  ui_->lblWhat->setText(what);
   const std::vector<ReportGroup> groups = GroupsOf(report, names);
   ui_->txtTarget->setText(QDir::toNativeSeparators(target));
   ui_->txtTarget->setCursorPosition(0);
   ui_->lblNumbers->setText(NumbersOf(report));
   ui_->lblChanges->setText(ChangesOf(report));
-  copied_ = PlainReport(report, target, groups);
+  copied_ = PlainReport(report, what, target, groups);
   open_ = report.open.value(0);
   ui_->cmdOpen->setEnabled(!open_.isEmpty());
   ui_->lblNotes->setVisible(!groups.empty());
@@ -48,23 +67,34 @@ void frmPublished::LoadForm(const VorlinaReport& report, const QString& target,
 
 void frmPublished::ListNotes(const std::vector<ReportGroup>& groups) {
   QTreeWidget& list = *ui_->lstNotes;
-  for (const auto& [title, lines] : groups) {
-    auto* group = new QTreeWidgetItem(&list, {u"%1: %2"_qs.arg(title).arg(lines.size())});
-    group->setFirstColumnSpanned(true);
+  for (const ReportGroup& group : groups) {
+    auto* head = new QTreeWidgetItem(&list, {HeadOf(group)});
+    head->setFirstColumnSpanned(true);
     QList<QTreeWidgetItem*> items;
-    for (const auto& [code, name, text] : lines) {
-      auto* item = new QTreeWidgetItem(QStringList{OneLine(code), name, text});
+    for (const auto& [code, name, text] : group.lines) {
+      auto* item =
+          new QTreeWidgetItem(QStringList{OneLine(code), name, group.text.isEmpty() ? text : QString()});
       for (int column = 0; column < 3; ++column)
         item->setData(column, Qt::ToolTipRole, PlainToolTip(item->text(column)));
       items += item;
     }
-    group->addChildren(items);
-    group->setExpanded(true);
+    head->addChildren(items);
+    head->setExpanded(true);
   }
-  list.setColumnWidth(0, width() / 5);
-  list.setColumnWidth(1, width() / 3);
+  FitColumns();
 }
 
-void frmPublished::Copy() { QApplication::clipboard()->setText(copied_); }
+// The note has what code and name leave.
+void frmPublished::FitColumns() {
+  for (const auto& [column, share] : {std::pair{0, 4}, {1, 3}}) {
+    ui_->lstNotes->resizeColumnToContents(column);
+    ui_->lstNotes->setColumnWidth(column, std::min(ui_->lstNotes->columnWidth(column), width() / share));
+  }
+}
+
+void frmPublished::Copy() {
+  QApplication::clipboard()->setText(copied_);
+  ui_->cmdCopy->setText(Texts::tr("Resoconto c&opiato"));
+}
 
 }  // namespace vorlina

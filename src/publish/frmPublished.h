@@ -19,11 +19,14 @@ class frmPublished : public QDialog {
   explicit frmPublished(QWidget* parent = nullptr);
   ~frmPublished() override;
 
-  // The names are those of the products, by their codes. To be called once, before the window is shown.
-  void LoadForm(const VorlinaReport& report, const QString& target, const QHash<QString, QString>& names);
+  // What was published in words, and where; the names are those of the products, by their codes. To be called
+  // once, before the window is shown.
+  void LoadForm(const VorlinaReport& report, const QString& what, const QString& target,
+                const QHash<QString, QString>& names);
 
  private:
   void ListNotes(const std::vector<ReportGroup>& groups);
+  void FitColumns();
   void Copy();
 
   std::unique_ptr<Ui::frmPublished> ui_;

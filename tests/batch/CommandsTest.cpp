@@ -9,6 +9,7 @@
 #include "catalogs/CloneCatalog.h"
 #include "publish/ProfileStore.h"
 #include "publish/PublishMemory.h"
+#include "publish/WebPictures.h"
 #include "support/TestJpeg.h"
 
 using namespace vorlina;
@@ -127,6 +128,26 @@ TEST_F(CommandsTest, NothingIsPublishedOverAnotherCatalogOrProfile) {
     EXPECT_TRUE(refused.err.contains(tells) && refused.err.contains(u"Choose another folder")) << refused.err;
     EXPECT_EQ(Differences(FilesIn(Outside(u"site"_qs)), site), QStringList()) << more;
   }
+}
+
+// Nothing good is replaced by a site that lost all its pictures.
+TEST_F(CommandsTest, PublishingTellsOfPicturesThatCannotBeKeptAndIsRefusedWithoutAny) {
+  Fill("x", 1);
+  WriteFileSafely(AppFile(u"Images/109-È 0.jpg"_qs), MakeJpeg(MakePhoto({900, 600}, 1)));
+  WriteFileSafely(AppFile(WebPicturesFolder), "in the way");
+  const QString line = u"publish --plugin VLHTML.HTML --to site --catalog 109"_qs;
+  EXPECT_EQ(Run(line).out.count(u"in a temporary folder"), 1);
+  const auto site = FilesIn(Outside(u"site"_qs));
+  QDir().rename(AppFile(u"Images"_qs), AppFile(u"Away"_qs));
+  for (const QString& why : {u"Images does not exist."_qs, u"every picture"_qs}) {
+    const Ran refused = Run(line);
+    EXPECT_TRUE(refused.exitCode == 1 && refused.err.contains(why)) << refused.err;
+    EXPECT_EQ(Differences(FilesIn(Outside(u"site"_qs)), site), QStringList());
+    QDir().mkdir(AppFile(u"Images"_qs));
+  }
+  connection_.Execute(u"UPDATE Prodotti SET Immagine=NULL"_qs);
+  connection_.Execute(u"DELETE FROM Immagini"_qs);
+  EXPECT_EQ(Run(line).exitCode, 0) << "no row names one";
 }
 
 TEST_F(CommandsTest, ADeletionKeepsACopyToGoBackToUnlessItIsWaived) {

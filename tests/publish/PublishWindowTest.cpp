@@ -107,8 +107,18 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
   dialogs_.ExpectFolder({});
   Key(Qt::Key_Return);
   EXPECT_TRUE(window_->isVisible() && publisher_.jobs.empty()) << "no target was chosen";
-  dialogs_.ExpectFolder(Outside(u"site"_qs));
-  Key(Qt::Key_Return);
+  AddProduct(1, u"A"_qs);
+  SetImage(u"A"_qs, AppFile(u"Images/gone.jpg"_qs));
+  for (const bool yes : {false, true}) {
+    if (!yes) dialogs_.ExpectFolder(Outside(u"site"_qs));
+    dialogs_.ExpectQuestion(
+        u"In the folder %1 every picture of the published products is missing, such as "
+        "%1/gone.jpg.\r\n\r\nPublish all the same, without the products' pictures?"_qs.arg(
+            AppFile(u"Images"_qs)),
+        yes);
+    EXPECT_EQ(Count(u"CExtension"_qs), 0) << "nothing is stored yet";
+    Key(Qt::Key_Return);
+  }
   ASSERT_EQ(publisher_.jobs.size(), 1);
   const VorlinaJob& job = publisher_.jobs[0];
   EXPECT_TRUE(!job.preview && job.target == Outside(u"site"_qs) && job.profile.language == u"fr");
@@ -123,17 +133,23 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
 }
 
 TEST_F(PublishWindow, GoesToWhatIsNoGoodAndStaysWhereItFails) {
-  Line(u"txtTarget"_qs).setText(Outside(u"site"_qs));
-  Line(u"txtAddress"_qs).setText(u"ftp://here"_qs);
+  const QString language = Get<QLabel>(u"lblLanguageHint"_qs).text();
+  EXPECT_TRUE(language.contains(u"please check it")) << language;
+  WriteFileSafely(Outside(u"file"_qs), "a file");
+  Line(u"txtAddress"_qs).setText(u"example.it/a b?c=d"_qs);
   Get<QPlainTextEdit>(u"txtHours"_qs).setPlainText(u"9-12\n15-19"_qs);
-  const QString why = FailureOf([&] {
-    VorlinaProfile bad = Stored();
-    bad.address = u"ftp://here"_qs;
-    StoreProfile(connection_, 1, bad);
-  });
-  dialogs_.ExpectMessage(why, BoxStyle::Stop);
-  Click(u"cmdPublish"_qs);
+  for (const auto& [target, why] :
+       {std::pair{u"site"_qs, u"Type the whole path, or choose it with Browse."_qs},
+        {Outside(u"file/site"_qs), u"%1 is a file: please choose a folder."_qs.arg(Outside(u"file"_qs))},
+        {Outside(u"site"_qs), u"The address \"https://example.it/a b?c=d\" cannot hold \"?\""_qs}}) {
+    Line(u"txtTarget"_qs).setText(target);
+    Line(u"txtAddress"_qs).setFocus();
+    dialogs_.ExpectMessage(why, BoxStyle::Stop);
+    Click(u"cmdPublish"_qs);
+    EXPECT_EQ(window_->focusWidget(), &Line(why.contains(u'?') ? u"txtAddress"_qs : u"txtTarget"_qs)) << why;
+  }
   EXPECT_TRUE(publisher_.jobs.empty());
+  EXPECT_EQ(Count(u"CExtension"_qs), 0) << "nothing was used that would be stored";
   EXPECT_EQ(Get<QTabWidget>(u"tbsPublish"_qs).currentIndex(), 1);
   QTest::keyClick(window_->windowHandle(), Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(Get<QTabWidget>(u"tbsPublish"_qs).currentIndex(), 0);
@@ -151,10 +167,9 @@ TEST_F(PublishWindow, GoesToWhatIsNoGoodAndStaysWhereItFails) {
   EXPECT_EQ(window_->focusWidget(), &Line(u"txtTarget"_qs));
   EXPECT_EQ(Stored().address, u"https://www.example.it/c/"_qs);
   EXPECT_EQ(Get<QPlainTextEdit>(u"txtHours"_qs).toPlainText(), u"9-12\n15-19"_qs);
-  Line(u"txtTarget"_qs).setText(u"site"_qs);
-  dialogs_.ExpectMessage(u"Type the whole path, or choose it with Browse."_qs, BoxStyle::Stop);
-  Click(u"cmdPublish"_qs);
-  EXPECT_EQ(publisher_.jobs.size(), 1);
+  Key(Qt::Key_Escape);
+  Open();
+  EXPECT_EQ(Get<QLabel>(u"lblLanguageHint"_qs).text(), language) << "it is proposed until it is published";
 }
 
 // What is typed meanwhile goes nowhere, an Enter too many does not stop it, and Escape does.
@@ -174,6 +189,9 @@ TEST_F(PublishWindow, IsHeldWhileItPublishesAndStaysWhenThatIsStopped) {
     EXPECT_FALSE(progress.Report(2, 10, u"pages"_qs));
     return VorlinaReport();
   };
+  dialogs_.ExpectMessage(
+      u"Publishing was stopped. %1 is as it was."_qs.arg(QDir::toNativeSeparators(Outside(u"site"_qs))),
+      BoxStyle::Information);
   Click(u"cmdPublish"_qs);
   EXPECT_TRUE(wentOn && window_->isVisible());
   EXPECT_EQ(Line(u"txtAddress"_qs).text(), QString());
@@ -202,6 +220,8 @@ TEST_F(PublishWindow, ChangesProfilesAndAsksBeforeOneGoes) {
   EXPECT_EQ(Line(u"txtTarget"_qs).text(), Outside(u"public"_qs));
   dialogs_.ExpectInput(name, u"standard"_qs);
   dialogs_.ExpectMessage(u"There is a profile named \"Standard\" already"_qs, BoxStyle::Stop);
+  dialogs_.ExpectInput(name, QString(101, u'x'));
+  dialogs_.ExpectMessage(u"The name of the profile has more than 100 characters"_qs, BoxStyle::Stop);
   dialogs_.ExpectInput(name, {});
   Click(u"cmdRenameProfile"_qs);
   auto& list = Get<QComboBox>(u"cmbProfile"_qs);
@@ -303,7 +323,12 @@ TEST_F(PublishWindow, OffersThePublishedProductsAsHighlights) {
   press(Qt::Key_Space);
   EXPECT_EQ(window.findChild<QLabel*>(u"lblCount"_qs)->text(),
             u"Chosen: 2. Without a picture: 1, which do not show on the first page."_qs);
-  press(Qt::Key_Return);
+  const QString keep = u"The highlights were changed. Keep the new choice?"_qs;
+  dialogs_.ExpectDismissed(keep);
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(window.isVisible());
+  dialogs_.ExpectQuestion(keep, true);
+  window.close();
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.Chosen().join(u' '), u"B A"_qs) << "in the order of publication";
 }
@@ -313,17 +338,20 @@ TEST_F(PublishWindow, TellsWhatCameOfItByKindAndProduct) {
   VorlinaReport report;
   report.pages = 1234;
   report.changed = 2;
-  report.notes = {{Kind::Other, {}, u"no logo"_qs}, {Kind::NoPicture, u"B"_qs, u"no\npicture"_qs}};
+  report.notes = {{Kind::Other, {}, u"no logo"_qs},
+                  {Kind::NoPicture, u"B"_qs, u"no\npicture"_qs},
+                  {Kind::NoPicture, u"C"_qs, u"no\npicture"_qs}};
   frmPublished window;
-  window.LoadForm(report, Outside(u"site"_qs), {{u"B"_qs, u"<b>Tazza"_qs}});
+  window.LoadForm(report, u"Catalog: X."_qs, Outside(u"site"_qs), {{u"B"_qs, u"<b>Tazza"_qs}});
   const auto* list = window.findChild<QTreeWidget*>(u"lstNotes"_qs);
   ASSERT_EQ(list->topLevelItemCount(), 2);
-  EXPECT_EQ(list->topLevelItem(0)->text(0), u"Without a picture: 1"_qs);
+  EXPECT_EQ(list->topLevelItem(0)->text(0), u"Without a picture: 2. no picture"_qs);
   EXPECT_EQ(list->topLevelItem(0)->child(0)->text(1), u"<b>Tazza"_qs);
+  EXPECT_EQ(list->topLevelItem(0)->child(0)->text(2), QString()) << "it is told once";
   EXPECT_FALSE(window.findChild<QPushButton*>(u"cmdOpen"_qs)->isEnabled());
   window.findChild<QPushButton*>(u"cmdCopy"_qs)->click();
   EXPECT_TRUE(QApplication::clipboard()->text().endsWith(
-      u"Without a picture\r\nB\t<b>Tazza\tno picture\r\n\r\nOther\r\n\t\tno logo"_qs))
+      u"Without a picture: 2. no picture\r\nB\t<b>Tazza\r\nC\t\r\n\r\nOther: 1\r\n\t\tno logo"_qs))
       << QApplication::clipboard()->text();
 }
 
