@@ -3,6 +3,7 @@ import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { expect, openTab } from './browser.mjs';
 
+/* global document, getComputedStyle */
 const found = (tab) => tab.locator('#results .found strong').textContent();
 const until = (tab, text) => tab.locator('#results .found strong', { hasText: text }).waitFor();
 
@@ -109,6 +110,23 @@ export async function checkWithoutIndex(browser, address) {
   const told = await tab.locator('#results [role=alert]').textContent({ timeout: 5000 });
   if (!/search|ricerca/.test(told) || await tab.locator('#list').isHidden()) problems.push(`"${told}" is told`);
   expect('an index that cannot be fetched leaves the list', problems);
+  await close();
+}
+
+// When the script comes, later than the page is painted, nothing moves.
+export async function checkStill(browser, address, page) {
+  const { tab, problems, close } = await openTab(browser, address, { viewport: { width: 360, height: 740 } });
+  let release;
+  const held = new Promise((resolve) => { release = resolve; });
+  await tab.route('**/search.js', (route) => held.then(() => route.continue()));
+  await tab.goto(address + page, { waitUntil: 'commit' });
+  await tab.waitForFunction(() => document.querySelector('footer') && getComputedStyle(document.body).display === 'flex');
+  const top = () => tab.evaluate(() => document.querySelector('#list, .hero').getBoundingClientRect().top);
+  const before = await top();
+  release();
+  await tab.locator('#search').waitFor();
+  if (await top() !== before) problems.push(`${before} px from the top becomes ${await top()}`);
+  expect(`${page} does not move`, problems);
   await close();
 }
 

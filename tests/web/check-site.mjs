@@ -8,7 +8,7 @@ import { addressOf, counts, knownPath, launch, serve, together } from './browser
 import { checkFiles } from './check-files.mjs';
 import { checkFocus, checkPage, checkPrint } from './check-look.mjs';
 import { checkFetched, checkWeight } from './check-pictures.mjs';
-import { checkBuyer, checkFinding, checkHostile, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
+import { checkBuyer, checkFinding, checkHostile, checkStill, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
 
 const MostOfList = 300_000; // bytes
 
@@ -61,6 +61,7 @@ try {
     jobs.push(() => checkFocus(browser, local, 'products.html', { width: 1024, colorScheme: 'light' }, search('a')));
     for (const page of ['index.html', 'products.html', product]) jobs.push(() => checkFetched(browser, served, page));
     for (const page of ['index.html', product]) jobs.push(() => checkFocus(browser, local, page, { width: 360, colorScheme: 'dark' }));
+    for (const page of ['index.html', 'products.html']) jobs.push(() => checkStill(browser, served, page));
     jobs.push(() => checkWeight(browser, served, 'products.html', MostOfList));
     jobs.push(() => checkPrint(browser, local, 'products.html', 4), () => checkPrint(browser, local, product, 1));
   }

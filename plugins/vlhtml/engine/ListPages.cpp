@@ -85,8 +85,9 @@ void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int
   head.title = PageTitle(
       title, {filter + twin, list.Pages() > 1 ? pageOf : std::string(), CompanyInTitle(site.Brand())});
   head.shared = (filter.empty() ? std::string() : filter + ": ") + title;
-  head.description =
-      head.shared + " – " + (list.Pages() > 1 ? pageOf + ": " : std::string()) + FirstNames(site, list, page);
+  const std::string names = FirstNames(site, list, page);
+  head.description = head.shared;
+  if (!names.empty()) head.description += " – " + (list.Pages() > 1 ? pageOf + ": " : std::string()) + names;
   head.file = list.PageFile(page);
   if (const int pictured = PicturedOn(site, list, page); pictured >= 0) {
     head.picture = &site.pictures.Of(std::size_t(pictured)).front();
@@ -98,6 +99,14 @@ void TellListHead(Fields& fields, const Site& site, const PlannedList& list, int
   if (list.filter > 0) steps.emplace_back(title, list.PageFile(1));
   if (const QJsonObject path = PathData(site, steps); !path.isEmpty()) head.data.append(path);
   TellHead(fields, site, head);
+}
+
+// The first values of a filter, for a description of the page of all.
+std::string FirstValues(const Site& site, const PlannedFilter& group) {
+  std::string values;
+  for (std::size_t i = 0; i < std::min(ValuesAtOnce, group.lists.size()); ++i)
+    values += (i == 0 ? "" : ", ") + site.plan.filters[std::size_t(group.lists[i])].title.toStdString();
+  return values;
 }
 
 // The letter that a value stands under: accents do not matter, and what is no letter stands under a sign.
@@ -152,10 +161,10 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
   }
   // One letter that all have tells nothing.
   if (letters.size() == 1) letters.front().text.clear();
-  const std::string total = site.words.Text("allOf", {{"n", site.words.Number(int(group.lists.size()))}});
+  const std::string all = site.words.Text("allValues");
   TellHead(fields, site,
-           {PageTitle(group.name, {site.words.Text("allValues"), CompanyInTitle(site.Brand())}),
-            group.name + " – " + total + ", " + site.Brand(),
+           {PageTitle(group.name, {all, CompanyInTitle(site.Brand())}),
+            group.name + ": " + FirstValues(site, group),
             group.allFile,
             "website",
             nullptr,
@@ -163,7 +172,7 @@ void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group)
             {},
             {}});
   fields.Text("heading", group.name);
-  fields.Text("total", total);
+  fields.Text("total", all + " (" + site.words.Number(int(group.lists.size())) + ")");
   fields.List("letters", letters.size(), [&](Fields& letter, std::size_t i) {
     letter.TextIf("letter", letters[i].text.toStdString());
     letter.List("values", letters[i].lists.size(),

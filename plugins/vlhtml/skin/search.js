@@ -157,17 +157,20 @@
 
   function frame(row, always) {
     if (!row.picture) return always ? [make('span', { className: 'frame none' })] : [];
-    return [make('span', { className: 'frame' }, make('img', { loading: 'lazy', decoding: 'async', alt: '', src: row.picture }))];
+    return [make('span', { className: 'frame' }, make('img', { className: 'tiny', loading: 'lazy', decoding: 'async', alt: '', src: row.picture }))];
   }
 
   function card(row, kind) {
     const text = make('span', { className: 'text' }, part('name', row.name));
     if (row.name !== row.code) text.append(' ', part('code', row.code));
-    if (row.price) text.append(' ', part('price', row.price));
-    return make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), text));
+    const price = row.price ? [' ', part('price', row.price)] : [];
+    const isRow = kind === 'row'; // a column of prices
+    if (!isRow) text.append(...price);
+    return make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), text, ...(isRow ? price : [])));
   }
 
   function showList(visible) {
+    byId('list').style.visibility = '';
     byId('list').hidden = !visible;
     if (visible) head(listHeading, listTitle);
   }
@@ -344,7 +347,9 @@
     field.value = query;
     wasEmpty = parameters() === '';
     if (wasEmpty && !index) return;
-    showList(wasEmpty);
+    // Until results come, the list keeps their room.
+    if (wasEmpty) showList(true);
+    else if (results.hidden) byId('list').style.visibility = 'hidden';
     withIndex(show);
   }
 
