@@ -111,7 +111,7 @@ bool Publication::Work::MayGoOn(const MayReplace& ask) {
   const Manifest& former = staging_.Former();
   if (former.entries.isEmpty()) {
     RequireNoOtherSite(job_.target, italian_);
-    return true;
+    return job_.preview || !ask || !HasShownFiles(job_.target) || ask(FormerSite::NoneButFiles, {});
   }
   const bool isOfCatalog = former.site == key_.Site();
   // Sites that tell no profile were published before there was one to tell.

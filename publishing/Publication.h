@@ -40,8 +40,9 @@ class PageMaker {
 };
 using NewPageMaker = std::function<std::unique_ptr<PageMaker>()>;
 
-// Asks whether a site, which has this title, may be replaced.
-enum class FormerSite { OfAnotherCatalog, OfAnotherProfile };
+// Asks whether a site, which has this title, may be replaced; or, where there is none, whether this one may
+// come among files of the user's own, none of which is replaced.
+enum class FormerSite { OfAnotherCatalog, OfAnotherProfile, NoneButFiles };
 using MayReplace = std::function<bool(FormerSite former, const QString& title)>;
 
 class Publication {
@@ -59,8 +60,9 @@ class Publication {
   // that of last time, with no change, and there is nothing to do. To be asked before what it is made from
   // is read; not for a preview. It is true only after a publication that was remembered.
   bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
-  // Whether the folder may have this catalog; to be asked before anything is reported or made. Throws for one
-  // with the site of another catalog, or of another profile, where nobody can be asked. A preview never asks.
+  // Whether the folder may have this catalog; to be asked before anything is reported or made. Where nobody
+  // can be asked it throws for one with the site of another catalog, or of another profile, and is content
+  // with other files, hidden ones being no question anyway. A preview never asks.
   bool MayGoOn(const MayReplace& ask);
 
   // A page, which the maker knows by this number. What is added before the next one comes with it.

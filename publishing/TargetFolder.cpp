@@ -51,4 +51,8 @@ void RequireNoOtherSite(const QString& target, bool italian) {
                        "empty folder."));
 }
 
+bool HasShownFiles(const QString& target) {
+  return !QDir(target).isEmpty(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+}
+
 }  // namespace publishing

@@ -12,4 +12,7 @@ void RequireSiteFolder(const QString& target, const QString& applicationFolder, 
 // The same for a folder with somebody else's pages; to be asked where nothing in it is ours.
 void RequireNoOtherSite(const QString& target, bool italian);
 
+// Whether there is anything in it that is not hidden.
+bool HasShownFiles(const QString& target);
+
 }  // namespace publishing

@@ -99,6 +99,21 @@ TEST_F(TargetTest, OfAnotherProfileIsReplacedOnlyWhenAsked) {
   EXPECT_EQ(Publishing(1, target_), QString()) << "it is its own now";
 }
 
+TEST_F(TargetTest, AmongFilesOfTheUserItComesOnlyWhenAskedOnce) {
+  const QString hidden = folder_.filePath(u"hidden"_qs);
+  Write(hidden + u"/.git/config"_qs, "theirs");
+  Write(target_ + u"/letters/one.txt"_qs, "theirs");
+  const auto before = Files(target_);
+  Answers answers;
+  EXPECT_EQ(Publishing(1, target_, &answers), u"asked"_qs);
+  EXPECT_TRUE(answers.asked.contains(u"other files"));
+  EXPECT_TRUE(Files(target_) == before);
+  EXPECT_EQ(Publishing(1, hidden, &answers), QString());
+  EXPECT_EQ(Publishing(1, target_), QString()) << "nobody is there to be asked";
+  EXPECT_EQ(Publishing(1, target_, &answers), QString()) << "the site stands there";
+  EXPECT_EQ(Page(u"letters/one.txt"_qs), "theirs");
+}
+
 TEST_F(TargetTest, APreviewNeverAsks) {
   preview_ = true;
   for (int i = 0; i < 2; ++i) EXPECT_EQ(Publishing(1, target_), QString());

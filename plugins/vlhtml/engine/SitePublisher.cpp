@@ -45,30 +45,39 @@ VorlinaReport Make(Site site, const Skin& skin, Publication& publication,
 // Nothing but a plain yes replaces a site: it goes with all its pages.
 bool SitePublisher::MayReplace(FormerSite former, const QString& title, const QString& folder) const {
   const bool italian = host_.language == u"Italian";
+  const auto ask = [&](const QString& question, const QString& details) {
+    return host_.ui->Ask(question, QDir::toNativeSeparators(folder) + QStringLiteral("\n\n") + details);
+  };
+  if (former == FormerSite::NoneButFiles)
+    return ask(
+        italian ? QStringLiteral("La cartella contiene altri file. Pubblicare comunque lì, tra di essi?")
+                : QStringLiteral("The folder holds other files. Publish there all the same, among them?"),
+        italian
+            ? QStringLiteral("Nessuno di essi sarà eliminato o sostituito, ma i file del sito possono essere "
+                             "centinaia. Per tenerli a parte, rispondere No e scegliere una cartella vuota.")
+            : QStringLiteral("None of them will be deleted or replaced, but the files of a site can be "
+                             "hundreds. To keep them apart, answer No and choose an empty folder."));
   if (former == FormerSite::OfAnotherProfile)
-    return host_.ui->Ask(
+    return ask(
         italian ? QStringLiteral(
                       "La cartella contiene il sito di questo catalogo pubblicato con un altro profilo. "
                       "Sostituirlo?")
                 : QStringLiteral(
                       "The folder holds this catalog's site as published with another profile. Replace it?"),
-        (italian
-             ? QStringLiteral("%1\n\nIl sito avrà ciò che mostra questo profilo. Per conservare quello "
-                              "dell'altro, rispondere No e scegliere un'altra cartella.")
-             : QStringLiteral("%1\n\nThe site will have what this profile shows. To keep that of the other "
-                              "one, answer No and choose another folder."))
-            .arg(QDir::toNativeSeparators(folder)));
+        italian
+            ? QStringLiteral("Il sito avrà ciò che mostra questo profilo. Per conservare quello dell'altro, "
+                             "rispondere No e scegliere un'altra cartella.")
+            : QStringLiteral("The site will have what this profile shows. To keep that of the other one, "
+                             "answer No and choose another folder."));
   const QString named = title.isEmpty() ? QString() : QStringLiteral(" (\"%1\")").arg(title);
-  return host_.ui->Ask(
+  return ask(
       (italian ? QStringLiteral("La cartella contiene il sito di un altro catalogo%1. Sostituirlo?")
                : QStringLiteral("The folder holds the site of another catalog%1. Replace it?"))
           .arg(named),
-      (italian ? QStringLiteral(
-                     "%1\n\nLe pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
-                     "scegliere un'altra cartella.")
-               : QStringLiteral("%1\n\nThe pages of that site will be deleted. To keep them, answer No and "
-                                "choose another folder."))
-          .arg(QDir::toNativeSeparators(folder)));
+      italian ? QStringLiteral("Le pagine di quel sito saranno eliminate. Per conservarle, rispondere No e "
+                               "scegliere un'altra cartella.")
+              : QStringLiteral("The pages of that site will be deleted. To keep them, answer No and choose "
+                               "another folder."));
 }
 
 // Those of a plug-in that the user installed come with it.
