@@ -1,5 +1,6 @@
 #include "SkinFolders.h"
 
+#include <FolderLock.h>
 #include <SafeWriting.h>
 #include <ZipReader.h>
 
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "FolderLock.h"
 #include "PublishError.h"
 
 namespace publishing {
@@ -175,8 +175,8 @@ void TakeBackUnfinished(const QString& skins) {
 
 // Not while one is being installed.
 void LookForUnfinished(const QString& skins) {
-  FolderLock lock;
-  if (!UnfinishedIn(skins).isEmpty() && lock.Take(skins)) TakeBackUnfinished(skins);
+  files::FolderLock lock;
+  if (!UnfinishedIn(skins).isEmpty() && lock.TakeAlone(skins, 0)) TakeBackUnfinished(skins);
 }
 
 }  // namespace
@@ -206,8 +206,8 @@ QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const V
   const bool italian = host.language == u"Italian";
   const QString skins = SkinsIn(host.applicationFolder, kind);
   MakeFolder(skins, italian);
-  FolderLock lock;
-  if (!lock.Take(skins))
+  files::FolderLock lock;
+  if (!lock.TakeAlone(skins, 0))
     throw About(
         skins, italian,
         QStringLiteral("Nella cartella %1 si sta già installando una skin. Attendere la fine e "

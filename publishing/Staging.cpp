@@ -63,7 +63,7 @@ Staging::Staging(const QString& target, bool italian)
       beside_(QFileInfo(target_).path() + QStringLiteral("/.") + QFileInfo(target_).fileName() +
               QStringLiteral(".vorlina-new")),
       inside_(target_ + QStringLiteral("/.vorlina-new")) {
-  if (!lock_.Take(target_))
+  if (!lock_.TakeAlone(target_, 0))
     throw About(target_, italian_,
                 QStringLiteral("Nella cartella %1 si sta già pubblicando. Attendere la fine e riprovare."),
                 QStringLiteral("The folder %1 is being published into. Wait for the end and try again."));
@@ -196,9 +196,10 @@ ManifestEntry Staging::Copy(const QString& file, const QString& source, const QB
 bool Staging::SwapWhole(const Manifest& coming) {
   const QString site = SiteSwap::NewFiles(staging_);
   if (!folder_.WasMade() || staging_ != beside_) return false;
-  FolderLock lock;
+  files::FolderLock lock;
   std::error_code failure;
-  if (!lock.Take(site) || !WriteSynced(site + u'/' + Manifest::FileName(), coming.ToText())) return false;
+  if (!lock.TakeAlone(site, 0) || !WriteSynced(site + u'/' + Manifest::FileName(), coming.ToText()))
+    return false;
   fs::rename(SystemPath(site), SystemPath(target_), failure);
   if (failure) QFile::remove(site + u'/' + Manifest::FileName());
   if (failure) return false;

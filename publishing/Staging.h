@@ -4,6 +4,8 @@
 // Only files that changed are built. When all are there, SiteSwap puts them in place.
 #pragma once
 
+#include <FolderLock.h>
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -12,7 +14,6 @@
 #include <set>
 #include <system_error>
 
-#include "FolderLock.h"
 #include "Manifest.h"
 
 namespace publishing {
@@ -75,7 +76,7 @@ class Staging {
 
   QString target_;
   bool italian_;
-  FolderLock lock_;
+  files::FolderLock lock_;
   MadeFolder folder_;
   QString beside_, inside_;  // where the staging folder can be
   QString staging_;          // where it is; empty until begun

@@ -7,9 +7,9 @@
 #include <QStandardPaths>
 
 #include "base/Error.h"
-#include "base/FolderHold.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
+#include "files/FolderLock.h"
 
 namespace vorlina {
 namespace {
@@ -182,7 +182,7 @@ void WriteLines(const QString& path, const QByteArray& bytes) {
 void SaveLine(const QString& path, const QString& section, const QString& key, const QString& value) {
   const QString folder = QFileInfo(path).path();
   MakeFolder(folder);
-  FolderHold hold;
+  files::FolderLock hold;
   if (!hold.TakeAlone(folder, WaitForOthers))
     throw Error(Texts::tr("un altro programma le sta salvando. Riprovare."));
   QByteArray bytes;

@@ -6,12 +6,12 @@
 
 #include "base/AppPath.h"
 #include "base/Dialogs.h"
-#include "base/FolderHold.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
 #include "base/WaitCursor.h"
 #include "catalogs/BackupManifest.h"
 #include "catalogs/BackupPlace.h"
+#include "files/FolderLock.h"
 #include "images/PictureFolder.h"
 #include "store/CatalogDatabase.h"
 
@@ -63,7 +63,7 @@ QString CopyInto(const QDir& folder, BackupReason reason, const QString& spared)
   CopyDatabase(AppFile(DatabaseName), staging.Database());
   if (!IsOwnDatabase(staging.Database())) return {};
   // One after the other: two programs must not take the same name, nor count while the other one removes.
-  FolderHold hold;
+  files::FolderLock hold;
   if (!hold.TakeAlone(folder.path(), WaitForOthers))
     throw Error(Texts::tr("La cartella %1 è in uso da un altro programma.")
                     .arg(QDir::toNativeSeparators(folder.path())));

@@ -31,7 +31,7 @@ void RemoveLeftovers(const QString& folder) {
       QDir(folder).entryList({StagingName + u"??????"_qs}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
   for (const QString& name : names) {
     const QString path = QDir(folder).filePath(name);
-    FolderHold hold;
+    files::FolderLock hold;
     if (hold.TakeAlone(path, 0) && hold.IsHeld()) RemoveStaging(path);
   }
 }

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "base/FolderHold.h"
+#include "files/FolderLock.h"
 
 namespace vorlina {
 
@@ -27,7 +27,7 @@ class BackupStaging {
 
  private:
   QString folder_;
-  FolderHold hold_;
+  files::FolderLock hold_;
 };
 
 }  // namespace vorlina

@@ -6,13 +6,13 @@
 #include <functional>
 
 #include "base/AppPath.h"
-#include "base/FolderHold.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
 #include "catalogs/AutomaticBackup.h"
 #include "catalogs/Backup.h"
 #include "catalogs/BackupSources.h"
 #include "catalogs/RestoreSwap.h"
+#include "files/FolderLock.h"
 #include "store/CatalogDatabase.h"
 #include "store/CatalogSchema.h"
 #include "store/Connection.h"
@@ -24,7 +24,7 @@ namespace vorlina {
 namespace {
 
 // Alone in the folder: neither one of our programs nor another one in the middle of a change.
-void TakeFolder(FolderHold& hold, const QString& folder) {
+void TakeFolder(files::FolderLock& hold, const QString& folder) {
   if (hold.TakeAlone(folder, 0) && !IsDatabaseLocked(QDir(folder).filePath(DatabaseName))) return;
   throw Error(Texts::tr("I cataloghi in %1 sono aperti in un altro programma. Chiuderlo e riprovare.")
                   .arg(QDir::toNativeSeparators(folder)));
@@ -223,7 +223,7 @@ QString RestoredText(const QString& source, const RestoreReport& report) {
 RestoreReport RestoreBackup(const QString& source, const Progress& progress, const CopyWaiver& waive) {
   const QString folder = AppPath();
   MakeFolder(folder);
-  FolderHold hold;
+  files::FolderLock hold;
   TakeFolder(hold, folder);
   FinishInterruptedRestore(folder);
   const QString staging = StagingFolder(folder);

@@ -12,9 +12,9 @@
 
 #include "base/AppPath.h"
 #include "base/Error.h"
-#include "base/FolderHold.h"
 #include "base/SafeFile.h"
 #include "base/Texts.h"
+#include "files/FolderLock.h"
 
 namespace vorlina {
 namespace {
@@ -240,7 +240,7 @@ bool IsSwapPending(const QString& folder) { return Exists(Swap(folder).JournalPa
 QString FinishInterruptedRestore() {
   const QString folder = AppPath();
   if (!IsSwapPending(folder) && !Swap(folder).HasStaging()) return {};
-  FolderHold hold;
+  files::FolderLock hold;
   if (!hold.TakeAlone(folder, WaitForOthers)) {
     // Without a journal everything is in its place, and whoever is at work there sees to the rest.
     if (!IsSwapPending(folder)) return {};

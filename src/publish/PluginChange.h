@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-#include "base/FolderHold.h"
+#include "files/FolderLock.h"
 #include "publish/PackageManifest.h"
 
 namespace vorlina {
@@ -63,7 +63,7 @@ class PluginChange {
 
   QDir folder_;
   QString identifier_;
-  FolderHold hold_;
+  files::FolderLock hold_;
   PackageManifest ready_;                           // the staged package
   QStringList emptied_;                             // folders out of which files went
   std::vector<std::pair<QString, QString>> moves_;  // from, to

@@ -19,7 +19,7 @@
 #include <memory>
 #include <vector>
 
-#include "base/FolderHold.h"
+#include "files/FolderLock.h"
 #include "store/ChangeLabel.h"
 
 namespace vorlina {
@@ -88,7 +88,7 @@ class Connection {
   void AfterRollback() noexcept;
   void TakeBack(std::size_t commits, std::size_t rollbacks) noexcept;
 
-  FolderHold hold_;
+  files::FolderLock hold_;
   std::unique_ptr<SQLite::Database> database_;
   mutable std::unique_ptr<SQLite::Statement> versionStatement_;
   QString text_;

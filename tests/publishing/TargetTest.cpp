@@ -1,12 +1,12 @@
 // The folder that a site is published into: which one may be, what is known of it, and that it is left as it
 // was when something goes wrong.
+#include <FolderLock.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
 
 #include "Crew.h"
-#include "FolderLock.h"
 #include "JpegHead.h"
 #include "Manifest.h"
 #include "SiteSwap.h"
@@ -280,8 +280,8 @@ TEST_F(TargetTest, WhereNothingCanBeWrittenBesideItIsMadeInside) {
 TEST_F(TargetTest, ASecondPublisherIsTold) {
   QDir().mkpath(target_);
   {
-    publishing::FolderLock first;
-    ASSERT_TRUE(first.Take(target_));
+    files::FolderLock first;
+    ASSERT_TRUE(first.TakeAlone(target_, 0));
     EXPECT_TRUE(Publishing(1, target_).contains(u"Wait for the end"));
   }
   EXPECT_EQ(Publishing(1, target_), QString());

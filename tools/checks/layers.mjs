@@ -15,7 +15,7 @@ const arrows = {
   support: ['base', 'store'],
   grid: ['base', 'store'],
   images: ['files', 'base', 'store'],
-  publish: ['plug-in headers', 'base', 'store', 'support', 'images'],
+  publish: ['plug-in headers', 'files', 'base', 'store', 'support', 'images'],
   catalogs: ['files', 'base', 'store', 'support', 'images', 'publish'],
   products: ['base', 'store', 'support', 'grid', 'images', 'publish', 'catalogs'],
   update: ['base', 'support'],
