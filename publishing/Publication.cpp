@@ -10,9 +10,9 @@
 #include "PageMark.h"
 #include "PublicationRecord.h"
 #include "PublishError.h"
+#include "SiteKey.h"
 #include "Staging.h"
 #include "TargetFolder.h"
-#include "TargetMemory.h"
 
 namespace publishing {
 namespace {

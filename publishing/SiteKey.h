@@ -1,4 +1,6 @@
-// What is kept with a catalog among the named values of the database, and the key of its site among that.
+// A random key that is kept with a catalog, by which a folder's site is known as this catalog's: two
+// databases may each have a catalog of the same number, and a copy of a catalog has the key of its original.
+// Only digests of it are published.
 #pragma once
 
 #include <QByteArray>
@@ -8,13 +10,6 @@ class IVorlinaConnection;
 
 namespace publishing {
 
-// A value of a catalog; "" when it was never kept.
-QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name);
-void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
-                     const QString& value);
-
-// A random key, by which a folder's site is known as this catalog's: two databases may each have a catalog of
-// the same number, and a copy of a catalog has the key of its original. Only digests of it are published.
 class SiteKey {
  public:
   // Reads the key, or draws one that Keep() then stores. What different plug-ins publish of a catalog are
