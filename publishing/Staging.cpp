@@ -1,5 +1,7 @@
 #include "Staging.h"
 
+#include <SafeWriting.h>
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -29,15 +31,6 @@ void Discard(const QString& staging) {
   if (staging.isEmpty() || QFileInfo(staging).isSymLink()) return;
   QFile::remove(staging + u'/' + Manifest::FileName());
   QDir(staging).removeRecursively();
-}
-
-// A disk that fills up takes a part of what is written, without an error.
-std::runtime_error Unwritten(const QFile& file, const QString& place, bool italian) {
-  if (file.error() == QFileDevice::NoError || file.error() == QFileDevice::ResourceError)
-    return CannotWrite(place, std::make_error_code(std::errc::no_space_on_device), italian);
-  const QString reason = file.errorString();
-  return About(place, italian, QStringLiteral("Impossibile scrivere %1: ") + reason,
-               QStringLiteral("%1 cannot be written: ") + reason);
 }
 
 }  // namespace
@@ -154,41 +147,34 @@ void Staging::ChoosePlace() {
   throw CannotWrite(target_, failure, italian_);
 }
 
-ManifestEntry Staging::EntryOf(const QString& file, qint64 meant, const QByteArray& input) const {
-  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
-  const auto written = FingerprintOf(staged);
-  if (!written || written->size != meant)
-    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
-                      italian_);
-  return {input, *written};
+// Has a file written where it is staged; what fails is told of the place that it is for.
+template <typename Writing>
+auto Staging::Told(const QString& file, const Writing& write) const {
+  try {
+    return write(QString(SiteSwap::NewFiles(staging_) + u'/' + file));
+  } catch (const files::FileError& error) {
+    const QString place = target_ + u'/' + file;
+    throw CannotWrite(files::FileError(error.What(), place, error.Cause(), error.Reason()), italian_);
+  }
 }
 
 ManifestEntry Staging::Write(const QString& file, std::string_view content, const QByteArray& input) const {
-  QFile out(SiteSwap::NewFiles(staging_) + u'/' + file);
   const auto size = qint64(content.size());
-  const bool written = out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-                       out.write(content.data(), size) == size && out.size() == size;
-  out.close();
-  if (!written) throw Unwritten(out, QString(target_ + u'/' + file), italian_);
+  Told(file, [&](const QString& staged) {
+    files::WriteStagedFile(staged, [&](QIODevice& out) { return out.write(content.data(), size) == size; });
+  });
   return {input, FingerprintOf(content)};
 }
 
 ManifestEntry Staging::Copy(const QString& file, const QString& source, const QByteArray& input) const {
-  const QString staged = SiteSwap::NewFiles(staging_) + u'/' + file;
-  std::error_code failure;
-  const auto size = qint64(fs::file_size(SystemPath(source), failure));
-  if (!failure)
-    fs::copy_file(SystemPath(source), SystemPath(staged), fs::copy_options::overwrite_existing, failure);
-  // The copy calls a full disk an error of input or output.
-  std::error_code ignored;
-  if (failure && fs::space(SystemPath(staging_), ignored).available < std::uintmax_t(size))
-    throw CannotWrite(QString(target_ + u'/' + file), std::make_error_code(std::errc::no_space_on_device),
-                      italian_);
-  if (failure)
-    throw About(source, italian_,
-                QStringLiteral("Impossibile copiare %1: ") + QString::fromStdString(failure.message()),
-                QStringLiteral("%1 cannot be copied: ") + QString::fromStdString(failure.message()));
-  return EntryOf(file, size, input);
+  return Told(file, [&](const QString& staged) -> ManifestEntry {
+    const bool copied = files::CopyStagedFile(source, staged) == files::StagedCopy::Made;
+    const auto content = copied ? FingerprintOf(staged) : std::nullopt;
+    if (!content)
+      throw About(source, italian_, QStringLiteral("Impossibile copiare %1: non c'è, o non si può leggere."),
+                  QStringLiteral("%1 cannot be copied: it is not there, or cannot be read."));
+    return {input, *content};
+  });
 }
 
 // A folder that was made for this site gets it in one step. Whoever comes next finds it held until this run

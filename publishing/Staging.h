@@ -54,7 +54,8 @@ class Staging {
   void MakeRoom(const QString& file);
 
   // Writes or copies a file into the staging folder and checks its size; may be called on several threads,
-  // each file once. The entry for the manifest is returned. Throws std::runtime_error.
+  // each file once. It is not brought to the disk: a page can be made again at any time. The entry for the
+  // manifest is returned. Throws std::runtime_error.
   ManifestEntry Write(const QString& file, std::string_view content, const QByteArray& input) const;
   ManifestEntry Copy(const QString& file, const QString& source, const QByteArray& input) const;
 
@@ -72,7 +73,8 @@ class Staging {
   void ChoosePlace();
   std::error_code Probe(const QString& folder) const;
   bool SwapWhole(const Manifest& coming);
-  ManifestEntry EntryOf(const QString& file, qint64 meant, const QByteArray& input) const;
+  template <typename Writing>
+  auto Told(const QString& file, const Writing& write) const;
 
   QString target_;
   bool italian_;

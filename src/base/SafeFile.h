@@ -1,5 +1,5 @@
-// Writing files so that a full disk or a kill leaves the former file whole. The program writes none
-// otherwise; failures are told in the user's language.
+// The writing of src/files/SafeWriting as the program has it: failures are told in the user's language. It
+// writes no file otherwise.
 #pragma once
 
 #include <QByteArray>
@@ -34,7 +34,7 @@ using files::MeansFullDisk;
 // be called once, at its start.
 void TellFileLimitsAsErrors();
 
-// The procedures of src/files/SafeWriting, which tells of each what it does; they throw Error here.
+// They throw Error; what each does stands in SafeWriting.
 void MakeFolder(const QString& folder);
 void WriteFileSafely(const QString& path, const QByteArray& bytes);
 void WriteFileSafely(const QString& path, const std::function<bool(QIODevice&)>& writer);

@@ -181,10 +181,13 @@ void MoveFileSafely(const QString& source, const QString& target) {
 }
 
 void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>& writer) {
-  QFile::remove(path);
+  constexpr auto Anew = QIODevice::WriteOnly | QIODevice::NewOnly;
   QFile file(path);
   errno = 0;
-  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) FailWriting(path, errno, file.errorString());
+  // Removing what is seldom there first would cost each of many files.
+  if (!file.open(Anew) && !(QFile::remove(path) && file.open(Anew)))
+    FailWriting(path, errno, file.errorString());
+  errno = 0;
   const bool written = writer(file);
   const qint64 meant = file.pos();
   const bool flushed = file.flush();

@@ -42,7 +42,7 @@ const places = {
   'publishing/PublicationRecord.cpp': ['writes folders', 'what is known of the last publication, which counts for nothing once it is damaged'],
   'publishing/SiteSwap.cpp': ['writes folders renames removes', 'the new site takes the place of the old one, file by file'],
   'publishing/SkinFolders.cpp': ['scratch renames removes', 'unpacks a skin where it does not count yet, and gives it its name'],
-  'publishing/Staging.cpp': ['writes folders renames removes', 'a site is made in a folder beside its target'],
+  'publishing/Staging.cpp': ['folders renames removes', 'a site is made in a folder beside its target'],
 };
 export const problems = [];
 const looked = sources.filter((file) => /^(?:src|publishing|plugins)\//.test(file) && file !== seam);
