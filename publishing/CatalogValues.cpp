@@ -12,9 +12,8 @@ QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QS
   return rows->Next() ? rows->Value(0).toString() : QString();
 }
 
-void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
+bool KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
                      const QString& value) {
-  if (KeptWithCatalog(connection, IDCatalogo, name) == value && !value.isEmpty()) return;
   connection.BeginTrans();
   try {
     connection.Execute(
@@ -24,9 +23,12 @@ void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QStri
     connection.Execute(
         QStringLiteral("INSERT INTO CExtension (IDCatalogo,IDExtension,Valore) "
                        "SELECT ?,IDExtension,? FROM Extensions WHERE ExtensionName=? "
-                       "ON CONFLICT (IDCatalogo,IDExtension) DO UPDATE SET Valore=excluded.Valore"),
+                       "ON CONFLICT (IDCatalogo,IDExtension) DO UPDATE SET Valore=excluded.Valore "
+                       "WHERE COALESCE(CExtension.Valore,'')=''"),
         {IDCatalogo, value, name});
+    const bool isKept = KeptWithCatalog(connection, IDCatalogo, name) == value;
     connection.CommitTrans();
+    return isKept;
   } catch (...) {
     connection.RollbackTrans();
     throw;

@@ -65,14 +65,21 @@ QByteArrayView LineAt(const QByteArray& text, qsizetype begin) {
   return QByteArrayView(text).sliced(begin, text.indexOf('\n', begin) - begin);
 }
 
+struct MarkedSite {
+  QByteArray profile;
+  QStringList files;
+};
+
 // The pages of each site in a folder, and what was published with them.
-QMap<QByteArray, QStringList> MarkedFiles(const QString& folder) {
-  QMap<QByteArray, QStringList> sites;
+QMap<QByteArray, MarkedSite> MarkedFiles(const QString& folder) {
+  QMap<QByteArray, MarkedSite> sites;
   for (const QString& name : QDir(folder).entryList({QStringLiteral("*.html")}, QDir::Files)) {
     QFile file(folder + u'/' + name);
     if (file.size() > LargestPage || !file.open(QIODevice::ReadOnly)) continue;
-    if (const auto mark = PageMark::Read(file.readAll()))
-      sites[mark->site] += QStringList(name) + mark->files;
+    if (const auto mark = PageMark::Read(file.readAll())) {
+      sites[mark->site].profile = mark->profile;
+      sites[mark->site].files += QStringList(name) + mark->files;
+    }
   }
   return sites;
 }
@@ -82,9 +89,10 @@ Manifest FromPages(const QString& folder) {
   QStringList files;
   const auto sites = MarkedFiles(folder);
   for (auto site = sites.cbegin(); site != sites.cend(); ++site) {
-    if (site->size() <= files.size()) continue;
+    if (site->files.size() <= files.size()) continue;
     manifest.site = site.key();
-    files = *site;
+    manifest.profile = site->profile;
+    files = site->files;
   }
   for (const QString& file : files)
     if (IsInside(file) && QFileInfo(folder + u'/' + file).isFile()) manifest.entries.insert(file, {});

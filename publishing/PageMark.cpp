@@ -20,7 +20,7 @@ QByteArray Encoded(const QString& name) { return name.toUtf8().toPercentEncoding
 }  // namespace
 
 std::string PageMark::ToText(const std::string& page) const {
-  QByteArray text = Head + site + ' ' + Digits(page);
+  QByteArray text = Head + site + (profile.isEmpty() ? "" : ".") + profile + ' ' + Digits(page);
   for (const QString& file : files) text += ' ' + Encoded(file);
   text += Foot;
   return text.toStdString();
@@ -32,7 +32,8 @@ std::optional<PageMark> PageMark::Read(const QByteArray& page) {
   const qsizetype start = at + Head.size();
   const QList<QByteArray> parts = page.mid(start, page.size() - Foot.size() - start).split(' ');
   if (parts.size() < 2 || parts[1] != Digits({page.constData(), std::size_t(at)})) return {};
-  PageMark mark{parts[0], {}};
+  const QList<QByteArray> whose = parts[0].split('.');
+  PageMark mark{whose[0], whose.value(1), {}};
   for (const QByteArray& name : parts.mid(2))
     mark.files += QString::fromUtf8(QByteArray::fromPercentEncoding(name));
   return mark;

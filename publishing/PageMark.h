@@ -14,8 +14,9 @@ namespace publishing {
 constexpr qint64 LargestPage = 16 << 20;
 
 struct PageMark {
-  QByteArray site;    // the site that the page belongs to
-  QStringList files;  // pictures and style sheets that came with it
+  QByteArray site;     // the site that the page belongs to
+  QByteArray profile;  // the beginning of the digest of the profile that it shows; "" where it tells none
+  QStringList files;   // pictures and style sheets that came with it
 
   // The line for a page that ends here.
   std::string ToText(const std::string& page) const;

@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <atomic>
+#include <exception>
+#include <stdexcept>
 
 #include "Crew.h"
 #include "PageMark.h"
@@ -20,6 +22,8 @@ namespace {
 QString Told(bool italian, const char* italianText, const char* englishText) {
   return QString::fromUtf8(italian ? italianText : englishText);
 }
+
+constexpr qsizetype ProfileInPages = 8;  // digits, enough to tell the profiles of a catalog apart
 
 QString Name(const QByteArray& digest) { return QString::fromLatin1(digest.toHex()); }
 
@@ -57,7 +61,7 @@ class Publication::Work {
   File& Add(Kind kind, const QString& name, const QByteArray& stamp);
   void AddPage(const QString& name, std::size_t page);
   VorlinaReport Make(const QString& title, const NewPageMaker& newMaker, IVorlinaProgress& progress);
-  void Remember(const VorlinaReport& report);
+  void Remember(const VorlinaReport& report, bool allMade);
 
   int pictures = 0;
 
@@ -66,6 +70,8 @@ class Publication::Work {
   bool IsCurrent(const File& file, const QByteArray& input) const;
   ManifestEntry MakeFile(const File& file, const QByteArray& input, PageMaker& maker);
   bool MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress);
+  bool MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgress& progress);
+  void Clear(const QString& what, IVorlinaProgress& progress);
   void Count(VorlinaReport& report);
 
   IVorlinaConnection& connection_;
@@ -114,8 +120,8 @@ bool Publication::Work::MayGoOn(const MayReplace& ask) {
     return job_.preview || !ask || !HasShownFiles(job_.target) || ask(FormerSite::NoneButFiles, {});
   }
   const bool isOfCatalog = former.site == key_.Site();
-  // Sites that tell no profile were published before there was one to tell.
-  const bool isOwn = isOfCatalog && (former.profile.isEmpty() || former.profile == profile_);
+  // Sites that tell no profile were published before there was one to tell, and pages tell but its beginning.
+  const bool isOwn = isOfCatalog && profile_.startsWith(former.profile);
   if (isOwn || job_.preview) return true;
   if (ask)
     return ask(isOfCatalog ? FormerSite::OfAnotherProfile : FormerSite::OfAnotherCatalog, former.title);
@@ -151,7 +157,8 @@ void Publication::Work::AddPage(const QString& name, std::size_t page) {
 // The list of files is public, and what they were made from is not.
 QByteArray Publication::Work::HiddenInput(const File& file, PageMaker& maker) const {
   const QByteArray input = file.kind == Kind::Page ? maker.LookAt(file.page) : file.stamp;
-  const QByteArray all = input + '|' + file.files.join(u'|').toUtf8();
+  const QByteArray all = input + '|' + file.files.join(u'|').toUtf8() +
+                         (file.kind == Kind::Page ? '|' + profile_.left(ProfileInPages) : QByteArray());
   // Short, as the digest is the slow part.
   return key_.Digest(
       QByteArray::number(qulonglong(Fingerprint({all.constData(), std::size_t(all.size())})), 36) + site_);
@@ -170,7 +177,7 @@ ManifestEntry Publication::Work::MakeFile(const File& file, const QByteArray& in
   if (file.kind == Kind::Copy) return staging_.Copy(file.name, file.source, input);
   if (file.kind == Kind::Made) return staging_.Write(file.name, file.make(), input);
   std::string page = maker.Make();
-  page += PageMark{key_.Site(), file.files}.ToText(page);
+  page += PageMark{key_.Site(), profile_.left(ProfileInPages), file.files}.ToText(page);
   return staging_.Write(file.name, page, input);
 }
 
@@ -192,6 +199,23 @@ bool Publication::Work::MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress
   if (!DoTogether(files_.size(), begin, report)) return false;
   report(int(files_.size()));
   return true;
+}
+
+void Publication::Work::Clear(const QString& what, IVorlinaProgress& progress) {
+  staging_.Clear([&](int done, int all) { progress.Report(done, all, what); });
+}
+
+// What was staged for nothing goes while the progress shows so.
+bool Publication::Work::MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgress& progress) {
+  std::exception_ptr failure;
+  try {
+    if (MakeFiles(newMaker, progress)) return true;
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  Clear(Told(italian_, "Eliminazione dei file preparati", "Deleting the prepared files"), progress);
+  if (failure) std::rethrow_exception(failure);
+  return false;
 }
 
 // Settles what will be there, and tells what it is against what was.
@@ -223,8 +247,15 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
   report.pages = pages_;
   report.pictures = pictures;
   // The key comes first: what is known by it must never be without it.
-  if (!job_.preview) key_.Keep(connection_);
-  if (!MakeFiles(newMaker, progress)) return report;
+  if (!job_.preview && !key_.Keep(connection_))
+    throw std::runtime_error(
+        Told(
+            italian_,
+            "Il catalogo si sta pubblicando per la prima volta anche altrove. Attendere la fine e riprovare.",
+            "The catalog is being published for the first time elsewhere too. Wait for the end and try "
+            "again.")
+            .toStdString());
+  if (!MakeOrClear(newMaker, progress)) return report;
   coming_.site = key_.Site();
   coming_.title = title;
   coming_.profile = profile_;
@@ -236,17 +267,15 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
       inputs_.clear();
       report.notes += {VorlinaNote::Kind::Other, {}, left.arg(QDir::toNativeSeparators(file))};
     }
-    staging_.Clear([&](int done, int all) {
-      progress.Report(done, all,
-                      Told(italian_, "Eliminazione dei file di prima", "Deleting the former files"));
-    });
+    Clear(Told(italian_, "Eliminazione dei file di prima", "Deleting the former files"), progress);
   }
   report.complete = true;
   return report;
 }
 
-void Publication::Work::Remember(const VorlinaReport& report) {
+void Publication::Work::Remember(const VorlinaReport& report, bool allMade) {
   if (!before_.IsKnown() || !report.complete) return;
+  if (!allMade) inputs_.clear();
   PublicationRecord record;
   record.start = StartOfComputer();
   record.folders = Manifest::Folders(coming_.entries.keys());
@@ -289,6 +318,6 @@ VorlinaReport Publication::Make(const QString& title, const NewPageMaker& newMak
   return work_->Make(title, newMaker, progress);
 }
 
-void Publication::Remember(const VorlinaReport& report) { work_->Remember(report); }
+void Publication::Remember(const VorlinaReport& report, bool allMade) { work_->Remember(report, allMade); }
 
 }  // namespace publishing

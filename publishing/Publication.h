@@ -78,8 +78,9 @@ class Publication {
   // could not be deleted; it is not complete where the progress asked to stop.
   VorlinaReport Make(const QString& title, const NewPageMaker& newMaker, IVorlinaProgress& progress);
 
-  // Keeps the whole report, with which the next publication can end early.
-  void Remember(const VorlinaReport& report);
+  // Keeps what the next publication need not look at again, and the whole report, with which it can end
+  // early; not where something could not be made that may be possible the next time.
+  void Remember(const VorlinaReport& report, bool allMade = true);
 
  private:
   class Work;

@@ -2,11 +2,16 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
 #include <QLocale>
 
 #include "FolderState.h"
+
+#ifdef Q_OS_UNIX
+#include <dlfcn.h>
+#endif
 
 namespace publishing {
 namespace {
@@ -23,6 +28,16 @@ QDataStream& operator<<(QDataStream& stream, const VorlinaProfile& profile) {
   return stream;
 }
 
+// The library that publishes, which knows how pages are made.
+QString OwnLibrary() {
+#ifdef Q_OS_UNIX
+  Dl_info own{};
+  if (::dladdr(reinterpret_cast<const void*>(&DigestOf), &own) != 0 && own.dli_fname != nullptr)
+    return QFileInfo(QFile::decodeName(own.dli_fname)).canonicalFilePath();
+#endif
+  return {};
+}
+
 }  // namespace
 
 QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, const VorlinaJob& job) {
@@ -34,7 +49,7 @@ QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, co
          << inputs.others << inputs.files << inputs.folders
          << QLocale().collation().name();  // by which a catalog's values are put in order
   const auto check = [&](const FileState& file) { proven = proven && file.time < LastProven(looked); };
-  for (const QString& path : QStringList(database) + inputs.files) {
+  for (const QString& path : QStringList{database, OwnLibrary()} + inputs.files) {
     FileState file;
     StateOf(QFileInfo(path).path(), QFileInfo(path).fileName(), file);
     check(file);

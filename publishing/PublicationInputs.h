@@ -9,11 +9,11 @@
 
 namespace publishing {
 
-// All that a publication is made from, but for the job, the database and this library.
+// All that a publication is made from, but for the job, the database and the library that publishes.
 struct PublicationInputs {
   QStringList files;    // full paths
   QStringList folders;  // likewise, with what lies in them; folders in them are told on their own
-  // Whatever else: the version of a plug-in that does not come with the program, the language of its texts.
+  // Whatever else, such as the language of its texts.
   QByteArray others;
 };
 

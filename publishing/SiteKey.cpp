@@ -30,8 +30,8 @@ SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo, const QString& 
   site_ = Digest(name).toHex();
 }
 
-void SiteKey::Keep(IVorlinaConnection& connection) const {
-  if (!kept_) KeepWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
+bool SiteKey::Keep(IVorlinaConnection& connection) const {
+  return kept_ || KeepWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
 }
 
 QByteArray SiteKey::Digest(const QByteArray& text) const {

@@ -15,7 +15,8 @@ class SiteKey {
   // Reads the key, or draws one that Keep() then stores. What different plug-ins publish of a catalog are
   // different sites.
   SiteKey(IVorlinaConnection& connection, int IDCatalogo, const QString& plugin);
-  void Keep(IVorlinaConnection& connection) const;
+  // False when another program kept one first: by that one its site is known.
+  bool Keep(IVorlinaConnection& connection) const;
   // The name of the site, and the digest of a text that nobody can guess the text from.
   const QByteArray& Site() const { return site_; }
   QByteArray Digest(const QByteArray& text) const;

@@ -177,8 +177,7 @@ ManifestEntry Staging::Copy(const QString& file, const QString& source, const QB
   });
 }
 
-// A folder that was made for this site gets it in one step. Whoever comes next finds it held until this run
-// has come to its end.
+// A folder that was made for this site gets it in one step. Whoever comes in between finds it held.
 bool Staging::SwapWhole(const Manifest& coming) {
   const QString site = SiteSwap::NewFiles(staging_);
   if (!folder_.WasMade() || staging_ != beside_) return false;

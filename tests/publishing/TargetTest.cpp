@@ -94,6 +94,9 @@ TEST_F(TargetTest, OfAnotherProfileIsReplacedOnlyWhenAsked) {
   EXPECT_EQ(Publishing(1, target_, &answers), u"asked"_qs);
   EXPECT_TRUE(answers.asked.contains(u"another profile"));
   EXPECT_TRUE(Files(target_) == site);
+  QFile::remove(ManifestFile());
+  EXPECT_TRUE(Publishing(1, target_).contains(u"another profile"))
+      << "its pages tell, when their list is lost";
   answers.yes = true;
   EXPECT_EQ(Publishing(1, target_, &answers), QString());
   EXPECT_EQ(Publishing(1, target_), QString()) << "it is its own now";

@@ -132,7 +132,7 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   report.notes = catalog.notes + pictures->Notes() + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
   if (plan.previewed >= 0) report.open += job.target + u'/' + plan.products[std::size_t(plan.previewed)].file;
-  if (pictures->AreAllMade()) publication.Remember(report);
+  publication.Remember(report, pictures->AreAllMade());
   return report;
 }
 
