@@ -25,9 +25,14 @@ class NoProgress : public IVorlinaProgress {
   bool Report(int, int, const QString&) override { return true; }
 };
 
-double ProcessorTime() {
+rusage Usage() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
+  return usage;
+}
+
+double ProcessorTime() {
+  const rusage usage = Usage();
   return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
          double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
 }
@@ -41,21 +46,47 @@ struct Times {
   }
 };
 
-// An import but for its rows: main picture and thumbnail, each brought to the disk.
-void Import(const QStringList& files, const QString& folder) {
-  PreparedPictures prepared(files, 800, {});
-  for (int i = 0; i < int(files.size()); ++i) {
-    const PreparedPicture picture = prepared.Next();
-    WriteFileSafely(folder + u"/%1.jpg"_qs.arg(i), picture.jpeg);
-    WriteFileSafely(folder + u"/t%1.jpg"_qs.arg(i), picture.thumbnail);
-  }
-}
-
 void MakeAll(const QStringList& files) {
   WebPictures pictures;
   NoProgress progress;
   for (const VorlinaWebPictures& made : pictures.Prepare(files, {400, 800}, progress))
     if (!made.fault.isEmpty()) qFatal("%s", qPrintable(made.fault));
+}
+
+// An import but for its rows: main picture and thumbnail, each brought to the disk.
+void Import(const QStringList& files, const PictureSettings& settings, const QString& folder) {
+  PreparedPictures prepared(files, 800, settings);
+  for (int i = 0; i < int(files.size()); ++i) {
+    const PreparedPicture picture = prepared.Next();
+    const QString main = folder + u"/%1.jpg"_qs.arg(i);
+    if (picture.jpeg.isEmpty())
+      CopyFileSafely(files[i], main);
+    else
+      WriteFileSafely(main, picture.jpeg);
+    WriteFileSafely(folder + u"/t%1.jpg"_qs.arg(i), picture.thumbnail);
+  }
+}
+
+// What a user's settings have the import make, and what it costs to make readers' pictures of that.
+struct Way {
+  const char* what;
+  PictureSettings settings;
+  Times imported, made;
+};
+
+void MeasureRound(Way& way, const QStringList& files, const QStringList& mains, const QString& folder) {
+  way.imported.Measure([&] { Import(files, way.settings, folder + u"/Images"_qs); });
+  SyncVolume(folder);
+  way.made.Measure([&] { MakeAll(mains); });
+}
+
+void Print(const char* what, const Times& imported, const Times& made, double count) {
+  std::printf(
+      "%-42s the import takes %6.1f ms of a processor each (%.1f by the clock), readers' pictures %6.1f "
+      "(%.1f): %.2f times its rate (%.2f)\n",
+      what, Median(imported.processor) / count, Median(imported.clock) / count,
+      Median(made.processor) / count, Median(made.clock) / count,
+      Median(imported.processor) / Median(made.processor), Median(imported.clock) / Median(made.clock));
 }
 
 // The application folder with its pictures anew.
@@ -64,6 +95,19 @@ void Fresh(const QString& folder) {
   QDir(folder + u'/' + WebPicturesFolder).removeRecursively();
   QDir().mkpath(folder + u"/Images"_qs);
   SyncVolume(folder);
+}
+
+// As many pictures as a large catalog has.
+QStringList WriteMany(const QByteArray& jpeg, const QString& folder) {
+  QStringList many;
+  for (int i = 0; i < 10'000; ++i) {
+    many += folder + u"/1-P%1.jpg"_qs.arg(i);
+    WriteStagedFile(many.back(), [&](QIODevice& file) { return file.write(jpeg) == jpeg.size(); });
+    QFile file(many.back());
+    if (file.open(QIODevice::ReadWrite))
+      file.setFileTime(QDateTime::fromSecsSinceEpoch(1'600'000'000 + i), QFileDevice::FileModificationTime);
+  }
+  return many;
 }
 
 qint64 Walk(const QString& folder) {
@@ -87,43 +131,29 @@ int main(int argc, char** argv) {
   QTemporaryDir place(photographs.absoluteFilePath(u"bench-XXXXXX"_qs));
   SetAppPath(place.path());
 
-  // What the import makes of the photographs is what a catalog has, unless its user has pictures stay large.
+  Fresh(place.path());
+  MakeAll(files);
+  std::printf("readers' pictures of %d photographs: peak memory %ld MB\n", int(files.size()),
+              Usage().ru_maxrss / 1024);
+  std::fflush(stdout);
+
   QStringList mains;
   for (int i = 0; i < int(files.size()); ++i) mains += place.filePath(u"Images/%1.jpg"_qs.arg(i));
-  Times imported, ofMains, ofPhotographs;
-  for (int i = 0; i < rounds; ++i) {
-    Fresh(place.path());
-    imported.Measure([&] { Import(files, place.filePath(u"Images"_qs)); });
-    SyncVolume(place.path());
-    ofMains.Measure([&] { MakeAll(mains); });
-    Fresh(place.path());
-    ofPhotographs.Measure([&] { MakeAll(files); });
-  }
+  Way ways[] = {{"shrunk to 800 pixels (at least 1)", {}, {}, {}},
+                {"encoded again in their size (at least 1)", {.shrink = false}, {}, {}},
+                {"as they are (at least 1)", {.shrink = false, .reRender = false}, {}, {}}};
+  for (int i = 0; i < rounds; ++i)
+    for (Way& way : ways) {
+      Fresh(place.path());
+      MeasureRound(way, files, mains, place.path());
+    }
   const double count = double(files.size());
-  const auto print = [&](const char* what, const Times& made) {
-    std::printf(
-        "readers' pictures of %-22s %6.1f ms of a processor each (%.1f by the clock): %.2f times the "
-        "import's "
-        "rate (%.2f)\n",
-        what, Median(made.processor) / count, Median(made.clock) / count,
-        Median(imported.processor) / Median(made.processor), Median(imported.clock) / Median(made.clock));
-  };
-  std::printf("%d photographs: the import takes %.1f ms of a processor for each (%.1f by the clock)\n",
-              int(files.size()), Median(imported.processor) / count, Median(imported.clock) / count);
-  print("what it makes (at least 1)", ofMains);
-  print("the photographs themselves", ofPhotographs);
+  for (const Way& way : ways) Print(way.what, way.imported, way.made, count);
+  Print("as they are, against the shrinking import", ways[0].imported, ways[2].made, count);
 
-  // As many pictures as a large catalog has, all made.
   Fresh(place.path());
-  const QByteArray small = PrepareMain(ReadPictureFile(files.front()), 200, {}).jpeg;
-  QStringList many;
-  for (int i = 0; i < 10'000; ++i) {
-    many += place.filePath(u"Images/1-P%1.jpg"_qs.arg(i));
-    WriteStagedFile(many.back(), [&](QIODevice& file) { return file.write(small) == small.size(); });
-    QFile file(many.back());
-    if (file.open(QIODevice::ReadWrite))
-      file.setFileTime(QDateTime::fromSecsSinceEpoch(1'600'000'000 + i), QFileDevice::FileModificationTime);
-  }
+  const QStringList many =
+      WriteMany(PrepareMain(ReadPictureFile(files.front()), 200, {}).jpeg, place.filePath(u"Images"_qs));
   MakeAll(many);
   Compare(
       "10,000 pictures, all made already", rounds * 3, 3, [&] { Walk(place.path()); },

@@ -17,6 +17,16 @@ int Subsampling(int luma, int chroma) {
   return chroma == (luma + 1) / 2 ? 2 : 0;
 }
 
+// The colours as they are on average, what is coarse in the light, the rest of the colours, the fine. No
+// value is sent in two halves: that takes twice the time and, in pictures for readers, more bytes.
+constexpr std::array<jpeg_scan_info, 5> ColourScans = {{{3, {0, 1, 2}, 0, 0, 0, 0},
+                                                        {1, {0}, 1, 2, 0, 0},
+                                                        {1, {1}, 1, 63, 0, 0},
+                                                        {1, {2}, 1, 63, 0, 0},
+                                                        {1, {0}, 3, 63, 0, 0}}};
+constexpr std::array<jpeg_scan_info, 3> GreyScans = {
+    {{1, {0}, 0, 0, 0, 0}, {1, {0}, 1, 2, 0, 0}, {1, {0}, 3, 63, 0, 0}}};
+
 class Compressor {
  public:
   Compressor() : info_{} { info_.err = errors_.Install(); }
@@ -47,7 +57,11 @@ class Compressor {
       info_.comp_info[0].h_samp_factor = Subsampling(luma.width, image.planes[1].width);
       info_.comp_info[0].v_samp_factor = Subsampling(luma.height, image.planes[1].height);
     }
-    if (scans == JpegScans::Several) jpeg_simple_progression(&info_);
+    if (scans == JpegScans::Several) {
+      const bool grey = image.planes.size() == 1;
+      info_.scan_info = grey ? GreyScans.data() : ColourScans.data();
+      info_.num_scans = int(grey ? GreyScans.size() : ColourScans.size());
+    }
     jpeg_start_compress(&info_, TRUE);
     return true;
   }

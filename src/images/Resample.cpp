@@ -30,7 +30,9 @@ struct Weights {
   Weights(int from, int to) : first(std::size_t(to)) {
     const double scale = double(from) / to;
     const double widening = std::max(scale, 1.0);
-    inUse_ = std::min(from, int(std::ceil(Lobes * widening)) * 2 + 1);
+    reach_ = Lobes * widening;
+    within_ = int(std::ceil(2 * reach_));
+    inUse_ = std::min(from, within_);
     taps = (inUse_ + Group - 1) / Group * Group;
     weights.resize(std::size_t(to) * std::size_t(taps));
     for (int i = 0; i < to; ++i) FillRow(i, from, scale, widening);
@@ -42,22 +44,21 @@ struct Weights {
   // Weights that fall outside are given to the border's sample, so that edges keep their brightness.
   void FillRow(int i, int from, double scale, double widening) {
     const double centre = (i + 0.5) * scale - 0.5;
-    const int ideal = int(std::floor(centre)) - (inUse_ - 1) / 2;
+    const int ideal = int(std::floor(centre - reach_)) + 1;
     const int start = std::clamp(ideal, 0, from - inUse_);
     first[std::size_t(i)] = start;
     float* row = weights.data() + std::size_t(i) * std::size_t(taps);
-    const int reach = int(std::ceil(Lobes * widening));
     double sum = 0;
-    for (int position = int(std::floor(centre)) - reach; position <= int(std::floor(centre)) + reach + 1;
-         ++position) {
+    for (int position = ideal; position < ideal + within_; ++position) {
       const double weight = Lanczos((position - centre) / widening);
-      const int tap = std::clamp(std::clamp(position, 0, from - 1) - start, 0, inUse_ - 1);
-      row[tap] += float(weight);
+      row[std::clamp(position, 0, from - 1) - start] += float(weight);
       sum += weight;
     }
     for (int tap = 0; tap < inUse_; ++tap) row[tap] = float(row[tap] / sum);
   }
 
+  double reach_ = 0;  // on either side, in source positions
+  int within_ = 0;    // how many of them are no farther than that
   int inUse_ = 0;
 };
 

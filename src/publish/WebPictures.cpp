@@ -25,7 +25,7 @@ namespace {
 Q_LOGGING_CATEGORY(publish, "vorlina.publish", QtInfoMsg)
 
 // To be changed with whatever makes other pictures of the same files.
-constexpr int HowPicturesAreMade = 1;
+constexpr int HowPicturesAreMade = 2;
 
 // A file whose time is this near may be changed once more without getting another time.
 constexpr qint64 Second = 1'000'000'000;
