@@ -29,6 +29,16 @@ class NoteDelegate : public QStyledItemDelegate {
   }
 };
 
+// What is of no product has the whole line.
+QTreeWidgetItem* ItemOf(const ReportLine& line, const ReportGroup& group) {
+  QStringList columns{OneLine(line.code), line.name, group.text.isEmpty() ? line.text : QString()};
+  if (line.code.isEmpty()) columns = {line.text};
+  auto* item = new QTreeWidgetItem(columns);
+  for (int column = 0; column < int(columns.size()); ++column)
+    item->setData(column, Qt::ToolTipRole, PlainToolTip(columns[column]));
+  return item;
+}
+
 }  // namespace
 
 frmPublished::frmPublished(QWidget* parent) : QDialog(parent), ui_(new Ui::frmPublished) {
@@ -71,24 +81,21 @@ void frmPublished::ListNotes(const std::vector<ReportGroup>& groups) {
     auto* head = new QTreeWidgetItem(&list, {HeadOf(group)});
     head->setFirstColumnSpanned(true);
     QList<QTreeWidgetItem*> items;
-    for (const auto& [code, name, text] : group.lines) {
-      auto* item =
-          new QTreeWidgetItem(QStringList{OneLine(code), name, group.text.isEmpty() ? text : QString()});
-      for (int column = 0; column < 3; ++column)
-        item->setData(column, Qt::ToolTipRole, PlainToolTip(item->text(column)));
-      items += item;
-    }
+    for (const ReportLine& line : group.lines) items += ItemOf(line, group);
     head->addChildren(items);
     head->setExpanded(true);
+    for (std::size_t i = 0; i < group.lines.size(); ++i)
+      items[qsizetype(i)]->setFirstColumnSpanned(group.lines[i].code.isEmpty());
   }
-  FitColumns();
+  const auto hasNotes = [](const ReportGroup& group) { return group.text.isEmpty(); };
+  FitColumns(std::any_of(groups.begin(), groups.end(), hasNotes));
 }
 
 // The note has what code and name leave.
-void frmPublished::FitColumns() {
-  for (const auto& [column, share] : {std::pair{0, 4}, {1, 3}}) {
+void frmPublished::FitColumns(bool hasNotes) {
+  for (const auto& [column, most] : {std::pair{0, width() / 4}, {1, width() / (hasNotes ? 3 : 2)}}) {
     ui_->lstNotes->resizeColumnToContents(column);
-    ui_->lstNotes->setColumnWidth(column, std::min(ui_->lstNotes->columnWidth(column), width() / share));
+    ui_->lstNotes->setColumnWidth(column, std::min(ui_->lstNotes->columnWidth(column), most));
   }
 }
 

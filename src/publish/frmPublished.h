@@ -26,7 +26,7 @@ class frmPublished : public QDialog {
 
  private:
   void ListNotes(const std::vector<ReportGroup>& groups);
-  void FitColumns();
+  void FitColumns(bool hasNotes);
   void Copy();
 
   std::unique_ptr<Ui::frmPublished> ui_;

@@ -1,6 +1,7 @@
 #include "shell/WidgetApplication.h"
 
 #include <QLoggingCategory>
+#include <QPalette>
 #include <QScopedValueRollback>
 #include <utility>
 
@@ -32,6 +33,24 @@ bool WidgetApplication::notify(QObject* receiver, QEvent* event) {
   if (depth_ == 1 && !closed_.empty())
     QMetaObject::invokeMethod(this, &WidgetApplication::DeleteClosed, Qt::QueuedConnection);
   return result;
+}
+
+bool WidgetApplication::event(QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange) ShowHints();
+  return QApplication::event(event);
+}
+
+// The theme of a dark desktop may leave the hints in empty lines dark, as they are on a light one.
+void WidgetApplication::ShowHints() {
+  const QPalette now = palette();
+  const int ground = now.color(QPalette::Base).lightness();
+  QColor text = now.color(QPalette::Text);
+  const bool isLighter = text.lightness() > ground;
+  if ((now.color(QPalette::PlaceholderText).lightness() > ground) == isLighter) return;
+  text.setAlpha(128);
+  QPalette hints;
+  hints.setColor(QPalette::PlaceholderText, text);
+  setPalette(hints);
 }
 
 bool WidgetApplication::Deliver(QObject* receiver, QEvent* event) {

@@ -14,11 +14,15 @@ namespace vorlina {
 // as a box has one, would delete it under the code that shows the box, or under Qt.
 class WidgetApplication : public QApplication {
  public:
-  using QApplication::QApplication;
+  WidgetApplication(int& argc, char** argv) : QApplication(argc, argv) { ShowHints(); }
 
   bool notify(QObject* receiver, QEvent* event) override;
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
+  static void ShowHints();
   bool Deliver(QObject* receiver, QEvent* event);
   void DeleteClosed();
 

@@ -108,3 +108,13 @@ TEST(ClosedWindow, TakesNoInputAndOutlivesTheBoxThatItShows) {
   EXPECT_TRUE(there);
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
 }
+
+TEST(DarkDesktop, LeavesTheHintsInEmptyLinesLegible) {
+  QPalette dark;
+  dark.setColor(QPalette::Base, Qt::black);
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::PlaceholderText, Qt::black);
+  QApplication::setPalette(dark);
+  EXPECT_EQ(QApplication::palette().color(QPalette::PlaceholderText).lightness(), 255);
+  QApplication::setPalette({});
+}
