@@ -109,6 +109,7 @@ export async function checkWithoutIndex(browser, address) {
   await tab.locator('#q').pressSequentially('bow');
   const told = await tab.locator('#results [role=alert]').textContent({ timeout: 5000 });
   if (!/search|ricerca/.test(told) || await tab.locator('#list').isHidden()) problems.push(`"${told}" is told`);
+  await tab.locator('#browse summary').first().waitFor({ timeout: 2000 });
   expect('an index that cannot be fetched leaves the list', problems);
   await close();
 }

@@ -278,7 +278,10 @@
     place.replaceChildren(make('p', { role: 'alert' }, form.dataset.failed || ''));
     place.hidden = false;
     if (results) showList(true);
-    if (byId('browse')) byId('browse').hidden = false;
+    const browse = byId('browse');
+    if (!browse) return;
+    browse.hidden = false;
+    browse.style.animationDelay = '0s';
   }
 
   const withIndex = (action) => load().then(action, failed);
