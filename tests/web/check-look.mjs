@@ -16,7 +16,7 @@ function layoutProblems() {
   if (wide > 0) problems.push(`${wide} px wider than the window`);
   if (getComputedStyle(document.body).display !== 'flex') problems.push('the style sheet is not applied');
   for (const image of document.images) {
-    if (!image.complete || image.getClientRects().length === 0) continue;
+    if (image.getClientRects().length === 0) continue;
     const box = image.getBoundingClientRect();
     const name = image.currentSrc || image.src;
     if (image.naturalWidth === 0) { problems.push(`not shown: ${name}`); continue; }
@@ -25,6 +25,7 @@ function layoutProblems() {
     if (stated && Math.abs(ratio / stated - 1) > 0.03) problems.push(`another shape than stated: ${name}`);
     const frame = image.closest('.frame')?.getBoundingClientRect();
     if (frame && (getComputedStyle(image).objectFit !== 'contain' && Math.abs(box.width / box.height / ratio - 1) > 0.03)) problems.push(`bent: ${name}`);
+    if (frame && box.height > frame.width + 1) problems.push(`higher than its frame is wide: ${name}`);
     if (frame && (box.left < frame.left - 1 || box.right > frame.right + 1 || box.top < frame.top - 1 || box.bottom > frame.bottom + 1))
       problems.push(`not whole in its frame: ${name}`);
   }
@@ -61,6 +62,7 @@ export async function checkPage(browser, address, page, prepare) {
     await tab.setViewportSize(view);
     await tab.emulateMedia({ colorScheme: view.colorScheme });
     await tab.evaluate((size) => { document.documentElement.style.fontSize = size; }, view.letters ?? '');
+    await loadPictures(tab);
     const about = `at ${view.width} ${view.colorScheme}${view.letters ? ` in letters of ${view.letters}` : ''}: `;
     problems.push(...(await tab.evaluate(layoutProblems)).map((problem) => about + problem));
     if (view.axe) problems.push(...(await axeProblems(tab)).map((problem) => about + problem));

@@ -34,6 +34,32 @@ export async function checkFetched(browser, address, page) {
   }
 }
 
+// Pictures as large as the window: the arrows turn them, and however many were looked at, one step back leads to the list.
+export async function checkLarge(browser, address, page) {
+  const { tab, problems, close } = await openTab(browser, address);
+  const shown = async (id) => {
+    const large = await tab.evaluate(() => document.querySelector('.large:target')?.id);
+    if (large !== id) problems.push(`${large} instead of ${id}`);
+  };
+  await tab.goto(`${address}products.html`);
+  await tab.goto(address + page);
+  await tab.locator('.thumbs a').last().click();
+  for (const [close, keys] of [[() => tab.keyboard.press('Escape'), 'ArrowRight'], [() => tab.locator('.large:target .close').click(), 'Alt+ArrowRight']]) {
+    await tab.locator('#picture-1 a').press('Enter');
+    await shown('large-1');
+    await tab.keyboard.press(keys);
+    const last = keys === 'ArrowRight' ? 2 : 1;
+    await shown(`large-${last}`);
+    await close();
+    await tab.waitForFunction((id) => document.activeElement === document.querySelector(id), `#picture-${last} a`);
+    await shown(undefined);
+  }
+  await tab.goBack();
+  if (!tab.url().endsWith('products.html')) problems.push(`back leads to ${tab.url()}`);
+  expect(`large pictures of ${page}`, problems);
+  await close();
+}
+
 // What a phone fetches for a page, down to its end.
 export async function checkWeight(browser, address, page, most) {
   const { tab, problems, close } = await openTab(browser, address, { viewport: { width: 360, height: 740 }, deviceScaleFactor: 3 });

@@ -7,8 +7,8 @@ import { basename, join, resolve } from 'node:path';
 import { addressOf, counts, knownPath, launch, serve, together } from './browser.mjs';
 import { checkFiles } from './check-files.mjs';
 import { checkFocus, checkPage, checkPrint } from './check-look.mjs';
-import { checkFetched, checkWeight } from './check-pictures.mjs';
-import { checkBuyer, checkFinding, checkHostile, checkStill, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
+import { checkFetched, checkLarge, checkWeight } from './check-pictures.mjs';
+import { checkBuyer, checkFinding, checkHostile, checkSteps, checkStill, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
 
 const MostOfList = 300_000; // bytes
 
@@ -47,17 +47,23 @@ try {
     servers.push(server);
     const [served, local] = [server.address, addressOf(site)];
     jobs.push(() => checkFiles(site));
-    sample(site).forEach((page, i) => jobs.push(() => checkPage(browser, i % 2 ? served : local, page)));
+    // Of hostile products those of each kind, which are the first.
+    const products = name === 'hostile' ? [...readFileSync(join(site, 'products.html'), 'utf8').matchAll(/<a href="(p-[^"]+)"/g)].slice(0, 12).map((match) => match[1]) : [];
+    [...new Set([...sample(site), ...products])].forEach((page, i) => jobs.push(() => checkPage(browser, i % 2 ? served : local, page)));
     if (name === 'hostile') jobs.push(() => checkHostile(browser, served), () => checkPage(browser, local, 'products.html', search('vase')));
     if (name === 'hostile') jobs.push(() => checkPage(browser, served, `${knownPath.slice(1)}old/gone.html`, findFromNowhere));
     if (name === 'large') {
       jobs.push(() => checkBuyer(browser, served), () => checkBuyer(browser, local), () => checkFinding(browser, local));
-      jobs.push(() => checkWithoutIndex(browser, served), () => checkPage(browser, local, 'products.html', search('bow')));
+      const half = readFileSync(join(site, 'search-index.js'), 'utf8').slice(0, 50_000);
+      for (const answer of [(route) => route.abort(), (route) => route.fulfill({ body: half })]) jobs.push(() => checkWithoutIndex(browser, served, answer));
+      jobs.push(() => checkSteps(browser, local), () => checkPage(browser, local, 'products.html', search('bow')));
     }
     if (name === 'empty' || name === 'five') continue;
     jobs.push(() => checkWithoutScripts(browser, local, site));
     if (!/^\d+$/.test(name)) continue;
     const product = readdirSync(site).filter((page) => /^p-.*\.html$/.test(page))[3];
+    const several = readdirSync(site).find((page) => /^p-.*\.html$/.test(page) && readFileSync(join(site, page), 'utf8').includes('id="large-2"'));
+    jobs.push(() => checkLarge(browser, served, several), () => checkPage(browser, local, 'products.html', search('a')));
     jobs.push(() => checkFocus(browser, local, 'products.html', { width: 1024, colorScheme: 'light' }, search('a')));
     for (const page of ['index.html', 'products.html', product]) jobs.push(() => checkFetched(browser, served, page));
     for (const page of ['index.html', product]) jobs.push(() => checkFocus(browser, local, page, { width: 360, colorScheme: 'dark' }));

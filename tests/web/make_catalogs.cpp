@@ -128,7 +128,7 @@ class Maker {
     for (int i = 0; i < 57; ++i) colours += FilterValue(3, 2, u"Shade %1"_qs.arg(i, 2, 10, QChar(u'0')));
     for (int i = 0; i < 3000; ++i)
       Product(3, u"K-%1"_qs.arg(i, 4, 10, QChar(u'0')),
-              u"%1 número %2 with straße glaze. Made by hand in the valley."_qs.arg(Nouns[i % Nouns.size()])
+              u"%1 número %2 with straße glaze. Made by hand in Grünau 绿谷."_qs.arg(Nouns[i % Nouns.size()])
                   .arg(i),
               {u"%1.50"_qs.arg(10 + i % 190), u"%1 cm"_qs.arg(8 + i % 30)},
               {lines[(i / 12) % 240], colours[i % 57]}, i < 10);

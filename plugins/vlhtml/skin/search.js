@@ -19,6 +19,7 @@
   const root = products.replace(/[^/]*$/, ''); // of the site, where the page may lie at any depth
   const heading = document.querySelector('main > h1');
   const [listHeading, listTitle] = [heading?.textContent, document.title];
+  const priceLabel = document.querySelector('.price .sr, .price .label')?.textContent; // which only the page knows
 
   const isWide = window.matchMedia('(min-width: 40rem)');
   let index; // once it has come
@@ -53,6 +54,10 @@
   // The words of a text without case and accents, with a blank before each.
   const folded = (text) => ` ${text.toLowerCase().normalize('NFKD').replace(/\p{M}+/gu, '').replace(/[ßœæøłđðþı]/g, (letter) => letters[letter])
     .replace(/[^\p{L}\p{N}\p{So}]+/gu, ' ').trim()}`;
+  const umlauts = { ä: 'ae', ö: 'oe', ü: 'ue' };
+  // The same words as they are written where there are no umlauts.
+  const spelled = (text) => folded(text.toLowerCase().normalize('NFC').replace(/[äöü]/g, (letter) => umlauts[letter]));
+  const inBoth = (text) => [...new Set([folded(text), spelled(text)])].join('');
   const joined = (words) => words.replaceAll(' ', '');
   const number = (n) => n.toLocaleString(index.words.lang, { useGrouping: true });
   const filled = (key, n) => index.words[key].replace('{n}', () => number(n));
@@ -71,8 +76,8 @@
       return {
         code, name, values, page: `${root}${page}.html`, price: data.price[i],
         picture: end && root + (end.startsWith('images/') ? end : `images/${page}${end}`),
-        inCode: folded(code), whole: joined(folded(code)), inName: folded(name),
-        inText: folded(`${data.text[i] || ''} ${Object.values(values).join(' ')}`),
+        inCode: inBoth(code), whole: joined(folded(code)), inName: inBoth(name),
+        inText: inBoth(`${data.text[i] || ''} ${Object.values(values).join(' ')}`),
       };
     });
     return { words: data.words, filters: data.filters, rows };
@@ -83,34 +88,39 @@
     coming ||= new Promise((resolve, reject) => {
       form.setAttribute('aria-busy', 'true');
       window.vorlinaIndex = (data) => resolve(taken(data));
-      document.head.append(make('script', { src: `${root}search-index.js`, onerror: reject }));
+      document.head.append(make('script', { src: `${root}search-index.js`, onerror: reject, onload: reject })); // the latter for one that is cut short
     }).then((data) => { index = data; }).finally(() => form.removeAttribute('aria-busy'));
     return coming;
   }
 
   // -- Finding
 
-  // How well a word is matched, 0 best; Infinity where it is not. One letter alone only begins words.
+  // One letter alone says little, and only begins words; one of a script without blanks may be a word.
+  const says = (word) => word.length > 1 || /[\p{sc=Han}\p{sc=Hira}\p{sc=Kana}]/u.test(word);
+
+  // How well a word is matched, 1 best; Infinity where it is not.
   function rank(row, word) {
     const begin = ` ${word}`;
+    const within = says(word);
     if (row.inCode.startsWith(begin)) return 1;
     if (row.inName.includes(begin)) return 2;
-    if (word.length > 1 && row.inCode.includes(word)) return 3;
-    if (word.length > 1 && row.inName.includes(word)) return 4;
+    if (within && row.inCode.includes(word)) return 3;
+    if (within && row.inName.includes(word)) return 4;
     if (row.inText.includes(begin)) return 5;
-    return word.length > 1 && row.inText.includes(word) ? 6 : Infinity;
+    return within && row.inText.includes(word) ? 6 : Infinity;
   }
 
-  // The products that have all words of the query, codes first.
-  function matching() {
-    const text = folded(query);
-    const words = text.split(' ').filter(Boolean);
-    if (words.length === 0) return query.trim() ? [] : index.rows;
+  // The products that have all words that are asked for, codes first.
+  function matching(sought) {
+    const text = folded(sought);
+    if (text === ' ') return sought.trim() ? [] : index.rows;
+    const others = spelled(sought).slice(1).split(' ');
+    const words = text.slice(1).split(' ').map((word, i) => [...new Set([word, others[i]])]);
     const whole = joined(text);
     return index.rows.map((row) => {
       if (row.whole === whole) return { row, rank: -1 };
       if (row.whole.startsWith(whole)) return { row, rank: 0 };
-      return { row, rank: words.reduce((sum, word) => sum + rank(row, word), 0) };
+      return { row, rank: words.reduce((sum, forms) => sum + Math.min(...forms.map((word) => rank(row, word))), 0) };
     }).filter((hit) => hit.rank < Infinity).sort((one, other) => one.rank - other.rank).map((hit) => hit.row);
   }
 
@@ -125,16 +135,14 @@
     return all.toString();
   }
 
-  // False for the address of a place in the page.
+  const asked = (text) => [...new URLSearchParams(text)].filter(([key]) => /^(q|f\d)$/.test(key));
+
   function readAddress() {
-    const all = new URLSearchParams(location.hash.slice(1) || location.search);
-    const mine = [...all].filter(([key]) => /^(q|f\d)$/.test(key));
-    if (location.hash.length > 1 && mine.length === 0) return false;
-    query = (all.get('q') || '').slice(0, 200);
+    const { q = '', ...filters } = Object.fromEntries([...asked(location.search), ...asked(location.hash.slice(1))]);
+    query = q.slice(0, 200);
     chosen = {};
-    for (const [key, value] of mine) if (key !== 'q') chosen[key.slice(1)] = value;
+    for (const [key, value] of Object.entries(filters)) chosen[key.slice(1)] = value;
     shown = history.state?.shown || step;
-    return true;
   }
 
   let wasEmpty = true;
@@ -143,10 +151,10 @@
   function writeAddress(asStep) {
     clearTimeout(writing);
     const text = parameters();
-    const url = text ? `#${text}` : location.href.split('#')[0];
-    const push = asStep || (wasEmpty && text !== '');
+    const page = location.href.split(/[?#]/)[0];
+    const push = asStep ?? (wasEmpty && text !== '');
     wasEmpty = text === '';
-    const write = () => history[push ? 'pushState' : 'replaceState']({ shown }, '', url);
+    const write = () => history[push ? 'pushState' : 'replaceState']({ shown }, '', text ? `${page}#${text}` : page);
     if (push) write();
     else writing = setTimeout(write, 300);
   }
@@ -163,10 +171,12 @@
   function card(row, kind) {
     const text = make('span', { className: 'text' }, part('name', row.name));
     if (row.name !== row.code) text.append(' ', part('code', row.code));
-    const price = row.price ? [' ', part('price', row.price)] : [];
-    const isRow = kind === 'row'; // a column of prices
-    if (!isRow) text.append(...price);
-    return make('li', { className: kind }, make('a', { href: row.page }, ...frame(row, kind === 'card'), text, ...(isRow ? price : [])));
+    const link = make('a', { href: row.page }, ...frame(row, kind === 'card'), text);
+    if (row.price) { // in rows a column of its own
+      const label = priceLabel ? [make('span', { className: 'sr' }, priceLabel), ' '] : [];
+      (kind === 'row' ? link : text).append(' ', make('span', { className: 'price' }, ...label, row.price));
+    }
+    return make('li', { className: kind }, link);
   }
 
   function showList(visible) {
@@ -187,23 +197,36 @@
     head(text, site ? `${text} – ${site}` : text);
   }
 
+  const all = make('a', { className: 'button', hidden: true });
+
+  function makeFilters() {
+    filterBox.replaceChildren(...index.filters.map(({ number: n, name }) =>
+      make('label', {}, make('span', { dir: 'auto' }, name), make('select', { name: `f${n}` }))), all);
+    filterBox.setAttribute('role', 'group');
+    filterBox.setAttribute('aria-label', index.words.filters);
+  }
+
   // Selects of all filters, each value with what would remain.
   function showFilters(found) {
-    const selects = index.filters.map(({ number: n, name, values }) => {
+    if (!filterBox.querySelector('select')) makeFilters();
+    for (const { number: n, values } of index.filters) {
       const counts = new Map();
       for (const row of found) if (row.values[n] && has(row, n)) counts.set(row.values[n], (counts.get(row.values[n]) || 0) + 1);
-      const select = make('select', { name: `f${n}` }, make('option', { value: '' }, index.words.any),
+      const select = filterBox.querySelector(`[name=f${n}]`);
+      select.replaceChildren(make('option', { value: '' }, index.words.any),
         ...values.filter((value) => counts.has(value) || value === chosen[n])
           .map((value) => make('option', { value }, value === chosen[n] ? value : `${value} (${number(counts.get(value) || 0)})`)));
       select.value = chosen[n] || '';
-      return make('label', {}, make('span', { dir: 'auto' }, name), select);
-    });
-    const focused = filterBox.contains(document.activeElement) ? document.activeElement.name : null;
-    filterBox.replaceChildren(...selects);
-    filterBox.setAttribute('role', 'group');
-    filterBox.setAttribute('aria-label', index.words.filters);
-    filterBox.hidden = false;
-    if (focused !== null) (filterBox.querySelector(`select[name="${focused}"]`) || filterBox.querySelector('select')).focus();
+    }
+  }
+
+  // A filter value's page shows its own products; what is chosen there besides is a link away.
+  function showWay(found) {
+    const text = parameters();
+    all.href = wayTo(text);
+    all.textContent = filled('showFound', found.length);
+    all.hidden = text === `${new URLSearchParams({ [`f${own}`]: filterBox.dataset.value })}`;
+    tell(all.hidden ? '' : counted(found.length));
   }
 
   function clear() {
@@ -240,12 +263,13 @@
 
   // The page as query and filters have it.
   function show() {
-    const found = matching();
+    const found = matching(query);
     for (const n of Object.keys(chosen)) // an address may be older than the site
       if (!index.filters.some((filter) => `${filter.number}` === n && filter.values.includes(chosen[n]))) delete chosen[n];
     const empty = parameters() === '';
     // On a phone the results come first, and the filters when they are asked for.
-    if (filterBox && (!filterBox.querySelector('button') || Object.values(chosen).some(Boolean) || (!empty && isWide.matches))) showFilters(found);
+    if (filterBox?.querySelector('select') || (filterBox && (Object.values(chosen).some(Boolean) || (!empty && isWide.matches)))) showFilters(found);
+    if (own) showWay(found.filter((row) => has(row)));
     if (!results) return;
     results.hidden = empty;
     showList(empty);
@@ -260,14 +284,18 @@
     show();
   }
 
+  const typedText = () => field.value.slice(0, 200);
+  const wayTo = (text) => (text ? `${products}#${text}` : products);
+  const wayToFound = () => wayTo(new URLSearchParams({ q: typedText().trim() }));
+
   // Elsewhere the best hits stand below the field.
   function showHits() {
-    const found = query.trim().length > 1 ? matching() : [];
-    hits.hidden = query.trim().length < 2;
+    hits.hidden = !says(typedText().trim()) || !form.contains(document.activeElement);
     if (hits.hidden) { tell(''); return; }
-    const all = make('a', { className: 'all', href: `${products}#${new URLSearchParams({ q: query.trim() })}` }, filled('showFound', found.length));
+    const found = matching(typedText());
     hits.replaceChildren(...(found.length
-      ? [make('ul', {}, ...found.slice(0, fewHits).map((row) => card(row, 'hit'))), all]
+      ? [make('ul', {}, ...found.slice(0, fewHits).map((row) => card(row, 'hit'))),
+        make('a', { className: 'all', href: wayToFound() }, filled('showFound', found.length))]
       : [make('p', {}, make('strong', {}, index.words.foundNone)), make('p', {}, index.words.foundNoneHint)]));
     tell(counted(found.length));
   }
@@ -289,46 +317,80 @@
   // -- Events
 
   function typed() {
-    query = field.value.slice(0, 200);
-    withIndex(() => (results ? update(false) : showHits()));
+    if (results) query = typedText();
+    withIndex(() => (results ? update() : showHits()));
   }
 
-  field.addEventListener('focus', () => load().catch(() => { coming = undefined; }));
+  field.addEventListener('focus', (event) => {
+    if (!results && field.value && !form.contains(event.relatedTarget)) typed();
+    else load().catch(() => { coming = undefined; });
+  });
   field.addEventListener('input', typed);
   form.addEventListener('submit', (event) => {
     event.preventDefault();
-    query = field.value.slice(0, 200);
     if (results) typed();
-    else if (query.trim()) location.href = `${products}#${new URLSearchParams({ q: query.trim() })}`;
+    else if (field.value.trim()) location.href = wayToFound();
   });
+
+  // Keys and clicks that the browser, or what puts letters together, has its own use for.
+  const isElsewhere = (event) => event.ctrlKey || event.altKey || event.metaKey || event.shiftKey || event.isComposing || event.keyCode === 229;
 
   // A large picture by keys: Escape closes it, the arrows lead to the others.
   document.addEventListener('keydown', (event) => {
     const number = { ArrowLeft: -1, ArrowRight: 1 }[event.key];
     const large = document.querySelector('.large:target');
-    if (!large || (!number && event.key !== 'Escape')) return;
-    const other = document.getElementById(`large-${Number(large.id.slice(6)) + number}`);
+    if (!large || isElsewhere(event) || (!number && event.key !== 'Escape')) return;
+    const other = byId(`large-${Number(large.id.slice(6)) + number}`);
     const link = event.key === 'Escape' ? large.querySelector('.close') : large.querySelector(`a[href="#${other?.id}"]`);
     link?.click();
+  });
+
+  // Pictures that were looked at are one step of the history, which closing takes back.
+  let isOpenedHere = false;
+  function turn(link) {
+    const gallery = byId(link.closest('.large').id.replace('large', 'picture'))?.querySelector('a');
+    if (!link.matches('.close')) { location.replace(link.href); return; }
+    window.addEventListener('hashchange', () => gallery?.focus(), { once: true });
+    if (isOpenedHere) history.back();
+    else location.replace(link.href);
+    isOpenedHere = false;
+  }
+
+  document.addEventListener('click', (event) => {
+    const link = event.target.closest('a[href^="#"]');
+    const target = link && byId(link.hash.slice(1));
+    if (!target || isElsewhere(event)) return;
+    if (link.closest('.large')) turn(link);
+    else if (link.closest('.thumbs')) location.replace(link.href);
+    else if (results && parameters()) { // which stay in the address
+      target.tabIndex = -1;
+      target.focus({ preventScroll: true });
+      target.scrollIntoView();
+    } else {
+      isOpenedHere ||= target.matches('.large');
+      return;
+    }
+    event.preventDefault();
   });
 
   // Up and down walk through what was found, Escape goes back.
   document.addEventListener('keydown', (event) => {
     const place = results || hits;
     const inside = place.contains(event.target);
-    if (!inside && event.target !== field) return;
+    if (isElsewhere(event) || (!inside && event.target !== field)) return;
     if (event.key === 'Escape') {
       hits.hidden = true;
       if (results && !inside && field.value) { field.value = ''; typed(); }
       field.focus();
     }
     const move = { ArrowDown: 1, ArrowUp: -1 }[event.key];
-    if (!move || place.hidden) return;
-    const links = [...place.querySelectorAll('a')];
-    const next = inside ? links.indexOf(event.target.closest('a')) + move : move - 1;
-    if (next < 0) field.focus();
-    else if (links[next]) links[next].focus();
+    if (!move) return;
+    if (place.hidden) { if (place === hits && move > 0) typed(); return; }
+    const links = [...place.querySelectorAll('a, .more:not([hidden])')];
+    const next = inside ? links.indexOf(event.target) + move : move - 1;
+    if (next >= links.length) return; // the page scrolls on
     event.preventDefault();
+    (links[next] || field).focus();
   });
   // A finger that touches a hit takes the focus from the field before the link gets it.
   form.addEventListener('focusout', (event) => { if (event.relatedTarget && !form.contains(event.relatedTarget)) hits.hidden = true; });
@@ -336,17 +398,21 @@
 
   if (filterBox) {
     const open = filterBox.querySelector('button');
-    if (open) open.onclick = () => withIndex(() => { showFilters(matching()); filterBox.querySelector('select')?.focus(); });
+    if (open) open.onclick = () => withIndex(() => { showFilters(matching(query)); filterBox.querySelector('select')?.focus(); });
+    // Keys go through the values of a select one by one: one step for all.
+    let changed;
     filterBox.addEventListener('change', (event) => {
       chosen[event.target.name.slice(1)] = event.target.value;
-      if (results) update(true);
-      else location.href = `${products}#${parameters()}`;
+      update(changed !== event.target);
+      changed = event.target;
     });
+    filterBox.addEventListener('focusout', () => { changed = undefined; });
     filterBox.hidden = false;
   }
 
   function arrive() {
-    if (!readAddress()) return;
+    clearTimeout(writing);
+    readAddress();
     field.value = query;
     wasEmpty = parameters() === '';
     if (wasEmpty && !index) return;
