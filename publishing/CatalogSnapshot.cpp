@@ -119,10 +119,10 @@ void ReadProducts(IVorlinaConnection& connection, const VorlinaJob& job, Catalog
           "ORDER BY OrdineTemp IS NULL,OrdineTemp,IDProdotto"),
       {job.IDCatalogo});
   QSet<QString> highlights;
-  for (const QString& code : job.profile.highlights) highlights.insert(code.toCaseFolded());
+  for (const QString& code : job.profile.highlights) highlights.insert(FoldedCode(code));
   while (rows->Next()) {
     Product product = ReadProduct(*rows, catalog);
-    const QString key = product.code.toCaseFolded();
+    const QString key = FoldedCode(product.code);
     product.highlight = highlights.contains(key);
     if (product.highlight) catalog.highlights.push_back(catalog.products.size());
     catalog.index.insert(key, catalog.products.size());
@@ -138,7 +138,7 @@ class Finder {
   Product* Find(const QVariant& code) {
     if (QString next = code.toString(); next != code_ || product_ == nullptr) {
       code_ = std::move(next);
-      const auto found = catalog_.index.constFind(code_.toCaseFolded());
+      const auto found = catalog_.index.constFind(FoldedCode(code_));
       product_ = found == catalog_.index.constEnd() ? nullptr : &catalog_.products[*found];
     }
     return product_;
@@ -197,6 +197,12 @@ void Note(bool italian, CatalogSnapshot& catalog) {
 }
 
 }  // namespace
+
+QString FoldedCode(QString code) {
+  for (QChar& c : code)
+    if (c >= u'A' && c <= u'Z') c = QChar(c.unicode() + (u'a' - u'A'));
+  return code;
+}
 
 CatalogSnapshot ReadSnapshot(IVorlinaConnection& connection, const VorlinaJob& job, bool italian) {
   CatalogSnapshot catalog;

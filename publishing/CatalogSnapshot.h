@@ -59,9 +59,13 @@ struct CatalogSnapshot {
   std::vector<FilterValue> filterValues;   // published ones, by filter and text
   std::vector<Product> products;           // published ones, in publication order
   std::vector<std::size_t> highlights;     // positions of products, ascending
-  QHash<QString, std::size_t> index;       // of products, by code in folded case
+  QHash<QString, std::size_t> index;       // of products, by FoldedCode
   QList<VorlinaNote> notes;                // no picture, no description, double order
 };
+
+// What is equal for two ways of writing one product's code: the database takes only A to Z for a to z, and
+// has products that other letters tell apart.
+QString FoldedCode(QString code);
 
 // Reads the job's catalog but for its features. Throws std::runtime_error when there is none with this
 // identifier, and what the connection throws.

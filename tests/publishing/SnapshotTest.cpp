@@ -96,6 +96,20 @@ TEST_F(SnapshotTest, HasNothingOfWhatTheProfileHides) {
   }
 }
 
+TEST_F(SnapshotTest, TellsCodesApartAsTheDatabaseDoes) {
+  Add(u"È-1"_qs, u"Ecrù"_qs, 5, 1, 0, true);
+  Add(u"è-1"_qs, u"Interno"_qs, 6, 1, 0, false);
+  connection_.Execute(
+      u"INSERT INTO Immagini (IDCatalogo,CodiceProdotto,Immagine) VALUES (1,'è-1','x.jpg')"_qs);
+  connection_.Execute(
+      u"INSERT INTO SchedeTecniche (IDCatalogo,CodiceProdotto,Caratteristica,Valore) VALUES (1,'è-1','Costo','9')"_qs);
+  job_.profile.highlights = {u"è-1"_qs};
+  const auto catalog = Read();
+  const Product& shown = catalog.products.back();
+  EXPECT_EQ(shown.code, u"È-1"_qs);
+  EXPECT_TRUE(shown.pictures.empty() && shown.features.empty() && !shown.highlight);
+}
+
 TEST_F(SnapshotTest, ShowsTheHighlightsAndTellsWhatWasOverlooked) {
   job_.profile.highlights = {u"d/..\\X"_qs, u"a-1"_qs, u"C-1"_qs, u"gone"_qs};
   connection_.Execute(u"UPDATE Cataloghi SET Logo='logo.jpg'"_qs);
