@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <atomic>
 #include <exception>
 #include <stdexcept>
@@ -64,6 +65,7 @@ class Publication::Work {
   void Remember(const VorlinaReport& report, bool allMade);
 
   int pictures = 0;
+  bool mayGoOn = false;
 
  private:
   QByteArray HiddenInput(const File& file, PageMaker& maker) const;
@@ -84,6 +86,7 @@ class Publication::Work {
   QByteArray site_ = key_.Site().left(8);
   QByteArray profile_ = key_.Digest("profile " + job_.profile.identifier.toUtf8()).toHex();
   std::vector<File> files_;
+  QSet<QString> names_;  // theirs
   std::size_t lastPage_ = 0;
   int pages_ = 0;
   std::vector<std::unique_ptr<ManifestEntry>> made_;  // the entries of those files that came anew
@@ -141,6 +144,9 @@ bool Publication::Work::MayGoOn(const MayReplace& ask) {
 }
 
 Publication::Work::File& Publication::Work::Add(Kind kind, const QString& name, const QByteArray& stamp) {
+  if (names_.contains(name))
+    throw std::logic_error("the file \"" + name.toStdString() + "\" was added twice");
+  names_.insert(name);
   if (kind != Kind::Page && !files_.empty()) files_[lastPage_].files += name;
   return files_.emplace_back(File{kind, name, stamp, 0, {}, {}, {}});
 }
@@ -242,6 +248,8 @@ void Publication::Work::Count(VorlinaReport& report) {
 
 VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& newMaker,
                                       IVorlinaProgress& progress) {
+  if (!mayGoOn) throw std::logic_error("Make was called without MayGoOn, or against it");
+  staging_.Respell(names_);
   former_ = &staging_.Former();
   VorlinaReport report;
   report.pages = pages_;
@@ -296,7 +304,10 @@ bool Publication::IsAsBefore(const PublicationInputs& inputs, VorlinaReport& rep
   return work_->IsAsBefore(inputs, report);
 }
 
-bool Publication::MayGoOn(const MayReplace& ask) { return work_->MayGoOn(ask); }
+bool Publication::MayGoOn(const MayReplace& ask) {
+  work_->mayGoOn = work_->MayGoOn(ask);
+  return work_->mayGoOn;
+}
 
 void Publication::AddPage(const QString& file, std::size_t page) { work_->AddPage(file, page); }
 

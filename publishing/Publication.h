@@ -62,10 +62,11 @@ class Publication {
   bool IsAsBefore(const PublicationInputs& inputs, VorlinaReport& report);
   // Whether the folder may have this catalog; to be asked before anything is reported or made. Where nobody
   // can be asked it throws for one with the site of another catalog, or of another profile, and is content
-  // with other files, hidden ones being no question anyway. A preview never asks.
+  // with other files, hidden ones being no question anyway. A preview never asks. Nothing is made without it.
   bool MayGoOn(const MayReplace& ask);
 
-  // A page, which the maker knows by this number. What is added before the next one comes with it.
+  // A page, which the maker knows by this number. What is added before the next one comes with it. Each file
+  // can be added once.
   void AddPage(const QString& file, std::size_t page);
   // A copy of a file. The stamp changes when the source does.
   void AddCopy(const QString& file, const QString& source, const QByteArray& stamp);

@@ -26,6 +26,11 @@ QString RealPath(const QString& path) {
   return real.isEmpty() ? QDir::cleanPath(QFileInfo(path).absoluteFilePath()) : real;
 }
 
+bool IsPlainFile(const QString& path) {
+  const QFileInfo file(path);
+  return file.isFile() && !file.isSymLink();
+}
+
 // The journal goes first: without it, what is left counts for nothing.
 void Discard(const QString& staging) {
   if (staging.isEmpty() || QFileInfo(staging).isSymLink()) return;
@@ -84,6 +89,43 @@ void Staging::Recover(const QString& place) {
     if (swap.IsBegun()) throw;
   }
   Discard(place);
+}
+
+// Empty where the file is no other spelling of a former one in the same folder.
+QString Staging::FormerSpelling(const QString& file) const {
+  const QString place = target_ + u'/' + file;
+  if (!IsPlainFile(place)) return {};
+  const QString folder = file.left(file.lastIndexOf(u'/') + 1);
+  const auto& former = former_->entries;
+  const auto found = std::find_if(former.keyBegin(), former.keyEnd(), [&](const QString& name) {
+    if (!name.startsWith(folder) || name.compare(file, Qt::CaseInsensitive) != 0) return false;
+    std::error_code failure;
+    const QString other = target_ + u'/' + name;
+    return IsPlainFile(other) && fs::equivalent(SystemPath(place), SystemPath(other), failure);
+  });
+  return found == former.keyEnd() ? QString() : *found;
+}
+
+void Staging::Respell(const QSet<QString>& coming) {
+  if (Former().entries.isEmpty()) return;
+  auto& former = former_->entries;
+  bool changed = false;
+  for (const QString& file : coming) {
+    const QString other = former.contains(file) ? QString() : FormerSpelling(file);
+    if (other.isEmpty()) continue;
+    std::error_code failure;
+    fs::rename(SystemPath(target_ + u'/' + other), SystemPath(target_ + u'/' + file), failure);
+    if (failure) throw CannotWrite(QString(target_ + u'/' + other), failure, italian_);
+    former.insert(file, former.take(other));
+    changed = true;
+  }
+  if (!changed || !former_->isKept) return;
+  // A swap is known by the list as it lies in the folder.
+  try {
+    files::WriteFileSafely(target_ + u'/' + Manifest::FileName(), former_->ToText());
+  } catch (const files::FileError& error) {
+    throw CannotWrite(error, italian_);
+  }
 }
 
 bool Staging::IsAsIn(const QString& file, const ManifestEntry& entry) const {

@@ -6,6 +6,7 @@
 
 #include <FolderLock.h>
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -46,6 +47,9 @@ class Staging {
 
   // The files that the target has from earlier runs. Read when it is asked for first.
   const Manifest& Former();
+  // Spells the former files as the coming ones where the file system takes one for the other, as those
+  // without letter case do with "Logo.svg" and "logo.svg". Throws std::runtime_error.
+  void Respell(const QSet<QString>& coming);
   // Whether the target's file of this entry is still what it was.
   bool IsAsIn(const QString& file, const ManifestEntry& entry) const;
   // Makes room in the staging folder for a file of the site that comes anew; may be called on several
@@ -68,6 +72,7 @@ class Staging {
 
  private:
   void Recover(const QString& place);
+  QString FormerSpelling(const QString& file) const;
   void RequireRoom(const QString& file) const;
   void MakeFolder(const QString& name);
   void ChoosePlace();

@@ -7,7 +7,6 @@
 #include <filesystem>
 
 #include "Crew.h"
-#include "JpegHead.h"
 #include "Manifest.h"
 #include "SiteSwap.h"
 #include "vlhtml/SiteFixture.h"
@@ -290,6 +289,20 @@ TEST_F(TargetTest, ASecondPublisherIsTold) {
   EXPECT_EQ(Publishing(1, target_), QString());
 }
 
+// Another name of the same file is what a file system without letter case shows.
+TEST_F(TargetTest, AFileOfOtherLetterCaseIsNotTakenForSomebodyElses) {
+  ChangeSkin(u"assets/Logo.svg"_qs, "<svg/>");
+  ASSERT_EQ(Publishing(1, target_), QString());
+  const QString assets = target_ + u"/assets/"_qs;
+  ASSERT_EQ(link(qPrintable(assets + u"Logo.svg"), qPrintable(assets + u"logo.svg")), 0);
+  ASSERT_TRUE(QFile::rename(skin_ + u"/assets/Logo.svg"_qs, skin_ + u"/assets/logo.svg"_qs));
+  EXPECT_EQ(Publishing(1, target_), QString());
+  const auto list = publishing::Manifest::OfFolder(target_);
+  EXPECT_TRUE(list.isKept && list.entries.contains(u"assets/logo.svg"_qs));
+  EXPECT_FALSE(list.entries.contains(u"assets/Logo.svg"_qs));
+  EXPECT_EQ(ContentOf(assets + u"logo.svg"), "<svg/>");
+}
+
 TEST_F(TargetTest, FilesOfZerosAreMadeAgain) {
   ASSERT_EQ(Publishing(1, target_), QString());
   const auto before = Files(target_);
@@ -316,17 +329,4 @@ TEST_F(TargetTest, AnExceptionLeavesNoThreadBehind) {
   EXPECT_THROW(publishing::DoTogether(
                    100, [&]() -> publishing::Work { return failing; }, [](int) { return true; }),
                std::runtime_error);
-}
-
-TEST(JpegHead, HasTheSizeOfThePictureBehindWhateverStandsBefore) {
-  const QByteArray segment = QByteArray("\xff\xe1\x01\x02") + QByteArray(256, '\xff');
-  const QByteArray frame("\xff\xc2\x00\x11\x08\x01\x02\x03\x04\x03", 10);
-  const QTemporaryDir folder;
-  for (const auto& [before, size] : {std::pair{segment.repeated(3), QSize(0x304, 0x102)},
-                                     {QByteArray("\xff\xff\xff\x01stray"), QSize(0x304, 0x102)},
-                                     {QByteArray("\xff\xc4\x00\x04\x01\x02", 6), QSize(0x304, 0x102)},
-                                     {QByteArray("\xff\xda"), QSize()}}) {
-    Write(folder.filePath(u"x.jpg"_qs), "\xff\xd8" + before + frame);
-    EXPECT_EQ(publishing::JpegSize(folder.filePath(u"x.jpg"_qs)), size) << before.toHex().constData();
-  }
 }
