@@ -46,12 +46,13 @@ class PageCompiler {
   };
 
   void AddTexts(std::size_t at, std::size_t end) {
-    while (at < end) {
-      const std::size_t found = source_.text.find('\n', at);
-      const bool ends = found < end;
-      line_.push_back({nullptr, std::string_view(source_.text).substr(at, (ends ? found : end) - at)});
+    std::string_view texts = std::string_view(source_.text).substr(at, end - at);
+    while (!texts.empty()) {
+      const std::size_t size = std::min(texts.find('\n'), texts.size());
+      line_.push_back({nullptr, texts.substr(0, size)});
+      const bool ends = size < texts.size();
       if (ends) FlushLine("\n");
-      at = ends ? found + 1 : end;
+      texts.remove_prefix(size + (ends ? 1 : 0));
     }
   }
 

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <cerrno>
 #include <stdexcept>
 
 #include "PublishError.h"
@@ -215,7 +216,11 @@ QString InstallSkinArchive(const QString& archive, const SkinKind& kind, const V
         QStringLiteral("A skin is being installed in the folder %1. Wait for the end and try again."));
   TakeBackUnfinished(skins);
   // Unpacked and checked on the same file system, so that it gets its place by a rename.
-  QTemporaryDir temporary(skins + u'/' + Unfinished + QStringLiteral("XXXXXX"));
+  errno = 0;
+  const QTemporaryDir temporary(skins + u'/' + Unfinished + QStringLiteral("XXXXXX"));
+  if (!temporary.isValid())
+    throw CannotWrite(
+        files::FileError(files::FileError::Fault::NoFolder, skins, errno, temporary.errorString()), italian);
   const QString unpacked = temporary.path() + QStringLiteral("/skin");
   Unpack(archive, unpacked, italian);
   Skin(unpacked, kind, italian).StaticFiles();

@@ -55,23 +55,21 @@ class Loader {
     CheckSize(text.size(), taker);
     taken_ += file;
     const std::vector<Tag> tags = TagsIn(text, file);
-    const Tag* meeting = &taker;
     std::size_t at = 0;
     for (const Tag& tag : tags) {
       const std::size_t begin = whole_.text.size() + tag.begin - at;
       const bool isPart = tag.kind == '>';
-      Append(std::string_view(text).substr(at, (isPart ? tag.begin : tag.end) - at), *meeting);
+      whole_.text.append(text, at, (isPart ? tag.begin : tag.end) - at);
       at = tag.end;
       if (isPart) {
         TakePart(tag);
-        meeting = &tag;
       } else {
         whole_.tags.push_back(tag);
         whole_.tags.back().begin = begin;
         whole_.tags.back().end = whole_.text.size();
       }
     }
-    Append(std::string_view(text).substr(at), *meeting);
+    whole_.text.append(text, at);
     taken_.removeLast();
   }
 
@@ -88,14 +86,6 @@ class Loader {
              QStringLiteral("the page takes in too many parts"));
     if (taken_.size() > qsizetype(DeepestNesting)) RefuseDepth(tag);
     TakeIn(part + QStringLiteral(".mustache"), tag);
-  }
-
-  // Braces of two files must not look like a tag where they meet.
-  void Append(std::string_view piece, const Tag& meeting) {
-    if (whole_.text.ends_with('{') && piece.starts_with('{'))
-      Refuse(meeting, QStringLiteral("una graffa sta accanto a una parte"),
-             QStringLiteral("a brace stands beside a part"));
-    whole_.text += piece;
   }
 
   // What is read counts: it is more than what comes of it.
