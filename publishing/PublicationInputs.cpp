@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
-#include <QLocale>
 
 #include "FolderState.h"
 
@@ -46,8 +45,7 @@ QByteArray DigestOf(const PublicationInputs& inputs, const QString& database, co
   QByteArray all;
   QDataStream stream(&all, QIODevice::WriteOnly);
   stream << QByteArray(VORLINA_VERSION) << job.IDCatalogo << job.target << job.profile << job.options
-         << inputs.others << inputs.files << inputs.folders
-         << QLocale().collation().name();  // by which a catalog's values are put in order
+         << inputs.others << inputs.files << inputs.folders;
   const auto check = [&](const FileState& file) { proven = proven && file.time < LastProven(looked); };
   for (const QString& path : QStringList{database, OwnLibrary()} + inputs.files) {
     FileState file;

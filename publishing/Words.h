@@ -31,7 +31,6 @@ class Words {
   // "3,000", as the language writes it.
   std::string Number(int n) const;
   const std::string& Language() const { return language_; }
-  const std::map<std::string, std::string, std::less<>>& All() const { return words_; }
 
   // Every word under its key; in a group "L" the templates see {{L.key}}.
   void Tell(Fields& fields) const;
