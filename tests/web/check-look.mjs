@@ -104,17 +104,19 @@ export async function checkFocus(browser, address, page, view, prepare) {
 }
 
 // Sheets of paper, A4, and cards that hold what stands in them.
-export async function checkPrint(browser, address, page, sheets) {
+export async function checkPrint(browser, address, page, sheets, prepare) {
   const { tab, problems, close } = await openTab(browser, address, { viewport: { width: 718, height: 1047 } });
   await tab.goto(address + page);
+  if (prepare) await prepare(tab);
   await loadPictures(tab);
   await tab.emulateMedia({ media: 'print' });
-  problems.push(...await tab.evaluate(() => [...document.querySelectorAll('.card')]
-    .filter((card) => card.checkVisibility() && card.querySelector('.text').getBoundingClientRect().bottom > card.getBoundingClientRect().bottom + 1)
-    .map((card) => `longer than its card: ${card.textContent.trim().slice(0, 40)}`)));
+  problems.push(...await tab.evaluate(() => [...document.querySelectorAll('.card')].filter((card) => card.checkVisibility()).flatMap((card) => {
+    const [all, picture, text] = [card, card.querySelector('.frame > *') ?? card.querySelector('.frame'), card.querySelector('.text')].map((one) => one.getBoundingClientRect());
+    return text.bottom > all.bottom + 1 || picture.bottom > text.top + 1 ? [`does not fit its card: ${card.textContent.trim().slice(0, 40)}`] : [];
+  })));
   const paper = (await tab.pdf({ format: 'A4', printBackground: true, margin: { top: '1cm', bottom: '1cm', left: '1cm', right: '1cm' } })).toString('latin1');
   const printed = paper.match(/\/Type ?\/Page\b(?!s)/g)?.length ?? 0;
   if (printed !== sheets) problems.push(`${printed} sheets instead of ${sheets}`);
-  expect(`${page} on paper`, problems);
+  expect(`${page}${prepare ? ' (prepared)' : ''} on paper`, problems);
   await close();
 }

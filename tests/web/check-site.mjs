@@ -69,7 +69,7 @@ try {
     for (const page of ['index.html', product]) jobs.push(() => checkFocus(browser, local, page, { width: 360, colorScheme: 'dark' }));
     for (const page of ['index.html', 'products.html']) jobs.push(() => checkStill(browser, served, page));
     jobs.push(() => checkWeight(browser, served, 'products.html', MostOfList));
-    jobs.push(() => checkPrint(browser, local, 'products.html', 4), () => checkPrint(browser, local, product, 1));
+    jobs.push(() => checkPrint(browser, local, 'products.html', 4), () => checkPrint(browser, local, 'products.html', 4, search('a')), () => checkPrint(browser, local, product, 1));
   }
   await together(jobs, async (job) => {
     try { await job(); } catch (error) {
