@@ -112,6 +112,9 @@ Product ReadProduct(const IVorlinaRows& row, const CatalogSnapshot& catalog) {
 }
 
 void ReadProducts(IVorlinaConnection& connection, const VorlinaJob& job, CatalogSnapshot& catalog) {
+  const auto count = connection.Open(
+      QStringLiteral("SELECT COUNT(*) FROM Prodotti WHERE IDCatalogo=? AND Pubblica"), {job.IDCatalogo});
+  if (count->Next()) catalog.products.reserve(count->Value(0).toUInt());
   const auto rows = connection.Open(
       QStringLiteral(
           "SELECT CodiceProdotto,Descrizione,Valore1,Valore2,Valore3,IDFiltro1,IDFiltro2,IDFiltro3,IDFiltro4,"

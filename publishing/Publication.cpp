@@ -108,10 +108,12 @@ bool Publication::Work::IsAsBefore(const PublicationInputs& inputs, VorlinaRepor
                 QStringLiteral("/PubWiz/%1/Published/%2").arg(plugin_, Name(key_.Digest(target.toUtf8())));
   inputs_ = DigestOf(inputs, database, job_);
   const auto record = PublicationRecord::Read(recordFile_);
+  const bool isOfSameInputs = record && !inputs_.isEmpty() && inputs_ == record->inputs;
+  if (!isOfSameInputs) staging_.ReadFormer();
   before_ = TargetState(job_.target,
                         record ? record->folders : Manifest::Folders(staging_.Former().entries.keys()));
   if (record) proven_ = before_.ProvenBy(*record);
-  if (!proven_.IsAll() || inputs_.isEmpty() || inputs_ != record->inputs) return false;
+  if (!proven_.IsAll() || !isOfSameInputs) return false;
   report = record->report;
   return true;
 }

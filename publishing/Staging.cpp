@@ -71,8 +71,12 @@ Staging::Staging(const QString& target, bool italian)
 }
 
 const Manifest& Staging::Former() {
-  if (!former_) former_ = Manifest::OfFolder(target_);
+  if (!former_) former_ = reading_.valid() ? reading_.get() : Manifest::OfFolder(target_);
   return *former_;
+}
+
+void Staging::ReadFormer() {
+  reading_ = std::async(std::launch::async, [target = target_] { return Manifest::OfFolder(target); });
 }
 
 Staging::~Staging() {

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <future>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -45,8 +46,10 @@ class Staging {
   Staging(const Staging&) = delete;
   Staging& operator=(const Staging&) = delete;
 
-  // The files that the target has from earlier runs. Read when it is asked for first.
+  // The files that the target has from earlier runs. Read when it is asked for first, or beside other work
+  // from when it is known that it will be.
   const Manifest& Former();
+  void ReadFormer();
   // Spells the former files as the coming ones where the file system takes one for the other, as those
   // without letter case do with "Logo.svg" and "logo.svg". Throws std::runtime_error.
   void Respell(const QSet<QString>& coming);
@@ -87,6 +90,7 @@ class Staging {
   MadeFolder folder_;
   QString beside_, inside_;  // where the staging folder can be
   QString staging_;          // where it is; empty until begun
+  std::future<Manifest> reading_;
   std::optional<Manifest> former_;
   std::mutex mutex_;
   std::set<QString> folders_;  // in which there is room

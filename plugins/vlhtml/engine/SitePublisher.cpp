@@ -2,8 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <chrono>
-#include <functional>
 #include <future>
 #include <memory>
 
@@ -17,22 +15,30 @@
 namespace vlhtml {
 namespace {
 
-// What looking at the files of few pictures takes at most.
-constexpr std::chrono::milliseconds FewPictures{2};
+struct Planned {
+  SitePlan plan;
+  std::unique_ptr<PublishedPictures> pictures;
+};
 
-// What is left to be read is read while that is told which needs none of it.
-VorlinaReport Make(Site site, const Skin& skin, Publication& publication,
-                   const std::function<void()>& readFeatures, IVorlinaProgress& progress) {
+// What a site consists of, with the files of its pictures as they lie there.
+Planned PlanOf(CatalogSnapshot& catalog, const Words& words, const Skin& skin, const VorlinaJob& job,
+               const QString& images, bool italian) {
+  Planned planned{SitePlan(catalog, words, job.preview, skin.Has(std::size_t(PageKind::Values))), nullptr};
+  if (const auto& featured = planned.plan.featured; catalog.widePicture.source.isEmpty() && !featured.empty())
+    catalog.widePicture = catalog.products[std::size_t(featured.front())].pictures.front();
+  planned.pictures = std::make_unique<PublishedPictures>(
+      PictureRequest{&catalog, planned.plan.PictureNames(), images, job.profile.pictureSizes, italian});
+  return planned;
+}
+
+VorlinaReport Make(Site site, const Skin& skin, Publication& publication, IVorlinaProgress& progress) {
   site.hasTheme = !ThemeOf(site.profile).isEmpty();
   site.hasMessages = skin.Has(std::size_t(PageKind::Message));
   site.hasSearch = site.plan.previewed < 0 && !site.plan.products.empty() &&
                    QFileInfo(skin.Folder() + QStringLiteral("/search.js")).isFile();
-  auto telling = std::async(std::launch::async, [&] {
-    TellOnce(site, skin.Names());
-    return AddFiles(site, skin, publication);
-  });
-  readFeatures();
-  const std::vector<Page> pages = telling.get();
+  auto telling = std::async(std::launch::async, [&] { TellOnce(site, skin.Names()); });
+  const std::vector<Page> pages = AddFiles(site, skin, publication);
+  telling.get();
   const SkinPages made(skin,
                        {[&](Fields& fields) { TellSite(fields, site); },
                         [&](std::size_t page) { return std::size_t(pages[page].kind); },
@@ -111,23 +117,14 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   CatalogSnapshot catalog = ReadSnapshot(connection, job, italian);
   const std::unique_ptr<Skin> loaded = loading.get();
   const Skin& skin = *loaded;
-  SitePlan plan(catalog, words, job.preview, skin.Has(std::size_t(PageKind::Values)));
-  if (catalog.widePicture.source.isEmpty() && !plan.featured.empty())
-    catalog.widePicture = catalog.products[std::size_t(plan.featured.front())].pictures.front();
-  // The files are looked at while the longest table is read, unless that takes no time: then the table is
-  // read beside the next work.
-  auto looking = std::async(std::launch::async, [&] {
-    return std::make_unique<PublishedPictures>(
-        PictureRequest{&catalog, plan.PictureNames(), images, job.profile.pictureSizes, italian});
-  });
-  const bool hasTime = looking.wait_for(FewPictures) != std::future_status::ready;
-  const auto readFeatures = [&] { ReadFeatures(connection, job, catalog); };
-  if (hasTime) readFeatures();
-  const std::unique_ptr<PublishedPictures> pictures = looking.get();
+  // The longest table is read while that is planned which needs none of it.
+  auto planning =
+      std::async(std::launch::async, [&] { return PlanOf(catalog, words, skin, job, images, italian); });
+  ReadFeatures(connection, job, catalog);
+  auto [plan, pictures] = planning.get();
   if (!pictures->Prepare(*host_.pictures, progress)) return {};
   plan.SetPictures(*pictures);
-  report = Make({plan, *pictures, words, job.profile, false, false, false, {}}, skin, publication,
-                hasTime ? std::function<void()>([] {}) : readFeatures, progress);
+  report = Make({plan, *pictures, words, job.profile, false, false, false, {}}, skin, publication, progress);
   if (!report.complete) return report;
   report.notes = catalog.notes + pictures->Notes() + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
