@@ -36,8 +36,20 @@ first() {  # FOLDER
   done
 }
 
+# What both made has to be alike, in number of pages and in bytes.
+pages() { find "$1" -name '*.html' | wc -l; }
+bytes() { find "$1" -name '*.html' -printf '%s\n' | awk '{ sum += $1 } END { print sum }'; }
+require_alike() {  # FOLDER
+  local what
+  for what in pages bytes; do
+    awk -v a="$($what "$1/ours-1")" -v b="$($what "$1/theirs-1")" -v what="$what" \
+      'BEGIN { if (a > 1.1 * b || b > 1.1 * a) { print "not alike: " what " " a ", Hugo " b; exit 1 } }'
+  done
+}
+
 content "$place/plain"
 first "$place/plain"
+require_alike "$place/plain"
 report "10,000 products"
 for i in $(seq "$rounds"); do
   "$programs/change_product" "$place/plain/Catalog.db" "$i"
