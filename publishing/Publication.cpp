@@ -69,7 +69,7 @@ class Publication::Work {
 
  private:
   QByteArray HiddenInput(const File& file, PageMaker& maker) const;
-  bool IsCurrent(const File& file, const QByteArray& input) const;
+  bool IsCurrent(std::size_t file, const QByteArray& input) const;
   ManifestEntry MakeFile(const File& file, const QByteArray& input, PageMaker& maker);
   bool MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress);
   bool MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgress& progress);
@@ -89,6 +89,7 @@ class Publication::Work {
   QSet<QString> names_;  // theirs
   std::size_t lastPage_ = 0;
   int pages_ = 0;
+  std::vector<const ManifestEntry*> was_;             // the files' former entries; null where there is none
   std::vector<std::unique_ptr<ManifestEntry>> made_;  // the entries of those files that came anew
   std::atomic<bool> writes_{false};
   QStringList changes_;  // files that came anew, and that went
@@ -172,11 +173,10 @@ QByteArray Publication::Work::HiddenInput(const File& file, PageMaker& maker) co
       QByteArray::number(qulonglong(Fingerprint({all.constData(), std::size_t(all.size())})), 36) + site_);
 }
 
-bool Publication::Work::IsCurrent(const File& file, const QByteArray& input) const {
-  const auto& former = former_->entries;
-  const auto entry = former.constFind(file.name);
-  if (entry == former.constEnd() || entry->input != input) return false;
-  return proven_.Has(file.name) || staging_.IsAsIn(file.name, *entry);
+bool Publication::Work::IsCurrent(std::size_t file, const QByteArray& input) const {
+  const ManifestEntry* was = was_[file];
+  if (was == nullptr || was->input != input) return false;
+  return proven_.Has(files_[file].name) || staging_.IsAsIn(files_[file].name, *was);
 }
 
 ManifestEntry Publication::Work::MakeFile(const File& file, const QByteArray& input, PageMaker& maker) {
@@ -192,10 +192,13 @@ ManifestEntry Publication::Work::MakeFile(const File& file, const QByteArray& in
 // Makes the files that are not what they would be made to be. False when the progress asked to stop.
 bool Publication::Work::MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress) {
   made_.resize(files_.size());
+  was_.resize(files_.size());
   const auto begin = [&]() -> publishing::Work {
     return [this, maker = std::shared_ptr<PageMaker>(newMaker())](std::size_t i) {
       const QByteArray input = HiddenInput(files_[i], *maker);
-      if (!IsCurrent(files_[i], input))
+      const auto was = former_->entries.constFind(files_[i].name);
+      was_[i] = was == former_->entries.constEnd() ? nullptr : &*was;
+      if (!IsCurrent(i, input))
         made_[i] = std::make_unique<ManifestEntry>(MakeFile(files_[i], input, *maker));
     };
   };
@@ -229,22 +232,22 @@ bool Publication::Work::MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgre
 // Settles what will be there, and tells what it is against what was.
 void Publication::Work::Count(VorlinaReport& report) {
   const auto& former = former_->entries;
+  coming_.entries = former;
   coming_.entries.reserve(qsizetype(files_.size()));
   for (std::size_t i = 0; i < files_.size(); ++i) {
-    const QString& name = files_[i].name;
-    const auto was = former.constFind(name);
-    if (made_[i]) {
-      was != former.constEnd() && !was->IsLeftOver() ? ++report.changed : ++report.added;
-      changes_ += name;
-    }
-    const ManifestEntry entry = made_[i] ? *made_[i] : *was;
+    const ManifestEntry& entry = made_[i] ? *made_[i] : *was_[i];
     report.bytes += entry.file.size;
-    coming_.entries.insert(name, entry);
+    if (!made_[i]) continue;
+    was_[i] != nullptr && !was_[i]->IsLeftOver() ? ++report.changed : ++report.added;
+    changes_ += files_[i].name;
+    coming_.entries.insert(files_[i].name, entry);
   }
+  if (coming_.entries.size() == qsizetype(files_.size())) return;
   for (auto entry = former.cbegin(); entry != former.cend(); ++entry)
-    if (!coming_.entries.contains(entry.key())) {
+    if (!names_.contains(entry.key())) {
       report.removed += entry->IsLeftOver() ? 0 : 1;
       changes_ += entry.key();
+      coming_.entries.remove(entry.key());
     }
 }
 

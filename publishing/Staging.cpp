@@ -111,7 +111,8 @@ QString Staging::FormerSpelling(const QString& file) const {
 }
 
 void Staging::Respell(const QSet<QString>& coming) {
-  if (Former().entries.isEmpty()) return;
+  // Where the list has no second name, no file has.
+  if (Former().entries.isEmpty() || !IsPlainFile(target_ + u'/' + Manifest::FileName().toUpper())) return;
   auto& former = former_->entries;
   bool changed = false;
   for (const QString& file : coming) {

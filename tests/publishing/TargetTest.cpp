@@ -295,6 +295,7 @@ TEST_F(TargetTest, AFileOfOtherLetterCaseIsNotTakenForSomebodyElses) {
   ASSERT_EQ(Publishing(1, target_), QString());
   const QString assets = target_ + u"/assets/"_qs;
   ASSERT_EQ(link(qPrintable(assets + u"Logo.svg"), qPrintable(assets + u"logo.svg")), 0);
+  ASSERT_EQ(link(qPrintable(ManifestFile()), qPrintable(target_ + u"/VORLINA-MANIFEST.TXT"_qs)), 0);
   ASSERT_TRUE(QFile::rename(skin_ + u"/assets/Logo.svg"_qs, skin_ + u"/assets/logo.svg"_qs));
   EXPECT_EQ(Publishing(1, target_), QString());
   const auto list = publishing::Manifest::OfFolder(target_);
