@@ -47,6 +47,14 @@ QString CatalogExtension(const QString& name, int IDCatalogo, Connection& connec
   return rows.Next() ? NullToEmpty(rows.Value(0)) : QString();
 }
 
+bool HasCatalogExtension(const QString& name, int IDCatalogo, Connection& connection) {
+  Rows rows(connection,
+            u"SELECT 1 FROM CExtension JOIN Extensions USING (IDExtension) "
+            "WHERE ExtensionName=? AND IDCatalogo=?"_qs,
+            {name, IDCatalogo});
+  return rows.Next();
+}
+
 void KeepCatalogExtension(const QString& name, const QString& value, int IDCatalogo, Connection& connection) {
   if (!SetExtension(name, value, IDCatalogo, {}, connection))
     throw Error(Texts::tr("Errore nella tabella Extensions"));

@@ -20,6 +20,9 @@ class Connection;
 // A catalog's value; "" where it was never kept. Throws Error.
 QString CatalogExtension(const QString& name, int IDCatalogo, Connection& connection);
 
+// Whether it was kept, be it as "" or NULL. Throws Error.
+bool HasCatalogExtension(const QString& name, int IDCatalogo, Connection& connection);
+
 // Keeps a catalog's value of the program's own, of which a name without a level is an Error as well. Throws
 // Error.
 void KeepCatalogExtension(const QString& name, const QString& value, int IDCatalogo, Connection& connection);

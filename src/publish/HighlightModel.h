@@ -27,7 +27,7 @@ class HighlightModel : public QAbstractTableModel {
   // The codes of those that are chosen, shown or not, in the order of publication.
   QStringList Chosen() const;
   qsizetype ChosenCount() const { return chosen_.size(); }
-  // How many of these show on the first page: a highlight without a picture does not.
+  // How many of these do not show on the first page, since they have no picture.
   qsizetype WithoutPicture() const;
   // What is noted of each of these.
   static QString WithoutPictureNote();

@@ -35,18 +35,26 @@ constexpr PictureSettings PictureQuality{true, true, 95};
 
 QString RandomMark() { return QString::number(QRandomGenerator::system()->generate64() | 1ULL << 63, 36); }
 
+void Keep(const QJsonObject& profiles, int IDCatalogo, Connection& connection) {
+  KeepCatalogExtension(ProfilesExtension,
+                       QString::fromUtf8(QJsonDocument(profiles).toJson(QJsonDocument::Compact)), IDCatalogo,
+                       connection);
+}
+
 // What is kept of a catalog's profiles; pictures are names of files in "Images".
 class KeptProfiles {
  public:
   // Throws DamagedProfiles.
   KeptProfiles(Connection& connection, int IDCatalogo) : connection_(connection), IDCatalogo_(IDCatalogo) {
     const QByteArray text = CatalogExtension(ProfilesExtension, IDCatalogo, connection).toUtf8();
-    if (text.isEmpty()) return;
+    // A value that is empty hides what another one said.
+    if (text.isEmpty() && !HasCatalogExtension(ProfilesExtension, IDCatalogo, connection)) return;
     const QJsonDocument document = QJsonDocument::fromJson(text);
     if (!document.isObject() || !document[ProfilesMember].isArray()) throw DamagedProfiles();
     root_ = document.object();
-    for (const QJsonValue value : root_[ProfilesMember].toArray()) Read(value);
-    if (profiles_.isEmpty()) throw DamagedProfiles();
+    const QJsonArray list = root_[ProfilesMember].toArray();
+    if (list.isEmpty() || list.size() > MostProfiles) throw DamagedProfiles();
+    for (const QJsonValue value : list) Read(value);
   }
 
   const QList<VorlinaProfile>& All() const { return profiles_; }
@@ -84,9 +92,7 @@ class KeptProfiles {
     QJsonArray list;
     for (const QJsonObject& object : objects_) list += object;
     root_[ProfilesMember] = list;
-    KeepCatalogExtension(ProfilesExtension,
-                         QString::fromUtf8(QJsonDocument(root_).toJson(QJsonDocument::Compact)), IDCatalogo_,
-                         connection_);
+    Keep(root_, IDCatalogo_, connection_);
   }
 
  private:
@@ -324,12 +330,9 @@ void RenewProfiles(Connection& connection, int IDCatalogo) {
     const QString damaged = CatalogExtension(ProfilesExtension, IDCatalogo, connection);
     KeepCatalogExtension(DamagedExtension, aside.isEmpty() ? damaged : aside + u'\n' + damaged, IDCatalogo,
                          connection);
-    KeepCatalogExtension(ProfilesExtension, {}, IDCatalogo, connection);
     VorlinaProfile first = FirstProfile();
     first.identifier = RandomMark();
-    KeptProfiles anew(connection, IDCatalogo);
-    anew.Put(first);
-    anew.Store();
+    Keep({{ProfilesMember, QJsonArray{JsonOf(first, {})}}}, IDCatalogo, connection);
   }
   transaction.Commit();
 }

@@ -100,6 +100,9 @@ VorlinaJob MakeJob(IVorlinaPublisher& publisher, int IDCatalogo, const VorlinaPr
   job.IDCatalogo = IDCatalogo;
   job.target = QFileInfo(target).absoluteFilePath();
   job.profile = profile;
+  // Kept for when the language was changed by mistake.
+  job.profile.sisters.removeIf(
+      [&](const VorlinaSister& sister) { return sister.language == profile.language; });
   for (const VorlinaOption& option : OptionsOf(publisher))
     job.options[option.key] = Fitted(option, options.value(option.key, option.value));
   return job;

@@ -68,7 +68,7 @@ QString PlainReport(const VorlinaReport& report, const QString& what, const QStr
   for (const ReportGroup& group : groups) {
     lines += QStringList{{}, HeadOf(group)};
     for (const ReportLine& line : group.lines) {
-      QStringList columns{line.code, line.name};
+      QStringList columns{OneLine(line.code), line.name};
       if (group.text.isEmpty()) columns += line.text;
       lines += columns.join(u'\t');
     }

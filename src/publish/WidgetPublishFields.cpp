@@ -232,7 +232,8 @@ bool WidgetPublishFields::HidesNothing() const {
   return true;
 }
 
-// What gets its name later does not show by itself in a profile that hides something.
+// What gets its name later does not show by itself in a profile that hides something. The address in the
+// catalog's own language, which does not show, is kept where it is good: nobody could mend it.
 VorlinaProfile WidgetPublishFields::Read() const {
   VorlinaProfile profile = profile_;
   profile.language = ui_->cmbLanguage->currentData().toString();
@@ -256,7 +257,7 @@ VorlinaProfile WidgetPublishFields::Read() const {
   profile.sisters.clear();
   for (qsizetype i = 0; i < LanguageCodes().size(); ++i)
     if (const QString address = AddressIn(*SisterBox(i));
-        !address.isEmpty() && LanguageCodes()[i] != profile.language)
+        !address.isEmpty() && (LanguageCodes()[i] != profile.language || IsWebAddress(address)))
       profile.sisters += VorlinaSister{LanguageCodes()[i], address};
   return profile;
 }

@@ -220,23 +220,21 @@ void frmPublish::Store(const VorlinaProfile& profile) {
   ListProfiles(identifier);
 }
 
-void frmPublish::AddProfile(VorlinaProfile profile, const QString& title) {
-  profile.identifier.clear();
-  if (!AskName(title, profile)) return;
+// Turns to the new one, as to any other.
+void frmPublish::NewProfile() {
+  VorlinaProfile profile;
+  profile.language = fields_->Read().language;
+  if (!AskName(Texts::tr("Nuovo profilo"), profile)) return;
   if (IsChanged()) Store(fields_->Read());
   Store(profile);
 }
 
-void frmPublish::NewProfile() {
-  VorlinaProfile profile;
-  profile.language = fields_->Read().language;
-  AddProfile(profile, Texts::tr("Nuovo profilo"));
-}
-
+// What was changed is what the copy is made for: the original stays as it is stored.
 void frmPublish::DuplicateProfile() {
   VorlinaProfile profile = fields_->Read();
+  profile.identifier.clear();
   profile.name = Texts::tr("%1 (copia)").arg(profile.name);
-  AddProfile(profile, Texts::tr("Duplica il profilo"));
+  if (AskName(Texts::tr("Duplica il profilo"), profile)) Store(profile);
 }
 
 void frmPublish::RenameProfile() {

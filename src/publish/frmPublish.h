@@ -63,7 +63,6 @@ class frmPublish : public QDialog {
   void DeleteProfile();
   QString FaultOfName(const VorlinaProfile& profile) const;
   bool AskName(const QString& title, VorlinaProfile& profile);
-  void AddProfile(VorlinaProfile profile, const QString& title);
   void Browse();
   void ChooseHighlights();
   bool IsChanged() const;

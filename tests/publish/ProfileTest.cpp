@@ -151,8 +151,12 @@ TEST_F(ProfileTest, IsRefusedWithTheMemberThatIsNoGood) {
 TEST_F(ProfileTest, ThatCannotBeReadIsRefusedAndPutAside) {
   const VorlinaProfile good = Only();
   RememberPublication(connection_, catalog_, u"P"_qs, {good.identifier, u"/srv/public"_qs, {}});
+  const QString one = u"{\"id\":\"a%1\",\"name\":\"b%1\"}"_qs;
+  QStringList many;
+  for (int i = 0; i < 51; ++i) many += one.arg(i);
   for (const QString& damaged :
-       {u"{\"profiles\":[{\"id\":\"a\",\"na"_qs, u"[]"_qs, u"{\"profiles\":[]}"_qs,
+       {QString(), u""_qs, u"{\"profiles\":[%1]}"_qs.arg(many.join(u',')),
+        u"{\"profiles\":[{\"id\":\"a\",\"na"_qs, u"[]"_qs, u"{\"profiles\":[]}"_qs,
         u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\"},{\"id\":\"a\",\"name\":\"c\"}]}"_qs,
         u"{\"profiles\":[7]}"_qs, u"{\"profiles\":[{\"id\":\"a\"}]}"_qs,
         u"{\"profiles\":[{\"id\":\"a\",\"name\":\"b\",\"values\":[false]}]}"_qs,

@@ -98,6 +98,7 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
   EXPECT_EQ(Get<QComboBox>(u"cmbPrice"_qs).currentText(), u"Automatic: Prezzo -"_qs);
   EXPECT_EQ(window_->focusWidget(), &Line(u"txtTarget"_qs));
   auto& languages = Get<QComboBox>(u"cmbLanguage"_qs);
+  Line(u"txtSister_%1"_qs.arg(LanguageCodes().indexOf(u"fr"_qs))).setText(u"example.fr"_qs);
   languages.setCurrentIndex(languages.findData(u"fr"_qs));
   Get<QCheckBox>(u"chkValue_3"_qs).click();
   EXPECT_TRUE(Get<QComboBox>(u"cmbPrice"_qs).currentText().startsWith(u"Automatic: no value"))
@@ -125,6 +126,8 @@ TEST_F(PublishWindow, AsksForTheTargetOnceAndKeepsWhatWasChosen) {
   EXPECT_EQ(job.profile.values, (std::array{false, false, true})) << "nor does what gets its name later show";
   EXPECT_EQ(window_->result(), frmPublish::Accepted);
   EXPECT_EQ(StoredLanguage(connection_, 1), u"fr"_qs);
+  EXPECT_EQ(job.profile.sisters.size(), 0);
+  EXPECT_EQ(Stored().sisters.value(0).address, u"https://example.fr"_qs) << "the language may be a mistake";
   Open();
   EXPECT_EQ(Line(u"txtTarget"_qs).text(), QDir::toNativeSeparators(Outside(u"site"_qs)));
   EXPECT_FALSE(Get<QCheckBox>(u"chkValue_1"_qs).isChecked());
@@ -229,9 +232,12 @@ TEST_F(PublishWindow, ChangesProfilesAndAsksBeforeOneGoes) {
                     Qt::NoScrollPhase, false);
   QApplication::sendEvent(&list, &wheel);
   EXPECT_EQ(Profiles(), u"Public*|Standard"_qs) << "a wheel turns to no other profile";
+  Get<QComboBox>(u"cmbFont"_qs).setCurrentIndex(1);
   dialogs_.ExpectInput(name, u"Copy"_qs);
   Click(u"cmdDuplicateProfile"_qs);
   EXPECT_FALSE(Stored(u"Copy"_qs).techData);
+  EXPECT_EQ(Stored(u"Copy"_qs).font, u"sans"_qs);
+  EXPECT_EQ(Stored(u"Public"_qs).font, QString()) << "the change is the copy's alone";
   dialogs_.ExpectQuestion(u"Delete the profile \"Copy\"? What is already published stays as it is."_qs,
                           false);
   Click(u"cmdDeleteProfile"_qs);
@@ -340,7 +346,7 @@ TEST_F(PublishWindow, TellsWhatCameOfItByKindAndProduct) {
   report.changed = 2;
   report.notes = {{Kind::Other, {}, u"no logo"_qs},
                   {Kind::NoPicture, u"B"_qs, u"no\npicture"_qs},
-                  {Kind::NoPicture, u"C"_qs, u"no\npicture"_qs}};
+                  {Kind::NoPicture, u"C\t1\n"_qs, u"no\npicture"_qs}};
   frmPublished window;
   window.LoadForm(report, u"Catalog: X."_qs, Outside(u"site"_qs), {{u"B"_qs, u"<b>Tazza"_qs}});
   const auto* list = window.findChild<QTreeWidget*>(u"lstNotes"_qs);
@@ -351,7 +357,7 @@ TEST_F(PublishWindow, TellsWhatCameOfItByKindAndProduct) {
   EXPECT_FALSE(window.findChild<QPushButton*>(u"cmdOpen"_qs)->isEnabled());
   window.findChild<QPushButton*>(u"cmdCopy"_qs)->click();
   EXPECT_TRUE(QApplication::clipboard()->text().endsWith(
-      u"Without a picture: 2. no picture\r\nB\t<b>Tazza\r\nC\t\r\n\r\nOther: 1\r\n\t\tno logo"_qs))
+      u"Without a picture: 2. no picture\r\nB\t<b>Tazza\r\nC 1\t\r\n\r\nOther: 1\r\n\t\tno logo"_qs))
       << QApplication::clipboard()->text();
 }
 

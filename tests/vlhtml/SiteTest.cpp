@@ -78,6 +78,20 @@ TEST_F(SiteTest, ShowsNoPriceInListsWhereNoneIsWantedLarge) {
   EXPECT_TRUE(Page(u"p-a-1.html"_qs).contains("12,50")) << "it is a value as others";
 }
 
+TEST_F(SiteTest, TellsOfHighlightsThatTheFirstPageDoesNotShow) {
+  profile_.highlights = {u"B-1"_qs};
+  for (int i = 0; i < 26; ++i) {
+    profile_.highlights += u"H-%1"_qs.arg(i);
+    Add(profile_.highlights.last(), u"Altro"_qs, 10 + i, 1, 4, true);
+    Picture(profile_.highlights.last(), 40, 30);
+  }
+  QStringList told;
+  for (const VorlinaNote& note : Publish().notes)
+    if (note.kind == VorlinaNote::Kind::Other) told += note.text;
+  EXPECT_EQ(told, QStringList{u"Prodotti in evidenza che nella prima pagina non si vedono: 3. Ne mostra al "
+                              "più 24, con un'immagine."_qs});
+}
+
 TEST_F(SiteTest, IsWhatTheReferenceShows) {
   const VorlinaReport report = Publish();
   EXPECT_TRUE(report.complete);

@@ -150,6 +150,21 @@ void SitePlan::SetPictures(const PublishedPictures& published) {
   featured.erase(std::remove_if(featured.begin(), featured.end(), hasNone), featured.end());
 }
 
+QList<VorlinaNote> SitePlan::Notes(bool italian) const {
+  const QSet<int> shown(featured.begin(), featured.end());
+  const auto left = std::count_if(catalog->highlights.begin(), catalog->highlights.end(),
+                                  [&](std::size_t i) { return !shown.contains(int(i)); });
+  if (left == 0) return {};
+  const QString text =
+      italian ? QStringLiteral(
+                    "Prodotti in evidenza che nella prima pagina non si vedono: %1. Ne mostra al "
+                    "più %2, con un'immagine.")
+              : QStringLiteral(
+                    "Highlights that do not show on the first page: %1. It shows at most %2, those "
+                    "with a picture.");
+  return {{VorlinaNote::Kind::Other, {}, text.arg(left).arg(MostFeatured)}};
+}
+
 const PlannedList* SitePlan::FirstList(int product) const {
   for (const int id : products[std::size_t(product)].product->filters)
     if (const auto list = filterList.constFind(id); list != filterList.constEnd())

@@ -74,6 +74,8 @@ struct SitePlan {
   QStringList PictureNames() const;
   // The pictures must outlive the plan.
   void SetPictures(const PublishedPictures& published);
+  // Highlights that the first page does not show. Once the pictures are set.
+  QList<VorlinaNote> Notes(bool italian) const;
   // Products of the same first filter value, those behind this one first.
   std::vector<int> SistersOf(int product) const;
   // The list of the product's first filter value; null where it has none.

@@ -126,7 +126,7 @@ VorlinaReport SitePublisher::Publish(IVorlinaConnection& connection, const Vorli
   plan.SetPictures(*pictures);
   report = Make({plan, *pictures, words, job.profile, false, false, false, {}}, skin, publication, progress);
   if (!report.complete) return report;
-  report.notes = catalog.notes + pictures->Notes() + report.notes;
+  report.notes = catalog.notes + pictures->Notes() + plan.Notes(italian) + report.notes;
   report.open += job.target + QStringLiteral("/index.html");
   if (plan.previewed >= 0) report.open += job.target + u'/' + plan.products[std::size_t(plan.previewed)].file;
   publication.Remember(report, pictures->AreAllMade());
