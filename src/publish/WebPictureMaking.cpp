@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 #include "base/Error.h"
 #include "base/SafeFile.h"
@@ -40,7 +41,11 @@ WebPictureMaking::WebPictureMaking(std::vector<WebPictureTask*> tasks, const QLi
     : tasks_(std::move(tasks)), limits_(limits), cache_(cache), scratch_(std::move(scratch)) {
   const int threads =
       std::min({int(std::thread::hardware_concurrency()), MostDecodingThreads, int(tasks_.size())});
-  for (int i = 0; i < std::max(1, threads); ++i) workers_.emplace_back([this] { Work(); });
+  try {
+    for (int i = 0; i < std::max(1, threads); ++i) workers_.emplace_back([this] { Work(); });
+  } catch (const std::system_error&) {
+    if (workers_.empty()) Work();  // fewer than were wanted
+  }
 }
 
 bool WebPictureMaking::Finish(const std::function<bool(int)>& report) {

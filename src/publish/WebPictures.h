@@ -12,7 +12,7 @@ namespace vorlina {
 // The name of the folder. It holds nothing that could not be made again, and may be deleted at any time.
 inline const QString WebPicturesFolder = QStringLiteral("Web pictures");
 
-// A picture whose file has the size and time that it had is neither read nor made again. Where the folder
+// A picture whose file has the size and times that it had is neither read nor made again. Where the folder
 // cannot be written, what is missing in it is made in a temporary one. It is to live as long as what it made
 // is in use.
 class WebPictures : public IVorlinaPictures {
