@@ -25,8 +25,6 @@ QList<int> Sensible(QList<int> sizes) {
   return sizes.isEmpty() ? UsualSizes : sizes;
 }
 
-int LongerSide(QSize size) { return std::max(size.width(), size.height()); }
-
 std::string SetOf(const std::vector<PublishedSize>& sizes, QString PublishedSize::*file) {
   QStringList set;
   for (const PublishedSize& size : sizes) {
@@ -157,10 +155,11 @@ void PublishedPictures::Take(const Wanted& wanted, const VorlinaWebPictures& mad
   picture.file = picture.sizes.back().jpeg;
   picture.size = picture.sizes.back().size;
   picture.stamp = made.stamp;
-  if (LongerSide(made.size) > LongerSide(picture.size)) {
+  if (!made.full.jpeg.isEmpty()) {
     picture.file = wanted.name + QStringLiteral(".jpg");
-    picture.size = made.size;
-    picture.copies.push_back({picture.file, wanted.picture->source, made.stamp + "|full"});
+    picture.size = made.full.size;
+    const bool isOriginal = made.full.jpeg == wanted.picture->source;
+    picture.copies.push_back({picture.file, made.full.jpeg, made.stamp + (isOriginal ? "|full" : "|bare")});
   }
   wanted.place->push_back(std::move(picture));
 }

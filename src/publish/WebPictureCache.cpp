@@ -15,12 +15,12 @@
 namespace vorlina {
 namespace {
 
-constexpr quint32 Magic = 0x564C5750;
+constexpr quint32 Magic = 0x564C5751;
 constexpr qint64 LongestList = 256LL * 1024 * 1024;
 const QString ListName = u"list"_qs;
 
 // Profiles may want different sizes of one picture.
-constexpr std::size_t MostSizes = 8;
+constexpr std::size_t MostSizes = 16;
 
 constexpr qint64 Hour = 3600;
 constexpr qint64 Day = 24 * Hour;
@@ -42,27 +42,52 @@ qint64 LengthOf(const QString& path) {
   return failure ? -1 : qint64(length);
 }
 
+// The hour in which it is kept begins.
+void Release(const QString& path) {
+  std::error_code failure;
+  std::filesystem::last_write_time(QFile::encodeName(path).toStdString(),
+                                   std::filesystem::file_time_type::clock::now(), failure);
+}
+
 qint64 Now() { return QDateTime::currentSecsSinceEpoch(); }
 
 QByteArray HashOf(const QByteArray& bytes) {
   return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
 }
 
+QDataStream& operator<<(QDataStream& stream, const CachedSize& size) {
+  return stream << size.size << size.name << size.jpeg << size.webp;
+}
+
+QDataStream& operator>>(QDataStream& stream, CachedSize& size) {
+  stream >> size.size >> size.name >> size.jpeg >> size.webp;
+  if (!size.name.isEmpty() && !IsName(size.name)) stream.setStatus(QDataStream::ReadCorruptData);
+  return stream;
+}
+
 void Put(QDataStream& stream, const CachedPicture& picture) {
-  stream << picture.mark << picture.size << quint32(picture.sizes.size());
-  for (const CachedSize& size : picture.sizes) stream << size.size << size.name << size.jpeg << size.webp;
+  stream << picture.mark << picture.size << picture.isBare << picture.full << quint32(picture.sizes.size());
+  for (const CachedSize& size : picture.sizes) stream << size;
 }
 
 CachedPicture Take(QDataStream& stream) {
   CachedPicture picture;
   quint32 count = 0;
-  stream >> picture.mark >> picture.size >> count;
+  stream >> picture.mark >> picture.size >> picture.isBare >> picture.full >> count;
   picture.sizes.resize(std::min<std::size_t>(count, MostSizes));
-  for (CachedSize& size : picture.sizes) {
-    stream >> size.size >> size.name >> size.jpeg >> size.webp;
-    if (!IsName(size.name)) stream.setStatus(QDataStream::ReadCorruptData);
-  }
+  for (CachedSize& size : picture.sizes) stream >> size;
   return picture;
+}
+
+QStringList FilesOf(const CachedPicture& picture) {
+  QStringList files;
+  const auto add = [&](const CachedSize& size) {
+    if (!size.name.isEmpty()) files += size.JpegFile();
+    if (size.webp != 0) files += size.WebpFile();
+  };
+  for (const CachedSize& size : picture.sizes) add(size);
+  add(picture.full);
+  return files;
 }
 
 }  // namespace
@@ -91,20 +116,30 @@ QString WebPictureCache::NewName(QSize size) {
 }
 
 void WebPictureCache::Add(const QString& source, CachedPicture picture) {
-  if (const CachedPicture* former = Find(source); former != nullptr && former->mark == picture.mark)
-    for (auto size = former->sizes.rbegin(); size != former->sizes.rend(); ++size)
+  added_.insert(source, picture);
+  Enter(source, std::move(picture));
+}
+
+void WebPictureCache::Enter(const QString& source, CachedPicture picture) {
+  const CachedPicture former = pictures_.value(source);
+  if (former.mark == picture.mark) {
+    for (auto size = former.sizes.rbegin(); size != former.sizes.rend(); ++size)
       if (picture.Find(size->size) == nullptr) picture.sizes.insert(picture.sizes.begin(), *size);
+    if (picture.full.name.isEmpty()) picture.full = former.full;
+  }
   if (picture.sizes.size() > MostSizes)
     picture.sizes.erase(picture.sizes.begin(), picture.sizes.end() - std::ptrdiff_t(MostSizes));
+  const QStringList kept = FilesOf(picture);
+  for (const QString& file : FilesOf(former))
+    if (!kept.contains(file)) Release(Path(file));
   pictures_.insert(source, picture);
-  added_.insert(source, picture);
 }
 
 void WebPictureCache::Store() {
   if (added_.isEmpty()) return;
   SyncVolume(folder_);
   Read();
-  for (auto each = added_.cbegin(); each != added_.cend(); ++each) pictures_.insert(each.key(), each.value());
+  for (auto each = added_.cbegin(); each != added_.cend(); ++each) Enter(each.key(), each.value());
   Write();
   added_.clear();
   changed_ = true;
@@ -114,11 +149,16 @@ void WebPictureCache::Tidy(const std::function<bool(const QString& source)>& isT
   if (!QDir(folder_).exists() || (!changed_ && std::abs(Now() - tidied_) < Day)) return;
   Read();
   for (auto each = pictures_.begin(); each != pictures_.end();)
-    each = isThere(each.key()) ? ++each : pictures_.erase(each);
+    each = isThere(each.key()) ? ++each : Drop(each);
   tidied_ = Now();
   Write();
   RemoveUnnamed();
   changed_ = false;
+}
+
+QHash<QString, CachedPicture>::iterator WebPictureCache::Drop(QHash<QString, CachedPicture>::iterator entry) {
+  for (const QString& file : FilesOf(*entry)) Release(Path(file));
+  return pictures_.erase(entry);
 }
 
 void WebPictureCache::Read() {
@@ -155,10 +195,7 @@ void WebPictureCache::Write() const {
 QSet<QString> WebPictureCache::Named() const {
   QSet<QString> names;
   for (const CachedPicture& picture : pictures_)
-    for (const CachedSize& size : picture.sizes) {
-      names.insert(size.JpegFile());
-      if (size.webp != 0) names.insert(size.WebpFile());
-    }
+    for (const QString& file : FilesOf(picture)) names.insert(file);
   return names;
 }
 

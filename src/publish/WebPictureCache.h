@@ -28,6 +28,8 @@ struct CachedPicture {
   QByteArray mark;                // of the source as it was, and of how pictures are made
   QSize size;                     // of the source, upright
   std::vector<CachedSize> sizes;  // the last that were made at the end
+  bool isBare = false;            // the source has nothing but the picture in it
+  CachedSize full = {};           // else the source without the rest; without a name where nobody wanted it
 
   const CachedSize* Find(QSize wanted) const;
 };
@@ -47,7 +49,8 @@ class WebPictureCache {
   // A name for files that nothing has yet, by any program.
   static QString NewName(QSize size);
 
-  // Enters what was made of the source; sizes of the same source that were made before stay in use.
+  // Enters what was made of the source; what was made of the same source before stays in use. Files that are
+  // in use no more stay for an hour: somebody may just have been given them.
   void Add(const QString& source, CachedPicture picture);
   // Brings pictures and list to the disk, with what other programs have entered meanwhile. Throws Error.
   void Store();
@@ -57,6 +60,8 @@ class WebPictureCache {
   void Tidy(const std::function<bool(const QString& source)>& isThere);
 
  private:
+  void Enter(const QString& source, CachedPicture picture);
+  QHash<QString, CachedPicture>::iterator Drop(QHash<QString, CachedPicture>::iterator entry);
   void Read();
   void Write() const;
   QSet<QString> Named() const;

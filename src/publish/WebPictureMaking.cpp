@@ -8,6 +8,7 @@
 
 #include "base/Error.h"
 #include "base/SafeFile.h"
+#include "images/BareJpeg.h"
 #include "images/ImagePipeline.h"
 
 namespace vorlina {
@@ -22,19 +23,28 @@ void WriteBytes(const QString& path, const QByteArray& bytes) {
   WriteStagedFile(path, [&](QIODevice& file) { return file.write(bytes) == bytes.size(); });
 }
 
-void Write(WebPictureTask& task, const std::vector<ReaderPicture>& pictures) {
+CachedSize WriteOne(const QString& folder, const ReaderPicture& picture) {
+  CachedSize size{picture.size, WebPictureCache::NewName(picture.size), picture.jpeg.size(),
+                  picture.webp.size()};
+  MakeFolder(folder + u'/' + size.name.section(u'/', 0, 0));
+  WriteBytes(folder + u'/' + size.JpegFile(), picture.jpeg);
+  if (size.webp != 0) WriteBytes(folder + u'/' + size.WebpFile(), picture.webp);
+  return size;
+}
+
+void Write(WebPictureTask& task, const MadePictures& pictures) {
   task.made.sizes.clear();
-  for (const ReaderPicture& picture : pictures) {
-    const CachedSize size{picture.size, WebPictureCache::NewName(picture.size), picture.jpeg.size(),
-                          picture.webp.size()};
-    MakeFolder(task.folder + u'/' + size.name.section(u'/', 0, 0));
-    WriteBytes(task.folder + u'/' + size.JpegFile(), picture.jpeg);
-    if (size.webp != 0) WriteBytes(task.folder + u'/' + size.WebpFile(), picture.webp);
-    task.made.sizes.push_back(size);
-  }
+  for (const ReaderPicture& picture : pictures.sizes)
+    task.made.sizes.push_back(WriteOne(task.folder, picture));
+  if (!pictures.full.isEmpty()) task.made.full = WriteOne(task.folder, {task.made.size, pictures.full, {}});
 }
 
 }  // namespace
+
+bool IsFullWanted(QSize picture, const QList<int>& limits) {
+  const std::vector<QSize> sizes = ReaderSizes(picture, limits);
+  return !sizes.empty() && sizes.back() != picture;
+}
 
 WebPictureMaking::WebPictureMaking(std::vector<WebPictureTask*> tasks, const QList<int>& limits,
                                    WebPictureCache& cache, std::function<QString()> scratch)
@@ -108,7 +118,7 @@ void WebPictureMaking::Enter(const WebPictureTask& task, const std::exception_pt
 
 // A fault of the picture is told with it; what is thrown concerns all.
 void WebPictureMaking::Make(WebPictureTask& task) {
-  std::vector<ReaderPicture> pictures;
+  MadePictures pictures;
   try {
     pictures = Render(task);
   } catch (const std::exception& error) {
@@ -122,20 +132,23 @@ void WebPictureMaking::Make(WebPictureTask& task) {
   Write(task, pictures);
 }
 
-std::vector<ReaderPicture> WebPictureMaking::Render(WebPictureTask& task) {
+MadePictures WebPictureMaking::Render(WebPictureTask& task) {
   const QByteArray jpeg = ReadPictureFile(task.source);
   try {
     const JpegHead head = ReadJpegHead(jpeg);
     const int largest = limits_.isEmpty() ? 1 : limits_.back();
-    const DecodingBudget::Share share(budget_, RenderingMemory(head, largest, {}) + jpeg.size());
+    const DecodingBudget::Share share(budget_, RenderingMemory(head, largest, {}) + 2 * jpeg.size());
     task.made.size = UprightSize(head);
-    return RenderForReaders(jpeg, limits_);
+    MadePictures pictures{RenderForReaders(jpeg, limits_), BareJpeg(jpeg, head.orientation)};
+    task.made.isBare = pictures.full == jpeg;
+    if (task.made.isBare || !IsFullWanted(task.made.size, limits_)) pictures.full.clear();
+    return pictures;
   } catch (const Error& error) {
     RefuseFile(task.source, error.Description());
   }
 }
 
-bool WebPictureMaking::TryWrite(WebPictureTask& task, const std::vector<ReaderPicture>& pictures) {
+bool WebPictureMaking::TryWrite(WebPictureTask& task, const MadePictures& pictures) {
   try {
     Write(task, pictures);
     return true;

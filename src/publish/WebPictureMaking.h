@@ -17,6 +17,15 @@
 
 namespace vorlina {
 
+// What was made of a source, in memory.
+struct MadePictures {
+  std::vector<ReaderPicture> sizes;
+  QByteArray full;  // see CachedPicture::full; empty where nobody wants it
+};
+
+// Whether a picture is larger than the last of its sizes.
+bool IsFullWanted(QSize picture, const QList<int>& limits);
+
 // A source, and what was made of it.
 struct WebPictureTask {
   QString source;        // full path
@@ -47,8 +56,8 @@ class WebPictureMaking {
   void Work();
   void Enter(const WebPictureTask& task, const std::exception_ptr& failure);
   void Make(WebPictureTask& task);
-  std::vector<ReaderPicture> Render(WebPictureTask& task);
-  bool TryWrite(WebPictureTask& task, const std::vector<ReaderPicture>& pictures);
+  MadePictures Render(WebPictureTask& task);
+  bool TryWrite(WebPictureTask& task, const MadePictures& pictures);
   QString Scratch();
   void Store();
 

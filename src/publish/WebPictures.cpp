@@ -79,23 +79,30 @@ std::optional<CachedPicture> MadeBefore(const WebPictureCache& cache, const WebP
                                         const QList<int>& limits) {
   const CachedPicture* known = cache.Find(task.name);
   if (known == nullptr || known->mark != task.mark) return {};
-  CachedPicture made{known->mark, known->size, {}};
+  CachedPicture made{known->mark, known->size, {}, known->isBare, {}};
   for (const QSize size : ReaderSizes(known->size, limits)) {
     const CachedSize* found = known->Find(size);
     if (found == nullptr || !cache.Has(*found)) return {};
     made.sizes.push_back(*found);
   }
+  if (!known->isBare && IsFullWanted(known->size, limits)) {
+    if (known->full.name.isEmpty() || !cache.Has(known->full)) return {};
+    made.full = known->full;
+  }
   return made;
 }
 
-VorlinaWebPictures ResultOf(const WebPictureTask& task) {
+VorlinaWebPictures ResultOf(const WebPictureTask& task, const QList<int>& limits) {
   VorlinaWebPictures result{task.fault, task.made.size, task.name.toUtf8() + '|' + task.made.mark, {}};
   if (!task.fault.isEmpty()) return result;
-  for (const CachedSize& size : task.made.sizes) {
-    const QString folder = task.folder + u'/';
+  const QString folder = task.folder + u'/';
+  for (const CachedSize& size : task.made.sizes)
     result.pictures.append(
         {size.size, folder + size.JpegFile(), size.webp == 0 ? QString() : folder + size.WebpFile()});
-  }
+  if (task.made.isBare && IsFullWanted(task.made.size, limits))
+    result.full = {task.made.size, task.source, {}};
+  else if (!task.made.full.name.isEmpty())
+    result.full = {task.made.size, folder + task.made.full.JpegFile(), {}};
   return result;
 }
 
@@ -141,7 +148,7 @@ class Preparation {
   QList<VorlinaWebPictures> Results() const {
     QList<VorlinaWebPictures> results;
     results.reserve(qsizetype(order_.size()));
-    for (const std::size_t number : order_) results.append(ResultOf(tasks_[number]));
+    for (const std::size_t number : order_) results.append(ResultOf(tasks_[number], limits_));
     return results;
   }
 

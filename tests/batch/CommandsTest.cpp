@@ -133,11 +133,15 @@ TEST_F(CommandsTest, NothingIsPublishedOverAnotherCatalogOrProfile) {
 // Nothing good is replaced by a site that lost all its pictures.
 TEST_F(CommandsTest, PublishingTellsOfPicturesThatCannotBeKeptAndIsRefusedWithoutAny) {
   Fill("x", 1);
-  WriteFileSafely(AppFile(u"Images/109-È 0.jpg"_qs), MakeJpeg(MakePhoto({900, 600}, 1)));
+  WriteFileSafely(AppFile(u"Images/109-È 0.jpg"_qs),
+                  MakeJpeg(MakePhoto({900, 600}, 1), {.exif = MakeExif(6)}));
   WriteFileSafely(AppFile(WebPicturesFolder), "in the way");
   const QString line = u"publish --plugin VLHTML.HTML --to site --catalog 109"_qs;
   EXPECT_EQ(Run(line).out.count(u"in a temporary folder"), 1);
   const auto site = FilesIn(Outside(u"site"_qs));
+  EXPECT_EQ(site.count(u"images/p-e-0.jpg"_qs), 1U) << "the whole one";
+  for (const auto& [name, content] : site)
+    EXPECT_FALSE(content.contains("VorlinaCam")) << name << " tells of the camera";
   QDir().rename(AppFile(u"Images"_qs), AppFile(u"Away"_qs));
   for (const QString& why : {u"Images does not exist."_qs, u"every picture"_qs}) {
     const Ran refused = Run(line);

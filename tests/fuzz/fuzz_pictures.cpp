@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "base/Error.h"
+#include "images/BareJpeg.h"
 #include "images/PictureRendering.h"
 
 using namespace vorlina;
@@ -21,6 +22,7 @@ void TakeIn(const QByteArray& bytes) {
   if (const QSize size = ReadJpegHead(bytes).size; qint64(size.width()) * size.height() > MostPixels) return;
   const FittedJpeg fitted = FitToLimit(bytes, 64, {});
   Require(!fitted.jpeg.isEmpty());
+  Require(FitToLimit(BareJpeg(bytes, ReadJpegHead(bytes).orientation), 64, {}).jpeg == fitted.jpeg);
   const QSize stored = UprightSize(ReadJpegHead(fitted.jpeg));
   Require(!stored.isEmpty());
   Require(ReadJpegHead(RenderThumbnail(fitted.jpeg, 40)).orientation == 1);

@@ -4,6 +4,7 @@
 
 #include <lcms2.h>
 
+#include "images/BareJpeg.h"
 #include "images/PictureRendering.h"
 #include "images/ScreenPicture.h"
 #include "support/CatalogFixture.h"
@@ -239,7 +240,9 @@ TEST(Rendering, WhatIsOnlyUnusualIsTaken) {
       {"another version of JFIF", version}};
   for (const auto& [name, bytes] : cases) {
     EXPECT_EQ(FailureOf(bytes), QString()) << name;
-    EXPECT_EQ(Decoded(FitToLimit(bytes, 800, {}).jpeg).width(), 801) << name;
+    const QByteArray fitted = FitToLimit(bytes, 800, {}).jpeg;
+    EXPECT_EQ(Decoded(fitted).width(), 801) << name;
+    EXPECT_EQ(FitToLimit(BareJpeg(bytes, 1), 800, {}).jpeg, fitted) << name;
   }
 }
 

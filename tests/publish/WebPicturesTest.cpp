@@ -61,6 +61,9 @@ class WebPicturesTest : public StoreFixture {
     return Prepare({source}, sizes).value(0);
   }
   static QString Cache(const QString& name = {}) { return AppFile(WebPicturesFolder + u'/' + name); }
+  static void AgeAll() {
+    for (const auto& [name, content] : FilesIn(Cache())) Age(Cache(name));
+  }
 };
 
 QStringList FilesOf(const VorlinaWebPictures& made) {
@@ -96,6 +99,47 @@ TEST_F(WebPicturesTest, StandUprightInEachSizeWithNothingBeside) {
     EXPECT_TRUE(!ContentOf(file).contains("Exif") && !ContentOf(file).contains("EXIF")) << file.toStdString();
   EXPECT_EQ(Got(PrepareOne(Source(u"b.jpg"_qs, Photo({300, 200})))), u"300x200"_qs);
   EXPECT_EQ(Got(PrepareOne(Source(u"c.jpg"_qs, Photo({500, 20})))), u"400x16 500x20"_qs);
+}
+
+TEST_F(WebPicturesTest, BringTheOriginalWithNothingBesideWhereItIsLarger) {
+  JpegForm form;
+  form.exif = MakeExif(6);
+  form.progressive = true;
+  QByteArray content = Photo({900, 500}, 1, form);
+  content.insert(content.lastIndexOf("\xFF\xDA"), QByteArray("\xFF\xFE\0\x08secret", 10));
+  for (const char* marker : {"\xFF\xED", "\xFF\xE2", "\xFF\xE0"})
+    content.insert(2, marker + QByteArray("\0\x08secret", 8));
+  const QString source = Source(u"a.jpg"_qs, content + "secret");
+  for (int run = 0; run < 2; ++run) {
+    const VorlinaWebPicture full = PrepareOne(source).full;
+    const QByteArray bare = ContentOf(full.jpeg);
+    EXPECT_EQ(full.size, QSize(500, 900));
+    EXPECT_TRUE(full.jpeg.startsWith(Cache()) && full.webp.isEmpty());
+    EXPECT_FALSE(bare.contains("secret") || bare.contains("VorlinaCam") || bare.contains("45.07"));
+    EXPECT_EQ(ReadJpegHead(bare).orientation, 6);
+    EXPECT_EQ(DecodeJpeg(bare, {}).planes[0].samples, DecodeJpeg(content, {}).planes[0].samples);
+    QFile::resize(full.jpeg, 100);  // made again
+  }
+  const QString clean = Source(u"b.jpg"_qs, Photo({900, 500}));
+  for (int run = 0; run < 2; ++run) EXPECT_EQ(PrepareOne(clean).full.jpeg, clean);
+  EXPECT_EQ(PrepareOne(source, {400, 1000}).full.jpeg, QString()) << "it is the last of the sizes";
+}
+
+TEST_F(WebPicturesTest, StayForAnHourWhenOtherSizesTakeTheirPlace) {
+  const QString source = Source(u"a.jpg"_qs, Photo({300, 200}));
+  QList<int> sizes;
+  for (int size = 100; size < 116; ++size) sizes += size;
+  const VorlinaWebPictures first = PrepareOne(source, sizes);
+  const auto left = [&] {
+    const QStringList files = FilesOf(first);
+    return std::count_if(files.begin(), files.end(), [](const QString& file) { return QFile::exists(file); });
+  };
+  AgeAll();
+  PrepareOne(source, {50, 60});
+  EXPECT_EQ(left(), FilesOf(first).size()) << "somebody may be copying them";
+  AgeAll();
+  PrepareOne(source, {70});
+  EXPECT_LT(left(), FilesOf(first).size());
 }
 
 TEST_F(WebPicturesTest, HaveAWebpOnlyWhereItIsSmallerByAQuarter) {
@@ -217,9 +261,11 @@ TEST_F(WebPicturesTest, GoWithTheirSourceAndNothingElseGoes) {
   const QString kept = Source(u"kept.jpg"_qs, Photo({500, 400}, 2));
   const QList<VorlinaWebPictures> made = Prepare({gone, kept}, {400});
   WriteFileSafely(Cache(u"notes.txt"_qs), "the user's own");
-  for (const auto& [name, content] : FilesIn(Cache())) Age(Cache(name));
+  AgeAll();
   QFile::remove(gone);
   Prepare({Source(u"new.jpg"_qs, Photo({500, 400}, 3))}, {400});
+  for (const QString& file : FilesOf(made[0])) Age(file);  // they stay for an hour
+  Prepare({Source(u"newer.jpg"_qs, Photo({500, 400}, 4))}, {400});
   for (const QString& file : FilesOf(made[0])) EXPECT_FALSE(QFile::exists(file));
   for (const QString& file : FilesOf(made[1])) EXPECT_TRUE(QFile::exists(file));
   EXPECT_TRUE(QFile::exists(Cache(u"notes.txt"_qs)));

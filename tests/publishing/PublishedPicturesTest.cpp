@@ -22,7 +22,7 @@ class MadePictures : public IVorlinaPictures {
       if (made.fault.isEmpty())
         made.pictures = {{{sizes[0], sizes[0] / 2}, u"small.jpg"_qs, small},
                          {{sizes[1], sizes[1] / 2}, source, u"large.webp"_qs}};
-      if (source.contains(u"whole")) made.size = made.pictures.back().size;
+      if (!source.contains(u"whole")) made.full = {made.size, u"bare.jpg"_qs, {}};
       all.append(made);
     }
     return all;
@@ -84,6 +84,7 @@ TEST_F(PublishedPicturesTest, HaveTheirNamesAndTrueWidths) {
   QStringList files;
   for (const PictureCopy& copy : a[2].copies) files += copy.file;
   EXPECT_EQ(files.join(u' '), u"images/p-a_3_400w.jpg images/p-a_3_800w.jpg images/p-a_3.jpg"_qs);
+  EXPECT_EQ(a[2].copies.back().source, u"bare.jpg"_qs) << "not the original itself";
   EXPECT_TRUE(pictures.Of(1).empty()) << "not published";
   EXPECT_TRUE(progress_.done_ == 3 && progress_.total_ == 3 && pictures.AreAllMade());
 }

@@ -103,4 +103,7 @@ struct VorlinaWebPictures {
   QSize size;                         // of the original, upright
   QByteArray stamp;                   // changes when one of the files does
   QList<VorlinaWebPicture> pictures;  // ascending, none larger than the original
+  // The original where it is larger than all of them, as JPEG alone: the file itself, or a copy without what
+  // the camera wrote beside the picture. Without a path where it is not larger.
+  VorlinaWebPicture full = {};
 };
