@@ -1,5 +1,6 @@
 #include "images/BareJpeg.h"
 
+#include <QStringBuilder>
 #include <algorithm>
 #include <cstdint>
 
