@@ -72,7 +72,7 @@ class Publication::Work {
   bool IsCurrent(std::size_t file, const QByteArray& input) const;
   ManifestEntry MakeFile(const File& file, const QByteArray& input, PageMaker& maker);
   bool MakeFiles(const NewPageMaker& newMaker, IVorlinaProgress& progress);
-  bool MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgress& progress);
+  bool MakeOrClear(const NewPageMaker& newMaker, const QString& staged, IVorlinaProgress& progress);
   void Clear(const QString& what, IVorlinaProgress& progress);
   void Count(VorlinaReport& report);
 
@@ -217,14 +217,15 @@ void Publication::Work::Clear(const QString& what, IVorlinaProgress& progress) {
 }
 
 // What was staged for nothing goes while the progress shows so.
-bool Publication::Work::MakeOrClear(const NewPageMaker& newMaker, IVorlinaProgress& progress) {
+bool Publication::Work::MakeOrClear(const NewPageMaker& newMaker, const QString& staged,
+                                    IVorlinaProgress& progress) {
   std::exception_ptr failure;
   try {
     if (MakeFiles(newMaker, progress)) return true;
   } catch (...) {
     failure = std::current_exception();
   }
-  Clear(Told(italian_, "Eliminazione dei file preparati", "Deleting the prepared files"), progress);
+  Clear(staged, progress);
   if (failure) std::rethrow_exception(failure);
   return false;
 }
@@ -254,6 +255,8 @@ void Publication::Work::Count(VorlinaReport& report) {
 VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& newMaker,
                                       IVorlinaProgress& progress) {
   if (!mayGoOn) throw std::logic_error("Make was called without MayGoOn, or against it");
+  const QString staged = Told(italian_, "Eliminazione dei file preparati", "Deleting the prepared files");
+  Clear(staged, progress);  // of a run that was killed
   staging_.Respell(names_);
   former_ = &staging_.Former();
   VorlinaReport report;
@@ -268,7 +271,7 @@ VorlinaReport Publication::Work::Make(const QString& title, const NewPageMaker& 
             "The catalog is being published for the first time elsewhere too. Wait for the end and try "
             "again.")
             .toStdString());
-  if (!MakeOrClear(newMaker, progress)) return report;
+  if (!MakeOrClear(newMaker, staged, progress)) return report;
   coming_.site = key_.Site();
   coming_.title = title;
   coming_.profile = profile_;

@@ -31,10 +31,12 @@ bool IsPlainFile(const QString& path) {
   return file.isFile() && !file.isSymLink();
 }
 
-// The journal goes first: without it, what is left counts for nothing.
+// Without its journal, what was staged counts for nothing.
+void Forget(const QString& staging) { QFile::remove(staging + u'/' + Manifest::FileName()); }
+
 void Discard(const QString& staging) {
   if (staging.isEmpty() || QFileInfo(staging).isSymLink()) return;
-  QFile::remove(staging + u'/' + Manifest::FileName());
+  Forget(staging);
   QDir(staging).removeRecursively();
 }
 
@@ -81,6 +83,7 @@ void Staging::ReadFormer() {
 
 Staging::~Staging() {
   if (!staging_.isEmpty() && !SiteSwap(target_, staging_, italian_).IsBegun()) Discard(staging_);
+  for (const QString& place : left_) Discard(place);
 }
 
 void Staging::Recover(const QString& place) {
@@ -92,7 +95,8 @@ void Staging::Recover(const QString& place) {
     // Taken back, it is no hindrance to what comes now.
     if (swap.IsBegun()) throw;
   }
-  Discard(place);
+  Forget(place);
+  left_ += place;
 }
 
 // Empty where the file is no other spelling of a former one in the same folder.
@@ -184,6 +188,7 @@ void Staging::ChoosePlace() {
   std::error_code failure;
   for (const QString& place : {beside_, inside_}) {
     if (QFileInfo(place).isSymLink()) continue;
+    if (left_.removeOne(place)) Discard(place);
     staging_ = place;
     failure.clear();
     fs::create_directories(SystemPath(SiteSwap::NewFiles(staging_)), failure);
@@ -249,14 +254,18 @@ QStringList Staging::Swap(const Manifest& coming) {
 }
 
 void Staging::Clear(const std::function<void(int, int)>& report) {
-  if (staging_.isEmpty() || SiteSwap(target_, staging_, italian_).IsBegun()) return;
+  QStringList places = left_;
+  if (!staging_.isEmpty() && !SiteSwap(target_, staging_, italian_).IsBegun()) places += staging_;
   QStringList files;
-  QDirIterator entries(staging_, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
-  while (entries.hasNext()) files += entries.next();
+  for (const QString& place : places) {
+    QDirIterator entries(place, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (entries.hasNext()) files += entries.next();
+  }
+  if (files.isEmpty()) return;
   const auto begin = [&files]() -> Work {
     return [&files](std::size_t i) { QFile::remove(files.at(qsizetype(i))); };
   };
-  // The site stands: a wish to stop comes too late.
+  // They go in any case: a wish to stop comes too late.
   DoTogether(std::size_t(files.size()), begin, [&](int done) {
     report(done, int(files.size()));
     return true;

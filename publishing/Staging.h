@@ -39,7 +39,7 @@ class Staging {
  public:
   // For a target folder, which may not exist yet. One publisher at a time: the second one is told. A swap
   // that an earlier run began is finished first; a staging folder that was never completed, or is another
-  // folder's that lay here, is deleted. Throws std::runtime_error.
+  // folder's that lay here, counts for nothing and goes. Throws std::runtime_error.
   Staging(const QString& target, bool italian);
   // Deletes what was staged, unless the swap was begun and could neither be finished nor taken back.
   ~Staging();
@@ -69,8 +69,9 @@ class Staging {
   // Puts the site in place, or leaves the former one and throws std::runtime_error. Gives the files that are
   // no part of the site any more and could not be deleted.
   QStringList Swap(const Manifest& coming);
-  // Deletes what the swap put away, on several threads, while this one reports how many of how many files are
-  // gone: on some disks it takes longer than writing did. What cannot be deleted goes with this object.
+  // Deletes what the swap put away, or earlier runs left, on several threads, while this one reports how many
+  // of how many files are gone: on some disks it takes longer than writing did. What cannot be deleted goes
+  // with this object.
   void Clear(const std::function<void(int, int)>& report);
 
  private:
@@ -90,6 +91,7 @@ class Staging {
   MadeFolder folder_;
   QString beside_, inside_;  // where the staging folder can be
   QString staging_;          // where it is; empty until begun
+  QStringList left_;         // what earlier runs left
   std::future<Manifest> reading_;
   std::optional<Manifest> former_;
   std::mutex mutex_;
