@@ -101,7 +101,11 @@ QString PublishedPictures::FaultOf(const QString& source) {
 }
 
 void PublishedPictures::LeaveOut(const Wanted& wanted, const QString& why) {
-  notes_.append({VorlinaNote::Kind::Picture, wanted.owner, why});
+  QString whose;
+  if (wanted.place == &logo_) whose = QStringLiteral("Logo: ");
+  if (wanted.place == &wide_)
+    whose = italian_ ? QStringLiteral("Immagine larga: ") : QStringLiteral("Wide picture: ");
+  notes_.append({VorlinaNote::Kind::Picture, wanted.owner, whose + why});
 }
 
 bool PublishedPictures::Prepare(IVorlinaPictures& pictures, IVorlinaProgress& progress) {

@@ -232,8 +232,9 @@ bool WidgetPublishFields::HidesNothing() const {
   return true;
 }
 
-// What gets its name later does not show by itself in a profile that hides something. The address in the
-// catalog's own language, which does not show, is kept where it is good: nobody could mend it.
+// What is chosen for a logo that does not show is not taken. What gets its name later does not show by itself
+// in a profile that hides something. The address in the catalog's own language, which does not show, is kept
+// where it is good: nobody could mend it.
 VorlinaProfile WidgetPublishFields::Read() const {
   VorlinaProfile profile = profile_;
   profile.language = ui_->cmbLanguage->currentData().toString();
@@ -247,7 +248,7 @@ VorlinaProfile WidgetPublishFields::Read() const {
   profile.accent = accent_;
   profile.font = QString::fromUtf16(Fonts[std::size_t(ui_->cmbFont->currentIndex())]);
   profile.showLogo = ui_->chkLogo->isChecked();
-  profile.logo = ui_->picLogo->Path();
+  if (profile.showLogo) profile.logo = ui_->picLogo->Path();
   profile.widePicture = ui_->picWide->Path();
   profile.pictureSizes = sizes_.value(ui_->cmbSizes->currentIndex());
   profile.highlights = highlights_;

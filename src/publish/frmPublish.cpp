@@ -127,11 +127,15 @@ void frmPublish::Localize_Form() {
 }
 
 void frmPublish::TellLanguage() {
+  const QString usual = ui_->lblLanguageHint->text();
   if (StoredLanguage(*Connessione, IDCatalogo).isEmpty() &&
       profiles_[current_].language == ProposedLanguage(*Connessione, IDCatalogo))
     ui_->lblLanguageHint->setText(
         Texts::tr("È proposta in base ai testi del catalogo: controllarla.\n"
                   "Anche titoli e pulsanti saranno in questa lingua."));
+  // Who chose one has looked.
+  connect(ui_->cmbLanguage, &QComboBox::activated, this,
+          [this, usual] { ui_->lblLanguageHint->setText(usual); });
 }
 
 // Large enough for all that can be scrolled, where the screen is.
@@ -327,13 +331,21 @@ bool frmPublish::MayBeWithoutPictures() {
              BoxStyle::QuestionNoFirst);
 }
 
-VorlinaReport frmPublish::Run(const QString& target, bool preview) {
-  // Nothing is written for nothing: a publication that finds the database as it was ends at once.
+// A preview tries what is shown, and stores nothing; but pictures that were chosen for it are published from
+// "Images" alone, where storing takes them. Nothing is written for nothing: a publication that finds the
+// database as it was ends at once.
+VorlinaProfile frmPublish::InUse(bool preview) {
+  const VorlinaProfile read = fields_->Read();
+  if (preview && read.logo == shown_.logo && read.widePicture == shown_.widePicture) return read;
   if (IsChanged())
-    Store(fields_->Read());
+    Store(read);
   else
     RequireAsShown();
-  VorlinaJob job = MakeJob(*Publisher, IDCatalogo, profiles_[current_], target, options_.Read());
+  return profiles_[current_];
+}
+
+VorlinaReport frmPublish::Run(const QString& target, bool preview) {
+  VorlinaJob job = MakeJob(*Publisher, IDCatalogo, InUse(preview), target, options_.Read());
   job.preview = preview;
   const QScopedValueRollback<bool> busy(busy_, true);
   // What is typed while the plug-in works would change what is being published.

@@ -71,6 +71,7 @@ class frmPublish : public QDialog {
   void GoTo(QWidget& control);
   void RequireGoodTarget();
   bool MayBeWithoutPictures();
+  VorlinaProfile InUse(bool preview);
   VorlinaReport Run(const QString& target, bool preview);
   void ShowPreview();
   void Publish();

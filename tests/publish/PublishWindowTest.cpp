@@ -296,6 +296,7 @@ TEST_F(PublishWindow, PreviewsInAFolderOfItsOwn) {
   };
   Line(u"txtTarget"_qs).setText(Outside(u"site"_qs));
   Get<QCheckBox>(u"chkOption_zip"_qs).click();
+  Line(u"txtAddress"_qs).setText(u"tried.example.com"_qs);
   dialogs_.ExpectMessage(u"No program to open %1 is found"_qs.arg(QDir::toNativeSeparators(browser.page)),
                          BoxStyle::Information);
   QDesktopServices::setUrlHandler(u"file"_qs, window_.get(), "noSuchSlot");
@@ -304,6 +305,8 @@ TEST_F(PublishWindow, PreviewsInAFolderOfItsOwn) {
   ASSERT_EQ(publisher_.jobs.size(), 1);
   const VorlinaJob& job = publisher_.jobs[0];
   EXPECT_TRUE(job.preview && job.options.value(u"zip"_qs).toBool());
+  EXPECT_EQ(job.profile.address, u"https://tried.example.com"_qs);
+  EXPECT_EQ(ReadProfiles(connection_, 1)[0].address, QString()) << "it was only tried";
   EXPECT_FALSE(job.target.startsWith(Outside({}))) << job.target;
   EXPECT_TRUE(QDir::isAbsolutePath(job.target) && window_->isVisible() &&
               !QFile::exists(Outside(u"site"_qs)));
