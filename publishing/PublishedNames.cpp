@@ -2,18 +2,20 @@
 
 #include <QCryptographicHash>
 
+#include "PlainText.h"
+
 namespace publishing {
 namespace {
 
 constexpr qsizetype LongestSlug = 34;
 
-// Lower-case ASCII letters, digits and single hyphens; accents are dropped.
+// Lower-case ASCII letters, digits and single hyphens.
 QString Slug(const QString& text) {
   QString slug;
-  for (const QChar c : text.normalized(QString::NormalizationForm_KD).toCaseFolded()) {
+  for (const QChar c : PlainLetters(text)) {
     if (c.unicode() < 128 && c.isLetterOrNumber()) {
       slug += c;
-    } else if (c.category() != QChar::Mark_NonSpacing && !slug.isEmpty() && !slug.endsWith(u'-')) {
+    } else if (!slug.isEmpty() && !slug.endsWith(u'-')) {
       slug += u'-';
     }
     if (slug.size() == LongestSlug) break;

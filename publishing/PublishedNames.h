@@ -1,5 +1,5 @@
-// File names of the site: ASCII, at most 60 characters with their ending, legal on every file system, and
-// never one name for two texts.
+// File names of the site: ASCII, without accents and with plain letters ("Øre" is "ore"), at most 60
+// characters with their ending, legal on every file system, and never one name for two texts.
 #pragma once
 
 #include <QHash>

@@ -19,10 +19,10 @@ class SearchIndexTest : public testing::Test {
   QString Script(const QString& picture = QString()) {
     std::vector<vlhtml::SearchHit> hits;
     for (const vlhtml::Product& product : catalog_.products)
-      hits.push_back({&product, u"p-x%1.html"_qs.arg(hits.size()), picture, {}});
+      hits.push_back({&product, u"p-x%1.html"_qs.arg(hits.size()), picture, {}, product.values[0]});
     const vlhtml::Words words(u"en"_qs, QStringLiteral(VORLINA_SOURCE_DIR "/plugins/vlhtml/words"), {},
                               false);
-    return QString::fromStdString(SearchIndex(catalog_, hits, words));
+    return QString::fromStdString(SearchIndex(catalog_, hits, "Size", words));
   }
 
   vlhtml::CatalogSnapshot catalog_;
@@ -46,6 +46,14 @@ TEST_F(SearchIndexTest, ValuesOfOneTextAreOneChoiceAndUnusedOnesNone) {
   const QString script = Script();
   EXPECT_TRUE(script.contains(u"{number:2,name:\"Colour\",values:[\"Red\"],\nof:[1,1,0,0],\n}")) << script;
   EXPECT_TRUE(script.contains(u"name:[0,0,0,0]")) << "a name that is the code is left out";
+}
+
+TEST_F(SearchIndexTest, AValueInThePlaceOfThePriceIsOnceInTheFile) {
+  for (const char* code : {"A", "B"}) Add(QString::fromLatin1(code), code, {}, 0);
+  EXPECT_TRUE(Script().contains(u"label:\"Size\",\nprice:[0,0],\n"));
+  catalog_.products[0].values = {"10 cm", "red", ""};
+  EXPECT_TRUE(Script().contains(u"text:[\"red\",0],\nlabel:\"Size\",\nvalue:[\"10 cm\",0],\npage:"))
+      << Script();
 }
 
 TEST_F(SearchIndexTest, FilesAreToldByWhatTheirNamesDoNotSay) {

@@ -33,6 +33,7 @@ TEST(PublishedNames, AreLegalShortAndNeverTwoForOne) {
   }
   EXPECT_EQ(names.NameOf(u"p-"_qs, u"A 1"_qs), u"p-a-1"_qs) << "who came first keeps the plain name";
   EXPECT_EQ(names.NameOf(u"p-"_qs, u"../../etc/passwd"_qs), u"p-etc-passwd"_qs);
+  EXPECT_EQ(names.NameOf(u"p-"_qs, u"ŁÓDŹ Øre Æbleskål"_qs), u"p-lodz-ore-aebleskal"_qs);
 }
 
 TEST(Contact, DialsOneNumberOrNone) {
@@ -45,9 +46,23 @@ TEST(Contact, DialsOneNumberOrNone) {
                                        {"+39 0571 12345 +39 0571 67890", ""},
                                        {"12-34", ""}})
     EXPECT_EQ(vlhtml::Dialled(typed), dialled) << typed;
-  EXPECT_EQ(vlhtml::SafeMail(" a.b@mail.example.com"), "a.b@mail.example.com");
-  for (const char* none : {"@", "a@", "@example.com", "a@b@example.com", "a@example"})
+}
+
+TEST(Contact, WritesToTheFirstAddressAndOpensABareHost) {
+  for (const auto& [typed, mail] : {std::pair{" a.b@mail.example.com", "a.b@mail.example.com"},
+                                    {"o'neil@example.com; other@example.com", "o'neil@example.com"},
+                                    {"info@müller.example, other@example.com", "info@xn--mller-kva.example"}})
+    EXPECT_EQ(vlhtml::SafeMail(typed), mail) << typed;
+  for (const char* none :
+       {"", "@", "a@", "@example.com", "a@b@example.com", "a@example", "à@example.com", "a b@example.com"})
     EXPECT_EQ(vlhtml::SafeMail(none), "") << none;
+  for (const auto& [typed, url] : {std::pair{"shop.example.com/a", "https://shop.example.com/a"},
+                                   {"www.müller.example", "https://www.xn--mller-kva.example"},
+                                   {"http://example.com", "http://example.com"},
+                                   {"javascript:alert(1).it", ""},
+                                   {"a@example.com", ""},
+                                   {"12.50", ""}})
+    EXPECT_EQ(vlhtml::SafeUrl(typed), url) << typed;
 }
 
 TEST(PriceTag, SaysOfAPriceWhatIsCertain) {
@@ -78,7 +93,8 @@ TEST_F(SiteTest, ShowsNoPriceInListsWhereNoneIsWantedLarge) {
   EXPECT_TRUE(Page(u"p-a-1.html"_qs).contains("12,50")) << "it is a value as others";
 }
 
-TEST_F(SiteTest, TellsOfHighlightsThatTheFirstPageDoesNotShow) {
+TEST_F(SiteTest, TellsOfWhatReadersMiss) {
+  connection_.Execute(u"UPDATE Cataloghi SET Email='info at example'"_qs);
   profile_.highlights = {u"B-1"_qs};
   for (int i = 0; i < 26; ++i) {
     profile_.highlights += u"H-%1"_qs.arg(i);
@@ -88,8 +104,49 @@ TEST_F(SiteTest, TellsOfHighlightsThatTheFirstPageDoesNotShow) {
   QStringList told;
   for (const VorlinaNote& note : Publish().notes)
     if (note.kind == VorlinaNote::Kind::Other) told += note.text;
-  EXPECT_EQ(told, QStringList{u"Prodotti in evidenza che nella prima pagina non si vedono: 3. Ne mostra al "
-                              "più 24, con un'immagine."_qs});
+  EXPECT_EQ(told, (QStringList{u"Prodotti in evidenza che nella prima pagina non si vedono: 3. Ne mostra al "
+                               "più 24, con un'immagine."_qs,
+                               u"\"info at example\" non è un indirizzo e-mail: in nessuna pagina i lettori "
+                               "possono chiedere di un prodotto per e-mail."_qs}));
+}
+
+TEST_F(SiteTest, APreviewShowsThePicturesThatArePublished) {
+  Add(u"N-1"_qs, u"Terzo"_qs, 5, 1, 4, true);
+  for (const QString& code : {u"B-1"_qs, u"N-1"_qs}) Picture(code, 40, 30);
+  profile_.highlights = {u"A-1"_qs, u"B-1"_qs};
+  QStringList shown;
+  for (const bool preview : {true, false}) {
+    preview_ = preview;
+    const QString folder = target_ + (preview ? u"-preview"_qs : QString());
+    PublishTo(folder, 1, true, SiteProgress());
+    static const QRegularExpression tiles(u"<section[^>]*tiles.*?</section>"_qs,
+                                          QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression picture(u"src=\"images/[^\"]*"_qs);
+    QString pictures;
+    for (auto found = picture.globalMatch(
+             tiles.match(QString::fromUtf8(ContentOf(folder + u"/index.html"_qs))).captured());
+         found.hasNext();)
+      pictures += found.next().captured();
+    shown += pictures;
+  }
+  EXPECT_TRUE(shown[1].contains(u"p-n-1")) << shown[1];
+  EXPECT_EQ(shown[0], shown[1]);
+}
+
+TEST_F(SiteTest, EachLetterOfManyValuesStandsOnce) {
+  const QStringList values{u"Ox"_qs, u"Øre"_qs, u"(oro)"_qs, u"🎁 Écru"_qs, u"3D"_qs, u"“Œil”"_qs};
+  for (int i = 0; i < 44; ++i) {
+    connection_.Execute(u"INSERT INTO Filtri (IDCatalogo,IDNomeFiltro,Valore,Pubblica) VALUES (1,1,?,1)"_qs,
+                        {values.value(i, u"Zeta %1"_qs.arg(i))});
+    Add(u"L-%1"_qs.arg(i), u"Lettera"_qs, 10 + i, 6 + i, 4, true);
+  }
+  Publish();
+  static const QRegularExpression heading(u"<h2><bdi>([^<]*)</bdi>"_qs);
+  QStringList letters;
+  for (auto found = heading.globalMatch(QString::fromUtf8(Page(u"f1.html"_qs))); found.hasNext();)
+    letters += found.next().captured(1);
+  letters.sort();
+  EXPECT_EQ(letters, (QStringList{u"0–9"_qs, u"B"_qs, u"E"_qs, u"O"_qs, u"R"_qs, u"Z"_qs}));
 }
 
 TEST_F(SiteTest, IsWhatTheReferenceShows) {

@@ -148,6 +148,20 @@ export async function checkSteps(browser, address) {
   await close();
 }
 
+// Results say of each product what the list says.
+export async function checkAlike(browser, address, query) {
+  const { tab, problems, close } = await openTab(browser, address);
+  await tab.goto(`${address}products.html`);
+  const texts = async (place) => (await tab.locator(`${place} li a`).allTextContents()).map((text) => text.replace(/\s+/g, ' ').trim());
+  const list = await texts('#list');
+  await tab.fill('#q', query);
+  await tab.locator('#results .found').waitFor();
+  const results = await texts('#results');
+  if (list.length === 0 || results.join('|') !== list.join('|')) problems.push(`${results} is not ${list}`);
+  expect(`results are like the list, ${list[0]}`, problems);
+  await close();
+}
+
 // The index cannot be fetched, or is cut short.
 export async function checkWithoutIndex(browser, address, answer) {
   const { tab, close } = await openTab(browser, address);

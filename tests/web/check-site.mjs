@@ -8,7 +8,7 @@ import { addressOf, counts, knownPath, launch, serve, together } from './browser
 import { checkFiles } from './check-files.mjs';
 import { checkFocus, checkPage, checkPrint } from './check-look.mjs';
 import { checkFetched, checkLarge, checkWeight } from './check-pictures.mjs';
-import { checkBuyer, checkFinding, checkHostile, checkSteps, checkStill, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
+import { checkAlike, checkBuyer, checkFinding, checkHostile, checkSteps, checkStill, checkWithoutIndex, checkWithoutScripts } from './check-search.mjs';
 
 const MostOfList = 300_000; // bytes
 
@@ -58,6 +58,7 @@ try {
       for (const answer of [(route) => route.abort(), (route) => route.fulfill({ body: half })]) jobs.push(() => checkWithoutIndex(browser, served, answer));
       jobs.push(() => checkSteps(browser, local), () => checkPage(browser, local, 'products.html', search('bow')));
     }
+    if (name === 'five') jobs.push(() => checkAlike(browser, local, 'n-'));
     if (name === 'empty' || name === 'five') continue;
     jobs.push(() => checkWithoutScripts(browser, local, site));
     if (!/^\d+$/.test(name)) continue;

@@ -43,9 +43,9 @@ class Maker {
   void MakeAll() {
     Transaction transaction(connection_);
     MakeHostile();
-    Catalog(u"Five"_qs, {}, {u"Price"_qs});
+    Catalog(u"Five"_qs, {}, {u"Size"_qs});
     for (int i = 0; i < 5; ++i)
-      Product(2, u"N-%1"_qs.arg(i), u"%1. It has no picture."_qs.arg(Nouns[i]), {u"12.50"_qs}, {}, false);
+      Product(2, u"N-%1"_qs.arg(i), u"%1. It has no picture."_qs.arg(Nouns[i]), {u"12 cm"_qs}, {}, false);
     MakeLarge();
     Catalog(u"Empty"_qs, {u"Colour"_qs}, {});
     transaction.Commit();
@@ -103,7 +103,7 @@ class Maker {
         u"UPDATE Cataloghi SET Titolo=?,Sottotitolo=?,Spalla=?,Azienda=?,Indirizzo=?,Citta=?,Tel=?,Fax=?,"
         "Email=?,URL=?,Extras=? WHERE IDCatalogo=1"_qs,
         {Hostile[1], Hostile[0], QString(all + Hostile[10]), Hostile[6], Hostile[2], Hostile[4], Hostile[0],
-         Hostile[8], Hostile[1], Hostile[3], Hostile[9]});
+         Hostile[8], QString(u"o'neil@example.com; "_qs + Hostile[1]), Hostile[3], Hostile[9]});
     QList<int> first, second;
     for (const QString& text : Hostile) {
       first += FilterValue(1, 1, text.left(250));

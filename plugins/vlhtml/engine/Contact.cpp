@@ -3,6 +3,9 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+#include "PlainText.h"
+#include "Publishing.h"
+
 namespace vlhtml {
 namespace {
 
@@ -19,17 +22,26 @@ bool IsWhole(const QString& digits, const QString& more) {
 
 std::string SafeUrl(const std::string& address) {
   QString text = QString::fromStdString(address).trimmed();
-  if (!text.contains(u"://") && text.startsWith(u"www.", Qt::CaseInsensitive)) text.prepend(u"https://");
+  static const QRegularExpression bareHost(
+      QStringLiteral(
+          "\\A[\\p{L}\\p{N}_-]+(\\.[\\p{L}\\p{N}_-]+)*\\.\\p{L}[\\p{L}\\p{N}-]+(:[0-9]+)?([/?#]|\\z)"),
+      QRegularExpression::UseUnicodePropertiesOption);
+  if (bareHost.match(text).hasMatch()) text.prepend(u"https://");
   const QUrl url(text, QUrl::StrictMode);
   const bool web = url.scheme() == u"http" || url.scheme() == u"https";
   return url.isValid() && web && !url.host().isEmpty() ? url.toEncoded().toStdString() : std::string();
 }
 
 std::string SafeMail(const std::string& address) {
+  static const QRegularExpression between(QStringLiteral("[;,\\s]+"));
   static const QRegularExpression form(
-      QStringLiteral("\\A[A-Za-z0-9._+-]+@[A-Za-z0-9-]+(\\.[A-Za-z0-9-]+)+\\z"));
-  const QString text = QString::fromStdString(address).trimmed();
-  return form.match(text).hasMatch() ? text.toStdString() : std::string();
+      QStringLiteral("\\A[A-Za-z0-9._+'-]+@[A-Za-z0-9-]+(\\.[A-Za-z0-9-]+)+\\z"));
+  const QStringList all = QString::fromStdString(address).split(between, Qt::SkipEmptyParts);
+  const QString first = all.value(0);
+  const qsizetype host = first.lastIndexOf(u'@') + 1;
+  // Mail programs know a domain with umlauts by its other name alone.
+  const QString safe = first.left(host) + QString::fromLatin1(QUrl::toAce(first.mid(host)));
+  return form.match(safe).hasMatch() ? safe.toStdString() : std::string();
 }
 
 std::string Dialled(const std::string& number) {
@@ -58,7 +70,7 @@ std::string Unbroken(const std::string& number) {
 }
 
 std::string MailLink(const std::string& address, const std::string& subject) {
-  const QByteArray encoded = QUrl::toPercentEncoding(QString::fromStdString(subject).simplified());
+  const QByteArray encoded = QUrl::toPercentEncoding(OneLine(QString::fromStdString(subject)));
   return "mailto:" + address + "?subject=" + encoded.toStdString();
 }
 

@@ -6,9 +6,9 @@
 
 namespace vlhtml {
 
-// A web address that a link may have: http or https and nothing else. "www.example.com" gets its scheme.
+// A web address that a link may have: http or https and nothing else. "example.com" gets its scheme.
 std::string SafeUrl(const std::string& address);
-// An address for mail, "" for what is none.
+// An address for mail: of several the first. "" for what is none.
 std::string SafeMail(const std::string& address);
 // What a telephone dials: of several numbers the first. "" for what is none.
 std::string Dialled(const std::string& number);

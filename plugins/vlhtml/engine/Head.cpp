@@ -3,6 +3,8 @@
 #include <QJsonObject>
 #include <algorithm>
 
+#include "PlainText.h"
+
 namespace vlhtml {
 namespace {
 
@@ -40,15 +42,15 @@ std::pair<QSize, QString> SharedSize(const PublishedPicture& picture) {
 std::string PageTitle(const std::string& text, const std::vector<std::string>& parts) {
   QString behind;
   for (const std::string& part : parts)
-    if (const QString plain = QString::fromStdString(part).simplified(); !plain.isEmpty())
+    if (const QString plain = OneLine(QString::fromStdString(part)); !plain.isEmpty())
       behind += QStringLiteral(" – ") + Cut(plain, LongestPart);
-  const QString title = QString::fromStdString(text).simplified();
+  const QString title = OneLine(QString::fromStdString(text));
   const QString cut = Cut(title, std::max(ShortestName, LongestTitle - behind.size()));
   return cut.toStdString() + behind.toStdString();
 }
 
 std::string CompanyInTitle(const std::string& company) {
-  return Cut(QString::fromStdString(company).section(u',', 0, 0).simplified(), LongestCompany).toStdString();
+  return Cut(OneLine(QString::fromStdString(company).section(u',', 0, 0)), LongestCompany).toStdString();
 }
 
 std::string FirstNames(const Site& site, const PlannedList& list, int page) {
@@ -61,7 +63,7 @@ std::string FirstNames(const Site& site, const PlannedList& list, int page) {
 }
 
 std::string Excerpt(const std::string& text) {
-  return Cut(QString::fromStdString(text).simplified(), LongestExcerpt).toStdString();
+  return Cut(OneLine(QString::fromStdString(text)), LongestExcerpt).toStdString();
 }
 
 void TellHead(Fields& fields, const Site& site, const Head& head) {
@@ -76,7 +78,8 @@ void TellHead(Fields& fields, const Site& site, const Head& head) {
                                                           : address + head.file.toStdString());
   fields.GroupIf(!head.file.isEmpty(), "openGraph", [&](Fields& graph) {
     graph.Text("type", head.type);
-    graph.Text("title", head.shared.empty() ? head.title : head.shared);
+    graph.Text("title",
+               head.shared.empty() ? head.title : OneLine(QString::fromStdString(head.shared)).toStdString());
     graph.GroupIf(known && head.picture != nullptr, "image", [&](Fields& image) {
       const auto [size, file] = SharedSize(*head.picture);
       image.Text("address", address + file.toStdString());

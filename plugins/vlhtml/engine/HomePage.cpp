@@ -59,20 +59,6 @@ std::vector<int> Featured(const Site& site, bool isChosen) {
   return featured;
 }
 
-bool HasPicture(const Site& site, int product) { return !site.pictures.Of(std::size_t(product)).empty(); }
-
-// A product with a picture, one that the page does not show elsewhere if there is one; -1 for none.
-int Pictured(const Site& site, const PlannedList& list) {
-  int pictured = -1;
-  for (const int product : list.products) {
-    if (!HasPicture(site, product)) continue;
-    const auto& featured = site.plan.featured;
-    if (std::find(featured.begin(), featured.end(), product) == featured.end()) return product;
-    if (pictured < 0) pictured = product;
-  }
-  return pictured;
-}
-
 // The first filter's values, each with a picture of one of its products where at least half have one.
 void TellTiles(Fields& fields, const Site& site) {
   const SitePlan& plan = site.plan;
@@ -84,7 +70,7 @@ void TellTiles(Fields& fields, const Site& site) {
     tiles.List("values", shown.size(), [&](Fields& value, std::size_t i) {
       const PlannedList& list = plan.filters[std::size_t(shown[i])];
       TellValue(value, site, shown[i]);
-      const int product = Pictured(site, list);
+      const int product = plan.PicturedOf(list);
       if (product >= 0) ++pictured;
       value.GroupIf(product >= 0, "picture", [&](Fields& picture) {
         TellPicture(picture, site.pictures.Of(std::size_t(product)).front());

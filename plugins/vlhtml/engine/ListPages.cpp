@@ -5,6 +5,7 @@
 #include "Fingerprint.h"
 #include "Head.h"
 #include "PageParts.h"
+#include "PlainText.h"
 #include "StructuredData.h"
 
 namespace vlhtml {
@@ -109,10 +110,36 @@ std::string FirstValues(const Site& site, const PlannedFilter& group) {
   return values;
 }
 
-// The letter that a value stands under: accents do not matter, and what is no letter stands under a sign.
+// The letter that a value stands under: its first one, whatever sign is before it, without accents. What
+// begins with a figure stands under a sign.
 QString LetterOf(const QString& text) {
-  const QString plain = text.trimmed().normalized(QString::NormalizationForm_D).toUpper();
-  return !plain.isEmpty() && plain[0].isLetter() ? QString(plain[0]) : QStringLiteral("0–9");
+  for (const char32_t c : PlainLetters(text).toUcs4()) {
+    if (QChar::isLetter(c)) return QString::fromUcs4(&c, 1).toUpper();
+    if (QChar::isNumber(c)) break;
+  }
+  return QStringLiteral("0–9");
+}
+
+struct Letter {
+  QString text;
+  std::vector<int> lists;
+};
+
+// The values of a filter under their letters, each of which stands once, whatever the order of the language
+// makes of its accents; under none where they are few.
+std::vector<Letter> LettersOf(const Site& site, const PlannedFilter& group) {
+  std::vector<Letter> letters;
+  for (const int list : group.lists) {
+    const QString text =
+        group.lists.size() < LettersFrom ? QString() : LetterOf(site.plan.filters[std::size_t(list)].title);
+    auto letter =
+        std::find_if(letters.begin(), letters.end(), [&](const Letter& known) { return known.text == text; });
+    if (letter == letters.end()) letter = letters.insert(letters.end(), {text, {}});
+    letter->lists.push_back(list);
+  }
+  // One letter that all have tells nothing.
+  if (letters.size() == 1) letters.front().text.clear();
+  return letters;
 }
 
 }  // namespace
@@ -148,19 +175,7 @@ void TellList(Fields& fields, const Site& site, const PlannedList& list, int pag
 }
 
 void TellAllValues(Fields& fields, const Site& site, const PlannedFilter& group) {
-  struct Letter {
-    QString text;
-    std::vector<int> lists;
-  };
-  std::vector<Letter> letters;
-  for (const int list : group.lists) {
-    const QString letter =
-        group.lists.size() < LettersFrom ? QString() : LetterOf(site.plan.filters[std::size_t(list)].title);
-    if (letters.empty() || letters.back().text != letter) letters.push_back({letter, {}});
-    letters.back().lists.push_back(list);
-  }
-  // One letter that all have tells nothing.
-  if (letters.size() == 1) letters.front().text.clear();
+  const std::vector<Letter> letters = LettersOf(site, group);
   const std::string all = site.words.Text("allValues");
   TellHead(fields, site,
            {PageTitle(group.name, {all, CompanyInTitle(site.Brand())}),

@@ -79,13 +79,11 @@ void TellSisterHead(Fields& fields, const Site& site, const PlannedList& list) {
   fields.Include(site.once.sisterHeads[std::size_t(&list - site.plan.filters.data())]);
 }
 
-namespace {
-
-// Where nothing is the price, the first value is what a reader compares; but not one that its name says is a
-// price: the owner does not want it shown as such.
 bool FirstValueShows(const CatalogSnapshot& catalog) {
   return catalog.price == 0 && vorlina::PriceValue({QString::fromStdString(catalog.valueNames[0])}, {}) == 0;
 }
+
+namespace {
 
 void TellCard(Fields& fields, const Site& site, std::size_t product, bool firstValue) {
   const PlannedProduct& planned = site.plan.products[product];

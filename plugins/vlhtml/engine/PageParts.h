@@ -22,6 +22,9 @@ void TellValue(Fields& fields, const Site& site, int list);
 void TellSisterHead(Fields& fields, const Site& site, const PlannedList& list);
 // The price under a name; nothing where the product has none.
 void TellPrice(Fields& fields, const Site& site, const PlannedProduct& product);
+// Whether lists show the first value: where nothing is the price, it is what a reader compares; but not one
+// that its name says is a price, since the owner does not want it shown as such.
+bool FirstValueShows(const CatalogSnapshot& catalog);
 // Those of a filter's values that stand beside others, in their order.
 std::vector<int> ValuesShown(const SitePlan& plan, const PlannedFilter& group, const PlannedList* current);
 

@@ -86,11 +86,14 @@ std::string Beginning(std::string text, std::size_t limit) {
   return text;
 }
 
-// What a product is found by besides its code and name.
-std::string FurtherText(const CatalogSnapshot& catalog, const Product& product, std::size_t limit) {
+// What a product is found by besides its code and name, and the value that has a column of its own.
+std::string FurtherText(const CatalogSnapshot& catalog, const SearchHit& hit, std::size_t limit) {
+  const Product& product = *hit.product;
   std::string text;
   for (std::size_t i = 0; i < product.values.size(); ++i)
-    if (int(i) + 1 != catalog.price && !product.values[i].empty()) text += product.values[i] + ' ';
+    if (int(i) + 1 != catalog.price && !(i == 0 && hit.value == product.values[0]) &&
+        !product.values[i].empty())
+      text += product.values[i] + ' ';
   for (const std::string& paragraph : product.paragraphs) text += paragraph + ' ';
   if (!text.empty()) text.pop_back();
   return Beginning(std::move(text), limit);
@@ -184,10 +187,23 @@ void AddWords(std::string& script, const Words& words) {
   script += "},\n";
 }
 
+// Prices, or the values that stand in their place.
+void AddLabelled(std::string& script, const std::vector<SearchHit>& hits, const std::string& label) {
+  const auto add = [&](std::string_view name, std::string SearchHit::*text) {
+    AddColumn(script, name, hits.size(), [&](std::size_t i) { AddTextIf(script, hits[i].*text); });
+  };
+  script += "label:";
+  AddText(script, label);
+  script += ",\n";
+  const bool hasValues =
+      std::any_of(hits.begin(), hits.end(), [](const SearchHit& hit) { return !hit.value.empty(); });
+  add(hasValues ? "value" : "price", hasValues ? &SearchHit::value : &SearchHit::price);
+}
+
 }  // namespace
 
 std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<SearchHit>& hits,
-                        const Words& words) {
+                        const std::string& label, const Words& words) {
   const std::size_t count = hits.size();
   const std::size_t limit =
       std::clamp(TextsOfAll / std::max<std::size_t>(count, 1), ShortestText, LongestText);
@@ -201,8 +217,8 @@ std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<Search
     AddTextIf(script, product.name == product.code.toStdString() ? std::string() : product.name);
   });
   AddColumn(script, "text", count,
-            [&](std::size_t i) { AddTextIf(script, FurtherText(catalog, *hits[i].product, limit)); });
-  AddColumn(script, "price", count, [&](std::size_t i) { AddTextIf(script, hits[i].price); });
+            [&](std::size_t i) { AddTextIf(script, FurtherText(catalog, hits[i], limit)); });
+  AddLabelled(script, hits, label);
   FileColumns(hits).AddTo(script);
   std::vector<FilterColumn> filters;
   for (std::size_t filter = 0; filter < catalog.filterNames.size(); ++filter)

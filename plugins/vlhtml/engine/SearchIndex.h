@@ -19,11 +19,13 @@ struct SearchHit {
   QString file;     // of its page: "p-101.html"
   QString picture;  // of its first picture's smallest size: "images/p-101_400w.jpg"; "" where it has none
   std::string price;
+  std::string value;  // what lists show where nothing is the price
 };
 
 // The hits are in the order of publication. Of long texts the beginning is taken in, of the more products the
-// less: the texts stay within what a phone fetches gladly, and each product adds its name.
+// less: the texts stay within what a phone fetches gladly, and each product adds its name. The label stands
+// before prices or values.
 std::string SearchIndex(const CatalogSnapshot& catalog, const std::vector<SearchHit>& hits,
-                        const Words& words);
+                        const std::string& label, const Words& words);
 
 }  // namespace vlhtml

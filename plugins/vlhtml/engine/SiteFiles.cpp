@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Fingerprint.h"
+#include "PageParts.h"
 #include "SearchIndex.h"
 #include "Theme.h"
 
@@ -24,15 +25,20 @@ std::string Sitemap(const std::string& address, const std::vector<QString>& file
 }
 
 std::string IndexOf(const Site& site) {
+  const bool firstValue = FirstValueShows(site.Catalog());
+  std::string label = firstValue ? site.Catalog().valueNames[0] : std::string();
   std::vector<SearchHit> hits;
   hits.reserve(site.plan.products.size());
   for (std::size_t i = 0; i < site.plan.products.size(); ++i) {
     const auto& pictures = site.pictures.Of(i);
-    hits.push_back({site.plan.products[i].product, site.plan.products[i].file,
-                    pictures.empty() ? QString() : pictures.front().sizes.front().jpeg,
-                    site.plan.products[i].price});
+    const PlannedProduct& planned = site.plan.products[i];
+    if (label.empty() && !planned.price.empty())
+      label = site.plan.price.Label(planned.product->price, planned.price);
+    hits.push_back({planned.product, planned.file,
+                    pictures.empty() ? QString() : pictures.front().sizes.front().jpeg, planned.price,
+                    firstValue ? planned.product->values[0] : std::string()});
   }
-  return SearchIndex(site.Catalog(), hits, site.words);
+  return SearchIndex(site.Catalog(), hits, label, site.words);
 }
 
 QByteArray StampOf(const std::string& bytes) {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "Contact.h"
+#include "PlainText.h"
 #include "PublishedNames.h"
 #include "PublishedPictures.h"
 #include "Words.h"
@@ -106,13 +108,12 @@ void SitePlan::PlanFilters(bool moreValues) {
 }
 
 void SitePlan::ChooseFeatured() {
-  const auto hasPicture = [&](std::size_t i) { return !products[i].product->pictures.empty(); };
   for (const std::size_t i : catalog->highlights)
-    if (hasPicture(i) && featured.size() < MostFeatured) featured.push_back(int(i));
+    if (HasPicture(int(i)) && featured.size() < MostFeatured) featured.push_back(int(i));
   if (!featured.empty()) return;
   std::vector<int> shown;
   for (std::size_t i = 0; i < products.size(); ++i)
-    if (hasPicture(i)) shown.push_back(int(i));
+    if (HasPicture(int(i))) shown.push_back(int(i));
   const std::size_t step = std::max<std::size_t>(1, shown.size() / EvenlyFeatured);
   for (std::size_t i = 0; i < shown.size() && featured.size() < EvenlyFeatured; i += step)
     featured.push_back(shown[i]);
@@ -126,21 +127,30 @@ QStringList SitePlan::PictureNames() const {
   for (const int product : featured) shown.insert(product);
   for (const int product : SistersOf(previewed)) shown.insert(product);
   if (!groups.empty())
-    for (const int list : groups.front().lists) {
-      const std::vector<int>& having = filters[std::size_t(list)].products;
-      const auto first = std::find_if(having.begin(), having.end(), [&](int i) {
-        return !products[std::size_t(i)].product->pictures.empty();
-      });
-      if (first != having.end()) shown.insert(*first);
-    }
+    for (const int list : groups.front().lists) shown.insert(PicturedOf(filters[std::size_t(list)]));
   for (int i = 0; i < int(names.size()); ++i)
     if (!shown.contains(i)) names[i].clear();
   return names;
 }
 
+int SitePlan::PicturedOf(const PlannedList& list) const {
+  int pictured = -1;
+  for (const int product : list.products) {
+    if (!HasPicture(product)) continue;
+    if (std::find(featured.begin(), featured.end(), product) == featured.end()) return product;
+    if (pictured < 0) pictured = product;
+  }
+  return pictured;
+}
+
+bool SitePlan::HasPicture(int product) const {
+  return pictures != nullptr ? !pictures->Of(std::size_t(product)).empty()
+                             : !products[std::size_t(product)].product->pictures.empty();
+}
+
 void SitePlan::SetPictures(const PublishedPictures& published) {
   pictures = &published;
-  const auto hasNone = [&](int i) { return published.Of(std::size_t(i)).empty(); };
+  const auto hasNone = [&](int i) { return !HasPicture(i); };
   const auto choose = [&](PlannedList& list) {
     const auto without = std::count_if(list.products.begin(), list.products.end(), hasNone);
     list.rows = without * 3 > std::ptrdiff_t(list.products.size()) * 2;
@@ -150,19 +160,28 @@ void SitePlan::SetPictures(const PublishedPictures& published) {
   featured.erase(std::remove_if(featured.begin(), featured.end(), hasNone), featured.end());
 }
 
+// What readers miss though the catalog has it.
 QList<VorlinaNote> SitePlan::Notes(bool italian) const {
   const QSet<int> shown(featured.begin(), featured.end());
   const auto left = std::count_if(catalog->highlights.begin(), catalog->highlights.end(),
                                   [&](std::size_t i) { return !shown.contains(int(i)); });
-  if (left == 0) return {};
-  const QString text =
-      italian ? QStringLiteral(
-                    "Prodotti in evidenza che nella prima pagina non si vedono: %1. Ne mostra al "
-                    "più %2, con un'immagine.")
-              : QStringLiteral(
-                    "Highlights that do not show on the first page: %1. It shows at most %2, those "
-                    "with a picture.");
-  return {{VorlinaNote::Kind::Other, {}, text.arg(left).arg(MostFeatured)}};
+  QList<VorlinaNote> notes;
+  const auto add = [&](const QString& text) { notes += {VorlinaNote::Kind::Other, {}, text}; };
+  if (left > 0)
+    add((italian ? QStringLiteral("Prodotti in evidenza che nella prima pagina non si vedono: %1. Ne mostra "
+                                  "al più %2, con un'immagine.")
+                 : QStringLiteral("Highlights that do not show on the first page: %1. It shows at most %2, "
+                                  "those with a picture."))
+            .arg(left)
+            .arg(MostFeatured));
+  if (const QString mail = OneLine(QString::fromStdString(catalog->email));
+      !mail.isEmpty() && SafeMail(catalog->email).empty())
+    add((italian ? QStringLiteral("\"%1\" non è un indirizzo e-mail: in nessuna pagina i lettori possono "
+                                  "chiedere di un prodotto per e-mail.")
+                 : QStringLiteral("\"%1\" is no e-mail address: on no page can readers ask about a product "
+                                  "by e-mail."))
+            .arg(mail));
+  return notes;
 }
 
 const PlannedList* SitePlan::FirstList(int product) const {

@@ -74,14 +74,18 @@ struct SitePlan {
   QStringList PictureNames() const;
   // The pictures must outlive the plan.
   void SetPictures(const PublishedPictures& published);
-  // Highlights that the first page does not show. Once the pictures are set.
+  // Highlights that the first page does not show, and an address that is none. Once the pictures are set.
   QList<VorlinaNote> Notes(bool italian) const;
+  // The product whose picture stands for the list on the first page: one that is not featured there if there
+  // is such a one; -1 where none has a picture.
+  int PicturedOf(const PlannedList& list) const;
   // Products of the same first filter value, those behind this one first.
   std::vector<int> SistersOf(int product) const;
   // The list of the product's first filter value; null where it has none.
   const PlannedList* FirstList(int product) const;
 
  private:
+  bool HasPicture(int product) const;
   void NameProducts();
   void PlanFilters(bool moreValues);
   void ChooseFeatured();

@@ -19,7 +19,6 @@
   const root = products.replace(/[^/]*$/, ''); // of the site, where the page may lie at any depth
   const heading = document.querySelector('main > h1');
   const [listHeading, listTitle] = [heading?.textContent, document.title];
-  const priceLabel = document.querySelector('.price .sr, .price .label')?.textContent; // which only the page knows
 
   const isWide = window.matchMedia('(min-width: 40rem)');
   let index; // once it has come
@@ -74,13 +73,13 @@
       const page = data.page[i] || `p-${code.toLowerCase()}`;
       const end = data.picture[i] ? data.ends[data.picture[i] - 1] : '';
       return {
-        code, name, values, page: `${root}${page}.html`, price: data.price[i],
+        code, name, values, page: `${root}${page}.html`, price: data.price?.[i], value: data.value?.[i],
         picture: end && root + (end.startsWith('images/') ? end : `images/${page}${end}`),
         inCode: inBoth(code), whole: joined(folded(code)), inName: inBoth(name),
-        inText: inBoth(`${data.text[i] || ''} ${Object.values(values).join(' ')}`),
+        inText: inBoth(`${data.value?.[i] || ''} ${data.text[i] || ''} ${Object.values(values).join(' ')}`),
       };
     });
-    return { words: data.words, filters: data.filters, rows };
+    return { words: data.words, label: data.label, filters: data.filters, rows };
   }
 
   let coming;
@@ -172,9 +171,11 @@
     const text = make('span', { className: 'text' }, part('name', row.name));
     if (row.name !== row.code) text.append(' ', part('code', row.code));
     const link = make('a', { href: row.page }, ...frame(row, kind === 'card'), text);
-    if (row.price) { // in rows a column of its own
-      const label = priceLabel ? [make('span', { className: 'sr' }, priceLabel), ' '] : [];
-      (kind === 'row' ? link : text).append(' ', make('span', { className: 'price' }, ...label, row.price));
+    if (row.price || row.value) { // in rows a column of its own
+      const label = make('span', { className: row.price ? 'sr' : 'label' }, index.label);
+      const shown = row.price ? make('span', { className: 'price' }, label, ' ', row.price) : part('value', '');
+      if (row.value) shown.append(label, ' ', row.value);
+      (kind === 'row' ? link : text).append(' ', shown);
     }
     return make('li', { className: kind }, link);
   }

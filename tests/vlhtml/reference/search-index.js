@@ -3,6 +3,7 @@ words:{lang:"it",searchFor:"Risultati per «{q}»",any:"Qualsiasi",clear:"Azzera
 code:["A-1","B-1","D/..\\x"],
 name:["Primo: \u003cscript\u003ealert('x')\u003c/script\u003e \u0026 \"altro\"","Secondo",0],
 text:["10 x 20","10 x 20","10 x 20"],
+label:"Prezzo",
 price:["12,50 $","12,50 $","12,50 $"],
 page:[0,0,"p-d-x"],
 picture:[1,0,0],
