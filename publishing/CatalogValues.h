@@ -9,8 +9,10 @@ namespace publishing {
 
 // A value of a catalog; "" when it was never kept.
 QString KeptWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name);
-// Keeps a value that was never kept. False when another one came to be there meanwhile, which stays.
-bool KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
+void KeepWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
                      const QString& value);
+// Keeps a value that was never kept. False when another one came to be there meanwhile, which stays.
+bool KeepOnceWithCatalog(IVorlinaConnection& connection, int IDCatalogo, const QString& name,
+                         const QString& value);
 
 }  // namespace publishing

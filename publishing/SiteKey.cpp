@@ -31,7 +31,7 @@ SiteKey::SiteKey(IVorlinaConnection& connection, int IDCatalogo, const QString& 
 }
 
 bool SiteKey::Keep(IVorlinaConnection& connection) const {
-  return kept_ || KeepWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
+  return kept_ || KeepOnceWithCatalog(connection, IDCatalogo_, KeyName, QString::fromUtf8(key_));
 }
 
 QByteArray SiteKey::Digest(const QByteArray& text) const {

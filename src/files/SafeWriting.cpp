@@ -184,9 +184,15 @@ void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>&
   constexpr auto Anew = QIODevice::WriteOnly | QIODevice::NewOnly;
   QFile file(path);
   errno = 0;
+  bool isOpen = file.open(Anew);
+  int refusal = errno;
   // Removing what is seldom there first would cost each of many files.
-  if (!file.open(Anew) && !(QFile::remove(path) && file.open(Anew)))
-    FailWriting(path, errno, file.errorString());
+  if (!isOpen && QFile::exists(path) && QFile::remove(path)) {
+    errno = 0;
+    isOpen = file.open(Anew);
+    refusal = errno;
+  }
+  if (!isOpen) FailWriting(path, refusal, file.errorString());
   errno = 0;
   const bool written = writer(file);
   const qint64 meant = file.pos();

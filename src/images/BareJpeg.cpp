@@ -15,6 +15,7 @@ constexpr int EndOfImage = 0xD9;
 
 const QByteArray Jfif("JFIF\0", 5);
 constexpr qsizetype JfifBody = 14;
+constexpr qsizetype AdobeBody = 12;
 const QByteArray Profile("ICC_PROFILE\0", 12);
 const QByteArray Adobe("Adobe");  // tells how the colours are stored
 
@@ -37,9 +38,10 @@ QByteArray Turning(int orientation) {
 QByteArray Kept(int marker, const QByteArray& body) {
   if (marker == App0 && body.startsWith(Jfif) && body.size() > JfifBody)
     return Segment(marker, body.left(JfifBody - 2) + QByteArray(2, '\0'));  // without its thumbnail
-  const bool shows =
-      marker < App0 || (marker > App15 && marker != Comment) || (marker == App0 && body.startsWith(Jfif)) ||
-      (marker == App0 + 2 && body.startsWith(Profile)) || (marker == App0 + 14 && body.startsWith(Adobe));
+  const bool shows = marker < App0 || (marker > App15 && marker != Comment) ||
+                     (marker == App0 && body.startsWith(Jfif)) ||
+                     (marker == App0 + 2 && body.startsWith(Profile));
+  if (marker == App0 + 14 && body.startsWith(Adobe)) return Segment(marker, body.left(AdobeBody));
   return shows ? Segment(marker, body) : QByteArray();
 }
 

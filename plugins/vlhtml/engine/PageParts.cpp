@@ -118,9 +118,6 @@ std::uint64_t HeadsFrom(const Site& site) {
   for (const std::string& text :
        {site.words.Language(), site.Brand(), site.Address(), site.plan.all.firstFile, site.once.mail})
     from.Add(text);
-  for (const std::string& name : site.Catalog().filterNames) from.Add(name);
-  for (const std::string& name : site.Catalog().valueNames) from.Add(name);
-  from.Add(std::uint64_t(site.Catalog().price));
   return from.Value();
 }
 

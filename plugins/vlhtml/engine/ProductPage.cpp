@@ -60,11 +60,15 @@ std::uint64_t HeadFrom(const Site& site, int product, const PlannedList* parent)
   from.Add(told.name);
   from.Add(told.description);
   from.Add(told.price);
+  if (!told.price.empty()) from.Add(site.Catalog().valueNames[std::size_t(site.Catalog().price) - 1]);
   from.Add(planned.file);
   if (parent != nullptr) from.Add(parent->firstFile);
-  for (const int id : told.filters)
-    if (const auto found = site.plan.filterList.constFind(id); found != site.plan.filterList.constEnd())
+  for (std::size_t i = 0; i < told.filters.size(); ++i)
+    if (const auto found = site.plan.filterList.constFind(told.filters[i]);
+        found != site.plan.filterList.constEnd()) {
+      from.Add(site.Catalog().filterNames[i]);
       from.Add(site.plan.filters[std::size_t(*found)].text);
+    }
   for (const Feature& feature : told.features) {
     from.Add(feature.name);
     from.Add(feature.value);
