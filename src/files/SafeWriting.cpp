@@ -187,7 +187,7 @@ void WriteStagedFile(const QString& path, const std::function<bool(QIODevice&)>&
   bool isOpen = file.open(Anew);
   int refusal = errno;
   // Removing what is seldom there first would cost each of many files.
-  if (!isOpen && QFile::exists(path) && QFile::remove(path)) {
+  if (!isOpen && QFile::remove(path)) {
     errno = 0;
     isOpen = file.open(Anew);
     refusal = errno;

@@ -24,7 +24,7 @@ std::string SafeUrl(const std::string& address) {
   QString text = QString::fromStdString(address).trimmed();
   static const QRegularExpression bareHost(
       QStringLiteral(
-          "\\A[\\p{L}\\p{N}_-]+(\\.[\\p{L}\\p{N}_-]+)*\\.\\p{L}[\\p{L}\\p{N}-]+(:[0-9]+)?([/?#]|\\z)"),
+          "\\A[\\p{L}\\p{N}_-]+(\\.[\\p{L}\\p{N}_-]+)*\\.\\p{L}[\\p{L}\\p{N}-]+\\.?(:[0-9]+)?([/?#]|\\z)"),
       QRegularExpression::UseUnicodePropertiesOption);
   if (bareHost.match(text).hasMatch()) text.prepend(u"https://");
   const QUrl url(text, QUrl::StrictMode);

@@ -66,6 +66,12 @@ std::string Excerpt(const std::string& text) {
   return Cut(OneLine(QString::fromStdString(text)), LongestExcerpt).toStdString();
 }
 
+void AddPicture(const PublishedPicture& picture, FingerprintOfMany& to) {
+  to.Add(picture.file);
+  to.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
+  for (const PublishedSize& size : picture.sizes) to.Add(size.jpeg);
+}
+
 void TellHead(Fields& fields, const Site& site, const Head& head) {
   const std::string address = site.Address();
   const bool known = !address.empty() && !head.file.isEmpty();

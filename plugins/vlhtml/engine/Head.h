@@ -4,6 +4,7 @@
 #include <QJsonArray>
 
 #include "Fields.h"
+#include "Fingerprint.h"
 #include "Site.h"
 
 namespace vlhtml {
@@ -20,6 +21,8 @@ struct Head {
 };
 
 void TellHead(Fields& fields, const Site& site, const Head& head);
+// Adds what a head tells of a picture.
+void AddPicture(const PublishedPicture& picture, FingerprintOfMany& to);
 
 // A title of the text, which is cut where it is too long, and of parts that stand behind it whole: they tell
 // one page from another.

@@ -67,9 +67,7 @@ std::uint64_t HeadFrom(const Site& site, const PlannedList& list, int page, cons
   for (const int number : {page, list.Pages(), list.namesakes}) from.Add(std::uint64_t(number));
   from.Add(FirstNames(site, list, page));
   if (const int pictured = PicturedOn(site, list, page); pictured >= 0) {
-    const PublishedPicture& picture = site.pictures.Of(std::size_t(pictured)).front();
-    from.Add(picture.file);
-    from.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
+    AddPicture(site.pictures.Of(std::size_t(pictured)).front(), from);
     from.Add(site.plan.products[std::size_t(pictured)].product->name);
   }
   return from.Value();

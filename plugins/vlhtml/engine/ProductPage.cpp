@@ -74,9 +74,8 @@ std::uint64_t HeadFrom(const Site& site, int product, const PlannedList* parent)
     from.Add(feature.value);
   }
   for (const PublishedPicture& picture : site.pictures.Of(std::size_t(product))) {
-    from.Add(picture.file);
+    AddPicture(picture, from);
     from.Add(picture.picture->caption);
-    from.Add(std::string_view(picture.stamp.constData(), std::size_t(picture.stamp.size())));
   }
   return from.Value();
 }
