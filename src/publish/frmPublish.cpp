@@ -335,7 +335,7 @@ bool frmPublish::MayBeWithoutPictures() {
 // "Images" alone, where storing takes them. Nothing is written for nothing: a publication that finds the
 // database as it was ends at once.
 VorlinaProfile frmPublish::InUse(bool preview) {
-  const VorlinaProfile read = fields_->Read();
+  VorlinaProfile read = fields_->Read();
   if (preview && read.logo == shown_.logo && read.widePicture == shown_.widePicture) return read;
   if (IsChanged())
     Store(read);

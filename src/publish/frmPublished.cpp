@@ -87,13 +87,17 @@ void frmPublished::ListNotes(const std::vector<ReportGroup>& groups) {
     for (std::size_t i = 0; i < group.lines.size(); ++i)
       items[qsizetype(i)]->setFirstColumnSpanned(group.lines[i].code.isEmpty());
   }
-  const auto hasNotes = [](const ReportGroup& group) { return group.text.isEmpty(); };
+  const auto isOfProduct = [](const ReportLine& line) { return !line.code.isEmpty(); };
+  const auto hasNotes = [&](const ReportGroup& group) {
+    return group.text.isEmpty() && std::any_of(group.lines.begin(), group.lines.end(), isOfProduct);
+  };
   FitColumns(std::any_of(groups.begin(), groups.end(), hasNotes));
 }
 
-// The note has what code and name leave.
+// The note has what code and name leave; the name has it where no product has a note of its own.
 void frmPublished::FitColumns(bool hasNotes) {
-  for (const auto& [column, most] : {std::pair{0, width() / 4}, {1, width() / (hasNotes ? 3 : 2)}}) {
+  ui_->lstNotes->setColumnHidden(2, !hasNotes);
+  for (const auto& [column, most] : {std::pair{0, width() / 4}, {1, width() / 3}}) {
     ui_->lstNotes->resizeColumnToContents(column);
     ui_->lstNotes->setColumnWidth(column, std::min(ui_->lstNotes->columnWidth(column), most));
   }
